@@ -1,0 +1,38 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+
+#include <cstdint>
+#include <vector>
+
+namespace kestrune::morvenkit {
+
+/// What a contour was recognised as.
+enum PointClass : std::uint8_t {
+  kDot = 0,         ///< Plain grid dot.
+  kRing = 1,        ///< Ring with a hollow centre.
+  kSolidRing = 4,   ///< Ring with a solid core.
+  kBigDot = 6,      ///< Big black dot of board type 3.
+  kUnknown = 254,   ///< Looks like a marker but failed the transition count.
+  kRejected = 255,  ///< Of no use; also the value before classification.
+};
+
+/// A detected point of the board. Pixels, x the column, y the row, pixel centres on integers.
+template <typename T>
+struct CtrlPoint {
+  CtrlPoint() = default;
+  CtrlPoint(const CtrlPoint&) = default;
+  CtrlPoint(CtrlPoint&&) noexcept = default;
+  CtrlPoint& operator=(const CtrlPoint&) = default;
+  CtrlPoint& operator=(CtrlPoint&&) noexcept = default;
+  virtual ~CtrlPoint() = default;
+
+  T x = 0;                               ///< Column of the centre.
+  T y = 0;                               ///< Row of the centre.
+  std::int32_t id = -1;                  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 until numbered.
+  std::vector<cv::Point2f> edge_points;  ///< Sub-pixel edge points of the fit, in the scale that the detector worked in.
+  std::uint8_t flag = 0;                 ///< Always 0.
+  std::uint8_t point_class = kRejected;  ///< A `PointClass`.
+};
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <system_error>
+
+namespace kestrune::morvenkit {
+
+/// Codes of the detector library.
+enum class DetectorErrc {
+  kFileNotAccessible = 1,
+  kFileTypeNotSupported = 2,
+  kBadContent = 3,
+  kBadConfiguration = 4,
+  kWrongImageFormat = 5,
+  kUninitialized = 6,
+  kInternal = 7,
+};
+
+/// Coarse conditions that detector codes map to.
+class NormalizedErrorCategory : public std::error_category {
+ public:
+  static const NormalizedErrorCategory& instance();
+  const char* name() const noexcept override;
+  std::string message(int code) const override;
+};
+
+/// Category of `DetectorErrc`.
+class DetectorErrcCategory : public std::error_category {
+ public:
+  static const DetectorErrcCategory& instance();
+  const char* name() const noexcept override;
+  std::string message(int code) const override;
+  std::error_condition default_error_condition(int code) const noexcept override;
+};
+
+std::error_code make_error_code(DetectorErrc code) noexcept;
+
+}  // namespace kestrune::morvenkit
+
+template <>
+struct std::is_error_code_enum<kestrune::morvenkit::DetectorErrc> : std::true_type {};

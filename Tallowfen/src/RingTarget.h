@@ -1,0 +1,56 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "MorvenKit/CalibTarget.h"
+#include "MorvenKit/Ellipse.h"
+#include "MorvenKit/EllipseDetector.h"
+#include "Tallowfen/src/RingTargetConfig.h"
+
+namespace kestrune {
+
+/// A planar board of dots with ring or big-dot markers: configured from a file or text, found and numbered in one image at a time.
+class RingTarget : public morvenkit::CalibTarget {
+ public:
+  using Points = std::vector<morvenkit::CtrlPoint<double>>;
+  using Ellipses = std::vector<morvenkit::Ellipse<double>>;
+
+  bool loadConfig(const std::string& config) override;
+  bool saveConfig(const std::string& path) override;
+  bool setBoardPoints(const std::vector<cv::Point3f>& points) override;
+  bool setDetectionRegion(const std::vector<float>& region) override;
+  bool detect(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) override;
+  bool detectframework(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) override;
+  void draw(const cv::Mat& src, cv::Mat& dst, double scale) override;
+  void noOperation() override {}
+  cv::Mat getBinaryImage() const override { return binary_image_; }
+
+  const RingTargetConfig& config() const { return config_; }
+  const std::vector<RingTargetConfig>& patterns() const { return patterns_; }
+  /// Id of the dot in the board's middle.
+  std::int32_t centreIndex() const { return centre_index_; }
+  const Ellipses& identifiedEllipses() const { return identified_ellipses_; }
+  const Ellipses& unidentifiedEllipses() const { return unidentified_ellipses_; }
+
+ private:
+  RingTargetConfig config_;
+  std::vector<RingTargetConfig> patterns_;
+  std::unique_ptr<morvenkit::EllipseDetector<double>> detector_;  ///< Made by the configuration.
+  std::int32_t centre_index_ = 0;
+  Ellipses identified_ellipses_;
+  Ellipses unidentified_ellipses_;
+  bool rings_small_ = false;
+  bool solid_big_ = false;
+  bool big_dot_board_ = false;
+  std::vector<cv::Point3f> board_points_3d_;
+  cv::Mat last_image_;
+  cv::Mat binary_image_;
+  std::vector<float> detection_region_;
+};
+
+}  // namespace kestrune

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+
+#include <vector>
+
+#include "input/StereoCalibParams.h"
+
+/// A camera: pixels, normalised image coordinates, rays. Normalised coordinates are (u - cx) / fx, (v - cy) / fy. Every operation tells by its
+/// result whether it could work; the output stays untouched otherwise, unless said.
+class CameraIntrinsicsBase {
+ public:
+  virtual ~CameraIntrinsicsBase() = default;
+
+  /// Width, height, fx, fy, cx, cy; any other number of values gives false and changes nothing.
+  virtual bool SetParams(const std::vector<double>& params) = 0;
+  virtual bool SetModelParams(const std::vector<double>& params) = 0;
+  /// Camera index 0 is the left camera of the calibration, 1 the right one.
+  virtual bool LoadCalib(StereoCalibParams calib, int camera_index) = 0;
+  virtual bool SetRawParams(const std::vector<double>& params) = 0;
+  virtual bool NormalizedToPixel(const cv::Point2d& normalised, cv::Point2d& pixel) const = 0;
+  virtual bool PixelToNormalizedScaled(const cv::Point2d& pixel, cv::Point2d& normalised) const = 0;
+  /// Ideal normalised point to the point that the lens makes of it.
+  virtual bool AddDistortion(const cv::Point2d& normalised_ideal, cv::Point2d& normalised_raw) const = 0;
+  /// The inverse; on failure the output holds what the model says.
+  virtual bool RemoveDistortion(const cv::Point2d& normalised_raw, cv::Point2d& normalised_ideal) const = 0;
+  virtual bool DistortPixel(const cv::Point2d& pixel_ideal, cv::Point2d& pixel_raw) const = 0;
+  virtual bool UndistortPixel(const cv::Point2d& pixel_raw, cv::Point2d& pixel_ideal) const = 0;
+  /// The point at a depth along a pixel's ray, camera frame.
+  virtual bool BackProject(const cv::Point2d& pixel, double depth, cv::Vec3d& point) const = 0;
+  virtual bool Project(const cv::Vec3d& point, cv::Point2d& pixel) const = 0;
+
+ protected:
+  CameraIntrinsicsBase() = default;
+  CameraIntrinsicsBase(const CameraIntrinsicsBase&) = default;
+  CameraIntrinsicsBase(CameraIntrinsicsBase&&) noexcept = default;
+  CameraIntrinsicsBase& operator=(const CameraIntrinsicsBase&) = default;
+  CameraIntrinsicsBase& operator=(CameraIntrinsicsBase&&) noexcept = default;
+};

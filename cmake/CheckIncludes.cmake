@@ -1,0 +1,11 @@
+# Stops the build when a file of FOLDER includes a header of a layer that its own layer may not see.
+file(GLOB_RECURSE files ${FOLDER}/*.cpp ${FOLDER}/*.h)
+if(FORBIDDEN)
+  foreach(file IN LISTS files)
+    file(STRINGS ${file} bad REGEX "^#include \"(${FORBIDDEN})/")
+    if(bad)
+      message(FATAL_ERROR "${file} includes against the direction of the layers: ${bad}")
+    endif()
+  endforeach()
+endif()
+file(WRITE ${STAMP} "")

@@ -1,0 +1,15 @@
+# Compile options of everything that is ours. Figures must repeat on every machine, so no contraction of products and sums into fused
+# operations and no option that lets the compiler reorder arithmetic.
+add_library(plp_options INTERFACE)
+target_compile_features(plp_options INTERFACE cxx_std_20)
+if(MSVC)
+  target_compile_options(plp_options INTERFACE /W4 /WX /fp:precise /utf-8)
+else()
+  target_compile_options(plp_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+  target_compile_options(plp_options INTERFACE $<$<CONFIG:Release>:-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+  target_link_options(plp_options INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+if(PLP_SANITIZE)
+  target_compile_options(plp_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(plp_options INTERFACE -fsanitize=address,undefined)
+endif()
