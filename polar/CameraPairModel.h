@@ -6,8 +6,8 @@
 #include "camera/CameraIntrinsicsBase.h"
 #include "camera/CameraMatrices.h"
 
-/// The lens models of both cameras of a pair, on normalised points. What differs between Brown and polynomial evaluations beyond the formula is
-/// told by `marksFailures`.
+/// The lens models of both cameras of a pair, on normalised points. What differs between Brown and polynomial
+/// evaluations beyond the formula is told by `marksFailures`.
 class CameraPairModel {
  public:
   CameraPairModel() = default;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
+#include <opencv2/core.hpp>
 #include <string>
 #include <utility>
 #include <vector>
@@ -64,8 +64,8 @@ struct EvaluationCameras {
   cv::Mat T;
 };
 
-/// The evaluations of one run and the figures of its current pair. Lives from before the first pair to the end of the run; a figure keeps its
-/// value until an evaluation that comes to its end replaces it.
+/// The evaluations of one run and the figures of its current pair. Lives from before the first pair to the end of the
+/// run; a figure keeps its value until an evaluation that comes to its end replaces it.
 class PairEvaluator {
  public:
   explicit PairEvaluator(std::shared_ptr<const PolarConfig> configuration);
@@ -78,35 +78,36 @@ class PairEvaluator {
   // Residuals in the right image, pixels.
   float tri_mean = 0.0F, tri_min = 0.0F, tri_max = 0.0F, tri_rms = 0.0F;
   float tri_ratio = 0.0F;  ///< Share of points below `tri_bias_divid`.
-  std::array<float, 8> pol_dis{};  ///< Distance errors of the four cloud points: 1-2, 1-3, 2-4, 3-4, 1-4, 2-3, min, max.
+  std::array<float, 8>
+      pol_dis{};  ///< Distance errors of the four cloud points: 1-2, 1-3, 2-4, 3-4, 1-4, 2-3, min, max.
   std::array<float, 8> tri_dis{};  ///< The same of the four triangulated points.
   std::int32_t usable = 1;         ///< 1 after a measurement with enough points; cleared when too few are shared.
 
-  CameraFloats right_dist{};            ///< Right camera: fx, fy, cx, cy, k1 to k6, p1, p2.
-  CameraFloats left_dist{};             ///< Left camera.
-  std::array<float, 3> rotation{};      ///< Extrinsic angles, radians.
-  std::array<float, 3> translation{};   ///< Extrinsic translation.
-  std::string errorText;                ///< Last error of an evaluation.
-  std::string result_folder;            ///< Empty: nothing is written.
-  std::array<float, 5> rectified{};     ///< Focal, baseline, cx, cy, disparity offset of images rectified outside.
-  std::vector<cv::Point3f> boardPoints; ///< True positions by id.
-  bool eccentricity = false;            ///< Compensate the eccentricity of imaged centres; the run switches it off for good.
-  std::vector<double> id_dis;           ///< One value a `Cal_ID_DIS` entry.
+  CameraFloats right_dist{};             ///< Right camera: fx, fy, cx, cy, k1 to k6, p1, p2.
+  CameraFloats left_dist{};              ///< Left camera.
+  std::array<float, 3> rotation{};       ///< Extrinsic angles, radians.
+  std::array<float, 3> translation{};    ///< Extrinsic translation.
+  std::string errorText;                 ///< Last error of an evaluation.
+  std::string result_folder;             ///< Empty: nothing is written.
+  std::array<float, 5> rectified{};      ///< Focal, baseline, cx, cy, disparity offset of images rectified outside.
+  std::vector<cv::Point3f> boardPoints;  ///< True positions by id.
+  bool eccentricity = false;   ///< Compensate the eccentricity of imaged centres; the run switches it off for good.
+  std::vector<double> id_dis;  ///< One value a `Cal_ID_DIS` entry.
   float dis_rms = 0.0F, nor_rms = 0.0F, zero_dis = 0.0F;
-  std::int32_t image_id = 0;            ///< Number of the current pair in file names.
-  cv::Mat residual_image;               ///< Right image of the pair, for the residual picture.
+  std::int32_t image_id = 0;  ///< Number of the current pair in file names.
+  cv::Mat residual_image;     ///< Right image of the pair, for the residual picture.
   cv::Mat eval_left_K, eval_right_K;
   cv::Mat R;
-  cv::Mat detect_canvas;                ///< Both images side by side with the marked points.
-  std::array<float, 8> PoseReport{};    ///< Left rx, ry, rz (degrees), distance; then right.
+  cv::Mat detect_canvas;              ///< Both images side by side with the marked points.
+  std::array<float, 8> PoseReport{};  ///< Left rx, ry, rz (degrees), distance; then right.
   std::vector<PairPointRecord> pairPoints;
   std::vector<double> frameValues;
   float icp_x_rms = 0.0F, icp_y_rms = 0.0F, icp_z_rms = 0.0F, icp_nor_rms = 0.0F;
   float gt_rms = 0.0F;
   double space_rms = 0.0;
 
-  /// Replaces the measurement of the images when set: first argument 0 for the full measurement, 1 for detection only. For evaluations of points
-  /// that come from elsewhere.
+  /// Replaces the measurement of the images when set: first argument 0 for the full measurement, 1 for detection only.
+  /// For evaluations of points that come from elsewhere.
   std::function<PairStatus(std::int32_t evalu_model, MeasuredPair& pair)> measurement;
 
   const PolarConfig& config() const { return *config_; }
@@ -119,6 +120,8 @@ class PairEvaluator {
                                MeasuredPair& pair);
   PairStatus DetectPairPoints(const char* targetConfigPath, const cv::Mat& left_image, const cv::Mat& right_image,
                               MeasuredPair& pair);
+  /// Whether both lists hold at least `minimum` points; `usable` tells the same afterwards.
+  bool enoughShared(const MeasuredPair& pair, std::size_t minimum);
 
   // --- Raw pair (DistanceMetrics.cpp)
   PairStatus CalTriangulateRepBrown(const std::int32_t& evalu_model, const char* targetConfigPath,
@@ -158,8 +161,8 @@ class PairEvaluator {
                                    std::vector<CloudPoint>& cloud);
 
   // --- Frame (FrameEvaluation.cpp)
-  PairStatus CalFramePrecision(const std::int32_t& evalu_model, const char* targetConfigPath,
-                               const cv::Mat& left_image, const cv::Mat& right_image, const EvaluationCameras& cameras,
+  PairStatus CalFramePrecision(const std::int32_t& evalu_model, const char* targetConfigPath, const cv::Mat& left_image,
+                               const cv::Mat& right_image, const EvaluationCameras& cameras,
                                const CameraIntrinsicsBase& left_camera, const CameraIntrinsicsBase& right_camera);
 
  private:
