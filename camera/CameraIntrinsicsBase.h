@@ -1,13 +1,12 @@
 #pragma once
 
 #include <opencv2/core.hpp>
-
 #include <vector>
 
 #include "input/StereoCalibParams.h"
 
-/// A camera: pixels, normalised image coordinates, rays. Normalised coordinates are (u - cx) / fx, (v - cy) / fy. Every operation tells by its
-/// result whether it could work; the output stays untouched otherwise, unless said.
+/// A camera: pixels, normalised image coordinates, rays. Normalised coordinates are (u - cx) / fx, (v - cy) / fy. Every
+/// operation tells by its result whether it could work; the output stays untouched otherwise, unless said.
 class CameraIntrinsicsBase {
  public:
   virtual ~CameraIntrinsicsBase() = default;

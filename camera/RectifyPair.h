@@ -1,16 +1,15 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
+#include <opencv2/core.hpp>
 #include <vector>
 
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 
 /// What the rectification takes from the run beside images and matrices.
 struct RectificationSettings {
-  float f_scale = 1.0F;    ///< Exactly 1 selects the library's own rectification for the Brown types.
-  std::int32_t x_y = 0;    ///< 0 rows as they are, 1 turned a quarter clockwise.
+  float f_scale = 1.0F;  ///< Exactly 1 selects the library's own rectification for the Brown types.
+  std::int32_t x_y = 0;  ///< 0 rows as they are, 1 turned a quarter clockwise.
   const PinholeCameraIntrinsicsPOL& left_camera;
   const PinholeCameraIntrinsicsPOL& right_camera;
 };
@@ -20,8 +19,9 @@ struct StereoMatrices {
   cv::Mat K1, D1, K2, D2, R, T;
 };
 
-/// Warps a pair into one virtual pinhole camera. `rectified` is emptied and gets the left image, the right image and the picture of both side by
-/// side with lines every 32 rows. `Q` gets the 4x4 reprojection matrix; it stays as it was for a `type` without a rectification.
+/// Warps a pair into one virtual pinhole camera. `rectified` is emptied and gets the left image, the right image and
+/// the picture of both side by side with lines every 32 rows. `Q` gets the 4x4 reprojection matrix; it stays as it was
+/// for a `type` without a rectification.
 void RectifyPair(const RectificationSettings& settings, cv::Mat& Q, std::vector<cv::Mat>& rectified,
                  const cv::Mat& left_image, const cv::Mat& right_image, const StereoMatrices& cameras,
                  cv::Mat& left_rectified, cv::Mat& right_rectified, const std::int32_t& type);
