@@ -1,0 +1,16 @@
+# What `cmake --install` puts in place: the shared library, the public headers, the CMake package and the pkg-config file.
+install(TARGETS PolarLinePrecision EXPORT PolarLinePrecisionTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+
+set(PLP_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/PolarLinePrecision)
+install(EXPORT PolarLinePrecisionTargets NAMESPACE PolarLinePrecision:: DESTINATION ${PLP_CMAKE_DIR})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecisionConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake INSTALL_DESTINATION ${PLP_CMAKE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigVersion.cmake
+        DESTINATION ${PLP_CMAKE_DIR})
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecision.pc.in ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,126 @@
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include "PolarLinePrecision.h"
+#include "exports/ErrorChannel.h"
+#include "platform/Files.h"
+#include "polar/PolarPrecision.h"
+#include "polar/TimedLine.h"
+
+namespace {
+
+const ProgressCallback kAlwaysGoOn = [](float /*percentage*/) { return true; };
+
+using Clock = std::chrono::steady_clock;
+
+std::int32_t failWith(const PolarPrecision& precision, std::int32_t status) {
+  return error_channel::fail(precision.lastError(), status);
+}
+
+// The number is a constant of the line; the callback gets another.
+void printLoaded(Clock::time_point start) { printTimedLine("--------Load Parameters OK", start, 0.045); }
+
+bool stoppedAt(const ProgressCallback* progress, float percentage) {
+  if (progress == nullptr || (*progress)(percentage)) return false;
+  error_channel::take(kCallbackTerminated);
+  return true;
+}
+
+/// The part that the two exports with progress share: from the loaded inputs to the copied results.
+template <typename Run>
+std::int32_t runBetweenReports(PolarPrecision& precision, const ProgressCallback* progress,
+                               std::vector<PolarResultRecord>& results, Run run) {
+  if (stoppedAt(progress, 0.001F)) return polar_status::kStoppedByCallback;
+  const std::int32_t status = run();
+  if (status != polar_status::kSuccess) return failWith(precision, status);
+  const std::int32_t fetched = precision.FetchResults(results);
+  if (stoppedAt(progress, 100.0F)) return polar_status::kStoppedByCallback;
+  return fetched;
+}
+
+}  // namespace
+
+std::int32_t CalPolarLinePrecision(const char* polarConfigPath, const char* targetConfigPath,
+                                   const char* calibrationPath, const char* imageListPath,
+                                   std::vector<PolarResultRecord>* results) {
+  requireNonNull(results, "results");
+  const auto precision = std::make_shared<PolarPrecision>();
+  const std::string polarConfig(polarConfigPath);
+  const std::string targetConfig(targetConfigPath);
+  const std::string calibration(calibrationPath);
+  const std::string imageList(imageListPath);
+
+  std::int32_t status = precision->ReadPolarConfig(polarConfig, files::folderOf(imageList));
+  if (status != polar_status::kSuccess) return failWith(*precision, status);
+  StereoCalibParams calib;
+  status = precision->ReadCalibResult(calibration, calib);
+  if (status != polar_status::kSuccess) return failWith(*precision, status);
+  ImagePairList images;
+  precision->ReadImageList(imageList, images);  // A failed list shows later, as a set that is not two lists.
+
+  status = precision->RunImageSet(targetConfig, std::move(images), calib, &kAlwaysGoOn);
+  if (status != polar_status::kSuccess) return failWith(*precision, status);
+  return precision->FetchResults(*results);
+}
+
+std::int32_t CalPolarLinePrecisionOutMat(const char* polarConfigPath, const char* targetConfigPath,
+                                         ExportedCalibParams calibration, ImagePairList images,
+                                         std::vector<PolarResultRecord>* results, const ProgressCallback* progress,
+                                         const char* resultFolder) {
+  requireNonNull(results, "results");
+  const auto start = Clock::now();
+  const auto precision = std::make_shared<PolarPrecision>();
+  const std::string polarConfig(polarConfigPath);
+  const std::string targetConfig(targetConfigPath);
+
+  const std::int32_t status =
+      precision->ReadPolarConfig(polarConfig, resultFolder == nullptr ? std::string() : std::string(resultFolder));
+  if (status != polar_status::kSuccess) return failWith(*precision, status);
+  StereoCalibParams calib;
+  precision->ConvertCalibParams(calibration, calib);
+  printLoaded(start);
+  return runBetweenReports(*precision, progress, *results, [&] {
+    return precision->frameWork() != 0 ? precision->RunFrames(targetConfig, std::move(images), calib, progress)
+                                       : precision->RunImageSet(targetConfig, std::move(images), calib, progress);
+  });
+}
+
+std::int32_t CalRecificationPrecision(const char* polarConfigPath, const char* targetConfigPath,
+                                      RectifiedParams rectified, const char* imageListPath,
+                                      std::vector<PolarResultRecord>* results) {
+  requireNonNull(results, "results");
+  const auto start = Clock::now();
+  const auto precision = std::make_shared<PolarPrecision>();
+  const std::string polarConfig(polarConfigPath);
+  const std::string targetConfig(targetConfigPath);
+  const std::string imageList(imageListPath);
+
+  const std::int32_t status = precision->ReadPolarConfig(polarConfig, files::folderOf(imageList));
+  if (status != polar_status::kSuccess) return failWith(*precision, status);
+  const RectifiedGeometry geometry = rectifiedGeometry(rectified);
+  printLoaded(start);
+  ImagePairList images;
+  precision->ReadImageList(imageList, images);
+  return runBetweenReports(*precision, &kAlwaysGoOn, *results, [&] {
+    return precision->RunRectified(targetConfig, std::move(images), geometry, &kAlwaysGoOn);
+  });
+}
+
+std::int32_t CalTempCompensateCoeff(const char* polarConfigPath, const char* targetConfigPath,
+                                    const char* calibrationPath, const char* imageListPath) {
+  const auto precision = std::make_shared<PolarPrecision>();
+  const std::string polarConfig(polarConfigPath);
+  const std::string targetConfig(targetConfigPath);
+  const std::string calibration(calibrationPath);
+  const std::string imageList(imageListPath);
+
+  if (precision->ReadPolarConfig(polarConfig, " ") != 0) return failWith(*precision, polar_status::kNoCore);
+  StereoCalibParams calib;
+  if (precision->ReadCalibResult(calibration, calib) != 0) return failWith(*precision, polar_status::kTempCalibration);
+  ImagePairList images;
+  if (precision->ReadImageList(imageList, images) == 0) return failWith(*precision, polar_status::kTempImageList);
+  if (precision->TempCompensateRun(targetConfig, images, calib) != 0)
+    return failWith(*precision, polar_status::kTempCompensation);
+  return polar_status::kSuccess;
+}

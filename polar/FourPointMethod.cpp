@@ -1,0 +1,60 @@
+#include "polar/FourPointMethod.h"
+
+#include <cmath>
+
+namespace four_points {
+
+namespace {
+
+/// Length as the method takes it: squares and their sum in single precision, the root in double.
+double lengthOf(float dx, float dy, float dz) {
+  const float square_sum = dx * dx + dy * dy + dz * dz;
+  return std::sqrt(static_cast<double>(square_sum));
+}
+
+double measuredLength(const cv::Point3f& a, const cv::Point3f& b) { return lengthOf(a.x - b.x, a.y - b.y, a.z - b.z); }
+
+double trueLength(const std::vector<double>& a, const std::vector<double>& b) {
+  const auto difference = [&](std::size_t k) { return static_cast<float>(a.at(k) - b.at(k)); };
+  return lengthOf(difference(0), difference(1), difference(2));
+}
+
+}  // namespace
+
+int firstMissing(const Measured& points, std::int32_t missing_sum) {
+  for (std::size_t k = 0; k < points.size(); ++k) {
+    const float sum = points[k].x + points[k].y + points[k].z;
+    if (std::trunc(sum) == static_cast<float>(missing_sum)) return static_cast<int>(k);
+  }
+  return -1;
+}
+
+std::string missingText(int index) { return "Fail detect foursix method point" + std::to_string(index + 1); }
+
+std::array<float, 6> distanceErrors(const Measured& points, const Truth& truth) {
+  std::array<float, 6> errors{};
+  for (std::size_t k = 0; k < kPairs.size(); ++k) {
+    const auto [a, b] = kPairs[k];
+    errors[k] = static_cast<float>(measuredLength(points[a], points[b]) - trueLength(truth[a], truth[b]));
+  }
+  return errors;
+}
+
+void replaceImplausible(const Measured& points, std::array<float, 6>& errors) {
+  const auto atOrigin = [&](std::size_t k) { return points[k] == cv::Point3f(0.0F, 0.0F, 0.0F); };
+  for (std::size_t k = 0; k < kPairs.size(); ++k) {
+    if (errors[k] > 100.0F || atOrigin(kPairs[k][0]) || atOrigin(kPairs[k][1])) errors[k] = 0.001F;
+  }
+}
+
+std::array<float, 8> withExtremes(const std::array<float, 6>& errors) {
+  float smallest = errors[0];
+  float largest = errors[0];
+  for (const float error : errors) {
+    if (std::abs(error) < std::abs(smallest)) smallest = error;
+    if (std::abs(error) > std::abs(largest)) largest = error;
+  }
+  return {errors[0], errors[1], errors[2], errors[3], errors[4], errors[5], smallest, largest};
+}
+
+}  // namespace four_points

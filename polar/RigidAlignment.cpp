@@ -1,0 +1,96 @@
+#include <Eigen/Dense>
+#include <cmath>
+#include <opencv2/calib3d.hpp>
+#include <opencv2/core/eigen.hpp>
+#include <stdexcept>
+
+#include "platform/Console.h"
+#include "polar/PairEvaluator.h"
+
+namespace {
+
+/// R and t of target = R source + t, doubles.
+struct Motion {
+  cv::Mat R;
+  cv::Mat t;
+};
+
+/// Single precision, as the figures require.
+cv::Point3f centroidOf(const std::vector<cv::Point3f>& points) {
+  cv::Point3f sum(0.0F, 0.0F, 0.0F);
+  for (const cv::Point3f& point : points) sum += point;
+  const float count = static_cast<float>(points.size());
+  return {sum.x / count, sum.y / count, sum.z / count};
+}
+
+Eigen::Vector3d widened(const cv::Point3f& point) { return {point.x, point.y, point.z}; }
+
+/// The determinant is not looked at: points that are mirrored against each other give a reflection, which is meant.
+Motion fitMotion(const std::vector<cv::Point3f>& source, const std::vector<cv::Point3f>& target) {
+  const cv::Point3f source_centre = centroidOf(source);
+  const cv::Point3f target_centre = centroidOf(target);
+  Eigen::Matrix3d covariance = Eigen::Matrix3d::Zero();
+  for (std::size_t i = 0; i < source.size(); ++i) {
+    covariance += widened(target[i] - target_centre) * widened(source[i] - source_centre).transpose();
+  }
+  const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);
+  const Eigen::Matrix3d R = decomposition.matrixU() * decomposition.matrixV().transpose();
+  const Eigen::Vector3d t = widened(target_centre) - R * widened(source_centre);
+  Motion motion;
+  cv::eigen2cv(R, motion.R);
+  cv::eigen2cv(t, motion.t);
+  return motion;
+}
+
+void printRotation(const cv::Mat& R) {
+  cv::Mat rvec;
+  cv::Rodrigues(R, rvec);
+  const auto degrees = [&rvec](int k) { return static_cast<float>(rvec.at<double>(k) * 180.0 / CV_PI); };
+  console::out() << "icp_rx:" << degrees(0) << '\n'
+                 << "icp_ry:" << degrees(1) << '\n'
+                 << "icp_rz:" << degrees(2) << '\n';
+}
+
+cv::Point3f movedBy(const Motion& motion, const cv::Point3f& point) {
+  const cv::Mat position = (cv::Mat_<double>(3, 1) << point.x, point.y, point.z);
+  const cv::Mat moved = motion.R * position + motion.t;
+  return {static_cast<float>(moved.at<double>(0)), static_cast<float>(moved.at<double>(1)),
+          static_cast<float>(moved.at<double>(2))};
+}
+
+std::array<float, 4> residualRms(const std::vector<cv::Point3f>& aligned, const std::vector<cv::Point3f>& target) {
+  float x = 0.0F;
+  float y = 0.0F;
+  float z = 0.0F;
+  float total = 0.0F;
+  for (std::size_t i = 0; i < aligned.size(); ++i) {
+    const cv::Point3f d = aligned[i] - target[i];
+    x += d.x * d.x;
+    y += d.y * d.y;
+    z += d.z * d.z;
+    total += d.x * d.x + d.y * d.y + d.z * d.z;
+  }
+  const float count = static_cast<float>(aligned.size());
+  return {std::sqrt(x / count), std::sqrt(y / count), std::sqrt(z / count), std::sqrt(total / count)};
+}
+
+}  // namespace
+
+std::array<float, 4>& PairEvaluator::AlignRigid(std::array<float, 4>& rms, const std::vector<cv::Point3f>& source,
+                                                const std::vector<cv::Point3f>& target,
+                                                std::vector<cv::Point3f>& aligned) {
+  if (source.empty() || source.size() != target.size()) {
+    throw std::invalid_argument("Point sets must be non-empty and of the same size.");
+  }
+  const Motion motion = fitMotion(source, target);
+  printRotation(motion.R);
+  aligned.clear();
+  aligned.reserve(source.size());
+  for (const cv::Point3f& point : source) aligned.push_back(movedBy(motion, point));
+  rms = residualRms(aligned, target);
+  console::out() << "icp_x_rms:   " << rms[0] << '\n'
+                 << "icp_y_rms:   " << rms[1] << '\n'
+                 << "icp_z_rms:   " << rms[2] << '\n'
+                 << "icp_nor_rms: " << rms[3] << '\n';
+  return rms;
+}

@@ -1,0 +1,92 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "PolarLinePrecision/Status.h"
+#include "polar/PolarCore.h"
+#include "support/RunFixture.h"
+
+namespace {
+
+struct Rectified : ::testing::Test, RunFixture {
+  RectifiedGeometry geometry;
+  std::int32_t run() {
+    applyConfig();
+    return core.RectificationRun(arguments, geometry);
+  }
+};
+
+TEST_F(Rectified, SecondRunReplacesTheTable) {
+  folder.write("align_data.csv", "old");
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3\n\n");
+}
+
+TEST_F(Rectified, RowHasOneCellMoreThanTheHeaderWithTheBoardCheckOn) {
+  config.spaceRms_switch = true;
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3,0\n\n");
+}
+
+TEST_F(Rectified, FailedChecksLeaveAHeaderOnlyFile) {
+  arguments.images.resize(1);
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(folder.read("align_data.csv"), "id \n");
+}
+
+TEST_F(Rectified, OqcSwitchAloneStartsNothing) {
+  config.oqc_switch = 1;
+  config.Cal_ID_DIS = {{0, 1}};
+  pairs(1, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 1U);
+  EXPECT_EQ(console.out().find("detect point num"), std::string::npos);
+  EXPECT_EQ(folder.read("align_data.csv"), "id ,id_dis1\nImages_num_: 1_PolarVersion_: 1.3.3\n\n");
+}
+
+TEST_F(Rectified, TypeHasNoEffect) {
+  arguments.type = 3;
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 1U);
+}
+
+TEST_F(Rectified, CropCutsTheImagesWithoutMatrices) {
+  arguments.crop = 1;
+  arguments.cropped_cols = 20;
+  arguments.cropped_rows = 10;
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.left_image.size(), cv::Size(20, 10));
+  EXPECT_TRUE(core.left.K.empty());
+}
+
+TEST_F(Rectified, GivenUpPairsDoNotCountInTheProgress) {
+  config.dy_bias_switch = 1;
+  pairs(2, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(reported, std::vector<float>{0.003F});
+  EXPECT_TRUE(core.records.empty());
+}
+
+TEST_F(Rectified, TriangulationSwitchesOpenHeaderGroupsOnly) {
+  config.triangulate_dis_switch = config.triangulate_residual_switch = 1;
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(folder.read("align_data.csv"),
+            "id ,tri_rms, tri_mean, tri_min, tri_max,tri_dis_1_2_err,tri_dis_1_3_err,tri_dis_2_4_err,tri_dis_3_4_err,"
+            "tri_dis_1_4_err,tri_dis_2_3_err,tri_dis_err_min,tri_dis_err_max\n"
+            "Images_num_: 1_PolarVersion_: 1.3.3,0,0,0,0,0,0,0,0,0,0,0,0\n\n");
+}
+
+TEST_F(Rectified, EmptyImageAndCallbackEndTheRun) {
+  pairs(1);
+  stop_at = 0.003F;
+  EXPECT_EQ(run(), polar_status::kStoppedByCallback);
+  stop_at = 1e9F;
+  arguments.images[0][0] = cv::Mat();
+  EXPECT_EQ(run(), polar_status::kImages);
+}
+
+}  // namespace
