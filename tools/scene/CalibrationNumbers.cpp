@@ -1,0 +1,33 @@
+#include "tools/scene/CalibrationNumbers.h"
+
+#include <algorithm>
+
+namespace scene {
+namespace {
+
+CameraNumbers cameraNumbers(const Camera& camera) {
+  CameraNumbers numbers;
+  numbers.height = camera.height;
+  numbers.width = camera.width;
+  numbers.intrinsics = {camera.fx, camera.fy, camera.cx, camera.cy};
+  std::copy(camera.lens.begin(), camera.lens.end(), numbers.intrinsics.begin() + 4);
+  numbers.poly_nx = camera.table.columns;
+  numbers.poly_ny = camera.table.rows;
+  std::copy(camera.table.x.begin(), camera.table.x.end(), numbers.poly_x.begin());
+  std::copy(camera.table.y.begin(), camera.table.y.end(), numbers.poly_y.begin());
+  return numbers;
+}
+
+}  // namespace
+
+CalibrationNumbers calibrationNumbers(const StereoRig& rig) {
+  const Angles& a = rig.right_from_left_angles;
+  const Point3& t = rig.right_from_left_translation;
+  return {cameraNumbers(rig.left), cameraNumbers(rig.right), {a.rx, a.ry, a.rz, t.x, t.y, t.z}};
+}
+
+RectifiedNumbers rectifiedNumbers(const StereoRig& rig) {
+  return {rig.left.fx, rig.right_from_left_translation.x, rig.left.cx, rig.left.cy, rig.left.cx - rig.right.cx};
+}
+
+}  // namespace scene

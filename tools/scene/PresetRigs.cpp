@@ -1,0 +1,72 @@
+#include "tools/scene/PresetRigs.h"
+
+#include "tools/scene/PolyFit.h"
+
+namespace scene {
+namespace {
+
+/// The nearest number that single precision holds.
+double single(double value) { return static_cast<double>(static_cast<float>(value)); }
+
+void roundToSingle(Camera& camera) {
+  for (double* value : {&camera.fx, &camera.fy, &camera.cx, &camera.cy}) *value = single(*value);
+  for (double& value : camera.lens) value = single(value);
+}
+
+/// A camera without lens coefficients; the principal point is off the middle by shares of the width.
+Camera bareCamera(const RigSize& size, double focal, double off_x, double off_y) {
+  Camera camera;
+  camera.width = size.width;
+  camera.height = size.height;
+  camera.fx = focal * size.width;
+  camera.fy = focal * size.width * 1.0008;
+  camera.cx = (0.5 + off_x) * size.width;
+  camera.cy = 0.5 * size.height + off_y * size.width;
+  return camera;
+}
+
+StereoRig rigOf(const RigSize& size, Camera left, Camera right) {
+  roundToSingle(left);
+  roundToSingle(right);
+  return {
+      left, right, {single(-0.005), single(0.015), single(0.004)}, {single(-size.baseline), single(0.4), single(-0.7)}};
+}
+
+}  // namespace
+
+StereoRig brownRig(const RigSize& size) {
+  Camera left = bareCamera(size, 0.95, 0.006, -0.004);
+  Camera right = bareCamera(size, 0.953, -0.005, 0.003);
+  left.lens = {-0.105, 0.058, -0.011, 0.019, 0.011, -0.004, 0.00024, -0.00017};
+  right.lens = {-0.101, 0.054, -0.009, 0.016, 0.013, -0.005, -0.00013, 0.0002};
+  return rigOf(size, left, right);
+}
+
+StereoRig fisheyeRig(const RigSize& size) {
+  Camera left = bareCamera(size, 0.625, 0.006, -0.004);
+  Camera right = bareCamera(size, 0.627, -0.005, 0.003);
+  left.model = right.model = LensModel::kFisheye;
+  left.lens = {0.036, -0.011, 0.0042, -0.0011};
+  right.lens = {0.034, -0.012, 0.0039, -0.0012};
+  return rigOf(size, left, right);
+}
+
+StereoRig polyRig(const RigSize& size) {
+  Camera left = bareCamera(size, 0.89, 0.006, -0.004);
+  Camera right = bareCamera(size, 0.892, -0.005, 0.003);
+  left.lens = {-0.27, 0.11, -0.025, 0.0, 0.0, 0.0, 0.0006, -0.0004};
+  right.lens = {-0.262, 0.105, -0.022, 0.0, 0.0, 0.0, -0.0005, 0.0003};
+  StereoRig rig = rigOf(size, left, right);
+  rig.left = fitPolyCamera(rig.left, 6, 4);
+  rig.right = fitPolyCamera(rig.right, 6, 4);
+  return rig;
+}
+
+StereoRig rectifiedRig(const RigSize& size) {
+  Camera camera = bareCamera(size, 0.9, -0.004, 0.002);
+  camera.fy = camera.fx;
+  roundToSingle(camera);
+  return {camera, camera, {}, {single(-size.baseline), 0.0, 0.0}};
+}
+
+}  // namespace scene

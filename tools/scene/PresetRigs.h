@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tools/scene/StereoRig.h"
+
+/// The stereo pairs of the presets. Every number is one that single precision holds, so the JSON and the binary file
+/// tell the same.
+namespace scene {
+
+/// What a rig is made for.
+struct RigSize {
+  int width = 640;
+  int height = 512;
+  double baseline = 60.0;  ///< Millimetres, the right camera's distance.
+};
+
+/// Two slightly different cameras with eight-coefficient Brown lenses, focal length 0.95 widths.
+StereoRig brownRig(const RigSize& size);
+
+/// Two fisheyes, focal length 0.625 widths: some 100 degrees across the diagonal.
+StereoRig fisheyeRig(const RigSize& size);
+
+/// Two cameras of 6 x 4 polynomial cells, fitted to strong barrel lenses of 0.89 widths.
+StereoRig polyRig(const RigSize& size);
+
+/// Two equal pinholes, the right one moved along x only: images that need no rectification.
+StereoRig rectifiedRig(const RigSize& size);
+
+}  // namespace scene

@@ -1,0 +1,205 @@
+#include "tools/scene/Presets.h"
+
+#include <array>
+#include <numbers>
+
+#include "tools/scene/PoseFit.h"
+#include "tools/scene/PresetBoards.h"
+#include "tools/scene/PresetRigs.h"
+
+namespace scene {
+namespace {
+
+constexpr RigSize k320{320, 256, 60.0};
+constexpr RigSize k640{640, 512, 60.0};
+constexpr RigSize k1280{1280, 1024, 60.0};
+constexpr RigSize k2448{2448, 2048, 60.0};
+
+/// How far the poses of a preset are tilted.
+enum class Tilt { kLittle, kUsual };
+
+/// A preset before its poses are found.
+struct Draft {
+  Scene scene;
+  int pairs = 1;
+  double fill = 0.92;
+  Tilt tilt = Tilt::kUsual;
+};
+
+Draft draft(const StereoRig& rig, const Board& board, int pairs) {
+  Draft d;
+  d.scene.rig = d.scene.given = rig;
+  d.scene.board = board;
+  d.pairs = pairs;
+  return d;
+}
+
+Draft little(Draft d) {
+  d.tilt = Tilt::kLittle;
+  return d;
+}
+
+Draft threeChannels() {
+  Draft d = draft(brownRig(k640), smallRingBoard(), 1);
+  d.scene.optics.channels = 3;
+  return d;
+}
+
+Draft tenBits() {
+  Draft d = draft(brownRig(k1280), bigDotBoard(35, 37), 1);
+  d.scene.optics.bits = 10;
+  return d;
+}
+
+Draft brightDots() {
+  Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 1);
+  d.scene.optics.paper = 25.0;
+  d.scene.optics.ink = 215.0;
+  d.scene.optics.surround = 40.0;
+  return d;
+}
+
+Draft searchNumbering() {
+  Draft d = little(draft(brownRig(k2448), bigDotBoard(35, 37), 1));
+  d.scene.settings.id_method = 1;
+  return d;
+}
+
+Draft binarisation(int method) {
+  Draft d = little(draft(brownRig(k2448), method == 1 ? bigDotBoard(15, 17) : bigDotBoard(35, 37), 1));
+  d.scene.settings.bin_method = method;
+  // The edge binarisation keeps a fixed share of all pixels: few dots, and nothing else that has an edge.
+  if (method == 1) {
+    d.fill = 0.7;
+    d.scene.optics.surround = d.scene.optics.paper;
+    d.scene.optics.texture = 0.0;
+  }
+  return d;
+}
+
+Draft fisheye() {
+  Draft d = draft(fisheyeRig({1280, 800, 50.0}), bigDotBoard(17, 27), 2);
+  d.scene.settings.type = 2;
+  d.scene.settings.f_scale = 0.75;
+  return d;
+}
+
+Draft polynomial() {
+  Draft d = draft(polyRig({1920, 1200, 60.0}), bigDotBoard(27, 41), 2);
+  d.scene.settings.type = 3;
+  return d;
+}
+
+Draft misaligned() {
+  constexpr double kOff = 0.05 * std::numbers::pi / 180.0;
+  Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 2);
+  Angles& angles = d.scene.given.right_from_left_angles;
+  angles.rx = static_cast<double>(static_cast<float>(angles.rx + kOff));
+  angles.rz = static_cast<double>(static_cast<float>(angles.rz + kOff));
+  return d;
+}
+
+Draft rectified() {
+  Draft d = draft(rectifiedRig(k1280), bigDotBoard(21, 23), 3);
+  d.scene.settings.rectified = true;
+  return d;
+}
+
+Draft frame() {
+  Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 1);
+  d.scene.settings.frame_ids = {26, 56, 85, 110, 347, 377, 406, 431};
+  return d;
+}
+
+struct Preset {
+  const char* name;
+  const char* note;
+  Draft (*make)();
+};
+
+constexpr std::array kPresets{
+    Preset{"ring_320", "21 x 23 small rings, 320 x 256",
+           [] { return little(draft(brownRig(k320), middleRingBoard(), 2)); }},
+    Preset{"ring_640", "35 x 37 small rings, 640 x 512",
+           [] { return draft(brownRig(k640), largeRingBoard(BoardKind::kSmallRings), 3); }},
+    Preset{"ring_640_small", "15 x 17 small rings, 640 x 512",
+           [] { return draft(brownRig(k640), smallRingBoard(), 2); }},
+    Preset{"ring_small", "35 x 37 small rings, 2448 x 2048",
+           [] { return draft(brownRig(k2448), largeRingBoard(BoardKind::kSmallRings), 2); }},
+    Preset{"ring_big", "35 x 37 big rings that cover their neighbours, 2448 x 2048",
+           [] { return draft(brownRig(k2448), largeRingBoard(BoardKind::kBigRings), 1); }},
+    Preset{"ring_640_big", "35 x 37 big rings, 640 x 512",
+           [] { return draft(brownRig(k640), largeRingBoard(BoardKind::kBigRings), 1); }},
+    Preset{"ring_mixed", "35 x 37 small rings and a big solid ring, 2448 x 2048",
+           [] { return draft(brownRig(k2448), largeRingBoard(BoardKind::kMixedRings), 1); }},
+    Preset{"ring_default_board", "71 x 73 small rings, 4096 x 3072",
+           [] {
+             return little(draft(brownRig({4096, 3072, 60.0}), defaultRingBoard(), 1));
+           }},
+    Preset{"ring_640_bgr", "15 x 17 small rings, three channels, 640 x 512", threeChannels},
+    Preset{"big_320", "21 x 23 big-dot board, 320 x 256",
+           [] { return little(draft(brownRig(k320), bigDotBoard(21, 23), 1)); }},
+    Preset{"big_640", "21 x 23 big-dot board, 640 x 512", [] { return draft(brownRig(k640), bigDotBoard(21, 23), 2); }},
+    Preset{"big_1280", "35 x 37 big-dot board, 1280 x 1024",
+           [] { return draft(brownRig(k1280), bigDotBoard(35, 37), 3); }},
+    Preset{"big_1280_10bit", "the same, 10-bit values in 16 bits", tenBits},
+    Preset{"big_1280_bright", "21 x 23 bright dots on a dark board, 1280 x 1024", brightDots},
+    Preset{"big_2448", "35 x 37 big-dot board, 2448 x 2048",
+           [] { return draft(brownRig(k2448), bigDotBoard(35, 37), 1); }},
+    Preset{"big_2448_search", "the same, numbered by homography search", searchNumbering},
+    Preset{"big_2448_bin1", "15 x 17 big-dot board, edge binarisation, 2448 x 2048", [] { return binarisation(1); }},
+    Preset{"big_2448_bin2", "35 x 37 big-dot board, third binarisation, 2448 x 2048", [] { return binarisation(2); }},
+    Preset{"fisheye_1280", "17 x 27 big-dot board through fisheyes, 1280 x 800", fisheye},
+    Preset{"poly_1920", "27 x 41 big-dot board through 6 x 4 polynomial cells, 1920 x 1200", polynomial},
+    Preset{"misaligned_1280", "the given calibration is off by 0.05 degrees about x and z", misaligned},
+    Preset{"rectified_1280", "two equal pinholes side by side, 1280 x 1024", rectified},
+    Preset{"frame_1280", "eight fixed points with their expected pixels, 1280 x 1024", frame}};
+
+/// The tilts that the pairs take in turn.
+PoseWish wishOf(Tilt tilt, int index, double fill) {
+  constexpr std::array<PoseWish, 3> kUsual{{{6.0, -9.0, 3.0}, {-11.0, 8.0, -5.0}, {14.0, 11.0, 6.0}}};
+  constexpr std::array<PoseWish, 3> kLittle{{{3.0, -4.0, 2.0}, {-4.0, 3.0, -2.0}, {4.0, 5.0, 1.0}}};
+  const auto turn = static_cast<std::size_t>(index) % 3;
+  PoseWish wish = tilt == Tilt::kLittle ? kLittle.at(turn) : kUsual.at(turn);
+  wish.roll += 0.7 * (index / 3);  // NOLINT(bugprone-integer-division): a whole round of tilts is meant
+  wish.fill = fill;
+  return wish;
+}
+
+Scene finished(Draft d, const PresetOptions& options) {
+  const int pairs = options.pairs.value_or(d.pairs);
+  for (int index = 0; index < pairs; ++index) {
+    d.scene.left_from_board.push_back(fitPose(d.scene.rig, d.scene.board, wishOf(d.tilt, index, d.fill)));
+  }
+  d.scene.seed = options.seed.value_or(d.scene.seed);
+  d.scene.optics.read_noise = options.read_noise.value_or(d.scene.optics.read_noise);
+  if (d.scene.optics.read_noise == 0.0) d.scene.optics.shot_noise = 0.0;
+  return d.scene;
+}
+
+}  // namespace
+
+std::vector<PresetInfo> presetInfos() {
+  std::vector<PresetInfo> infos;
+  for (const Preset& preset : kPresets) infos.push_back({preset.name, preset.note});
+  return infos;
+}
+
+std::vector<std::string> presetNames() {
+  std::vector<std::string> names;
+  for (const Preset& preset : kPresets) names.emplace_back(preset.name);
+  return names;
+}
+
+std::optional<Scene> makePreset(const std::string& name, const PresetOptions& options) {
+  for (const Preset& preset : kPresets) {
+    if (name != preset.name) continue;
+    Scene scene = finished(preset.make(), options);
+    scene.name = preset.name;
+    scene.note = preset.note;
+    return scene;
+  }
+  return std::nullopt;
+}
+
+}  // namespace scene
