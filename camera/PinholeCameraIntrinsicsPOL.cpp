@@ -1,0 +1,73 @@
+#include "camera/PinholeCameraIntrinsicsPOL.h"
+
+#include <cstddef>
+
+#include "camera/FixedPointInverse.h"
+#include "camera/PolyCorrection.h"
+
+namespace {
+
+constexpr double kNoBias = 0.0;
+// A hundredth of a cell: moves a point on a border firmly into the higher cell.
+constexpr double kBorderBias = 0.01;
+
+std::size_t coefficientCount(const PolyTables& tables) {
+  return std::size_t{tables.cells_x} * tables.cells_y * kCoefficientsPerCell;
+}
+
+bool isUsable(const PolyTables& tables) {
+  const std::size_t count = coefficientCount(tables);
+  return count > 0 && count <= tables.x.size();
+}
+
+std::vector<float> firstOf(const std::array<float, 500>& table, std::size_t count) {
+  return {table.begin(), table.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+}  // namespace
+
+PinholeCameraIntrinsicsPOL::PinholeCameraIntrinsicsPOL(std::uint16_t width, std::uint16_t height, double fx, double fy,
+                                                       double cx, double cy, double scale, const PolyTables& tables)
+    : PinholeCameraIntrinsics(width, height, fx, fy, cx, cy, scale) {
+  if (isUsable(tables)) {
+    cells_x_ = tables.cells_x;
+    cells_y_ = tables.cells_y;
+    table_x_ = firstOf(tables.x, coefficientCount(tables));
+    table_y_ = firstOf(tables.y, coefficientCount(tables));
+  }
+  image_ = Image(width, height, fx, fy, cx, cy, cells_x_, cells_y_);
+}
+
+bool PinholeCameraIntrinsicsPOL::LoadCalib(StereoCalibParams calib, int camera_index) {
+  if (camera_index != 0 && camera_index != 1) return false;
+  const CameraCalib& chosen = camera_index == 0 ? calib.left : calib.right;
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = chosen.intrinsics;
+  const PolyTables tables{chosen.poly_nx, chosen.poly_ny, chosen.poly_x, chosen.poly_y};
+  *this =
+      PinholeCameraIntrinsicsPOL(toImageSide(chosen.width), toImageSide(chosen.height), fx, fy, cx, cy, 1.0, tables);
+  return true;
+}
+
+cv::Point2d PinholeCameraIntrinsicsPOL::correction(const cv::Point2d& normalised, double cell_bias) const {
+  if (!hasTables()) return {};
+  return polyCorrection(image_, table_x_, table_y_, normalised, cell_bias);
+}
+
+bool PinholeCameraIntrinsicsPOL::AddDistortion(const cv::Point2d& normalised_ideal, cv::Point2d& normalised_raw) const {
+  normalised_raw = normalised_ideal + correction(normalised_ideal, kNoBias);
+  return true;
+}
+
+bool PinholeCameraIntrinsicsPOL::RemoveDistortion(const cv::Point2d& normalised_raw,
+                                                  cv::Point2d& normalised_ideal) const {
+  // What is no number is off too, and runs the steps out.
+  const auto isOff = [](double error) { return !(error <= kInverseTolerance); };
+  const auto invert = [&](double cell_bias) {
+    const auto distortionAt = [&](const cv::Point2d& ideal) { return correction(ideal, cell_bias); };
+    return invertByFixedPoint(normalised_raw, distortionAt, isOff);
+  };
+  FixedPoint found = invert(kNoBias);
+  if (!found.settled) found = invert(kBorderBias);
+  normalised_ideal = found.settled ? found.point : found.distortion;
+  return found.settled;
+}
