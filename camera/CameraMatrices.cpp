@@ -1,0 +1,41 @@
+#include "camera/CameraMatrices.h"
+
+#include <Eigen/Geometry>
+#include <opencv2/core/eigen.hpp>
+
+namespace {
+
+cv::Mat distortionRow(std::int32_t type, const CameraFloats& camera) {
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
+  switch (type) {
+    case 0:
+      return (cv::Mat_<double>(1, 5) << k1, k2, p1, p2, k3);
+    case 1:
+      return (cv::Mat_<double>(1, 8) << k1, k2, p1, p2, k3, k4, k5, k6);
+    case 2:
+      return (cv::Mat_<double>(1, 4) << k1, k2, k3, k4);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+CameraMatrices BuildCameraMatrices(std::int32_t type, const CameraFloats& camera) {
+  if (type < 0 || type > 3) return {};
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
+  CameraMatrices matrices;
+  matrices.K = (cv::Mat_<double>(3, 3) << fx, 0.0, cx, 0.0, fy, cy, 0.0, 0.0, 1.0);
+  matrices.D = distortionRow(type, camera);
+  return matrices;
+}
+
+cv::Mat EulerToRotation(const std::array<float, 3>& angles) {
+  const auto& [rx, ry, rz] = angles;
+  const Eigen::Quaterniond rotation = Eigen::AngleAxisd(static_cast<double>(rz), Eigen::Vector3d::UnitZ()) *
+                                      Eigen::AngleAxisd(static_cast<double>(rx), Eigen::Vector3d::UnitX()) *
+                                      Eigen::AngleAxisd(static_cast<double>(ry), Eigen::Vector3d::UnitY());
+  cv::Mat R;
+  cv::eigen2cv(Eigen::Matrix3d(rotation.toRotationMatrix()), R);
+  return R;
+}
