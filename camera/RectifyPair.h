@@ -9,7 +9,8 @@
 /// What the rectification takes from the run beside images and matrices.
 struct RectificationSettings {
   float f_scale = 1.0F;  ///< Exactly 1 selects the library's own rectification for the Brown types.
-  std::int32_t x_y = 0;  ///< 0 rows as they are, 1 turned a quarter clockwise.
+  std::int32_t x_y =
+      0;  ///< 0 rows as they are, 1 turned a quarter clockwise; any other value leaves the list of pictures empty.
   const PinholeCameraIntrinsicsPOL& left_camera;
   const PinholeCameraIntrinsicsPOL& right_camera;
 };
@@ -21,7 +22,9 @@ struct StereoMatrices {
 
 /// Warps a pair into one virtual pinhole camera. `rectified` is emptied and gets the left image, the right image and
 /// the picture of both side by side with lines every 32 rows. `Q` gets the 4x4 reprojection matrix; it stays as it was
-/// for a `type` without a rectification.
+/// for a `type` without a rectification (any but 0 to 3), whose outputs stay too, an empty one standing for its input
+/// image. One- and four-channel and 16-bit images become 8-bit colour; another type than that is refused by a
+/// `cv::Exception` where the picture of both is made. Prints the virtual camera unless `Q` is empty.
 void RectifyPair(const RectificationSettings& settings, cv::Mat& Q, std::vector<cv::Mat>& rectified,
                  const cv::Mat& left_image, const cv::Mat& right_image, const StereoMatrices& cameras,
                  cv::Mat& left_rectified, cv::Mat& right_rectified, const std::int32_t& type);
