@@ -7,11 +7,14 @@
 namespace scene {
 namespace {
 
-/// A cell knows the ink within this share of a step around it. Wider questions are answered with "not uniform".
+/// A cell knows the ink within this share of a step around each of its points. Wider questions are answered with "not
+/// uniform".
 constexpr double kKnownReach = 0.5;
 
+/// Cell of the nearest grid place, counted from one place before the first. Also what is not a number has a cell.
 int nearestPlace(double position, double step, int count) {
-  return static_cast<int>(std::clamp(std::floor(position / step + 0.5), -1.0, static_cast<double>(count))) + 1;
+  const double place = position / step + 1.5;
+  return place > 0.0 ? static_cast<int>(std::min(place, count + 1.0)) : 0;
 }
 
 /// A fixed pseudo-random height in [-1, 1] for each lattice point.
@@ -70,7 +73,7 @@ void BoardSurface::enter(std::size_t ink_index) {
   }
 }
 
-const std::vector<std::size_t>& BoardSurface::inksNear(Point2 point_board) const {
+const BoardSurface::Inks& BoardSurface::inksNear(Point2 point_board) const {
   const auto row = static_cast<std::size_t>(nearestPlace(point_board.y, step_y_, cells_y_));
   const auto column = static_cast<std::size_t>(nearestPlace(point_board.x, step_x_, cells_x_));
   return cells_[row * static_cast<std::size_t>(cells_x_ + 2) + column];
@@ -85,12 +88,14 @@ double BoardSurface::surroundAt(Point2 p) const {
   return optics_.surround + optics_.texture * softHeight(p.x / (3.0 * step_x_), p.y / (3.0 * step_y_));
 }
 
-double BoardSurface::greyAt(Point2 point_board) const {
+double BoardSurface::greyAmong(const Inks& inks, Point2 point_board) const {
   if (distanceInsidePaper(point_board) < 0.0) return surroundAt(point_board);
-  for (const std::size_t index : inksNear(point_board)) {
+  for (const std::size_t index : inks) {
     const Ink& ink = inks_[index];
-    const double distance = norm(point_board - ink.centre);
-    if (distance < ink.core || (distance < ink.outer && distance >= ink.hollow)) return optics_.ink;
+    const Point2 offset = point_board - ink.centre;
+    const double squared = offset.x * offset.x + offset.y * offset.y;
+    if (squared < ink.core * ink.core || (squared < ink.outer * ink.outer && squared >= ink.hollow * ink.hollow))
+      return optics_.ink;
   }
   return optics_.paper;
 }

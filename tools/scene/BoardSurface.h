@@ -14,8 +14,17 @@ class BoardSurface {
  public:
   BoardSurface(const Board& board, const Optics& optics);
 
-  /// Grey at a point of the board's plane, millimetres.
-  [[nodiscard]] double greyAt(Point2 point_board) const;
+  /// Marks, by their place in the surface's own list.
+  using Inks = std::vector<std::size_t>;
+
+  /// All marks that can hold a point within half a step of this one, millimetres of the board's plane.
+  [[nodiscard]] const Inks& inksNear(Point2 point_board) const;
+
+  /// Grey at a point of the board's plane, millimetres. `inks` are those near the point; they serve for many points
+  /// close together.
+  [[nodiscard]] double greyAmong(const Inks& inks, Point2 point_board) const;
+
+  [[nodiscard]] double greyAt(Point2 point_board) const { return greyAmong(inksNear(point_board), point_board); }
 
   /// Whether no edge of ink or paper comes nearer to the point than `reach` millimetres. May be false without need,
   /// never true wrongly.
@@ -28,7 +37,6 @@ class BoardSurface {
     double outer, hollow, core;
   };
 
-  [[nodiscard]] const std::vector<std::size_t>& inksNear(Point2 point_board) const;
   [[nodiscard]] double distanceInsidePaper(Point2 point_board) const;
   [[nodiscard]] double surroundAt(Point2 point_board) const;
   void enter(std::size_t ink_index);
@@ -38,7 +46,7 @@ class BoardSurface {
   int cells_x_, cells_y_;
   Point2 paper_low_, paper_high_;
   std::vector<Ink> inks_;
-  std::vector<std::vector<std::size_t>> cells_;  ///< One a grid place and one row and column around, row by row.
+  std::vector<Inks> cells_;  ///< One a grid place and one row and column around, row by row.
 };
 
 }  // namespace scene

@@ -1,5 +1,6 @@
 #include "tools/scene/Irradiance.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -49,21 +50,27 @@ struct Window {
   }
 };
 
-double meanGrey(const BoardSurface& surface, const Patch& patch, int samples) {
+double meanGrey(const BoardSurface& surface, const Patch& patch, double step, int samples) {
+  // A pixel wider than half a step needs the marks near each of its samples, not near its centre.
+  const bool close = patch.reach() < 0.5 * step;
+  const BoardSurface::Inks& inks = surface.inksNear(patch.centre);
   double sum = 0.0;
   for (int j = 0; j < samples; ++j) {
     const double dv = (j + 0.5) / samples - 0.5;
-    for (int i = 0; i < samples; ++i) sum += surface.greyAt(patch.at((i + 0.5) / samples - 0.5, dv));
+    for (int i = 0; i < samples; ++i) {
+      const Point2 point = patch.at((i + 0.5) / samples - 0.5, dv);
+      sum += close ? surface.greyAmong(inks, point) : surface.greyAt(point);
+    }
   }
   return sum / (static_cast<double>(samples) * samples);
 }
 
-double pixelGrey(const BoardSurface& surface, const Patch& patch, const Optics& optics) {
+double pixelGrey(const BoardSurface& surface, const Patch& patch, double step, const Optics& optics) {
   const double reach = patch.reach();
   // Not a number at the edge of the lens's field: nothing of the board is there.
   if (std::isnan(reach + patch.centre.x)) return optics.surround;
   if (surface.uniformWithin(patch.centre, reach)) return surface.greyAt(patch.centre);
-  return meanGrey(surface, patch, optics.supersampling);
+  return meanGrey(surface, patch, step, optics.supersampling);
 }
 
 Matrix3 boardFromRay(const Pose& camera_from_board) {
@@ -77,6 +84,7 @@ cv::Mat renderIrradiance(const Camera& camera, const Board& board, const Pose& c
                          const Optics& optics) {
   const BoardSurface surface(board, optics);
   const Matrix3 board_from_ray = boardFromRay(camera_from_board);
+  const double step = std::min(board.step, rowStep(board));
   RayRows rays(camera);
   Window window;
   window.here = meetBoard(rays.next(), board_from_ray);
@@ -88,7 +96,7 @@ cv::Mat renderIrradiance(const Camera& camera, const Board& board, const Pose& c
     window.below = meetBoard(rays.next(), board_from_ray);
     for (int u = 0; u < camera.width; ++u) {
       const Patch patch = window.around(static_cast<std::size_t>(u) + 1);
-      image.at<float>(v, u) = static_cast<float>(pixelGrey(surface, patch, optics));
+      image.at<float>(v, u) = static_cast<float>(pixelGrey(surface, patch, step, optics));
     }
   }
   return image;

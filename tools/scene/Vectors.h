@@ -40,7 +40,7 @@ inline Point2 operator+(Point2 a, Point2 b) { return {a.x + b.x, a.y + b.y}; }
 inline Point2 operator-(Point2 a, Point2 b) { return {a.x - b.x, a.y - b.y}; }
 inline Point2 operator*(double s, Point2 a) { return {s * a.x, s * a.y}; }
 inline Point2 operator*(const Matrix2& m, Point2 a) { return {m.xx * a.x + m.xy * a.y, m.yx * a.x + m.yy * a.y}; }
-inline double norm(Point2 a) { return std::hypot(a.x, a.y); }
+inline double norm(Point2 a) { return std::sqrt(a.x * a.x + a.y * a.y); }
 inline double determinant(const Matrix2& m) { return m.xx * m.yy - m.xy * m.yx; }
 
 inline Point3 operator+(const Point3& a, const Point3& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
