@@ -29,7 +29,12 @@ int firstMissing(const Measured& points, std::int32_t missing_sum) {
   return -1;
 }
 
-std::string missingText(int index) { return "Fail detect foursix method point" + std::to_string(index + 1); }
+std::string missingText(int index) {
+  static constexpr std::array<const char*, 4> kTexts = {
+      "Fail detect foursix method point1", "Fail detect foursix method point2", "Fail detect foursix method point3",
+      "Fail detect foursix method point4"};
+  return kTexts.at(static_cast<std::size_t>(index));
+}
 
 std::array<float, 6> distanceErrors(const Measured& points, const Truth& truth) {
   std::array<float, 6> errors{};

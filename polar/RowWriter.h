@@ -44,6 +44,6 @@ class RowWriter {
   void text(std::string_view value);
 
   std::ostream& stream_;
-  std::array<char, 1U << 16U> buffer_{};
+  std::array<char, 1U << 14U> buffer_{};
   std::size_t used_ = 0;
 };

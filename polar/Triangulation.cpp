@@ -25,13 +25,13 @@ cv::Point3f narrowed(const Eigen::Vector3d& point) {
 }
 
 cv::Point2f normalisedOf(const cv::Point2f& pixel, const cv::Mat& K) {
-  return narrowed(
-      {(pixel.x - K.at<double>(0, 2)) / K.at<double>(0, 0), (pixel.y - K.at<double>(1, 2)) / K.at<double>(1, 1)});
+  return narrowed(cv::Point2d((pixel.x - K.at<double>(0, 2)) / K.at<double>(0, 0),
+                              (pixel.y - K.at<double>(1, 2)) / K.at<double>(1, 1)));
 }
 
 cv::Point2f pixelOf(const cv::Point2d& normalised, const cv::Mat& K) {
-  return narrowed(
-      {normalised.x * K.at<double>(0, 0) + K.at<double>(0, 2), normalised.y * K.at<double>(1, 1) + K.at<double>(1, 2)});
+  return narrowed(cv::Point2d(normalised.x * K.at<double>(0, 0) + K.at<double>(0, 2),
+                              normalised.y * K.at<double>(1, 1) + K.at<double>(1, 2)));
 }
 
 /// A run of an unknown distortion model has no camera matrices: that must end as an error, not as a read of nothing.

@@ -8,7 +8,7 @@
 
 /// Linear triangulation of one pair of raw pixels (Hartley and Zisserman 2003, 12.2): the point in the left camera
 /// frame, then in the right one. A model that marks failures puts two zero points in front when an undistortion fails,
-/// so that a reader of the first two gets zeros.
+/// so that a reader of the first two gets zeros. Throws `cv::Exception` when a matrix is missing.
 std::vector<cv::Point3f> TriangulatePair(const cv::Point2f& pixel_left, const cv::Point2f& pixel_right,
                                          const EvaluationCameras& cameras, const CameraPairModel& model);
 
