@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <sstream>
 
-#include "input/Pieces.h"
 #include "platform/ClassicStream.h"
+#include "platform/Pieces.h"
 
 namespace {
 

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
 #include <fstream>
 #include <ios>
+#include <opencv2/core.hpp>
 #include <string>
 #include <vector>
 
-/// The file system as the library sees it. Paths carry the library's own separator, the backslash; the system's separator is put in here and
-/// nowhere else, at the moment a file or folder is opened, tested or made.
+/// The file system as the library sees it. Paths carry the library's own separator, the backslash; the system's
+/// separator is put in here and nowhere else, at the moment a file or folder is opened, tested or made.
 namespace files {
 
 /// The separator of every path that the library forms.
@@ -32,11 +31,12 @@ SplitName SplitPath(const std::string& path);
 /// The text behind the path's last dot, empty without a dot.
 std::string extensionOf(const std::string& path);
 
-/// Whether the path exists. Throws `std::filesystem::filesystem_error` with the operation "exists" when the status cannot be told.
+/// Whether the path exists. Throws `std::filesystem::filesystem_error` with the operation "exists" when the status
+/// cannot be told.
 bool exists(const std::string& path);
 
-/// Makes a folder, one level: 0 when the path is there already or was made, otherwise non-zero. No shell is run; the words of the path, split at
-/// blanks as a command line would split them, are each made as one folder.
+/// Makes a folder, one level: 0 when the path is there already or was made, otherwise non-zero. No shell is run; the
+/// words of the path, split at blanks as a command line would split them, are each made as one folder.
 std::int32_t MakeFolder(const std::string& path);
 
 /// Streams in the classic locale. One that does not open, also one of an empty name, stays failed.

@@ -5,11 +5,12 @@
 /// Steps on whole images that several layers share.
 namespace pictures {
 
-/// A 16-bit one-channel image stretched to 8 bits, its own minimum to 0 and maximum to 255. A constant image gives zeros.
+/// A 16-bit one-channel image stretched to 8 bits, its own minimum to 0 and maximum to 255. A constant image gives
+/// zeros.
 cv::Mat stretchTo8Bit(const cv::Mat& image);
 
-/// An image of the left one's rows, twice its columns and the given type, left half and right half filled. Throws `cv::Exception` when an
-/// image does not fit its half.
+/// An image of the left one's rows, twice its columns and the given type, left half and right half filled. Throws
+/// `cv::Exception` when an image does not fit its half.
 cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type);
 
 }  // namespace pictures

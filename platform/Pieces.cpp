@@ -1,4 +1,4 @@
-#include "input/Pieces.h"
+#include "platform/Pieces.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,0 +1,116 @@
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <locale>
+#include <memory>
+#include <opencv2/imgcodecs.hpp>
+#include <system_error>
+
+#include "platform/Pieces.h"
+
+namespace files {
+namespace {
+
+#if defined(_WIN32)
+constexpr const char* kSeparators = "\\";
+#else
+constexpr const char* kSeparators = "\\/";
+#endif
+
+std::string behindLast(const std::string& text, char mark) {
+  const std::size_t position = text.rfind(mark);
+  return position == std::string::npos ? std::string() : text.substr(position + 1);
+}
+
+/// A stream on a file. A folder does not open, whatever the system's own open says: there is nothing in it to read.
+template <typename Stream>
+Stream open(const std::string& path, std::ios::openmode mode) {
+  Stream stream;
+  stream.imbue(std::locale::classic());
+  const std::string native = nativePath(path);
+  std::error_code unknown;
+  if (std::filesystem::is_directory(native, unknown)) {
+    stream.setstate(std::ios::failbit);
+  } else {
+    stream.open(native, mode);
+  }
+  return stream;
+}
+
+struct Closer {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+}  // namespace
+
+std::string nativePath(const std::string& path) {
+#if defined(_WIN32)
+  return path;
+#else
+  std::string native = path;
+  std::replace(native.begin(), native.end(), kPathSeparator, '/');
+  return native;
+#endif
+}
+
+std::string folderOf(const std::string& path) { return path.substr(0, path.find_last_of(kSeparators)); }
+
+SplitName SplitPath(const std::string& path) {
+  SplitName split;
+  const std::size_t separator = path.find_last_of(kSeparators);
+  const bool has_folder = separator != std::string::npos;
+  split.folder = has_folder ? path.substr(0, separator) : std::string{'.', kPathSeparator};
+  const std::string name = has_folder ? path.substr(separator + 1) : path;
+  split.base = name.substr(0, name.rfind('.'));
+  split.extension = behindLast(name, '.');
+  return split;
+}
+
+std::string extensionOf(const std::string& path) { return behindLast(path, '.'); }
+
+bool exists(const std::string& path) {
+  const std::filesystem::path native = nativePath(path);
+  std::error_code error;
+  const bool found = std::filesystem::exists(native, error);
+  if (error) throw std::filesystem::filesystem_error("exists", native, error);
+  return found;
+}
+
+std::int32_t MakeFolder(const std::string& path) {
+  std::error_code unknown;
+  if (std::filesystem::exists(nativePath(path), unknown)) return 0;
+  const std::vector<std::string> folders = wordsOf(nativePath(path), " \t");
+  // Each word gets its try, and a folder that is there already is a failure, as on a command line.
+  std::int32_t result = folders.empty() ? 1 : 0;
+  for (const std::string& folder : folders) {
+    if (!std::filesystem::create_directory(folder, unknown)) result = 1;
+  }
+  return result;
+}
+
+std::ifstream openInput(const std::string& path, std::ios::openmode mode) { return open<std::ifstream>(path, mode); }
+
+std::ofstream openOutput(const std::string& path, std::ios::openmode mode) { return open<std::ofstream>(path, mode); }
+
+std::int32_t readWhole(const std::string& path, std::vector<std::uint8_t>& bytes) {
+  const std::unique_ptr<std::FILE, Closer> file(std::fopen(nativePath(path).c_str(), "rb"));
+  if (!file) return errno;
+  bytes.clear();
+  std::array<std::uint8_t, 16384> block{};
+  std::size_t count = 0;
+  while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0) {
+    bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count));
+  }
+  return 0;
+}
+
+cv::Mat readImage(const std::string& path) { return cv::imread(nativePath(path), cv::IMREAD_UNCHANGED); }
+
+bool writeImage(const std::string& path, const cv::Mat& image) { return cv::imwrite(nativePath(path), image); }
+
+}  // namespace files
