@@ -1,0 +1,66 @@
+#include "input/BinaryCalibration.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <ostream>
+#include <span>
+
+#include "PolarLinePrecision/CalibrationRecords.h"
+#include "PolarLinePrecision/Status.h"
+#include "input/MultiCalibrationLoader.h"
+#include "input/PackedReader.h"
+#include "input/PolyTables.h"
+#include "input/TableBlock.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+
+namespace {
+
+constexpr std::size_t kCoefficients = 10;
+constexpr int kMaxCells = static_cast<int>((std::tuple_size_v<TableBlock> - kGridBytes) / kCellBytes);
+
+/// A grid with no cells, or with more than the block holds, counts as none.
+void readGrid(const TableBlock& block, CameraCalib& camera) {
+  const int cells = block[0] * block[1];
+  const bool usable = cells > 0 && cells <= kMaxCells;
+  camera.poly_nx = usable ? block[0] : std::uint8_t{0};
+  camera.poly_ny = usable ? block[1] : std::uint8_t{0};
+}
+
+void readCells(const TableBlock& block, std::size_t cells, CameraCalib& camera) {
+  PackedReader reader(std::span<const std::uint8_t>(block).subspan(kGridBytes));
+  for (std::size_t cell = 0; cell < cells; ++cell) {
+    const std::size_t first = cell * kCoefficients;
+    for (std::size_t k = 0; k < kCoefficients; ++k) camera.poly_x.at(first + k) = reader.number();
+    for (std::size_t k = 0; k < kCoefficients; ++k) camera.poly_y.at(first + k) = reader.number();
+  }
+}
+
+void readCamera(const MultiCalibrationEntry& entry, CameraCalib& camera) {
+  camera.height = entry.height;
+  camera.width = entry.width;
+  std::ranges::copy(entry.parameters, camera.intrinsics.begin());
+  readGrid(entry.table_block, camera);
+}
+
+}  // namespace
+
+void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
+  MultiCalibration record;
+  // The run goes on with zeros and finds out where it needs the values.
+  if (loadMultiCalibration(path.c_str(), &record, 0) != polar_status::kSuccess) {
+    console::out() << "Read Poly Fail!\n" << std::flush;
+  }
+  record.entries.resize(std::max(record.entries.size(), std::size_t{2}));
+  const MultiCalibrationEntry& left = record.entries[0];
+  const MultiCalibrationEntry& right = record.entries[1];
+  readCamera(left, calib.left);
+  readCamera(right, calib.right);
+  std::ranges::copy(right.extrinsics, calib.extrinsics.begin());
+  // Meant: the left grid says how many cells both cameras take.
+  const std::size_t cells = std::size_t{calib.left.poly_nx} * calib.left.poly_ny;
+  readCells(left.table_block, cells, calib.left);
+  readCells(right.table_block, cells, calib.right);
+  writePolyTables(files::folderOf(path), calib);
+}

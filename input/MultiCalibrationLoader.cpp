@@ -1,0 +1,128 @@
+#include "input/MultiCalibrationLoader.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <ostream>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "PolarLinePrecision/Status.h"
+#include "input/Crc8.h"
+#include "input/LensModels.h"
+#include "input/PackedReader.h"
+#include "input/TableBlock.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+enum class FileForm { kMain, kTabled, kRefused };
+
+/// Offset of the tabled form's CRC-8 over all bytes before it, its last byte.
+constexpr std::size_t kWholeCrcOffset = 21090;
+/// A size that announces the tabled form too, though its CRC-8 would lie beyond the end.
+constexpr std::size_t kShortTabledSize = 10688;
+
+FileForm formOf(Bytes bytes) {
+  if (bytes.size() < 2 || bytes[1] == 0) return FileForm::kRefused;
+  if (bytes[0] != 0) return FileForm::kMain;
+  const bool tabled = bytes.size() == kShortTabledSize || bytes.size() == kWholeCrcOffset + 1;
+  return tabled ? FileForm::kTabled : FileForm::kRefused;
+}
+
+bool readHeader(PackedReader& reader, MultiCalibration& record) {
+  record.format_byte = reader.byte();
+  record.short_text = reader.text(10);
+  record.long_text = reader.text(32);
+  record.value = reader.integer();
+  record.fourth_byte = reader.byte();
+  record.n = reader.byte();
+  record.last_byte = reader.byte();
+  return static_cast<bool>(reader);
+}
+
+/// The check decides nothing.
+void warnOfUnknownSize(FileForm form, std::size_t cameras, std::size_t size) {
+  const std::size_t missing_bytes = form == FileForm::kTabled ? cameras : 0;
+  if (isKnownFileSize(cameras, size + missing_bytes)) return;
+  console::out() << "Warning: There is no bin size check for this distortion model combination!" << std::endl;
+}
+
+/// Beside the first of two cameras, and for a camera alone, no extrinsics are stored.
+bool hasExtrinsics(std::size_t cameras, std::size_t index) { return cameras >= 3 || (cameras == 2 && index != 0); }
+
+/// An entry up to the end of its table block.
+std::int32_t readCamera(PackedReader& reader, FileForm form, MultiCalibrationEntry& entry, std::string& model_name) {
+  entry.camera_name = reader.text(10);
+  entry.value = reader.integer();
+  entry.height = reader.integer();
+  entry.width = reader.integer();
+  model_name = reader.text(32);
+  if (const LensModel* const model = findLensModel(model_name)) {
+    for (std::size_t k = 0; k < model->kept; ++k) entry.parameters.at(k) = reader.number();
+    reader.skip((model->stored - model->kept) * sizeof(float) + 1);
+  }
+  return form == FileForm::kTabled ? readTabledBlock(reader, entry.table_block)
+                                   : readPlainBlock(reader, entry.table_block);
+}
+
+std::int32_t readEntry(PackedReader& reader, FileForm form, MultiCalibration& record) {
+  MultiCalibrationEntry entry;
+  std::string model_name;
+  const std::int32_t status = readCamera(reader, form, entry, model_name);
+  if (status != polar_status::kSuccess) return status;
+  reader.skip(1);
+  if (hasExtrinsics(record.n, record.entries.size())) {
+    for (float& value : entry.extrinsics) value = reader.number();
+  }
+  reader.skip(1);
+  record.camera_names.push_back(entry.camera_name);
+  record.model_names.push_back(std::move(model_name));
+  record.entries.push_back(std::move(entry));
+  return reader ? polar_status::kSuccess : polar_status::kNotSupported;
+}
+
+std::int32_t commonModelCode(const std::vector<std::string>& names) {
+  if (names.empty() || std::ranges::any_of(names, [&](const std::string& name) { return name != names.front(); })) {
+    return 0;
+  }
+  const LensModel* const model = findLensModel(names.front());
+  return model == nullptr ? 0 : model->code;
+}
+
+bool wholeCrcMatches(Bytes bytes) {
+  return bytes.size() > kWholeCrcOffset && crc8(bytes.first(kWholeCrcOffset)) == bytes[kWholeCrcOffset];
+}
+
+std::int32_t parse(Bytes bytes, MultiCalibration& record) {
+  const FileForm form = formOf(bytes);
+  if (form == FileForm::kRefused) return polar_status::kNotSupported;
+  PackedReader reader(bytes);
+  if (!readHeader(reader, record)) return polar_status::kNotSupported;
+  warnOfUnknownSize(form, record.n, bytes.size());
+  if (form == FileForm::kTabled && !wholeCrcMatches(bytes)) return polar_status::kCrcMismatch;
+  for (int k = 0; k < record.n; ++k) {
+    const std::int32_t status = readEntry(reader, form, record);
+    if (status != polar_status::kSuccess) return status;
+  }
+  record.model_code = commonModelCode(record.model_names);
+  return polar_status::kSuccess;
+}
+
+}  // namespace
+
+std::int32_t loadMultiCalibration(const char* path, MultiCalibration* record, std::int32_t options) {
+  if (path == nullptr || record == nullptr) return polar_status::kNullArgument;
+  if (options != 0) return polar_status::kNotSupported;
+  std::vector<std::uint8_t> bytes;
+  const std::int32_t open_error = files::readWhole(path, bytes);
+  if (open_error != 0) return open_error;
+  MultiCalibration parsed;
+  const std::int32_t status = parse(bytes, parsed);
+  if (status == polar_status::kSuccess) *record = std::move(parsed);
+  return status;
+}
