@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <string>
 
-/// The one thing that survives a call: the text of the last failure, one blank before the first. It is not guarded: calls may not overlap.
+/// The one thing that survives a call: the text of the last failure, one blank before the first. It is not guarded:
+/// calls may not overlap.
 namespace error_channel {
 
 const std::string& lastErrorText();

@@ -11,8 +11,8 @@
 struct ExportedCameraCalib {
   double height = 0.0;  ///< Image rows, pixels.
   double width = 0.0;   ///< Image columns, pixels.
-  /// Fx, Fy, Cx, Cy (pixels), K1 to K6, P1, P2 (rational Brown model, Brown 1966; the first four K serve the fisheye model of Kannala and
-  /// Brandt 2006).
+  /// Fx, Fy, Cx, Cy (pixels), K1 to K6, P1, P2 (rational Brown model, Brown 1966; the first four K serve the fisheye
+  /// model of Kannala and Brandt 2006).
   std::array<double, 12> intrinsics{};
   std::uint8_t poly_nx = 0;         ///< Polynomial cells across; 0: no tables.
   std::uint8_t poly_ny = 0;         ///< Polynomial cells down; 0: no tables.
@@ -42,26 +42,27 @@ struct RectifiedParams {
 
 /// One camera of a binary calibration file.
 struct MultiCalibrationEntry {
-  std::uint32_t value = 0;                       ///< Copied through, not used.
-  std::uint32_t height = 0;                      ///< Image rows.
-  std::uint32_t width = 0;                       ///< Image columns.
-  std::array<float, 12> parameters{};            ///< As many as the model keeps, the rest 0.
-  std::array<std::uint8_t, 2016> table_block{};  ///< Grid width and height, then 80 bytes a cell: 10 x floats, 10 y floats.
-  std::array<float, 6> extrinsics{};             ///< Rotation x, y, z (radians), translation x, y, z; 0 where the file has none.
+  std::uint32_t value = 0;             ///< Copied through, not used.
+  std::uint32_t height = 0;            ///< Image rows.
+  std::uint32_t width = 0;             ///< Image columns.
+  std::array<float, 12> parameters{};  ///< As many as the model keeps, the rest 0.
+  std::array<std::uint8_t, 2016>
+      table_block{};                  ///< Grid width and height, then 80 bytes a cell: 10 x floats, 10 y floats.
+  std::array<float, 6> extrinsics{};  ///< Rotation x, y, z (radians), translation x, y, z; 0 where the file has none.
   std::string camera_name;
 };
 
 /// Content of a binary calibration file.
 struct MultiCalibration {
-  std::uint8_t last_byte = 0;     ///< File offset 49.
-  std::uint8_t fourth_byte = 0;   ///< File offset 47.
+  std::uint8_t last_byte = 0;    ///< File offset 49.
+  std::uint8_t fourth_byte = 0;  ///< File offset 47.
   std::vector<std::string> camera_names;
-  std::uint32_t value = 0;        ///< File offset 43.
+  std::uint32_t value = 0;  ///< File offset 43.
   std::vector<std::string> model_names;
-  std::int32_t model_code = 0;    ///< 1 Brown, 2 KB, 3 DS, 4 MEI when all cameras have that model, otherwise 0.
+  std::int32_t model_code = 0;  ///< 1 Brown, 2 KB, 3 DS, 4 MEI when all cameras have that model, otherwise 0.
   std::vector<MultiCalibrationEntry> entries;
-  std::string long_text;          ///< File offset 11.
-  std::uint8_t n = 0;             ///< Number of cameras.
-  std::uint8_t format_byte = 0;   ///< File offset 0.
-  std::string short_text;         ///< File offset 1.
+  std::string long_text;         ///< File offset 11.
+  std::uint8_t n = 0;            ///< Number of cameras.
+  std::uint8_t format_byte = 0;  ///< File offset 0.
+  std::string short_text;        ///< File offset 1.
 };

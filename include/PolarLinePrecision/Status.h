@@ -2,8 +2,9 @@
 
 #include <cstdint>
 
-/// Every status that an export of the library returns. 0 is success; small positive values stand for problems of the input, negative values for
-/// failures of a run, 4096 and above for the binary calibration loader (which also passes the C library's `errno` of a failed open through).
+/// Every status that an export of the library returns. 0 is success; small positive values stand for problems of the
+/// input, negative values for failures of a run, 4096 and above for the binary calibration loader (which also passes
+/// the C library's `errno` of a failed open through).
 namespace polar_status {
 
 inline constexpr std::int32_t kSuccess = 0;
@@ -31,7 +32,8 @@ inline constexpr std::int32_t kNoCore = -1;
 inline constexpr std::int32_t kTempCalibration = -2;
 /// `CalTempCompensateCoeff`: the image list failed.
 inline constexpr std::int32_t kTempImageList = -3;
-/// `CalTempCompensateCoeff`: the compensation step failed. The same value tells of a JSON calibration that does not open or has no camera pair.
+/// `CalTempCompensateCoeff`: the compensation step failed. The same value tells of a JSON calibration that does not
+/// open or has no camera pair.
 inline constexpr std::int32_t kTempCompensation = -4;
 /// A JSON calibration does not open or holds no camera pair.
 inline constexpr std::int32_t kCalibrationUnreadable = -4;

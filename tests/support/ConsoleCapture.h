@@ -7,7 +7,8 @@
 /// Collects what one console stream gets while it lives, and gives the stream its number format back at the end.
 class StreamCapture {
  public:
-  explicit StreamCapture(std::ostream& stream) : stream_(stream), flags_(stream.flags()), precision_(stream.precision()) {
+  explicit StreamCapture(std::ostream& stream)
+      : stream_(stream), flags_(stream.flags()), precision_(stream.precision()) {
     kept_ = stream.rdbuf(text_.rdbuf());
   }
   StreamCapture(const StreamCapture&) = delete;

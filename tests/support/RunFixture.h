@@ -1,15 +1,15 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <memory>
+#include <opencv2/core.hpp>
 #include <vector>
 
 #include "polar/PolarCore.h"
 #include "support/ConsoleCapture.h"
 #include "support/TempFolder.h"
 
-/// A run over small grey images with every evaluation switched off, so that each pair finishes at once; tests switch on what they are about.
+/// A run over small grey images with every evaluation switched off, so that each pair finishes at once; tests switch on
+/// what they are about.
 struct RunFixture {
   ConsoleCapture console;
   TempFolder folder;

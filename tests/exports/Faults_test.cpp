@@ -1,0 +1,188 @@
+#include <PolarLinePrecision.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "support/RenderedSet.h"
+
+namespace {
+
+using ::testing::HasSubstr;
+
+/// A copy of a rendered set that a test may spoil.
+struct SpoiledSet : ::testing::Test {
+  TempFolder folder;
+  std::vector<PolarResultRecord> results = std::vector<PolarResultRecord>(1);
+  std::string out;
+  std::string err;
+
+  SpoiledSet() {
+    const RenderedSet& set = RenderedSet::of("ring_320");
+    for (const char* name : {"list.txt", "polar.txt", "target.ini", "calib.json", "calib.bin", "left_0.png",
+                             "right_0.png", "left_1.png", "right_1.png"})
+      std::filesystem::copy_file(set.file(name), folder.file(name));
+  }
+  std::int32_t run(const std::string& calibration = "calib.json", const std::string& polar = "polar.txt") {
+    const ConsoleCapture console;
+    const std::int32_t status =
+        CalPolarLinePrecision(folder.file(polar).c_str(), folder.file("target.ini").c_str(),
+                              folder.file(calibration).c_str(), folder.file("list.txt").c_str(), &results);
+    out = console.out();
+    err = console.err();
+    return status;
+  }
+  void callersResultsAreUntouched() const {
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_EQ(results[0].tri_rms, 0.0);
+    EXPECT_TRUE(results[0].pairPoints.empty());
+  }
+};
+
+TEST_F(SpoiledSet, UnspoiledItWorks) {
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(results.size(), 2U);
+  EXPECT_GT(results[0].dy_means, 0.0);
+}
+
+TEST_F(SpoiledSet, FolderThatCannotBeMade) {
+  folder.write("polar.txt", "savepolarline: 1");
+  folder.write("result", "in the way, but found");
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+  // A process that may write everywhere is stopped by a missing parent instead.
+  const bool may_write_anyway = std::ofstream(folder.file("probe")).is_open();
+  std::int32_t status = 0;
+  if (may_write_anyway) {
+    const ConsoleCapture console;
+    ImagePairList images(2);
+    status = CalPolarLinePrecisionOutMat("savepolarline: 1", "", {}, images, &results, nullptr,
+                                         folder.file("missing/below").c_str());
+    out = console.out();
+  } else {
+    status = run();
+  }
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::owner_all);
+  EXPECT_EQ(status, polar_status::kResultFolder);
+  EXPECT_EQ(errorText(), "Make result file error!");
+  EXPECT_THAT(out, HasSubstr("Make result file error!\n"));
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, MissingImage) {
+  std::filesystem::remove(folder.file("right_1.png"));
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(errorText(), "Read image Error!");
+  EXPECT_THAT(out, HasSubstr("The image is empty!\n"));
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, ImageThatIsNone) {
+  folder.write("left_0.png", "this is no picture");
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(errorText(), "Read image Error!");
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, TruncatedBinaryCalibration) {
+  const std::string whole = folder.read("calib.bin");
+  folder.write("calib.bin", whole.substr(0, 3000));
+  run("calib.bin");
+  EXPECT_THAT(out, HasSubstr("Read Poly Fail!\n"));
+}
+
+TEST_F(SpoiledSet, TruncatedCalibrationOfAPolyRunEndsIt) {
+  folder.write("calib.bin", folder.read("calib.bin").substr(0, 3000));
+  folder.write("polar.txt", "type: 3");
+  EXPECT_EQ(run("calib.bin"), polar_status::kPolyTables);
+  EXPECT_EQ(errorText(), "Read Poly Params Error!");
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, FlippedBitInATableBlock) {
+  std::string bytes = folder.read("calib.bin");
+  bytes[50 + 54 + 81 + 700] = static_cast<char>(bytes[50 + 54 + 81 + 700] ^ 0x10);
+  folder.write("calib.bin", bytes);
+  MultiCalibration record;
+  EXPECT_EQ(LoadCalibrationParamsMulti(folder.file("calib.bin").c_str(), &record, 0), polar_status::kCrcMismatch);
+  run("calib.bin");
+  EXPECT_THAT(out, HasSubstr("Read Poly Fail!\n"));
+}
+
+TEST_F(SpoiledSet, CalibrationWithoutACameraPair) {
+  folder.write("calib.json", R"({"IR": {"Fx": 1}})");
+  EXPECT_EQ(run(), polar_status::kCalibrationUnreadable);
+  EXPECT_THAT(out, HasSubstr("not support the Json object, please input [IR/DEPTH/RGB/COLOR/IR_L/IR_R]\n"));
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, CalibrationOfAnotherType) {
+  EXPECT_EQ(run("calib.yaml"), polar_status::kCalibrationType);
+  EXPECT_THAT(out, HasSubstr("readCalibResult error: invalid fileType\n"));
+}
+
+TEST_F(SpoiledSet, CalibrationThatDoesNotOpen) {
+  EXPECT_EQ(run("missing.json"), polar_status::kCalibrationUnreadable);
+  EXPECT_EQ(errorText(), "Fail to read calib result file");
+  EXPECT_THAT(out, HasSubstr("cannot open the calib_result file\n"));
+}
+
+TEST_F(SpoiledSet, EmptyList) {
+  folder.write("list.txt", "");
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(err, "ParseHeaderLine failed!\n");
+  EXPECT_EQ(errorText(), "Read image Error!");
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, ListWithThreeColumns) {
+  folder.write("list.txt", "#L R S\nleft_0.png right_0.png left_1.png\n");
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(errorText(), "Read image Error!");
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, LineOfThreeNamesUnderTwoCamerasKeepsTheEarlierPairs) {
+  folder.write("list.txt", "#L R\nleft_0.png right_0.png\nleft_1.png right_1.png left_1.png\n");
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(err.substr(0, 52), "fname pairs does not agree with number of camera!\n");
+  EXPECT_EQ(results.size(), 1U);
+}
+
+TEST_F(SpoiledSet, ListOfAHeaderOnly) {
+  folder.write("list.txt", "#L R\n");
+  EXPECT_EQ(run(), polar_status::kNoResults);
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, TargetTextWithAnUnknownBoardFindsNothing) {
+  folder.write("target.ini", "board_type: 4\nrows: 21\ncols: 23\n");
+  const std::int32_t status = run();
+  EXPECT_TRUE(status == polar_status::kTooFewDetected || status == polar_status::kNoResults) << status;
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, TargetDocumentWithAnUnknownBoardThrows) {
+  folder.write("target.json", R"({"patterns": [{"board_type": 4}]})");
+  const ConsoleCapture quiet;
+  try {
+    CalPolarLinePrecision(folder.file("polar.txt").c_str(), folder.file("target.json").c_str(),
+                          folder.file("calib.json").c_str(), folder.file("list.txt").c_str(), &results);
+    FAIL() << "no exception";
+  } catch (const std::system_error& error) {
+    EXPECT_EQ(error.code().value(), 4);
+    EXPECT_STREQ(error.code().category().name(), "ImageDetector");
+    EXPECT_THAT(error.what(), HasSubstr("[RingTarget::loadConfig:board is not supported"));
+  }
+  callersResultsAreUntouched();
+}
+
+TEST_F(SpoiledSet, EmptyTargetEndsATriangulatingRun) {
+  folder.write("target.ini", "");
+  EXPECT_EQ(run(), polar_status::kTargetConfig);
+  EXPECT_EQ(errorText(), " Fail init camera model! ");
+  EXPECT_THAT(out, HasSubstr("Calibconfig is empty or no content was read.\n"));
+}
+
+}  // namespace
