@@ -31,8 +31,8 @@ Board defaultRingBoard() {
   board.inner_height = 13;
   board.outter_width = 33;
   board.outter_height = 25;
-  board.dot_radius = 0.37;
-  board.margin = 1.5;
+  board.dot_radius = 0.38;
+  board.margin = 1.0;
   return board;
 }
 

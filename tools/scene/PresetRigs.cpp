@@ -35,10 +35,10 @@ StereoRig rigOf(const RigSize& size, Camera left, Camera right) {
 }  // namespace
 
 StereoRig brownRig(const RigSize& size) {
-  Camera left = bareCamera(size, 0.95, 0.006, -0.004);
-  Camera right = bareCamera(size, 0.953, -0.005, 0.003);
-  left.lens = {-0.105, 0.058, -0.011, 0.019, 0.011, -0.004, 0.00024, -0.00017};
-  right.lens = {-0.101, 0.054, -0.009, 0.016, 0.013, -0.005, -0.00013, 0.0002};
+  Camera left = bareCamera(size, 1.2, 0.006, -0.004);
+  Camera right = bareCamera(size, 1.203, -0.005, 0.003);
+  left.lens = {-0.165, 0.092, -0.017, 0.021, 0.014, -0.006, 0.00034, -0.00023};
+  right.lens = {-0.158, 0.087, -0.014, 0.018, 0.016, -0.007, -0.00019, 0.00028};
   return rigOf(size, left, right);
 }
 

@@ -13,7 +13,7 @@ struct RigSize {
   double baseline = 60.0;  ///< Millimetres, the right camera's distance.
 };
 
-/// Two slightly different cameras with eight-coefficient Brown lenses, focal length 0.95 widths.
+/// Two slightly different cameras with eight-coefficient Brown lenses, focal length 1.2 widths.
 StereoRig brownRig(const RigSize& size);
 
 /// Two fisheyes, focal length 0.625 widths: some 100 degrees across the diagonal.

@@ -39,6 +39,13 @@ Draft little(Draft d) {
   return d;
 }
 
+/// Dots as big as they come on the widest image.
+Draft defaultBoard() {
+  Draft d = little(draft(brownRig({4096, 3072, 60.0}), defaultRingBoard(), 1));
+  d.fill = 0.97;
+  return d;
+}
+
 Draft threeChannels() {
   Draft d = draft(brownRig(k640), smallRingBoard(), 1);
   d.scene.optics.channels = 3;
@@ -46,13 +53,14 @@ Draft threeChannels() {
 }
 
 Draft tenBits() {
-  Draft d = draft(brownRig(k1280), bigDotBoard(35, 37), 1);
+  Draft d = draft(brownRig(k1280), bigDotBoard(29, 31), 1);
   d.scene.optics.bits = 10;
   return d;
 }
 
 Draft brightDots() {
-  Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 1);
+  // Bright dots count from some 60 outline points on, so they must be large and alike.
+  Draft d = little(draft(brownRig(k1280), bigDotBoard(17, 19), 1));
   d.scene.optics.paper = 25.0;
   d.scene.optics.ink = 215.0;
   d.scene.optics.surround = 40.0;
@@ -78,7 +86,7 @@ Draft binarisation(int method) {
 }
 
 Draft fisheye() {
-  Draft d = draft(fisheyeRig({1280, 800, 50.0}), bigDotBoard(17, 27), 2);
+  Draft d = draft(fisheyeRig({1280, 800, 50.0}), bigDotBoard(13, 21), 2);
   d.scene.settings.type = 2;
   d.scene.settings.f_scale = 0.75;
   return d;
@@ -121,7 +129,7 @@ constexpr std::array kPresets{
     Preset{"ring_320", "21 x 23 small rings, 320 x 256",
            [] { return little(draft(brownRig(k320), middleRingBoard(), 2)); }},
     Preset{"ring_640", "35 x 37 small rings, 640 x 512",
-           [] { return draft(brownRig(k640), largeRingBoard(BoardKind::kSmallRings), 3); }},
+           [] { return little(draft(brownRig(k640), largeRingBoard(BoardKind::kSmallRings), 3)); }},
     Preset{"ring_640_small", "15 x 17 small rings, 640 x 512",
            [] { return draft(brownRig(k640), smallRingBoard(), 2); }},
     Preset{"ring_small", "35 x 37 small rings, 2448 x 2048",
@@ -129,27 +137,24 @@ constexpr std::array kPresets{
     Preset{"ring_big", "35 x 37 big rings that cover their neighbours, 2448 x 2048",
            [] { return draft(brownRig(k2448), largeRingBoard(BoardKind::kBigRings), 1); }},
     Preset{"ring_640_big", "35 x 37 big rings, 640 x 512",
-           [] { return draft(brownRig(k640), largeRingBoard(BoardKind::kBigRings), 1); }},
+           [] { return little(draft(brownRig(k640), largeRingBoard(BoardKind::kBigRings), 1)); }},
     Preset{"ring_mixed", "35 x 37 small rings and a big solid ring, 2448 x 2048",
            [] { return draft(brownRig(k2448), largeRingBoard(BoardKind::kMixedRings), 1); }},
-    Preset{"ring_default_board", "71 x 73 small rings, 4096 x 3072",
-           [] {
-             return little(draft(brownRig({4096, 3072, 60.0}), defaultRingBoard(), 1));
-           }},
+    Preset{"ring_default_board", "71 x 73 small rings, 4096 x 3072", defaultBoard},
     Preset{"ring_640_bgr", "15 x 17 small rings, three channels, 640 x 512", threeChannels},
     Preset{"big_320", "21 x 23 big-dot board, 320 x 256",
            [] { return little(draft(brownRig(k320), bigDotBoard(21, 23), 1)); }},
     Preset{"big_640", "21 x 23 big-dot board, 640 x 512", [] { return draft(brownRig(k640), bigDotBoard(21, 23), 2); }},
-    Preset{"big_1280", "35 x 37 big-dot board, 1280 x 1024",
-           [] { return draft(brownRig(k1280), bigDotBoard(35, 37), 3); }},
+    Preset{"big_1280", "29 x 31 big-dot board, 1280 x 1024",
+           [] { return draft(brownRig(k1280), bigDotBoard(29, 31), 3); }},
     Preset{"big_1280_10bit", "the same, 10-bit values in 16 bits", tenBits},
-    Preset{"big_1280_bright", "21 x 23 bright dots on a dark board, 1280 x 1024", brightDots},
+    Preset{"big_1280_bright", "17 x 19 bright dots on a dark board, 1280 x 1024", brightDots},
     Preset{"big_2448", "35 x 37 big-dot board, 2448 x 2048",
            [] { return draft(brownRig(k2448), bigDotBoard(35, 37), 1); }},
     Preset{"big_2448_search", "the same, numbered by homography search", searchNumbering},
     Preset{"big_2448_bin1", "15 x 17 big-dot board, edge binarisation, 2448 x 2048", [] { return binarisation(1); }},
     Preset{"big_2448_bin2", "35 x 37 big-dot board, third binarisation, 2448 x 2048", [] { return binarisation(2); }},
-    Preset{"fisheye_1280", "17 x 27 big-dot board through fisheyes, 1280 x 800", fisheye},
+    Preset{"fisheye_1280", "13 x 21 big-dot board through fisheyes, 1280 x 800", fisheye},
     Preset{"poly_1920", "27 x 41 big-dot board through 6 x 4 polynomial cells, 1920 x 1200", polynomial},
     Preset{"misaligned_1280", "the given calibration is off by 0.05 degrees about x and z", misaligned},
     Preset{"rectified_1280", "two equal pinholes side by side, 1280 x 1024", rectified},
@@ -157,7 +162,7 @@ constexpr std::array kPresets{
 
 /// The tilts that the pairs take in turn.
 PoseWish wishOf(Tilt tilt, int index, double fill) {
-  constexpr std::array<PoseWish, 3> kUsual{{{6.0, -9.0, 3.0}, {-11.0, 8.0, -5.0}, {14.0, 11.0, 6.0}}};
+  constexpr std::array<PoseWish, 3> kUsual{{{6.0, -9.0, 3.0}, {-11.0, 8.0, -5.0}, {9.0, 7.0, 6.0}}};
   constexpr std::array<PoseWish, 3> kLittle{{{3.0, -4.0, 2.0}, {-4.0, 3.0, -2.0}, {4.0, 5.0, 1.0}}};
   const auto turn = static_cast<std::size_t>(index) % 3;
   PoseWish wish = tilt == Tilt::kLittle ? kLittle.at(turn) : kUsual.at(turn);
