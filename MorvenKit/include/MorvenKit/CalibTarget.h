@@ -1,8 +1,7 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
+#include <opencv2/core.hpp>
 #include <string>
 #include <vector>
 
@@ -14,9 +13,9 @@ namespace kestrune::morvenkit {
 struct BoardPoint {
   std::uint8_t point_class = kDot;
   std::uint8_t flag = 0;
-  std::int32_t id = 0;  ///< row * columns + column.
-  double radius = 0.0;  ///< Board unit.
-  cv::Point3d position; ///< Board frame, board unit.
+  std::int32_t id = 0;   ///< row * columns + column.
+  double radius = 0.0;   ///< Board unit.
+  cv::Point3d position;  ///< Board frame, board unit.
 };
 
 /// A calibration target that can be configured and found in an image.
@@ -27,13 +26,15 @@ class CalibTarget {
   CalibTarget& operator=(const CalibTarget&) = delete;
   virtual ~CalibTarget() = default;
 
-  /// Reads the target from a path or from the text itself; false for an empty input, otherwise true. Throws `std::system_error`.
+  /// Reads the target from a path or from the text itself; false for an empty input, otherwise true. Throws
+  /// `std::system_error`.
   virtual bool loadConfig(const std::string& config) = 0;
   /// Writes the target's geometry. Returns true; throws `std::system_error`.
   virtual bool saveConfig(const std::string& path) = 0;
   /// True positions of the board's points, by id. Fewer than 6: false, nothing changes.
   virtual bool setBoardPoints(const std::vector<cv::Point3f>& points) = 0;
-  /// xmin, xmax, ymin, ymax as fractions of the working image. Any other number of values clears the region and gives false.
+  /// xmin, xmax, ymin, ymax as fractions of the working image. Any other number of values clears the region and gives
+  /// false.
   virtual bool setDetectionRegion(const std::vector<float>& region) = 0;
   /// Finds and numbers the target's points in an 8-bit one-channel image. Both lists are cleared first.
   virtual bool detect(const cv::Mat& image, std::vector<CtrlPoint<double>>& points,

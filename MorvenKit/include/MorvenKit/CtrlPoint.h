@@ -1,8 +1,7 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
+#include <opencv2/core.hpp>
 #include <vector>
 
 namespace kestrune::morvenkit {
@@ -27,11 +26,12 @@ struct CtrlPoint {
   CtrlPoint& operator=(CtrlPoint&&) noexcept = default;
   virtual ~CtrlPoint() = default;
 
-  T x = 0;                               ///< Column of the centre.
-  T y = 0;                               ///< Row of the centre.
-  std::int32_t id = -1;                  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 until numbered.
-  std::vector<cv::Point2f> edge_points;  ///< Sub-pixel edge points of the fit, in the scale that the detector worked in.
-  std::uint8_t flag = 0;                 ///< Always 0.
+  T x = 0;               ///< Column of the centre.
+  T y = 0;               ///< Row of the centre.
+  std::int32_t id = -1;  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 until numbered.
+  std::vector<cv::Point2f>
+      edge_points;        ///< Sub-pixel edge points of the fit, in the scale that the detector worked in.
+  std::uint8_t flag = 0;  ///< Always 0.
   std::uint8_t point_class = kRejected;  ///< A `PointClass`.
 };
 

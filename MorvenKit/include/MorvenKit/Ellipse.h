@@ -16,8 +16,11 @@ struct Ellipse : CtrlPoint<T> {
   T roundness = 0;  ///< 4 pi area / perimeter^2 of the refined contour; set by the Zernike detector only.
 };
 
-/// Fits an ellipse to sub-pixel edge points: direct conic fit, outlier trimming, repeated until nothing is trimmed.
-/// Throws `std::runtime_error` on an empty list and on a degenerate conic; every other failure shows as `sigma` not above 0.
-Ellipse<double> fitEllipseRobust(const std::vector<cv::Point2f>& points);
+/// Fits an ellipse to sub-pixel edge points: direct conic fit by least squares, outlier trimming, repeated until
+/// nothing is trimmed. The points become the ellipse's `edge_points`. Fewer than 5 points give a default ellipse, also
+/// none at all. Points exactly on an ellipse give a `sigma` of 0, which counts as failed. Throws `std::runtime_error`
+/// on a degenerate conic; every other failure shows as `sigma` not above 0 (or not a number, when the points lie on a
+/// line).
+Ellipse<double> fitEllipseRobust(std::vector<cv::Point2f> points);
 
 }  // namespace kestrune::morvenkit

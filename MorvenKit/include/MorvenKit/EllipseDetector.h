@@ -1,8 +1,7 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
+#include <opencv2/core.hpp>
 #include <vector>
 
 #include "MorvenKit/Ellipse.h"
@@ -18,9 +17,9 @@ struct EllipseDetectorParams {
   std::int32_t resize_interpolation = 2;  ///< How the tile thresholds spread over the image (bicubic).
   bool fill_blobs = true;                 ///< Last step of binarisation 0.
   bool area_mode = false;                 ///< Classes by blob area instead of transitions.
-  std::int32_t bin_method = 0;            ///< 0 local Otsu, 1 outline and local threshold, 2 Gaussian edges and filled outlines.
-  double bin_thresh = 0.0;                ///< Not read.
-  std::int32_t bin_blocksize = 200;       ///< Tile size of binarisation 0, pixels.
+  std::int32_t bin_method = 0;  ///< 0 local Otsu, 1 outline and local threshold, 2 Gaussian edges and filled outlines.
+  double bin_thresh = 0.0;      ///< Not read.
+  std::int32_t bin_blocksize = 200;  ///< Tile size of binarisation 0, pixels.
 };
 
 /// Finds black blobs, rings and rings with a core.
@@ -29,9 +28,10 @@ class EllipseDetector {
  public:
   EllipseDetectorParams params;
 
-  /// Appends every accepted ellipse with its class. `binary` gets the two-valued image. Throws `cv::Exception` for an image that is not
-  /// 8-bit one-channel, an empty one, and a mask of another size or type.
-  void detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary, cv::InputArray mask) const;
+  /// Appends every accepted ellipse with its class. `binary` gets the two-valued image. Throws `cv::Exception` for an
+  /// image that is not 8-bit one-channel, an empty one, and a mask of another size or type.
+  void detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
+              cv::InputArray mask) const;
 
   /// The same without classification: every class is 0.
   void detectframework(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,

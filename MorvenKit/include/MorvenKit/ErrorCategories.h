@@ -1,10 +1,12 @@
 #pragma once
 
+#include <string>
 #include <system_error>
 
 namespace kestrune::morvenkit {
 
-/// Codes of the detector library.
+/// Codes of the detector library. A `std::error_code` of one compares equal to the condition that
+/// `DetectorErrcCategory` maps it to.
 enum class DetectorErrc {
   kFileNotAccessible = 1,
   kFileTypeNotSupported = 2,
@@ -15,7 +17,8 @@ enum class DetectorErrc {
   kInternal = 7,
 };
 
-/// Coarse conditions that detector codes map to.
+/// Coarse conditions that detector codes map to: 1 wrong input, 2 not initialised, 3 configuration, 4 file access, 5
+/// file content, 6 internal. Any other code has no meaning.
 class NormalizedErrorCategory : public std::error_category {
  public:
   static const NormalizedErrorCategory& instance();

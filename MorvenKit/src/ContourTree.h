@@ -1,0 +1,27 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+#include <vector>
+
+namespace kestrune::morvenkit {
+
+/// Every pixel of a border, in order.
+using Contour = std::vector<cv::Point>;
+
+/// All borders of a two-valued image with their nesting (Suzuki and Abe 1985). It is a tree: a walk over siblings and
+/// first children meets each contour at most once.
+struct ContourTree {
+  std::vector<Contour> contours;
+  std::vector<cv::Vec4i> hierarchy;  ///< Next sibling, previous sibling, first child, parent; negative for none.
+
+  int count() const { return static_cast<int>(contours.size()); }
+  bool holds(int index) const { return index >= 0 && index < count(); }
+  const Contour& points(int index) const { return contours.at(static_cast<std::size_t>(index)); }
+  int next(int index) const { return hierarchy.at(static_cast<std::size_t>(index))[0]; }
+  int firstChild(int index) const { return hierarchy.at(static_cast<std::size_t>(index))[2]; }
+};
+
+/// Traces an 8-bit image, non-zero against zero. An empty image gives an empty tree.
+ContourTree findContourTree(const cv::Mat& binary);
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+
+#include "MorvenKit/Ellipse.h"
+
+namespace kestrune::morvenkit {
+
+/// 4 pi area / perimeter^2 of an ellipse, in single precision, with 4 (a - b) + 2 pi b for the perimeter; 1 when that
+/// is below the precision of a float.
+float ellipseCircularity(const Ellipse<double>& ellipse);
+
+/// Longer over shorter semi-axis, both cut to whole pixels first, integer division. None when a semi-axis is below one
+/// pixel, not a number or beyond the integers.
+std::optional<int> wholeAxisRatio(const Ellipse<double>& ellipse);
+
+}  // namespace kestrune::morvenkit
