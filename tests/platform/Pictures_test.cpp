@@ -1,0 +1,59 @@
+#include "platform/Pictures.h"
+
+#include <gtest/gtest.h>
+
+TEST(StretchTo8Bit, SpreadsTheImagesOwnRange) {
+  const cv::Mat image = (cv::Mat_<std::uint16_t>(1, 3) << 100, 151, 355);
+  const cv::Mat stretched = pictures::stretchTo8Bit(image);
+  ASSERT_EQ(stretched.type(), CV_8UC1);
+  EXPECT_EQ(stretched.at<std::uint8_t>(0, 0), 0);
+  EXPECT_EQ(stretched.at<std::uint8_t>(0, 1), 51);
+  EXPECT_EQ(stretched.at<std::uint8_t>(0, 2), 255);
+}
+
+TEST(StretchTo8Bit, AConstantImageGivesZeros) {
+  const cv::Mat stretched = pictures::stretchTo8Bit(cv::Mat(2, 3, CV_16UC1, cv::Scalar(700)));
+  EXPECT_EQ(stretched.size(), cv::Size(3, 2));
+  EXPECT_EQ(stretched.type(), CV_8UC1);
+  EXPECT_EQ(cv::countNonZero(stretched), 0);
+}
+
+TEST(StretchTo8Bit, LeavesTheImageAlone) {
+  const cv::Mat image = (cv::Mat_<std::uint16_t>(1, 2) << 1, 2);
+  pictures::stretchTo8Bit(image);
+  EXPECT_EQ(image.at<std::uint16_t>(0, 1), 2);
+}
+
+TEST(SideBySide, FillsBothHalves) {
+  const cv::Mat canvas =
+      pictures::sideBySide(cv::Mat(2, 3, CV_8UC1, cv::Scalar(1)), cv::Mat(2, 3, CV_8UC1, cv::Scalar(2)), CV_8UC1);
+  ASSERT_EQ(canvas.size(), cv::Size(6, 2));
+  EXPECT_EQ(cv::sum(canvas(cv::Rect(0, 0, 3, 2)))[0], 6.0);
+  EXPECT_EQ(cv::sum(canvas(cv::Rect(3, 0, 3, 2)))[0], 12.0);
+}
+
+struct MisfitCase {
+  const char* name;
+  cv::Size right;
+  int right_type;
+};
+
+class SideBySideMisfit : public testing::TestWithParam<MisfitCase> {};
+
+TEST_P(SideBySideMisfit, Throws) {
+  const cv::Mat left(2, 3, CV_8UC1, cv::Scalar(1));
+  const cv::Mat right(GetParam().right, GetParam().right_type, cv::Scalar::all(2));
+  EXPECT_THROW(pictures::sideBySide(left, right, CV_8UC1), cv::Exception);
+}
+
+INSTANTIATE_TEST_SUITE_P(Images, SideBySideMisfit,
+                         testing::Values(MisfitCase{"Wider", {4, 2}, CV_8UC1}, MisfitCase{"Narrower", {2, 2}, CV_8UC1},
+                                         MisfitCase{"Taller", {3, 3}, CV_8UC1}, MisfitCase{"Lower", {3, 1}, CV_8UC1},
+                                         MisfitCase{"ThreeChannels", {3, 2}, CV_8UC3},
+                                         MisfitCase{"SixteenBit", {3, 2}, CV_16UC1}),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(SideBySide, AnotherTypeThanTheCanvasThrows) {
+  const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
+  EXPECT_THROW(pictures::sideBySide(image, image, CV_8UC3), cv::Exception);
+}
