@@ -5,9 +5,10 @@
 
 namespace kestrune {
 
-/// Puts the centres of four big dots (pixels) into cyclic order, starting with the one farthest from their mean, and
-/// tests their shape: the corner that the fourth dot is shifted from must be the one whose angle is nearer to a right
-/// angle. `ordered` is set on success only. Any other number of points, and points that coincide, fail.
+/// Puts the centres of four big dots (pixels) into cyclic order and tests their shape. The point farthest from their
+/// mean comes first, the one across from it third. Of the other two the corner nearer to a right angle comes second;
+/// the absolute cosine of its angle must lie below 0.35. `ordered` is set on success only. Any other number of points,
+/// and corners that are alike, fail.
 bool OrderQuad(const std::vector<cv::Point2f>& points, std::vector<cv::Point2f>& ordered);
 
 }  // namespace kestrune

@@ -1,0 +1,51 @@
+#include "Tallowfen/src/PolarityCheck.h"
+
+#include <cstddef>
+#include <opencv2/imgproc.hpp>
+#include <ostream>
+
+#include "platform/Console.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr int kEnoughDots = 10;
+constexpr int kNoParent = -1;
+
+bool isRoundDot(const Contour& contour) {
+  if (contour.size() < 60 || contour.size() > 500) return false;
+  const double circularity = circularityOf(contour);
+  return circularity >= static_cast<double>(0.6F) && circularity <= 1.25;
+}
+
+}  // namespace
+
+void findContoursByLocalMean(const cv::Mat& grey, int block, int type, cv::Mat& bin, std::vector<Contour>& contours,
+                             std::vector<cv::Vec4i>& hierarchy) {
+  cv::adaptiveThreshold(grey, bin, 255, cv::ADAPTIVE_THRESH_MEAN_C, type, block, 2.5);
+  contours.clear();
+  hierarchy.clear();
+  cv::findContours(bin, contours, hierarchy, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE);
+}
+
+double circularityOf(const Contour& contour) {
+  const double perimeter = cv::arcLength(contour, true);
+  if (perimeter == 0) return 0;
+  return 4 * CV_PI * cv::contourArea(contour) / (perimeter * perimeter);
+}
+
+void PolarityCheck(const cv::Mat& grey, cv::Mat& bin, std::vector<Contour>& contours, std::vector<Contour>& candidates,
+                   std::vector<cv::Vec4i>& hierarchy, int block) {
+  int inner_counter = 0;
+  for (std::size_t i = 0; i < contours.size(); ++i) {
+    if (!isRoundDot(contours[i])) continue;
+    candidates.push_back(contours[i]);
+    if (hierarchy[i][3] == kNoParent) ++inner_counter;
+  }
+  console::out() << "*****inner_counter:" << inner_counter << std::endl;
+  if (inner_counter >= kEnoughDots) return;
+  findContoursByLocalMean(grey, block, cv::THRESH_BINARY_INV, bin, contours, hierarchy);
+}
+
+}  // namespace kestrune
