@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numbers>
 #include <utility>
 #include <vector>
 
@@ -50,28 +51,49 @@ struct Window {
   }
 };
 
-double meanGrey(const BoardSurface& surface, const Patch& patch, double step, int samples) {
+/// Where a pixel is sampled: per_side^2 places, spread by the golden ratio, so that an edge of any direction passes
+/// them one by one (a square grid lets a straight edge pass a whole row at once), and in opposite pairs, so that their
+/// mean is the pixel's centre.
+std::vector<Point2> samplePlaces(int per_side) {
+  const int count = per_side * per_side;
+  std::vector<Point2> places;
+  if (count % 2 != 0) places.push_back({0.0, 0.0});
+  for (int k = 0; k < count / 2; ++k) {
+    const double turns = (k + 0.5) * std::numbers::phi;
+    const Point2 place{(k + 0.5) / count - 0.5, turns - std::floor(turns) - 0.5};
+    places.push_back(place);
+    places.push_back(-1.0 * place);
+  }
+  return places;
+}
+
+double meanGrey(const BoardSurface& surface, const Patch& patch, double step, const std::vector<Point2>& places) {
   // A pixel wider than half a step needs the marks near each of its samples, not near its centre.
   const bool close = patch.reach() < 0.5 * step;
   const BoardSurface::Inks& inks = surface.inksNear(patch.centre);
   double sum = 0.0;
-  for (int j = 0; j < samples; ++j) {
-    const double dv = (j + 0.5) / samples - 0.5;
-    for (int i = 0; i < samples; ++i) {
-      const Point2 point = patch.at((i + 0.5) / samples - 0.5, dv);
-      sum += close ? surface.greyAmong(inks, point) : surface.greyAt(point);
-    }
+  for (const Point2 place : places) {
+    const Point2 point = patch.at(place.x, place.y);
+    sum += close ? surface.greyAmong(inks, point) : surface.greyAt(point);
   }
-  return sum / (static_cast<double>(samples) * samples);
+  return sum / static_cast<double>(places.size());
 }
 
-double pixelGrey(const BoardSurface& surface, const Patch& patch, double step, const Optics& optics) {
-  const double reach = patch.reach();
-  // Not a number at the edge of the lens's field: nothing of the board is there.
-  if (std::isnan(reach + patch.centre.x)) return optics.surround;
-  if (surface.uniformWithin(patch.centre, reach)) return surface.greyAt(patch.centre);
-  return meanGrey(surface, patch, step, optics.supersampling);
-}
+/// What stays the same over the image.
+struct Painter {
+  BoardSurface surface;
+  double step;
+  double surround;
+  std::vector<Point2> places;
+
+  [[nodiscard]] double greyOf(const Patch& patch) const {
+    const double reach = patch.reach();
+    // Not a number at the edge of the lens's field: nothing of the board is there.
+    if (std::isnan(reach + patch.centre.x)) return surround;
+    if (surface.uniformWithin(patch.centre, reach)) return surface.greyAt(patch.centre);
+    return meanGrey(surface, patch, step, places);
+  }
+};
 
 Matrix3 boardFromRay(const Pose& camera_from_board) {
   return inverse(fromColumns(columnOf(camera_from_board.rotation, 0), columnOf(camera_from_board.rotation, 1),
@@ -82,9 +104,9 @@ Matrix3 boardFromRay(const Pose& camera_from_board) {
 
 cv::Mat renderIrradiance(const Camera& camera, const Board& board, const Pose& camera_from_board,
                          const Optics& optics) {
-  const BoardSurface surface(board, optics);
+  const Painter painter{BoardSurface(board, optics), std::min(board.step, rowStep(board)), optics.surround,
+                        samplePlaces(optics.supersampling)};
   const Matrix3 board_from_ray = boardFromRay(camera_from_board);
-  const double step = std::min(board.step, rowStep(board));
   RayRows rays(camera);
   Window window;
   window.here = meetBoard(rays.next(), board_from_ray);
@@ -96,7 +118,7 @@ cv::Mat renderIrradiance(const Camera& camera, const Board& board, const Pose& c
     window.below = meetBoard(rays.next(), board_from_ray);
     for (int u = 0; u < camera.width; ++u) {
       const Patch patch = window.around(static_cast<std::size_t>(u) + 1);
-      image.at<float>(v, u) = static_cast<float>(pixelGrey(surface, patch, step, optics));
+      image.at<float>(v, u) = static_cast<float>(painter.greyOf(patch));
     }
   }
   return image;

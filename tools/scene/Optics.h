@@ -19,7 +19,7 @@ struct Optics {
   int bits = 8;               ///< 8 makes an 8-bit image; 9 to 16 a 16-bit image whose values reach 2^bits - 1.
   int channels = 1;           ///< 1, or 3 with the channels' own gains and noise.
   std::array<double, 3> channel_gain{0.93, 1.0, 0.97};  ///< Blue, green, red; used with three channels only.
-  int supersampling = 8;                                ///< Samples along each side of a pixel that an edge crosses.
+  int supersampling = 12;  ///< A pixel that an edge crosses takes this number squared of samples.
 };
 
 }  // namespace scene
