@@ -1,0 +1,47 @@
+#include "camera/PointUndistortion.h"
+
+#include <gtest/gtest.h>
+
+#include <opencv2/calib3d.hpp>
+
+#include "FakeCamera.h"
+#include "Near.h"
+
+namespace {
+
+const cv::Mat kK = (cv::Mat_<double>(3, 3) << 500, 0, 320, 0, 510, 240, 0, 0, 1);
+const cv::Mat kQuarterTurn = (cv::Mat_<double>(3, 3) << 0, -1, 0, 1, 0, 0, 0, 0, 1);  // (x, y) to (-y, x).
+const cv::Point3d kPoint(0.08, -0.05, 1);
+
+cv::Vec2d undistorted(const PointUndistortion& undistortion, const cv::Point2d& pixel) {
+  cv::Mat normalised;
+  undistortion((cv::Mat_<cv::Vec2d>(1, 1) << cv::Vec2d(pixel.x, pixel.y)), normalised, kK, kQuarterTurn);
+  return normalised.at<cv::Vec2d>(0);
+}
+
+void expectKPointTurned(const cv::Vec2d& found) {
+  EXPECT_NEAR(found[0], -kPoint.y, 1e-6);
+  EXPECT_NEAR(found[1], kPoint.x, 1e-6);
+}
+
+TEST(BrownUndistortion, InvertsTheProjection) {
+  const cv::Mat D = (cv::Mat_<double>(1, 5) << -0.2, 0.05, 0.001, -0.002, 0.01);
+  std::vector<cv::Point2d> pixel;
+  cv::projectPoints(std::vector{kPoint}, cv::Vec3d(), cv::Vec3d(), kK, D, pixel);
+  expectKPointTurned(undistorted(brownUndistortion(D), pixel[0]));
+}
+
+TEST(FisheyeUndistortion, InvertsTheProjection) {
+  const cv::Mat D = (cv::Mat_<double>(1, 4) << -0.02, 0.005, 0.001, -0.002);
+  std::vector<cv::Point2d> pixel;
+  cv::fisheye::projectPoints(std::vector{kPoint}, pixel, cv::Vec3d(), cv::Vec3d(), kK, D);
+  expectKPointTurned(undistorted(fisheyeUndistortion(D), pixel[0]));
+}
+
+TEST(PolyUndistortion, LeavesTheDistortion) {
+  const FakeCamera camera;
+  expectKPointTurned(undistorted(polyUndistortion(camera), {320 + 500 * 0.08, 240 - 510 * 0.05}));
+  EXPECT_EQ(camera.asked, 1);
+}
+
+}  // namespace
