@@ -1,20 +1,21 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
 #include <cstdint>
 #include <memory>
+#include <opencv2/core.hpp>
 #include <string>
 #include <vector>
 
 #include "MorvenKit/CalibTarget.h"
 #include "MorvenKit/Ellipse.h"
 #include "MorvenKit/EllipseDetector.h"
+#include "Tallowfen/src/Numbering.h"
 #include "Tallowfen/src/RingTargetConfig.h"
 
 namespace kestrune {
 
-/// A planar board of dots with ring or big-dot markers: configured from a file or text, found and numbered in one image at a time.
+/// A planar board of dots with ring or big-dot markers: configured from a file or text, found and numbered in one image
+/// at a time.
 class RingTarget : public morvenkit::CalibTarget {
  public:
   using Points = std::vector<morvenkit::CtrlPoint<double>>;
@@ -36,17 +37,25 @@ class RingTarget : public morvenkit::CalibTarget {
   std::int32_t centreIndex() const { return centre_index_; }
   const Ellipses& identifiedEllipses() const { return identified_ellipses_; }
   const Ellipses& unidentifiedEllipses() const { return unidentified_ellipses_; }
+  /// Which markers the last detection that recognised any found.
+  const MarkerSizes& markerSizes() const { return marker_sizes_; }
 
  private:
+  void buildBoardModel(const std::vector<RingTargetConfig>& patterns);
+  /// What both detections begin with; false when the image or the target is not fit for one.
+  bool startDetection(const cv::Mat& image, const cv::Mat& mask, const char* operation, Points& points,
+                      Points& unidentified);
+  void handLimitsToDetector();
+  /// Classified ellipses in image pixels.
+  Ellipses findMarkedEllipses(const cv::Mat& image, const cv::Mat& mask);
+
   RingTargetConfig config_;
   std::vector<RingTargetConfig> patterns_;
   std::unique_ptr<morvenkit::EllipseDetector<double>> detector_;  ///< Made by the configuration.
   std::int32_t centre_index_ = 0;
   Ellipses identified_ellipses_;
   Ellipses unidentified_ellipses_;
-  bool rings_small_ = false;
-  bool solid_big_ = false;
-  bool big_dot_board_ = false;
+  MarkerSizes marker_sizes_;
   std::vector<cv::Point3f> board_points_3d_;
   cv::Mat last_image_;
   cv::Mat binary_image_;

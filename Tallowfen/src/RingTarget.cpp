@@ -1,0 +1,166 @@
+#include "Tallowfen/src/RingTarget.h"
+
+#include <opencv2/core.hpp>
+#include <optional>
+#include <ostream>
+#include <utility>
+
+#include "Tallowfen/src/Assertion.h"
+#include "Tallowfen/src/BoardModel.h"
+#include "Tallowfen/src/MarkerContext.h"
+#include "Tallowfen/src/NumberBoard.h"
+#include "Tallowfen/src/PointFilters.h"
+#include "Tallowfen/src/SplitBigDotsMidResolution.h"
+#include "Tallowfen/src/StorageFile.h"
+#include "Tallowfen/src/SubPixelCircleDetector.h"
+#include "Tallowfen/src/TargetConfigReader.h"
+#include "Tallowfen/src/TargetConfigWriter.h"
+#include "Tallowfen/src/TargetDrawing.h"
+#include "Tallowfen/src/WorkingScale.h"
+#include "platform/Console.h"
+
+namespace kestrune {
+namespace {
+
+constexpr std::int32_t kBigDotBoard = 3;
+constexpr std::size_t kFewestBoardPoints = 6;
+constexpr std::size_t kRegionValues = 4;
+
+void checkMask(const cv::Mat& mask, const cv::Mat& image, const char* operation) {
+  if (mask.empty()) return;
+  assertThat(mask.type() == CV_8UC1, "mask.type() == CV_8UC1", operation);
+  assertThat(mask.size() == image.size(), "mask.size() == image.size()", operation);
+}
+
+}  // namespace
+
+bool RingTarget::loadConfig(const std::string& config) {
+  if (config.empty()) {
+    console::out() << "Calibconfig is NULL";
+    return false;
+  }
+  std::optional<RingTargetConfig> record;
+  if (isStorageFile(config)) {
+    record = readStorageConfig(config);
+  } else {
+    const std::string text = configText(config);
+    if (text.empty()) {
+      console::out() << "Calibconfig is empty or no content was read.\n";
+      return false;
+    }
+    record = readTextConfig(text);
+  }
+  std::vector<RingTargetConfig> patterns;
+  if (record) {
+    config_ = *record;
+    patterns.push_back(*record);
+  }
+  buildBoardModel(patterns);
+  return true;
+}
+
+bool RingTarget::saveConfig(const std::string& path) {
+  writeStorageConfig(path, config_);
+  return true;
+}
+
+void RingTarget::buildBoardModel(const std::vector<RingTargetConfig>& patterns) {
+  patterns_ = patterns;
+  board_model_ = makeBoardModel(config_, board_points_3d_);
+  board_point_ids_.clear();
+  for (const morvenkit::BoardPoint& point : board_model_) board_point_ids_.push_back(point.id);
+  centre_index_ = centreIndexOf(config_);
+  // A detector of its own defaults: only a big dot board hands it the configured limits, and at each detection.
+  detector_ = std::make_unique<morvenkit::EllipseDetector<double>>();
+}
+
+bool RingTarget::setBoardPoints(const std::vector<cv::Point3f>& points) {
+  if (points.size() < kFewestBoardPoints) return false;
+  board_points_3d_ = points;
+  return true;
+}
+
+bool RingTarget::setDetectionRegion(const std::vector<float>& region) {
+  const bool valid = region.size() == kRegionValues;
+  detection_region_ = valid ? region : std::vector<float>();
+  return valid;
+}
+
+bool RingTarget::startDetection(const cv::Mat& image, const cv::Mat& mask, const char* operation, Points& points,
+                                Points& unidentified) {
+  last_image_ = image;
+  identified_ellipses_.clear();
+  unidentified_ellipses_.clear();
+  points.clear();
+  unidentified.clear();
+  checkMask(mask, image, operation);
+  if (image.type() != CV_8UC1) {
+    console::err() << "[RingTarget::detect] Error: input image wrong type.\n";
+    return false;
+  }
+  if (!detector_) {
+    console::err() << "[RingTarget::detect] Error: ellipse detector not initialized.\n";
+    return false;
+  }
+  if (config_.board_type == kBigDotBoard) handLimitsToDetector();
+  return true;
+}
+
+void RingTarget::handLimitsToDetector() {
+  morvenkit::EllipseDetectorParams& params = detector_->params;
+  params.bin_method = config_.bin_method;
+  params.bin_thresh = config_.bin_thresh;
+  params.bin_blocksize = config_.bin_blocksize;
+  params.min_radius = config_.min_radius;
+  params.max_radius = config_.max_radius;
+  params.max_sigma = config_.max_sigma;
+  params.min_circularity = config_.min_circularity;
+  params.area_mode = true;
+}
+
+/// In the middle resolutions another detector works, which makes no two-valued image: the last one stays.
+RingTarget::Ellipses RingTarget::findMarkedEllipses(const cv::Mat& image, const cv::Mat& mask) {
+  Ellipses ellipses;
+  const WorkingScale scale = workingScaleOf(image.size());
+  if (scale.resized) {
+    detector_->detect(workingImage(image, scale), ellipses, binary_image_, mask);
+    mapToImage(scale, ellipses);
+  } else {
+    SubPixelCircleDetector(image, ellipses);
+    SplitBigDotsMidResolution(ellipses);
+  }
+  return ellipses;
+}
+
+bool RingTarget::detect(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) {
+  if (!startDetection(image, mask, "kestrune::RingTarget::detect", points, unidentified)) return false;
+  const Ellipses ellipses = findMarkedEllipses(image, mask);
+  const MarkerContext context{nearbyDotsOf(config_, last_image_.cols), binary_image_};
+  NumberedPoints numbered;
+  const bool found = numberBoard(config_, context, ellipses, mask, marker_sizes_, numbered);
+  if (found) {
+    filterByIds(config_, numbered);
+    filterByRegion(detection_region_, workingScaleOf(image.size()).size, numbered);
+  }
+  points = std::move(numbered.points);
+  unidentified = std::move(numbered.unidentified);
+  identified_ellipses_ = std::move(numbered.identified_ellipses);
+  unidentified_ellipses_ = std::move(numbered.unidentified_ellipses);
+  return found;
+}
+
+bool RingTarget::detectframework(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) {
+  if (!startDetection(image, mask, "kestrune::RingTarget::detectframework", points, unidentified)) return false;
+  Ellipses ellipses;
+  const WorkingScale scale = workingScaleOf(image.size());
+  detector_->detectframework(workingImage(image, scale), ellipses, binary_image_, mask);
+  mapToImage(scale, ellipses);
+  points.assign(ellipses.begin(), ellipses.end());
+  return true;
+}
+
+void RingTarget::draw(const cv::Mat& src, cv::Mat& dst, double scale) {
+  drawTarget(src, dst, scale, identified_ellipses_, unidentified_ellipses_);
+}
+
+}  // namespace kestrune
