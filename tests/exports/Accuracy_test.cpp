@@ -102,6 +102,6 @@ TEST_P(Accuracy, StaysWithinTheBoundsKeptInTheRepository) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Presets, Accuracy, ::testing::ValuesIn(boundedPresets()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& preset) { return preset.param; });
 
 }  // namespace
