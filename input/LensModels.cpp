@@ -2,39 +2,43 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace {
 
 constexpr std::array<LensModel, 4> kModels = {{
-    {.name = "Brown", .code = 1, .stored = 20, .kept = 12, .entry_bytes = 2154},
-    {.name = "KB", .code = 2, .stored = 16, .kept = 8, .entry_bytes = 2138},
-    {.name = "DS", .code = 3, .stored = 14, .kept = 6, .entry_bytes = 2130},
-    {.name = "MEI", .code = 4, .stored = 18, .kept = 10, .entry_bytes = 2146},
+    {.name = "Brown", .code = 1, .stored = 20, .kept = 12},
+    {.name = "KB", .code = 2, .stored = 16, .kept = 8},
+    {.name = "DS", .code = 3, .stored = 14, .kept = 6},
+    {.name = "MEI", .code = 4, .stored = 18, .kept = 10},
 }};
 
-constexpr std::size_t kHeaderAndLastByte = 51;
-constexpr std::size_t kExtrinsicBytes = 24;
+constexpr std::array<std::size_t, 4> kSizesOfOne = {2205, 2189, 2181, 2197};
+constexpr std::array<std::size_t, 7> kSizesOfTwo = {4383, 4367, 4359, 4375, 4351, 4343, 4335};
+constexpr std::array<std::size_t, 4> kSizesOfThree = {6585, 6569, 6561, 6577};
 
-bool isPairSize(std::size_t size) {
-  return std::ranges::any_of(kModels, [size](const LensModel& first) {
-    return std::ranges::any_of(kModels, [&](const LensModel& second) {
-      return size == kHeaderAndLastByte + first.entry_bytes + second.entry_bytes + kExtrinsicBytes;
-    });
-  });
+bool contains(std::span<const std::size_t> sizes, std::size_t size) {
+  return std::ranges::find(sizes, size) != sizes.end();
 }
 
 }  // namespace
 
 const LensModel* findLensModel(const std::string& name) {
-  const auto* const model = std::ranges::find(kModels, name, &LensModel::name);
-  return model == kModels.end() ? nullptr : model;
+  for (const LensModel& model : kModels) {
+    if (name == model.name) return &model;
+  }
+  return nullptr;
 }
 
 bool isKnownFileSize(std::size_t cameras, std::size_t size) {
-  if (cameras == 2) return isPairSize(size);
-  if (cameras != 1 && cameras != 3) return false;
-  const std::size_t extrinsics = cameras == 3 ? kExtrinsicBytes : 0;
-  return std::ranges::any_of(kModels, [&](const LensModel& model) {
-    return size == kHeaderAndLastByte + cameras * (model.entry_bytes + extrinsics);
-  });
+  switch (cameras) {
+    case 1:
+      return contains(kSizesOfOne, size);
+    case 2:
+      return contains(kSizesOfTwo, size);
+    case 3:
+      return contains(kSizesOfThree, size);
+    default:
+      return false;
+  }
 }
