@@ -21,7 +21,9 @@ using scene::Pose;
 TEST(Irradiance, FrontalDiskHasItsArea) {
   // 6 mm at 100 mm with a focal length of 200 pixels: 12 pixels.
   const Pose pose{{}, {0.15, -0.2, 100.0}};
-  const cv::Mat image = scene::renderIrradiance(smallPinhole(), oneDotBoard(), pose, darkness());
+  scene::Optics optics = darkness();
+  optics.supersampling = 40;
+  const cv::Mat image = scene::renderIrradiance(smallPinhole(), oneDotBoard(), pose, optics);
   const InkMoments moments = inkMoments(image, {0, 0, 100, 80});
   EXPECT_NEAR(moments.area, std::numbers::pi * 144.0, 0.1);
   EXPECT_NEAR(moments.centre.x, 50.3, 0.001);

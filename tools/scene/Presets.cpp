@@ -186,12 +186,14 @@ Scene finished(Draft d, const PresetOptions& options) {
 
 std::vector<PresetInfo> presetInfos() {
   std::vector<PresetInfo> infos;
+  infos.reserve(kPresets.size());
   for (const Preset& preset : kPresets) infos.push_back({preset.name, preset.note});
   return infos;
 }
 
 std::vector<std::string> presetNames() {
   std::vector<std::string> names;
+  names.reserve(kPresets.size());
   for (const Preset& preset : kPresets) names.emplace_back(preset.name);
   return names;
 }

@@ -18,6 +18,7 @@ std::vector<float> gaussian(double sigma) {
     sum += weights.back();
   }
   std::vector<float> normalised;
+  normalised.reserve(weights.size());
   for (const double weight : weights) normalised.push_back(static_cast<float>(weight / sum));
   return normalised;
 }
@@ -32,10 +33,10 @@ cv::Mat blurredDown(const cv::Mat& image, const std::vector<float>& weights) {
   const int radius = static_cast<int>(weights.size() / 2);
   cv::Mat result = cv::Mat::zeros(image.size(), CV_32F);
   for (int row = 0; row < image.rows; ++row) {
-    float* to = result.ptr<float>(row);
-    for (int k = -radius; k <= radius; ++k) {
-      const float* from = image.ptr<float>(mirrored(row + k, image.rows));
-      const float weight = weights[static_cast<std::size_t>(k + radius)];
+    auto* to = result.ptr<float>(row);
+    for (std::size_t k = 0; k < weights.size(); ++k) {
+      const auto* from = image.ptr<float>(mirrored(row + static_cast<int>(k) - radius, image.rows));
+      const float weight = weights[k];
       for (int column = 0; column < image.cols; ++column) to[column] += weight * from[column];
     }
   }
@@ -48,8 +49,8 @@ void digitiseInto(cv::Mat& result, const cv::Mat& image, const Optics& optics, s
   const double scale = top / 255.0;
   Random random(seed);
   for (int row = 0; row < image.rows; ++row) {
-    const float* from = image.ptr<float>(row);
-    Pixel* to = result.ptr<Pixel>(row);
+    const auto* from = image.ptr<float>(row);
+    auto* to = result.ptr<Pixel>(row);
     for (int column = 0; column < image.cols; ++column) {
       for (int channel = 0; channel < optics.channels; ++channel) {
         const double gain = optics.channels == 1 ? 1.0 : optics.channel_gain.at(static_cast<std::size_t>(channel));

@@ -64,8 +64,7 @@ int main(int argc, char** argv) {
   try {
     return run(argc, argv);
   } catch (const std::exception& error) {
-    std::fputs(error.what(), stderr);
-    std::fputc('\n', stderr);
+    fmt::print(stderr, "{}\n", error.what());
     return kCannotWrite;
   }
 }
