@@ -38,8 +38,16 @@ class RenderedSet {
   static const RenderedSet& of(const std::string& preset) {
     static std::map<std::string, std::unique_ptr<RenderedSet>> sets;
     auto& set = sets[preset];
-    if (!set) set.reset(new RenderedSet(preset));
+    if (!set) {
+      const auto made = scene::makePreset(preset);
+      if (!made) throw std::runtime_error("no preset " + preset);
+      set = std::make_unique<RenderedSet>(*made);
+    }
     return *set;
+  }
+
+  explicit RenderedSet(const scene::Scene& scene) : scene_(scene) {
+    scene::writeScene(scene_, folder_.path().string());
   }
 
   const scene::Scene& scene() const { return scene_; }
@@ -86,13 +94,6 @@ class RenderedSet {
   }
 
  private:
-  explicit RenderedSet(const std::string& preset) {
-    const auto made = scene::makePreset(preset);
-    if (!made) throw std::runtime_error("no preset " + preset);
-    scene_ = *made;
-    scene::writeScene(scene_, folder_.path().string());
-  }
-
   TempFolder folder_;
   scene::Scene scene_;
 };

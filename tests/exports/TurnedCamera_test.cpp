@@ -1,0 +1,100 @@
+// Rectification over the whole image: a right calibration gives no row difference up to the corners, a turned camera
+// the one that geometry tells.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <sstream>
+
+#include "support/RenderedSet.h"
+
+namespace {
+
+std::map<std::int32_t, double> rowDifferences(const std::string& table) {
+  std::map<std::int32_t, double> rows;
+  std::istringstream stream(table);
+  std::int32_t id = 0;
+  char comma = 0;
+  double dy = 0.0;
+  while (stream >> id >> comma >> dy) rows[id] = dy;
+  return rows;
+}
+
+constexpr const char* kRowsOnly =
+    "\ntriangulate_residual_switch: 0\ntriangulate_dis_switch: 0\nfoursixmethod_swithch: 0\nspaceRms_switch: "
+    "0\nsavepolarline: 0\ndy_bias_savepng_swithch: 0";
+
+struct Comparison {
+  double mean = 0.0;       ///< Mean absolute row difference, pixels.
+  double deviation = 0.0;  ///< Root mean square of measured less predicted.
+  double farthest = 0.0;   ///< Largest distance of a measured dot from the image's centre, in half diagonals.
+  std::size_t count = 0;
+};
+
+Comparison compare(const scene::Scene& scene) {
+  const RenderedSet set(scene);
+  const TempFolder results;
+  const RunOutcome run = set.evaluate(set.polarText() + kRowsOnly, results.path().string());
+  EXPECT_EQ(run.status, 0) << run.err;
+  Comparison sum;
+  for (std::size_t pair = 0; pair < run.records.size(); ++pair) {
+    const scene::PairTruth truth = scene::pairTruth(scene, pair);
+    const double cx = scene.rig.left.width / 2.0;
+    const double cy = scene.rig.left.height / 2.0;
+    for (const auto& [id, dy] : rowDifferences(results.read(std::to_string(pair) + "_left_dy.csv"))) {
+      const scene::DotTruth& dot = truth.dots.at(static_cast<std::size_t>(id));
+      sum.mean += dy;
+      sum.deviation += std::pow(dy - std::abs(dot.row_difference), 2.0);
+      sum.farthest =
+          std::max(sum.farthest, std::hypot(dot.pixel_left.x - cx, dot.pixel_left.y - cy) / std::hypot(cx, cy));
+      ++sum.count;
+    }
+  }
+  sum.mean /= static_cast<double>(sum.count);
+  sum.deviation = std::sqrt(sum.deviation / static_cast<double>(sum.count));
+  return sum;
+}
+
+/// The preset's first pose, four times, moved so that the board reaches beyond each corner in turn.
+scene::Scene intoTheCorners(const std::string& preset) {
+  scene::Scene scene = *scene::makePreset(preset);
+  const scene::Pose first = scene.left_from_board.at(0);
+  scene.left_from_board.clear();
+  const double shift = 0.12 * first.translation.z;
+  for (const double x : {-shift, shift})
+    for (const double y : {-shift, shift}) {
+      scene::Pose pose = first;
+      pose.translation.x += x;
+      pose.translation.y += y;
+      scene.left_from_board.push_back(pose);
+    }
+  return scene;
+}
+
+class WholeImage : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(WholeImage, RightCalibrationLeavesNoRowDifferenceUpToTheCorners) {
+  const Comparison result = compare(intoTheCorners(GetParam()));
+  std::printf("%s: mean |dy| %.4f px over %zu points, out to %.2f half diagonals\n", GetParam().c_str(), result.mean,
+              result.count, result.farthest);
+  EXPECT_GT(result.count, 1000U);
+  EXPECT_GT(result.farthest, 0.9);
+  EXPECT_LT(result.mean, 0.05);
+}
+
+TEST_P(WholeImage, TurnedCameraGivesThePredictedDifference) {
+  scene::Scene scene = *scene::makePreset(GetParam());
+  scene.given.right_from_left_angles.rx += 0.08 * std::numbers::pi / 180.0;
+  scene.given.right_from_left_angles.rz -= 0.05 * std::numbers::pi / 180.0;
+  const Comparison result = compare(scene);
+  std::printf("%s: mean |dy| %.4f px, deviation from the prediction %.4f px rms\n", GetParam().c_str(), result.mean,
+              result.deviation);
+  EXPECT_GT(result.mean, 0.3);
+  EXPECT_LT(result.deviation, 0.05);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lenses, WholeImage, ::testing::Values("big_640", "fisheye_1280", "poly_1920"),
+                         [](const auto& preset) { return preset.param; });
+
+}  // namespace
