@@ -89,7 +89,7 @@ PairStatus measureSide(PairEvaluator& evaluator, RingTarget& target, const SideI
   const CentreChoice centres = chooseCentres(evaluator, target, points, side);
   for (const auto& point : points) {
     if (isChosenPoint(evaluator.config(), point.id)) canvas.markPoint(side.side, point.id, {point.x, point.y});
-    side.by_id.emplace(point.id, centres.of(point, side.side, canvas));
+    keepFirst(side.by_id, point.id, centres.of(point, side.side, canvas));
   }
   return polar_status::kSuccess;
 }

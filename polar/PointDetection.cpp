@@ -16,7 +16,7 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
   kestrune::RingTarget::Points unidentified;
   target.detect(normaliseTo8Bit(image), points, unidentified, cv::Mat());
   for (const auto& point : points) {
-    by_id.emplace(point.id, cv::Point2f(static_cast<float>(point.x), static_cast<float>(point.y)));
+    keepFirst(by_id, point.id, cv::Point2f(static_cast<float>(point.x), static_cast<float>(point.y)));
   }
 }
 

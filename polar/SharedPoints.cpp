@@ -8,6 +8,8 @@ void dropMissing(PointsById& points, const PointsById& others) {
 
 }  // namespace
 
+void keepFirst(PointsById& points, std::int32_t id, const cv::Point2f& pixel) { points.emplace(id, pixel); }
+
 void appendShared(MeasuredPair& pair) {
   for (const auto& [id, pixel_left] : pair.left_by_id) {
     const auto right = pair.right_by_id.find(id);

@@ -1,0 +1,214 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <opencv2/calib3d.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include "Tallowfen/src/RingTarget.h"
+#include "polar/EccentricityCompensation.h"
+#include "support/RenderedPair.h"
+
+namespace {
+
+struct PairMeasurement : testing::Test {
+  const RenderedPair& rendered = RenderedPair::small();
+  ConsoleCapture console;
+  PolarConfig config;
+  MeasuredPair pair;
+  cv::Mat left = rendered.left();
+  cv::Mat right = rendered.right();
+
+  PairStatus measure(PairEvaluator& evaluator) {
+    return evaluator.MeasurePairPoints(rendered.target().c_str(), left, right, pair);
+  }
+};
+
+TEST_F(PairMeasurement, EveryPairOfPointsBelongsToOneDot) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  ASSERT_GT(pair.left_points.size(), rendered.truth().dots.size() / 2);
+  ASSERT_EQ(pair.left_by_id.size(), pair.left_points.size());
+  ASSERT_EQ(pair.right_by_id.size(), pair.right_points.size());
+  std::size_t k = 0;
+  for (const auto& [id, pixel_left] : pair.left_by_id) {
+    const scene::DotTruth& dot = rendered.truth().dots.at(static_cast<std::size_t>(id));
+    EXPECT_NEAR(pixel_left.x, dot.ellipse_left.centre.x, 0.5);
+    EXPECT_NEAR(pixel_left.y, dot.ellipse_left.centre.y, 0.5);
+    EXPECT_NEAR(pair.right_points[k].x, dot.ellipse_right.centre.x, 0.5);
+    EXPECT_NEAR(pair.right_points[k].y, dot.ellipse_right.centre.y, 0.5);
+    EXPECT_EQ(pair.left_points[k], pixel_left);
+    EXPECT_EQ(pair.right_points[k], pair.right_by_id.at(id));
+    ++k;
+  }
+  const std::string count = "detect point num : " + std::to_string(pair.left_points.size()) + "\n";
+  EXPECT_NE(console.out().find(count + count), std::string::npos);
+}
+
+TEST_F(PairMeasurement, WithoutEccentricityThePoseReportStays) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  evaluator.PoseReport.fill(3.5F);
+  evaluator.eval_left_K = cv::Mat();  // the pose could not even be asked for
+  ASSERT_EQ(measure(evaluator), 0);
+  EXPECT_EQ(evaluator.PoseReport[0], 3.5F);
+  EXPECT_EQ(evaluator.PoseReport[7], 3.5F);
+  EXPECT_EQ(console.out().find("ir_left_rx: "), std::string::npos);
+  EXPECT_EQ(console.out().find("use eccentricity!"), std::string::npos);
+}
+
+TEST_F(PairMeasurement, EccentricityReportsBothPoses) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  evaluator.eccentricity = true;
+  ASSERT_EQ(measure(evaluator), 0);
+  const scene::Pose left_pose = rendered.truth().left_from_board;
+  const scene::Pose right_pose = scene::rightFromBoard(rendered.scene().rig, left_pose);
+  const scene::Board& board = rendered.scene().board;
+  const scene::Point3 middle{(board.cols - 1) / 2 * board.step, (board.rows - 1) / 2 * scene::rowStep(board), 0};
+  for (std::size_t side = 0; side < 2; ++side) {
+    const scene::Pose& truth = side == 0 ? left_pose : right_pose;
+    cv::Vec3d rvec;
+    cv::Rodrigues(cv::Matx33d(truth.rotation.values.data()), rvec);
+    for (int k = 0; k < 3; ++k) {
+      EXPECT_NEAR(evaluator.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI, 1.0);
+    }
+    EXPECT_NEAR(evaluator.PoseReport.at(4 * side + 3), scene::norm(scene::transformed(truth, middle)), 2.0);
+  }
+  std::size_t last = 0;
+  for (const char* label :
+       {"use eccentricity!\nir_left_rx: ", "\nir_left_ry: ", "\nir_left_rz: ", "\nir_left_dis: ",
+        "use eccentricity!\nir_right_rx: ", "\nir_right_ry: ", "\nir_right_rz: ", "\nir_right_dis: "}) {
+    const std::size_t place = console.out().find(label);
+    ASSERT_NE(place, std::string::npos) << label;
+    EXPECT_GE(place, last);
+    last = place;
+  }
+}
+
+TEST_F(PairMeasurement, EccentricityReplacesEachCentreByThatOfItsEdge) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  evaluator.eccentricity = true;
+  ASSERT_EQ(measure(evaluator), 0);
+  kestrune::RingTarget target;
+  target.loadConfig(rendered.target());
+  kestrune::RingTarget::Points points, unidentified;
+  target.detect(left, points, unidentified, cv::Mat());
+  constexpr double kRadians = CV_PI / 180.0;
+  cv::Matx33d R;
+  cv::Rodrigues(cv::Vec3d(evaluator.PoseReport[0] * kRadians, evaluator.PoseReport[1] * kRadians,
+                          evaluator.PoseReport[2] * kRadians),
+                R);
+  std::size_t compared = 0;
+  for (const auto& point : points) {
+    const auto found = pair.left_by_id.find(point.id);
+    if (found == pair.left_by_id.end()) continue;
+    const cv::Point2f expected = compensatedCentre(point.edge_points, cv::Matx33d(evaluator.eval_left_K), R);
+    EXPECT_NEAR(found->second.x, expected.x, 0.01);
+    EXPECT_NEAR(found->second.y, expected.y, 0.01);
+    ++compared;
+  }
+  EXPECT_GT(compared, 50u);
+  // The edges are drawn: green on the left half of the canvas, blue on the right one.
+  const cv::Mat& canvas = evaluator.detect_canvas;
+  cv::Mat green, blue;
+  cv::inRange(canvas, cv::Scalar(0, 255, 0), cv::Scalar(0, 255, 0), green);
+  cv::inRange(canvas, cv::Scalar(255, 0, 0), cv::Scalar(255, 0, 0), blue);
+  EXPECT_GT(cv::countNonZero(green), 0);
+  EXPECT_GT(cv::countNonZero(blue), 0);
+}
+
+TEST_F(PairMeasurement, PointOfOneImageIsDrawnButEntersNothing) {
+  config.TriPoint1_ID = 0;
+  config.TriPoint2_ID = config.TriPoint3_ID = config.TriPoint4_ID = -7;
+  RenderedPair::hide(right, rendered.truth().dots[0].ellipse_right);
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  EXPECT_EQ(pair.left_by_id.count(0), 0u);
+  EXPECT_EQ(pair.right_by_id.count(0), 0u);
+  EXPECT_EQ(pair.left_points.size(), pair.right_points.size());
+  const cv::Mat& canvas = evaluator.detect_canvas;
+  ASSERT_EQ(canvas.size(), cv::Size(2 * left.cols, left.rows));
+  cv::Mat red;
+  cv::inRange(canvas, cv::Scalar(0, 0, 255), cv::Scalar(0, 0, 255), red);
+  EXPECT_GT(cv::countNonZero(red.colRange(0, left.cols)), 10);
+  EXPECT_EQ(cv::countNonZero(red.colRange(left.cols + left.cols / 2, 2 * left.cols)), 0);
+}
+
+TEST_F(PairMeasurement, SixteenBitImagesAreStretchedOneByOne) {
+  left.convertTo(left, CV_16U, 4.0);
+  right.convertTo(right, CV_16U, 60.0);
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  EXPECT_GT(pair.left_points.size(), rendered.truth().dots.size() / 2);
+  // On the canvas both share one stretch: the left half is nearly black.
+  double darkest = 0, brightest = 0;
+  cv::minMaxIdx(evaluator.detect_canvas.colRange(left.cols, 2 * left.cols).clone().reshape(1), &darkest, &brightest);
+  EXPECT_EQ(brightest, 255);
+  // Id marks are red; green and blue carry the picture alone.
+  std::vector<cv::Mat> planes;
+  cv::split(evaluator.detect_canvas.colRange(0, left.cols), planes);
+  cv::minMaxIdx(planes[1], &darkest, &brightest);
+  EXPECT_LT(brightest, 20);
+}
+
+TEST_F(PairMeasurement, ColourImagesAreMeasuredToo) {
+  cv::cvtColor(left, left, cv::COLOR_GRAY2BGR);
+  cv::cvtColor(right, right, cv::COLOR_GRAY2BGR);
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  EXPECT_GT(pair.left_points.size(), rendered.truth().dots.size() / 2);
+}
+
+TEST_F(PairMeasurement, ImageWithoutBoardHasTooFewPointsAndNoText) {
+  right.setTo(cv::Scalar(128));
+  PairEvaluator evaluator = rendered.evaluator(config);
+  EXPECT_EQ(measure(evaluator), -6);
+  EXPECT_EQ(evaluator.errorText, "");
+  EXPECT_TRUE(evaluator.detect_canvas.empty());
+  EXPECT_NE(console.out().find("detect point num : 0\n"), std::string::npos);
+}
+
+TEST_F(PairMeasurement, EmptyImageIsAFailureOfEitherSide) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  right = cv::Mat();
+  EXPECT_EQ(measure(evaluator), -8);
+  EXPECT_EQ(evaluator.errorText, " Load Polar imagge fail!");
+  EXPECT_NE(console.out().find("detect point num : "), std::string::npos) << "the left image comes first";
+  evaluator.errorText.clear();
+  std::swap(left, right);
+  EXPECT_EQ(measure(evaluator), -8);
+  EXPECT_EQ(evaluator.errorText, " Load Polar imagge fail!");
+}
+
+TEST_F(PairMeasurement, ImagesOfDifferentSizeEndInTheLibrarysException) {
+  right = right(cv::Rect(0, 0, right.cols - 10, right.rows)).clone();
+  PairEvaluator evaluator = rendered.evaluator(config);
+  EXPECT_THROW(measure(evaluator), cv::Exception);
+}
+
+TEST_F(PairMeasurement, TargetThatCannotBeInitialised) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  EXPECT_EQ(evaluator.MeasurePairPoints("", left, right, pair), -5);
+  EXPECT_EQ(evaluator.errorText, " Fail init camera model! ");
+}
+
+TEST_F(PairMeasurement, MoreThanSixBoardPointsReachTheTarget) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  evaluator.boardPoints.resize(6);
+  right = cv::Mat();
+  measure(evaluator);
+  EXPECT_NE(console.out().find("Calibration board Normal mode"), std::string::npos);
+  const scene::Board& board = rendered.scene().board;
+  evaluator.boardPoints.resize(static_cast<std::size_t>(board.rows * board.cols));
+  measure(evaluator);
+  EXPECT_NE(console.out().find("Calibration board GT mode"), std::string::npos);
+}
+
+TEST_F(PairMeasurement, ListsAreAppendedTo) {
+  pair.left_points = {{1, 2}};
+  pair.right_points = {{3, 4}};
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  EXPECT_EQ(pair.left_points.front(), cv::Point2f(1, 2));
+  EXPECT_EQ(pair.left_points.size(), pair.left_by_id.size() + 1);
+}
+
+}  // namespace

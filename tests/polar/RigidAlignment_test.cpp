@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <stdexcept>
+
+#include "platform/Console.h"
+#include "support/EvaluatorFixture.h"
+#include "tools/scene/StereoRig.h"
+
+namespace {
+
+using Points = std::vector<cv::Point3f>;
+
+struct RigidAlignment : testing::Test {
+  EvaluatorFixture fixture;
+  PairEvaluator evaluator = fixture.evaluator();
+  std::array<float, 4> rms{};
+  Points aligned;
+  Points source = {{0, 0, 0}, {100, 0, 0}, {0, 50, 0}, {0, 0, 70}, {30, 20, 10}};
+
+  static Points moved(const Points& points, const scene::Matrix3& R, const scene::Point3& t) {
+    Points result;
+    for (const cv::Point3f& point : points) {
+      const scene::Point3 p = R * scene::Point3{point.x, point.y, point.z} + t;
+      result.emplace_back(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z));
+    }
+    return result;
+  }
+  void expectAligned(const Points& target, double tolerance) const {
+    ASSERT_EQ(aligned.size(), target.size());
+    for (std::size_t k = 0; k < target.size(); ++k) EXPECT_LT(cv::norm(aligned[k] - target[k]), tolerance) << k;
+  }
+};
+
+TEST_F(RigidAlignment, MovedSetIsCarriedOntoItself) {
+  const Points target = moved(source, scene::rotationFromAngles({0.3, -0.2, 0.5}), {5, -7, 400});
+  EXPECT_EQ(&evaluator.AlignRigid(rms, source, target, aligned), &rms);
+  expectAligned(target, 1e-3);
+  for (const float figure : rms) EXPECT_LT(figure, 1e-3F);
+}
+
+TEST_F(RigidAlignment, PrintsRotationVectorAndResiduals) {
+  // A quarter turn about z: rotation vector (0, 0, 90) degrees. The figures are exact, the coordinates whole numbers.
+  const Points target = moved(source, {{0, -1, 0, 1, 0, 0, 0, 0, 1}}, {0, 0, 0});
+  console::useFixedNotation();
+  evaluator.AlignRigid(rms, source, target, aligned);
+  const std::string out = fixture.console.out();
+  EXPECT_NE(out.find("icp_rz:90.0000"), std::string::npos) << out;
+  const std::size_t rx = out.find("icp_rx:"), ry = out.find("\nicp_ry:"), rz = out.find("\nicp_rz:");
+  const std::size_t x = out.find("\nicp_x_rms:   0.0000"), y = out.find("\nicp_y_rms:   0.0000");
+  const std::size_t z = out.find("\nicp_z_rms:   0.0000"), nor = out.find("\nicp_nor_rms: 0.0000");
+  EXPECT_TRUE(rx == 0 && rx < ry && ry < rz && rz < x && x < y && y < z && z < nor && nor != std::string::npos) << out;
+  EXPECT_EQ(out.back(), '\n');
+}
+
+TEST_F(RigidAlignment, ResidualsByAxisAndTogether) {
+  // A symmetric displacement that no motion takes away: the x arm is 2 too long on both ends.
+  source = {{-10, 0, 0}, {10, 0, 0}, {0, -10, 0}, {0, 10, 0}, {0, 0, -10}, {0, 0, 10}};
+  Points target = source;
+  target[0].x -= 2;
+  target[1].x += 2;
+  target[2].y -= 1;
+  target[3].y += 1;
+  evaluator.AlignRigid(rms, source, target, aligned);
+  EXPECT_NEAR(rms[0], std::sqrt(8.0 / 6.0), 1e-5);
+  EXPECT_NEAR(rms[1], std::sqrt(2.0 / 6.0), 1e-5);
+  EXPECT_NEAR(rms[2], 0.0, 1e-5);
+  EXPECT_NEAR(rms[3], std::sqrt(10.0 / 6.0), 1e-5);
+}
+
+TEST_F(RigidAlignment, MirroredSetStaysMirrored) {
+  Points target = source;
+  for (cv::Point3f& point : target) point.z = -point.z;
+  evaluator.AlignRigid(rms, source, target, aligned);
+  expectAligned(target, 1e-3);
+}
+
+TEST_F(RigidAlignment, OnePointPairFitsWithoutResidual) {
+  evaluator.AlignRigid(rms, {{1, 2, 3}}, {{50, 60, 70}}, aligned);
+  expectAligned({{50, 60, 70}}, 1e-4);
+  EXPECT_LT(rms[3], 1e-4F);
+}
+
+TEST_F(RigidAlignment, CoplanarBoardIsFitted) {
+  source = {{0, 0, 0}, {100, 0, 0}, {0, 50, 0}, {100, 50, 0}};
+  const Points target = moved(source, scene::rotationFromAngles({-0.4, 0.1, 0.2}), {1, 2, 300});
+  evaluator.AlignRigid(rms, source, target, aligned);
+  expectAligned(target, 1e-3);
+}
+
+TEST_F(RigidAlignment, FormerContentOfTheResultGoes) {
+  aligned.resize(50);
+  evaluator.AlignRigid(rms, source, source, aligned);
+  EXPECT_EQ(aligned.size(), source.size());
+}
+
+TEST_F(RigidAlignment, WrongListsAreRefusedBeforeAnythingIsPrinted) {
+  const auto textOf = [&](const Points& from, const Points& to) -> std::string {
+    try {
+      evaluator.AlignRigid(rms, from, to, aligned);
+    } catch (const std::invalid_argument& refused) {
+      return refused.what();
+    }
+    return "";
+  };
+  EXPECT_EQ(textOf({}, {}), "Point sets must be non-empty and of the same size.");
+  EXPECT_EQ(textOf(source, {{1, 2, 3}}), "Point sets must be non-empty and of the same size.");
+  EXPECT_EQ(fixture.console.out(), "");
+}
+
+}  // namespace
