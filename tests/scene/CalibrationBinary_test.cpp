@@ -27,8 +27,9 @@ float floatAt(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
 }
 
 std::uint32_t wordAt(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
-  return bytes[offset] | (bytes[offset + 1] << 8U) | (bytes[offset + 2] << 16U) |
-         (static_cast<std::uint32_t>(bytes[offset + 3]) << 24U);
+  std::uint32_t value = 0;
+  for (std::size_t k = 4; k > 0; --k) value = value * 256U + bytes[offset + k - 1];
+  return value;
 }
 
 TEST(Crc8, ByHand) {
