@@ -1,0 +1,350 @@
+// Whole detections of rendered boards, against the known images of their dots.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "Tallowfen/src/RingTarget.h"
+#include "tests/support/ConsoleCapture.h"
+#include "tools/scene/BoardMarks.h"
+#include "tools/scene/ImagedEllipse.h"
+#include "tools/scene/PoseFit.h"
+#include "tools/scene/Render.h"
+#include "tools/scene/TargetText.h"
+
+namespace {
+
+using kestrune::RingTarget;
+using scene::BoardKind;
+
+/// A board of 21 x 23 dots before one camera, and what is true of it.
+class View {
+ public:
+  View(BoardKind kind, int width, int height, const scene::PoseWish& wish = {4.0, -6.0, 2.0}) {
+    scene_.board.kind = kind;
+    scene_.board.rows = 21;
+    scene_.board.cols = 23;
+    scene_.board.inner_width = kind == BoardKind::kBigDots ? 5 : 9;
+    scene_.board.inner_height = kind == BoardKind::kBigDots ? 5 : 7;
+    scene::Camera& camera = scene_.rig.left;
+    camera.width = width;
+    camera.height = height;
+    camera.fx = camera.fy = 1.4 * width;
+    camera.cx = (width - 1) / 2.0;
+    camera.cy = (height - 1) / 2.0;
+    scene_.rig.right = camera;
+    pose_ = scene::fitPose(scene_.rig, scene_.board, wish);
+    image_ = scene::renderImage(camera, scene_.board, pose_, {.texture = 0.0, .blur_sigma = 0.6}, 5);
+  }
+
+  const cv::Mat& image() const { return image_; }
+  std::string config() const { return scene::targetIni(scene_); }
+  std::string configWith(const std::string& lines) const { return config() + lines; }
+
+  /// Centre of a mark's imaged outline, pixels.
+  scene::Point2 centreOf(std::int32_t id) const {
+    const scene::Mark mark = scene::marksOf(scene_.board).at(static_cast<std::size_t>(id));
+    const scene::Point3 place = scene::gridPoint(scene_.board, mark.column, mark.row);
+    return scene::imagedEllipse(scene_.rig.left, pose_, place, mark.radii.outer * scene_.board.step).centre;
+  }
+  std::size_t count() const { return scene::marksOf(scene_.board).size(); }
+
+ private:
+  scene::Scene scene_;
+  scene::Pose pose_;
+  cv::Mat image_;
+};
+
+struct Detection {
+  RingTarget target;
+  RingTarget::Points points;
+  RingTarget::Points unidentified;
+  bool found = false;
+  std::string out, err;
+
+  void load(const std::string& config) {
+    const ConsoleCapture console;
+    ASSERT_TRUE(target.loadConfig(config));
+  }
+  void detect(const cv::Mat& image, const cv::Mat& mask = {}) {
+    const ConsoleCapture console;
+    found = target.detect(image, points, unidentified, mask);
+    out = console.out();
+    err = console.err();
+  }
+};
+
+double offBy(const View& view, const kestrune::CtrlPoint& point) {
+  const scene::Point2 truth = view.centreOf(point.id);
+  return std::hypot(point.x - truth.x, point.y - truth.y);
+}
+
+double worstOf(const View& view, const RingTarget::Points& points) {
+  double worst = 0.0;
+  for (const auto& point : points) worst = std::max(worst, offBy(view, point));
+  return worst;
+}
+
+void expectEachIdOnce(const RingTarget::Points& points) {
+  std::set<std::int32_t> ids;
+  for (const auto& point : points) ids.insert(point.id);
+  EXPECT_EQ(ids.size(), points.size());
+}
+
+struct BoardCase {
+  const char* name;
+  BoardKind kind;
+  int width, height;
+  double worst;  ///< Pixels.
+  bool rings_small, solid_big, big_dots;
+  std::size_t missing;  ///< Places covered by big markers.
+};
+
+class DetectBoards : public testing::TestWithParam<BoardCase> {};
+
+TEST_P(DetectBoards, EveryDotGetsItsIdAtItsPlace) {
+  const BoardCase& given = GetParam();
+  const View view(given.kind, given.width, given.height);
+  Detection detection;
+  detection.load(view.config());
+  detection.detect(view.image());
+  EXPECT_TRUE(detection.found);
+  EXPECT_EQ(detection.err, "");
+  EXPECT_EQ(detection.points.size(), view.count() - given.missing);
+  expectEachIdOnce(detection.points);
+  EXPECT_LT(worstOf(view, detection.points), given.worst);
+  EXPECT_EQ(detection.target.markerSizes().rings_small, given.rings_small);
+  EXPECT_EQ(detection.target.markerSizes().solid_big, given.solid_big);
+  EXPECT_EQ(detection.target.markerSizes().big_dot_board, given.big_dots);
+  EXPECT_EQ(detection.target.identifiedEllipses().size(), detection.points.size());
+  EXPECT_EQ(detection.target.unidentifiedEllipses().size(), detection.unidentified.size());
+}
+
+// Both ends of each row of the working scale. The middle row is for big dots alone.
+INSTANTIATE_TEST_SUITE_P(
+    Widths, DetectBoards,
+    testing::Values(BoardCase{"Rings320", BoardKind::kSmallRings, 320, 256, 0.1, true, false, false, 0},
+                    BoardCase{"Rings321", BoardKind::kSmallRings, 321, 256, 0.1, true, false, false, 0},
+                    BoardCase{"Rings640", BoardKind::kSmallRings, 640, 512, 0.15, true, false, false, 0},
+                    BoardCase{"Rings2048", BoardKind::kSmallRings, 2048, 900, 0.3, true, false, false, 0},
+                    BoardCase{"BigRings640", BoardKind::kBigRings, 640, 512, 0.3, false, true, false, 20},
+                    BoardCase{"MixedRings640", BoardKind::kMixedRings, 640, 512, 0.3, true, true, false, 0},
+                    BoardCase{"BigDots320", BoardKind::kBigDots, 320, 256, 0.1, false, false, true, 0},
+                    BoardCase{"BigDots640", BoardKind::kBigDots, 640, 512, 0.15, false, false, true, 0},
+                    BoardCase{"BigDots641", BoardKind::kBigDots, 641, 512, 0.1, false, false, true, 0},
+                    BoardCase{"BigDots2047", BoardKind::kBigDots, 2047, 900, 0.1, false, false, true, 0},
+                    BoardCase{"BigDots2048", BoardKind::kBigDots, 2048, 1100, 0.3, false, false, true, 0}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(DetectMiddleRow, ARingBoardFailsWithNeitherRingsNorSolids) {
+  for (const int width : {641, 2047}) {
+    const View view(BoardKind::kSmallRings, width, 512);
+    Detection detection;
+    detection.load(view.config());
+    detection.detect(view.image());
+    EXPECT_FALSE(detection.found);
+    EXPECT_EQ(detection.err, "Invalid rings or solidring number at the same size : 0 and 0(should be 4 or 1) \n");
+    EXPECT_TRUE(detection.points.empty());
+  }
+}
+
+TEST(DetectMiddleRow, TheTwoValuedImageStays) {
+  const View small(BoardKind::kBigDots, 320, 256);
+  const View middle(BoardKind::kBigDots, 800, 640);
+  Detection detection;
+  detection.load(small.config());
+  detection.detect(small.image());
+  const cv::Mat before = detection.target.getBinaryImage();
+  EXPECT_EQ(before.size(), cv::Size(1280, 1024)) << "of the working scale";
+  detection.detect(middle.image());
+  EXPECT_TRUE(detection.found);
+  EXPECT_EQ(detection.target.getBinaryImage().data, before.data);
+}
+
+TEST(DetectMask, ItIsNotResizedAndFailsWhereTheImageIs) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.config());
+  EXPECT_THROW(detection.detect(view.image(), cv::Mat(256, 320, CV_8UC1, cv::Scalar(255))), cv::Exception);
+}
+
+TEST(DetectMask, OnTheMiddleRowItHidesDots) {
+  const View view(BoardKind::kBigDots, 800, 640);
+  cv::Mat mask(640, 800, CV_8UC1, cv::Scalar(255));
+  const scene::Point2 hidden = view.centreOf(0);
+  mask.at<std::uint8_t>(cvRound(hidden.y), cvRound(hidden.x)) = 0;
+  Detection detection;
+  detection.load(view.config());
+  detection.detect(view.image(), mask);
+  EXPECT_TRUE(detection.found);
+  EXPECT_EQ(detection.points.size(), view.count() - 1);
+  for (const auto& point : detection.points) EXPECT_NE(point.id, 0);
+}
+
+TEST(DetectRegion, AWholeRegionKeepsAllOnADoubledImageAndAQuarterOnAHalvedOne) {
+  const View doubled(BoardKind::kSmallRings, 640, 512);
+  Detection small;
+  small.load(doubled.config());
+  small.target.setDetectionRegion({0, 1, 0, 1});
+  small.detect(doubled.image());
+  EXPECT_EQ(small.points.size(), doubled.count());
+
+  const View halved(BoardKind::kSmallRings, 2048, 900);
+  Detection large;
+  large.load(halved.config());
+  large.detect(halved.image());
+  const RingTarget::Points all = large.points;
+  large.target.setDetectionRegion({0, 1, 0, 1});
+  large.detect(halved.image());
+  EXPECT_EQ(large.points.size(), static_cast<std::size_t>(std::count_if(all.begin(), all.end(), [](const auto& point) {
+              return point.x > 0 && point.x < 1024 && point.y > 0 && point.y < 450;
+            })));
+  EXPECT_GT(large.points.size(), 50U);
+  EXPECT_EQ(large.target.identifiedEllipses().size(), large.points.size());
+}
+
+TEST(DetectIds, FourIdsFilterAndThreeDoNot) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection four;
+  four.load(view.configWith("detection_switch: 1\ndetection_id: [3,1,400,100]\n"));
+  four.detect(view.image());
+  std::vector<std::int32_t> ids;
+  for (const auto& point : four.points) ids.push_back(point.id);
+  EXPECT_THAT(ids, testing::UnorderedElementsAre(1, 3, 100, 400));
+  Detection three;
+  three.load(view.configWith("detection_switch: 1\ndetection_id: [3,1,400]\n"));
+  three.detect(view.image());
+  EXPECT_EQ(three.points.size(), view.count());
+}
+
+TEST(DetectBySearch, FindsTheIdsWithoutGrowth) {
+  const View view(BoardKind::kBigDots, 640, 512);
+  Detection detection;
+  detection.load(view.configWith("id_method: 1\n"));
+  detection.detect(view.image());
+  EXPECT_TRUE(detection.found);
+  // The dot of id 0 equals the unset land marks.
+  EXPECT_EQ(detection.points.size(), view.count() - 1);
+  EXPECT_LT(worstOf(view, detection.points), 0.15);
+}
+
+TEST(DetectLimits, ReachTheDetectorOnABigDotBoardOnly) {
+  // No residual is below 1e-9 pixels: with that limit every ellipse is refused.
+  const View dots(BoardKind::kBigDots, 320, 256);
+  Detection strict;
+  strict.load(dots.configWith("max_sigma: 0.000000001\n"));
+  strict.detect(dots.image());
+  EXPECT_FALSE(strict.found);
+
+  const View rings(BoardKind::kSmallRings, 320, 256);
+  Detection untouched;
+  untouched.load(rings.configWith("max_sigma: 0.000000001\n"));
+  untouched.detect(rings.image());
+  EXPECT_TRUE(untouched.found);
+}
+
+TEST(DetectAgain, EachCallStartsAnew) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.config());
+  detection.detect(view.image());
+  const std::size_t first = detection.points.size();
+  detection.detect(view.image());
+  EXPECT_EQ(detection.points.size(), first);
+  detection.detect(cv::Mat(256, 320, CV_8UC1, cv::Scalar(200)));
+  EXPECT_FALSE(detection.found);
+  EXPECT_TRUE(detection.points.empty());
+  EXPECT_TRUE(detection.target.identifiedEllipses().empty());
+}
+
+struct Roll {
+  double degrees;
+};
+
+class DetectRolled : public testing::TestWithParam<Roll> {};
+
+TEST_P(DetectRolled, TheNumberingTurnsWithTheBoard) {
+  for (const BoardKind kind : {BoardKind::kSmallRings, BoardKind::kBigDots}) {
+    const View view(kind, 640, 640, {4.0, -6.0, GetParam().degrees});
+    Detection detection;
+    detection.load(view.config());
+    detection.detect(view.image());
+    EXPECT_TRUE(detection.found);
+    EXPECT_EQ(detection.points.size(), view.count());
+    EXPECT_LT(worstOf(view, detection.points), 0.15);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rolls, DetectRolled, testing::Values(Roll{90}, Roll{180}, Roll{270}), [](const auto& tested) {
+  return "By" + std::to_string(static_cast<int>(tested.param.degrees));
+});
+
+struct FrameworkCase {
+  const char* name;
+  BoardKind kind;
+  int width, height;
+};
+
+class DetectFramework : public testing::TestWithParam<FrameworkCase> {};
+
+TEST_P(DetectFramework, GivesEveryEllipseWithoutAnId) {
+  const View view(GetParam().kind, GetParam().width, GetParam().height);
+  RingTarget target;
+  RingTarget::Points points(3), unidentified(2);
+  const ConsoleCapture console;
+  ASSERT_TRUE(target.loadConfig(view.config()));
+  EXPECT_TRUE(target.detectframework(view.image(), points, unidentified, {}));
+  EXPECT_TRUE(unidentified.empty());
+  EXPECT_TRUE(target.identifiedEllipses().empty());
+  ASSERT_GE(points.size(), view.count());
+  for (const auto& point : points) EXPECT_EQ(point.id, -1);
+  // Each dot has a point near it.
+  for (std::size_t id = 0; id < view.count(); ++id) {
+    const scene::Point2 truth = view.centreOf(static_cast<std::int32_t>(id));
+    EXPECT_TRUE(std::any_of(points.begin(), points.end(), [&](const auto& point) {
+      return std::hypot(point.x - truth.x, point.y - truth.y) < 0.5;
+    })) << id;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, DetectFramework,
+                         testing::Values(FrameworkCase{"Rings320", BoardKind::kSmallRings, 320, 256},
+                                         FrameworkCase{"Rings641", BoardKind::kSmallRings, 641, 512},
+                                         FrameworkCase{"BigDots640", BoardKind::kBigDots, 640, 512},
+                                         FrameworkCase{"BigDots800", BoardKind::kBigDots, 800, 640},
+                                         FrameworkCase{"Rings2048", BoardKind::kSmallRings, 2048, 900}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST(DetectFrameworkMask, OnTheMiddleRowTheDetectorTakesIt) {
+  const View view(BoardKind::kBigDots, 800, 640);
+  cv::Mat mask(640, 800, CV_8UC1, cv::Scalar(255));
+  const scene::Point2 hidden = view.centreOf(0);
+  mask.at<std::uint8_t>(cvRound(hidden.y), cvRound(hidden.x)) = 0;
+  RingTarget target;
+  RingTarget::Points whole, masked, unidentified;
+  const ConsoleCapture console;
+  target.loadConfig(view.config());
+  EXPECT_TRUE(target.detectframework(view.image(), whole, unidentified, {}));
+  EXPECT_TRUE(target.detectframework(view.image(), masked, unidentified, mask));
+  EXPECT_EQ(masked.size(), whole.size() - 1);
+}
+
+TEST(DrawDetection, NumberedDotsAreRed) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.config());
+  detection.detect(view.image());
+  cv::Mat picture;
+  detection.target.draw(view.image(), picture, 2.0);
+  ASSERT_EQ(picture.size(), cv::Size(640, 512));
+  cv::Mat red;
+  cv::inRange(picture, cv::Scalar(0, 0, 255), cv::Scalar(0, 0, 255), red);
+  EXPECT_GT(cv::countNonZero(red), static_cast<int>(10 * view.count()));
+}
+
+}  // namespace
