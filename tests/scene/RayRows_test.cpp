@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "tools/scene/Lens.h"
 #include "tools/scene/PresetRigs.h"
 
@@ -10,10 +12,17 @@ namespace {
 using scene::Camera;
 using scene::Point2;
 
-class RowsOf : public testing::TestWithParam<Camera> {};
+struct NamedCamera {
+  const char* name;
+  Camera camera;
+};
+
+void PrintTo(const NamedCamera& named, std::ostream* stream) { *stream << named.name; }
+
+class RowsOf : public testing::TestWithParam<NamedCamera> {};
 
 TEST_P(RowsOf, EveryRayComesBackToItsPixel) {
-  const Camera& camera = GetParam();
+  const Camera& camera = GetParam().camera;
   scene::RayRows rows(camera);
   for (int v = -1; v <= camera.height; ++v) {
     const std::vector<Point2>& rays = rows.next();
@@ -28,7 +37,9 @@ TEST_P(RowsOf, EveryRayComesBackToItsPixel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Models, RowsOf,
-                         testing::Values(scene::brownRig({320, 256, 60}).left, scene::fisheyeRig({320, 200, 60}).left,
-                                         scene::polyRig({320, 200, 60}).left));
+                         testing::Values(NamedCamera{"Brown", scene::brownRig({320, 256, 60}).left},
+                                         NamedCamera{"Fisheye", scene::fisheyeRig({320, 200, 60}).left},
+                                         NamedCamera{"Poly", scene::polyRig({320, 200, 60}).left}),
+                         [](const auto& tested) { return tested.param.name; });
 
 }  // namespace
