@@ -23,12 +23,6 @@ constexpr double kLengthOfMinRadius = 5.0;
 /// Status of a contour from its index and the outline that stands for it.
 using StatusRule = std::function<int(int index, const Contour& outline)>;
 
-int statusOfArea(double area, double mean) {
-  if (area > 1.2 * mean) return kStatusBigDot;
-  if (0.2 * mean < area && area < 1.2 * mean) return kStatusDot;
-  return kStatusUnknown;
-}
-
 class ContourWalk {
  public:
   ContourWalk(const ContourWalkInput& input, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
@@ -100,7 +94,9 @@ class ContourWalk {
 
 StatusRule areaRule(const ContourWalkInput& input) {
   const float mean = MeanBlobArea(input.tree, input.grey, input.params);
-  return [mean](int /*index*/, const Contour& outline) { return statusOfArea(cv::contourArea(outline), mean); };
+  return [mean](int /*index*/, const Contour& outline) {
+    return static_cast<int>(statusOfArea(cv::contourArea(outline), mean));
+  };
 }
 
 StatusRule hopRule(const ContourWalkInput& input) {

@@ -7,6 +7,13 @@
 
 namespace kestrune::morvenkit {
 
+ContourStatus statusOfArea(double area, float mean) {
+  const double wide = mean;
+  if (area > 1.2 * wide) return kStatusBigDot;
+  if (0.2 * wide < area && area < 1.2 * wide) return kStatusDot;
+  return kStatusUnknown;
+}
+
 std::uint8_t classOfStatus(int status) {
   static constexpr std::array<std::uint8_t, 7> kClasses = {kDot, 3, kRing, 2, kSolidRing, 5, kBigDot};
   if (status == kStatusUnknown) return kUnknown;

@@ -14,6 +14,10 @@ enum ContourStatus : int {
   kStatusBigDot = 6,
 };
 
+/// Status of an area beside the mean area of all blobs: a big dot above 1.2 times it, a dot between 0.2 and 1.2 times,
+/// limits excluded. Unknown otherwise, also beside a mean that is not a number.
+ContourStatus statusOfArea(double area, float mean);
+
 /// The `PointClass` of a status: a table for 0 to 6, `kUnknown` for -2, `kRejected` for any other.
 std::uint8_t classOfStatus(int status);
 

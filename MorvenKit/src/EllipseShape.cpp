@@ -17,7 +17,7 @@ float ellipseCircularity(const Ellipse<double>& ellipse) {
 std::optional<int> wholeAxisRatio(const Ellipse<double>& ellipse) {
   const auto isWhole = [](double axis) { return axis >= 1.0 && axis <= std::numeric_limits<int>::max(); };
   if (!isWhole(ellipse.semi_a) || !isWhole(ellipse.semi_b)) return std::nullopt;
-  const auto [shorter, longer] = std::minmax(static_cast<int>(ellipse.semi_a), static_cast<int>(ellipse.semi_b));
+  const auto [shorter, longer] = std::minmax({static_cast<int>(ellipse.semi_a), static_cast<int>(ellipse.semi_b)});
   return longer / shorter;
 }
 

@@ -1,0 +1,49 @@
+#include "MorvenKit/src/EllipseShape.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace kestrune::morvenkit;
+
+namespace {
+
+Ellipse<double> axes(double a, double b) {
+  Ellipse<double> result;
+  result.semi_a = a;
+  result.semi_b = b;
+  return result;
+}
+
+}  // namespace
+
+TEST(EllipseShape, CircularityOfACircleIsOne) { EXPECT_FLOAT_EQ(ellipseCircularity(axes(7, 7)), 1.0F); }
+
+TEST(EllipseShape, CircularityByHand) {
+  // Perimeter 4 * 4 + 2 pi * 6 = 53.699112, area 60 pi: 4 pi * 60 pi / 2883.5946.
+  EXPECT_NEAR(ellipseCircularity(axes(10, 6)), 0.821442, 1e-6);
+  // With the longer axis second the difference counts negative: perimeter 46.831853.
+  EXPECT_NEAR(ellipseCircularity(axes(6, 10)), 1.080011, 1e-6);
+}
+
+TEST(EllipseShape, CircularityWithoutPerimeterIsOne) {
+  EXPECT_EQ(ellipseCircularity(axes(0, 0)), 1.0F);
+  EXPECT_EQ(ellipseCircularity(axes(1e-8, 1e-8)), 1.0F);
+  EXPECT_NE(ellipseCircularity(axes(1e-6, 0.5e-6)), 1.0F);
+}
+
+TEST(EllipseShape, WholeAxisRatio) {
+  EXPECT_EQ(wholeAxisRatio(axes(11.9, 6.0)), 1);
+  EXPECT_EQ(wholeAxisRatio(axes(13.8, 6.9)), 2);
+  EXPECT_EQ(wholeAxisRatio(axes(6.9, 12.5)), 2);
+  EXPECT_EQ(wholeAxisRatio(axes(1.99, 1.0)), 1);
+}
+
+TEST(EllipseShape, WholeAxisRatioOfNothing) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(wholeAxisRatio(axes(5, 0.99)), std::nullopt);
+  EXPECT_EQ(wholeAxisRatio(axes(0, 0)), std::nullopt);
+  EXPECT_EQ(wholeAxisRatio(axes(nan, 5)), std::nullopt);
+  EXPECT_EQ(wholeAxisRatio(axes(5, nan)), std::nullopt);
+  EXPECT_EQ(wholeAxisRatio(axes(1e12, 5)), std::nullopt);
+}

@@ -1,0 +1,70 @@
+#include "MorvenKit/src/GaussianEdgeCanny.h"
+
+#include <gtest/gtest.h>
+
+#include "Drawing.h"
+
+using kestrune::morvenkit::GaussianEdgeCanny;
+
+namespace {
+
+cv::Mat edgesOf(const cv::Mat& grey) {
+  cv::Mat image;
+  grey.convertTo(image, CV_32F);
+  return GaussianEdgeCanny(image);
+}
+
+/// Dark up to column 29, bright from column 31, the middle between them at column 30.
+cv::Mat step() {
+  cv::Mat grey = drawing::sheet(60, 50, 40);
+  grey(cv::Rect(31, 0, 29, 50)).setTo(200);
+  grey.col(30).setTo(120);
+  return grey;
+}
+
+}  // namespace
+
+TEST(GaussianEdgeCanny, UniformImageHasNoEdge) { EXPECT_EQ(cv::countNonZero(edgesOf(drawing::sheet(60, 50))), 0); }
+
+TEST(GaussianEdgeCanny, StepGivesOneColumnAtItsMiddle) {
+  const cv::Mat edges = edgesOf(step());
+  EXPECT_EQ(edges.type(), CV_8UC1);
+  // Rows 1 to 48: the first and the last are skipped.
+  EXPECT_EQ(cv::countNonZero(edges), 48);
+  EXPECT_EQ(cv::countNonZero(edges(cv::Rect(30, 1, 1, 48)) == 255), 48);
+}
+
+TEST(GaussianEdgeCanny, StepAlongTheRows) {
+  const cv::Mat edges = edgesOf(step().t());
+  EXPECT_EQ(cv::countNonZero(edges), 48);
+  EXPECT_EQ(cv::countNonZero(edges(cv::Rect(1, 30, 48, 1)) == 255), 48);
+}
+
+TEST(GaussianEdgeCanny, PolarityDoesNotMatter) {
+  const cv::Mat inverted = 255 - step();
+  EXPECT_EQ(cv::countNonZero(edgesOf(inverted) != edgesOf(step())), 0);
+}
+
+TEST(GaussianEdgeCanny, FaintEdgesBesideAStrongOneGo) {
+  // The magnitudes are shares of the greatest, the limits multiples of their mean: the faint edge is below 1.5 means.
+  cv::Mat grey = step();
+  grey(cv::Rect(0, 0, 10, 50)).setTo(39);
+  const cv::Mat edges = edgesOf(grey);
+  EXPECT_EQ(cv::countNonZero(edges(cv::Rect(0, 0, 25, 50))), 0);
+  EXPECT_EQ(cv::countNonZero(edges), 48);
+}
+
+TEST(GaussianEdgeCanny, DiscGivesAClosedThinOutline) {
+  cv::Mat grey = drawing::sheet(100, 90);
+  drawing::dot(grey, 50.2, 45.3, 15);
+  const cv::Mat edges = edgesOf(grey);
+  const auto tree = kestrune::morvenkit::findContourTree(edges);
+  ASSERT_EQ(tree.count(), 2);
+  EXPECT_TRUE(tree.holds(tree.firstChild(0)));
+  for (int y = 0; y < edges.rows; ++y) {
+    for (int x = 0; x < edges.cols; ++x) {
+      if (edges.at<uchar>(y, x) == 0) continue;
+      EXPECT_NEAR(std::hypot(x - 50.2, y - 45.3), 15.0, 1.2);
+    }
+  }
+}
