@@ -36,7 +36,7 @@ PlaneSpread spreadOf(const std::vector<cv::Point2f>& points) {
     square_x += point.x * point.x;
     square_y += point.y * point.y;
   }
-  const float count = static_cast<float>(points.size());
+  const auto count = static_cast<float>(points.size());
   return {spreadOf(sum_x, square_x, count), spreadOf(sum_y, square_y, count)};
 }
 
@@ -44,7 +44,7 @@ using Weights = Eigen::Matrix<float, 5, 1>;
 
 /// w of x^2 + w0 xy + w1 y^2 + w2 x + w3 y + w4 = 0 in normalised coordinates.
 Weights solveConic(const std::vector<cv::Point2f>& points, const PlaneSpread& spread) {
-  const Eigen::Index count = static_cast<Eigen::Index>(points.size());
+  const auto count = static_cast<Eigen::Index>(points.size());
   Eigen::Matrix<float, Eigen::Dynamic, 5> design(count, 5);
   Eigen::VectorXf right_side(count);
   for (Eigen::Index i = 0; i < count; ++i) {

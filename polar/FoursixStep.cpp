@@ -14,7 +14,7 @@ four_points::Measured findPoints(const PolarConfig& config, const MeasuredPair& 
   four_points::Measured found = {initial, initial, initial, initial};
   auto numbered = pair.left_by_id.begin();
   for (std::size_t i = 0; i < points_left.size() && numbered != pair.left_by_id.end(); ++i, ++numbered) {
-    if (pair.right_by_id.count(numbered->first) == 0) continue;
+    if (!pair.right_by_id.contains(numbered->first)) continue;
     for (std::size_t k = 0; k < wanted.size(); ++k) {
       if (wanted[k] == numbered->first) found[k] = points_left[i];
     }

@@ -64,7 +64,7 @@ bool PairEvaluator::CheckResidual(const std::vector<cv::Point2f>& measured_right
   if (residuals.kept.empty()) return false;
   std::sort(residuals.kept.begin(), residuals.kept.end(), ascending);
   if (residuals.kept.back() > kOutlierLimit) return false;
-  const double kept = static_cast<double>(residuals.kept.size());
+  const auto kept = static_cast<double>(residuals.kept.size());
   tri_mean = static_cast<float>(residuals.sum / kept);
   tri_min = static_cast<float>(residuals.kept.front());
   tri_max = static_cast<float>(residuals.kept.back());

@@ -19,7 +19,7 @@ struct Motion {
 cv::Point3f centroidOf(const std::vector<cv::Point3f>& points) {
   cv::Point3f sum(0.0F, 0.0F, 0.0F);
   for (const cv::Point3f& point : points) sum += point;
-  const float count = static_cast<float>(points.size());
+  const auto count = static_cast<float>(points.size());
   return {sum.x / count, sum.y / count, sum.z / count};
 }
 
@@ -70,7 +70,7 @@ std::array<float, 4> residualRms(const std::vector<cv::Point3f>& aligned, const 
     z += d.z * d.z;
     total += d.x * d.x + d.y * d.y + d.z * d.z;
   }
-  const float count = static_cast<float>(aligned.size());
+  const auto count = static_cast<float>(aligned.size());
   return {std::sqrt(x / count), std::sqrt(y / count), std::sqrt(z / count), std::sqrt(total / count)};
 }
 

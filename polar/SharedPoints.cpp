@@ -3,7 +3,7 @@
 namespace {
 
 void dropMissing(PointsById& points, const PointsById& others) {
-  std::erase_if(points, [&others](const auto& entry) { return others.count(entry.first) == 0; });
+  std::erase_if(points, [&others](const auto& entry) { return !others.contains(entry.first); });
 }
 
 }  // namespace

@@ -22,8 +22,8 @@ TEST_P(ResidualArrow, PointsDownThreeHundredTimesTheError) {
   const ArrowCase& arrow = GetParam();
   cv::Mat picture = cv::Mat::zeros(100, 60, CV_8UC3);
   drawResidual(picture, {30.4F, 40.6F}, arrow.error);
-  // The shaft is three pixels wide and runs from the rounded point (30, 41) to its tip; one row behind the tip nothing
-  // is left.
+  // The shaft is three pixels wide and runs from the rounded point (30, 41) to its tip; its round end
+  // reaches two rows behind the tip.
   const int tip = 41 + arrow.length;
   const cv::Vec3b colour = arrow.green ? kGreen : kRed;
   EXPECT_EQ(picture.at<cv::Vec3b>(41, 30), colour);
