@@ -1,7 +1,7 @@
 #include "polar/FloatStatistics.h"
 
 FloatStatistics floatStatistics(const std::vector<float>& values) {
-  const float count = static_cast<float>(values.size());
+  const auto count = static_cast<float>(values.size());
   float sum = 0.0F;
   for (const float value : values) sum += value;
   const float mean = sum / count;

@@ -52,7 +52,7 @@ void judgeDistances(PairEvaluator& evaluator) {
     const double true_length = trueLength(truth.at(placeOf(a)), truth.at(placeOf(b)));
     const double measured_length =
         measuredLength(evaluator.pairPoints.at(placeOf(a)), evaluator.pairPoints.at(placeOf(b)));
-    const float error = static_cast<float>(measured_length - true_length);
+    const auto error = static_cast<float>(measured_length - true_length);
     console::out() << a << "---" << b << ": " << error << '\n';
     evaluator.frameValues.push_back(error);
   }

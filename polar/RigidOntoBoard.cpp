@@ -15,7 +15,7 @@ Eigen::Matrix3d rotationOf(const Eigen::Matrix3d& covariance) {
   // The decomposition leaves its matrices unset for such input.
   if (!covariance.allFinite()) return Eigen::Matrix3d::Constant(std::numeric_limits<double>::quiet_NaN());
   const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);
-  const Eigen::Matrix3d U = decomposition.matrixU();
+  const Eigen::Matrix3d& U = decomposition.matrixU();
   Eigen::Matrix3d V = decomposition.matrixV();
   Eigen::Matrix3d R = V * U.transpose();
   if (R.determinant() < 0.0) {
