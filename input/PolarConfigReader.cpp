@@ -1,5 +1,6 @@
 #include "input/PolarConfigReader.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <iterator>
@@ -26,11 +27,11 @@ using NamedPoint = std::pair<const char*, std::vector<double>*>;
 
 /// Reads points in turn and stops at the first present one that is not three numbers.
 bool readPoints(const KeyValueTable& table, const std::array<NamedPoint, 4>& points) {
-  for (const auto& [key, point] : points) {
+  return std::ranges::all_of(points, [&table](const NamedPoint& named) {
+    const auto& [key, point] = named;
     lookup(table, key, *point);
-    if (table.contains(key) && point->size() != kPointSize) return false;
-  }
-  return true;
+    return !table.contains(key) || point->size() == kPointSize;
+  });
 }
 
 void readGeneralKeys(const KeyValueTable& table, PolarConfig& out) {

@@ -43,7 +43,7 @@ Stream open(const std::string& path, std::ios::openmode mode) {
 }
 
 struct Closer {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <random>
 #include <set>
 
@@ -25,14 +26,20 @@ class LoadMultiCalibration : public testing::Test {
  protected:
   std::int32_t load(const std::string& content) {
     const ConsoleCapture capture;
-    const std::int32_t status = loadMultiCalibration(folder_.write("calib.bin", content).c_str(), &record_, 0);
+    // A name of its own each time: some file systems flush a file that is written over, which takes milliseconds.
+    const std::string path = folder_.write("calib" + std::to_string(++loads_) + ".bin", content);
+    const std::int32_t status = loadMultiCalibration(path.c_str(), &record_, 0);
     printed_ = capture.out();
+    std::filesystem::remove(path);
     return status;
   }
 
   TempFolder folder_;
   MultiCalibration record_;
   std::string printed_;
+
+ private:
+  int loads_ = 0;
 };
 
 std::string flipped(std::string text, std::size_t offset, unsigned mask = 1) {
