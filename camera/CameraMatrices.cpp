@@ -2,21 +2,27 @@
 
 #include <Eigen/Geometry>
 #include <opencv2/core/eigen.hpp>
+#include <vector>
 
 namespace {
 
-cv::Mat distortionRow(std::int32_t type, const CameraFloats& camera) {
+std::vector<double> distortionValues(std::int32_t type, const CameraFloats& camera) {
   const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
   switch (type) {
     case 0:
-      return (cv::Mat_<double>(1, 5) << k1, k2, p1, p2, k3);
+      return {k1, k2, p1, p2, k3};
     case 1:
-      return (cv::Mat_<double>(1, 8) << k1, k2, p1, p2, k3, k4, k5, k6);
+      return {k1, k2, p1, p2, k3, k4, k5, k6};
     case 2:
-      return (cv::Mat_<double>(1, 4) << k1, k2, k3, k4);
+      return {k1, k2, k3, k4};
     default:
       return {};
   }
+}
+
+cv::Mat rowOf(const std::vector<double>& values) {
+  if (values.empty()) return {};
+  return cv::Mat(values, true).reshape(1, 1);
 }
 
 }  // namespace
@@ -26,7 +32,7 @@ CameraMatrices BuildCameraMatrices(std::int32_t type, const CameraFloats& camera
   const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
   CameraMatrices matrices;
   matrices.K = (cv::Mat_<double>(3, 3) << fx, 0.0, cx, 0.0, fy, cy, 0.0, 0.0, 1.0);
-  matrices.D = distortionRow(type, camera);
+  matrices.D = rowOf(distortionValues(type, camera));
   return matrices;
 }
 

@@ -6,10 +6,12 @@ namespace {
 
 cv::Point2d meanOfMidEdges(const cv::Mat& K, const PointUndistortion& undistortion, const cv::Size& size,
                            const cv::Mat& rotation) {
-  const cv::Vec2d top(size.width / 2, 0);  // Whole pixels: the halves are truncated.
-  const cv::Vec2d right(size.width, size.height / 2);
-  const cv::Vec2d bottom(size.width / 2, size.height);
-  const cv::Vec2d left(0, size.height / 2);
+  const int mid_column = size.width / 2;  // Whole pixels: the halves are truncated.
+  const int mid_row = size.height / 2;
+  const cv::Vec2d top(mid_column, 0);
+  const cv::Vec2d right(size.width, mid_row);
+  const cv::Vec2d bottom(mid_column, size.height);
+  const cv::Vec2d left(0, mid_row);
   const cv::Mat mid_edges = (cv::Mat_<cv::Vec2d>(1, 4) << top, right, bottom, left);
   cv::Mat normalised;
   undistortion(mid_edges, normalised, K, rotation);

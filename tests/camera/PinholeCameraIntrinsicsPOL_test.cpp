@@ -206,9 +206,30 @@ TEST(RemoveDistortion, StaysWhereTheErrorIsWithinTheTolerance) {
   EXPECT_EQ(ideal, cv::Point2d(0.3, 0.4));
 }
 
+/// Adds the same to every point.
+Camera shifting(float x, float y) {
+  PolyTables tables{1, 1, {}, {}};
+  tables.x[0] = -x;
+  tables.y[0] = -y;
+  return {1000, 1000, 500, 500, 500, 500, 1.0, tables};
+}
+
+TEST(RemoveDistortion, AnErrorOfTheToleranceIsGoodEnough) {
+  // Two floats whose sum is the double 1e-6.
+  const float high = 0x1.0c6f7ap-20F;
+  const float low = 0x1.6bdb1ap-49F;
+  ASSERT_EQ(static_cast<double>(high) + static_cast<double>(low), 1e-6);
+  cv::Point2d ideal;
+  ASSERT_TRUE(shifting(high, low).RemoveDistortion({0, 0}, ideal));
+  EXPECT_EQ(ideal, cv::Point2d(0, 0));
+  const float above = 2 * low;
+  ASSERT_TRUE(shifting(high, above).RemoveDistortion({0, 0}, ideal));
+  EXPECT_EQ(ideal, cv::Point2d(-static_cast<double>(high), -static_cast<double>(above)));
+}
+
 // Each half takes what the border point came from into the other half.
-constexpr float kSmallStep = 0.00390625F;  // Less than the bias of 0.01 of a cell of width 1.
-constexpr float kLargeStep = 0.03125F;     // More than it.
+constexpr float kSmallStep = 0.0095F;  // Less than the bias of 0.01 of a cell of width 1.
+constexpr float kLargeStep = 0.0105F;  // More than it.
 
 TEST(RemoveDistortion, APointThatFlipsBetweenCellsIsSettledByTheBias) {
   const Camera camera = twoHalves(-kSmallStep, kSmallStep);
