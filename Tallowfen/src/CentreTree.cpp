@@ -37,7 +37,7 @@ CentreTree::CentreTree(std::vector<cv::Point2d> centres) : centres_(std::move(ce
 
 void CentreTree::split(Iterator begin, Iterator end, bool by_x) {
   if (end - begin < 2) return;
-  const Iterator middle = begin + (end - begin) / 2;
+  const auto middle = begin + (end - begin) / 2;
   std::nth_element(begin, middle, end, [&](std::uint32_t a, std::uint32_t b) {
     return by_x ? centres_[a].x < centres_[b].x : centres_[a].y < centres_[b].y;
   });

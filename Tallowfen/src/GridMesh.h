@@ -1,12 +1,12 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstdint>
 #include <deque>
 #include <map>
 #include <opencv2/core.hpp>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace kestrune {
@@ -17,7 +17,10 @@ struct GridPlace {
   std::int32_t column = 0;
   std::int32_t row = 0;
 
-  auto operator<=>(const GridPlace&) const = default;
+  bool operator==(const GridPlace&) const = default;
+  bool operator<(const GridPlace& other) const {
+    return std::tie(layer, column, row) < std::tie(other.layer, other.column, other.row);
+  }
 };
 
 /// Directed edge to one of a node's eight neighbours, kept in the slot of its direction. The three fields are -1 until

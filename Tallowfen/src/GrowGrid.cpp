@@ -44,8 +44,8 @@ void plantSeeds(const std::vector<std::int32_t>& s, const std::vector<Ellipse>& 
 // True within five times the ellipse's own outline. An ellipse without extent, such as a made-up dot, accepts its very
 // centre only.
 bool isNearOutline(const Ellipse& ellipse, const cv::Point2d& point) {
-  const float dx = static_cast<float>(point.x - ellipse.x);
-  const float dy = static_cast<float>(point.y - ellipse.y);
+  const auto dx = static_cast<float>(point.x - ellipse.x);
+  const auto dy = static_cast<float>(point.y - ellipse.y);
   if (ellipse.semi_a == 0 || ellipse.semi_b == 0) return dx == 0 && dy == 0;
   const double c = std::cos(ellipse.angle);
   const double s = std::sin(ellipse.angle);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -59,10 +60,7 @@ bool standsOnLandMark(const RingTargetConfig& config, const cv::Point2f& point) 
                                                      {config.land_mark2_x, config.land_mark2_y},
                                                      {config.land_mark3_x, config.land_mark3_y},
                                                      {config.land_mark4_x, config.land_mark4_y}}};
-  for (const auto& mark : marks) {
-    if (place == mark) return true;
-  }
-  return false;
+  return std::ranges::find(marks, place) != marks.end();
 }
 
 struct Pairs {

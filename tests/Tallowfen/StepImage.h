@@ -6,19 +6,19 @@
 #include <functional>
 #include <opencv2/core.hpp>
 
-/// Renders what `inside` tells of each place (x, y), pixel centres on integers, with 8 x 8 samples a pixel.
+/// Renders what `inside` tells of each place (x, y), pixel centres on integers, with so many samples a pixel in x and
+/// in y.
 inline cv::Mat renderShape(cv::Size size, std::uint8_t inside_grey, std::uint8_t outside_grey,
-                           const std::function<bool(double, double)>& inside) {
-  constexpr int kSamples = 8;
+                           const std::function<bool(double, double)>& inside, int samples = 8) {
   cv::Mat image(size, CV_8UC1);
   for (int y = 0; y < size.height; ++y) {
     for (int x = 0; x < size.width; ++x) {
       int hits = 0;
-      for (int i = 0; i < kSamples * kSamples; ++i) {
-        const double sx = x - 0.5 + (i % kSamples + 0.5) / kSamples, sy = y - 0.5 + (i / kSamples + 0.5) / kSamples;
+      for (int i = 0; i < samples * samples; ++i) {
+        const double sx = x - 0.5 + (i % samples + 0.5) / samples, sy = y - 0.5 + (i / samples + 0.5) / samples;
         hits += inside(sx, sy) ? 1 : 0;
       }
-      const double share = hits / static_cast<double>(kSamples * kSamples);
+      const double share = hits / static_cast<double>(samples * samples);
       image.at<std::uint8_t>(y, x) =
           static_cast<std::uint8_t>(std::lround(outside_grey + share * (inside_grey - outside_grey)));
     }
@@ -29,9 +29,10 @@ inline cv::Mat renderShape(cv::Size size, std::uint8_t inside_grey, std::uint8_t
 /// A straight edge at `distance` from (centre, centre) along the direction `angle`; the far side is bright.
 inline cv::Mat renderStep(int side, double distance, double angle, std::uint8_t dark, std::uint8_t bright) {
   const double centre = side / 2;
-  return renderShape({side, side}, bright, dark, [=](double x, double y) {
+  const auto beyond = [=](double x, double y) {
     return (x - centre) * std::cos(angle) + (y - centre) * std::sin(angle) > distance;
-  });
+  };
+  return renderShape({side, side}, bright, dark, beyond, 40);
 }
 
 /// `count` x `count` discs, `pitch` apart, the first one at (first, first).
