@@ -1,5 +1,6 @@
 #include "MorvenKit/src/NonMaximumSuppression.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -43,10 +44,8 @@ bool isRidge(const EdgeGradient& gradient, const cv::Point& at, const Direction&
 }
 
 bool isRidge(const EdgeGradient& gradient, const cv::Point& at) {
-  for (const Direction& direction : kDirections) {
-    if (isRidge(gradient, at, direction)) return true;
-  }
-  return false;
+  return std::any_of(kDirections.begin(), kDirections.end(),
+                     [&](const Direction& direction) { return isRidge(gradient, at, direction); });
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using Magnitude = std::uint16_t;
 Magnitude magnitudeAt(const cv::Mat& image, int y, int x) {
   const int gx = image.at<uchar>(y, x + 1) - image.at<uchar>(y, x - 1);
   const int gy = image.at<uchar>(y + 1, x) - image.at<uchar>(y - 1, x);
-  return static_cast<Magnitude>(std::sqrt(static_cast<double>(gx * gx + gy * gy)) + 0.5);
+  return static_cast<Magnitude>(std::lround(std::sqrt(static_cast<double>(gx * gx + gy * gy))));
 }
 
 cv::Mat_<Magnitude> magnitudes(const cv::Mat& image) {
