@@ -21,8 +21,8 @@ EdgePoints refineAt(const cv::Mat& image, cv::Point point) { return ZernikeEdgeR
 
 class StepEdge : public testing::TestWithParam<std::tuple<double, double>> {};
 
-// The moments are those of the unit disk, the pixels are squares that stand out of it: this leaves up to 0.07 px for
-// steps near the point. What has to hold is that the point lies on the edge, straight across from where the contour
+// The moments are those of the unit disk, the pixels are squares that stand out of it: this leaves less than 0.08 px
+// near the point. What has to hold is that the point lies on the edge, straight across from where the contour
 // was.
 TEST_P(StepEdge, IsFoundToAFractionOfAPixel) {
   const auto [distance, degrees] = GetParam();
