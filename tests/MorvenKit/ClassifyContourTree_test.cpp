@@ -190,21 +190,31 @@ TEST(ClassifyContourTree, MaskedCentreGivesWayToTheChildren) {
 }
 
 TEST(ClassifyContourTree, MaskIsReadAtTheRoundedCentre) {
-  // The right half stands one pixel further out: the centre lies between two pixels.
+  // The centre is (60.7, 59.7): pixel (61, 60).
   Scene scene;
-  Contour shifted = kInner;
-  for (std::size_t i = 0; i < shifted.size(); ++i) {
-    if (shifted[i].x > 60) ++shifted[i].x;
-  }
-  const Ellipses open = scene.walk(lone(shifted), kBinary);
-  ASSERT_EQ(open.size(), 1U);
-  const int x = static_cast<int>(open[0].x + 0.5), y = static_cast<int>(open[0].y + 0.5);
+  Contour contour;
+  for (const auto& p : drawing::Outline{60.7, 59.7, 20, 20}.points(120))
+    contour.emplace_back(cvRound(p.x), cvRound(p.y));
   scene.mask = cv::Mat(kSide, kSide, CV_8UC1, cv::Scalar(1));
-  scene.mask.at<uchar>(y, x) = 0;
-  EXPECT_TRUE(scene.walk(lone(shifted), kBinary).empty());
+  scene.mask.at<uchar>(60, 61) = 0;
+  EXPECT_TRUE(scene.walk(lone(contour), kBinary).empty());
   scene.mask.setTo(0);
-  scene.mask.at<uchar>(y, x) = 1;
-  EXPECT_EQ(scene.walk(lone(shifted), kBinary).size(), 1U);
+  scene.mask.at<uchar>(60, 61) = 1;
+  EXPECT_EQ(scene.walk(lone(contour), kBinary).size(), 1U);
+}
+
+TEST(ClassifyContourTree, CentreOffTheMaskIsMaskedOut) {
+  // Half a circle whose other half, with the centre, lies beyond the edge.
+  Scene scene;
+  Contour half;
+  for (int i = 0; i <= 80; ++i) {
+    const double t = CV_PI * (2.0 * i - 80.0) / 180.0;
+    half.emplace_back(cvRound(-4 + 50 * std::cos(t)), cvRound(80 + 50 * std::sin(t)));
+  }
+  const ContourTree tree = parentAndChild(half, kInner);
+  EXPECT_TRUE(scene.walk(tree, kBinary).empty());
+  scene.mask = cv::Mat(kSide, kSide, CV_8UC1, cv::Scalar(255));
+  EXPECT_EQ(scene.walk(tree, kBinary).size(), 1U);
 }
 
 TEST(ClassifyContourTree, SigmaOfAFailedFitGivesWayToTheChildren) {

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Drawing.h"
+#include "MorvenKit/src/LocalOtsuBinarize.h"
 
 using namespace kestrune::morvenkit;
 
@@ -22,7 +25,37 @@ EllipseDetectorParams blocks(int size) {
   return params;
 }
 
+/// Weighted sum of a 3 x 3 neighbourhood, mirrored at the border pixels, over `divisor`, rounded.
+cv::Mat weighted(const cv::Mat& image, const std::vector<int>& weights, int divisor) {
+  const auto mirrored = [](int i, int size) { return i < 0 ? -i : i >= size ? 2 * size - 2 - i : i; };
+  cv::Mat result(image.size(), CV_8UC1);
+  for (int y = 0; y < image.rows; ++y) {
+    for (int x = 0; x < image.cols; ++x) {
+      int sum = divisor / 2;
+      for (int k = 0; k < 9; ++k) {
+        const int value = image.at<uchar>(mirrored(y + k / 3 - 1, image.rows), mirrored(x + k % 3 - 1, image.cols));
+        sum += weights[static_cast<std::size_t>(k)] * value;
+      }
+      result.at<uchar>(y, x) = static_cast<uchar>(std::clamp(sum / divisor, 0, 255));
+    }
+  }
+  return result;
+}
+
+const std::vector<int> kSmooth = {1, 2, 1, 2, 4, 2, 1, 2, 1}, kSharpen = {0, -1, 0, -1, 5, -1, 0, -1, 0};
+
 }  // namespace
+
+TEST(LocalThreshold, ChainOfSteps) {
+  cv::Mat image = dots(320, 210), noise(image.size(), CV_8SC1);
+  cv::RNG(11).fill(noise, cv::RNG::NORMAL, 0, 25);
+  cv::add(image, noise, image, cv::noArray(), CV_8U);
+  cv::Mat expected = weighted(weighted(image, kSmooth, 16), kSharpen, 1);
+  cv::createCLAHE(1.0, {3, 2})->apply(expected, expected);
+  expected = weighted(expected, kSmooth, 16);
+  LocalOtsuBinarize(expected, expected, cv::INTER_CUBIC, 110);
+  EXPECT_EQ(cv::countNonZero(LocalThreshold(image, blocks(110)) != expected), 0);
+}
 
 TEST(LocalThreshold, DotsAreBlackOnWhite) {
   const cv::Mat image = dots(220, 210);

@@ -91,6 +91,11 @@ TEST(ScanLine, NumberOfStepsIsCutNotRounded) {
   EXPECT_EQ(ScanLine({0.4F, 3}, {4.3F, 3}, rowImage("#....#")), 1);
 }
 
+TEST(ScanLine, NoSampleLiesBeyondTheEnd) {
+  // From 0.5, rounded to 1: |d| + 1 = 4.7, so columns 1 to 4 and the end at 4. Column 5 is not looked at.
+  EXPECT_EQ(ScanLine({0.5F, 3}, {4.2F, 3}, rowImage(".....#")), 0);
+}
+
 TEST(ScanLine, EndBetweenPixelsIsAddedOnceMore) {
   // The sample at 4 is not the end's 4.3 as a float; the end rounds to 4 as well. A pixel twice is no change.
   EXPECT_EQ(ScanLine({0, 3}, {4.3F, 3}, rowImage("....#.")), 1);

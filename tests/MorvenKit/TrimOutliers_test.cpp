@@ -107,6 +107,18 @@ TEST(TrimOutliers, LimitLiesBetweenTheRootsOfEightAndNine) {
   EXPECT_EQ(nine.size(), 8U);
 }
 
+TEST(TrimOutliers, LimitLiesBetweenTwoPointNineOneAndTwoPointNineThree) {
+  // Eight points at a residual s and one at 1: 1 / rms is sqrt(9 / (1 + 8 s^2)).
+  const auto kept = [](float s) {
+    auto points = withOutlier(8, 1.0F, 8);
+    for (std::size_t i = 0; i < 8; ++i) points[i] *= 1.0F + s / 10.0F;
+    EXPECT_GT(trimOutliers(kCircle, points), 0.0);
+    return points.size();
+  };
+  EXPECT_EQ(kept(0.08861F), 9U);  // 2.91
+  EXPECT_EQ(kept(0.07774F), 8U);  // 2.93
+}
+
 TEST(TrimOutliers, WorksInSinglePrecision) {
   // The centre is narrowed: 1e-9 beside 100 is nothing.
   std::vector<cv::Point2f> points = {{110, 50}, {90, 50}, {100, 60}, {100, 40}};
