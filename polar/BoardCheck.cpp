@@ -31,7 +31,7 @@ class BoardCheckTable {
  public:
   BoardCheckTable(const PairEvaluator& evaluator, bool wanted)
       : file_(files::openOutput(wanted && evaluator.config().discalsave
-                                    ? pairFile(evaluator.result_folder, evaluator.image_id, "_boardcheck.csv")
+                                    ? pairFile(evaluator.result_folder, evaluator.image_id, kBoardCheckTable)
                                     : "",
                                 std::ios::app)),
         rows_(file_) {

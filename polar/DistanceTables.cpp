@@ -15,7 +15,7 @@ std::ofstream openTable(const PairEvaluator& evaluator, bool wanted, const char*
 DistanceTables::DistanceTables(const PairEvaluator& evaluator, bool with_board_check)
     : distances_file_(openTable(evaluator, true, "_diserr.csv")),
       points_file_(openTable(evaluator, true, "_tripoints.csv")),
-      board_check_file_(openTable(evaluator, with_board_check, "_boardcheck.csv")),
+      board_check_file_(openTable(evaluator, with_board_check, kBoardCheckTable)),
       distances_(distances_file_),
       points_(points_file_),
       board_check_(board_check_file_) {}

@@ -14,6 +14,8 @@ PairEvaluator makeRectifiedEvaluator(const PolarCore& core, const RectifiedGeome
                          static_cast<float>(geometry.cx), static_cast<float>(geometry.cy),
                          static_cast<float>(geometry.disparity_offset)};
   evaluator.boardPoints = geometry.boardPoints;
+  // Rectified images have no lens and no camera matrix to compensate with, whatever the configuration says.
+  evaluator.eccentricity = false;
   return evaluator;
 }
 

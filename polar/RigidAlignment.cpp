@@ -1,5 +1,6 @@
 #include <Eigen/Dense>
 #include <cmath>
+#include <limits>
 #include <opencv2/calib3d.hpp>
 #include <opencv2/core/eigen.hpp>
 #include <stdexcept>
@@ -26,6 +27,13 @@ cv::Point3f centroidOf(const std::vector<cv::Point3f>& points) {
 Eigen::Vector3d widened(const cv::Point3f& point) { return {point.x, point.y, point.z}; }
 
 /// The determinant is not looked at: points that are mirrored against each other give a reflection, which is meant.
+/// Points that are no numbers give no rotation: the decomposition would leave its matrices unset.
+Eigen::Matrix3d rotationOf(const Eigen::Matrix3d& covariance) {
+  if (!covariance.allFinite()) return Eigen::Matrix3d::Constant(std::numeric_limits<double>::quiet_NaN());
+  const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);
+  return decomposition.matrixU() * decomposition.matrixV().transpose();
+}
+
 Motion fitMotion(const std::vector<cv::Point3f>& source, const std::vector<cv::Point3f>& target) {
   const cv::Point3f source_centre = centroidOf(source);
   const cv::Point3f target_centre = centroidOf(target);
@@ -33,8 +41,7 @@ Motion fitMotion(const std::vector<cv::Point3f>& source, const std::vector<cv::P
   for (std::size_t i = 0; i < source.size(); ++i) {
     covariance += widened(target[i] - target_centre) * widened(source[i] - source_centre).transpose();
   }
-  const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);
-  const Eigen::Matrix3d R = decomposition.matrixU() * decomposition.matrixV().transpose();
+  const Eigen::Matrix3d R = rotationOf(covariance);
   const Eigen::Vector3d t = widened(target_centre) - R * widened(source_centre);
   Motion motion;
   cv::eigen2cv(R, motion.R);

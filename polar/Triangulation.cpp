@@ -1,6 +1,7 @@
 #include "polar/Triangulation.h"
 
 #include <Eigen/Dense>
+#include <limits>
 #include <opencv2/core/eigen.hpp>
 
 #include "platform/Console.h"
@@ -78,13 +79,15 @@ void reportFailures(const UndistortedPair& pair, const cv::Point2f& pixel_left, 
 }
 
 /// The point of the left frame that both undistorted pixels see. Its components are narrowed before the division, its
-/// fourth is not.
+/// fourth is not. An undistortion that ran away leaves equations without finite numbers: the point is none then, as the
+/// decomposition would leave its matrices unset.
 Eigen::Vector3d linearPoint(const UndistortedPair& pair, const Projection& left, const Projection& right) {
   Eigen::Matrix4d equations;
   equations.row(0) = pair.pixel_left.x * left.row(2) - left.row(0);
   equations.row(1) = pair.pixel_left.y * left.row(2) - left.row(1);
   equations.row(2) = pair.pixel_right.x * right.row(2) - right.row(0);
   equations.row(3) = pair.pixel_right.y * right.row(2) - right.row(1);
+  if (!equations.allFinite()) return Eigen::Vector3d::Constant(std::numeric_limits<double>::quiet_NaN());
   const Eigen::JacobiSVD<Eigen::Matrix4d> decomposition(equations, Eigen::ComputeFullU | Eigen::ComputeFullV);
   const Eigen::Vector4d homogeneous = decomposition.matrixV().col(3);
   Eigen::Vector3d point;

@@ -19,7 +19,8 @@ nlohmann::json bounds() {
 
 std::vector<std::string> boundedPresets() {
   std::vector<std::string> names;
-  for (const auto& [name, bound] : bounds().items())
+  const nlohmann::json all = bounds();
+  for (const auto& [name, bound] : all.items())
     if (bound.is_object()) names.push_back(name);
   return names;
 }

@@ -50,7 +50,7 @@ TEST(Evaluations, RowDifferencesOfASavedRectifiedPairAreThoseOfTheRun) {
 TEST(Evaluations, CompensationStaysOffAfterTheFirstRectifiedPair) {
   const RunOutcome run =
       rings().evaluate(std::string(kOff) + "triangulate_dis_switch: 1\ndy_bias_switch: 1\neccentricity: 1\n" +
-                       "TriPoint1_ID: 48\nTriPoint2_ID: 60\nTriPoint3_ID: 400\nTriPoint4_ID: 410\n"
+                       "TriPoint1_ID: 48\nTriPoint2_ID: 60\nTriPoint3_ID: 200\nTriPoint4_ID: 210\n"
                        "TriPoint1_GT: [0,0,0]\nTriPoint2_GT: [0,0,0]\nTriPoint3_GT: [0,0,0]\nTriPoint4_GT: [0,0,0]");
   ASSERT_EQ(run.records.size(), 2U);
   EXPECT_EQ(countOf(run.out, "use eccentricity!\n"), 2U);
@@ -189,7 +189,7 @@ TEST(Evaluations, OutlierEndsTheRunAndIsNamed) {
   calib.boardPoints.at(100).x += 8.0F;
   const RunOutcome run = rings().evaluate(rings().polarWith({{"discalsave", "1"}}), "", calib);
   EXPECT_EQ(run.status, polar_status::kOutlier);
-  EXPECT_EQ(run.error_text, "Failed in board check!Find outlier id: 100;total num of detect points: 483");
+  EXPECT_EQ(run.error_text, "Failed in board check!Find outlier id: 100;total num of detect points: 255");
   EXPECT_THAT(run.out, ::testing::HasSubstr("**********find maximum outlier**********\n"));
 }
 

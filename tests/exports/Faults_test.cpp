@@ -88,6 +88,7 @@ TEST_F(SpoiledSet, ImageThatIsNone) {
 TEST_F(SpoiledSet, TruncatedBinaryCalibration) {
   const std::string whole = folder.read("calib.bin");
   folder.write("calib.bin", whole.substr(0, 3000));
+  folder.write("polar.txt", "type: 1\nspaceRms_switch: 0");
   run("calib.bin");
   EXPECT_THAT(out, HasSubstr("Read Poly Fail!\n"));
 }
@@ -104,6 +105,7 @@ TEST_F(SpoiledSet, FlippedBitInATableBlock) {
   std::string bytes = folder.read("calib.bin");
   bytes[50 + 54 + 81 + 700] = static_cast<char>(bytes[50 + 54 + 81 + 700] ^ 0x10);
   folder.write("calib.bin", bytes);
+  folder.write("polar.txt", "type: 1\nspaceRms_switch: 0");
   MultiCalibration record;
   EXPECT_EQ(LoadCalibrationParamsMulti(folder.file("calib.bin").c_str(), &record, 0), polar_status::kCrcMismatch);
   run("calib.bin");
@@ -146,7 +148,7 @@ TEST_F(SpoiledSet, ListWithThreeColumns) {
 TEST_F(SpoiledSet, LineOfThreeNamesUnderTwoCamerasKeepsTheEarlierPairs) {
   folder.write("list.txt", "#L R\nleft_0.png right_0.png\nleft_1.png right_1.png left_1.png\n");
   EXPECT_EQ(run(), 0);
-  EXPECT_EQ(err.substr(0, 52), "fname pairs does not agree with number of camera!\n");
+  EXPECT_THAT(err, ::testing::StartsWith("fname pairs does not agree with number of camera!\n"));
   EXPECT_EQ(results.size(), 1U);
 }
 

@@ -60,7 +60,7 @@ TEST_F(ImageSet, OtherEvaluationValuesMakeRecordsWithoutAFile) {
 
 TEST_F(ImageSet, NoFolderWithoutSavedPolarLines) {
   config.dy_bias_switch = 1;
-  pairs(1);
+  pairs(1, 400, 300);
   run();
   EXPECT_FALSE(folder.has("result"));
 }

@@ -211,4 +211,27 @@ TEST_F(PairMeasurement, ListsAreAppendedTo) {
   EXPECT_EQ(pair.left_points.size(), pair.left_by_id.size() + 1);
 }
 
+/// A board told two columns too narrow: the dots beyond it get the ids of dots in the rows beside.
+TEST_F(PairMeasurement, FirstDetectedPointOfAnIdStays) {
+  const int cols = rendered.scene().board.cols;
+  const std::string target = scene::targetIni(rendered.scene()) + "\ncols: " + std::to_string(cols - 2) + "\n";
+  kestrune::RingTarget ring_target;
+  ASSERT_TRUE(ring_target.loadConfig(target));
+  kestrune::RingTarget::Points points;
+  kestrune::RingTarget::Points unidentified;
+  ASSERT_TRUE(ring_target.detect(left, points, unidentified, cv::Mat()));
+  PointsById first;
+  std::size_t repeated = 0;
+  for (const auto& point : points)
+    repeated += first.try_emplace(point.id, static_cast<float>(point.x), static_cast<float>(point.y)).second ? 0 : 1;
+  ASSERT_GT(repeated, 10U);
+
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(evaluator.MeasurePairPoints(target.c_str(), left, right, pair), 0);
+  for (const auto& [id, pixel_left] : pair.left_by_id) EXPECT_EQ(pixel_left, first.at(id)) << id;
+  MeasuredPair detected;
+  ASSERT_EQ(evaluator.DetectPairPoints(target.c_str(), left, right, detected), 0);
+  EXPECT_EQ(detected.left_by_id, first);
+}
+
 }  // namespace

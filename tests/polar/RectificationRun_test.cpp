@@ -4,6 +4,9 @@
 #include "PolarLinePrecision/Status.h"
 #include "polar/PolarCore.h"
 #include "support/RunFixture.h"
+#include "tools/scene/Presets.h"
+#include "tools/scene/Render.h"
+#include "tools/scene/TargetText.h"
 
 namespace {
 
@@ -87,6 +90,18 @@ TEST_F(Rectified, EmptyImageAndCallbackEndTheRun) {
   stop_at = 1e9F;
   arguments.images[0][0] = cv::Mat();
   EXPECT_EQ(run(), polar_status::kImages);
+}
+
+TEST_F(Rectified, EccentricityIsNotCompensatedHere) {
+  const scene::Scene scene = *scene::makePreset("big_640", {.pairs = 1, .seed = {}, .read_noise = {}});
+  const scene::ImagePair images = scene::renderPair(scene, 0);
+  arguments.images = {{images.left}, {images.right}};
+  arguments.targetConfigPath = scene::targetIni(scene);
+  config.dy_bias_switch = 1;
+  config.eccentricity = true;
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 1U);
+  EXPECT_EQ(console.out().find("use eccentricity!"), std::string::npos);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 #include "platform/Console.h"
@@ -37,6 +38,14 @@ TEST_F(RigidAlignment, MovedSetIsCarriedOntoItself) {
   EXPECT_EQ(&evaluator.AlignRigid(rms, source, target, aligned), &rms);
   expectAligned(target, 1e-3);
   for (const float figure : rms) EXPECT_LT(figure, 1e-3F);
+}
+
+TEST_F(RigidAlignment, PointsThatAreNoNumbersGiveNoMotion) {
+  Points target = source;
+  target[2].y = std::numeric_limits<float>::infinity();
+  evaluator.AlignRigid(rms, source, target, aligned);
+  for (const cv::Point3f& point : aligned) EXPECT_TRUE(std::isnan(point.x) && std::isnan(point.z));
+  for (const float figure : rms) EXPECT_TRUE(std::isnan(figure));
 }
 
 TEST_F(RigidAlignment, PrintsRotationVectorAndResiduals) {

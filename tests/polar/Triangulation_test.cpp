@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "support/ExactPair.h"
 
@@ -41,6 +42,17 @@ EvaluationCameras plainCameras() {
 double rounded(double value) {
   const volatile float narrow = static_cast<float>(value);
   return static_cast<double>(narrow);
+}
+
+TEST(Triangulation, EquationsWithoutFiniteNumbersGiveNoPoint) {
+  const ScriptedModel model;
+  const float infinite = std::numeric_limits<float>::infinity();
+  for (const cv::Point2f& bad : {cv::Point2f(infinite, 10), cv::Point2f(10, std::nanf(""))}) {
+    const auto points = TriangulatePair(bad, {300, 200}, plainCameras(), model);
+    ASSERT_EQ(points.size(), 2U);
+    for (const cv::Point3f& point : points)
+      EXPECT_TRUE(std::isnan(point.x) && std::isnan(point.y) && std::isnan(point.z));
+  }
 }
 
 TEST(Triangulation, ExactProjectionsThroughBrownLensesGiveThePointBack) {

@@ -43,12 +43,21 @@ TEST(IdealRectification, EachCameraTurnsHalf) {
   EXPECT_NEAR(turn.right.at(2, 1), -std::sin(0.1), 1e-14);
 }
 
-TEST(IdealRectification, FocalLengthIsShortenedForBarrelLenses) {
+TEST(IdealRectification, BrownPairAtScaleOneHasTheMeanFocalLength) {
   scene::StereoRig rig = scene::rectifiedRig({800, 600, 60});
-  rig.left.fy = rig.right.fy = 1000.0;
-  EXPECT_DOUBLE_EQ(scene::rectifiedFocal(rig), 1000.0);
-  rig.right.lens[0] = -0.1;
-  EXPECT_DOUBLE_EQ(scene::rectifiedFocal(rig), 975.0);  // 1000 (1 - 0.1 (800^2 + 600^2) / (4 1000^2))
+  rig.left.fy = 1000.0;
+  rig.right.fy = 1010.0;
+  EXPECT_DOUBLE_EQ(scene::rectifiedFocal(rig, 1.0), 1005.0);
+}
+
+TEST(IdealRectification, ScaledPairHasTheSmallerOfTheLargerFocalLengths) {
+  scene::StereoRig rig = scene::rectifiedRig({800, 600, 60});
+  rig.left.fx = rig.left.fy = 1000.0;
+  rig.right.fx = 1010.0;
+  rig.right.fy = 1010.0;
+  EXPECT_DOUBLE_EQ(scene::rectifiedFocal(rig, 2.0), 2000.0);
+  rig.left.fx = 1250.0;  // the larger one, 1250, becomes 1250 * 1000 / 1250 along the rows' axis
+  EXPECT_DOUBLE_EQ(scene::rectifiedFocal(rig, 0.5), 500.0);
 }
 
 }  // namespace

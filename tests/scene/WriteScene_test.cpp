@@ -42,7 +42,7 @@ TEST(WriteScene, TruthIsInTheDocument) {
   EXPECT_EQ(json["seed"], 4);
   ASSERT_EQ(json["pairs"].size(), 1U);
   const auto& dots = json["pairs"][0]["dots"];
-  ASSERT_EQ(dots.size(), 21U * 23U);
+  ASSERT_EQ(dots.size(), 15U * 17U);
   const scene::DotTruth last = scene::pairTruth(scene, 0).dots.back();
   EXPECT_EQ(dots.back()[0], 482);
   EXPECT_EQ(dots.back()[6][0].get<double>(), last.ellipse_left.centre.x);
@@ -113,10 +113,10 @@ TEST(TargetText, IniHasALineAKey) {
 }
 
 TEST(PolarText, PointsStandTwoInFromTheCorners) {
-  const std::string text = scene::polarText(*scene::makePreset("ring_320"));  // 21 x 23, step 17.5
-  EXPECT_NE(text.find("TriPoint1_ID: 48\n"), std::string::npos);
-  EXPECT_NE(text.find("PolPoint4_ID: 434\n"), std::string::npos);
-  EXPECT_NE(text.find("TriPoint4_GT: [350,315,0]\n"), std::string::npos);
+  const std::string text = scene::polarText(*scene::makePreset("ring_320"));  // 15 x 17, step 17.5
+  EXPECT_NE(text.find("TriPoint1_ID: 36\n"), std::string::npos);
+  EXPECT_NE(text.find("PolPoint4_ID: 218\n"), std::string::npos);
+  EXPECT_NE(text.find("TriPoint4_GT: [245,210,0]\n"), std::string::npos);
   EXPECT_NE(text.find("frame_work: 0\n"), std::string::npos);
   EXPECT_EQ(text.find(": ["), text.find(": [35,35,0]"));
 }

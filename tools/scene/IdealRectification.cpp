@@ -33,12 +33,9 @@ Matrix3 turnOntoX(const Point3& vector) {
   return rotationFromVector((std::acos(std::abs(vector.x) / norm(vector)) / length) * axis);
 }
 
-double focalOf(const Camera& camera) {
-  const double k1 = camera.lens[0];
-  if (camera.model != LensModel::kBrown || k1 >= 0.0) return camera.fy;
-  const double w = camera.width;
-  const double h = camera.height;
-  return camera.fy * (1.0 + k1 * (w * w + h * h) / (4.0 * camera.fy * camera.fy));
+/// The larger focal length times the scale, along the rows' axis for pixels that are not square.
+double scaledFocal(const Camera& camera, double f_scale) {
+  return std::max(camera.fx, camera.fy) * f_scale * camera.fy / camera.fx;
 }
 
 }  // namespace
@@ -50,6 +47,9 @@ IdealRectification idealRectification(const StereoRig& rig) {
   return {onto_x * transposed(half_back), onto_x * half_back};
 }
 
-double rectifiedFocal(const StereoRig& rig) { return std::min(focalOf(rig.left), focalOf(rig.right)); }
+double rectifiedFocal(const StereoRig& rig, double f_scale) {
+  if (rig.left.model == LensModel::kBrown && f_scale == 1.0) return 0.5 * (rig.left.fy + rig.right.fy);
+  return std::min(scaledFocal(rig.left, f_scale), scaledFocal(rig.right, f_scale));
+}
 
 }  // namespace scene

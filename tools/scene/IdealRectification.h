@@ -14,8 +14,9 @@ struct IdealRectification {
 /// Precondition: the baseline lies nearer to x than to y.
 IdealRectification idealRectification(const StereoRig& rig);
 
-/// The common focal length in pixels that the row differences of `Truth` are told for: the smaller fy of the two,
-/// shortened for a Brown lens of negative K1 as OpenCV's stereo rectification does it.
-double rectifiedFocal(const StereoRig& rig);
+/// The common focal length in pixels that the row differences of `Truth` are told for: the mean fy of two Brown cameras
+/// at scale 1, as OpenCV's stereo rectification takes it; otherwise the smaller of the two cameras' larger focal
+/// lengths, times the scale.
+double rectifiedFocal(const StereoRig& rig, double f_scale);
 
 }  // namespace scene

@@ -16,8 +16,6 @@ Board ringBoard(BoardKind kind, int rows, int cols) {
 
 Board largeRingBoard(BoardKind kind) { return ringBoard(kind, 35, 37); }
 
-Board middleRingBoard() { return ringBoard(BoardKind::kSmallRings, 21, 23); }
-
 Board smallRingBoard() {
   Board board = ringBoard(BoardKind::kSmallRings, 15, 17);
   board.outter_width = 13;

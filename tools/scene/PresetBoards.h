@@ -8,9 +8,6 @@ namespace scene {
 /// 35 x 37 rings of the kind, step 17.5 mm.
 Board largeRingBoard(BoardKind kind);
 
-/// 21 x 23 small rings.
-Board middleRingBoard();
-
 /// 15 x 17 small rings.
 Board smallRingBoard();
 

@@ -126,8 +126,8 @@ struct Preset {
 };
 
 constexpr std::array kPresets{
-    Preset{"ring_320", "21 x 23 small rings, 320 x 256",
-           [] { return little(draft(brownRig(k320), middleRingBoard(), 2)); }},
+    Preset{"ring_320", "15 x 17 small rings, 320 x 256",
+           [] { return little(draft(brownRig(k320), smallRingBoard(), 2)); }},
     Preset{"ring_640", "35 x 37 small rings, 640 x 512",
            [] { return little(draft(brownRig(k640), largeRingBoard(BoardKind::kSmallRings), 3)); }},
     Preset{"ring_640_small", "15 x 17 small rings, 640 x 512",

@@ -50,7 +50,7 @@ DotTruth dotTruth(const Scene& scene, const Views& views, double focal, const Ma
 PairTruth pairTruth(const Scene& scene, std::size_t index) {
   PairTruth truth;
   truth.left_from_board = scene.left_from_board.at(index);
-  truth.rectified_focal = rectifiedFocal(scene.given);
+  truth.rectified_focal = rectifiedFocal(scene.given, scene.settings.f_scale);
   const Views views = viewsOf(scene, truth.left_from_board);
   for (const Mark& mark : marksOf(scene.board))
     truth.dots.push_back(dotTruth(scene, views, truth.rectified_focal, mark));
