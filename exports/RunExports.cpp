@@ -14,6 +14,11 @@ const ProgressCallback kAlwaysGoOn = [](float /*percentage*/) { return true; };
 
 using Clock = std::chrono::steady_clock;
 
+std::string textOf(const char* text, const char* name) {
+  requireNonNull(text, name);
+  return text;
+}
+
 std::int32_t failWith(const PolarPrecision& precision, std::int32_t status) {
   return error_channel::fail(precision.lastError(), status);
 }
@@ -46,10 +51,10 @@ std::int32_t CalPolarLinePrecision(const char* polarConfigPath, const char* targ
                                    std::vector<PolarResultRecord>* results) {
   requireNonNull(results, "results");
   const auto precision = std::make_shared<PolarPrecision>();
-  const std::string polarConfig(polarConfigPath);
-  const std::string targetConfig(targetConfigPath);
-  const std::string calibration(calibrationPath);
-  const std::string imageList(imageListPath);
+  const std::string polarConfig = textOf(polarConfigPath, "polarConfigPath");
+  const std::string targetConfig = textOf(targetConfigPath, "targetConfigPath");
+  const std::string calibration = textOf(calibrationPath, "calibrationPath");
+  const std::string imageList = textOf(imageListPath, "imageListPath");
 
   std::int32_t status = precision->ReadPolarConfig(polarConfig, files::folderOf(imageList));
   if (status != polar_status::kSuccess) return failWith(*precision, status);
@@ -71,8 +76,8 @@ std::int32_t CalPolarLinePrecisionOutMat(const char* polarConfigPath, const char
   requireNonNull(results, "results");
   const auto start = Clock::now();
   const auto precision = std::make_shared<PolarPrecision>();
-  const std::string polarConfig(polarConfigPath);
-  const std::string targetConfig(targetConfigPath);
+  const std::string polarConfig = textOf(polarConfigPath, "polarConfigPath");
+  const std::string targetConfig = textOf(targetConfigPath, "targetConfigPath");
 
   const std::int32_t status =
       precision->ReadPolarConfig(polarConfig, resultFolder == nullptr ? std::string() : std::string(resultFolder));
@@ -92,9 +97,9 @@ std::int32_t CalRecificationPrecision(const char* polarConfigPath, const char* t
   requireNonNull(results, "results");
   const auto start = Clock::now();
   const auto precision = std::make_shared<PolarPrecision>();
-  const std::string polarConfig(polarConfigPath);
-  const std::string targetConfig(targetConfigPath);
-  const std::string imageList(imageListPath);
+  const std::string polarConfig = textOf(polarConfigPath, "polarConfigPath");
+  const std::string targetConfig = textOf(targetConfigPath, "targetConfigPath");
+  const std::string imageList = textOf(imageListPath, "imageListPath");
 
   const std::int32_t status = precision->ReadPolarConfig(polarConfig, files::folderOf(imageList));
   if (status != polar_status::kSuccess) return failWith(*precision, status);
@@ -110,10 +115,10 @@ std::int32_t CalRecificationPrecision(const char* polarConfigPath, const char* t
 std::int32_t CalTempCompensateCoeff(const char* polarConfigPath, const char* targetConfigPath,
                                     const char* calibrationPath, const char* imageListPath) {
   const auto precision = std::make_shared<PolarPrecision>();
-  const std::string polarConfig(polarConfigPath);
-  const std::string targetConfig(targetConfigPath);
-  const std::string calibration(calibrationPath);
-  const std::string imageList(imageListPath);
+  const std::string polarConfig = textOf(polarConfigPath, "polarConfigPath");
+  const std::string targetConfig = textOf(targetConfigPath, "targetConfigPath");
+  const std::string calibration = textOf(calibrationPath, "calibrationPath");
+  const std::string imageList = textOf(imageListPath, "imageListPath");
 
   if (precision->ReadPolarConfig(polarConfig, " ") != 0) return failWith(*precision, polar_status::kNoCore);
   StereoCalibParams calib;

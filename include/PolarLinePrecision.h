@@ -5,7 +5,8 @@
 ///
 /// The names are undecorated, the content is C++: a caller is built against the same standard library and OpenCV.
 /// Each call stands alone; only the text of the last failure survives it. Two calls may not overlap. Exceptions of
-/// OpenCV and of the standard library pass through to the caller. Paths are narrow strings; "\\" and, where the system
+/// OpenCV and of the standard library pass through to the caller. Every function throws `std::logic_error` for a null
+/// argument, before any work, unless its text says otherwise. Paths are narrow strings; "\\" and, where the system
 /// has it, "/" separate folders, so that on such a system a file whose name holds a backslash cannot be reached.
 
 #include <cstdint>
@@ -78,9 +79,11 @@ POLARLINEPRECISION_API std::int32_t CalTempCompensateCoeff(const char* polarConf
 /// Reads a calibration (`.json` or `.bin`) into the caller's record; its board points stay. A calibration that cannot
 /// be read gives zeros.
 /// @return 0, or 7 when the path does not exist (which is printed).
+/// @throws std::filesystem::filesystem_error when the path's status cannot be told; OpenCV's exception for a malformed
+/// document.
 POLARLINEPRECISION_API std::int32_t ReadCalibParams(std::string path, ExportedCalibParams* calibration);
 
-/// Reads an image list and all its images.
+/// Reads an image list and all its images. `images` is emptied first.
 /// @return 0, 1 when the list is not right (the images read so far stay in `images`), 7 when the path does not exist
 /// (which is printed).
 POLARLINEPRECISION_API std::int32_t ReadCalibImagelist(const std::string& path, ImagePairList* images);
@@ -90,8 +93,8 @@ POLARLINEPRECISION_API std::int32_t ReadCalibImagelist(const std::string& path, 
 /// @return 0, or 1 when a table is missing (which is printed).
 POLARLINEPRECISION_API std::int32_t ReadTxtPolyParams(std::string folder, ExportedCalibParams* calibration);
 
-/// Reads 42 board points from a CSV report.
-/// @param second_layout  Which of the two layouts the report has.
+/// Reads 42 board points from a CSV report; the list is replaced.
+/// @param second_layout  False: the first layout, true: the second one.
 /// @return 0, or 7 when the path does not exist (which is printed).
 POLARLINEPRECISION_API std::int32_t ReadBoardGTFromCSV(std::string path, BoardGroundTruth* board_points,
                                                        bool second_layout);

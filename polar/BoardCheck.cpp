@@ -9,6 +9,7 @@
 #include "polar/PairTriangulation.h"
 #include "polar/RigidOntoBoard.h"
 #include "polar/RowWriter.h"
+#include "polar/SummaryFile.h"
 
 namespace {
 
@@ -36,12 +37,11 @@ class BoardCheckTable {
                                 std::ios::app)),
         rows_(file_) {
     rows_.row("");
-    DistanceTables::columnHeader(rows_, kFigure);
+    DistanceTables::columnHeader(rows_, kSpaceRms);
   }
-  void add(std::int32_t id, double distance) { rows_.row(id, kFigure, distance); }
+  void add(std::int32_t id, double distance) { rows_.row(id, kSpaceRms, distance); }
 
  private:
-  static constexpr const char* kFigure = "space_rms";
   std::ofstream file_;
   RowWriter rows_;
 };

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <string>
 
 #include "PolarLinePrecision/Status.h"
 #include "camera/BrownCamera.h"
@@ -10,8 +11,9 @@
 #include "polar/SummaryFile.h"
 
 std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCalibParams& calib) {
-  std::ofstream summary = files::openOutput(summaryPath(*config, arguments.evaluation, "frame_result.csv"));
-  writeFrameHeader(summary, *config);
+  const std::string summary_name = summaryPath(*config, arguments.evaluation, "frame_result.csv");
+  std::ofstream summary = files::openOutput(summary_name);
+  if (!summary_name.empty()) writeFrameHeader(summary, *config);
   if (!loadRunCameras(*this, calib, arguments.type)) {
     errorText = kReadImageError;  // Not the text of the image-set run: callers of frame runs know this one.
     return polar_status::kPolyTables;

@@ -63,7 +63,11 @@ class ImageSetPair {
                                              cameras());
   }
 
+  // Without a model for `type` the outputs stay as they are given, so they are given empty: each pair then goes on
+  // unwarped.
   void rectify() {
+    core_.left_rectified.release();
+    core_.right_rectified.release();
     RectifyPair({core_.config->f_scale, core_.config->x_y, core_.left_camera, core_.right_camera}, core_.Q, rectified_,
                 core_.left_image, core_.right_image,
                 {core_.left.K, core_.left.D, core_.right.K, core_.right.D, core_.R, core_.T}, core_.left_rectified,

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <string>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Files.h"
@@ -51,7 +52,8 @@ PairStatus evaluatePair(const PolarCore& core, const RunArguments& arguments, Pa
 }  // namespace
 
 std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const RectifiedGeometry& geometry) {
-  std::ofstream summary = files::openOutput(summaryPath(*config, arguments.evaluation, "align_data.csv"));
+  std::ofstream summary =
+      files::openOutput(summaryPath(*config, arguments.evaluation, std::string(kSummaryStem) + ".csv"));
   writeSummaryHeader(summary, *config, false);
   PairEvaluator evaluator = makeRectifiedEvaluator(*this, geometry);
   if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;

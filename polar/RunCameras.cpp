@@ -20,7 +20,12 @@ CameraFloats narrowed(const CameraCalib& camera, std::int32_t type) {
   return floats;
 }
 
-bool hasTables(const CameraCalib& camera) { return camera.poly_nx != 0 && camera.poly_ny != 0; }
+// A caller may claim more cells than a table has room for; such a grid is none.
+bool hasTables(const CameraCalib& camera) {
+  constexpr std::size_t kCoefficientsPerCell = 10;
+  const std::size_t cells = static_cast<std::size_t>(camera.poly_nx) * camera.poly_ny;
+  return cells != 0 && cells * kCoefficientsPerCell <= camera.poly_x.size();
+}
 
 void loadExtrinsics(PolarCore& core, const StereoCalibParams& calib) {
   for (std::size_t k = 0; k < 3; ++k) {

@@ -17,7 +17,7 @@ std::string summaryPath(const PolarConfig& config, std::int32_t evaluation, cons
 
 std::string freeSummaryPath(const PolarConfig& config, std::int32_t evaluation) {
   const auto candidate = [&](int n) {
-    return summaryPath(config, evaluation, "align_data_" + std::to_string(n) + ".csv");
+    return summaryPath(config, evaluation, std::string(kSummaryStem) + "_" + std::to_string(n) + ".csv");
   };
   int n = 0;
   while (files::openInput(candidate(n)).is_open()) ++n;
@@ -38,7 +38,7 @@ void writeSummaryHeader(std::ostream& stream, const PolarConfig& config, bool wi
               ",pol_dis_err_min,pol_dis_err_max";
   if (config.oqc_switch != 0)
     for (std::size_t entry = 1; entry <= config.Cal_ID_DIS.size(); ++entry) stream << ",id_dis" << entry;
-  if (with_space_rms && config.spaceRms_switch) stream << ",space_rms";
+  if (with_space_rms && config.spaceRms_switch) stream << "," << kSpaceRms;
   stream << std::endl;
 }
 

@@ -5,6 +5,11 @@
 
 #include "input/PolarConfig.h"
 
+/// What the names of the numbered and of the rectification summary begin with.
+inline constexpr const char* kSummaryStem = "align_data";
+/// Name of the board check's figure in every table.
+inline constexpr const char* kSpaceRms = "space_rms";
+
 /// Path of a summary in the result folder: `name` below it, or, when nothing is to be written, empty.
 std::string summaryPath(const PolarConfig& config, std::int32_t evaluation, const std::string& name);
 

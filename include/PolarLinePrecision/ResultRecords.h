@@ -43,6 +43,7 @@ struct PolarResultRecord {
   double zero_dis = 0.0;            ///< Mean range of the board points from the left camera, board unit.
   /// Left rotation vector x, y, z (degrees) and distance of the board's centre, then the same for the right camera.
   std::array<double, 8> PoseReport{};
+  /// The shared points, in ascending id; filled by the distance evaluation and by frame runs.
   std::vector<TriPointRecord> pairPoints;
   float icp_x_rms = 0.0F;  ///< Residual of the rigid fit of the board to the measured points along x, board unit.
   float icp_y_rms = 0.0F;

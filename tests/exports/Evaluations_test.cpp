@@ -10,6 +10,8 @@
 
 namespace {
 
+using ::testing::HasSubstr;
+
 std::size_t countOf(const std::string& text, const std::string& part) {
   std::size_t count = 0;
   for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
@@ -238,6 +240,77 @@ TEST(Evaluations, FormsOfTheTargetConfigurationGiveTheSameFigures) {
   }
   EXPECT_EQ(means[0], means[1]);
   EXPECT_EQ(means[0], means[2]);
+}
+
+/// A board, nothing, a board: what a pair that is given up does to numbers and names.
+ImagePairList withABlankPair() {
+  ImagePairList images = rings().images();
+  for (auto& list : images) list.insert(list.begin() + 1, cv::Mat(list[0].size(), CV_8UC1, cv::Scalar(90)));
+  return images;
+}
+
+std::vector<std::string> firstCells(const std::string& table) {
+  std::vector<std::string> cells;
+  for (std::size_t at = table.find("Images_num_: "); at != std::string::npos; at = table.find("Images_num_: ", at + 1))
+    cells.push_back(table.substr(at + 13, 1));
+  return cells;
+}
+
+TEST(Evaluations, PairGivenUpLeavesAGapInTheRowsAndCountsInTheProgress) {
+  const TempFolder results;
+  std::vector<PolarResultRecord> records;
+  std::vector<float> reported;
+  const ProgressCallback progress = [&](float value) {
+    reported.push_back(value);
+    return true;
+  };
+  const ConsoleCapture quiet;
+  const std::string polar = std::string(kOff) + "evaluation: 1\ndy_bias_switch: 1\ndy_bias_savecsv_swithch: 1\n";
+  ASSERT_EQ(CalPolarLinePrecisionOutMat(polar.c_str(), rings().file("target.ini").c_str(), rings().calibration(),
+                                        withABlankPair(), &records, &progress, results.path().c_str()),
+            0);
+  EXPECT_EQ(records.size(), 2U);
+  EXPECT_EQ(firstCells(results.read("align_data_0.csv")), (std::vector<std::string>{"1", "3"}));
+  EXPECT_EQ(reported[reported.size() - 2], 3.0F * 33.0F + 0.003F) << "the lost pair counts";
+  EXPECT_TRUE(results.has("2_left_dy.csv")) << "and so does its number";
+}
+
+TEST(Evaluations, PairGivenUpOfARectificationRunDoesNotCount) {
+  const TempFolder results;
+  const ImagePairList images = withABlankPair();
+  for (std::size_t pair = 0; pair < 3; ++pair)
+    for (std::size_t side = 0; side < 2; ++side)
+      cv::imwrite(results.file(std::to_string(side) + std::to_string(pair) + ".png"), images[side][pair]);
+  results.write("list.txt", "#L R\n00.png 10.png\n01.png 11.png\n02.png 12.png\n");
+  std::vector<PolarResultRecord> records;
+  const ConsoleCapture console;
+  ASSERT_EQ(
+      CalRecificationPrecision("evaluation: 1\ndy_bias_switch: 1\ndy_bias_savecsv_swithch: 1",
+                               rings().file("target.ini").c_str(), {}, results.file("list.txt").c_str(), &records),
+      0);
+  EXPECT_EQ(records.size(), 2U);
+  EXPECT_EQ(firstCells(results.read("align_data.csv")), (std::vector<std::string>{"1", "3"}));
+  EXPECT_THAT(console.out(), HasSubstr("--------LoadImageFrames ------2\t"));
+  EXPECT_THAT(console.out(), ::testing::Not(HasSubstr("--------LoadImageFrames ------3\t")));
+  EXPECT_TRUE(results.has("1_left_dy.csv")) << "the pair after takes the lost one's number";
+  EXPECT_FALSE(results.has("2_left_dy.csv"));
+}
+
+TEST(Evaluations, UnknownModelLeavesEveryPairUnwarped) {
+  const RunOutcome run = rings().evaluate(std::string(kOff) + "type: 5\ndy_bias_switch: 1\n");
+  ASSERT_EQ(run.records.size(), 2U);
+  EXPECT_NE(run.records[0].dy_means, run.records[1].dy_means) << "the second pair is not the first one again";
+  EXPECT_EQ(run.out.find("Virtual camera"), std::string::npos);
+}
+
+TEST(Evaluations, PolyRunNamesItsStages) {
+  const RenderedSet& set = RenderedSet::of("poly_1920");
+  const RunOutcome run = set.evaluate(set.polarWith({{"dy_bias_switch", "0"}, {"foursixmethod_swithch", "0"}}));
+  ASSERT_EQ(run.status, 0);
+  EXPECT_EQ(countOf(run.out, "CalTriangulateRepPOLY\n"), 2U);
+  EXPECT_EQ(countOf(run.out, "distortion model: POLY\n"), 2U);
+  EXPECT_EQ(run.out.find("Brown"), std::string::npos);
+  EXPECT_GT(run.records.at(0).space_rms, 0.0);
 }
 
 }  // namespace

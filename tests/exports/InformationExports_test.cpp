@@ -33,6 +33,16 @@ TEST(ErrorInformation, FailureReplacesTheTextAndSuccessKeepsIt) {
   EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
 
+TEST(ErrorInformation, SuccessfulRunAfterAFailureKeepsTheOldText) {
+  callWithMissingCalibration();
+  const ConsoleCapture quiet;
+  const cv::Mat image(20, 20, CV_8UC1, cv::Scalar(0));
+  std::vector<PolarResultRecord> results;
+  EXPECT_EQ(CalPolarLinePrecisionOutMat("spaceRms_switch: 0", "", {}, {{image}, {image}}, &results, nullptr, nullptr),
+            0);
+  EXPECT_EQ(currentText(), "Fail to read calib result file");
+}
+
 TEST(ErrorInformation, FailureWithoutATextLeavesItEmpty) {
   callWithMissingCalibration();
   const ConsoleCapture quiet;
@@ -60,6 +70,7 @@ TEST(NullArguments, AreRefusedBeforeAnyWork) {
   EXPECT_THROW(GetVersionPolarLinePrecision(nullptr), std::logic_error);
   EXPECT_THROW(CalPolarLinePrecision("", "", "", "", nullptr), std::logic_error);
   EXPECT_THROW(CalPolarLinePrecision(nullptr, "", "", "", &results), std::logic_error);
+  EXPECT_THROW(CalPolarLinePrecision("", "", "", nullptr, &results), std::logic_error);
   EXPECT_THROW(CalPolarLinePrecisionOutMat("", "", calib, {}, nullptr, nullptr, nullptr), std::logic_error);
   EXPECT_THROW(CalPolarLinePrecisionOutMat("", nullptr, calib, {}, &results, nullptr, nullptr), std::logic_error);
   EXPECT_THROW(CalRecificationPrecision("", "", {}, "", nullptr), std::logic_error);

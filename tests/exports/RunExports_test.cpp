@@ -40,9 +40,15 @@ struct RunExports : ::testing::Test {
 };
 
 TEST_F(RunExports, NullCallbackAndFolderWriteNothingButReturnTheRecords) {
-  EXPECT_EQ(inMemory(nullptr, nullptr), 0);
+  polar += "\nsavepolarline: 1\ndy_bias_savecsv_swithch: 1\nallpointssavecsv_swithch: 1";
+  const std::filesystem::path before = std::filesystem::current_path();
+  const TempFolder working;
+  std::filesystem::current_path(working.path());
+  const std::int32_t status = inMemory(nullptr, nullptr);
+  std::filesystem::current_path(before);
+  EXPECT_EQ(status, 0);
   EXPECT_EQ(results.size(), 2U);
-  EXPECT_FALSE(folder.has("align_data_0.csv"));
+  EXPECT_TRUE(std::filesystem::is_empty(working.path()));
 }
 
 TEST_F(RunExports, ProgressIsReportedFromTheFirstToTheLast) {
@@ -62,6 +68,7 @@ struct StoppedRun : RunExports, ::testing::WithParamInterface<Stop> {};
 
 TEST_P(StoppedRun, EndsWith35AndItsText) {
   stop_at = GetParam().at;
+  results.resize(1);
   EXPECT_EQ(inMemory(&progress, nullptr), polar_status::kStoppedByCallback);
   EXPECT_EQ(errorText(), GetParam().text);
   EXPECT_EQ(results.size(), GetParam().records);
@@ -69,10 +76,10 @@ TEST_P(StoppedRun, EndsWith35AndItsText) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Stations, StoppedRun,
-                         ::testing::Values(Stop{0.001F, "Callback Terminated", 0},
-                                           Stop{0.002F, "Callback Terminated", 0},
-                                           Stop{0.003F, "Callback Terminated!", 0},
-                                           Stop{49.503F, "Callback Terminated!", 0},
+                         ::testing::Values(Stop{0.001F, "Callback Terminated", 1},
+                                           Stop{0.002F, "Callback Terminated", 1},
+                                           Stop{0.003F, "Callback Terminated!", 1},
+                                           Stop{49.503F, "Callback Terminated!", 1},
                                            Stop{100.0F, "Callback Terminated", 2}));
 
 TEST_F(RunExports, EmptyCallbackFunctionRaises) {

@@ -86,4 +86,14 @@ TEST_F(Frames, ShortFrameListsFailOnTheAccess) {
   EXPECT_THROW(core.FrameRun(arguments, calib), std::out_of_range);
 }
 
+TEST_F(Frames, HeaderIsFormedOnlyForAFile) {
+  config.Frame_ID_DIS = {{1}};
+  config.result_folder.clear();
+  pairs(0);
+  EXPECT_EQ(run(), 0);
+  config.result_folder = folder.path().string();
+  applyConfig();
+  EXPECT_THROW(core.FrameRun(arguments, calib), std::out_of_range);
+}
+
 }  // namespace

@@ -52,6 +52,16 @@ TEST(RunCameras, EveryTableMustBeThere) {
   }
 }
 
+TEST(RunCameras, GridOfMoreCellsThanATableHoldsIsNone) {
+  RunFixture f;
+  f.calib.left.poly_nx = f.calib.right.poly_nx = 10;
+  f.calib.left.poly_ny = f.calib.right.poly_ny = 5;
+  EXPECT_TRUE(loadRunCameras(f.core, f.calib, 3));
+  f.calib.right.poly_nx = 17;
+  f.calib.right.poly_ny = 3;  // 51 cells
+  EXPECT_FALSE(loadRunCameras(f.core, f.calib, 3));
+}
+
 TEST(RunCameras, EvaluatorTakesTheCoresValues) {
   RunFixture f;
   f.config.eccentricity = true;

@@ -44,7 +44,7 @@ TEST(WriteScene, TruthIsInTheDocument) {
   const auto& dots = json["pairs"][0]["dots"];
   ASSERT_EQ(dots.size(), 15U * 17U);
   const scene::DotTruth last = scene::pairTruth(scene, 0).dots.back();
-  EXPECT_EQ(dots.back()[0], 482);
+  EXPECT_EQ(dots.back()[0], 254);
   EXPECT_EQ(dots.back()[6][0].get<double>(), last.ellipse_left.centre.x);
 }
 
