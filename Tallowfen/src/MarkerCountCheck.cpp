@@ -38,17 +38,18 @@ int cut(double value) {
 }
 
 int whitePixelsAround(const cv::Mat& binary_image, const Ellipse& ellipse) {
-  const double reach = ellipse.semi_a + 2.0;
-  const int left = std::max(0, cut(ellipse.x - reach));
-  const int top = std::max(0, cut(ellipse.y - reach));
-  const int right = std::min(binary_image.cols, cut(ellipse.x + reach));
-  const int bottom = std::min(binary_image.rows, cut(ellipse.y + reach));
+  // One term after the other: their sum taken beforehand can round to another pixel.
+  const int left = std::max(0, cut(ellipse.x - ellipse.semi_a - 2.0));
+  const int top = std::max(0, cut(ellipse.y - ellipse.semi_a - 2.0));
+  const int right = std::min(binary_image.cols, cut(ellipse.x + ellipse.semi_a + 2.0));
+  const int bottom = std::min(binary_image.rows, cut(ellipse.y + ellipse.semi_a + 2.0));
   if (left >= right || top >= bottom) return 0;
   return cv::countNonZero(binary_image(cv::Range(top, bottom), cv::Range(left, right)));
 }
 
 std::vector<Ellipse> nearestToMeanCount(const cv::Mat& binary_image, const std::vector<Ellipse>& list) {
   std::vector<int> counts;
+  counts.reserve(list.size());
   int sum = 0;
   for (const Ellipse& ellipse : list) {
     counts.push_back(whitePixelsAround(binary_image, ellipse));
@@ -56,6 +57,7 @@ std::vector<Ellipse> nearestToMeanCount(const cv::Mat& binary_image, const std::
   }
   const int mean = sum / static_cast<int>(counts.size());
   std::vector<float> differences;
+  differences.reserve(counts.size());
   for (const int count : counts) differences.push_back(static_cast<float>(std::abs(count - mean)));
   std::vector<int> order;
   cv::sortIdx(differences, order, cv::SORT_EVERY_ROW | cv::SORT_ASCENDING);

@@ -124,6 +124,46 @@ TEST(MarkerCountCheck, CountsWhitePixelsWithTheEndExclusive) {
   EXPECT_EQ(centres(list), centres(corners(8)));
 }
 
+/// An ellipse whose square has other pixels when the semi-axis and the margin are added before they are taken off.
+struct RoundedSquare {
+  const char* name;
+  double centre, semi_a;
+  int column;         ///< The pixels in question.
+  int corner_pixels;  ///< Of each corner: what the square would hold with the other rounding.
+};
+
+class MarkerCountRounding : public testing::TestWithParam<RoundedSquare> {
+ protected:
+  /// Eight white pixels in the column in question, beside the middle of the image's left edge.
+  cv::Mat picture() const {
+    cv::Mat binary(400, 400, CV_8UC1, cv::Scalar(0));
+    binary(cv::Rect(GetParam().column, 196, 1, 8)) = 255;
+    for (const auto& [x, y] : centres(corners(8))) {
+      binary(cv::Rect(static_cast<int>(x), static_cast<int>(y), 1, GetParam().corner_pixels)) = 255;
+    }
+    return binary;
+  }
+};
+
+// The odd one out by its count, unless the rounding makes it equal to the corners: then it would stay, as the first.
+TEST_P(MarkerCountRounding, TermsAreTakenFromLeftToRight) {
+  List across = corners(8);
+  across.insert(across.begin(), ellipse(GetParam().centre, 200, GetParam().semi_a));
+  EXPECT_TRUE(MarkerCountCheck(picture(), across, 4));
+  EXPECT_EQ(centres(across), centres(corners(8)));
+
+  List down = corners(8);
+  down.insert(down.begin(), ellipse(200, GetParam().centre, GetParam().semi_a));
+  EXPECT_TRUE(MarkerCountCheck(picture().t(), down, 4));
+  EXPECT_EQ(centres(down), centres(corners(8)));
+}
+
+// 41.8 - 8.8 - 2 is 31, 41.8 - 10.8 a little less. The other pair ends at 65, or just below it.
+INSTANTIATE_TEST_SUITE_P(Ends, MarkerCountRounding,
+                         testing::Values(RoundedSquare{"First", 41.8, 8.8, 30, 8},
+                                         RoundedSquare{"Last", 54.49999999999999, 8.499999999999998, 64, 0}),
+                         [](const auto& tested) { return tested.param.name; });
+
 TEST(MarkerCountCheck, MeanCountIsAnIntegerDivision) {
   // Counts 0, 0, 0, 3, 1: sum 4, mean 0 (not 0.8), differences 0, 0, 0, 3, 1. The one with 3 goes.
   List list = corners(8);
