@@ -52,7 +52,9 @@ bool SeedNeighbours(const RingTargetConfig& config, const MarkerSizes& sizes, co
   // Only a complete block gets here, so that eight never occur; the limit and its text are the detector's own.
   const std::size_t count = numbering.seed_indices.size();
   if (count >= 8) return true;
-  console::err() << "Do not have enough ring neighbors: " << count << ", which should be more than 8!" << std::endl;
+  console::err() << cv::format("Do not have enough ring neighbors: %lu, which should be more than 8!",
+                               static_cast<unsigned long>(count))
+                 << "\n";
   return false;
 }
 
