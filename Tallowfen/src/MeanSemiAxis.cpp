@@ -4,9 +4,15 @@
 #include <limits>
 
 namespace kestrune {
+namespace {
+
+/// No configuration gives this type, as its readers refuse it; the rule counts it among the boards without rings.
+constexpr std::int32_t kUnreadBoard = 4;
+
+}  // namespace
 
 NearbyDots nearbyDotsOf(const RingTargetConfig& config, int image_width) {
-  const bool by_ratio = config.board_type == 3 || config.board_type == 4;
+  const bool by_ratio = config.board_type == kBigDotBoard || config.board_type == kUnreadBoard;
   return {by_ratio ? static_cast<double>(2.0F / config.ratio_solid) : 5.0, 2.0 * image_width / 640.0};
 }
 

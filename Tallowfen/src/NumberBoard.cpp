@@ -13,8 +13,6 @@
 namespace kestrune {
 namespace {
 
-constexpr std::int32_t kBigDotBoard = 3;
-
 bool fail(const char* text, const EllipsesByClass& lists) {
   console::err() << cv::format(text, static_cast<unsigned long>(lists.rings.size()),
                                static_cast<unsigned long>(lists.solids.size()));

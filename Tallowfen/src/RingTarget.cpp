@@ -22,7 +22,6 @@
 namespace kestrune {
 namespace {
 
-constexpr std::int32_t kBigDotBoard = 3;
 constexpr std::size_t kFewestBoardPoints = 6;
 constexpr std::size_t kRegionValues = 4;
 

@@ -5,6 +5,9 @@
 
 namespace kestrune {
 
+/// The board type with four big dots for markers; the others bear rings.
+inline constexpr std::int32_t kBigDotBoard = 3;
+
 /// Geometry of a board and limits of its detection. The fields bear their configuration keys' names.
 struct RingTargetConfig {
   std::uint16_t seed = 0;

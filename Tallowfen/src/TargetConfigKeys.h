@@ -4,6 +4,11 @@
 
 namespace kestrune {
 
+/// The sequence of records in a document.
+inline constexpr const char* kPatternsKey = "patterns";
+/// The list of ids of a big dot board.
+inline constexpr const char* kDetectionIdKey = "detection_id";
+
 /// Calls `visit(key, field)` for each key that tells the board's geometry, in the order in which they are saved.
 template <typename Config, typename Visitor>
 void visitGeometryKeys(Config& config, const Visitor& visit) {
@@ -20,8 +25,8 @@ void visitGeometryKeys(Config& config, const Visitor& visit) {
   visit("ratio_big_ring", config.ratio_big_ring);
 }
 
-/// The same for the keys that only a big dot board reads and whose absence means 0. `detection_id` is left to the
-/// caller.
+/// The same for the keys that only a big dot board reads and whose absence means 0. The list of ids is
+/// left to the caller.
 template <typename Config, typename Visitor>
 void visitDetectionKeys(Config& config, const Visitor& visit) {
   visit("detection_switch", config.detection_switch);

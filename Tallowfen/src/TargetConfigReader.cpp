@@ -19,7 +19,6 @@ using morvenkit::DetectorErrc;
 
 constexpr const char* kOperation = "[RingTarget::loadConfig]";
 constexpr std::int32_t kDefaultBlocksize = 200;
-constexpr std::int32_t kBigDotBoard = 3;
 
 bool isRingBoard(std::int32_t board_type) { return board_type == 1 || board_type == 2; }
 
@@ -78,12 +77,12 @@ void readBigDotKeys(const cv::FileNode& node, RingTargetConfig& config) {
     if (!node[key].empty()) reader(key, field);
   });
   std::vector<int> ids;
-  node["detection_id"] >> ids;
+  node[kDetectionIdKey] >> ids;
   config.detection_id = narrowed(ids);
 }
 
 cv::FileNode firstPattern(const cv::FileStorage& storage) {
-  const cv::FileNode patterns = storage["patterns"];
+  const cv::FileNode patterns = storage[kPatternsKey];
   if (patterns.empty()) throw std::system_error(make_error_code(DetectorErrc::kBadConfiguration), "[");
   return patterns[0];
 }
@@ -93,7 +92,7 @@ void readBigDotKeys(const KeyValueTable& table, RingTargetConfig& config) {
   visitDetectionKeys(config, reader);
   visitLimitKeys(config, reader);
   std::vector<std::int32_t> ids = {0};
-  lookup(table, "detection_id", ids);
+  lookup(table, kDetectionIdKey, ids);
   config.detection_id = narrowed(ids);
 }
 

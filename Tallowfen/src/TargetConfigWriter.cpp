@@ -29,8 +29,7 @@ void writeStorageConfig(const std::string& path, const RingTargetConfig& config)
   if (!isStorageFile(path)) fail(DetectorErrc::kFileTypeNotSupported);
   cv::FileStorage storage;
   if (!openStorage(storage, path, cv::FileStorage::WRITE, kOperation)) fail(DetectorErrc::kFileNotAccessible);
-  storage << "patterns"
-          << "["
+  storage << kPatternsKey << "["
           << "{";
   visitGeometryKeys(config, NodeWriter{&storage});
   storage << "}"
