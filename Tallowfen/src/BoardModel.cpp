@@ -4,6 +4,7 @@
 #include <map>
 #include <ostream>
 
+#include "Tallowfen/src/BoardSize.h"
 #include "platform/Console.h"
 
 namespace kestrune {
@@ -23,10 +24,6 @@ void printPosition(const char* label, const cv::Point3d& p) {
   console::out() << label << p.x << " " << p.y << " " << p.z << "\n";
 }
 
-std::size_t pointCount(const RingTargetConfig& config) {
-  return static_cast<std::size_t>(config.rows) * static_cast<std::size_t>(config.cols);
-}
-
 }  // namespace
 
 std::uint8_t pointClassOfIndex(std::int32_t index) {
@@ -44,7 +41,7 @@ std::int32_t centreIndexOf(const RingTargetConfig& config) {
 }
 
 std::vector<BoardPoint> makeBoardModel(const RingTargetConfig& config, const std::vector<cv::Point3f>& ground_truth) {
-  const std::size_t count = pointCount(config);
+  const std::size_t count = dotCountOf(config);
   const bool has_truth = !ground_truth.empty() && ground_truth.size() == count;
   console::out() << (has_truth ? "Calibration board GT mode" : "Calibration board Normal mode") << "\n";
   const float radius = config.ratio_solid * config.step;

@@ -18,6 +18,7 @@ std::int32_t centreIndexOf(const RingTargetConfig& config);
 
 /// The board's points by id, row by row: the ground truth when it holds exactly one point for each, otherwise the
 /// regular grid at z = 0. Prints which of the two it is, and the first and last point. Board frame, board unit.
+/// Throws `cv::Exception`, before it prints, for a board of too many dots (see BoardSize.h).
 std::vector<morvenkit::BoardPoint> makeBoardModel(const RingTargetConfig& config,
                                                   const std::vector<cv::Point3f>& ground_truth);
 

@@ -50,10 +50,7 @@ bool RingTarget::loadConfig(const std::string& config) {
     record = readTextConfig(text);
   }
   std::vector<RingTargetConfig> patterns;
-  if (record) {
-    config_ = *record;
-    patterns.push_back(*record);
-  }
+  if (record) patterns.push_back(*record);
   buildBoardModel(patterns);
   return true;
 }
@@ -64,8 +61,11 @@ bool RingTarget::saveConfig(const std::string& path) {
 }
 
 void RingTarget::buildBoardModel(const std::vector<RingTargetConfig>& patterns) {
+  // Without a pattern the board is that of the defaults, whatever was configured before.
+  const RingTargetConfig config = patterns.empty() ? RingTargetConfig() : patterns.front();
+  board_model_ = makeBoardModel(config, board_points_3d_);  // A board that is refused leaves the target as it was.
+  config_ = config;
   patterns_ = patterns;
-  board_model_ = makeBoardModel(config_, board_points_3d_);
   board_point_ids_.clear();
   for (const morvenkit::BoardPoint& point : board_model_) board_point_ids_.push_back(point.id);
   centre_index_ = centreIndexOf(config_);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "Tallowfen/src/BoardSize.h"
 #include "Tallowfen/src/MarkerHomography.h"
 #include "Tallowfen/src/MarkerIndex.h"
 #include "Tallowfen/src/MarkerLayout.h"
@@ -18,14 +19,13 @@ namespace {
 // The board's grid points in model units, each given away once.
 class FreeGrid {
  public:
-  explicit FreeGrid(const RingTargetConfig& config) {
+  explicit FreeGrid(const RingTargetConfig& config) : used_(dotCountOf(config), false) {
     const float step_y = config.step_y == 0.0F ? config.step : config.step_y;
     for (int column = 0; column < config.cols; ++column) columns_.push_back(static_cast<float>(column) * config.step);
     for (int row = 0; row < config.rows; ++row) rows_.push_back(static_cast<float>(row) * step_y);
-    release();
   }
 
-  void release() { used_.assign(rows_.size() * columns_.size(), false); }
+  void release() { used_.assign(used_.size(), false); }
 
   // The first free grid point, row by row, that is near the point given; it is used from then on.
   std::optional<std::size_t> take(const cv::Point2f& point) {
@@ -47,9 +47,9 @@ class FreeGrid {
 
  private:
   static constexpr float kReach = 8.0F;
+  std::vector<bool> used_;
   std::vector<float> columns_;
   std::vector<float> rows_;
-  std::vector<bool> used_;
 };
 
 // Compared as they are configured, also when the layout does not use them: the grid point (0, 0) is a land mark as long

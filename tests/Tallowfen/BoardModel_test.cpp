@@ -109,6 +109,12 @@ TEST(BoardModel, GroundTruthOfAnotherSizeFallsBackInSilence) {
   }
 }
 
+TEST(BoardModel, OfTooManyDotsIsRefusedBeforeAnythingIsPrinted) {
+  const ConsoleCapture console;
+  EXPECT_THROW(makeBoardModel(board(4097, 4096, 10.0F, 0), {}), cv::Exception);
+  EXPECT_EQ(console.out(), "");
+}
+
 TEST(BoardModel, WithoutPointsNothingButTheModeIsPrinted) {
   const Made made = make(board(0, 5, 10.0F, 0));
   EXPECT_TRUE(made.model.empty());

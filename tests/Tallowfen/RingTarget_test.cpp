@@ -11,6 +11,7 @@
 namespace {
 
 using kestrune::RingTarget;
+using kestrune::RingTargetConfig;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -113,6 +114,60 @@ TEST(LoadConfig, ASecondConfigurationReplacesTheFirst) {
   load(target, "board_type: 2\nrows: 1\ncols: 2\nstep: 5\n");
   EXPECT_EQ(target.patterns().size(), 1U);
   EXPECT_THAT(target.boardPointIds(), ElementsAre(0, 1));
+}
+
+TEST(LoadConfig, AnUnknownBoardAfterAKnownOneBringsTheDefaultsBack) {
+  RingTarget target;
+  load(target, "board_type: 3\nrows: 2\ncols: 3\nstep: 10\nid_method: 1\nbin_blocksize: 50\nmin_radius: 7\n");
+  ASSERT_EQ(target.config().id_method, 1);
+  EXPECT_TRUE(load(target, "board_type: 4\nrows: 3\n").result);
+  const RingTargetConfig defaults;
+  EXPECT_EQ(target.config().board_type, 2);
+  EXPECT_EQ(target.config().rows, 71);
+  EXPECT_EQ(target.config().cols, 73);
+  EXPECT_EQ(target.config().step, 17.5F);
+  EXPECT_EQ(target.config().id_method, defaults.id_method);
+  EXPECT_EQ(target.config().bin_blocksize, defaults.bin_blocksize);
+  EXPECT_EQ(target.config().min_radius, defaults.min_radius);
+  EXPECT_THAT(target.patterns(), IsEmpty());
+  EXPECT_EQ(target.boardModel().size(), 71U * 73U);
+  EXPECT_EQ(target.centreIndex(), 2591);
+}
+
+TEST(LoadConfig, ABigDotBoardWithoutARowPitchIsSquare) {
+  for (const char* row_pitch : {"", "step_y: 0\n"}) {
+    RingTarget target;
+    EXPECT_TRUE(load(target, std::string("board_type: 3\nrows: 3\ncols: 2\nstep: 12.5\n") + row_pitch).result);
+    EXPECT_EQ(target.config().step_y, 0.0F);
+    ASSERT_EQ(target.boardModel().size(), 6U);
+    EXPECT_EQ(target.boardModel()[5].position, cv::Point3d(12.5, 25.0, 0.0));
+  }
+}
+
+class OversizedBoard : public testing::TestWithParam<const char*> {};
+
+TEST_P(OversizedBoard, IsRefusedAndLeavesTheTargetAsItWas) {
+  RingTarget target;
+  load(target, kSmallBoard);
+  EXPECT_THROW(load(target, GetParam()), cv::Exception);
+  EXPECT_EQ(target.config().rows, 2);
+  EXPECT_EQ(target.patterns().size(), 1U);
+  EXPECT_EQ(target.boardModel().size(), 6U);
+  EXPECT_EQ(target.centreIndex(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, OversizedBoard,
+                         testing::Values("board_type: 2\nrows: 20000\ncols: 20000\n",
+                                         "board_type: 3\nrows: 65535\ncols: 65535\nid_method: 1\n",
+                                         "board_type: 1\nrows: -1\ncols: 257\n"));
+
+// A word reads as the largest int, of which 16 bits stay.
+TEST(LoadConfig, SizesThatAreWordsInADocumentMakeAnOversizedBoard) {
+  const TempFolder folder;
+  const std::string path =
+      folder.write("t.json", R"({ "patterns": [ { "board_type": 2, "rows": "71", "cols": "73" } ] })");
+  RingTarget target;
+  EXPECT_THROW(load(target, path), cv::Exception);
 }
 
 TEST(SetBoardPoints, FewerThanSixKeepTheOldOnes) {

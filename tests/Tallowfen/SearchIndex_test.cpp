@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 
 #include "BoardView.h"
 #include "Tallowfen/src/MarkerIndex.h"
@@ -58,6 +59,28 @@ TEST_F(Search, DotsOnLandMarksAreLeftOut) {
   EXPECT_TRUE(hasId(0));
   for (const auto& [column, row] : kBigDots) EXPECT_FALSE(hasId(row * 37 + column));
   expectTrueIds();
+}
+
+// Only the layout takes the step in y as it is; land marks do without it, and the grid is square then.
+TEST_F(Search, LandMarksNumberASquareGridWithoutARowPitch) {
+  config.step_y = 0;
+  config.land_mark_switch = 1;
+  config.land_mark1_x = 320, config.land_mark1_y = 380, config.land_mark2_x = 400, config.land_mark2_y = 380;
+  config.land_mark3_x = 400, config.land_mark3_y = 300, config.land_mark4_x = 340, config.land_mark4_y = 300;
+  ASSERT_TRUE(run());
+  EXPECT_EQ(result.points.size(), 1291U);
+  for (const int id : {0, 37, 10 * 37 + 5, 34 * 37 + 36}) EXPECT_TRUE(hasId(id)) << id;
+  expectTrueIds();
+}
+
+TEST_F(Search, BoardOfTooManyDotsIsRefused) {
+  config.rows = config.cols = 65535;
+  try {
+    run();
+    FAIL() << "no exception";
+  } catch (const cv::Exception& error) {
+    EXPECT_NE(error.err.find("4294836225"), std::string::npos) << error.err;
+  }
 }
 
 TEST_F(Search, LandMarksCountAlsoWhileTheLayoutDoesNotUseThem) {
