@@ -122,7 +122,9 @@ RingTarget::Ellipses RingTarget::findMarkedEllipses(const cv::Mat& image, const 
   Ellipses ellipses;
   const WorkingScale scale = workingScaleOf(image.size());
   if (scale.resized) {
-    detector_->detect(workingImage(image, scale), ellipses, binary_image_, mask);
+    cv::Mat binary;
+    detector_->detect(workingImage(image, scale), ellipses, binary, mask);
+    binary_image_ = binary;
     mapToImage(scale, ellipses);
   } else {
     SubPixelCircleDetector(image, ellipses);
@@ -152,7 +154,9 @@ bool RingTarget::detectframework(const cv::Mat& image, Points& points, Points& u
   if (!startDetection(image, mask, "kestrune::RingTarget::detectframework", points, unidentified)) return false;
   Ellipses ellipses;
   const WorkingScale scale = workingScaleOf(image.size());
-  detector_->detectframework(workingImage(image, scale), ellipses, binary_image_, mask);
+  cv::Mat binary;
+  detector_->detectframework(workingImage(image, scale), ellipses, binary, mask);
+  binary_image_ = binary;
   mapToImage(scale, ellipses);
   points.assign(ellipses.begin(), ellipses.end());
   return true;

@@ -29,6 +29,7 @@ class RingTarget : public morvenkit::CalibTarget {
   bool detectframework(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) override;
   void draw(const cv::Mat& src, cv::Mat& dst, double scale) override;
   void noOperation() override {}
+  /// Each detection makes an image of its own, so that one given out before never changes, also as the next input.
   cv::Mat getBinaryImage() const override { return binary_image_; }
 
   const RingTargetConfig& config() const { return config_; }

@@ -208,6 +208,20 @@ TEST(DetectRegion, AWholeRegionKeepsAllOnADoubledImageAndAQuarterOnAHalvedOne) {
   EXPECT_EQ(large.target.identifiedEllipses().size(), large.points.size());
 }
 
+TEST(DetectRegion, AnyOtherCountOfValuesClearsIt) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.config());
+  // A strip of the working image, which is four times the image.
+  detection.target.setDetectionRegion({0.0F, 0.1F, 0.0F, 1.0F});
+  detection.detect(view.image());
+  EXPECT_GT(detection.points.size(), 0U);
+  EXPECT_LT(detection.points.size(), view.count());
+  EXPECT_FALSE(detection.target.setDetectionRegion({0.0F, 0.1F, 0.0F}));
+  detection.detect(view.image());
+  EXPECT_EQ(detection.points.size(), view.count());
+}
+
 TEST(DetectIds, FourIdsFilterAndThreeDoNot) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection four;
@@ -233,19 +247,84 @@ TEST(DetectBySearch, FindsTheIdsWithoutGrowth) {
   EXPECT_LT(worstOf(view, detection.points), 0.15);
 }
 
-TEST(DetectLimits, ReachTheDetectorOnABigDotBoardOnly) {
-  // No residual is below 1e-9 pixels: with that limit every ellipse is refused.
-  const View dots(BoardKind::kBigDots, 320, 256);
-  Detection strict;
-  strict.load(dots.configWith("max_sigma: 0.000000001\n"));
-  strict.detect(dots.image());
-  EXPECT_FALSE(strict.found);
+struct RefusingLimit {
+  const char* name;
+  const char* line;
+};
 
+class DetectLimit : public testing::TestWithParam<RefusingLimit> {};
+
+// No residual is below 1e-9 pixels. Each value alone refuses every contour, so that a limit that did not arrive would
+// let the whole board be found.
+TEST_P(DetectLimit, ReachesTheDetectorOfABigDotBoard) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.configWith(GetParam().line));
+  detection.detect(view.image());
+  EXPECT_FALSE(detection.found);
+  EXPECT_EQ(detection.err, "Invalid big circles at the same size : 0 and 0(should be 3) \n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, DetectLimit,
+                         testing::Values(RefusingLimit{"BinMethod", "bin_method: 3\n"},
+                                         RefusingLimit{"MinRadius", "min_radius: 1000\n"},
+                                         RefusingLimit{"MaxRadius", "max_radius: 0.5\n"},
+                                         RefusingLimit{"MaxSigma", "max_sigma: 0.000000001\n"},
+                                         RefusingLimit{"MinCircularity", "min_circularity: 5\n"}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST(DetectLimits, OfARingBoardAreTheDetectorsOwn) {
   const View rings(BoardKind::kSmallRings, 320, 256);
   Detection untouched;
-  untouched.load(rings.configWith("max_sigma: 0.000000001\n"));
+  untouched.load(rings.configWith("max_sigma: 0.000000001\nbin_method: 3\nmin_radius: 1000\nmin_circularity: 5\n"));
   untouched.detect(rings.image());
   EXPECT_TRUE(untouched.found);
+}
+
+TEST(DetectLimits, ATileBeyondTheImageReachesTheDetectorOfABigDotBoard) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.configWith("bin_blocksize: 1281\n"));
+  EXPECT_THROW(detection.detect(view.image()), cv::Exception) << "of the working width, 1280";
+}
+
+TEST(BinaryImage, ThatWasGivenOutNeverChanges) {
+  const View first(BoardKind::kBigDots, 320, 256);
+  const View second(BoardKind::kBigDots, 320, 256, {-5.0, 8.0, 10.0});
+  Detection detection;
+  detection.load(first.config());
+  detection.detect(first.image());
+  const cv::Mat kept = detection.target.getBinaryImage();
+  const cv::Mat before = kept.clone();
+  detection.detect(second.image());
+  EXPECT_EQ(cv::norm(kept, before, cv::NORM_INF), 0.0);
+  EXPECT_GT(cv::norm(detection.target.getBinaryImage(), before, cv::NORM_INF), 0.0);
+  RingTarget::Points points, unidentified;
+  const cv::Mat of_second = detection.target.getBinaryImage();
+  const cv::Mat before_second = of_second.clone();
+  EXPECT_TRUE(detection.target.detectframework(first.image(), points, unidentified, {}));
+  EXPECT_EQ(cv::norm(of_second, before_second, cv::NORM_INF), 0.0);
+}
+
+// On the middle row the detector works on the very image that it is given.
+TEST(BinaryImage, MayBeTheNextInput) {
+  const View view(BoardKind::kBigDots, 800, 640);
+  Detection detection;
+  detection.load(view.config());
+  RingTarget& target = detection.target;
+  RingTarget::Points points, points_of_copy, unidentified;
+  ASSERT_TRUE(target.detectframework(view.image(), points, unidentified, {}));
+  const cv::Mat input = target.getBinaryImage();
+  const cv::Mat copy = input.clone();
+  ASSERT_TRUE(target.detectframework(input, points, unidentified, {}));
+  EXPECT_EQ(cv::norm(input, copy, cv::NORM_INF), 0.0);
+  EXPECT_GT(cv::norm(target.getBinaryImage(), copy, cv::NORM_INF), 0.0) << "another image than its input";
+  ASSERT_TRUE(target.detectframework(copy, points_of_copy, unidentified, {}));
+  ASSERT_EQ(points.size(), points_of_copy.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    EXPECT_EQ(points[i].x, points_of_copy[i].x);
+    EXPECT_EQ(points[i].y, points_of_copy[i].y);
+  }
 }
 
 TEST(DetectAgain, EachCallStartsAnew) {
