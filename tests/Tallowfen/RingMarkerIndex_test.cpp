@@ -132,6 +132,39 @@ TEST(RingMarkerIndex, LineMayBendByFourteenDegrees) {
   }
 }
 
+// There is no angle at a ring between the solid ring and a ring on the same spot: that counts as no line.
+TEST(RingMarkerIndex, SolidRingOnARingsCentreIsOffTheLine) {
+  const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
+  std::vector<Ellipse> all = rings;
+  Numbering numbering;
+  const ConsoleCapture console;
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering));
+  EXPECT_EQ(console.err(), "Failed in Colinear check of Ring1,Ring4 and SolidRing! \n");
+  EXPECT_TRUE(numbering.marker_image_points.empty());
+}
+
+TEST(RingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
+  const std::vector<Ellipse> rings = {at(0, 0), at(0, 0), at(100, 80), at(0, 80)};
+  std::vector<Ellipse> all = rings;
+  Numbering numbering;
+  const ConsoleCapture console;
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering));
+  EXPECT_EQ(console.err(), "Failed in Colinear check of Ring1,Ring4 and SolidRing! \n");
+}
+
+// Three rings are equally far from the solid ring and two of them coincide. Between these there is no angle, which
+// counts as the opposite direction, so that the third of the list stays the third.
+TEST(RingMarkerIndex, CoincidingRingsPointAway) {
+  const std::vector<Ellipse> rings = {at(-50, 5), at(100, 0), at(0, 100), at(100, 0)};
+  std::vector<Ellipse> all = rings;
+  Numbering numbering;
+  const ConsoleCapture console;
+  GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering);
+  ASSERT_EQ(numbering.marker_image_points.size(), 5U);
+  EXPECT_EQ(numbering.marker_image_points[2], cv::Point2f(0, 100));
+  EXPECT_EQ(numbering.marker_image_points[3], cv::Point2f(100, 0));
+}
+
 TEST(RingMarkerIndex, BigSolidRingOfTheMixedBoardNeedsNoLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
