@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <limits>
 #include <random>
-#include <string>
 
 #include "BoardView.h"
 
@@ -280,17 +278,12 @@ TEST(GrowGrid, AnyHeapOfDotsEnds) {
   }
 }
 
-TEST(GrowGrid, DefaultBoardGrowsAtOnce) {
+TEST(GrowGrid, DefaultBoardIsNumberedWhole) {
   BoardView view(71, 73, tiltedCamera(26, 0, 0.003));
-  const std::vector<std::int32_t> seeds = view.seedsAround(28, 32);
-  const auto start = std::chrono::steady_clock::now();
   NumberedPoints result;
-  GrowGrid({}, seeds, view.all, result);
-  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+  GrowGrid({}, view.seedsAround(28, 32), view.all, result);
   EXPECT_EQ(result.points.size(), 5183U);
-  // Some 10 ms; with sanitizers on a loaded machine more. A search without a tree would take seconds.
-  EXPECT_LT(taken.count(), 1000);
-  RecordProperty("milliseconds", std::to_string(taken.count()));
+  EXPECT_EQ(wrongIds(view, result), 0);
 }
 
 }  // namespace
