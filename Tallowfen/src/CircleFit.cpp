@@ -52,6 +52,11 @@ Ellipse recordOf(const cv::RotatedRect& fit, double roundness, const Points& edg
   return ellipse;
 }
 
+bool isFinite(const cv::RotatedRect& fit) {
+  return std::isfinite(fit.center.x) && std::isfinite(fit.center.y) && std::isfinite(fit.size.width) &&
+         std::isfinite(fit.size.height) && std::isfinite(fit.angle);
+}
+
 }  // namespace
 
 bool hasDotSize(const cv::Size2f& size) {
@@ -79,12 +84,16 @@ double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::Rotat
 }
 
 std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points) {
-  const cv::RotatedRect fit = cv::fitEllipseDirect(edge_points);
+  return dotOfFit(cv::fitEllipseDirect(edge_points), edge_points);
+}
+
+std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points) {
+  // The limits below reject by what exceeds them, which numbers that are none never do.
+  if (!isFinite(fit)) return std::nullopt;
   if (hasGap(edge_points) || !hasDotSize(fit.size)) return std::nullopt;
   const std::optional<double> roundness = dotRoundness(edge_points);
   if (!roundness || !isConvex(edge_points)) return std::nullopt;
-  // A fit that came out as not a number has no residual within the limit either.
-  if (!(algebraicResidual(edge_points, fit) <= 2.0)) return std::nullopt;
+  if (algebraicResidual(edge_points, fit) > 2.0) return std::nullopt;
   return recordOf(fit, *roundness, edge_points);
 }
 

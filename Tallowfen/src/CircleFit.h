@@ -20,4 +20,9 @@ double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::Rotat
 /// Fisher 1999). Nothing when the points leave a gap or don't look like a dot. Needs five points at least.
 std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points);
 
+/// The record of an ellipse that was fitted to these edge points. Nothing when the two don't look like a dot, or when
+/// the fit is not finite. A residual that is not a number, as a fit without height can have, does not count against it:
+/// it is not above the limit.
+std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points);
+
 }  // namespace kestrune

@@ -13,12 +13,6 @@ namespace {
 constexpr int kEnoughDots = 10;
 constexpr int kNoParent = -1;
 
-bool isRoundDot(const Contour& contour) {
-  if (contour.size() < 60 || contour.size() > 500) return false;
-  const double circularity = circularityOf(contour);
-  return circularity >= static_cast<double>(0.6F) && circularity <= 1.25;
-}
-
 }  // namespace
 
 void findContoursByLocalMean(const cv::Mat& grey, int block, int type, cv::Mat& bin, std::vector<Contour>& contours,
@@ -35,11 +29,15 @@ double circularityOf(const Contour& contour) {
   return 4 * CV_PI * cv::contourArea(contour) / (perimeter * perimeter);
 }
 
+bool isDot(const Contour& contour, const DotLimits& limits) {
+  return limits.admitLength(contour.size()) && limits.admitCircularity(circularityOf(contour));
+}
+
 void PolarityCheck(const cv::Mat& grey, cv::Mat& bin, std::vector<Contour>& contours, std::vector<Contour>& candidates,
                    std::vector<cv::Vec4i>& hierarchy, int block) {
   int inner_counter = 0;
   for (std::size_t i = 0; i < contours.size(); ++i) {
-    if (!isRoundDot(contours[i])) continue;
+    if (!isDot(contours[i], kCountedDots)) continue;
     candidates.push_back(contours[i]);
     if (hierarchy[i][3] == kNoParent) ++inner_counter;
   }

@@ -3,6 +3,8 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "Tallowfen/src/DotLimits.h"
+
 namespace kestrune {
 
 using Contour = std::vector<cv::Point>;
@@ -14,6 +16,9 @@ void findContoursByLocalMean(const cv::Mat& grey, int block, int type, cv::Mat& 
 
 /// 4 pi area / perimeter^2, 0 for a contour without a perimeter.
 double circularityOf(const Contour& contour);
+
+/// Whether the contour's length and circularity lie within the limits.
+bool isDot(const Contour& contour, const DotLimits& limits);
 
 /// Counts the round contours of dot size that have no parent and prints the count. With fewer than ten the polarity is
 /// taken to be wrong: `bin`, `contours` and `hierarchy` are made anew with the inverted threshold. Every round contour

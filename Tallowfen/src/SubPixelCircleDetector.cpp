@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "Tallowfen/src/CircleFit.h"
-#include "Tallowfen/src/PolarityCheck.h"
 #include "Tallowfen/src/ZernikeEdgeRefine.h"
 
 namespace kestrune {
@@ -25,12 +24,6 @@ cv::Mat smoothedGrey(const cv::Mat& image) {
   return smoothed;
 }
 
-bool canBeDot(const Contour& contour, const cv::Vec4i& relatives) {
-  if (relatives[3] != -1 || contour.size() < 30 || contour.size() > 500) return false;
-  const double circularity = circularityOf(contour);
-  return circularity >= static_cast<double>(0.3F) && circularity <= 1.25;
-}
-
 std::vector<Contour> dotContours(const cv::Mat& grey) {
   cv::Mat bin;
   std::vector<Contour> contours, candidates;
@@ -45,6 +38,10 @@ std::vector<Contour> dotContours(const cv::Mat& grey) {
 }
 
 }  // namespace
+
+bool canBeDot(const Contour& contour, const cv::Vec4i& relatives) {
+  return relatives[3] == -1 && isDot(contour, kFittedDots);
+}
 
 void SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& ellipses) {
   ellipses.clear();

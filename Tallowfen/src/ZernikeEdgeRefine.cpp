@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <utility>
 
 #include "Tallowfen/src/ZernikeMasks.h"
@@ -15,17 +14,11 @@ namespace {
 constexpr std::size_t kFewestEdgePoints = 8;
 constexpr double kWeakestStep = (255 - 128) * 0.01;
 
-struct Moments {
-  double x = 0;
-  double y = 0;
-  double radial = 0;
-};
-
-Moments momentsAround(const cv::Mat& image, const cv::Point& point, const ZernikeMasks& masks) {
+EdgeMoments momentsAround(const cv::Mat& image, const cv::Point& point, const ZernikeMasks& masks) {
   const int half = (masks.size - 1) / 2;
   // A row is as long as the image is wide: the picture is continuous.
   const std::uint8_t* row = image.data + static_cast<std::ptrdiff_t>(point.y - half) * image.cols + (point.x - half);
-  Moments moments;
+  EdgeMoments moments;
   std::size_t cell = 0;
   for (int i = 0; i < masks.size; ++i, row += image.cols) {
     for (int j = 0; j < masks.size; ++j, ++cell) {
@@ -42,7 +35,9 @@ bool hasNeighbourhood(const cv::Mat& image, const cv::Point& point, int half) {
   return point.y - half > 0 && point.y + half < image.rows - 1 && point.x - half > 0 && point.x + half < image.cols - 1;
 }
 
-std::optional<cv::Point2d> edgePoint(const cv::Point& point, const Moments& moments, int size) {
+}  // namespace
+
+std::optional<cv::Point2d> edgePoint(const cv::Point& point, const EdgeMoments& moments, int size) {
   const double phi = std::atan2(moments.y, moments.x);
   const double across = std::cos(phi) * moments.x + std::sin(phi) * moments.y;
   const double distance = moments.radial / across;
@@ -52,8 +47,6 @@ std::optional<cv::Point2d> edgePoint(const cv::Point& point, const Moments& mome
   const double shift = size * 0.5 * distance;
   return cv::Point2d(point.x + std::cos(phi) * shift, point.y + std::sin(phi) * shift);
 }
-
-}  // namespace
 
 std::vector<std::vector<cv::Point2d>> ZernikeEdgeRefine(const cv::Mat& image,
                                                         const std::vector<std::vector<cv::Point>>& contours, int size) {

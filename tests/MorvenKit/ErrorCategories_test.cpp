@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 using namespace kestrune::morvenkit;
 
 TEST(ErrorCategories, Names) {
@@ -12,6 +14,13 @@ TEST(ErrorCategories, Names) {
 TEST(ErrorCategories, AreSingletons) {
   EXPECT_EQ(&NormalizedErrorCategory::instance(), &NormalizedErrorCategory::instance());
   EXPECT_EQ(&DetectorErrcCategory::instance(), &DetectorErrcCategory::instance());
+}
+
+TEST(ErrorCategories, NobodyElseMakesOne) {
+  EXPECT_FALSE(std::is_default_constructible_v<NormalizedErrorCategory>);
+  EXPECT_FALSE(std::is_default_constructible_v<DetectorErrcCategory>);
+  EXPECT_FALSE(std::is_copy_constructible_v<NormalizedErrorCategory>);
+  EXPECT_FALSE(std::is_copy_constructible_v<DetectorErrcCategory>);
 }
 
 struct CodeCase {

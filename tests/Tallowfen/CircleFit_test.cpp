@@ -10,6 +10,7 @@
 namespace {
 
 using kestrune::algebraicResidual;
+using kestrune::dotOfFit;
 using kestrune::fitCircle;
 using kestrune::hasDotSize;
 using Points = std::vector<cv::Point2f>;
@@ -157,6 +158,57 @@ TEST(AlgebraicResidual, AngleTurnsThePointsBack) {
   const double t = -60 * CV_PI / 180;
   const cv::Point2f point(static_cast<float>(50 + 10 * std::cos(t)), static_cast<float>(60 + 10 * std::sin(t)));
   EXPECT_NEAR(algebraicResidual({point}, cv::RotatedRect({50, 60}, {20, 10}, 30)), 0, 1e-6);
+}
+
+TEST(DotOfFit, NothingOfAFitThatIsNotFinite) {
+  const Points points = outlinePoints({});
+  const cv::RotatedRect good({100.25F, 80.5F}, {40, 40}, 0);
+  ASSERT_TRUE(dotOfFit(good, points));
+  for (const float bad : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
+    EXPECT_FALSE(dotOfFit({{bad, 80.5F}, {40, 40}, 0}, points));
+    EXPECT_FALSE(dotOfFit({{100.25F, bad}, {40, 40}, 0}, points));
+    EXPECT_FALSE(dotOfFit({good.center, {bad, 40}, 0}, points));
+    EXPECT_FALSE(dotOfFit({good.center, {40, bad}, 0}, points));
+    EXPECT_FALSE(dotOfFit({good.center, {40, 40}, bad}, points));
+  }
+}
+
+// Evenly around, a fit of r times the radius has e = 1 / r^2 - 1 in every point: 2 at r = sqrt(1 / 3).
+TEST(DotOfFit, ResidualMustNotBeAboveTwo) {
+  const Points points = outlinePoints({});
+  const auto scaled = [](double r) {
+    const auto side = static_cast<float>(40 * r);
+    return cv::RotatedRect({100.25F, 80.5F}, {side, side}, 0);
+  };
+  const double limit = std::sqrt(1.0 / 3);
+  EXPECT_TRUE(dotOfFit(scaled(limit + 0.001), points));
+  EXPECT_FALSE(dotOfFit(scaled(limit - 0.001), points));
+}
+
+// Around (0, 0), with a width and a height of 16, e is (x^2 + y^2 - 64) / 64. The numerators here are 81, 105, 170,
+// 217, 105, 82 and 58, whose squares add up to 7 * 128^2: the root mean square of e is 2, without any rounding.
+TEST(DotOfFit, ResidualOfExactlyTwoIsTaken) {
+  const Points points = {{12, -1}, {13, 0}, {15, 3}, {16, 5}, {12, 5}, {11, 5}, {11, 1}};
+  const cv::RotatedRect fit({0, 0}, {16, 16}, 0);
+  ASSERT_EQ(algebraicResidual(points, fit), 2.0);
+  EXPECT_TRUE(dotOfFit(fit, points));
+  EXPECT_FALSE(dotOfFit({{0, 0}, {16, std::nextafter(16.0F, 0.0F)}, 0}, points));
+}
+
+// Without height, 0 / 0 for points that stand straight across the centre. Such a residual is not above the limit.
+TEST(DotOfFit, ResidualThatIsNotANumberIsNotAboveTheLimit) {
+  Points points = outlinePoints({});
+  for (auto& p : points) p -= cv::Point2f(100.25F, 80.5F);
+  points[25].x = 0;
+  const cv::RotatedRect flat({0, 0}, {40, 0}, 0);
+  ASSERT_TRUE(std::isnan(algebraicResidual(points, flat)));
+  const auto ellipse = dotOfFit(flat, points);
+  ASSERT_TRUE(ellipse);
+  EXPECT_EQ(ellipse->semi_b, 0);
+  points[25].x = 0.5F;
+  points[75].x = 0.5F;
+  ASSERT_TRUE(std::isinf(algebraicResidual(points, flat)));
+  EXPECT_FALSE(dotOfFit(flat, points));
 }
 
 TEST(AlgebraicResidual, NotANumberForAFitThatFailed) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <opencv2/imgproc.hpp>
 
+#include "BoxOutline.h"
 #include "StepImage.h"
 #include "support/ConsoleCapture.h"
 
@@ -72,6 +73,52 @@ TEST(PolarityCheck, SmallBrightDotsDoNotCount) {
   const Check check(renderDiscs(240, 4, 40, 52, 10, 215, 25));
   EXPECT_EQ(check.printed, "*****inner_counter:0\n");
   EXPECT_TRUE(check.inverted);
+}
+
+struct OutlineCase {
+  const char* name;
+  Contour contour;
+  bool counted;
+};
+
+class OutlineOfADot : public testing::TestWithParam<OutlineCase> {};
+
+// Ten of the same, of which none has a parent: all count or none.
+TEST_P(OutlineOfADot, CountsWithinTheLimits) {
+  const cv::Mat grey(60, 60, CV_8UC1, cv::Scalar(128));
+  cv::Mat bin(60, 60, CV_8UC1, cv::Scalar(7));
+  std::vector<Contour> contours(10, GetParam().contour), candidates;
+  std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
+  const ConsoleCapture console;
+  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  EXPECT_EQ(console.out(), GetParam().counted ? "*****inner_counter:10\n" : "*****inner_counter:0\n");
+  EXPECT_EQ(candidates.size(), GetParam().counted ? 10U : 0U);
+  EXPECT_EQ(bin.at<uchar>(0, 0) == 7, GetParam().counted) << "thresholded anew when none counts";
+}
+
+// Boxes of 80 x 28 and 80 x 27 have circularities of 0.603 and 0.593.
+INSTANTIATE_TEST_SUITE_P(Ends, OutlineOfADot,
+                         testing::Values(OutlineCase{"SixtyPoints", boxOutline(15, 15), true},
+                                         OutlineCase{"FiftyNinePoints", onePointLess(boxOutline(15, 15)), false},
+                                         OutlineCase{"FiveHundredPoints", boxOutline(125, 125), true},
+                                         OutlineCase{"FiveHundredAndOne", onePointMore(boxOutline(125, 125)), false},
+                                         OutlineCase{"RoundEnough", boxOutline(80, 28), true},
+                                         OutlineCase{"TooLong", boxOutline(80, 27), false},
+                                         OutlineCase{"NoPerimeter", Contour(60, cv::Point(5, 5)), false}),
+                         [](const auto& entry) { return entry.param.name; });
+
+// Of ten dots one that has a parent is missing in the count, though a candidate.
+TEST(PolarityCheck, DotsWithAParentAreCandidatesOnly) {
+  const cv::Mat grey(60, 60, CV_8UC1, cv::Scalar(128));
+  cv::Mat bin(60, 60, CV_8UC1, cv::Scalar(7));
+  std::vector<Contour> contours(10, boxOutline(15, 15)), candidates;
+  std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
+  hierarchy[4][3] = 0;
+  const ConsoleCapture console;
+  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  EXPECT_EQ(console.out(), "*****inner_counter:9\n");
+  EXPECT_EQ(candidates.size(), 10U);
+  EXPECT_NE(bin.at<uchar>(0, 0), 7);
 }
 
 // The whole picture is one bright contour, with an outline too long to be a dot's.

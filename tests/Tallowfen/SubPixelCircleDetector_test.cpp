@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <opencv2/imgproc.hpp>
 
+#include "BoxOutline.h"
 #include "StepImage.h"
 #include "support/ConsoleCapture.h"
 
 namespace {
 
+using kestrune::canBeDot;
 using kestrune::Ellipse;
 using kestrune::SubPixelCircleDetector;
 
@@ -82,6 +84,27 @@ TEST(SubPixelCircleDetector, ViewIntoALargerPicture) {
 TEST(SubPixelCircleDetector, SmallDotsAreLeftOut) {
   EXPECT_TRUE(detect(discs(4, 25, 215)).empty());
   EXPECT_EQ(detect(discs(6.5, 25, 215)).size(), 16U);
+}
+
+TEST(CanBeDot, FromThirtyToFiveHundredPoints) {
+  const cv::Vec4i top = cv::Vec4i::all(-1);
+  const auto thirty = boxOutline(8, 7), most = boxOutline(125, 125);
+  EXPECT_FALSE(canBeDot(onePointLess(thirty), top));
+  EXPECT_TRUE(canBeDot(thirty, top));
+  EXPECT_TRUE(canBeDot(most, top));
+  EXPECT_FALSE(canBeDot(onePointMore(most), top));
+}
+
+// Boxes of 80 x 10 and 80 x 9 have circularities of 0.310 and 0.286.
+TEST(CanBeDot, MustBeRoundEnough) {
+  const cv::Vec4i top = cv::Vec4i::all(-1);
+  EXPECT_TRUE(canBeDot(boxOutline(80, 10), top));
+  EXPECT_FALSE(canBeDot(boxOutline(80, 9), top));
+}
+
+TEST(CanBeDot, OnlyWithoutAParent) {
+  EXPECT_TRUE(canBeDot(boxOutline(15, 15), {3, 4, 5, -1}));
+  EXPECT_FALSE(canBeDot(boxOutline(15, 15), {-1, -1, -1, 0}));
 }
 
 TEST(SubPixelCircleDetector, EmptyPictureHasNoDots) {

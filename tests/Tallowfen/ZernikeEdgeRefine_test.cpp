@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <tuple>
 #include <vector>
 
@@ -9,6 +10,7 @@
 
 namespace {
 
+using kestrune::edgePoint;
 using kestrune::ZernikeEdgeRefine;
 using Contour = std::vector<cv::Point>;
 using EdgePoints = std::vector<std::vector<cv::Point2d>>;
@@ -90,6 +92,55 @@ TEST(ZernikeEdgeRefine, StepsTooFarFromThePointGiveNoEdge) {
     EXPECT_FALSE(refineAt(renderStep(kSide, 2.2, direction, 40, 200), {kCentre, kCentre}).empty());
     EXPECT_TRUE(refineAt(renderStep(kSide, 2.7, direction, 40, 200), {kCentre, kCentre}).empty());
   }
+}
+
+// Without a radial moment the edge passes through the point and k is 1.5 times the first moment.
+TEST(EdgePoint, StepMustBeAboveTheLimit) {
+  const auto isTaken = [](double x) { return edgePoint({15, 15}, {x, 0, 0}, 7).has_value(); };
+  double limit = 1.27 / 1.5;
+  while (limit * 1.5 < 1.27) limit = std::nextafter(limit, 1.0);
+  while (limit * 1.5 > 1.27) limit = std::nextafter(limit, 0.0);
+  ASSERT_EQ(limit * 1.5, 1.27);
+  double above = limit, below = limit;
+  while (above * 1.5 == 1.27) above = std::nextafter(above, 1.0);
+  while (below * 1.5 == 1.27) below = std::nextafter(below, 0.0);
+  EXPECT_FALSE(isTaken(below));
+  EXPECT_FALSE(isTaken(limit));
+  EXPECT_TRUE(isTaken(above));
+}
+
+// Off the point, k grows by 1 / (1 - l^2)^1.5: at l = 0.6 that is 1 / 0.512.
+TEST(EdgePoint, StepIsMeasuredAtItsDistance) {
+  const auto isTaken = [](double k) {
+    const double x = k * 0.512 / 1.5;
+    return edgePoint({15, 15}, {0, x, 0.6 * x}, 7).has_value();
+  };
+  EXPECT_FALSE(isTaken(1.27 - 1e-9));
+  EXPECT_TRUE(isTaken(1.27 + 1e-9));
+}
+
+// A first moment of 8 leaves the quotient exact.
+TEST(EdgePoint, DistanceMustBeBelowTheLimit) {
+  const auto isTaken = [](double l) { return edgePoint({15, 15}, {8, 0, 8 * l}, 7).has_value(); };
+  const double limit = 1 / std::sqrt(2.0);
+  for (const double sign : {-1.0, 1.0}) {
+    EXPECT_TRUE(isTaken(sign * std::nextafter(limit, 0.0)));
+    EXPECT_FALSE(isTaken(sign * limit));
+    EXPECT_FALSE(isTaken(sign * std::nextafter(limit, 1.0)));
+  }
+}
+
+// The first moment (3, 4) is 5 long in the direction (0.6, 0.8); l = 2.5 / 5, half of the 3.5 px.
+TEST(EdgePoint, LiesAlongTheFirstMoment) {
+  const auto edge = edgePoint({15, 20}, {3, 4, 2.5}, 7);
+  ASSERT_TRUE(edge);
+  EXPECT_NEAR(edge->x, 15 + 0.6 * 1.75, 1e-12);
+  EXPECT_NEAR(edge->y, 20 + 0.8 * 1.75, 1e-12);
+}
+
+TEST(EdgePoint, FlatNeighbourhoodHasNone) {
+  EXPECT_FALSE(edgePoint({15, 15}, {0, 0, 0}, 7));
+  EXPECT_FALSE(edgePoint({15, 15}, {0, 0, 3}, 7));
 }
 
 struct BorderCase {

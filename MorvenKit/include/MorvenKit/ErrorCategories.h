@@ -18,21 +18,28 @@ enum class DetectorErrc {
 };
 
 /// Coarse conditions that detector codes map to: 1 wrong input, 2 not initialised, 3 configuration, 4 file access, 5
-/// file content, 6 internal. Any other code has no meaning.
+/// file content, 6 internal. Any other code has no meaning. `instance()` is the only object: categories compare by
+/// address.
 class NormalizedErrorCategory : public std::error_category {
  public:
   static const NormalizedErrorCategory& instance();
   const char* name() const noexcept override;
   std::string message(int code) const override;
+
+ private:
+  NormalizedErrorCategory() = default;
 };
 
-/// Category of `DetectorErrc`.
+/// Category of `DetectorErrc`; `instance()` is the only object.
 class DetectorErrcCategory : public std::error_category {
  public:
   static const DetectorErrcCategory& instance();
   const char* name() const noexcept override;
   std::string message(int code) const override;
   std::error_condition default_error_condition(int code) const noexcept override;
+
+ private:
+  DetectorErrcCategory() = default;
 };
 
 std::error_code make_error_code(DetectorErrc code) noexcept;
