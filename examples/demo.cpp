@@ -108,14 +108,76 @@ void printRecord(std::size_t index, const PolarResultRecord& pair) {
   printFigures("tri_dis", pair.tri_dis);
   printFigure("dy_means", pair.dy_means);
   printFigures("pol_dis", pair.pol_dis);
-  printFigures("id_dis", pair.id_dis);
   printFigure("dis_rms", pair.dis_rms);
   printFigure("nor_rms", pair.nor_rms);
   printFigure("zero_dis", pair.zero_dis);
   printFigures("icp rms", std::array<double, 4>{pair.icp_x_rms, pair.icp_y_rms, pair.icp_z_rms, pair.icp_nor_rms});
   printFigure("gt_rms", pair.gt_rms);
   printFigure("space_rms", pair.space_rms);
-  printFigures("PoseReport", pair.PoseReport);
+}
+
+/// Where the board stands: needs the compensated measurement, here without the evaluations of rectified pairs, which
+/// switch it off.
+int printPoses(const DataSet& set, const ExportedCalibParams& calibration, const ImagePairList& images) {
+  std::ifstream file(set.polar);
+  std::stringstream polar;
+  polar << file.rdbuf() << "\neccentricity: 1\ndy_bias_switch: 0\nfoursixmethod_swithch: 0\ndiscalsave: 0";
+  std::vector<PolarResultRecord> pairs;
+  int status = 0;
+  {
+    const ConsoleToFile quiet(set.folder / "figures" / "console_poses.txt");
+    status = CalPolarLinePrecisionOutMat(polar.str().c_str(), set.target.c_str(), calibration, images, &pairs, nullptr,
+                                         nullptr);
+  }
+  if (status != 0) return printFailure("CalPolarLinePrecisionOutMat", status);
+  fmt::print("\nPose of the board: rotation vector (degrees) and distance of its middle, left then right camera\n");
+  for (const PolarResultRecord& pair : pairs) printFigures("PoseReport", pair.PoseReport);
+  return 0;
+}
+
+/// The virtual camera as the run prints it: " Virtual camera cx: ", " Virtual camera cy: ", " Virtual camera f: ".
+RectifiedParams printedGeometry(const std::filesystem::path& console, const ExportedCalibParams& calibration) {
+  RectifiedParams rectified;
+  std::ifstream file(console);
+  for (std::string line; std::getline(file, line);) {
+    const auto value = [&](const char* label) { return std::stod(line.substr(std::string(label).size())); };
+    if (line.starts_with(" Virtual camera cx: ")) rectified.cx = value(" Virtual camera cx: ");
+    if (line.starts_with(" Virtual camera cy: ")) rectified.cy = value(" Virtual camera cy: ");
+    if (line.starts_with(" Virtual camera f: ")) rectified.focal = value(" Virtual camera f: ");
+  }
+  const auto& t = calibration.extrinsics;
+  rectified.baseline = -std::hypot(t[3], t[4], t[5]);  // Negative, as the disparity is told right less left.
+  rectified.boardPoints.assign(calibration.boardPoints.begin(), calibration.boardPoints.end());
+  return rectified;
+}
+
+/// The pictures that the run has saved, evaluated as pairs rectified elsewhere: row differences again, and the
+/// distances of `Cal_ID_DIS`.
+int printRectified(const DataSet& set, const ExportedCalibParams& calibration) {
+  const std::filesystem::path folder = set.folder / "figures";
+  std::ofstream list(folder / "list.txt");
+  list << "#L R\n";
+  for (int i = 0; std::filesystem::exists(folder / fmt::format("result_left/{}_left.png", i)); ++i)
+    list << fmt::format("result_left/{0}_left.png result_right/{0}_right.png\n", i);
+  list.close();
+  std::ifstream file(set.polar);
+  std::stringstream polar;
+  polar << file.rdbuf() << "\noqc_switch: 1";
+  std::vector<PolarResultRecord> pairs;
+  int status = 0;
+  {
+    const ConsoleToFile quiet(folder / "console_rectified.txt");
+    status = CalRecificationPrecision(polar.str().c_str(), set.target.c_str(),
+                                      printedGeometry(folder / "console.txt", calibration),
+                                      (folder / "list.txt").string().c_str(), &pairs);
+  }
+  if (status != 0) return printFailure("CalRecificationPrecision", status);
+  fmt::print("\nThe saved rectified pairs, evaluated as they stand\n");
+  for (const PolarResultRecord& pair : pairs) {
+    printFigure("dy_means", pair.dy_means);
+    printFigures("id_dis", pair.id_dis);
+  }
+  return 0;
 }
 
 /// The same set with the board's true coordinates, in memory: every figure.
@@ -137,7 +199,8 @@ int printEveryFigure(const DataSet& set) {
   if (status != 0) return printFailure("CalPolarLinePrecisionOutMat", status);
   fmt::print("\nEvery figure, with the board's true coordinates (board unit, pixels, degrees)\n");
   for (std::size_t i = 0; i < pairs.size(); ++i) printRecord(i, pairs[i]);
-  return 0;
+  status = printPoses(set, calibration, images);
+  return status != 0 ? status : printRectified(set, calibration);
 }
 
 int run(const std::string& folder) {
