@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <opencv2/core.hpp>
 #include <system_error>
 
 #include "MorvenKit/ErrorCategories.h"
@@ -198,6 +199,13 @@ TEST(StorageConfig, AMalformedDocumentIsNotAccessible) {
 
 TEST(StorageConfig, WithoutPatternsTheConfigurationIsBad) {
   expectError("t.json", R"({ "rows": 3 })", DetectorErrc::kBadConfiguration, "[");
+}
+
+TEST(StorageConfig, PatternsWithoutAFirstElementAreTheLibrarysException) {
+  const TempFolder folder;
+  for (const char* content :
+       {R"({ "patterns": 3 })", R"({ "patterns": [] })", R"({ "patterns": { "board_type": 2 } })"})
+    EXPECT_THROW(readStorageConfig(folder.write("t.json", content)), cv::Exception) << content;
 }
 
 TEST(StorageConfig, AnUnknownBoardIsABadConfiguration) {

@@ -51,6 +51,16 @@ TEST(ErrorInformation, FailureWithoutATextLeavesItEmpty) {
   EXPECT_EQ(currentText(), "");
 }
 
+TEST(ErrorInformation, ExceptionThatPassesThroughLeavesTheText) {
+  callWithMissingCalibration();
+  const ConsoleCapture quiet;
+  const cv::Mat image(20, 20, CV_8UC1, cv::Scalar(0));
+  std::vector<PolarResultRecord> results;
+  EXPECT_THROW(CalPolarLinePrecisionOutMat("crop: 1", "", {}, {{image}, {image}}, &results, nullptr, nullptr),
+               cv::Exception);
+  EXPECT_EQ(currentText(), "Fail to read calib result file");
+}
+
 TEST(ErrorInformation, ReturnsTheBuffersAddress) {
   std::array<char, 4096> buffer{};
   EXPECT_EQ(GetPolarErrorInfo(buffer.data()), buffer.data());

@@ -120,6 +120,18 @@ TEST_F(RunExports, FolderOfTheListTakesTheResults) {
   EXPECT_TRUE(folder.has("align_data_0.csv"));
 }
 
+TEST_F(RunExports, ListPathWithoutASeparatorIsNoFolderForResults) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  const std::int32_t unsaved = onDisk("list.txt");
+  polar += "\nsavepolarline: 1";
+  const std::int32_t saved = onDisk("list.txt");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(unsaved, 0);
+  EXPECT_EQ(saved, polar_status::kResultFolder);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 3) << "nothing is written";
+}
+
 TEST_F(RunExports, ListPathWithBackslashesWorks) {
   std::string list = folder.file("list.txt");
   for (char& c : list)

@@ -48,6 +48,46 @@ TEST_F(Rectified, OqcSwitchAloneStartsNothing) {
   EXPECT_EQ(folder.read("align_data.csv"), "id ,id_dis1\nImages_num_: 1_PolarVersion_: 1.3.3\n\n");
 }
 
+/// A rendered pair that opens the point cloud, with the ids of two dots beside each other in the middle of the board.
+struct RectifiedBoard : Rectified {
+  std::int32_t first = 0;
+  std::size_t dots = 0;
+
+  RectifiedBoard() {
+    const scene::Scene scene = *scene::makePreset("big_640", {.pairs = 1, .seed = {}, .read_noise = {}});
+    const scene::ImagePair images = scene::renderPair(scene, 0);
+    arguments.images = {{images.left}, {images.right}};
+    arguments.targetConfigPath = scene::targetIni(scene);
+    first = scene.board.rows / 2 * scene.board.cols + scene.board.cols / 2;
+    dots = static_cast<std::size_t>(scene.board.rows * scene.board.cols);
+    config.foursixmethod_swithch = 2;
+    config.oqc_switch = 1;
+    geometry.focal = 1000.0;
+    geometry.baseline = -100.0;
+  }
+};
+
+TEST_F(RectifiedBoard, IdDistancesAreTakenAgainstTheCallersBoard) {
+  config.Cal_ID_DIS = {{first, first + 1}};
+  // One point more than the board has dots, so that the detection keeps its own board.
+  geometry.boardPoints.resize(dots + 1);
+  ASSERT_EQ(run(), 0);
+  geometry.boardPoints.at(static_cast<std::size_t>(first) + 1) = {0, 10, 0};
+  ASSERT_EQ(run(), 0);
+  ASSERT_EQ(core.records.size(), 2U);
+  ASSERT_EQ(core.records[0].id_dis.size(), 1U);
+  EXPECT_GT(core.records[0].id_dis[0], 0.0);
+  EXPECT_NEAR(core.records[1].id_dis.at(0), core.records[0].id_dis[0] - 10.0, 1e-3);
+}
+
+TEST_F(RectifiedBoard, MissingPointOfAGroupGivesThePairUp) {
+  config.Cal_ID_DIS = {{5000, first}};
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.records.empty());
+  EXPECT_THAT(console.out(), ::testing::HasSubstr("0 group 5000_id not find \n"));
+  EXPECT_EQ(reported, std::vector<float>{0.003F});
+}
+
 TEST_F(Rectified, TypeHasNoEffect) {
   arguments.type = 3;
   pairs(1);
