@@ -12,5 +12,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigV
 install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigVersion.cmake
         DESTINATION ${PLP_CMAKE_DIR})
 
+# Relative, so that the package works wherever it is put.
+file(RELATIVE_PATH PLP_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecision.pc.in ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

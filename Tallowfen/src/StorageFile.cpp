@@ -11,7 +11,7 @@ namespace kestrune {
 
 bool isStorageFile(const std::string& path) {
   static const std::set<std::string> kExtensions = {"json", "xml", "yml", "yaml"};
-  return kExtensions.count(files::extensionOf(path)) > 0;
+  return kExtensions.contains(files::extensionOf(path));
 }
 
 bool openStorage(cv::FileStorage& storage, const std::string& path, int mode, const char* operation) {

@@ -152,10 +152,10 @@ class BorderPoint : public testing::TestWithParam<BorderCase> {};
 
 // Bright wherever x + y is large, so that an edge passes each of the points tried.
 TEST_P(BorderPoint, NeedsFourPixelsToTheEdgeOfTheImage) {
-  const auto& [point, taken] = GetParam();
+  const cv::Point point = GetParam().point;
   const cv::Mat image =
       renderShape({40, 30}, 200, 40, [&](double x, double y) { return x + y > point.x + point.y + 0.3; });
-  EXPECT_EQ(refineAt(image, point).size(), taken ? 1U : 0U);
+  EXPECT_EQ(refineAt(image, point).size(), GetParam().taken ? 1U : 0U);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllSides, BorderPoint,
