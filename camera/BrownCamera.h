@@ -9,8 +9,8 @@ class BrownCamera final : public PinholeCameraIntrinsics {
  public:
   explicit BrownCamera(const CameraFloats& camera);
 
-  /// Takes size, focal lengths, principal point and the eight coefficients of one camera of the calibration. Camera index 0 is left, 1 right; any
-  /// other gives false and changes nothing.
+  /// Takes size, focal lengths, principal point and the eight coefficients of one camera of the calibration. Camera
+  /// index 0 is left, 1 right; any other gives false and changes nothing.
   bool LoadCalib(StereoCalibParams calib, int camera_index) override;
   /// Always true.
   bool AddDistortion(const cv::Point2d& normalised_ideal, cv::Point2d& normalised_raw) const override;

@@ -119,7 +119,7 @@ class PairEvaluator {
   PairStatus MeasurePairPoints(const char* targetConfigPath, const cv::Mat& left_image, const cv::Mat& right_image,
                                MeasuredPair& pair);
   PairStatus DetectPairPoints(const char* targetConfigPath, const cv::Mat& left_image, const cv::Mat& right_image,
-                              MeasuredPair& pair);
+                              MeasuredPair& pair) const;
   /// Whether both lists hold at least `minimum` points; `usable` tells the same afterwards.
   bool enoughShared(const MeasuredPair& pair, std::size_t minimum);
 

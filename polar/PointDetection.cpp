@@ -25,7 +25,7 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
 // The light form: no board points, no test of the configuration, no least count, and the maps keep the ids of one image
 // only.
 PairStatus PairEvaluator::DetectPairPoints(const char* targetConfigPath, const cv::Mat& left_image,
-                                           const cv::Mat& right_image, MeasuredPair& pair) {
+                                           const cv::Mat& right_image, MeasuredPair& pair) const {
   if (measurement) return measurement(1, pair);
   const auto target = std::make_shared<kestrune::RingTarget>();
   target->loadConfig(targetConfigPath);
