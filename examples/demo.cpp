@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -213,15 +214,13 @@ int run(const std::string& folder) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   CLI::App app("Evaluates a rendered data set and prints the figures beside the truth.");
   std::string folder;
   app.add_option("folder", folder, "Data set made by `scene render`")->required()->check(CLI::ExistingDirectory);
   CLI11_PARSE(app, argc, argv);
-  try {
-    return run(folder);
-  } catch (const std::exception& failure) {
-    fmt::print(stderr, "{}\n", failure.what());
-    return 1;
-  }
+  return run(folder);
+} catch (const std::exception& failure) {
+  std::fputs(failure.what(), stderr);
+  return 1;
 }

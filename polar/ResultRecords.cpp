@@ -11,7 +11,8 @@ std::array<double, 8> widened(const std::array<float, 8>& values) {
   return wide;
 }
 
-TriPointRecord callerForm(PairPointRecord&& point) {
+/// Uses the point up: its lists move on, or go.
+TriPointRecord takeCallerForm(PairPointRecord& point) {
   TriPointRecord record;
   record.id = point.id;
   record.left_x = point.left_x;
@@ -22,6 +23,8 @@ TriPointRecord callerForm(PairPointRecord&& point) {
   record.y = point.y;
   record.z = point.z;
   record.dis_errors = std::move(point.dis_errors);
+  // The relative errors stay behind; freeing them here keeps the peak at one list of distances a point.
+  point.nor_errors = {};
   record.dis_rms = point.dis_rms;
   return record;
 }
@@ -45,9 +48,7 @@ PolarResultRecord callerForm(RunResultRecord&& run) {
   record.PoseReport = run.PoseReport;
   record.pairPoints.reserve(run.pairPoints.size());
   for (PairPointRecord& point : run.pairPoints) {
-    record.pairPoints.push_back(callerForm(std::move(point)));
-    // The relative errors stay behind; freeing them here keeps the peak at one list of distances a point.
-    point.nor_errors = {};
+    record.pairPoints.push_back(takeCallerForm(point));
   }
   record.icp_x_rms = run.icp_x_rms;
   record.icp_y_rms = run.icp_y_rms;
