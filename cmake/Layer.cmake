@@ -13,6 +13,10 @@ function(plp_layer name)
   if(PLP_FUZZ)
     target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
+  if(PLP_COVERAGE)  # The tests and the renderer stay as they are: only what is counted need be slow.
+    target_compile_options(${name} PRIVATE --coverage -O1)
+    target_link_options(${name} INTERFACE --coverage)
+  endif()
 
   set(allowed ${name})
   foreach(layer IN LISTS arg_DEPENDS)
