@@ -44,5 +44,5 @@ void NewCameraMatrix(const cv::Mat& K, const PointUndistortion& undistortion, co
     cy *= along_y;
   }
   const cv::Matx33d chosen(fx, 0.0, cx, 0.0, fy, cy, 0.0, 0.0, 1.0);
-  cv::Mat(chosen, false).convertTo(new_K, new_K.empty() ? K.type() : new_K.type());
+  cv::Mat(chosen).convertTo(new_K, new_K.empty() ? K.type() : new_K.type());
 }

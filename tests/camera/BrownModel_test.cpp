@@ -82,6 +82,15 @@ TEST(BrownUndistort, AFailureLeavesTheLastDistortionInTheOutput) {
   EXPECT_NEAR(output.x, 0.966 * last_point, 1e-12);
 }
 
+TEST(BrownUndistort, ErrorOfJustTheToleranceIsGoodEnough) {
+  // P2 alone takes (0, 1) to (P2, 1): the start is off by P2.
+  cv::Point2d ideal;
+  ASSERT_TRUE(BrownUndistort({0, 1}, {0, 0, 0, 0, 0, 0, 0, 1e-6}, ideal));
+  EXPECT_EQ(ideal, cv::Point2d(0, 1));
+  ASSERT_TRUE(BrownUndistort({0, 1}, {0, 0, 0, 0, 0, 0, 0, std::nextafter(1e-6, 1.0)}, ideal));
+  EXPECT_NEAR(ideal.x, -1e-6, 1e-12);
+}
+
 TEST(BrownUndistort, OutputMayBeTheInput) {
   cv::Point2d point = BrownDistort({0.2, 0.3}, kStrong);
   ASSERT_TRUE(BrownUndistort(point, kStrong, point));

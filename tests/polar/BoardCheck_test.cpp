@@ -16,6 +16,7 @@ struct BoardCheck : public ::testing::Test, public EvaluatorFixture {
   EvaluationCameras cameras;
   CameraFloats lens = {1000, 1000, 640, 512, 0, 0, 0, 0, 0, 0, 0, 0};
   std::vector<cv::Point3f> board;
+  cv::Point3f lift{0, 0, static_cast<float>(kLift)};
 
   BoardCheck() {
     cameras.left_K = (cv::Mat_<double>(3, 3) << 1000, 0, 640, 0, 1000, 512, 0, 0, 1);
@@ -25,14 +26,14 @@ struct BoardCheck : public ::testing::Test, public EvaluatorFixture {
   }
 
   /// `count` points of a board of 6 columns. The true board is turned a quarter about its normal and moved; every other
-  /// point of it is lifted out of the plane. With even rows no rigid motion takes any of the lift away.
+  /// point of it is lifted by `lift`, the others by its opposite. With even rows no rigid motion takes any of it away.
   void seeBoard(std::int32_t count) {
     for (std::int32_t id = 0; id < count; ++id) {
       const float x = static_cast<float>(id % 6 * 20);
       const float y = static_cast<float>(id / 6 * 20);
       shared(id, {640 + x, 512 + y}, {540 + x, 512 + y});
       const bool up = (id % 6 + id / 6) % 2 == 0;
-      board.emplace_back(7 - y, 11 + x, static_cast<float>(up ? kLift : -kLift));
+      board.push_back(cv::Point3f(7 - y, 11 + x, 0) + (up ? lift : -lift));
     }
   }
   PairEvaluator boardEvaluator() {
@@ -59,6 +60,20 @@ TEST_F(BoardCheck, DistanceLeftAfterTheFitIsTheLift) {
   EXPECT_EQ(cv::norm(target.eval_left_K, cameras.left_K), 0.0);
   EXPECT_NE(target.eval_right_K.data, cameras.right_K.data);
   EXPECT_EQ(console.out(), "");
+}
+
+TEST_F(BoardCheck, LiftCountsAlongEveryAxis) {
+  lift = {0.3F, 0.6F, 0.2F};  // Its length is 0.7.
+  seeBoard(36);
+  config.discalsave = true;
+  PairEvaluator target = boardEvaluator();
+  ASSERT_EQ(check(target), 0);
+  EXPECT_NEAR(target.space_rms, 0.7, 1e-3);
+  const std::string table = folder.read("0_boardcheck.csv");
+  const std::string label = "\n35,space_rms,";
+  const std::size_t row = table.find(label);
+  ASSERT_NE(row, std::string::npos);
+  EXPECT_NEAR(std::stod(table.substr(row + label.size())), 0.7, 2e-3);
 }
 
 TEST_F(BoardCheck, PolynomialFormGivesTheSameFigureAndWritesNoTable) {

@@ -90,6 +90,14 @@ TEST_F(FoursixStep, IdsThatRanAheadOfThePointsAreMissing) {
   EXPECT_EQ(evaluator.errorText, "Fail detect foursix method point4");
 }
 
+TEST_F(FoursixStep, IdBehindTheLastPointIsMissingEvenIfTheListOnceHadOneMore) {
+  rectangle();
+  points_left.pop_back();
+  PairEvaluator evaluator = fixture.evaluator();
+  EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, kBrown), -10);
+  EXPECT_EQ(evaluator.errorText, "Fail detect foursix method point4");
+}
+
 TEST_F(FoursixStep, TwoNamesForOnePointHaveDistanceZero) {
   fixture.config.TriPoint2_ID = 10;
   rectangle();

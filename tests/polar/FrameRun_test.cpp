@@ -3,6 +3,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "polar/PolarCore.h"
+#include "support/FrameDiscs.h"
 #include "support/RunFixture.h"
 
 namespace {
@@ -84,6 +85,33 @@ TEST_F(Frames, ShortFrameListsFailOnTheAccess) {
   pairs(1, 400, 300);
   applyConfig();
   EXPECT_THROW(core.FrameRun(arguments, calib), std::out_of_range);
+}
+
+TEST_F(Frames, LensIsTheTablesOfAPolyRunAndTheCoefficientsOfAnyOther) {
+  // Two points 420 apart at a distance of 1000, seen without a lens: the other model's lens must play no part.
+  const cv::Mat image = discs(discGrid());
+  arguments.images = {{image}, {image}};
+  arguments.targetConfigPath = frameTarget();
+  config.Frame_ID = {1, 2};
+  config.Frame_IRL = {{340, 352}, {760, 352}};
+  config.Frame_IRR = {{220, 352}, {640, 352}};
+  config.Frame_3D = {{0, 0, 0}, {420, 0, 0}};
+  config.Frame_ID_DIS = {{1, 2}};
+  calib.extrinsics = {0, 0, 0, -120, 0, 0};
+  const auto errorWith = [&](std::int32_t type, double K1, float square) {
+    for (CameraCalib* camera : {&calib.left, &calib.right}) {
+      camera->intrinsics = {1000, 1000, 640, 512, K1};
+      camera->poly_nx = camera->poly_ny = 1;
+      camera->poly_x[3] = square;
+    }
+    arguments.type = type;
+    EXPECT_EQ(run(), 0);
+    return core.records.back().frameValues.at(0);
+  };
+  EXPECT_NEAR(errorWith(3, 0.2, 0.0F), 0.0, 0.02);
+  EXPECT_NEAR(errorWith(1, 0.0, 0.2F), 0.0, 0.02);
+  EXPECT_GT(std::abs(errorWith(3, 0.0, 0.2F)), 1.0);
+  EXPECT_GT(std::abs(errorWith(1, 0.2, 0.0F)), 1.0);
 }
 
 TEST_F(Frames, HeaderIsFormedOnlyForAFile) {

@@ -63,4 +63,15 @@ TEST(MeasurementCanvas, EdgesAreGreenOnTheLeftAndBlueOnTheRight) {
   EXPECT_EQ(at(canvas, 101, 30), cv::Vec3b(255, 0, 0));
 }
 
+TEST(MeasurementCanvas, EdgesAreRoundedToTheNearestPixel) {
+  const cv::Mat black = cv::Mat::zeros(60, 80, CV_8UC1);
+  MeasurementCanvas canvas(black, black);
+  canvas.markEdge(Side::kRight, {{20.45F, 30.45F}});
+  // A circle of radius 1 round (100, 30).
+  EXPECT_EQ(at(canvas, 99, 30), cv::Vec3b(255, 0, 0));
+  EXPECT_EQ(at(canvas, 100, 29), cv::Vec3b(255, 0, 0));
+  EXPECT_EQ(at(canvas, 102, 30), cv::Vec3b(0, 0, 0));
+  EXPECT_EQ(at(canvas, 100, 32), cv::Vec3b(0, 0, 0));
+}
+
 }  // namespace

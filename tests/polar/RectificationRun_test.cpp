@@ -80,6 +80,31 @@ TEST_F(RectifiedBoard, IdDistancesAreTakenAgainstTheCallersBoard) {
   EXPECT_NEAR(core.records[1].id_dis.at(0), core.records[0].id_dis[0] - 10.0, 1e-3);
 }
 
+TEST_F(RectifiedBoard, AnyOneOfTheCloudsSwitchesOpensItBesideTheRowDisparity) {
+  config.dy_bias_switch = 1;
+  config.foursixmethod_swithch = config.oqc_switch = 0;
+  ASSERT_EQ(run(), 0);
+  config.allpointssavecsv_swithch = 1;
+  ASSERT_EQ(run(), 0);
+  EXPECT_TRUE(folder.has("0_pointcloud.csv"));
+
+  config.allpointssavecsv_swithch = 0;
+  config.oqc_switch = 1;
+  config.Cal_ID_DIS = {{first, first + 1}};
+  geometry.boardPoints.resize(dots + 1);
+  ASSERT_EQ(run(), 0);
+  ASSERT_EQ(core.records.size(), 3U);
+  EXPECT_TRUE(core.records[1].id_dis.empty());
+  EXPECT_EQ(core.records[2].id_dis.size(), 1U);
+
+  config.oqc_switch = 0;
+  config.foursixmethod_swithch = 1;
+  config.PolPoint1_ID = 5000;
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 3U);
+  EXPECT_EQ(core.errorText, "Fail detect foursix method point1");
+}
+
 TEST_F(RectifiedBoard, MissingPointOfAGroupGivesThePairUp) {
   config.Cal_ID_DIS = {{5000, first}};
   EXPECT_EQ(run(), 0);
