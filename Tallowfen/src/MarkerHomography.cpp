@@ -17,7 +17,7 @@ std::vector<cv::Point2f> centresOf(const std::vector<Ellipse>& ellipses) {
 
 std::vector<cv::Point2f> modelFromImage(const std::vector<cv::Point2f>& image_points,
                                         const std::vector<cv::Point2f>& model_points, const std::vector<Ellipse>& all) {
-  const cv::Mat homography = cv::findHomography(image_points, model_points, 0, 3.0, cv::noArray(), 2000, 0.995);
+  const cv::Mat homography = cv::findHomography(image_points, model_points);
   std::vector<cv::Point2f> mapped;
   cv::perspectiveTransform(centresOf(all), mapped, homography);
   return mapped;

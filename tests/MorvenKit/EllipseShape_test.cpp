@@ -37,6 +37,7 @@ TEST(EllipseShape, WholeAxisRatio) {
   EXPECT_EQ(wholeAxisRatio(axes(13.8, 6.9)), 2);
   EXPECT_EQ(wholeAxisRatio(axes(6.9, 12.5)), 2);
   EXPECT_EQ(wholeAxisRatio(axes(1.99, 1.0)), 1);
+  EXPECT_EQ(wholeAxisRatio(axes(2147483647.0, 1.0)), 2147483647);
 }
 
 TEST(EllipseShape, WholeAxisRatioOfNothing) {
@@ -46,4 +47,5 @@ TEST(EllipseShape, WholeAxisRatioOfNothing) {
   EXPECT_EQ(wholeAxisRatio(axes(nan, 5)), std::nullopt);
   EXPECT_EQ(wholeAxisRatio(axes(5, nan)), std::nullopt);
   EXPECT_EQ(wholeAxisRatio(axes(1e12, 5)), std::nullopt);
+  EXPECT_EQ(wholeAxisRatio(axes(2147483648.0, 5)), std::nullopt);
 }

@@ -119,6 +119,22 @@ TEST(TrimOutliers, LimitLiesBetweenTwoPointNineOneAndTwoPointNineThree) {
   EXPECT_EQ(kept(0.07774F), 8U);  // 2.93
 }
 
+TEST(TrimOutliers, ResidualOfJustTheLimitGoes) {
+  // In 64ths: 73, 14 and 10 beside six of nothing have the rms 25, and 2.92 times that is 73.
+  auto points = withOutlier(8, 73.0F / 64, 0);
+  points[1].x += 14.0F / 64;
+  points[2].y += 10.0F / 64;
+  EXPECT_EQ(trimOutliers(kCircle, points), 25.0 / 64);
+  EXPECT_EQ(points.size(), 8U);
+}
+
+TEST(TrimOutliers, TurnsThePointsInSinglePrecision) {
+  // Along (0.8, 0.6) the point lies at (5, 0): as floats, the two products of the second component are equal. In double
+  // precision they differ by 6e-8, which is far off the axis of so thin an ellipse.
+  std::vector<cv::Point2f> points = {{4, 3}};
+  EXPECT_EQ(trimOutliers(ellipse(0, 0, 4.5, 1e-7, std::atan2(3.0, 4.0)), points), 0.5);
+}
+
 TEST(TrimOutliers, WorksInSinglePrecision) {
   // The centre is narrowed: 1e-9 beside 100 is nothing.
   std::vector<cv::Point2f> points = {{110, 50}, {90, 50}, {100, 60}, {100, 40}};

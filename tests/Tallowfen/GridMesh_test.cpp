@@ -62,6 +62,12 @@ TEST(GridMesh, NextIsTheFollowingEdgeByRisingDirection) {
   EXPECT_FALSE(edges[0].isLinked());
 }
 
+TEST(GridMesh, TheFirstTriangleDecidesWhatFollowsAnEdge) {
+  GridMesh mesh = plantedMesh();
+  mesh.closeTriangle({0, 7}, 7);
+  EXPECT_EQ(mesh.nodes()[0].edges[7].next, 0);
+}
+
 // From (6,7) up to (6,6): beyond lies (5,6), mirrored at (6,6) it gives (7,6).
 TEST(GridMesh, AxialEdgeMirrorsTheDotBeyond) {
   GridMesh mesh = plantedMesh();

@@ -81,25 +81,31 @@ TEST(SplitBigDotsMidResolution, WithoutAQuadNoClassIsGiven) {
 struct LimitCase {
   const char* name;
   double semi_a;
+  double upright;  ///< The longest distance.
+  double across;   ///< The second.
   bool quad;
 };
 
 class QuadSizeLimit : public testing::TestWithParam<LimitCase> {};
 
 TEST_P(QuadSizeLimit, IsToldInTheLargestSemiAxis) {
-  // Corners of a kite: diagonals 160 (upright) and 140 (across), nothing else longer.
+  // Corners of a kite, nothing longer than its diagonals.
+  const auto& [name, semi_a, upright, across, quad] = GetParam();
   List list;
-  for (const auto& [x, y] :
-       {std::pair(0.0, -80.0), std::pair(71.0, 0.0), std::pair(0.0, 80.0), std::pair(-69.0, 0.0)}) {
-    list.push_back(unclassified(x, y, GetParam().semi_a, 0.9));
+  for (const auto& [x, y] : {std::pair(0.0, -upright / 2), std::pair(across / 2 + 1, 0.0), std::pair(0.0, upright / 2),
+                             std::pair(1 - across / 2, 0.0)}) {
+    list.push_back(unclassified(x, y, semi_a, 0.9));
   }
   SplitBigDotsMidResolution(list);
-  EXPECT_THAT(classes(list), Each(GetParam().quad ? kBigDot : kRejected));
+  EXPECT_THAT(classes(list), Each(quad ? kBigDot : kRejected));
 }
 
 // The longest must not exceed 16 semi-axes, the second 14: 160 and 140 both meet their limit at 10 exactly.
 INSTANTIATE_TEST_SUITE_P(Table, QuadSizeLimit,
-                         testing::Values(LimitCase{"AtBothLimits", 10.0, true}, LimitCase{"AboveThem", 9.999, false}),
+                         testing::Values(LimitCase{"AtBothLimits", 10.0, 160, 140, true},
+                                         LimitCase{"AboveThem", 9.999, 160, 140, false},
+                                         LimitCase{"LongestAboveIts", 10.0, 161, 138, false},
+                                         LimitCase{"SecondAboveIts", 10.0, 158, 141, false}),
                          [](const auto& tested) { return tested.param.name; });
 
 TEST(SplitBigDotsMidResolution, OnlyTheTenLargestAreTried) {

@@ -129,6 +129,16 @@ TEST_F(SplitRings, OfSeveralSmallSolidsTheGreatestAgainstItsDotsIsKept) {
   EXPECT_THAT(joinedDots(), IsEmpty());
 }
 
+TEST_F(SplitRings, AGreatSolidAmongGreatDotsIsNotTheGreatestAgainstThem) {
+  for (kestrune::Ellipse& dot : lists_.dots) {
+    if (dot.x > 320) dot.semi_a = 8;
+  }
+  lists_.rings = corners(kSmall);
+  lists_.solids = {solidAt(100, 150, 9), solidAt(370, 200, 10)};  // 1.5 and 1.25 times the dots beside them.
+  EXPECT_TRUE(run());
+  EXPECT_THAT(sizes(lists_.solids), ElementsAre(9.0));
+}
+
 TEST_F(SplitRings, TheSizeComparedIsThatOfTheSamePositionAmongAllSolids) {
   // The big solid shifts the positions: 18 / 6 stands for the first small one, 8 / 6 for the second.
   lists_.rings = corners(kSmall);
