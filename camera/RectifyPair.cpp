@@ -1,7 +1,6 @@
 #include "camera/RectifyPair.h"
 
 #include <opencv2/imgproc.hpp>
-#include <ostream>
 
 #include "camera/DrawablePicture.h"
 #include "camera/PolarLineCanvas.h"
@@ -29,9 +28,9 @@ cv::Mat turnedClockwise(const cv::Mat& image) {
 
 void printVirtualCamera(const cv::Mat& Q) {
   const cv::Matx44d q(Q);
-  console::out() << " Virtual camera cx: " << -q(0, 3) << '\n'
-                 << " Virtual camera cy: " << -q(1, 3) << '\n'
-                 << " Virtual camera f: " << q(2, 3) << '\n';
+  console::line(" Virtual camera cx: ", -q(0, 3));
+  console::line(" Virtual camera cy: ", -q(1, 3));
+  console::line(" Virtual camera f: ", q(2, 3));
 }
 
 }  // namespace

@@ -6,7 +6,10 @@ if(MSVC)
   target_compile_options(plp_options INTERFACE /W4 /WX /fp:precise /utf-8)
 else()
   target_compile_options(plp_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
-  target_compile_options(plp_options INTERFACE $<$<CONFIG:Release>:-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+  if(NOT PLP_SANITIZE)  # The sanitizers watch the same accesses, and only where no checked form replaces them.
+    target_compile_options(plp_options INTERFACE
+      $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+  endif()
   target_link_options(plp_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

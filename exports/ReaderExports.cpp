@@ -14,7 +14,7 @@ namespace {
 
 bool existsOrReported(const std::string& path) {
   if (files::exists(path)) return true;
-  console::out() << path << " is not exists!" << std::endl;
+  console::line(path, " is not exists!");
   return false;
 }
 
@@ -33,7 +33,7 @@ std::int32_t ReadCalibImagelist(const std::string& path, ImagePairList* images) 
   requireNonNull(images, "images");
   if (!existsOrReported(path)) return polar_status::kFileMissing;
   const bool read = PolarPrecision().ReadImageList(path, *images) != 0;
-  console::out() << (read ? "readCalibImagelist() success!" : "readCalibImagelist() failed!") << std::endl;
+  console::line(read ? "readCalibImagelist() success!" : "readCalibImagelist() failed!");
   return read ? polar_status::kSuccess : polar_status::kInputUnreadable;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <ostream>
 #include <span>
 
 #include "PolarLinePrecision/CalibrationRecords.h"
@@ -50,7 +49,7 @@ void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
   MultiCalibration record;
   // The run goes on with zeros and finds out where it needs the values.
   if (loadMultiCalibration(path.c_str(), &record, 0) != polar_status::kSuccess) {
-    console::out() << "Read Poly Fail!\n" << std::flush;
+    console::line("Read Poly Fail!");
   }
   record.entries.resize(std::max(record.entries.size(), std::size_t{2}));
   const MultiCalibrationEntry& left = record.entries[0];

@@ -1,7 +1,6 @@
 #include "input/CalibrationReader.h"
 
 #include <map>
-#include <ostream>
 
 #include "PolarLinePrecision/Status.h"
 #include "input/BinaryCalibration.h"
@@ -42,7 +41,7 @@ std::int32_t ReadCalibResult(const std::string& path, StereoCalibParams& calib, 
     case kJsonType:
       return readJsonCalibration(path, calib, errorText);
     default:
-      console::out() << "readCalibResult error: invalid fileType" << std::endl;
+      console::line("readCalibResult error: invalid fileType");
       return polar_status::kCalibrationType;
   }
 }

@@ -4,12 +4,11 @@
 #include <cstddef>
 #include <opencv2/core/persistence.hpp>
 #include <optional>
-#include <ostream>
 #include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"
-#include "platform/Files.h"
+#include "platform/Document.h"
 
 namespace {
 
@@ -59,15 +58,15 @@ void readExtrinsics(const cv::FileStorage& document, StereoCalibParams& calib) {
 }  // namespace
 
 std::int32_t readJsonCalibration(const std::string& path, StereoCalibParams& calib, std::string& errorText) {
-  const cv::FileStorage document(files::nativePath(path), cv::FileStorage::READ);
+  const cv::FileStorage document = documents::openForReading(path);
   if (!document.isOpened()) {
-    console::out() << "cannot open the calib_result file" << std::endl;
+    console::line("cannot open the calib_result file");
     errorText = "Fail to read calib result file";
     return polar_status::kCalibrationUnreadable;
   }
   const auto names = cameraNames(document);
   if (!names) {
-    console::out() << "not support the Json object, please input [IR/DEPTH/RGB/COLOR/IR_L/IR_R]" << std::endl;
+    console::line("not support the Json object, please input [IR/DEPTH/RGB/COLOR/IR_L/IR_R]");
     return polar_status::kCalibrationUnreadable;
   }
   readIntrinsics(document[names->first], calib.left);

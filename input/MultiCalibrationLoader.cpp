@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <ostream>
 #include <span>
 #include <string>
 #include <utility>
@@ -49,7 +48,7 @@ bool readHeader(PackedReader& reader, MultiCalibration& record) {
 void warnOfUnknownSize(FileForm form, std::size_t cameras, std::size_t size) {
   const std::size_t missing_bytes = form == FileForm::kTabled ? cameras : 0;
   if (isKnownFileSize(cameras, size + missing_bytes)) return;
-  console::out() << "Warning: There is no bin size check for this distortion model combination!" << std::endl;
+  console::line("Warning: There is no bin size check for this distortion model combination!");
 }
 
 /// Beside the first of two cameras, and for a camera alone, no extrinsics are stored.

@@ -125,12 +125,12 @@ std::int32_t ReadPolarConfig(const std::string& config, const std::string& resul
   }
   const std::string text = textOf(config);
   if (text.empty()) {
-    console::out() << "Polarconfig is empty or no content was read." << std::endl;
+    console::line("Polarconfig is empty or no content was read.");
     return polar_status::kSuccess;
   }
   const KeyValueTable table = parseKeyValueText(text);
   if (table.empty()) {
-    console::out() << "Read Polar file Fail!" << std::endl;
+    console::line("Read Polar file Fail!");
     return polar_status::kSuccess;
   }
   return readKeys(table, result_folder, out);

@@ -28,7 +28,7 @@ void writeTable(const std::string& path, const Table& table) {
 }
 
 std::vector<float> readTable(const std::string& path) {
-  console::out() << path << std::endl;
+  console::line(path);
   std::ifstream stream = files::openInput(path);
   std::vector<float> values;
   std::string line;
@@ -66,7 +66,7 @@ std::int32_t readTxtPolyParams(const std::string& folder, ExportedCalibParams* o
   const std::array<std::string, 4> paths = {folder + kLeftX, folder + kLeftY, folder + kRightX, folder + kRightY};
   if (!std::ranges::all_of(paths, files::exists)) {
     // Meant: the text names this one file, whichever is missing.
-    console::out() << "path/polyparamirl_x.txt is not exists!" << std::endl;
+    console::line("path/polyparamirl_x.txt is not exists!");
     return polar_status::kInputUnreadable;
   }
   std::array<std::vector<float>, 4> tables;

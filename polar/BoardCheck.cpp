@@ -13,10 +13,6 @@
 
 namespace {
 
-constexpr std::size_t kLeastShared = 6;
-/// A board with fewer known points is not checked.
-constexpr std::size_t kLeastBoardPoints = 31;
-
 /// The images as a check gets them.
 struct CheckInput {
   const std::int32_t& evalu_model;
@@ -83,7 +79,7 @@ PairStatus checkBoard(PairEvaluator& evaluator, const CheckInput& input, const C
     console::out() << "Error in detect ellipse pixel coordinate!";
     return kMeasurementFailed;
   }
-  if (!evaluator.enoughShared(pair, kLeastShared)) return polar_status::kTooFewShared;
+  if (!evaluator.enoughShared(pair, kLeastSharedRaw)) return polar_status::kTooFewShared;
   const std::vector<PairPointRecord> records = triangulateShared(pair, input.cameras, model).records;
   if (!evaluator.config().spaceRms_switch || evaluator.boardPoints.size() < kLeastBoardPoints) {
     return polar_status::kSuccess;

@@ -12,10 +12,6 @@
 
 namespace {
 
-constexpr std::size_t kLeastShared = 6;
-/// A board with fewer known points is not compared.
-constexpr std::size_t kLeastBoardPoints = 31;
-
 DistanceRules brownRules() {
   return {true, std::numeric_limits<double>::infinity(), true, {cv::Point3f(0.0F, 0.0F, 0.0F), 0, false}};
 }
@@ -43,7 +39,7 @@ PairStatus searchOutlier(PairEvaluator& evaluator, std::vector<double> distances
   const auto outlier = findOutlier(distances);
   if (!outlier) return polar_status::kSuccess;
   const std::string id = std::to_string(evaluator.pairPoints[*outlier].id);
-  console::out() << "**********find maximum outlier**********\n" << id << '\n';
+  console::line("**********find maximum outlier**********\n", id);
   evaluator.errorText = "Failed in board check!Find outlier id: " + id +
                         ";total num of detect points: " + std::to_string(evaluator.pairPoints.size());
   return polar_status::kOutlier;
@@ -61,7 +57,7 @@ PairStatus compareWithBoard(PairEvaluator& evaluator, std::vector<PairPointRecor
     distances = fitAndProject(evaluator, evaluator.pairPoints, truth, model, tables);
   }
   evaluator.gt_rms = projectionRms(distances, rules.projection_limit);
-  console::out() << "gt_rms:" << evaluator.gt_rms << '\n';
+  console::line("gt_rms:", evaluator.gt_rms);
   return rules.outlier_search ? searchOutlier(evaluator, std::move(distances)) : polar_status::kSuccess;
 }
 
@@ -76,7 +72,7 @@ PairStatus evaluateRawPair(PairEvaluator& evaluator, const RawPair& pair, const 
   const PairStatus status =
       evaluator.measure(pair.evalu_model, pair.targetConfigPath, pair.left_image, pair.right_image, measured);
   if (status != polar_status::kSuccess) return status;
-  if (!evaluator.enoughShared(measured, kLeastShared)) return polar_status::kTooFewShared;
+  if (!evaluator.enoughShared(measured, kLeastSharedRaw)) return polar_status::kTooFewShared;
 
   console::useFixedNotation();
   TriangulatedPair triangulated = triangulateShared(measured, cameras, model);

@@ -2,24 +2,9 @@
 
 #include <cmath>
 
+#include "polar/PointDistance.h"
+
 namespace four_points {
-
-namespace {
-
-/// Length as the method takes it: squares and their sum in single precision, the root in double.
-double lengthOf(float dx, float dy, float dz) {
-  const float square_sum = dx * dx + dy * dy + dz * dz;
-  return std::sqrt(static_cast<double>(square_sum));
-}
-
-double measuredLength(const cv::Point3f& a, const cv::Point3f& b) { return lengthOf(a.x - b.x, a.y - b.y, a.z - b.z); }
-
-double trueLength(const std::vector<double>& a, const std::vector<double>& b) {
-  const auto difference = [&](std::size_t k) { return static_cast<float>(a.at(k) - b.at(k)); };
-  return lengthOf(difference(0), difference(1), difference(2));
-}
-
-}  // namespace
 
 int firstMissing(const Measured& points, std::int32_t missing_sum) {
   for (std::size_t k = 0; k < points.size(); ++k) {
@@ -40,7 +25,8 @@ std::array<float, 6> distanceErrors(const Measured& points, const Truth& truth) 
   std::array<float, 6> errors{};
   for (std::size_t k = 0; k < kPairs.size(); ++k) {
     const auto [a, b] = kPairs[k];
-    errors[k] = static_cast<float>(measuredLength(points[a], points[b]) - trueLength(truth[a], truth[b]));
+    const double true_length = lengthBySingles(narrowedDifference(truth[a], truth[b]));
+    errors[k] = static_cast<float>(pointDistance(points[a], points[b]) - true_length);
   }
   return errors;
 }

@@ -1,4 +1,3 @@
-#include <cmath>
 #include <memory>
 
 #include "PolarLinePrecision/Status.h"
@@ -8,6 +7,7 @@
 #include "polar/FrameSide.h"
 #include "polar/PairEvaluator.h"
 #include "polar/PairTriangulation.h"
+#include "polar/PointDistance.h"
 
 namespace {
 
@@ -26,18 +26,8 @@ MeasuredPair pairByPlace(const FrameSide& left, const FrameSide& right) {
   return pair;
 }
 
-/// Differences in single precision, squares and root in double.
-double lengthOf(float dx, float dy, float dz) {
-  return std::sqrt(std::pow(dx, 2.0) + std::pow(dy, 2.0) + std::pow(dz, 2.0));
-}
-
-double trueLength(const std::vector<double>& a, const std::vector<double>& b) {
-  const auto difference = [&](std::size_t k) { return static_cast<float>(a.at(k) - b.at(k)); };
-  return lengthOf(difference(0), difference(1), difference(2));
-}
-
 double measuredLength(const PairPointRecord& a, const PairPointRecord& b) {
-  return lengthOf(a.x - b.x, a.y - b.y, a.z - b.z);
+  return lengthByDoubles({a.x - b.x, a.y - b.y, a.z - b.z});
 }
 
 /// Ids of the judged pairs are places in the lists, counted from 1.
@@ -49,11 +39,11 @@ void judgeDistances(PairEvaluator& evaluator) {
   for (const std::vector<std::int32_t>& judged : evaluator.config().Frame_ID_DIS) {
     const std::int32_t a = judged.at(0);
     const std::int32_t b = judged.at(1);
-    const double true_length = trueLength(truth.at(placeOf(a)), truth.at(placeOf(b)));
+    const double true_length = lengthByDoubles(narrowedDifference(truth.at(placeOf(a)), truth.at(placeOf(b))));
     const double measured_length =
         measuredLength(evaluator.pairPoints.at(placeOf(a)), evaluator.pairPoints.at(placeOf(b)));
     const auto error = static_cast<float>(measured_length - true_length);
-    console::out() << a << "---" << b << ": " << error << '\n';
+    console::line(a, "---", b, ": ", error);
     evaluator.frameValues.push_back(error);
   }
 }

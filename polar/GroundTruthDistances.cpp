@@ -3,18 +3,13 @@
 #include <cmath>
 
 #include "platform/Console.h"
+#include "polar/PointDistance.h"
 
 namespace {
 
 constexpr float kTableScale = 1000.0F;
 
-/// Float differences, squares and root in double, narrowed.
-float distanceOf(const cv::Point3f& a, const cv::Point3f& b) {
-  const float dx = a.x - b.x;
-  const float dy = a.y - b.y;
-  const float dz = a.z - b.z;
-  return static_cast<float>(std::sqrt(std::pow(dx, 2.0) + std::pow(dy, 2.0) + std::pow(dz, 2.0)));
-}
+float distanceOf(const cv::Point3f& a, const cv::Point3f& b) { return static_cast<float>(lengthByDoubles(a - b)); }
 
 cv::Point3f positionOf(const PairPointRecord& record) { return {record.x, record.y, record.z}; }
 
@@ -86,8 +81,8 @@ void evaluateDistances(PairEvaluator& evaluator, std::vector<PairPointRecord>& r
   evaluator.dis_rms = rootMean(sums.squares, sums.pairs);
   evaluator.nor_rms = rootMean(sums.relative_squares, sums.pairs);
   evaluator.zero_dis = sums.ranges / static_cast<float>(records.size());
-  console::out() << "dis_rms: " << evaluator.dis_rms << '\n'
-                 << "zero_dis:" << evaluator.zero_dis << '\n'
-                 << "nor_rms:" << evaluator.nor_rms << '\n';
+  console::line("dis_rms: ", evaluator.dis_rms);
+  console::line("zero_dis:", evaluator.zero_dis);
+  console::line("nor_rms:", evaluator.nor_rms);
   tables.distances().row("pointsnum", sums.pairs, evaluator.dis_rms);
 }

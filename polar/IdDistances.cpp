@@ -13,7 +13,7 @@ namespace {
 bool isMissing(const cv::Point3f& point) { return std::trunc(point.x + point.y + point.z) == 0.0F; }
 
 bool reportMissing(std::size_t group, std::int32_t id) {
-  console::out() << group << " group " << id << "_id not find " << '\n';
+  console::line(group, " group ", id, "_id not find ");
   return false;
 }
 

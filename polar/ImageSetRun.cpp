@@ -54,11 +54,11 @@ class ImageSetPair {
 
   PairStatus triangulate() {
     if (isPoly()) {
-      console::out() << "CalTriangulateRepPOLY" << std::endl;
+      console::line("CalTriangulateRepPOLY");
       return evaluator_.CalTriangulateRepPOLY(arguments_.evalu_model, target(), core_.left_image, core_.right_image,
                                               cameras(), core_.left_camera, core_.right_camera);
     }
-    console::out() << "CalTriangulateRepBrown" << std::endl;
+    console::line("CalTriangulateRepBrown");
     return evaluator_.CalTriangulateRepBrown(arguments_.evalu_model, target(), core_.left_image, core_.right_image,
                                              cameras());
   }
@@ -102,11 +102,11 @@ class ImageSetPair {
 
   PairStatus boardCheck() {
     if (isPoly()) {
-      console::out() << "distortion model: POLY" << std::endl;
+      console::line("distortion model: POLY");
       return evaluator_.CheckBoardPoly(arguments_.evalu_model, target(), core_.left_image, core_.right_image, cameras(),
                                        core_.left_camera, core_.right_camera);
     }
-    console::out() << "distortion model: Brown" << std::endl;
+    console::line("distortion model: Brown");
     return evaluator_.CheckBoardBrown(arguments_.evalu_model, target(), core_.left_image, core_.right_image, cameras());
   }
 
@@ -136,7 +136,7 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
     result_dir = config->result_folder + files::kPathSeparator + "result";
     if (!makeResultFolders(result_dir)) {
       errorText = "Make result file error!";
-      console::out() << errorText << std::endl;
+      console::line(errorText);
       return polar_status::kResultFolder;
     }
   }

@@ -24,6 +24,13 @@ inline constexpr PairStatus kMeasurementFailed = 1;
 /// A point of a configured group is missing in the cloud.
 inline constexpr PairStatus kGroupPointMissing = 12;
 
+/// With fewer shared points a raw pair is not evaluated.
+inline constexpr std::size_t kLeastSharedRaw = 6;
+/// With fewer shared points a rectified pair is not evaluated.
+inline constexpr std::size_t kLeastSharedRectified = 3;
+/// With fewer known points a board is not compared with.
+inline constexpr std::size_t kLeastBoardPoints = 31;
+
 /// Board points of one image by id, in ascending id; the first point of an id wins.
 using PointsById = std::map<std::int32_t, cv::Point2f>;
 

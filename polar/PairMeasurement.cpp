@@ -39,7 +39,7 @@ void printPose(Side side, const std::array<float, 4>& report) {
   constexpr std::array<const char*, 4> kRightLabels = {
       "ir_right_rx: ", "ir_right_ry: ", "ir_right_rz: ", "ir_right_dis: "};
   const auto& labels = side == Side::kLeft ? kLeftLabels : kRightLabels;
-  for (std::size_t k = 0; k < labels.size(); ++k) console::out() << labels.at(k) << report.at(k) << '\n';
+  for (std::size_t k = 0; k < labels.size(); ++k) console::line(labels.at(k), report.at(k));
 }
 
 /// The centre to go on with: the detected one, or the compensated one of its edge.
@@ -63,7 +63,7 @@ class CentreChoice {
 CentreChoice chooseCentres(PairEvaluator& evaluator, const RingTarget& target, const RingTarget::Points& points,
                            const SideImage& side) {
   if (!evaluator.eccentricity) return {};
-  console::out() << "use eccentricity!" << '\n';
+  console::line("use eccentricity!");
   const BoardPose pose = estimateBoardPose(target, points, side.camera);
   printPose(side.side, pose.report);
   std::copy(pose.report.begin(), pose.report.end(), evaluator.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4));
@@ -83,7 +83,7 @@ PairStatus measureSide(PairEvaluator& evaluator, RingTarget& target, const SideI
   RingTarget::Points points;
   RingTarget::Points unidentified;
   target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
-  console::out() << "detect point num : " << points.size() << '\n';
+  console::line("detect point num : ", points.size());
   if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
 
   const CentreChoice centres = chooseCentres(evaluator, target, points, side);

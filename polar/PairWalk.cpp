@@ -35,7 +35,7 @@ bool takePair(PolarCore& core, const RunArguments& arguments, std::size_t index)
   core.left_image = arguments.images[0][index];
   core.right_image = arguments.images[1].at(index);
   if (core.left_image.empty() || core.right_image.empty()) {
-    console::out() << "The image is empty!" << std::endl;
+    console::line("The image is empty!");
     return false;
   }
   if (arguments.crop != 0) {

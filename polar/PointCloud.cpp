@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::size_t kLeastShared = 3;
-
 /// The point of a pair of rectified pixels.
 using Reprojection = std::function<cv::Point3f(const cv::Point2f& pixel_left, const cv::Point2f& pixel_right)>;
 
@@ -83,7 +81,7 @@ PairStatus makeCloud(PairEvaluator& evaluator, const CloudInput& input, const Re
   pair.right_points.swap(right_points);
   const PairStatus measured =
       evaluator.measure(input.evalu_model, input.targetConfigPath, input.left_rectified, input.right_rectified, pair);
-  const bool enough = measured == polar_status::kSuccess && evaluator.enoughShared(pair, kLeastShared);
+  const bool enough = measured == polar_status::kSuccess && evaluator.enoughShared(pair, kLeastSharedRectified);
   left_points.swap(pair.left_points);
   right_points.swap(pair.right_points);
   if (measured != polar_status::kSuccess) return kMeasurementFailed;

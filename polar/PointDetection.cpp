@@ -9,7 +9,7 @@ namespace {
 
 void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& by_id) {
   if (image.empty()) {
-    console::out() << "load image failed" << '\n';
+    console::line("load image failed");
     return;
   }
   kestrune::RingTarget::Points points;

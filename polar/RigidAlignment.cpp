@@ -53,9 +53,9 @@ void printRotation(const cv::Mat& R) {
   cv::Mat rvec;
   cv::Rodrigues(R, rvec);
   const auto degrees = [&rvec](int k) { return static_cast<float>(rvec.at<double>(k) * 180.0 / CV_PI); };
-  console::out() << "icp_rx:" << degrees(0) << '\n'
-                 << "icp_ry:" << degrees(1) << '\n'
-                 << "icp_rz:" << degrees(2) << '\n';
+  console::line("icp_rx:", degrees(0));
+  console::line("icp_ry:", degrees(1));
+  console::line("icp_rz:", degrees(2));
 }
 
 cv::Point3f movedBy(const Motion& motion, const cv::Point3f& point) {
@@ -95,9 +95,9 @@ std::array<float, 4>& PairEvaluator::AlignRigid(std::array<float, 4>& rms, const
   aligned.reserve(source.size());
   for (const cv::Point3f& point : source) aligned.push_back(movedBy(motion, point));
   rms = residualRms(aligned, target);
-  console::out() << "icp_x_rms:   " << rms[0] << '\n'
-                 << "icp_y_rms:   " << rms[1] << '\n'
-                 << "icp_z_rms:   " << rms[2] << '\n'
-                 << "icp_nor_rms: " << rms[3] << '\n';
+  console::line("icp_x_rms:   ", rms[0]);
+  console::line("icp_y_rms:   ", rms[1]);
+  console::line("icp_z_rms:   ", rms[2]);
+  console::line("icp_nor_rms: ", rms[3]);
   return rms;
 }

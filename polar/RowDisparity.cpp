@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr std::size_t kLeastShared = 3;
-
 /// Differences of all shared points and what they come to.
 struct RowDifferences {
   std::vector<float> abs_dx;
@@ -70,7 +68,7 @@ PairStatus PairEvaluator::CheckRowDisparity(const std::int32_t& evalu_model, con
   if (measure(evalu_model, targetConfigPath, left_rectified, right_rectified, pair) != polar_status::kSuccess) {
     return kMeasurementFailed;
   }
-  if (!enoughShared(pair, kLeastShared)) return polar_status::kTooFewShared;
+  if (!enoughShared(pair, kLeastSharedRectified)) return polar_status::kTooFewShared;
 
   const auto outputPath = [this](std::int32_t saved, const char* suffix) {
     return saved == 1 ? pairFile(result_folder, image_id, suffix) : std::string();

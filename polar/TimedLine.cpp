@@ -4,6 +4,5 @@
 
 void printTimedLine(const std::string& what, std::chrono::steady_clock::time_point start, double callback) {
   const std::chrono::nanoseconds elapsed = std::chrono::steady_clock::now() - start;
-  console::out() << what << "\t----time:" << static_cast<double>(elapsed.count()) / 1e6
-                 << "\t-----callback:" << callback << std::endl;
+  console::line(what, "\t----time:", static_cast<double>(elapsed.count()) / 1e6, "\t-----callback:", callback);
 }

@@ -71,7 +71,7 @@ UndistortedPair undistortPair(const cv::Point2f& pixel_left, const cv::Point2f& 
 /// Both lines name the left point, also the one of a failure on the right.
 void reportFailures(const UndistortedPair& pair, const cv::Point2f& pixel_left, std::vector<cv::Point3f>& result) {
   const auto report = [&](const char* label) {
-    console::out() << label << pixel_left.x << " " << pixel_left.y << '\n';
+    console::line(label, pixel_left.x, " ", pixel_left.y);
     result.insert(result.end(), 2, cv::Point3f(0.0F, 0.0F, 0.0F));
   };
   if (!pair.left_done) report("irl_err: ");

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <map>
-#include <ostream>
 
 #include "Tallowfen/src/BoardSize.h"
 #include "platform/Console.h"
@@ -20,9 +19,7 @@ cv::Point3d gridPosition(const RingTargetConfig& config, std::uint16_t row, std:
   return {x, y, 0.0};
 }
 
-void printPosition(const char* label, const cv::Point3d& p) {
-  console::out() << label << p.x << " " << p.y << " " << p.z << "\n";
-}
+void printPosition(const char* label, const cv::Point3d& p) { console::line(label, p.x, " ", p.y, " ", p.z); }
 
 }  // namespace
 
@@ -43,7 +40,7 @@ std::int32_t centreIndexOf(const RingTargetConfig& config) {
 std::vector<BoardPoint> makeBoardModel(const RingTargetConfig& config, const std::vector<cv::Point3f>& ground_truth) {
   const std::size_t count = dotCountOf(config);
   const bool has_truth = !ground_truth.empty() && ground_truth.size() == count;
-  console::out() << (has_truth ? "Calibration board GT mode" : "Calibration board Normal mode") << "\n";
+  console::line(has_truth ? "Calibration board GT mode" : "Calibration board Normal mode");
   const float radius = config.ratio_solid * config.step;
   std::vector<BoardPoint> model;
   model.reserve(count);

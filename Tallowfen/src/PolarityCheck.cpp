@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <opencv2/imgproc.hpp>
-#include <ostream>
 
 #include "platform/Console.h"
 
@@ -41,7 +40,7 @@ void PolarityCheck(const cv::Mat& grey, cv::Mat& bin, std::vector<Contour>& cont
     candidates.push_back(contours[i]);
     if (hierarchy[i][3] == kNoParent) ++inner_counter;
   }
-  console::out() << "*****inner_counter:" << inner_counter << std::endl;
+  console::line("*****inner_counter:", inner_counter);
   if (inner_counter >= kEnoughDots) return;
   findContoursByLocalMean(grey, block, cv::THRESH_BINARY_INV, bin, contours, hierarchy);
 }

@@ -44,7 +44,7 @@ bool RingTarget::loadConfig(const std::string& config) {
   } else {
     const std::string text = configText(config);
     if (text.empty()) {
-      console::out() << "Calibconfig is empty or no content was read.\n";
+      console::line("Calibconfig is empty or no content was read.");
       return false;
     }
     record = readTextConfig(text);

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "MorvenKit/ErrorCategories.h"
+#include "platform/Document.h"
 #include "platform/Files.h"
 
 namespace kestrune {
@@ -16,7 +17,9 @@ bool isStorageFile(const std::string& path) {
 
 bool openStorage(cv::FileStorage& storage, const std::string& path, int mode, const char* operation) {
   try {
-    return storage.open(files::nativePath(path), mode);
+    if (mode != cv::FileStorage::READ) return storage.open(files::nativePath(path), mode);
+    storage = documents::openForReading(path);
+    return storage.isOpened();
   } catch (const std::exception&) {
     // Callers tell a document that cannot be parsed from other failures by the category, so the library's exception may
     // not pass.

@@ -42,6 +42,13 @@ TEST(OpenStorage, TheLibrarysExceptionBecomesNotAccessible) {
   }
 }
 
+TEST(OpenStorage, DocumentOfNothingButBracketsIsNotAccessible) {
+  const TempFolder folder;
+  cv::FileStorage storage;
+  const std::string path = folder.write("deep.yml", "%YAML:1.0\n---\na: " + std::string(200000, '['));
+  EXPECT_THROW(openStorage(storage, path, cv::FileStorage::READ, "operation"), std::system_error);
+}
+
 TEST(OpenStorage, TakesThePathsOwnSeparator) {
   const TempFolder folder;
   folder.write("a.json", "{ \"a\": 1 }");

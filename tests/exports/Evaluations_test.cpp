@@ -66,6 +66,38 @@ TEST(Evaluations, CompensationStaysOnWithoutRectification) {
   EXPECT_EQ(countOf(run.out, "use eccentricity!\n"), 4U);
 }
 
+TEST(Evaluations, TableSwitchOpensTheCloudOfARectifiedPairOnly) {
+  const TempFolder results;
+  const RunOutcome alone = rings().evaluate(std::string(kOff) + "allpointssavecsv_swithch: 1", results.path().string());
+  EXPECT_EQ(alone.records.size(), 2U);
+  EXPECT_TRUE(std::filesystem::is_empty(results.path())) << "alone it starts nothing";
+  const RunOutcome run =
+      rings().evaluate(std::string(kOff) + "dy_bias_switch: 1\ndy_bias_savecsv_swithch: 1\nallpointssavecsv_swithch: 1",
+                       results.path().string());
+  ASSERT_EQ(run.records.size(), 2U);
+  for (const char* pair : {"0", "1"}) {
+    const std::size_t rows = countOf(results.read(std::string(pair) + "_left_dy.csv"), "\n");
+    EXPECT_GT(rows, 100U);
+    EXPECT_EQ(countOf(results.read(std::string(pair) + "_pointcloud.csv"), "\n"), rows);
+  }
+}
+
+TEST(Evaluations, EveryLineOnStandardOutputIsFlushed) {
+  std::vector<PolarResultRecord> records;
+  const ExportedCalibParams calib = rings().calibration();
+  const ImagePairList images = rings().images();
+  const ConsoleCapture console;
+  ASSERT_EQ(CalPolarLinePrecisionOutMat(rings().polarWith({{"eccentricity", "1"}, {"discalswitch", "1"}}).c_str(),
+                                        rings().file("target.ini").c_str(), calib, images, &records, nullptr, nullptr),
+            0);
+  const std::string out = console.out();
+  ASSERT_THAT(out, HasSubstr("ir_right_dis: "));
+  ASSERT_THAT(out, HasSubstr("icp_nor_rms: "));
+  std::vector<std::size_t> ends;
+  for (std::size_t at = out.find('\n'); at != std::string::npos; at = out.find('\n', at + 1)) ends.push_back(at + 1);
+  EXPECT_EQ(console.outFlushedAt(), ends);
+}
+
 TEST(Evaluations, PoseReportTellsTheBoardsDistance) {
   const RunOutcome run = rings().evaluate(std::string(kOff) + "triangulate_residual_switch: 1\neccentricity: 1\n");
   ASSERT_FALSE(run.records.empty());

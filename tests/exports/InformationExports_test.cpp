@@ -2,8 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "support/ConsoleCapture.h"
 
@@ -73,24 +76,51 @@ TEST(Version, HasSixBytesWithItsEnd) {
   EXPECT_EQ(buffer[6], 'x');
 }
 
-TEST(NullArguments, AreRefusedBeforeAnyWork) {
-  std::vector<PolarResultRecord> results;
-  ExportedCalibParams calib;
-  EXPECT_THROW(GetPolarErrorInfo(nullptr), std::logic_error);
-  EXPECT_THROW(GetVersionPolarLinePrecision(nullptr), std::logic_error);
-  EXPECT_THROW(CalPolarLinePrecision("", "", "", "", nullptr), std::logic_error);
-  EXPECT_THROW(CalPolarLinePrecision(nullptr, "", "", "", &results), std::logic_error);
-  EXPECT_THROW(CalPolarLinePrecision("", "", "", nullptr, &results), std::logic_error);
-  EXPECT_THROW(CalPolarLinePrecisionOutMat("", "", calib, {}, nullptr, nullptr, nullptr), std::logic_error);
-  EXPECT_THROW(CalPolarLinePrecisionOutMat("", nullptr, calib, {}, &results, nullptr, nullptr), std::logic_error);
-  EXPECT_THROW(CalRecificationPrecision("", "", {}, "", nullptr), std::logic_error);
-  EXPECT_THROW(CalRecificationPrecision("", "", {}, nullptr, &results), std::logic_error);
-  EXPECT_THROW(CalTempCompensateCoeff("", "", nullptr, ""), std::logic_error);
-  EXPECT_THROW(ReadCalibParams("", nullptr), std::logic_error);
-  EXPECT_THROW(ReadCalibImagelist("", nullptr), std::logic_error);
-  EXPECT_THROW(ReadTxtPolyParams("", nullptr), std::logic_error);
-  EXPECT_THROW(ReadBoardGTFromCSV("", nullptr, false), std::logic_error);
-  EXPECT_THROW(ReadBoardGTFromTxt("", nullptr), std::logic_error);
+struct NullCase {
+  const char* name;
+  std::function<void()> call;
+};
+
+void PrintTo(const NullCase& tested, std::ostream* stream) { *stream << tested.name; }
+
+class NullArgument : public testing::TestWithParam<NullCase> {};
+
+TEST_P(NullArgument, IsRefusedBeforeAnyWork) {
+  callWithMissingCalibration();
+  const ConsoleCapture console;
+  EXPECT_THROW(GetParam().call(), std::logic_error);
+  EXPECT_EQ(console.out() + console.err(), "");
+  EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
+
+std::vector<PolarResultRecord> unused;
+
+INSTANTIATE_TEST_SUITE_P(
+    Exports, NullArgument,
+    testing::Values(
+        NullCase{"RunPolarConfig", [] { CalPolarLinePrecision(nullptr, "", "", "", &unused); }},
+        NullCase{"RunTargetConfig", [] { CalPolarLinePrecision("", nullptr, "", "", &unused); }},
+        NullCase{"RunCalibration", [] { CalPolarLinePrecision("", "", nullptr, "", &unused); }},
+        NullCase{"RunImageList", [] { CalPolarLinePrecision("", "", "", nullptr, &unused); }},
+        NullCase{"RunResults", [] { CalPolarLinePrecision("", "", "", "", nullptr); }},
+        NullCase{"MemoryPolarConfig", [] { CalPolarLinePrecisionOutMat(nullptr, "", {}, {}, &unused, nullptr, ""); }},
+        NullCase{"MemoryTargetConfig", [] { CalPolarLinePrecisionOutMat("", nullptr, {}, {}, &unused, nullptr, ""); }},
+        NullCase{"MemoryResults", [] { CalPolarLinePrecisionOutMat("", "", {}, {}, nullptr, nullptr, ""); }},
+        NullCase{"RectifiedPolarConfig", [] { CalRecificationPrecision(nullptr, "", {}, "", &unused); }},
+        NullCase{"RectifiedTargetConfig", [] { CalRecificationPrecision("", nullptr, {}, "", &unused); }},
+        NullCase{"RectifiedImageList", [] { CalRecificationPrecision("", "", {}, nullptr, &unused); }},
+        NullCase{"RectifiedResults", [] { CalRecificationPrecision("", "", {}, "", nullptr); }},
+        NullCase{"TemperaturePolarConfig", [] { CalTempCompensateCoeff(nullptr, "", "", ""); }},
+        NullCase{"TemperatureTargetConfig", [] { CalTempCompensateCoeff("", nullptr, "", ""); }},
+        NullCase{"TemperatureCalibration", [] { CalTempCompensateCoeff("", "", nullptr, ""); }},
+        NullCase{"TemperatureImageList", [] { CalTempCompensateCoeff("", "", "", nullptr); }},
+        NullCase{"CalibrationRecord", [] { ReadCalibParams("", nullptr); }},
+        NullCase{"ImageListImages", [] { ReadCalibImagelist("", nullptr); }},
+        NullCase{"TextTablesRecord", [] { ReadTxtPolyParams("", nullptr); }},
+        NullCase{"CsvBoard", [] { ReadBoardGTFromCSV("", nullptr, false); }},
+        NullCase{"TextBoard", [] { ReadBoardGTFromTxt("", nullptr); }},
+        NullCase{"ErrorBuffer", [] { GetPolarErrorInfo(nullptr); }},
+        NullCase{"VersionBuffer", [] { GetVersionPolarLinePrecision(nullptr); }}),
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace

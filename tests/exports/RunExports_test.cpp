@@ -170,6 +170,15 @@ TEST_F(RunExports, RectificationRunGivesRecords) {
   EXPECT_EQ(results.size(), 2U);
 }
 
+TEST_F(RunExports, FrameSwitchEmptiesTheRowsOfARectificationRun) {
+  polar = "evaluation: 1\nspaceRms_switch: 1\nframe_work: 1\nFrame_ID_DIS: [[1,2]]";
+  EXPECT_EQ(CalRecificationPrecision(polar.c_str(), "board_type: 2", {}, folder.file("list.txt").c_str(), &results), 0);
+  EXPECT_EQ(results.size(), 2U);
+  EXPECT_EQ(folder.read("align_data.csv"),
+            "id \nImages_num_: 1_PolarVersion_: 1.3.3\nImages_num_: 2_PolarVersion_: 1.3.3\n\n");
+  EXPECT_FALSE(folder.has("frame_result.csv"));
+}
+
 TEST_F(RunExports, TemperatureExportLeavesNoTrace) {
   const std::string before = errorText();
   EXPECT_EQ(

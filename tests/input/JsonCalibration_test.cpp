@@ -207,6 +207,11 @@ TEST(JsonCalibration, MalformedDocumentsRaiseTheExceptionOfOpenCV) {
   EXPECT_THROW(read({{"DEPTH", 5}, {"RGB", 6}}), cv::Exception) << "a camera that is no object";
 }
 
+TEST(JsonCalibration, DocumentOfNothingButBracketsIsRefused) {
+  const TempFolder folder;
+  EXPECT_THROW(readPath(folder.write("c.json", R"({"DEPTH": )" + std::string(200000, '['))), cv::Exception);
+}
+
 TEST(JsonCalibration, DoesNotFollowTheProcessLocale) {
   const CommaLocale comma;
   const TempFolder folder;

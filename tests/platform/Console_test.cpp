@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CommaLocale.h"
 #include "support/ConsoleCapture.h"
 
 TEST(Console, TheTwoStreamsAreThoseOfTheProcess) {
@@ -11,6 +10,15 @@ TEST(Console, TheTwoStreamsAreThoseOfTheProcess) {
   console::err() << "failure";
   EXPECT_EQ(capture.out(), "report");
   EXPECT_EQ(capture.err(), "failure");
+}
+
+TEST(Console, LineIsFlushedBehindItsEnd) {
+  const ConsoleCapture capture;
+  console::line("points: ", 12, ' ', 0.5F);
+  console::out() << "without an end";
+  console::line();
+  EXPECT_EQ(capture.out(), "points: 12 0.5\nwithout an end\n");
+  EXPECT_EQ(capture.outFlushedAt(), (std::vector<std::size_t>{15, 30}));
 }
 
 TEST(Console, FixedNotationStaysOnStandardOutput) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iostream>
 
+#include "camera/FakeCamera.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "support/ExactPair.h"
 
@@ -250,6 +251,33 @@ TEST_F(OutlierPair, PolynomialFormDoesNotSearchAndLeavesLargeDistancesOut) {
   EXPECT_TRUE(exact.folder.has("0_diserr.csv"));
   EXPECT_TRUE(exact.folder.has("0_tripoints.csv"));
   EXPECT_FALSE(exact.folder.has("0_boardcheck.csv"));
+}
+
+/// A lens that gathers everything in the middle of the image.
+struct GatheringCamera : FakeCamera {
+  bool AddDistortion(const cv::Point2d& /*ideal*/, cv::Point2d& raw) const override {
+    raw = {0.0, 0.0};
+    return true;
+  }
+};
+
+TEST_F(DistanceMetrics, PolynomialFormKeepsExactlyFivePixelsAndNoMore) {
+  exact.config.discalswitch = true;
+  exact.rig.left.cx = 320.0;
+  exact.rig.left.cy = 256.0;
+  exact.seeBoard();
+  exact.points.left_points.assign(36, {323.0F, 260.0F});  // 3 and 4 from the middle
+  const GatheringCamera camera;
+  const auto groundTruthRms = [&] {
+    PairEvaluator evaluator = exact.exactEvaluator();
+    EXPECT_EQ(evaluator.CalTriangulateRepPOLY(0, "target", kImage, kImage, exact.cameras(), camera, camera), 0);
+    return evaluator.gt_rms;
+  };
+  EXPECT_EQ(groundTruthRms(), 5.0F);
+  for (std::size_t k = 1; k < 36; ++k) exact.points.left_points[k].y = std::nextafter(260.0F, 300.0F);
+  EXPECT_EQ(groundTruthRms(), 5.0F) << "the others are above and left out";
+  exact.points.left_points[0].y = 258.0F;
+  EXPECT_EQ(groundTruthRms(), std::sqrt(13.0F));
 }
 
 TEST_F(DistanceMetrics, BothFormsAgreeOnCamerasWithoutLens) {

@@ -6,18 +6,11 @@
 
 #include "Tallowfen/src/RingTarget.h"
 #include "polar/EccentricityCompensation.h"
-#include "support/RenderedPair.h"
+#include "support/MeasurementFixture.h"
 
 namespace {
 
-struct PairMeasurement : testing::Test {
-  const RenderedPair& rendered = RenderedPair::small();
-  ConsoleCapture console;
-  PolarConfig config;
-  MeasuredPair pair;
-  cv::Mat left = rendered.left();
-  cv::Mat right = rendered.right();
-
+struct PairMeasurement : testing::Test, MeasurementFixture {
   PairStatus measure(PairEvaluator& evaluator) {
     return evaluator.MeasurePairPoints(rendered.target().c_str(), left, right, pair);
   }

@@ -1,17 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "support/RenderedPair.h"
+#include "support/MeasurementFixture.h"
 
 namespace {
 
-struct PointDetection : testing::Test {
-  const RenderedPair& rendered = RenderedPair::small();
-  ConsoleCapture console;
-  PolarConfig config;
-  MeasuredPair pair;
-  cv::Mat left = rendered.left();
-  cv::Mat right = rendered.right();
-
+struct PointDetection : testing::Test, MeasurementFixture {
   PairStatus detect(PairEvaluator& evaluator) {
     return evaluator.DetectPairPoints(rendered.target().c_str(), left, right, pair);
   }

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "PolarLinePrecision/Status.h"
 #include "polar/PolarCore.h"
 #include "support/RunFixture.h"
@@ -111,6 +113,21 @@ TEST_F(RectifiedBoard, MissingPointOfAGroupGivesThePairUp) {
   EXPECT_TRUE(core.records.empty());
   EXPECT_THAT(console.out(), ::testing::HasSubstr("0 group 5000_id not find \n"));
   EXPECT_EQ(reported, std::vector<float>{0.003F});
+}
+
+TEST_F(RectifiedBoard, TableSwitchOpensTheCloudBehindTheRowDifferencesOnly) {
+  config.foursixmethod_swithch = 0;
+  config.oqc_switch = 0;
+  config.allpointssavecsv_swithch = 1;
+  ASSERT_EQ(run(), 0);
+  EXPECT_FALSE(folder.has("0_pointcloud.csv")) << "alone it starts nothing";
+  config.dy_bias_switch = 1;
+  config.dy_bias_savecsv_swithch = 1;
+  ASSERT_EQ(run(), 0);
+  const std::string cloud = folder.read("0_pointcloud.csv");
+  const std::string rows = folder.read("0_left_dy.csv");
+  EXPECT_GT(std::count(cloud.begin(), cloud.end(), '\n'), 100);
+  EXPECT_EQ(std::count(cloud.begin(), cloud.end(), '\n'), std::count(rows.begin(), rows.end(), '\n'));
 }
 
 TEST_F(Rectified, TypeHasNoEffect) {

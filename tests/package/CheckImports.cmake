@@ -1,0 +1,16 @@
+# The shared library starts no process and loads no code: it imports none of the functions that do.
+execute_process(COMMAND ${NM} -D --undefined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "[^\n]+" lines "${table}")
+set(imported)
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE "[@ ].*" "" name "${line}")
+  list(APPEND imported ${name})
+endforeach()
+if(NOT "${imported}" MATCHES "_Znwm")
+  message(FATAL_ERROR "not the list of imports: ${table}")
+endif()
+list(FILTER imported INCLUDE REGEX
+     "^(system|popen|exec[lv][pe]*|execveat|fexecve|v?fork|clone3?|posix_spawnp?|wordexp|dlm?open|__libc_dlopen_mode)$")
+if(imported)
+  message(FATAL_ERROR "imported: ${imported}")
+endif()

@@ -1,0 +1,109 @@
+#include "platform/Document.h"
+
+#include <gtest/gtest.h>
+
+#include <opencv2/core.hpp>
+#include <ostream>
+#include <string>
+
+#include "support/TempFolder.h"
+
+namespace {
+
+using documents::kMostOpenings;
+
+std::string repeated(const std::string& text, std::size_t count) {
+  std::string result;
+  for (std::size_t k = 0; k < count; ++k) result += text;
+  return result;
+}
+
+struct Nesting {
+  const char* name;
+  const char* before;
+  const char* opening;
+  const char* core;
+  const char* closing;
+  const char* behind;
+  std::size_t fixed;  ///< Openings of the text around.
+  std::size_t each;   ///< Openings of one level.
+};
+
+void PrintTo(const Nesting& tested, std::ostream* stream) { *stream << tested.name; }
+
+class NestedDocument : public testing::TestWithParam<Nesting> {
+ protected:
+  TempFolder folder;
+
+  /// The extension has no say in what the document is.
+  std::string nested(std::size_t levels) const {
+    const Nesting& form = GetParam();
+    return folder.write("a.json", form.before + repeated(form.opening, levels) + form.core +
+                                      repeated(form.closing, levels) + form.behind);
+  }
+};
+
+TEST_P(NestedDocument, IsReadUpToTheLimitAndRefusedBeyond) {
+  const std::size_t most = (kMostOpenings - GetParam().fixed) / GetParam().each;
+  EXPECT_TRUE(documents::openForReading(nested(most)).isOpened());
+  EXPECT_THROW(documents::openForReading(nested(most + 1)), cv::Exception);
+}
+
+TEST_P(NestedDocument, OfAMillionLevelsDoesNotEndTheProcess) {
+  EXPECT_THROW(documents::openForReading(nested(1000000)), cv::Exception);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, NestedDocument,
+                         testing::Values(Nesting{"JsonLists", R"({"a": )", "[", "", "]", "}", 1, 1},
+                                         Nesting{"JsonMaps", R"({"a": )", R"({"b":)", "1", "}", "}", 1, 1},
+                                         Nesting{"YamlLists", "%YAML:1.0\n---\na: ", "[", "", "]", "\n", 5, 1},
+                                         Nesting{"YamlDashes", "%YAML:1.0\n---\na:\n ", "- ", "1", "", "\n", 5, 1},
+                                         Nesting{"Xml", "<?xml version=\"1.0\"?>\n<opencv_storage>\n", "<a>", "",
+                                                 "</a>", "</opencv_storage>\n", 3, 2}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(Document, BracketsInQuotesCountAndClosingOnesDoNotHelp) {
+  const TempFolder folder;
+  const auto listOf = [&](const char* item, std::size_t count) {
+    return folder.write("a.json", "{\"a\": [1" + repeated(item, count) + "]}");
+  };
+  EXPECT_TRUE(documents::openForReading(listOf(", []", kMostOpenings - 2)).isOpened());
+  EXPECT_THROW(documents::openForReading(listOf(", []", kMostOpenings - 1)), cv::Exception);
+  EXPECT_THROW(documents::openForReading(listOf(", \"]\", [\"[\"]", kMostOpenings / 2)), cv::Exception);
+}
+
+TEST(Document, NumbersMayBeAsManyAsTheyLike) {
+  const TempFolder folder;
+  const cv::FileStorage document =
+      documents::openForReading(folder.write("a.json", "{\"a\": [1" + repeated(", -1.5e-05", 50000) + "]}"));
+  EXPECT_EQ(document["a"].size(), 50001U);
+}
+
+TEST(Document, RefusalNamesCountAndLimit) {
+  const TempFolder folder;
+  try {
+    documents::openForReading(folder.write("a.json", std::string(20000, '{')));
+    FAIL() << "no exception";
+  } catch (const cv::Exception& error) {
+    EXPECT_EQ(error.code, cv::Error::StsParseError);
+    EXPECT_NE(error.err.find("opens 20000 brackets, tags or keys, the most is 10000"), std::string::npos) << error.err;
+  }
+}
+
+TEST(Document, MissingFileIsNotOpen) {
+  const TempFolder folder;
+  EXPECT_FALSE(documents::openForReading(folder.file("none.json")).isOpened());
+}
+
+TEST(Document, ThatCannotBeParsedIsTheLibrarysException) {
+  const TempFolder folder;
+  EXPECT_THROW(documents::openForReading(folder.write("a.json", "{ \"a\": [1, \n")), cv::Exception);
+}
+
+TEST(Document, TakesThePathsOwnSeparator) {
+  const TempFolder folder;
+  folder.write("a.json", "{ \"a\": 1 }");
+  EXPECT_TRUE(documents::openForReading(folder.path().string() + "\\a.json").isOpened());
+}
+
+}  // namespace
