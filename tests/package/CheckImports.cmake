@@ -1,4 +1,5 @@
-# The shared library starts no process and loads no code: it imports none of the functions that do.
+# The shared library starts no process and no thread, loads no code, reads no environment, opens no connection, and removes or renames no
+# file: it imports none of the functions that do.
 execute_process(COMMAND ${NM} -D --undefined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" lines "${table}")
 set(imported)
@@ -9,8 +10,12 @@ endforeach()
 if(NOT "${imported}" MATCHES "_Znwm")
   message(FATAL_ERROR "not the list of imports: ${table}")
 endif()
-list(FILTER imported INCLUDE REGEX
-     "^(system|popen|exec[lv][pe]*|execveat|fexecve|v?fork|clone3?|posix_spawnp?|wordexp|dlm?open|__libc_dlopen_mode)$")
+set(processes "system|popen|exec[lv][pe]*|execveat|fexecve|v?fork|clone3?|posix_spawnp?|wordexp")
+set(code "dlm?open|__libc_dlopen_mode")
+set(threads "pthread_create|thrd_create|_ZNSt6thread.*")
+set(surroundings "(secure_)?getenv|setenv|putenv|socket|connect")
+set(files "unlink(at)?|rmdir|remove|rename(at2?)?|(sym)?link(at)?|_ZNSt10filesystem(6remove|10remove_all|6rename|.*link).*")
+list(FILTER imported INCLUDE REGEX "^(${processes}|${code}|${threads}|${surroundings}|${files})$")
 if(imported)
   message(FATAL_ERROR "imported: ${imported}")
 endif()
