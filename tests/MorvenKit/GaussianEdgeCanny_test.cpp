@@ -95,6 +95,12 @@ int edgesFrom(const cv::Mat& edges, int row) { return cv::countNonZero(edges.row
 
 }  // namespace
 
+TEST(GaussianEdgeCanny, HeightOfALoneStepDoesNotMatter) {
+  for (const double height : {1e-3, -1e-3, 1.0, 100.0}) {
+    EXPECT_EQ(cv::countNonZero(GaussianEdgeCanny(stepOf(50, [&](int) { return height; }))), 48) << height;
+  }
+}
+
 TEST(GaussianEdgeCanny, WeakEdgeGoesOnFromAStrongOneUntilTheLowThreshold) {
   // The step's response is 4 to 5 of 20 columns wide, its height falls to nothing: the mean is an eighth of the peak or
   // so (with the slope along the rows), and 1.5 means are met at 14 to 22 % of the height.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 using kestrune::morvenkit::kVerticalRay;
@@ -89,6 +90,13 @@ TEST(ScanLine, NumberOfStepsIsCutNotRounded) {
   EXPECT_EQ(ScanLine({0.4F, 3}, {4, 3}, rowImage("#...#")), 2);
   // From 0.4 to 4.3: 4 samples and the end at 4, none at 5.
   EXPECT_EQ(ScanLine({0.4F, 3}, {4.3F, 3}, rowImage("#....#")), 1);
+}
+
+TEST(ScanLine, LengthIsFormedInSinglePrecision) {
+  // The float below 4, plus 1, is 5: a fifth sample, in row 3, where the line is at 2.5. The end is row 2.
+  cv::Mat image = cv::Mat::zeros(5, 5, CV_8UC1);
+  image.at<uchar>(3, 4) = 255;
+  EXPECT_EQ(ScanLine({0, 2.0F}, {std::nextafter(4.0F, 0.0F), 2.5F}, image), 2);
 }
 
 TEST(ScanLine, NoSampleLiesBeyondTheEnd) {

@@ -50,6 +50,11 @@ TEST(NewCameraMatrix, ANewSizeRescalesEachAxis) {
               MatNear(cv::Matx33d(1200, 0, 497, 0, 500 * 240 / 481.0, 140.5 * 240 / 481.0, 0, 0, 1), 1e-10));
 }
 
+TEST(NewCameraMatrix, OnePixelIsASizeToo) {
+  EXPECT_THAT(chosen(kK, 1.0, {1, 1}),
+              MatNear(cv::Matx33d(600 / 641.0, 0, 248.5 / 641, 0, 500 / 481.0, 140.5 / 481, 0, 0, 1), 1e-10));
+}
+
 TEST(NewCameraMatrix, ANewSizeThatIsNotPositiveInBothAxesIsNone) {
   for (const cv::Size& size : {cv::Size(0, 0), cv::Size(1282, 0), cv::Size(0, 240), cv::Size(-5, 240)}) {
     EXPECT_EQ(distanceOf(chosen(kK, 1.0, size), chosen(kK, 1.0)), 0.0);
