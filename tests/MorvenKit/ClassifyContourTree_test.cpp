@@ -223,6 +223,49 @@ TEST(ClassifyContourTree, CentreOffTheMaskIsMaskedOut) {
   EXPECT_EQ(scene.walk(tree, kBinary).size(), 1U);
 }
 
+namespace {
+
+struct CentredContour {
+  Contour contour;
+  cv::Point pixel;  ///< The centre lies half a pixel to the right of it and below.
+};
+
+/// A contour of mirrored quarters, moved to where the fit finds its centre to the last digit.
+std::optional<CentredContour> centredBetweenPixels() {
+  const Contour quarter = {{12, 1}, {12, 3}, {11, 6}, {9, 9}, {6, 11}, {3, 12}, {1, 12}};  // Seen from the pixel.
+  for (int y = 40; y < 100; ++y) {
+    for (int x = 40; x < 100; ++x) {
+      Contour contour;
+      for (auto p = quarter.begin(); p != quarter.end(); ++p) contour.emplace_back(x + p->x, y + p->y);
+      for (auto p = quarter.rbegin(); p != quarter.rend(); ++p) contour.emplace_back(x + 1 - p->x, y + p->y);
+      for (auto p = quarter.begin(); p != quarter.end(); ++p) contour.emplace_back(x + 1 - p->x, y + 1 - p->y);
+      for (auto p = quarter.rbegin(); p != quarter.rend(); ++p) contour.emplace_back(x + p->x, y + 1 - p->y);
+      const auto fit = fitEllipseRobust({contour.begin(), contour.end()});
+      if (fit.x == x + 0.5 && fit.y == y + 0.5) return CentredContour{contour, {x, y}};
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+TEST(ClassifyContourTree, CentreHalfAPixelBehindTheLastOneOfTheMaskIsOff) {
+  const auto centred = centredBetweenPixels();
+  ASSERT_TRUE(centred);
+  // Windows of a mask that goes on beyond them.
+  const cv::Mat white(kSide, kSide, CV_8UC1, cv::Scalar(255));
+  const auto found = [&](int cols, int rows) {
+    Scene scene;
+    scene.params.min_radius = 1.0;
+    scene.mask = white(cv::Rect(0, 0, cols, rows));
+    return scene.walk(lone(centred->contour), kBinary).size();
+  };
+  EXPECT_EQ(found(centred->pixel.x + 2, kSide), 1U);
+  EXPECT_EQ(found(centred->pixel.x + 1, kSide), 0U);
+  EXPECT_EQ(found(kSide, centred->pixel.y + 2), 1U);
+  EXPECT_EQ(found(kSide, centred->pixel.y + 1), 0U);
+}
+
 TEST(ClassifyContourTree, SigmaOfAFailedFitGivesWayToTheChildren) {
   // A square's corners lie too far from any ellipse: the root mean square is above 1 pixel.
   cv::Mat image = kBinary.clone();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace kestrune::morvenkit;
 
 namespace {
@@ -76,6 +78,17 @@ INSTANTIATE_TEST_SUITE_P(
                     DirectionCase{2, 2, {1, 1}, {1, 0}, 1.0F}, DirectionCase{-2, -2, {1, 1}, {1, 0}, 1.0F}));
 
 TEST(NonMaximumSuppression, WithoutGradientNothingStays) { EXPECT_FALSE(stays(patch(0, 0))); }
+
+TEST(NonMaximumSuppression, InterpolatesInSinglePrecision) {
+  // A third of the way from 4 in the row to 1 on the diagonal lies 3; single-precision steps end at the float below it.
+  EdgeGradient g = patch(3, 1);
+  g.magnitude(1, 2) = 4.0F;
+  g.magnitude(2, 2) = 1.0F;
+  g.magnitude(1, 1) = std::nextafter(3.0F, 0.0F);
+  EXPECT_TRUE(stays(g));
+  g.magnitude(1, 1) = std::nextafter(g.magnitude(1, 1), 0.0F);
+  EXPECT_FALSE(stays(g));
+}
 
 TEST(NonMaximumSuppression, FirstAndLastRowAndColumnAreSkipped) {
   EdgeGradient g{cv::Mat_<float>(4, 5, 1.0F), cv::Mat_<float>(4, 5, 0.0F), cv::Mat_<float>(4, 5, 1.0F)};
