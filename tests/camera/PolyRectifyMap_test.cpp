@@ -69,6 +69,23 @@ TEST(InitPolyRectifyMap, GoesThroughTheLens) {
   EXPECT_EQ(maps.second.at<float>(2, 3), 310.0F * 2.5F + 122);
 }
 
+TEST(InitPolyRectifyMap, RaysAreSummedAlongTheRow) {
+  // The matrix takes 3000 away, so that the roundings of the sum show in the small number that is left.
+  constexpr int kColumns = 10000;
+  const cv::Mat K = (cv::Mat_<double>(3, 3) << 1, 0, -3000, 0, 1, 0, 0, 0, 1);
+  const cv::Mat scaled = (cv::Mat_<double>(3, 3) << 3, 0, 0, 0, 3, 0, 0, 0, 1);
+  cv::Mat columns, rows;
+  InitPolyRectifyMap(K, PinholeCameraIntrinsicsPOL(), cv::Mat(), scaled, {kColumns, 1}, CV_32FC1, columns, rows);
+  const double step = cv::Matx33d(scaled).inv()(0, 0);
+  double sum = 0.0;
+  int told_apart = 0;
+  for (int column = 0; column < kColumns; ++column, sum += step) {
+    ASSERT_EQ(columns.at<float>(0, column), static_cast<float>(sum - 3000)) << column;
+    if (static_cast<float>(sum - 3000) != static_cast<float>(step * column - 3000)) ++told_apart;
+  }
+  EXPECT_GT(told_apart, 0);
+}
+
 TEST(InitPolyRectifyMap, EachPixelProjectsBackToItself) {
   const Maps maps = polyMaps(zeroTables(), kRotation, kP);
   const cv::Matx33d forward = cv::Matx33d(kP.colRange(0, 3)) * cv::Matx33d(matrixOf(kRotation));

@@ -116,14 +116,15 @@ TEST(Evaluations, FigureOfAFailedFrameIsTheOneOfThePairBefore) {
   images[1].push_back(images[0][1]);
   std::vector<PolarResultRecord> records;
   const ConsoleCapture quiet;
-  ASSERT_EQ(CalPolarLinePrecisionOutMat(frames.polarWith({{"triangulate_residual_switch", "1"}}).c_str(),
-                                        frames.file("target.ini").c_str(), frames.calibration(), images, &records,
-                                        nullptr, nullptr),
+  const std::string polar = frames.polarWith({{"triangulate_residual_switch", "1"}, {"evaluation", "0"}});
+  ASSERT_EQ(CalPolarLinePrecisionOutMat(polar.c_str(), frames.file("target.ini").c_str(), frames.calibration(), images,
+                                        &records, nullptr, nullptr),
             0);
   ASSERT_EQ(records.size(), 2U);
   EXPECT_GT(records[0].tri_rms, 0.0);
   EXPECT_EQ(records[1].tri_rms, records[0].tri_rms);
   EXPECT_EQ(records[0].frameValues.size(), 5U);
+  EXPECT_TRUE(records[1].frameValues.empty()) << "the row has cleared them, though there is no file for it";
 }
 
 TEST(Evaluations, BoardTruthScaledByAThousandthGivesThePredictedErrors) {

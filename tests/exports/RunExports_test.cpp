@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iostream>
 #include <opencv2/imgcodecs.hpp>
 
 #include "support/RenderedSet.h"
@@ -120,6 +121,34 @@ TEST_F(RunExports, FolderOfTheListTakesTheResults) {
   EXPECT_TRUE(folder.has("align_data_0.csv"));
 }
 
+TEST_F(RunExports, FileExportHasNoLineOfLoadedParameters) {
+  EXPECT_EQ(onDisk(folder.file("list.txt")), 0);
+  EXPECT_THAT(console.out(), ::testing::Not(HasSubstr("Load Parameters OK")));
+  EXPECT_THAT(console.out(), HasSubstr("--------Initialization Parameters OK\t----time:"));
+}
+
+TEST_F(RunExports, BadConfigurationEndsEachExportBeforeItsFirstLine) {
+  polar = "PolPoint4_GT: [1,2,3,4]";
+  results.resize(5);
+  const std::string list = folder.file("list.txt");
+  EXPECT_EQ(onDisk(list), polar_status::kBadGroundTruthPoint);
+  EXPECT_EQ(inMemory(&progress, nullptr), polar_status::kBadGroundTruthPoint);
+  EXPECT_EQ(CalRecificationPrecision(polar.c_str(), "board_type: 2", {}, list.c_str(), &results),
+            polar_status::kBadGroundTruthPoint);
+  EXPECT_EQ(console.out(), "");
+  EXPECT_TRUE(reported.empty());
+  EXPECT_EQ(results.size(), 5U);
+}
+
+TEST_F(RunExports, PairsThatWereGivenUpLeaveTheText) {
+  const std::string calib = folder.file("gone.json");
+  CalTempCompensateCoeff("x_y: 0", "", calib.c_str(), "");
+  polar = "triangulate_residual_switch: 1\nspaceRms_switch: 0";
+  for (auto& list : images) list.assign(2, cv::Mat(300, 400, CV_8UC1, cv::Scalar(90)));
+  EXPECT_EQ(inMemory(nullptr, nullptr), polar_status::kNoResults);
+  EXPECT_EQ(errorText(), "Fail to read calib result file");
+}
+
 TEST_F(RunExports, ListPathWithoutASeparatorIsNoFolderForResults) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder.path());
@@ -163,6 +192,15 @@ TEST_F(RunExports, RectificationRunReadsItsListAfterItsFirstLine) {
   EXPECT_THAT(console.err(), HasSubstr("to read failed!"));
   EXPECT_EQ(errorText(), "Read image Error!");
   EXPECT_TRUE(folder.has("align_data.csv"));
+}
+
+TEST_F(RunExports, RectificationRunPrintsItsFirstLineBeforeTheListFails) {
+  std::streambuf* const kept = std::cerr.rdbuf(std::cout.rdbuf());
+  CalRecificationPrecision(polar.c_str(), "board_type: 2", {}, folder.file("none.txt").c_str(), &results);
+  std::cerr.rdbuf(kept);
+  const std::string both = console.out();
+  EXPECT_LT(both.find("Load Parameters OK"), both.find("to read failed!"));
+  EXPECT_LT(both.find("to read failed!"), both.find("Initialization Parameters OK"));
 }
 
 TEST_F(RunExports, RectificationRunGivesRecords) {

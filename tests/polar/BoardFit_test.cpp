@@ -63,6 +63,24 @@ TEST_F(BoardFit, MovedPixelIsThatDistanceOff) {
   EXPECT_LT(distances[6], 3e-3);
 }
 
+TEST(BoardFitOfOnePoint, DistanceIsOfDifferencesInSinglePrecision) {
+  // The point lands on its place, and that on the pixel (740, 562).
+  EvaluatorFixture fixture;
+  PairEvaluator evaluator = fixture.evaluator();
+  evaluator.eval_left_K = (cv::Mat_<double>(3, 3) << 1000, 0, 640, 0, 1000, 512, 0, 0, 1);
+  PairPointRecord record;
+  record.left_x = 0.3F;
+  record.left_y = 562.0F;
+  record.x = 100.0F;
+  record.y = 50.0F;
+  record.z = 1000.0F;
+  const BrownPairModel model({}, {});
+  DistanceTables tables(evaluator, false);
+  const std::vector<double> distances = fitAndProject(evaluator, {record}, {{7, 8, 9}}, model, tables);
+  EXPECT_EQ(distances.at(0), static_cast<double>(740.0F - 0.3F));
+  EXPECT_NE(distances.at(0), 740.0 - static_cast<double>(0.3F));
+}
+
 TEST_F(BoardFit, FourFitFiguresReachTheEvaluator) {
   records[0].z += 2.0F;
   PairEvaluator evaluator = exact.exactEvaluator();

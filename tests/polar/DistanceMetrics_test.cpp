@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <iostream>
+#include <opencv2/imgcodecs.hpp>
 
 #include "camera/FakeCamera.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
@@ -94,6 +95,19 @@ TEST_F(DistanceMetrics, ResidualsOfAnExactPairAreTiny) {
   ASSERT_EQ(brown(evaluator), 0);
   EXPECT_GT(evaluator.tri_max, 0.0F);
   EXPECT_LT(evaluator.tri_max, 0.002F);
+}
+
+TEST_F(DistanceMetrics, ResidualPictureIsTheRightImage) {
+  exact.seeBoard();
+  exact.config.triangulate_residual_switch = 1;
+  exact.config.tri_bias_savepng_swithch = 1;
+  PairEvaluator evaluator = exact.exactEvaluator();
+  const cv::Mat right(512, 640, CV_8UC1, cv::Scalar(77));
+  ASSERT_EQ(evaluator.CalTriangulateRepBrown(0, "target", kImage, right, exact.cameras()), 0);
+  const cv::Mat picture = cv::imread(exact.folder.file("0_right_tri.png"), cv::IMREAD_UNCHANGED);
+  ASSERT_EQ(picture.size(), right.size());
+  EXPECT_EQ(cv::norm(picture, cv::Mat(right.size(), CV_8UC3, cv::Scalar(77, 77, 77)), cv::NORM_INF), 0.0);
+  EXPECT_NE(evaluator.residual_image.data, right.data);
 }
 
 TEST_F(DistanceMetrics, FailedResidualStepEndsIt) {

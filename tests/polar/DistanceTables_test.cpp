@@ -25,6 +25,18 @@ TEST(DistanceTables, ThreeFilesOfThePairsNumber) {
   EXPECT_EQ(fixture.folder.read("4_boardcheck.csv"), "3\nid_, ,figure\n");
 }
 
+TEST(DistanceTables, TablesOfAnEarlierRunAreReplaced) {
+  EvaluatorFixture fixture;
+  fixture.config.discalsave = true;
+  for (const char* suffix : {"diserr", "tripoints", "boardcheck"}) {
+    fixture.folder.write("0_" + std::string(suffix) + ".csv", "what an earlier run left here, longer than it all\n");
+  }
+  writeEach(fixture.evaluator(), true);
+  EXPECT_EQ(fixture.folder.read("0_diserr.csv"), "1\n");
+  EXPECT_EQ(fixture.folder.read("0_tripoints.csv"), "2\n");
+  EXPECT_EQ(fixture.folder.read("0_boardcheck.csv"), "3\nid_, ,figure\n");
+}
+
 TEST(DistanceTables, BoardCheckIsLeftOutWhereItIsNotWanted) {
   EvaluatorFixture fixture;
   fixture.config.discalsave = true;

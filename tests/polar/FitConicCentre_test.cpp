@@ -74,4 +74,18 @@ TEST(FitConicCentre, PointsWithoutSpreadAreNotGuarded) {
   EXPECT_TRUE(std::isnan(centre.x));
 }
 
+TEST(FitConicCentre, IsFittedInSinglePrecision) {
+  // Six points of an upright ellipse, a quarter of a pixel to either side. At column 4096 the squares lose that
+  // quarter in single precision: the points have no spread then, and no centre.
+  const auto pointsAbout = [](float x, float dx) {
+    return std::vector<cv::Point2f>{{x - dx, 98}, {x - dx, 102}, {x + dx, 98}, {x + dx, 102}, {x, 96}, {x, 104}};
+  };
+  cv::Point2f centre;
+  EXPECT_EQ(FitConicCentre(pointsAbout(16.0F, 0.25F), centre), 1);
+  EXPECT_NEAR(centre.x, 16.0, 1e-3);
+  EXPECT_NEAR(centre.y, 100.0, 1e-2);
+  EXPECT_EQ(FitConicCentre(pointsAbout(4096.0F, 0.25F), centre), 1);
+  EXPECT_TRUE(std::isnan(centre.x));
+}
+
 }  // namespace

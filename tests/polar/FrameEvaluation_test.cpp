@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <sstream>
@@ -68,6 +69,31 @@ TEST_F(FrameEvaluation, ErrorsAreInSinglePrecisionAndPrintedWithEightDecimals) {
     expected << labels[k] << static_cast<float>(value) << '\n';
   }
   EXPECT_NE(console.out().find(expected.str()), std::string::npos) << console.out();
+}
+
+TEST_F(FrameEvaluation, LengthsAreSquaredAndRootedInDouble) {
+  config.Frame_ID_DIS.clear();
+  for (std::int32_t a = 1; a <= 5; ++a) {
+    for (std::int32_t b = 1; b <= 5; ++b) config.Frame_ID_DIS.push_back({a, b});
+  }
+  PairEvaluator target = evaluator();
+  ASSERT_EQ(evaluate(target), 0);
+  int told_apart = 0;
+  for (std::size_t k = 0; k < 25; ++k) {
+    const std::size_t a = k / 5, b = k % 5;
+    const PairPointRecord& first = target.pairPoints[a];
+    const PairPointRecord& second = target.pairPoints[b];
+    const cv::Point3f apart(first.x - second.x, first.y - second.y, first.z - second.z);
+    const auto& true_first = config.Frame_3D[a];
+    const auto& true_second = config.Frame_3D[b];
+    const double true_length = cv::norm(
+        cv::Point3d(true_first[0] - true_second[0], true_first[1] - true_second[1], true_first[2] - true_second[2]));
+    EXPECT_EQ(target.frameValues[k],
+              static_cast<double>(static_cast<float>(cv::norm(cv::Point3d(apart)) - true_length)));
+    const float narrow = std::sqrt(apart.x * apart.x + apart.y * apart.y + apart.z * apart.z);
+    if (target.frameValues[k] != static_cast<double>(static_cast<float>(narrow - true_length))) ++told_apart;
+  }
+  EXPECT_GT(told_apart, 5);
 }
 
 TEST_F(FrameEvaluation, TrueDifferencesAreTakenAsFloats) {

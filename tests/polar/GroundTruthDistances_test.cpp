@@ -97,4 +97,54 @@ TEST_F(GroundTruthDistances, SumsOverAllPairsStayInSinglePrecision) {
   EXPECT_NE(records[0].dis_rms, std::sqrt(16777226.0F / 11.0F));
 }
 
+/// Records and true places without any order in them.
+struct ScatteredPoints : GroundTruthDistances {
+  ScatteredPoints() {
+    records.clear();
+    truth.clear();
+    for (std::int32_t id = 0; id < 40; ++id) {
+      const float t = static_cast<float>(id);
+      records.push_back(at(id, {37.1F * std::sin(t), 41.3F * std::cos(1.7F * t), 500.7F + 13.9F * std::sin(2.3F * t)}));
+      truth.emplace_back(36.9F * std::sin(t), 41.7F * std::cos(1.7F * t), 14.1F * std::sin(2.3F * t));
+    }
+  }
+  static cv::Point3f place(const PairPointRecord& record) { return {record.x, record.y, record.z}; }
+};
+
+TEST_F(ScatteredPoints, LengthsAreSquaredAndRootedInDouble) {
+  const auto wideLength = [](const cv::Point3f& d) { return static_cast<float>(cv::norm(cv::Point3d(d))); };
+  const auto narrowLength = [](const cv::Point3f& d) { return std::sqrt(d.x * d.x + d.y * d.y + d.z * d.z); };
+  PairEvaluator evaluator = fixture.evaluator();
+  evaluate(evaluator);
+  int told_apart = 0;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    for (const auto& [id, error] : records[i].dis_errors) {
+      const auto j = static_cast<std::size_t>(id);
+      const cv::Point3f measured = place(records[i]) - place(records[j]);
+      const cv::Point3f expected = truth[i] - truth[j];
+      EXPECT_EQ(error, wideLength(measured) - wideLength(expected));
+      if (error != narrowLength(measured) - narrowLength(expected)) ++told_apart;
+    }
+  }
+  EXPECT_GT(told_apart, 50);
+}
+
+TEST_F(ScatteredPoints, FiguresOfTheWholePairAreSummedInSinglePrecision) {
+  records[1].z += 1500.0F;  // Its large errors swallow the small ones of the others.
+  PairEvaluator evaluator = fixture.evaluator();
+  evaluate(evaluator);
+  float squares = 0.0F, relative_squares = 0.0F, ranges = 0.0F;
+  double wide_squares = 0.0;
+  for (const PairPointRecord& record : records) {
+    for (const auto& [id, error] : record.dis_errors) squares += error * error;
+    for (const auto& [id, error] : record.dis_errors) wide_squares += static_cast<double>(error) * error;
+    for (const auto& [id, error] : record.nor_errors) relative_squares += error * error;
+    ranges += std::sqrt(record.x * record.x + record.y * record.y + record.z * record.z);
+  }
+  EXPECT_EQ(evaluator.dis_rms, std::sqrt(squares / 1560.0F));
+  EXPECT_NE(evaluator.dis_rms, static_cast<float>(std::sqrt(wide_squares / 1560.0)));
+  EXPECT_EQ(evaluator.nor_rms, std::sqrt(relative_squares / 1560.0F));
+  EXPECT_EQ(evaluator.zero_dis, ranges / 40.0F);
+}
+
 }  // namespace

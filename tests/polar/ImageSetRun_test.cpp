@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <opencv2/imgcodecs.hpp>
+
 #include "PolarLinePrecision/Status.h"
 #include "polar/PolarCore.h"
 #include "support/RunFixture.h"
@@ -75,6 +77,28 @@ TEST_F(ImageSet, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
   EXPECT_TRUE(folder.has("result_right/0_right.png"));
 }
 
+TEST_F(ImageSet, SavedPicturesAreLeftRightAndBothWithTheirLines) {
+  config.savepolarline = 1;
+  config.foursixmethod_swithch = 1;
+  arguments.type = 5;  // Unwarped.
+  const cv::Mat left(90, 120, CV_8UC1, cv::Scalar(60));
+  const cv::Mat right(90, 120, CV_8UC1, cv::Scalar(200));
+  arguments.images = {{left}, {right}};
+  arguments.targetConfigPath = "";
+  EXPECT_EQ(run(), 0);
+  const auto saved = [&](const char* name) { return cv::imread(folder.file(name), cv::IMREAD_UNCHANGED); };
+  const auto isAll = [](const cv::Mat& picture, const cv::Scalar& colour) {
+    return picture.type() == CV_8UC3 && cv::norm(picture, cv::Mat(picture.size(), CV_8UC3, colour), cv::NORM_INF) == 0;
+  };
+  EXPECT_TRUE(isAll(saved("result_left/0_left.png"), {60, 60, 60}));
+  EXPECT_TRUE(isAll(saved("result_right/0_right.png"), {200, 200, 200}));
+  const cv::Mat both = saved("result/0.png");
+  ASSERT_EQ(both.size(), cv::Size(240, 90));
+  EXPECT_TRUE(isAll(both.row(64), {0, 255, 0}));
+  EXPECT_TRUE(isAll(both(cv::Rect(0, 65, 120, 25)), {60, 60, 60}));
+  EXPECT_TRUE(isAll(both(cv::Rect(120, 65, 120, 25)), {200, 200, 200}));
+}
+
 TEST_F(ImageSet, FolderThatCannotBeMadeEndsTheRun) {
   config.savepolarline = 1;
   config.result_folder = folder.file("missing/below");
@@ -91,6 +115,16 @@ TEST_F(ImageSet, AllThreeFoldersAreTriedBeforeTheVerdict) {
   EXPECT_EQ(run(), 0);
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result"));
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_right"));
+}
+
+TEST_F(ImageSet, FoldersMadeBesideTheOneThatFailsRemain) {
+  config.savepolarline = 1;
+  std::filesystem::create_symlink(folder.path() / "nowhere", folder.path() / "result");
+  pairs(0);
+  EXPECT_EQ(run(), polar_status::kResultFolder);
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_left"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_right"));
+  EXPECT_FALSE(folder.has("align_data_0.csv"));
 }
 
 class WrongNumberOfLists : public ::testing::TestWithParam<std::size_t> {};
@@ -176,6 +210,19 @@ TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
   EXPECT_EQ(arguments.images[0][0].cols, 40);
 }
 
+TEST_F(ImageSet, CropIsTakenForEachImageByItself) {
+  pairs(1);
+  arguments.images[1][0] = cv::Mat(35, 50, CV_8UC1, cv::Scalar(90));
+  arguments.crop = 1;
+  arguments.cropped_cols = 31;
+  arguments.cropped_rows = 25;
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 4);
+  EXPECT_EQ(core.left.K.at<double>(1, 2), 15.0 - 2);
+  EXPECT_EQ(core.right.K.at<double>(0, 2), 21.0 - 9);
+  EXPECT_EQ(core.right.K.at<double>(1, 2), 16.0 - 5);
+}
+
 struct BadCrop {
   int cols, rows;
 };
@@ -210,6 +257,15 @@ TEST_F(ImageSet, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
   pairs(2, 400, 300);
   EXPECT_EQ(run(), polar_status::kTooFewDetected);
   EXPECT_TRUE(core.records.empty());
+  EXPECT_EQ(folder.read("align_data_0.csv"), "id ,tri_rms, tri_mean, tri_min, tri_max\n")
+      << "without its last line end";
+}
+
+TEST_F(ImageSet, ImagesAreLetGoBehindTheirPair) {
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.left_image.empty());
+  EXPECT_TRUE(core.right_image.empty());
 }
 
 TEST_F(ImageSet, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {

@@ -227,4 +227,93 @@ TEST_F(PairMeasurement, FirstDetectedPointOfAnIdStays) {
   EXPECT_EQ(detected.left_by_id, first);
 }
 
+TEST_F(PairMeasurement, SixDetectedPointsAreEnough) {
+  const RenderedPair& dots = RenderedPair::bigDots();
+  PairEvaluator evaluator = dots.evaluator(config);
+  const auto statusOf = [&](const char* ids) {
+    pair = {};
+    const std::string target = scene::targetIni(dots.scene()) + "\ndetection_switch: 1\ndetection_id: " + ids + "\n";
+    return evaluator.MeasurePairPoints(target.c_str(), dots.left(), dots.right(), pair);
+  };
+  EXPECT_EQ(statusOf("[1,2,3,4,5]"), -6);
+  EXPECT_NE(console.out().find("detect point num : 5\n"), std::string::npos);
+  EXPECT_EQ(statusOf("[1,2,3,4,5,6]"), 0);
+  EXPECT_EQ(pair.left_points.size(), 6U);
+}
+
+TEST_F(PairMeasurement, SixBoardPointsDoNotReachTheTargetAndSevenDo) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  left = cv::Mat();
+  const auto modeOf = [&](const std::string& board, std::size_t count) {
+    evaluator.boardPoints.resize(count);
+    const std::size_t before = console.out().size();
+    evaluator.MeasurePairPoints((board + "\nboard_type: 2\nstep: 20\n").c_str(), left, right, pair);
+    const std::string printed = console.out().substr(before);
+    return printed.substr(0, printed.find('\n'));
+  };
+  EXPECT_EQ(modeOf("rows: 2\ncols: 3", 6), "Calibration board Normal mode");
+  EXPECT_EQ(modeOf("rows: 1\ncols: 7", 7), "Calibration board GT mode");
+}
+
+/// Each coefficient alone bends the picture in its own way, so that a wrong place of one shows in the pose.
+TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
+  PairEvaluator evaluator = rendered.evaluator(config);
+  evaluator.eccentricity = true;
+  for (std::size_t k = 0; k < 8; ++k) {
+    evaluator.left_dist[4 + k] = 0.01F * static_cast<float>(k + 1);
+    evaluator.right_dist[4 + k] = -0.008F * static_cast<float>(k + 1);
+  }
+  evaluator.eval_right_K = evaluator.eval_right_K * 1.0;
+  evaluator.eval_right_K.at<double>(0, 2) += 7.0;
+  ASSERT_EQ(measure(evaluator), 0);
+
+  kestrune::RingTarget target;
+  target.loadConfig(rendered.target());
+  const scene::Board& board = rendered.scene().board;
+  for (std::size_t side = 0; side < 2; ++side) {
+    kestrune::RingTarget::Points points, unidentified;
+    target.detect(side == 0 ? left : right, points, unidentified, cv::Mat());
+    std::vector<cv::Point3f> points_board;
+    std::vector<cv::Point2f> pixels;
+    for (const auto& point : points) {
+      points_board.emplace_back(static_cast<float>(point.id % board.cols * board.step),
+                                static_cast<float>(point.id / board.cols * scene::rowStep(board)), 0.0F);
+      pixels.emplace_back(static_cast<float>(point.x), static_cast<float>(point.y));
+    }
+    const CameraFloats& lens = side == 0 ? evaluator.left_dist : evaluator.right_dist;
+    // k1, k2, p1, p2, k3 to k6.
+    const std::vector<double> coefficients = {lens[4], lens[5], lens[10], lens[11], lens[6], lens[7], lens[8], lens[9]};
+    cv::Vec3d rvec, tvec;
+    cv::solvePnP(points_board, pixels, side == 0 ? evaluator.eval_left_K : evaluator.eval_right_K, coefficients, rvec,
+                 tvec);
+    for (int k = 0; k < 3; ++k) {
+      EXPECT_NEAR(evaluator.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI, 1e-4);
+    }
+  }
+}
+
+class ChosenPoint : public PairMeasurement, public testing::WithParamInterface<int> {};
+
+TEST_P(ChosenPoint, IsMarkedInBothHalves) {
+  const std::array<std::int32_t*, 4> ids = {&config.TriPoint1_ID, &config.TriPoint2_ID, &config.TriPoint3_ID,
+                                            &config.TriPoint4_ID};
+  for (std::int32_t* id : ids) *id = -7;
+  *ids.at(static_cast<std::size_t>(GetParam())) = 40;
+  PairEvaluator evaluator = rendered.evaluator(config);
+  ASSERT_EQ(measure(evaluator), 0);
+  const scene::DotTruth& dot = rendered.truth().dots.at(40);
+  const auto redAround = [&](const scene::Point2& centre, int shift) {
+    const cv::Point place(cvRound(centre.x) + shift, cvRound(centre.y));
+    cv::Mat red;
+    cv::inRange(evaluator.detect_canvas(cv::Rect(place.x - 4, place.y - 4, 9, 9)), cv::Scalar(0, 0, 255),
+                cv::Scalar(0, 0, 255), red);
+    return cv::countNonZero(red);
+  };
+  EXPECT_GE(redAround(dot.ellipse_left.centre, 0), 8);
+  EXPECT_GE(redAround(dot.ellipse_right.centre, left.cols), 8);
+  EXPECT_EQ(redAround(rendered.truth().dots.at(100).ellipse_left.centre, 0), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, ChosenPoint, testing::Values(0, 1, 2, 3));
+
 }  // namespace

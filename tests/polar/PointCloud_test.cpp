@@ -61,6 +61,25 @@ TEST_F(PointCloud, ReprojectsByTheMatrix) {
   EXPECT_EQ(right_points, points.right_points);
 }
 
+TEST_F(PointCloud, DisparityIsADifferenceInSinglePrecision) {
+  // 4.0999999 - 0.3000000 is 3.79999989, and 3.79999995 in single precision; the matrix takes 3.75 away.
+  for (std::int32_t id = 0; id < 3; ++id) shared(id, {4.1F, 0}, {0.3F, 0});
+  Q = (cv::Mat_<double>(4, 4) << 0, 0, 1, -3.75, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+  PairEvaluator target = evaluator();
+  ASSERT_EQ(check(target), 0);
+  EXPECT_EQ(cloud[0].x, static_cast<float>(3.8F - 3.75));
+  EXPECT_NE(cloud[0].x, static_cast<float>(static_cast<double>(4.1F) - 0.3F - 3.75));
+}
+
+TEST_F(PointCloud, ATableThatWillNotOpenIsNoError) {
+  grid();
+  config.allpointssavecsv_swithch = 1;
+  config.result_folder = folder.file("missing");
+  PairEvaluator target = evaluator();
+  EXPECT_EQ(check(target), 0);
+  EXPECT_EQ(cloud.size(), 6U);
+}
+
 TEST_F(PointCloud, AllSwitchesOffStillFillsTheList) {
   grid();
   PairEvaluator target = evaluator();
@@ -80,6 +99,7 @@ TEST_F(PointCloud, TableHasIdAndCoordinatesWithoutHeader) {
   shared(3, {100.5F, 200}, {36.5F, 200});
   shared(5, {112.34567F, 200}, {48.34567F, 200});
   config.allpointssavecsv_swithch = 1;
+  folder.write("4_pointcloud.csv", "what an earlier run left here, longer than all of the new rows together\n");
   PairEvaluator target = evaluator();
   target.image_id = 4;
   ASSERT_EQ(check(target), 0);

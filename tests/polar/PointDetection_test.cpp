@@ -49,4 +49,12 @@ TEST_F(PointDetection, BoardPointsAreNotHandedOver) {
   EXPECT_NE(console.out().find("Calibration board Normal mode"), std::string::npos);
 }
 
+TEST_F(PointDetection, SixteenBitImagesAreStretched) {
+  left.convertTo(left, CV_16U, 4.0);
+  right.convertTo(right, CV_16U, 60.0);
+  PairEvaluator evaluator = rendered.evaluator(config);
+  EXPECT_EQ(detect(evaluator), 0);
+  EXPECT_GT(pair.left_points.size(), rendered.truth().dots.size() / 2);
+}
+
 }  // namespace

@@ -71,6 +71,23 @@ TEST_F(OneCall, RunsWorkOnACopyOfTheConfiguration) {
   EXPECT_EQ(precision.config.f_scale, 1.0F);
 }
 
+TEST_F(OneCall, BoardPointsOfTheCallReachFramesAndImageSetsOnly) {
+  precision.config.dy_bias_switch = 1;
+  precision.config.type = 5;  // Unwarped.
+  precision.boardPoints.resize(15);
+  for (auto& list : images) list = {cv::Mat(256, 320, CV_8UC1, cv::Scalar(90))};
+  const std::string target = "board_type: 2\nrows: 3\ncols: 5\nstep: 20\n";
+  const auto printedBy = [&](auto run) {
+    const std::size_t before = console.out().size();
+    run();
+    return console.out().substr(before);
+  };
+  using ::testing::HasSubstr;
+  EXPECT_THAT(printedBy([&] { precision.RunImageSet(target, images, {}, nullptr); }), HasSubstr("board GT mode"));
+  EXPECT_THAT(printedBy([&] { precision.RunFrames(target, images, {}, nullptr); }), HasSubstr("board GT mode"));
+  EXPECT_THAT(printedBy([&] { precision.RunRectified(target, images, {}, nullptr); }), HasSubstr("board Normal mode"));
+}
+
 TEST_F(OneCall, CallersCalibrationChangesItsOrderAndBringsTheBoard) {
   ExportedCalibParams mine;
   mine.left.intrinsics[0] = 1;

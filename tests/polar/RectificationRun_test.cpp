@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <sstream>
 
 #include "PolarLinePrecision/Status.h"
 #include "polar/PolarCore.h"
@@ -130,6 +133,42 @@ TEST_F(RectifiedBoard, TableSwitchOpensTheCloudBehindTheRowDifferencesOnly) {
   EXPECT_EQ(std::count(cloud.begin(), cloud.end(), '\n'), std::count(rows.begin(), rows.end(), '\n'));
 }
 
+/// Rows of a table of numbers.
+std::vector<std::array<double, 4>> rowsOf(const std::string& table) {
+  std::vector<std::array<double, 4>> rows;
+  std::istringstream stream(table);
+  char comma = 0;
+  for (std::array<double, 4> row{}; stream >> row[0] >> comma >> row[1] >> comma >> row[2] >> comma >> row[3];)
+    rows.push_back(row);
+  return rows;
+}
+
+TEST_F(RectifiedBoard, FiveNumbersReachTheCloudInTheirPlaces) {
+  config.oqc_switch = 0;
+  config.allpointssavecsv_swithch = 1;
+  geometry.baseline = 100.0;
+  ASSERT_EQ(run(), 0);
+  const auto plain = rowsOf(folder.read("0_pointcloud.csv"));
+  geometry.focal = 1250.0;
+  geometry.baseline = 40.0;
+  geometry.cx = 300.0;
+  geometry.cy = 200.0;
+  geometry.disparity_offset = 7.0;
+  ASSERT_EQ(run(), 0);
+  const auto full = rowsOf(folder.read("0_pointcloud.csv"));
+  ASSERT_EQ(plain.size(), full.size());
+  ASSERT_GT(plain.size(), 100U);
+  for (std::size_t k = 0; k < plain.size(); k += 10) {
+    // With a focal length of 1000 and a baseline of 100 alone the rows tell the pixel and its disparity.
+    const double x = plain[k][1] * 1000.0 / plain[k][3];
+    const double y = plain[k][2] * 1000.0 / plain[k][3];
+    const double z = 1250.0 * 40.0 / (100000.0 / plain[k][3] + 7.0);
+    EXPECT_NEAR(full[k][3], z, 1e-3 * std::abs(z)) << k;
+    EXPECT_NEAR(full[k][1], (x - 300.0) * z / 1250.0, 1e-3 * std::abs(z)) << k;
+    EXPECT_NEAR(full[k][2], (y - 200.0) * z / 1250.0, 1e-3 * std::abs(z)) << k;
+  }
+}
+
 TEST_F(Rectified, TypeHasNoEffect) {
   arguments.type = 3;
   pairs(1);
@@ -142,8 +181,16 @@ TEST_F(Rectified, CropCutsTheImagesWithoutMatrices) {
   arguments.cropped_cols = 20;
   arguments.cropped_rows = 10;
   pairs(1);
+  cv::Mat image(30, 40, CV_8UC1);
+  for (int row = 0; row < 30; ++row)
+    for (int column = 0; column < 40; ++column)
+      image.at<std::uint8_t>(row, column) = static_cast<std::uint8_t>(4 * row + column);
+  arguments.images = {{image}, {image}};
   EXPECT_EQ(run(), 0);
-  EXPECT_EQ(core.left_image.size(), cv::Size(20, 10));
+  ASSERT_EQ(core.left_image.size(), cv::Size(20, 10));
+  EXPECT_EQ(core.left_image.at<std::uint8_t>(0, 0), 4 * 10 + 10) << "the middle of the image";
+  EXPECT_EQ(core.left_image.at<std::uint8_t>(9, 19), 4 * 19 + 29);
+  EXPECT_FALSE(core.left_image.isSubmatrix()) << "a copy of its own";
   EXPECT_TRUE(core.left.K.empty());
 }
 

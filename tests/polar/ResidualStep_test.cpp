@@ -124,6 +124,13 @@ TEST_F(ResidualStep, SavedPictureIsClean) {
   EXPECT_FALSE(fixture.folder.has("7_right_tri.csv"));
 }
 
+TEST_F(ResidualStep, PictureIsWrittenAlsoWhereNothingIsKept) {
+  for (int k = 0; k < 3; ++k) point(60.0F, 0.0F);
+  fixture.config.tri_bias_savepng_swithch = 1;
+  EXPECT_FALSE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_TRUE(fixture.folder.has("7_right_tri.png"));
+}
+
 TEST_F(ResidualStep, AnySwitchValueButOneSavesNothing) {
   for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
   fixture.config.tri_bias_savepng_swithch = 2;
@@ -145,6 +152,47 @@ TEST_F(ResidualStep, ColourImageEndsInTheLibrarysException) {
   PairEvaluator evaluator = ready();
   evaluator.residual_image = cv::Mat::zeros(20, 20, CV_8UC3);
   EXPECT_THROW(evaluator.CheckResidual(measured, predicted, errors), cv::Exception);
+}
+
+TEST_F(ResidualStep, FivePixelsAreComparedBeforeNarrowing) {
+  // sqrt(9.0000014 + 16) is 5.00000014, which is 5 in single precision.
+  measured = {{std::nextafter(3.0F, 4.0F), 4.0F}};
+  predicted = {{0.0F, std::numeric_limits<float>::denorm_min()}};
+  point(0.25F, 0.0F);
+  point(0.25F, 0.0F);
+  PairEvaluator evaluator = ready();
+  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  EXPECT_EQ(errors[0], 5.0F);
+  EXPECT_EQ(evaluator.tri_max, 0.25F);
+}
+
+TEST_F(ResidualStep, DifferencesAreTakenInSinglePrecision) {
+  // 4.0999999 - 0.3000000 is 3.79999989, and 3.8F, 3.79999995, in single precision: then it is not below 3.8F.
+  measured = {{4.1F, 9.0F}, {4.1F, 9.0F}, {4.1F, 9.0F}};
+  predicted = {{0.3F, 9.0F}, {0.3F, 9.0F}, {0.3F, 9.0F}};
+  fixture.config.tri_bias_divid = 3.8F;
+  PairEvaluator evaluator = ready();
+  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  EXPECT_LT(4.1F - static_cast<double>(0.3F), 3.8F);
+  EXPECT_EQ(evaluator.tri_ratio, 0.0F);
+}
+
+TEST_F(ResidualStep, TableOfAnEarlierRunIsReplaced) {
+  for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
+  fixture.config.tir_bias_savecsv_swithch = 1;
+  fixture.folder.write("7_right_tri.csv", "what an earlier run left here, longer than the new rows\n");
+  ASSERT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_EQ(fixture.folder.read("7_right_tri.csv"), "0.5\n0.5\n0.5\n");
+}
+
+TEST_F(ResidualStep, FilesThatWillNotOpenAreNoError) {
+  for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
+  fixture.config.tir_bias_savecsv_swithch = 1;
+  fixture.config.tri_bias_savepng_swithch = 1;
+  fixture.config.result_folder = fixture.folder.file("missing");
+  PairEvaluator evaluator = ready();
+  EXPECT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  EXPECT_EQ(evaluator.tri_mean, 0.5F);
 }
 
 }  // namespace

@@ -117,4 +117,27 @@ TEST_F(RigidAlignment, WrongListsAreRefusedBeforeAnythingIsPrinted) {
   EXPECT_EQ(fixture.console.out(), "");
 }
 
+TEST_F(RigidAlignment, CentroidsAreInSinglePrecision) {
+  // The sum 2^24 + 1 + 1 loses its ones: the centroid is 5592405.5 and not 5592406. The target's sum is exact.
+  source = {{16777216, 0, 0}, {1, 0, 0}, {1, 0, 0}};
+  const Points target = {{0, 0, 0}, {-16777215, 0, 0}, {-16777215, 0, 0}};
+  evaluator.AlignRigid(rms, source, target, aligned);
+  EXPECT_NEAR(aligned[0].x, 0.5, 1e-3);
+}
+
+TEST_F(RigidAlignment, ResidualsAreSummedInSinglePrecision) {
+  // Two ends of the x arm 8192 too long, then ten pairs along y with 2.5 each: their squares, 6.25, are lost in the
+  // total of 2^27.
+  source = {{-10, 0, 0}, {10, 0, 0}};
+  Points target = {{-8202, 0, 0}, {8202, 0, 0}};
+  for (int k = 0; k < 10; ++k) {
+    source.insert(source.end(), {{0, -10, 0}, {0, 10, 0}});
+    target.insert(target.end(), {{0, -12.5F, 0}, {0, 12.5F, 0}});
+  }
+  evaluator.AlignRigid(rms, source, target, aligned);
+  EXPECT_EQ(rms[3], std::sqrt(134217728.0F / 22.0F));
+  EXPECT_NE(rms[3], static_cast<float>(std::sqrt(134217853.0 / 22.0)));
+  EXPECT_EQ(rms[1], std::sqrt(125.0F / 22.0F));
+}
+
 }  // namespace

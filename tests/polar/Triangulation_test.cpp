@@ -17,6 +17,7 @@ class ScriptedModel final : public CameraPairModel {
   bool marks = true;
   mutable cv::Point2d asked_left;
   mutable cv::Point2d asked_right;
+  mutable cv::Point2d asked_ideal;
 
   bool undistortLeft(const cv::Point2d& raw, cv::Point2d& ideal) const override {
     asked_left = raw;
@@ -28,8 +29,14 @@ class ScriptedModel final : public CameraPairModel {
     ideal = raw;
     return !right_fails;
   }
-  cv::Point2d distortLeft(const cv::Point2d& ideal) const override { return ideal; }
-  cv::Point2d distortRight(const cv::Point2d& ideal) const override { return {ideal.x + 0.5, ideal.y}; }
+  cv::Point2d distortLeft(const cv::Point2d& ideal) const override {
+    asked_ideal = ideal;
+    return ideal;
+  }
+  cv::Point2d distortRight(const cv::Point2d& ideal) const override {
+    asked_ideal = ideal;
+    return {ideal.x + 0.5, ideal.y};
+  }
   bool marksFailures() const override { return marks; }
 };
 
@@ -82,8 +89,8 @@ TEST(Triangulation, NormalisedCoordinatesReachTheLensInSinglePrecision) {
   EXPECT_NE(model.asked_left.x, (400.1F - 320.7) / 700.3);
 }
 
-/// The same system solved by the library's OpenCV decomposition, every rounding set down as a step.
-cv::Point3f solvedApart(const cv::Point2f& left, const cv::Point2f& right, const EvaluationCameras& cameras) {
+/// The same system solved by the library's OpenCV decomposition, every rounding set down as a step; not narrowed yet.
+cv::Point3d solvedApart(const cv::Point2f& left, const cv::Point2f& right, const EvaluationCameras& cameras) {
   const auto undistorted = [&](float value, double focal, double centre) {
     return rounded(rounded((value - centre) / focal) * focal + centre);
   };
@@ -103,7 +110,7 @@ cv::Point3f solvedApart(const cv::Point2f& left, const cv::Point2f& right, const
   A.row(3) = pixels[3] * P2.row(2) - P2.row(1);
   cv::Mat w, u, vt;
   cv::SVDecomp(A, w, u, vt, cv::SVD::FULL_UV);
-  const auto component = [&](int k) { return static_cast<float>(rounded(vt.at<double>(3, k)) / vt.at<double>(3, 3)); };
+  const auto component = [&](int k) { return rounded(vt.at<double>(3, k)) / vt.at<double>(3, 3); };
   return {component(0), component(1), component(2)};
 }
 
@@ -114,12 +121,30 @@ TEST(Triangulation, EveryRoundingStepIsThere) {
     const float t = static_cast<float>(k);
     const cv::Point2f left(400.1F + 1.37F * t, 200.2F - 2.11F * t);
     const cv::Point2f right(310.3F + 1.29F * t, 201.4F - 2.09F * t);
-    const cv::Point3f expected = solvedApart(left, right, cameras);
+    const cv::Point3d expected = solvedApart(left, right, cameras);
     const cv::Point3f point = TriangulatePair(left, right, cameras, model)[0];
-    EXPECT_EQ(point.x, expected.x) << k;
-    EXPECT_EQ(point.y, expected.y) << k;
-    EXPECT_EQ(point.z, expected.z) << k;
+    EXPECT_EQ(point.x, static_cast<float>(expected.x)) << k;
+    EXPECT_EQ(point.y, static_cast<float>(expected.y)) << k;
+    EXPECT_EQ(point.z, static_cast<float>(expected.z)) << k;
   }
+}
+
+TEST(Triangulation, RightPointComesFromTheLeftOneBeforeItIsNarrowed) {
+  const EvaluationCameras cameras = plainCameras();
+  const ScriptedModel model;
+  int rounded_away = 0;
+  for (int k = 0; k < 40; ++k) {
+    const float t = static_cast<float>(k);
+    const cv::Point2f left(400.1F + 1.37F * t, 200.2F - 2.11F * t);
+    const cv::Point2f right(310.3F + 1.29F * t, 201.4F - 2.09F * t);
+    const cv::Point3d wide = solvedApart(left, right, cameras);
+    const auto points = TriangulatePair(left, right, cameras, model);
+    EXPECT_EQ(points[1].x, static_cast<float>(wide.x - 60.0)) << k;
+    EXPECT_EQ(points[1].y, static_cast<float>(wide.y + 0.5)) << k;
+    EXPECT_EQ(points[1].z, static_cast<float>(wide.z + 0.25)) << k;
+    if (points[1].x != points[0].x - 60.0F) ++rounded_away;
+  }
+  EXPECT_GT(rounded_away, 0) << "no point could tell the difference";
 }
 
 struct FailureCase {
@@ -185,6 +210,18 @@ TEST(Prediction, ZeroPointIsMarkedOnTheRightOfAModelThatMarksFailures) {
   EXPECT_TRUE(std::isnan(predictLeftPixel({0, 0, 0}, K, model).x));
   model.marks = false;
   EXPECT_TRUE(std::isnan(predictRightPixel({0, 0, 0}, K, model).x));
+}
+
+TEST(Prediction, IdealCoordinatesReachTheLensInSinglePrecision) {
+  const cv::Mat K = plainCameras().left_K;
+  const ScriptedModel model;
+  const cv::Point3f point(50.1F, -20.3F, 403.7F);
+  const cv::Point2d wide(50.1F / static_cast<double>(403.7F), -20.3F / static_cast<double>(403.7F));
+  for (const auto& predict : {predictRightPixel, predictLeftPixel}) {
+    predict(point, K, model);
+    EXPECT_EQ(model.asked_ideal, cv::Point2d(rounded(wide.x), rounded(wide.y)));
+    EXPECT_NE(model.asked_ideal, wide);
+  }
 }
 
 }  // namespace

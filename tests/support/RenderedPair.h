@@ -24,6 +24,12 @@ class RenderedPair {
     return pair;
   }
 
+  /// A small big-dot board, whose detection can be told to keep some ids only.
+  static const RenderedPair& bigDots() {
+    static const RenderedPair pair("big_320");
+    return pair;
+  }
+
   const scene::Scene& scene() const { return scene_; }
   const scene::PairTruth& truth() const { return truth_; }
   cv::Mat left() const { return images_.left.clone(); }
