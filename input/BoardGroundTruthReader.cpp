@@ -5,17 +5,21 @@
 #include <istream>
 #include <span>
 #include <sstream>
+#include <stdexcept>
 #include <vector>
 
+#include "platform/BoundedInput.h"
 #include "platform/ClassicNumber.h"
 #include "platform/ClassicStream.h"
 #include "platform/Files.h"
-#include "platform/Pieces.h"
 
 namespace {
 
 constexpr std::size_t kCsvPoints = 42;
 constexpr int kUsedLine = 11;
+constexpr std::size_t kUsedFields = 87;
+/// Most points of a list: far beyond any real board, and within what memory holds.
+constexpr std::size_t kMostPoints = std::size_t{1} << 24;
 
 /// Points `first` to `last` take two fields each, from `field` on.
 struct FieldRange {
@@ -32,9 +36,12 @@ std::vector<std::string> usedFields(const std::string& path) {
   std::ifstream stream = files::openInput(path);
   std::string line;
   for (int k = 0; k < kUsedLine; ++k) {
-    if (!std::getline(stream, line)) return {};
+    if (!bounded::nextLine(stream, line)) return {};
   }
-  return piecesOf(line, ',');
+  std::istringstream pieces = classic::input(line);
+  std::vector<std::string> fields;
+  for (std::string field; fields.size() < kUsedFields && std::getline(pieces, field, ',');) fields.push_back(field);
+  return fields;
 }
 
 float fieldValue(const std::vector<std::string>& fields, std::size_t index) {
@@ -62,7 +69,9 @@ void ReadBoardCsvLayoutB(const std::string& path, BoardGroundTruth& points) { re
 void ReadBoardTxt(const std::string& path, BoardGroundTruth& points) {
   std::ifstream stream = files::openInput(path);
   std::string line;
-  while (std::getline(stream, line)) {
+  while (bounded::nextLine(stream, line)) {
+    if (points.size() >= kMostPoints)
+      throw std::length_error("a board of more than " + std::to_string(kMostPoints) + " points");
     cv::Point3f point(0.0F, 0.0F, 0.0F);
     classic::input(line) >> point.x >> point.y >> point.z;
     points.push_back(point);

@@ -1,5 +1,6 @@
 #include "input/ImageList.h"
 
+#include <array>
 #include <cstddef>
 #include <istream>
 #include <ostream>
@@ -13,15 +14,19 @@ namespace {
 
 constexpr const char* kBlanks = " \t";
 constexpr std::size_t kLongestLine = 511;
+/// Room for the longest line, a carriage return and the terminating zero.
+constexpr std::size_t kLineBuffer = kLongestLine + 2;
 constexpr std::int32_t kFailed = 0;
 constexpr std::int32_t kRead = 1;
 
 /// The next line without its line end, a carriage return before that included. An over-long line comes back cut, with
 /// the stream failed.
 std::string nextLine(std::istream& stream) {
-  std::string line;
-  std::getline(stream, line);
-  if (!stream.eof() && line.ends_with('\r')) line.pop_back();
+  std::array<char, kLineBuffer> buffer{};
+  stream.getline(buffer.data(), buffer.size());
+  const bool has_end = stream.good();
+  std::string line(buffer.data(), static_cast<std::size_t>(stream.gcount()) - (has_end ? 1 : 0));
+  if (has_end && line.ends_with('\r')) line.pop_back();
   if (line.size() > kLongestLine) {
     line.resize(kLongestLine);
     stream.setstate(std::ios::failbit);

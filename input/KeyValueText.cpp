@@ -88,7 +88,8 @@ bool lookupList(const KeyValueTable& table, const std::string& key, List& destin
 
 KeyValueTable parseKeyValueText(const std::string& text) {
   KeyValueTable table;
-  for (const std::string& line : piecesOf(text, '\n')) {
+  std::istringstream lines = classic::input(text);
+  for (std::string line; std::getline(lines, line);) {
     const std::size_t colon = line.find(':');
     if (line.starts_with('#') || colon == std::string::npos) continue;
     table[trimmedEnd(line.substr(0, colon))] = trimmedStart(line.substr(colon + 1));

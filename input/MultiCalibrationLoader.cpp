@@ -23,6 +23,8 @@ enum class FileForm { kMain, kTabled, kRefused };
 
 /// Offset of the tabled form's CRC-8 over all bytes before it, its last byte.
 constexpr std::size_t kWholeCrcOffset = 21090;
+/// More than the entries of 255 cameras take; nothing looks at what lies behind.
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;
 /// A size that announces the tabled form too, though its CRC-8 would lie beyond the end.
 constexpr std::size_t kShortTabledSize = 10688;
 
@@ -118,7 +120,7 @@ std::int32_t loadMultiCalibration(const char* path, MultiCalibration* record, st
   if (path == nullptr || record == nullptr) return polar_status::kNullArgument;
   if (options != 0) return polar_status::kNotSupported;
   std::vector<std::uint8_t> bytes;
-  const std::int32_t open_error = files::readWhole(path, bytes);
+  const std::int32_t open_error = files::readBytes(path, kMostBytes, bytes);
   if (open_error != 0) return open_error;
   MultiCalibration parsed;
   const std::int32_t status = parse(bytes, parsed);

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <iterator>
 #include <ostream>
 #include <utility>
 #include <vector>
 
 #include "PolarLinePrecision/Status.h"
 #include "input/KeyValueText.h"
+#include "platform/BoundedInput.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 
@@ -20,7 +20,7 @@ constexpr std::size_t kPointSize = 3;
 std::string textOf(const std::string& config) {
   std::ifstream stream = files::openInput(config, std::ios::in | std::ios::binary);
   if (!stream.is_open()) return config;
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  return bounded::readText(stream);
 }
 
 using NamedPoint = std::pair<const char*, std::vector<double>*>;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "PolarLinePrecision/Status.h"
+#include "platform/BoundedInput.h"
 #include "platform/ClassicStream.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
@@ -32,7 +33,7 @@ std::vector<float> readTable(const std::string& path) {
   std::ifstream stream = files::openInput(path);
   std::vector<float> values;
   std::string line;
-  while (std::getline(stream, line)) {
+  while (values.size() < std::tuple_size_v<Table> && bounded::nextLine(stream, line)) {
     float value = 0.0F;
     classic::input(line) >> value;
     values.push_back(value);

@@ -1,10 +1,10 @@
 #include "platform/Document.h"
 
 #include <algorithm>
-#include <iterator>
 #include <opencv2/core.hpp>
 #include <string_view>
 
+#include "platform/BoundedInput.h"
 #include "platform/Files.h"
 
 namespace documents {
@@ -24,7 +24,8 @@ std::size_t openingsOf(std::string_view text) {
 
 cv::FileStorage openForReading(const std::string& path) {
   std::ifstream stream = files::openInput(path, std::ios::in | std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  if (!stream.is_open()) return {};
+  const std::string text = bounded::readText(stream);
   const std::size_t openings = openingsOf(text);
   if (openings > kMostOpenings) {
     CV_Error_(cv::Error::StsParseError,

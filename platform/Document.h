@@ -12,8 +12,9 @@ namespace documents {
 /// need 3 MB at most, and no real document comes near.
 inline constexpr std::size_t kMostOpenings = 10000;
 
-/// Opens a document for reading; it is not open when there is no such file. A document that cannot be parsed, or that
-/// holds more than `kMostOpenings`, is a `cv::Exception`.
+/// Opens a document for reading; it is not open when there is no such file, or a folder in its place. A document that
+/// cannot be parsed, or that holds more than `kMostOpenings`, is a `cv::Exception`, one of more characters than
+/// `bounded::kLongestText` a `std::length_error`.
 cv::FileStorage openForReading(const std::string& path);
 
 }  // namespace documents

@@ -1,9 +1,7 @@
 #include "platform/Files.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <locale>
@@ -27,14 +25,18 @@ std::string behindLast(const std::string& text, char mark) {
   return position == std::string::npos ? std::string() : text.substr(position + 1);
 }
 
-/// A stream on a file. A folder does not open, whatever the system's own open says: there is nothing in it to read.
+/// A folder does not open, whatever the system's own open says: there is nothing in it to read.
+bool isFolder(const std::string& native) {
+  std::error_code unknown;
+  return std::filesystem::is_directory(native, unknown);
+}
+
 template <typename Stream>
 Stream open(const std::string& path, std::ios::openmode mode) {
   Stream stream;
   stream.imbue(std::locale::classic());
   const std::string native = nativePath(path);
-  std::error_code unknown;
-  if (std::filesystem::is_directory(native, unknown)) {
+  if (isFolder(native)) {
     stream.setstate(std::ios::failbit);
   } else {
     stream.open(native, mode);
@@ -97,15 +99,13 @@ std::ifstream openInput(const std::string& path, std::ios::openmode mode) { retu
 
 std::ofstream openOutput(const std::string& path, std::ios::openmode mode) { return open<std::ofstream>(path, mode); }
 
-std::int32_t readWhole(const std::string& path, std::vector<std::uint8_t>& bytes) {
-  const std::unique_ptr<std::FILE, Closer> file(std::fopen(nativePath(path).c_str(), "rb"));
+std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes) {
+  const std::string native = nativePath(path);
+  if (isFolder(native)) return EISDIR;
+  const std::unique_ptr<std::FILE, Closer> file(std::fopen(native.c_str(), "rb"));
   if (!file) return errno;
-  bytes.clear();
-  std::array<std::uint8_t, 16384> block{};
-  std::size_t count = 0;
-  while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0) {
-    bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count));
-  }
+  bytes.resize(most);
+  bytes.resize(std::fread(bytes.data(), 1, most, file.get()));
   return 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <ios>
@@ -43,8 +44,8 @@ std::int32_t MakeFolder(const std::string& path);
 std::ifstream openInput(const std::string& path, std::ios::openmode mode = std::ios::in);
 std::ofstream openOutput(const std::string& path, std::ios::openmode mode = std::ios::out);
 
-/// Reads a file whole; 0, or the C library's `errno` of the failed open.
-std::int32_t readWhole(const std::string& path, std::vector<std::uint8_t>& bytes);
+/// Reads the bytes of a file, `most` of them at the most; 0, or the C library's `errno` of the failed open.
+std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes);
 
 /// `cv::imread` with the pixels as they are stored; empty when it cannot be read.
 cv::Mat readImage(const std::string& path);

@@ -1,7 +1,6 @@
 #include "Tallowfen/src/TargetConfigReader.h"
 
 #include <cstdint>
-#include <iterator>
 #include <opencv2/core.hpp>
 #include <system_error>
 #include <vector>
@@ -10,6 +9,7 @@
 #include "Tallowfen/src/StorageFile.h"
 #include "Tallowfen/src/TargetConfigKeys.h"
 #include "input/KeyValueText.h"
+#include "platform/BoundedInput.h"
 #include "platform/Files.h"
 
 namespace kestrune {
@@ -120,7 +120,7 @@ std::string configText(const std::string& config) {
   // A file of another ending is taken as the text itself and holds no line then; callers rely on the target staying at
   // its defaults.
   if (!stream.is_open() || !config.ends_with("ini")) return config;
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  return bounded::readText(stream);
 }
 
 std::optional<RingTargetConfig> readTextConfig(const std::string& text) {

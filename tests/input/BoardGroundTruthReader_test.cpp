@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <map>
+#include <stdexcept>
 
 #include "support/CommaLocale.h"
 #include "support/TempFolder.h"
@@ -146,6 +147,15 @@ TEST(ReadBoardTxt, AFileThatDoesNotOpenLeavesTheList) {
   ReadBoardTxt(folder.file("gone.txt"), points);
   ReadBoardTxt(folder.path().string(), points);
   EXPECT_EQ(points.size(), 1U);
+}
+
+TEST(ReadBoardTxt, ABoardOfTooManyPointsIsRefused) {
+  const TempFolder folder;
+  const std::string path = folder.write("b.txt", "1 2 3\n");
+  BoardGroundTruth points((1U << 24U) - 1);
+  ReadBoardTxt(path, points);
+  EXPECT_EQ(points.back(), cv::Point3f(1, 2, 3));
+  EXPECT_THROW(ReadBoardTxt(path, points), std::length_error);
 }
 
 TEST(ReadBoardTxt, DoesNotFollowTheProcessLocale) {

@@ -336,6 +336,19 @@ TEST(LoadMultiCalibrationArguments, AFileThatDoesNotOpenIsItsErrno) {
   MultiCalibration record;
   EXPECT_EQ(loadMultiCalibration(folder.file("gone.bin").c_str(), &record, 0), ENOENT);
   EXPECT_EQ(loadMultiCalibration((folder.write("f", "") + "/x.bin").c_str(), &record, 0), ENOTDIR);
+  EXPECT_EQ(loadMultiCalibration(folder.path().c_str(), &record, 0), EISDIR);
+}
+
+TEST_F(LoadMultiCalibration, WhatLiesBehindTheEntriesIsNotLookedAt) {
+  const TempFolder folder;
+  const std::vector<Camera> cameras(255, brown());
+  const std::string path = folder.write("calib.bin", mainForm(cameras));
+  std::filesystem::resize_file(path, std::uintmax_t{3} << 30);
+  const ConsoleCapture console;
+  EXPECT_EQ(loadMultiCalibration(path.c_str(), &record_, 0), 0);
+  EXPECT_EQ(console.out(), kWarning);
+  ASSERT_EQ(record_.entries.size(), 255U);
+  EXPECT_THAT(record_.entries.back().extrinsics, ElementsAreArray(brown().extrinsics));
 }
 
 TEST_F(LoadMultiCalibration, DamagedFilesNeverDoMoreThanFail) {

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <opencv2/core.hpp>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
+#include "platform/BoundedInput.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -93,6 +96,21 @@ TEST(Document, RefusalNamesCountAndLimit) {
 TEST(Document, MissingFileIsNotOpen) {
   const TempFolder folder;
   EXPECT_FALSE(documents::openForReading(folder.file("none.json")).isOpened());
+}
+
+TEST(Document, FolderIsNotOpen) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.file("folder.json"));
+  EXPECT_FALSE(documents::openForReading(folder.file("folder.json")).isOpened());
+}
+
+TEST(Document, OfMoreCharactersThanATextMayHaveIsRefused) {
+  const TempFolder folder;
+  const std::string path = folder.write("a.json", "{ \"a\": 7 }");
+  std::filesystem::resize_file(path, bounded::kLongestText);
+  EXPECT_EQ(static_cast<int>(documents::openForReading(path)["a"]), 7);
+  std::filesystem::resize_file(path, bounded::kLongestText + 1);
+  EXPECT_THROW(documents::openForReading(path), std::length_error);
 }
 
 TEST(Document, ThatCannotBeParsedIsTheLibrarysException) {

@@ -192,36 +192,44 @@ TEST(OpenOutput, WhatDoesNotOpenStaysFailed) {
   }
 }
 
-TEST(ReadWhole, GivesEveryByte) {
+TEST(ReadBytes, GivesEveryByte) {
   const TempFolder folder;
   std::string content(40000, '\0');
   for (std::size_t k = 0; k < content.size(); ++k) content[k] = static_cast<char>(k % 251);
   std::vector<std::uint8_t> bytes = {1, 2, 3};
   folder.write("b", content);
-  ASSERT_EQ(files::readWhole(folder.path().string() + "\\b", bytes), 0);
+  ASSERT_EQ(files::readBytes(folder.path().string() + "\\b", 50000, bytes), 0);
   EXPECT_EQ(std::string(bytes.begin(), bytes.end()), content);
 }
 
 #if !defined(_WIN32)
-TEST(ReadWhole, AFileWithABackslashInItsNameCannotBeReached) {
+TEST(ReadBytes, AFileWithABackslashInItsNameCannotBeReached) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes;
-  EXPECT_EQ(files::readWhole(folder.write("a\\b", "content"), bytes), ENOENT);
+  EXPECT_EQ(files::readBytes(folder.write("a\\b", "content"), 50000, bytes), ENOENT);
 }
 #endif
 
-TEST(ReadWhole, AnEmptyFileHasNoBytes) {
+TEST(ReadBytes, TakesNoMoreThanItIsToldTo) {
+  const TempFolder folder;
+  std::vector<std::uint8_t> bytes;
+  EXPECT_EQ(files::readBytes(folder.write("b", "abcd"), 3, bytes), 0);
+  EXPECT_EQ(bytes, (std::vector<std::uint8_t>{'a', 'b', 'c'}));
+}
+
+TEST(ReadBytes, AnEmptyFileHasNoBytes) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes = {1};
-  EXPECT_EQ(files::readWhole(folder.write("b", ""), bytes), 0);
+  EXPECT_EQ(files::readBytes(folder.write("b", ""), 50000, bytes), 0);
   EXPECT_TRUE(bytes.empty());
 }
 
-TEST(ReadWhole, TellsTheErrorOfTheOpen) {
+TEST(ReadBytes, TellsTheErrorOfTheOpen) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes;
-  EXPECT_EQ(files::readWhole(folder.file("gone"), bytes), ENOENT);
-  EXPECT_EQ(files::readWhole(folder.write("b", "") + "/below", bytes), ENOTDIR);
+  EXPECT_EQ(files::readBytes(folder.file("gone"), 50000, bytes), ENOENT);
+  EXPECT_EQ(files::readBytes(folder.path().string(), 50000, bytes), EISDIR);
+  EXPECT_EQ(files::readBytes(folder.write("b", "") + "/below", 50000, bytes), ENOTDIR);
 }
 
 TEST(Images, KeepTheirPixelsThroughAFile) {
