@@ -3,86 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
-#include "support/RenderedSet.h"
+#include "support/SpoiledSet.h"
 
 namespace {
 
 using ::testing::HasSubstr;
 
-/// A copy of a rendered set that a test may spoil.
-struct SpoiledSet : ::testing::Test {
-  TempFolder folder;
-  std::vector<PolarResultRecord> results = std::vector<PolarResultRecord>(1);
-  std::string out;
-  std::string err;
-
-  SpoiledSet() {
-    const RenderedSet& set = RenderedSet::of("ring_320");
-    for (const char* name : {"list.txt", "polar.txt", "target.ini", "calib.json", "calib.bin", "left_0.png",
-                             "right_0.png", "left_1.png", "right_1.png"})
-      std::filesystem::copy_file(set.file(name), folder.file(name));
-  }
-  std::int32_t run(const std::string& calibration = "calib.json", const std::string& polar = "polar.txt") {
-    const ConsoleCapture console;
-    const std::int32_t status =
-        CalPolarLinePrecision(folder.file(polar).c_str(), folder.file("target.ini").c_str(),
-                              folder.file(calibration).c_str(), folder.file("list.txt").c_str(), &results);
-    out = console.out();
-    err = console.err();
-    return status;
-  }
-  void callersResultsAreUntouched() const {
-    ASSERT_EQ(results.size(), 1U);
-    EXPECT_EQ(results[0].tri_rms, 0.0);
-    EXPECT_TRUE(results[0].pairPoints.empty());
-  }
-};
-
 TEST_F(SpoiledSet, UnspoiledItWorks) {
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(results.size(), 2U);
   EXPECT_GT(results[0].dy_means, 0.0);
-}
-
-TEST_F(SpoiledSet, FolderThatCannotBeMade) {
-  folder.write("polar.txt", "savepolarline: 1");
-  folder.write("result", "in the way, but found");
-  std::filesystem::permissions(folder.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-  // A process that may write everywhere is stopped by a missing parent instead.
-  const bool may_write_anyway = std::ofstream(folder.file("probe")).is_open();
-  std::int32_t status = 0;
-  if (may_write_anyway) {
-    const ConsoleCapture console;
-    ImagePairList images(2);
-    status = CalPolarLinePrecisionOutMat("savepolarline: 1", "", {}, images, &results, nullptr,
-                                         folder.file("missing/below").c_str());
-    out = console.out();
-  } else {
-    status = run();
-  }
-  std::filesystem::permissions(folder.path(), std::filesystem::perms::owner_all);
-  EXPECT_EQ(status, polar_status::kResultFolder);
-  EXPECT_EQ(errorText(), "Make result file error!");
-  EXPECT_THAT(out, HasSubstr("Make result file error!\n"));
-  callersResultsAreUntouched();
-}
-
-TEST_F(SpoiledSet, MissingImage) {
-  std::filesystem::remove(folder.file("right_1.png"));
-  EXPECT_EQ(run(), polar_status::kImages);
-  EXPECT_EQ(errorText(), "Read image Error!");
-  EXPECT_THAT(out, HasSubstr("The image is empty!\n"));
-  callersResultsAreUntouched();
-}
-
-TEST_F(SpoiledSet, ImageThatIsNone) {
-  folder.write("left_0.png", "this is no picture");
-  EXPECT_EQ(run(), polar_status::kImages);
-  EXPECT_EQ(errorText(), "Read image Error!");
-  callersResultsAreUntouched();
 }
 
 TEST_F(SpoiledSet, TruncatedBinaryCalibration) {
@@ -130,14 +62,6 @@ TEST_F(SpoiledSet, CalibrationThatDoesNotOpen) {
   EXPECT_THAT(out, HasSubstr("cannot open the calib_result file\n"));
 }
 
-TEST_F(SpoiledSet, EmptyList) {
-  folder.write("list.txt", "");
-  EXPECT_EQ(run(), polar_status::kImages);
-  EXPECT_EQ(err, "ParseHeaderLine failed!\n");
-  EXPECT_EQ(errorText(), "Read image Error!");
-  callersResultsAreUntouched();
-}
-
 TEST_F(SpoiledSet, ListWithThreeColumns) {
   folder.write("list.txt", "#L R S\nleft_0.png right_0.png left_1.png\n");
   EXPECT_EQ(run(), polar_status::kImages);
@@ -178,13 +102,6 @@ TEST_F(SpoiledSet, TargetDocumentWithAnUnknownBoardThrows) {
     EXPECT_THAT(error.what(), HasSubstr("[RingTarget::loadConfig:board is not supported"));
   }
   callersResultsAreUntouched();
-}
-
-TEST_F(SpoiledSet, EmptyTargetEndsATriangulatingRun) {
-  folder.write("target.ini", "");
-  EXPECT_EQ(run(), polar_status::kTargetConfig);
-  EXPECT_EQ(errorText(), " Fail init camera model! ");
-  EXPECT_THAT(out, HasSubstr("Calibconfig is empty or no content was read.\n"));
 }
 
 }  // namespace

@@ -29,8 +29,9 @@ class TempFolder {
     std::ofstream(file(name), std::ios::binary) << content;
     return file(name);
   }
-  std::string read(const std::string& name) const {
-    std::ifstream stream(file(name), std::ios::binary);
+  std::string read(const std::string& name) const { return contentOf(path_ / name); }
+  static std::string contentOf(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
     std::ostringstream text;
     text << stream.rdbuf();
     return text.str();
