@@ -94,6 +94,11 @@ TEST_F(ReadImageListTest, AnImageThatFailsToDecodeStaysAsAnEmptyOne) {
   EXPECT_EQ(value(1, 0), 20);
 }
 
+TEST_F(ReadImageListTest, APictureOfMoreThan2To30PixelsRaisesTheExceptionOfOpenCV) {
+  folder_.write("large.pgm", "P5\n40000 40000\n255\n");
+  EXPECT_THROW(read("#L R\nlarge.pgm b.png\n"), cv::Exception);
+}
+
 struct HeaderCase {
   const char* name;
   const char* text;
