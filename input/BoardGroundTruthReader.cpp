@@ -68,12 +68,14 @@ void ReadBoardCsvLayoutB(const std::string& path, BoardGroundTruth& points) { re
 
 void ReadBoardTxt(const std::string& path, BoardGroundTruth& points) {
   std::ifstream stream = files::openInput(path);
+  BoardGroundTruth read;
   std::string line;
   while (bounded::nextLine(stream, line)) {
     if (points.size() >= kMostPoints)
       throw std::length_error("a board of more than " + std::to_string(kMostPoints) + " points");
     cv::Point3f point(0.0F, 0.0F, 0.0F);
     classic::input(line) >> point.x >> point.y >> point.z;
-    points.push_back(point);
+    read.push_back(point);
   }
+  points.insert(points.end(), read.begin(), read.end());
 }

@@ -7,9 +7,12 @@
 /// String streams whose numbers do not depend on the locale of the process.
 namespace classic {
 
+/// What is thrown inside of a read passes: kept in the stream, as a stream does by itself, it would look like a text
+/// that holds no value.
 inline std::istringstream input(const std::string& text) {
   std::istringstream stream(text);
   stream.imbue(std::locale::classic());
+  stream.exceptions(std::ios::badbit);
   return stream;
 }
 

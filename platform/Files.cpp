@@ -95,7 +95,11 @@ std::int32_t MakeFolder(const std::string& path) {
   return result;
 }
 
-std::ifstream openInput(const std::string& path, std::ios::openmode mode) { return open<std::ifstream>(path, mode); }
+std::ifstream openInput(const std::string& path, std::ios::openmode mode) {
+  std::ifstream stream = open<std::ifstream>(path, mode);
+  stream.exceptions(std::ios::badbit);
+  return stream;
+}
 
 std::ofstream openOutput(const std::string& path, std::ios::openmode mode) { return open<std::ofstream>(path, mode); }
 

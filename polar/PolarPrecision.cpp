@@ -101,7 +101,10 @@ std::int32_t PolarPrecision::TempCompensateRun(const std::string& /*targetConfig
 
 std::int32_t PolarPrecision::FetchResults(std::vector<PolarResultRecord>& target) {
   if (results.empty()) return polar_status::kNoResults;
-  if (&target != &results) target = results;
+  if (&target == &results) return polar_status::kSuccess;
+  // In two steps, so that the caller's vector is whole also when there is no memory for the copy.
+  std::vector<PolarResultRecord> copy = results;
+  target = std::move(copy);
   return polar_status::kSuccess;
 }
 

@@ -52,7 +52,8 @@ class RenderedSet {
 
   const scene::Scene& scene() const { return scene_; }
   std::string file(const std::string& name) const { return folder_.file(name); }
-  std::string polarText() const { return folder_.read("polar.txt"); }
+  std::string text(const std::string& name) const { return folder_.read(name); }
+  std::string polarText() const { return text("polar.txt"); }
   std::string calibrationFile() const { return file(folder_.has("calib.json") ? "calib.json" : "calib.bin"); }
 
   /// The set's polar configuration with further lines, which win over the earlier ones of the same key.
