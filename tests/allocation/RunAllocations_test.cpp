@@ -48,7 +48,7 @@ struct RunAllocations : ::testing::Test {
   }
 
   RepeatedCall inMemory(const RenderedSet& set, const std::string& polar, const std::string& target) {
-    return into([this, &set, polar, target, calibration = set.calibration(), images = set.images()] {
+    return into([this, polar, target, calibration = set.calibration(), images = set.images()] {
       return CalPolarLinePrecisionOutMat(polar.c_str(), target.c_str(), calibration, images, &results, nullptr,
                                          folder.path().c_str());
     });

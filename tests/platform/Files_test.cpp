@@ -169,6 +169,14 @@ TEST(OpenInput, WhatDoesNotOpenStaysFailed) {
   }
 }
 
+/// The system opens its own memory as a file, and cannot read the start of it.
+TEST(OpenInput, AReadThatFailsIsAnExceptionAndNoEnd) {
+  std::ifstream stream = files::openInput("/proc/self/mem");
+  ASSERT_TRUE(stream.is_open());
+  std::string line;
+  EXPECT_THROW(std::getline(stream, line), std::ios_base::failure);
+}
+
 TEST(OpenOutput, WritesThroughBackslashesAndInTheClassicLocale) {
   const CommaLocale comma;
   const TempFolder folder;

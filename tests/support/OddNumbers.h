@@ -26,13 +26,11 @@ inline constexpr std::array kTexts = {"nan", "-inf", "1e308", "4.9e-324", "-0", 
 inline constexpr std::array kDocumentTexts = {"nan",      ".Nan", ".Inf",  "-.Inf",      "1e308",
                                               "4.9e-324", "-0.0", "65535", "2147483647", "-2147483648"};
 
-inline constexpr std::array kValues = {std::numeric_limits<double>::quiet_NaN(),
-                                       std::numeric_limits<double>::infinity(),
-                                       -std::numeric_limits<double>::infinity(),
-                                       1e308,
-                                       std::numeric_limits<double>::denorm_min(),
-                                       static_cast<double>(std::numeric_limits<float>::denorm_min()),
-                                       -0.0};
+/// For records of floats and of doubles: a double beyond all floats becomes infinite on its way.
+template <typename Number>
+inline constexpr std::array<Number, 5> kValues = {
+    std::numeric_limits<Number>::quiet_NaN(), -std::numeric_limits<Number>::infinity(),
+    std::numeric_limits<Number>::max(), std::numeric_limits<Number>::denorm_min(), -Number{0}};
 
 /// A number in a text.
 struct Place {
@@ -101,8 +99,8 @@ class Calls {
   void sweepNumber(const std::string& what, Number& number, const Call& call) {
     ++replaced_;
     const Number kept = number;
-    for (const double value : kValues) {
-      number = static_cast<Number>(value);
+    for (const Number value : kValues<Number>) {
+      number = value;
       expectEnds(what + " = " + std::to_string(value), call);
     }
     number = kept;
