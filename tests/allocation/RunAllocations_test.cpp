@@ -116,27 +116,27 @@ TEST_F(RunAllocations, OfAnImageSetOnDisk) {
                 return CalPolarLinePrecision(set.file("polar.txt").c_str(), set.file("target.ini").c_str(),
                                              set.file("calib.json").c_str(), list.c_str(), &results);
               }),
-              700);
+              500);
 }
 
 TEST_F(RunAllocations, OfAnImageSetInMemory) {
   const RenderedSet set(small_scene::dots());
-  expectSound(inMemory(set, set.polarWith({{"eccentricity", "1"}}), set.file("target.ini")), 700);
+  expectSound(inMemory(set, set.polarWith({{"eccentricity", "1"}}), set.file("target.ini")), 500);
 }
 
 TEST_F(RunAllocations, OfAFrameRun) {
   const RenderedSet set(small_scene::frame());
-  expectSound(inMemory(set, set.polarText(), set.file("target.ini")), 400);
+  expectSound(inMemory(set, set.polarText(), set.file("target.ini")), 300);
 }
 
 TEST_F(RunAllocations, OfPolynomialLenses) {
   const RenderedSet set(small_scene::polynomial());
-  expectSound(inMemory(set, set.polarText(), set.file("target.yml")), 700);
+  expectSound(inMemory(set, set.polarText(), set.file("target.yml")), 500);
 }
 
 TEST_F(RunAllocations, OfARingBoard) {
   const RenderedSet set(small_scene::rings());
-  expectSound(inMemory(set, "triangulate_residual_switch: 1\nevaluation: 1", set.file("target.json")), 350);
+  expectSound(inMemory(set, "triangulate_residual_switch: 1\nevaluation: 1", set.file("target.json")), 250);
 }
 
 TEST_F(RunAllocations, OfARectificationRun) {
@@ -149,7 +149,7 @@ TEST_F(RunAllocations, OfARectificationRun) {
                 return CalRecificationPrecision(set.file("polar.txt").c_str(), set.file("target.ini").c_str(),
                                                 rectified, list.c_str(), &results);
               }),
-              350);
+              250);
 }
 
 }  // namespace
