@@ -40,8 +40,8 @@ bool exists(const std::string& path);
 /// words of the path, split at blanks as a command line would split them, are each made as one folder.
 std::int32_t MakeFolder(const std::string& path);
 
-/// Streams in the classic locale. One that does not open, also one of an empty name, stays failed. What is thrown inside
-/// of a read passes: kept in the stream, as a stream does by itself, it would look like the end of the file.
+/// Streams in the classic locale. One that does not open, also one of an empty name, stays failed. What is thrown
+/// inside of a read passes: kept in the stream, as a stream does by itself, it would look like the end of the file.
 std::ifstream openInput(const std::string& path, std::ios::openmode mode = std::ios::in);
 std::ofstream openOutput(const std::string& path, std::ios::openmode mode = std::ios::out);
 
