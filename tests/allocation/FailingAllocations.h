@@ -26,7 +26,7 @@ struct Place {
   std::size_t last = 0;
 };
 
-/// Where a place is, for a message.
+/// Where a place is, as far as symbols tell.
 std::string textOf(const Place& place);
 
 /// Calls `action` and remembers its places in the order in which they came first.

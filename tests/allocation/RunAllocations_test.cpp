@@ -134,6 +134,13 @@ TEST_F(RunAllocations, OfPolynomialLenses) {
   expectSound(inMemory(set, set.polarText(), set.file("target.yml")), 500);
 }
 
+TEST_F(RunAllocations, OfCirclesInAMiddleImage) {
+  const RenderedSet set(small_scene::circles());
+  RepeatedCall call = inMemory(set, "triangulate_residual_switch: 1\nevaluation: 1", set.file("target.json"));
+  call.spared_function = "eigenNonSymmetric";  // OpenCV's, within the direct fit of an ellipse.
+  expectSound(call, 200);
+}
+
 TEST_F(RunAllocations, OfARingBoard) {
   const RenderedSet set(small_scene::rings());
   expectSound(inMemory(set, "triangulate_residual_switch: 1\nevaluation: 1", set.file("target.json")), 250);

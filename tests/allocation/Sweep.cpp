@@ -52,9 +52,10 @@ struct Point {
   const Place* place;
 };
 
-std::vector<Point> pointsOf(const std::vector<Place>& places) {
+std::vector<Point> pointsOf(const std::vector<Place>& places, const std::string& spared_function) {
   std::vector<Point> points;
   for (const Place& place : places) {
+    if (!spared_function.empty() && textOf(place).find(spared_function) != std::string::npos) continue;
     points.push_back({place.first, &place});
     if (place.last != place.first) points.push_back({place.last, &place});
   }
@@ -118,7 +119,7 @@ class Sweep {
 Swept refuseMemoryEverywhere(const RepeatedCall& call, std::size_t most) {
   Sweep sweep(call);
   const std::vector<Place> places = sweep.record();
-  const std::vector<Point> points = pointsOf(places);
+  const std::vector<Point> points = pointsOf(places, call.spared_function);
   Swept swept;
   for (const Place& place : places) swept.allocations = std::max(swept.allocations, place.last + 1);
   swept.places = places.size();

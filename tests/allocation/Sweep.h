@@ -18,6 +18,8 @@ struct RepeatedCall {
   std::function<std::string()> held;
   /// Whether a failure leaves what the caller held.
   bool keeps = true;
+  /// A function of a library below that loses its own blocks when memory is refused in it, and so is left alone.
+  std::string spared_function;
   /// The tables on disk, earlier ones among them.
   std::function<Files()> tables = [] { return Files(); };
 };

@@ -22,7 +22,10 @@ inline constexpr scene::RigSize kDotSize{128, 102, 60.0};
 /// Four big dots for markers; as many dots as every evaluation asks for.
 inline scene::Scene dots() { return of(scene::brownRig(kDotSize), scene::bigDotBoard(7, 9)); }
 
-/// The same as a rectified pair.
+/// The same in the smallest image that is searched for circles at its own scale.
+inline scene::Scene circles() { return of(scene::brownRig({644, 515, 60.0}), scene::bigDotBoard(7, 9)); }
+
+/// The dots as a rectified pair.
 inline scene::Scene rectified() {
   scene::Scene scene = of(scene::rectifiedRig(kDotSize), scene::bigDotBoard(7, 9));
   scene.settings.rectified = true;
