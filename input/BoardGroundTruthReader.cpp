@@ -71,7 +71,7 @@ void ReadBoardTxt(const std::string& path, BoardGroundTruth& points) {
   BoardGroundTruth read;
   std::string line;
   while (bounded::nextLine(stream, line)) {
-    if (points.size() >= kMostPoints)
+    if (points.size() + read.size() >= kMostPoints)
       throw std::length_error("a board of more than " + std::to_string(kMostPoints) + " points");
     cv::Point3f point(0.0F, 0.0F, 0.0F);
     classic::input(line) >> point.x >> point.y >> point.z;
