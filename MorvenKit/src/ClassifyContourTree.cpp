@@ -48,7 +48,7 @@ class ContourWalk {
     Ellipse<double> ellipse = fitEllipseRobust(std::move(refined));
     if (isMaskedOut(ellipse) || !isFitted(ellipse)) return Next::kChildren;
     ellipse.point_class = classOfStatus(status);
-    if (complete && in_.params.max_sigma > ellipse.sigma && liesInside(ellipse))
+    if (complete && in_.params.max_sigma > ellipse.sigma && liesWithin(ellipse, in_.grey.size()))
       ellipses_.push_back(std::move(ellipse));
     return Next::kSibling;
   }
@@ -79,12 +79,6 @@ class ContourWalk {
 
   bool isFitted(const Ellipse<double>& ellipse) const {
     return ellipse.sigma > 0.0 && ellipseCircularity(ellipse) > in_.params.min_circularity;
-  }
-
-  /// The semi-axes stand for the half sides of the box, whatever the orientation.
-  bool liesInside(const Ellipse<double>& ellipse) const {
-    return ellipse.x + ellipse.semi_a <= in_.grey.cols && ellipse.y + ellipse.semi_b <= in_.grey.rows &&
-           ellipse.x - ellipse.semi_a >= 0.0 && ellipse.y - ellipse.semi_b >= 0.0;
   }
 
   const ContourWalkInput& in_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <opencv2/core.hpp>
 
 namespace kestrune::morvenkit {
 
@@ -12,6 +11,11 @@ float ellipseCircularity(const Ellipse<double>& ellipse) {
   const float perimeter = 4.0F * (a - b) + 2.0F * kPi * b;
   if (perimeter < std::numeric_limits<float>::epsilon()) return 1.0F;
   return a * b * kPi * 4.0F * kPi / (perimeter * perimeter);
+}
+
+bool liesWithin(const Ellipse<double>& ellipse, const cv::Size& size) {
+  return ellipse.x + ellipse.semi_a <= size.width && ellipse.y + ellipse.semi_b <= size.height &&
+         ellipse.x - ellipse.semi_a >= 0.0 && ellipse.y - ellipse.semi_b >= 0.0;
 }
 
 std::optional<int> wholeAxisRatio(const Ellipse<double>& ellipse) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "Drawing.h"
+#include "MorvenKit/src/EllipseShape.h"
 #include "MorvenKit/src/RoundContour.h"
 
 using namespace kestrune::morvenkit;
@@ -332,6 +333,18 @@ TEST(ClassifyContourTree, EllipseBelowTheCircularityGivesWayToTheChildren) {
   const Ellipses found = scene.walk(parentAndChild(flat, kInner), kBinary);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_NEAR(found[0].x, 60.0, 0.1);
+}
+
+TEST(ClassifyContourTree, EllipseAtTheCircularityGivesWayToTheChildren) {
+  Scene scene;
+  cv::Mat image = kBinary.clone();
+  cv::ellipse(image, {80, 80}, {44, 12}, 0, 0, 360, 255, cv::FILLED);
+  const ContourTree tree = parentAndChild(findContourTree(image).points(0), kInner);
+  const double limit = ellipseCircularity(scene.walk(tree, kBinary).at(0));
+  scene.params.min_circularity = limit;
+  EXPECT_NEAR(scene.walk(tree, kBinary).at(0).x, 60.0, 0.1);
+  scene.params.min_circularity = std::nextafter(limit, 0.0);
+  EXPECT_NEAR(scene.walk(tree, kBinary).at(0).x, 80.0, 0.1);
 }
 
 namespace {

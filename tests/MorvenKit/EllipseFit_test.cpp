@@ -80,6 +80,8 @@ TEST(EllipseFit, DefaultsOfAnEllipse) {
   EXPECT_EQ(e.semi_b, 0.0);
   EXPECT_EQ(e.angle, 0.0);
   EXPECT_EQ(e.sigma, -1.0);
+  EXPECT_EQ(e.roundness, 0.0);
+  EXPECT_TRUE(e.edge_points.empty());
 }
 
 TEST(EllipseFit, FewerThanFivePointsStayDefault) {

@@ -26,10 +26,44 @@ TEST(EllipseShape, CircularityByHand) {
   EXPECT_NEAR(ellipseCircularity(axes(6, 10)), 1.080011, 1e-6);
 }
 
+TEST(EllipseShape, CircularityIsOfSinglePrecision) {
+  // One rounding after the other; in double the two are 1 and 0.84489798.
+  EXPECT_EQ(ellipseCircularity(axes(7, 7)), 0.99999994F);
+  EXPECT_EQ(ellipseCircularity(axes(11, 7)), 0.84489793F);
+}
+
 TEST(EllipseShape, CircularityWithoutPerimeterIsOne) {
   EXPECT_EQ(ellipseCircularity(axes(0, 0)), 1.0F);
   EXPECT_EQ(ellipseCircularity(axes(1e-8, 1e-8)), 1.0F);
   EXPECT_NE(ellipseCircularity(axes(1e-6, 0.5e-6)), 1.0F);
+}
+
+namespace {
+
+Ellipse<double> box(double x, double y, double a, double b) {
+  Ellipse<double> result = axes(a, b);
+  result.x = x;
+  result.y = y;
+  return result;
+}
+
+}  // namespace
+
+TEST(EllipseShape, BoxMayReachZeroAndTheNumberOfColumnsAndRows) {
+  const cv::Size image(160, 120);
+  EXPECT_TRUE(liesWithin(box(80, 60, 80, 60), image));
+  EXPECT_FALSE(liesWithin(box(80, 60, 80.25, 60), image));
+  EXPECT_FALSE(liesWithin(box(80, 60, 80, 60.25), image));
+  EXPECT_FALSE(liesWithin(box(79.75, 60, 80, 60), image)) << "left";
+  EXPECT_FALSE(liesWithin(box(80.25, 60, 80, 60), image)) << "right";
+  EXPECT_FALSE(liesWithin(box(80, 59.75, 80, 60), image)) << "above";
+  EXPECT_FALSE(liesWithin(box(80, 60.25, 80, 60), image)) << "below";
+}
+
+TEST(EllipseShape, BoxStandsUprightWhateverTheOrientation) {
+  Ellipse<double> turned = box(80, 12, 40, 10);
+  turned.angle = 1.5;
+  EXPECT_TRUE(liesWithin(turned, {160, 120}));
 }
 
 TEST(EllipseShape, WholeAxisRatio) {

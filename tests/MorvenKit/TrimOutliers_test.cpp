@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -139,4 +140,26 @@ TEST(TrimOutliers, WorksInSinglePrecision) {
   // The centre is narrowed: 1e-9 beside 100 is nothing.
   std::vector<cv::Point2f> points = {{110, 50}, {90, 50}, {100, 60}, {100, 40}};
   EXPECT_EQ(trimOutliers(ellipse(100 + 1e-9, 50, 10, 10), points), 0.0);
+}
+
+TEST(TrimOutliers, LimitIsFormedInDouble) {
+  // Eight points at a residual of `eight` and one at `ninth`, in units of the last place of 10, so that no rounding but
+  // that of the rms comes in. In the first case 2.92 in single precision would keep the ninth point, in the second one
+  // a single-precision product would drop it.
+  const auto kept = [](float eight, float ninth) {
+    auto points = withOutlier(8, ninth * 0x1p-20F, 8);
+    std::fill_n(points.begin(), 8, cv::Point2f(0, 10.0F + eight * 0x1p-20F));
+    EXPECT_GT(trimOutliers(kCircle, points), 0.0);
+    return points.size();
+  };
+  EXPECT_EQ(kept(69317, 831882), 8U);
+  EXPECT_EQ(kept(61424, 737157), 9U);
+}
+
+TEST(TrimOutliers, CentreIsNarrowed) {
+  // 1e-6 beside 100 is nothing in single precision, and an rms of 7e-7 otherwise.
+  std::vector<cv::Point2f> points = {{110, 50}, {90, 50}, {100, 60}, {100, 40}};
+  EXPECT_EQ(trimOutliers(ellipse(100 + 1e-6, 50, 10, 10), points), 0.0);
+  std::vector<cv::Point2f> upright = {{60, 100}, {40, 100}, {50, 110}, {50, 90}};
+  EXPECT_EQ(trimOutliers(ellipse(50, 100 + 1e-6, 10, 10), upright), 0.0);
 }

@@ -144,6 +144,39 @@ TEST(CircleFit, LineOfPointsIsNoDot) {
   EXPECT_FALSE(fitCircle(Points(12, {7, 7})));
 }
 
+/// The polygon with these corners, its points at most 4 px apart.
+Points along(const Points& corners) {
+  Points points;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const cv::Point2f from = corners[i], way = corners[(i + 1) % corners.size()] - from;
+    const auto parts = static_cast<int>(std::ceil(cv::norm(way) / 4));
+    for (int k = 0; k < parts; ++k) points.push_back(from + way * (static_cast<float>(k) / static_cast<float>(parts)));
+  }
+  return points;
+}
+
+// A box has pi w h / (w + h)^2, which is 0.4 where it is 0.176123 times as high as wide.
+TEST(DotOfFit, RoundnessMustReachTwoFifths) {
+  const auto isTaken = [](float height) {
+    const cv::RotatedRect fit({50, height / 2}, {70, 70}, 0);
+    return dotOfFit(fit, along({{0, 0}, {100, 0}, {100, height}, {0, height}})).has_value();
+  };
+  EXPECT_TRUE(isTaken(17.62F));
+  EXPECT_FALSE(isTaken(17.60F));
+}
+
+// A square of 40 px with a notch of 12 px: 20 deep it has 0.85 of its hull, which is less than 0.85 in single
+// precision.
+TEST(DotOfFit, ShareOfTheHullIsComparedInSinglePrecision) {
+  const auto isTaken = [](float depth) {
+    const float end = 40 - depth;
+    const Points notched = along({{0, 0}, {40, 0}, {40, 40}, {26, 40}, {26, end}, {14, end}, {14, 40}, {0, 40}});
+    return dotOfFit({{20, 20}, {50, 50}, 0}, notched).has_value();
+  };
+  EXPECT_FALSE(isTaken(20));
+  EXPECT_TRUE(isTaken(20 - 0x1p-5F));
+}
+
 // Width 20 and height 10, not turned: e of (10, 0) is 100 / 25 - 1 = 3, e of (0, 5) is 25 / 100 - 1 = -0.75.
 TEST(AlgebraicResidual, WidthGoesWithYAndHeightWithX) {
   const cv::RotatedRect ellipse({50, 60}, {20, 10}, 0);

@@ -31,6 +31,50 @@ Loaded load(RingTarget& target, const std::string& config) {
   return loaded;
 }
 
+TEST(RingTarget, BeforeItsConfigurationItHasTheDefaultBoard) {
+  const RingTarget target;
+  const RingTargetConfig& config = target.config();
+  EXPECT_EQ(config.seed, 0);
+  EXPECT_EQ(config.rows, 71);
+  EXPECT_EQ(config.cols, 73);
+  EXPECT_EQ(config.inner_width, 17);
+  EXPECT_EQ(config.inner_height, 13);
+  EXPECT_EQ(config.outter_width, 33);
+  EXPECT_EQ(config.outter_height, 25);
+  EXPECT_EQ(config.step, 17.5F);
+  EXPECT_EQ(config.step_y, 17.5F);
+  EXPECT_EQ(config.board_type, 2);
+  EXPECT_EQ(config.ratio_solid, 0.3F);
+  EXPECT_EQ(config.ratio_big_ring, 0.4F);
+  EXPECT_EQ(config.land_mark_switch, 0);
+  for (const int mark : {config.land_mark1_x, config.land_mark1_y, config.land_mark2_x, config.land_mark2_y,
+                         config.land_mark3_x, config.land_mark3_y, config.land_mark4_x, config.land_mark4_y})
+    EXPECT_EQ(mark, 0);
+  EXPECT_EQ(config.detection_switch, 0);
+  EXPECT_THAT(config.detection_id, ElementsAre(0));
+  EXPECT_EQ(config.id_method, 0);
+  EXPECT_EQ(config.bin_method, 0);
+  EXPECT_EQ(config.bin_thresh, 0.0F);
+  EXPECT_EQ(config.bin_blocksize, 200);
+  EXPECT_EQ(config.min_radius, 1.0F);
+  EXPECT_EQ(config.max_radius, 50.0F);
+  EXPECT_EQ(config.max_sigma, 1.0F);
+  EXPECT_EQ(config.min_circularity, 0.8F);
+}
+
+TEST(RingTarget, BeforeItsConfigurationItHoldsNothing) {
+  const RingTarget target;
+  EXPECT_THAT(target.patterns(), IsEmpty());
+  EXPECT_THAT(target.boardModel(), IsEmpty());
+  EXPECT_THAT(target.boardPointIds(), IsEmpty());
+  EXPECT_THAT(target.identifiedEllipses(), IsEmpty());
+  EXPECT_THAT(target.unidentifiedEllipses(), IsEmpty());
+  EXPECT_FALSE(target.markerSizes().rings_small);
+  EXPECT_FALSE(target.markerSizes().solid_big);
+  EXPECT_FALSE(target.markerSizes().big_dot_board);
+  EXPECT_TRUE(target.getBinaryImage().empty());
+}
+
 TEST(LoadConfig, AnEmptyConfigurationIsToldWithoutALineEnd) {
   RingTarget target;
   const Loaded loaded = load(target, "");
@@ -253,6 +297,15 @@ TEST_P(DetectionEntry, AMaskOfAnotherTypeRaisesTheAssertion) {
 
 TEST_P(DetectionEntry, AMaskOfAnotherSizeRaisesTheAssertion) {
   expectAssertion(cv::Mat::zeros(20, 21, CV_8UC1), "mask.size() == image.size()");
+}
+
+// The type of a mask first, then its size, and both before the image and the detector.
+TEST_P(DetectionEntry, TheMaskIsLookedAtFirst) {
+  expectAssertion(cv::Mat::zeros(20, 21, CV_8UC3), "mask.type() == CV_8UC1");
+  RingTarget target;
+  EXPECT_THROW(run(target, cv::Mat::zeros(20, 20, CV_16UC1), cv::Mat::zeros(20, 21, CV_8UC1)), cv::Exception);
+  EXPECT_THAT(points_, IsEmpty()) << "the lists are cleared before that";
+  EXPECT_THAT(unidentified_, IsEmpty());
 }
 
 TEST_P(DetectionEntry, AnEmptyImageLeavesAsTheLibrarysException) {

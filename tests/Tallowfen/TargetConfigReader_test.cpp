@@ -99,6 +99,12 @@ void expectFixedValues(const RingTargetConfig& config) {
   EXPECT_EQ(config.detection_switch, 0);
   EXPECT_EQ(config.land_mark_switch, 0);
   EXPECT_EQ(config.land_mark1_x, 0);
+  EXPECT_EQ(config.land_mark1_y, 0);
+  EXPECT_EQ(config.land_mark2_x, 0);
+  EXPECT_EQ(config.land_mark2_y, 0);
+  EXPECT_EQ(config.land_mark3_x, 0);
+  EXPECT_EQ(config.land_mark3_y, 0);
+  EXPECT_EQ(config.land_mark4_x, 0);
   EXPECT_EQ(config.land_mark4_y, 0);
   EXPECT_EQ(config.id_method, 0);
   EXPECT_EQ(config.bin_method, 0);
