@@ -66,6 +66,15 @@ TEST_F(MarkedCanvas, ChosenPointGetsACircleAndItsId) {
   expectPicture();
 }
 
+TEST_F(MarkedCanvas, PointsMoveToTheRightInSinglePrecision) {
+  // As a float 51.499992, plus 200, is a tie that ends at 251.5.
+  const cv::Scalar red(0, 0, 255);
+  canvas.markPoint(Side::kRight, 1, {51.499992, 60});
+  cv::circle(expected, {252, 60}, 2, red, 1, cv::LINE_8);
+  cv::putText(expected, "1", {272, 65}, cv::FONT_HERSHEY_SIMPLEX, 1.0, red, 1, cv::LINE_8);
+  expectPicture();
+}
+
 TEST_F(MarkedCanvas, EdgesAreGreenOnTheLeftAndBlueOnTheRight) {
   canvas.markEdge(Side::kLeft, {{20.4F, 30.6F}, {60.0F, 70.0F}});
   cv::circle(expected, {20, 31}, 1, cv::Scalar(0, 255, 0), 1, cv::LINE_8);

@@ -74,6 +74,8 @@ TEST(ResultRecords, EveryFigureReachesTheCaller) {
   EXPECT_EQ(r.frameValues, std::vector<double>{16.5});
   EXPECT_EQ(r.gt_rms, static_cast<double>(0.3F));
   EXPECT_EQ(r.space_rms, 0.123456789012345);
+  ASSERT_EQ(r.detect_canvas.size(), cv::Size(4, 2));
+  EXPECT_EQ(r.detect_canvas.at<cv::Vec3b>(1, 3), cv::Vec3b(1, 2, 3));
 }
 
 TEST(ResultRecords, PointsKeepWhatTheCallerGets) {

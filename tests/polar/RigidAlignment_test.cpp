@@ -140,4 +140,26 @@ TEST_F(RigidAlignment, ResidualsAreSummedInSinglePrecision) {
   EXPECT_EQ(rms[1], std::sqrt(125.0F / 22.0F));
 }
 
+TEST_F(RigidAlignment, ResidualsOfEachAxisAreSummedInSinglePrecision) {
+  for (int axis = 0; axis < 3; ++axis) {
+    const auto at = [](int along, float value) {
+      cv::Vec3f point(0, 0, 0);
+      point[along] = value;
+      return cv::Point3f(point);
+    };
+    // Two ends of the axis's own arm 8192 too long, then 2.5 along it at both ends of one other arm, -2.5 at the last.
+    source = {at(axis, -10), at(axis, 10)};
+    Points target = {at(axis, -8202), at(axis, 8202)};
+    for (int k = 0; k < 10; ++k) {
+      for (const float end : {-10.0F, 10.0F}) {
+        const cv::Point3f one = at((axis + 1) % 3, end), last = at((axis + 2) % 3, end);
+        source.insert(source.end(), {one, last});
+        target.insert(target.end(), {one + at(axis, 2.5F), last + at(axis, -2.5F)});
+      }
+    }
+    evaluator.AlignRigid(rms, source, target, aligned);
+    EXPECT_EQ(rms[static_cast<std::size_t>(axis)], std::sqrt(134217728.0F / 42.0F)) << axis;
+  }
+}
+
 }  // namespace
