@@ -1,0 +1,51 @@
+#include <CLI/CLI.hpp>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <locale>
+#include <stdexcept>
+#include <string>
+
+#include "tools/figures/Roads.h"
+
+namespace {
+
+/// The locale of C and of C++, as a program of another country has it.
+void takeLocale(const std::string& name) {
+  std::locale::global(std::locale(name));
+  if (std::setlocale(LC_ALL, name.c_str()) == nullptr || *std::localeconv()->decimal_point != ',')
+    throw std::runtime_error(name + " is no locale with a decimal comma");
+}
+
+int run(int argc, char** argv) {
+  CLI::App app(
+      "Walks rendered sets through every run and writes every figure down.\nExit codes: 0 done, 1 a run failed.");
+  app.name("figures");
+  std::vector<std::string> sets;
+  std::string results, locale;
+  app.add_option("RESULTS", results, "Folder to write into, a folder for each set")->required();
+  app.add_option("SETS", sets, "Folders made by `scene render`")->required()->check(CLI::ExistingDirectory);
+  app.add_option("--locale", locale, "Locale with a decimal comma for the whole program")->envname("FIGURES_LOCALE");
+  CLI11_PARSE(app, argc, argv);
+  if (!locale.empty()) takeLocale(locale);
+  bool good = true;
+  for (const std::string& set : sets) {
+    const std::filesystem::path folder(set);
+    std::cout << folder.filename().string() << '\n';
+    if (figures::walkRoads(folder, std::filesystem::path(results) / folder.filename())) continue;
+    std::cerr << "a run of " << set << " failed\n";
+    good = false;
+  }
+  return good ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+  return run(argc, argv);
+} catch (const std::exception& failure) {
+  std::fputs(failure.what(), stderr);
+  return 1;
+}
