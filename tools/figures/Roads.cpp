@@ -82,9 +82,7 @@ bool inMemory(const Set& set, const Road& road, const std::string& further_lines
   return road.end(status, records);
 }
 
-bool everySwitch(const Set& set, const Road& road) {
-  return inMemory(set, road, "\noqc_switch: 1\nframe_work: 0");
-}
+bool everySwitch(const Set& set, const Road& road) { return inMemory(set, road, "\noqc_switch: 1\nframe_work: 0"); }
 
 /// A rectified pair ends the compensation, so this run has none.
 bool compensated(const Set& set, const Road& road) {
@@ -97,12 +95,12 @@ bool turned(const Set& set, const Road& road) {
   const cv::Mat& image = set.images.at(0).at(0);
   std::ostringstream polar;
   polar.imbue(std::locale::classic());
-  polar << set.polar << "\nx_y: 1\nf_scale: 0.9\nevalu_model: 1\nframe_work: 0\ncrop: 1\ncropped_cols: "
-        << image.cols - 8 << "\ncropped_rows: " << image.rows - 6;
+  polar << set.polar
+        << "\nx_y: 1\nf_scale: 0.9\nevalu_model: 1\nframe_work: 0\ncrop: 1\ncropped_cols: " << image.cols - 8
+        << "\ncropped_rows: " << image.rows - 6;
   std::vector<PolarResultRecord> records;
-  const std::int32_t status =
-      CalPolarLinePrecision(polar.str().c_str(), set.target.c_str(), set.calibration_file.c_str(),
-                            road.list(set).c_str(), &records);
+  const std::int32_t status = CalPolarLinePrecision(polar.str().c_str(), set.target.c_str(),
+                                                    set.calibration_file.c_str(), road.list(set).c_str(), &records);
   return road.end(status, records);
 }
 
@@ -124,8 +122,8 @@ bool rectifiedElsewhere(const Set& set, const Road& road) {
   RectifiedParams rectified = geometry(set.folder / "rectified.txt");
   rectified.boardPoints.assign(set.calibration.boardPoints.begin(), set.calibration.boardPoints.end());
   std::vector<PolarResultRecord> records;
-  const std::int32_t status = CalRecificationPrecision(set.polar.c_str(), set.target.c_str(), rectified,
-                                                       road.list(set).c_str(), &records);
+  const std::int32_t status =
+      CalRecificationPrecision(set.polar.c_str(), set.target.c_str(), rectified, road.list(set).c_str(), &records);
   return road.end(status, records);
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 #include <locale>
+#include <opencv2/core/utility.hpp>
 #include <stdexcept>
 #include <string>
 
@@ -25,11 +26,15 @@ int run(int argc, char** argv) {
   app.name("figures");
   std::vector<std::string> sets;
   std::string results, locale;
+  int threads = 0;
   app.add_option("RESULTS", results, "Folder to write into, a folder for each set")->required();
   app.add_option("SETS", sets, "Folders made by `scene render`")->required()->check(CLI::ExistingDirectory);
+  app.add_option("--threads", threads, "Threads that the images' library may use; else as many as it likes")
+      ->envname("FIGURES_THREADS");
   app.add_option("--locale", locale, "Locale with a decimal comma for the whole program")->envname("FIGURES_LOCALE");
   CLI11_PARSE(app, argc, argv);
   if (!locale.empty()) takeLocale(locale);
+  if (threads > 0) cv::setNumThreads(threads);
   bool good = true;
   for (const std::string& set : sets) {
     const std::filesystem::path folder(set);
@@ -43,9 +48,7 @@ int run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) try {
-  return run(argc, argv);
-} catch (const std::exception& failure) {
+int main(int argc, char** argv) try { return run(argc, argv); } catch (const std::exception& failure) {
   std::fputs(failure.what(), stderr);
   return 1;
 }
