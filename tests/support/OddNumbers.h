@@ -88,8 +88,11 @@ class Calls {
     for (const Place& place : placesIn(text)) {
       ++replaced_;
       const std::string what = text.substr(text.rfind('\n', place.at) + 1, 40);
-      for (const char* const number : numbers)
-        expectEnds(what + " at " + std::to_string(place.at) + " = " + number, callOn(replaced(text, place, number)));
+      for (std::size_t k = 0; k < numbers.size(); ++k) {
+        if (!isTried(k)) continue;
+        expectEnds(what + " at " + std::to_string(place.at) + " = " + numbers[k],
+                   callOn(replaced(text, place, numbers[k])));
+      }
       expectGood(what);
     }
   }
@@ -99,9 +102,10 @@ class Calls {
   void sweepNumber(const std::string& what, Number& number, const Call& call) {
     ++replaced_;
     const Number kept = number;
-    for (const Number value : kValues<Number>) {
-      number = value;
-      expectEnds(what + " = " + std::to_string(value), call);
+    for (std::size_t k = 0; k < kValues<Number>.size(); ++k) {
+      if (!isTried(k)) continue;
+      number = kValues<Number>[k];
+      expectEnds(what + " = " + std::to_string(number), call);
     }
     number = kept;
     expectGood(what);
@@ -111,10 +115,12 @@ class Calls {
     for (auto& number : numbers) sweepNumber(what + "[" + std::to_string(&number - numbers.data()) + "]", number, call);
   }
 
-  /// Numbers that were replaced, each by every odd one.
+  /// Numbers that were replaced, each by every odd one, or, under the sanitizers, which take six times as long, by a
+  /// third of them, the next number by the next third.
   std::size_t replacedNumbers() const { return replaced_; }
 
  private:
+  bool isTried(std::size_t k) const { return (k + replaced_) % EVERY_NTH_ODD_NUMBER == 0; }
   static std::string outcomeOf(const Call& call) {
     const ConsoleCapture quiet;
     Results results;
