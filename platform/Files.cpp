@@ -96,7 +96,7 @@ std::int32_t MakeFolder(const std::string& path) {
 }
 
 std::ifstream openInput(const std::string& path, std::ios::openmode mode) {
-  std::ifstream stream = open<std::ifstream>(path, mode);
+  auto stream = open<std::ifstream>(path, mode);
   stream.exceptions(std::ios::badbit);
   return stream;
 }
