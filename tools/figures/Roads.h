@@ -4,10 +4,11 @@
 
 namespace figures {
 
-/// Walks a rendered set through every run that its files allow: in memory with every switch on, from disk with what
-/// that leaves out (turned, cropped, another focal length, detection only), as a frame, and as images rectified
-/// elsewhere. Each run gets a folder of its own below `results`, with its tables, its records as text and its status.
+/// Walks the rendered set in `folder` through every run that its files allow: in memory with every switch on, from disk
+/// with what that leaves out (turned, cropped, another focal length, detection only), as a frame, and as images
+/// rectified elsewhere. Each run gets a folder of its own below `results`, with its tables, its records as text and its
+/// status.
 /// @return Whether every run came to its end with records.
-bool walkRoads(const std::filesystem::path& set, const std::filesystem::path& results);
+bool walkRoads(const std::filesystem::path& folder, const std::filesystem::path& results);
 
 }  // namespace figures
