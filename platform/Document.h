@@ -13,8 +13,8 @@ namespace documents {
 inline constexpr std::size_t kMostOpenings = 10000;
 
 /// Opens a document for reading; it is not open when there is no such file, or a folder in its place. A document that
-/// cannot be parsed, or that holds more than `kMostOpenings`, is a `cv::Exception`, one of more characters than
-/// `bounded::kLongestText` a `std::length_error`.
+/// cannot be parsed, that holds more than `kMostOpenings` or what OpenCV's parser does not come back from, is a
+/// `cv::Exception`, one of more characters than `bounded::kLongestText` a `std::length_error`.
 cv::FileStorage openForReading(const std::string& path);
 
 }  // namespace documents

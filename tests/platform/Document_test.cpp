@@ -93,6 +93,55 @@ TEST(Document, RefusalNamesCountAndLimit) {
   }
 }
 
+const std::string kYaml = "%YAML:1.0\n---\n";
+const std::string kXml = "<?xml version=\"1.0\"?>\n<opencv_storage>\n";
+/// Base64 of blanks, where the type of the numbers should stand.
+const std::string kNoType = "ICAgICAgICAgICAgICAgICAgICAgICAgAAAAAAAA";
+
+class Trap : public testing::TestWithParam<std::string> {};
+
+TEST_P(Trap, IsRefusedBeforeTheParserFallsIntoIt) {
+  const TempFolder folder;
+  EXPECT_THROW(documents::openForReading(folder.write("a.json", GetParam())), cv::Exception);
+}
+
+INSTANTIATE_TEST_SUITE_P(EndlessBase64, Trap,
+                         testing::Values("{\"a\":\"$base64$" + kNoType + "\"}",
+                                         kYaml + "a: !!binary |\n  " + kNoType + "\n",
+                                         kXml + "<a type_id=\"binary\">\n" + kNoType + "\n</a></opencv_storage>\n",
+                                         kXml + "<a type_id='binary'>\n" + kNoType + "\n</a></opencv_storage>\n"));
+INSTANTIATE_TEST_SUITE_P(EndlessYaml, Trap,
+                         testing::Values(kYaml + "a: 1\n...\n-1\n", kYaml + "a: 1\n...\n# b\n  # c\n - 1\n",
+                                         kYaml + "a: 1\n...\n---\nb: 2\n...\n--",
+                                         "\xef\xbb\xbf" + kYaml + "- 1\n...\n- 2"));
+INSTANTIATE_TEST_SUITE_P(NullPointerInXml, Trap,
+                         testing::Values("<?xml version=", kXml + "<a b=", kXml + "<a b= \n\t\r\n",
+                                         kXml + "<a b=" + std::string(1, '\0') + "\"c\">"));
+
+class HarmlessDocument : public testing::TestWithParam<std::string> {};
+
+TEST_P(HarmlessDocument, IsRead) {
+  const TempFolder folder;
+  EXPECT_EQ(static_cast<int>(documents::openForReading(folder.write("a.json", GetParam()))["a"]), 7);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LikeTraps, HarmlessDocument,
+    testing::Values("{\"a\": 7, \"b\": \"binary\", \"c\": \"... - !!binary =\"}",
+                    kYaml + "a: 7\nb: \"$base64$\"\nc: x=\n...\n# -\n---\nd: 2\n...\n",
+                    kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>\n"));
+
+TEST(Document, RefusalNamesTheTrap) {
+  const TempFolder folder;
+  try {
+    documents::openForReading(folder.write("a.json", "{\"a\":\"$base64$"));
+    FAIL() << "no exception";
+  } catch (const cv::Exception& error) {
+    EXPECT_EQ(error.code, cv::Error::StsParseError);
+    EXPECT_NE(error.err.find("a.json has base64 data, which is not read"), std::string::npos) << error.err;
+  }
+}
+
 TEST(Document, MissingFileIsNotOpen) {
   const TempFolder folder;
   EXPECT_FALSE(documents::openForReading(folder.file("none.json")).isOpened());
