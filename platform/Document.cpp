@@ -6,11 +6,12 @@
 
 #include "platform/BoundedInput.h"
 #include "platform/Files.h"
+#include "platform/YamlTraps.h"
 
 namespace documents {
 namespace {
 
-constexpr const char* kBlanks = " \t\r\n";
+constexpr std::string_view kBlanks = " \t\r\n";
 /// Characters in which the mark of the syntax stands, a byte order mark before it included.
 constexpr std::size_t kLongestBeginning = 8;
 
@@ -26,48 +27,45 @@ std::size_t openingsOf(std::string_view text) {
 
 bool contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
 
-/// The place of the next character that is neither blank nor in a YAML comment.
-std::size_t nextVisible(std::string_view text, std::size_t at) {
-  for (at = text.find_first_not_of(kBlanks, at); at < text.size() && text[at] == '#';) {
-    at = text.find_first_not_of(kBlanks, text.find('\n', at));
+/// Whether nothing that is seen follows an equals sign or an ampersand: a carriage return cuts off the rest of its line.
+bool endsInsideTag(std::string_view text) {
+  bool isInside = false;
+  bool isCutOff = false;
+  for (const char c : text) {
+    if (c == '\n') isCutOff = false;
+    if (isInside && c == '\r') isCutOff = true;
+    if (!isCutOff && !contains(kBlanks, std::string_view(&c, 1))) isInside = c == '=' || c == '&';
   }
-  return at;
+  return isInside;
 }
 
-/// A dash behind the dots that end a YAML document, unless it begins the three of the next one.
-bool hasDashBehindAnEnd(std::string_view text) {
-  constexpr std::string_view kEnd = "...";
-  for (std::size_t end = text.find(kEnd); end != std::string_view::npos; end = text.find(kEnd, end + 1)) {
-    const std::size_t next = nextVisible(text, end + kEnd.size());
-    if (next < text.size() && text[next] == '-' && !text.substr(next).starts_with("---")) return true;
-  }
-  return false;
+/// Base64 data of no lawful type are read without an end.
+bool holdsBase64(std::string_view text, bool isYaml, bool isXml) {
+  if (isYaml) return contains(text, "!binary") || contains(text, "^binary") || contains(text, ":binary");
+  if (isXml) return contains(text, "\"binary\"") || contains(text, "'binary'");
+  return contains(text, "$base64$");
 }
 
-bool endsInEqualsSign(std::string_view text) {
-  const std::size_t last = text.find_last_not_of(kBlanks);
-  return last != std::string_view::npos && text[last] == '=';
-}
-
-/// What the parser does not come back from, or null. It reads base64 data of no lawful type, and behind the end of a
-/// YAML document, without an end; where an XML text ends in the middle of a tag, as seen without what a NUL hides, it
-/// follows a null pointer.
+/// What the parser does not come back from, or reads past, in words for an error text; or null. A NUL hides the rest of
+/// its line, NULs behind the text do not matter; where XML ends in the middle of a tag, a null pointer is followed.
 const char* trapIn(std::string_view text) {
+  text = text.substr(0, text.find_last_not_of('\0') + 1);
+  if (contains(text, std::string_view("\0", 1))) return "a NUL";
   const std::string_view beginning = text.substr(0, kLongestBeginning);
-  const bool yaml = contains(beginning, "%YAML");
-  const bool xml = contains(beginning, "<?xml");
-  if (yaml && hasDashBehindAnEnd(text)) return "a dash behind its end";
-  if (xml && contains(text, std::string_view("\0", 1))) return "a NUL";
-  if (xml && endsInEqualsSign(text)) return "an equals sign at its end";
-  const bool base64 =
-      yaml ? contains(text, "!!binary")
-           : (xml ? contains(text, "\"binary\"") || contains(text, "'binary'") : contains(text, "$base64$"));
-  return base64 ? "base64 data" : nullptr;
+  const bool isYaml = contains(beginning, "%YAML");
+  const bool isXml = contains(beginning, "<?xml");
+  if (holdsBase64(text, isYaml, isXml)) return "base64 data";
+  if (isXml && endsInsideTag(text)) return "an unfinished tag at its end";
+  return isYaml ? trapInYaml(text) : nullptr;
 }
+
+/// OpenCV takes what follows a question mark for parameters, and opens the file of the name in front of it.
+bool isNameForOpenCv(const std::string& path) { return !contains(path, "?"); }
 
 }  // namespace
 
 cv::FileStorage openForReading(const std::string& path) {
+  if (!isNameForOpenCv(path)) return {};
   std::ifstream stream = files::openInput(path, std::ios::in | std::ios::binary);
   if (!stream.is_open()) return {};
   const std::string text = bounded::readText(stream);
@@ -80,6 +78,11 @@ cv::FileStorage openForReading(const std::string& path) {
     CV_Error_(cv::Error::StsParseError, ("%s has %s, which is not read", path.c_str(), trap));
   }
   return {files::nativePath(path), cv::FileStorage::READ};
+}
+
+cv::FileStorage openForWriting(const std::string& path) {
+  if (!isNameForOpenCv(path)) return {};
+  return {files::nativePath(path), cv::FileStorage::WRITE};
 }
 
 }  // namespace documents

@@ -17,4 +17,9 @@ inline constexpr std::size_t kMostOpenings = 10000;
 /// `cv::Exception`, one of more characters than `bounded::kLongestText` a `std::length_error`.
 cv::FileStorage openForReading(const std::string& path);
 
+/// Opens a document for writing, in the syntax of the name's extension; it is not open when it cannot be made.
+///
+/// A name with a question mark opens neither way: OpenCV would read or overwrite the file of the name in front of it.
+cv::FileStorage openForWriting(const std::string& path);
+
 }  // namespace documents

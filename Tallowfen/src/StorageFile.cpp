@@ -17,8 +17,7 @@ bool isStorageFile(const std::string& path) {
 
 bool openStorage(cv::FileStorage& storage, const std::string& path, int mode, const char* operation) {
   try {
-    if (mode != cv::FileStorage::READ) return storage.open(files::nativePath(path), mode);
-    storage = documents::openForReading(path);
+    storage = mode == cv::FileStorage::READ ? documents::openForReading(path) : documents::openForWriting(path);
     return storage.isOpened();
   } catch (const std::exception&) {
     // Callers tell a document that cannot be parsed from other failures by the category, so the library's exception may

@@ -49,6 +49,14 @@ TEST(OpenStorage, DocumentOfNothingButBracketsIsNotAccessible) {
   EXPECT_THROW(openStorage(storage, path, cv::FileStorage::READ, "operation"), std::system_error);
 }
 
+TEST(OpenStorage, FileOfTheNameInFrontOfAQuestionMarkIsLeftAlone) {
+  const TempFolder folder;
+  folder.write("a", "kept");
+  cv::FileStorage storage;
+  EXPECT_FALSE(openStorage(storage, folder.file("a?b.json"), cv::FileStorage::WRITE, "text"));
+  EXPECT_EQ(folder.read("a"), "kept");
+}
+
 TEST(OpenStorage, TakesThePathsOwnSeparator) {
   const TempFolder folder;
   folder.write("a.json", "{ \"a\": 1 }");

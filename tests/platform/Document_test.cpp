@@ -110,13 +110,20 @@ INSTANTIATE_TEST_SUITE_P(EndlessBase64, Trap,
                                          kYaml + "a: !!binary |\n  " + kNoType + "\n",
                                          kXml + "<a type_id=\"binary\">\n" + kNoType + "\n</a></opencv_storage>\n",
                                          kXml + "<a type_id='binary'>\n" + kNoType + "\n</a></opencv_storage>\n"));
+INSTANTIATE_TEST_SUITE_P(EndlessTypedBase64, Trap,
+                         testing::Values(kYaml + "a: !^binary |\n  " + kNoType + "\n",
+                                         kYaml + "a: !<tag:yaml.org,2002:binary> |\n  " + kNoType + "\n"));
 INSTANTIATE_TEST_SUITE_P(EndlessYaml, Trap,
-                         testing::Values(kYaml + "a: 1\n...\n-1\n", kYaml + "a: 1\n...\n# b\n  # c\n - 1\n",
-                                         kYaml + "a: 1\n...\n---\nb: 2\n...\n--",
+                         testing::Values(kYaml + "a: 1\n...\n-1\n", "%YAML:1.0\n---%YAML:1.0\n---\n-\n",
                                          "\xef\xbb\xbf" + kYaml + "- 1\n...\n- 2"));
 INSTANTIATE_TEST_SUITE_P(NullPointerInXml, Trap,
                          testing::Values("<?xml version=", kXml + "<a b=", kXml + "<a b= \n\t\r\n",
-                                         kXml + "<a b=" + std::string(1, '\0') + "\"c\">"));
+                                         kXml + "<a b=" + std::string(1, '\0'), kXml + "<a b=\rc\n \r\"d\"",
+                                         kXml + "<a>b&"));
+INSTANTIATE_TEST_SUITE_P(HiddenBehindANul, Trap,
+                         testing::Values("{\"a\": 7,\n" + std::string(1, '\0') + "\"b\": 8\n}",
+                                         kYaml + "a: 7\nb:" + std::string(1, '\0') + " 8\n",
+                                         kXml + "<a>7</a><b>" + std::string(1, '\0') + "8</b></opencv_storage>\n"));
 
 class HarmlessDocument : public testing::TestWithParam<std::string> {};
 
@@ -128,7 +135,9 @@ TEST_P(HarmlessDocument, IsRead) {
 INSTANTIATE_TEST_SUITE_P(
     LikeTraps, HarmlessDocument,
     testing::Values("{\"a\": 7, \"b\": \"binary\", \"c\": \"... - !!binary =\"}",
-                    kYaml + "a: 7\nb: \"$base64$\"\nc: x=\n...\n# -\n---\nd: 2\n...\n",
+                    "{\"a\": 7}" + std::string(3, '\0'),
+                    kYaml + "a: 7\nb: \"$base64$ binary\"\nc: x=\n...\n# -\n---\nd: 2\n...\n",
+                    kXml + "<a>7</a><b>c &amp; d</b></opencv_storage>" + std::string(3, '\0'),
                     kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>\n"));
 
 TEST(Document, RefusalNamesTheTrap) {
@@ -165,6 +174,27 @@ TEST(Document, OfMoreCharactersThanATextMayHaveIsRefused) {
 TEST(Document, ThatCannotBeParsedIsTheLibrarysException) {
   const TempFolder folder;
   EXPECT_THROW(documents::openForReading(folder.write("a.json", "{ \"a\": [1, \n")), cv::Exception);
+}
+
+TEST(Document, OfANameWithAQuestionMarkIsNeitherReadNorWritten) {
+  const TempFolder folder;
+  const std::string before = folder.write("a", "{ \"a\": 1 }");
+  const std::string whole = folder.write("a?b.json", "{ \"a\": 2 }");
+  EXPECT_FALSE(documents::openForReading(whole).isOpened());
+  EXPECT_FALSE(documents::openForWriting(whole).isOpened());
+  EXPECT_EQ(static_cast<int>(documents::openForReading(before)["a"]), 1);
+}
+
+TEST(Document, IsWrittenInTheSyntaxOfItsExtension) {
+  const TempFolder folder;
+  for (const char* const name : {"a.json", "a.yml", "a.xml"}) {
+    {
+      cv::FileStorage document = documents::openForWriting(folder.path().string() + "\\" + name);
+      document << "a" << 7;
+    }
+    EXPECT_EQ(static_cast<int>(documents::openForReading(folder.file(name))["a"]), 7) << name;
+  }
+  EXPECT_FALSE(documents::openForWriting(folder.file("none") + "/a.json").isOpened());
 }
 
 TEST(Document, TakesThePathsOwnSeparator) {
