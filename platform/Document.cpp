@@ -27,7 +27,8 @@ std::size_t openingsOf(std::string_view text) {
 
 bool contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
 
-/// Whether nothing that is seen follows an equals sign or an ampersand: a carriage return cuts off the rest of its line.
+/// Whether nothing that is seen follows an equals sign or an ampersand: a carriage return cuts off the rest of its
+/// line.
 bool endsInsideTag(std::string_view text) {
   bool isInside = false;
   bool isCutOff = false;

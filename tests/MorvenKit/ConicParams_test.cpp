@@ -74,3 +74,11 @@ TEST(ConicParams, VanishingLeadThrows) {
     EXPECT_STREQ(error.what(), "[Ellipse::getParamsFromConic] invalid conic params");
   }
 }
+
+TEST(ConicParams, ALeadOfExactlyTheEpsilonIsGoodEnough) {
+  // 1 / (2^26)^2 is 2^-52, all of it without a rounding.
+  Ellipse<double> e;
+  getParamsFromConic({0, 1, 0, 0, -1}, {0, 0, 67108864.0F, 67108864.0F}, e);
+  EXPECT_EQ(e.semi_a, 67108864.0);
+  EXPECT_EQ(e.semi_b, 67108864.0);
+}

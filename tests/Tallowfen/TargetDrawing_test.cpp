@@ -133,4 +133,10 @@ TEST(DrawTarget, AnUnnumberedEllipseIsCyanWithADot) {
   EXPECT_EQ(pixelsOf(dst, kRed), 0);
 }
 
+TEST(DrawTarget, TheDotKeepsColumnAndRowApart) {
+  const cv::Mat dst = drawn(grey(), 1.0, {}, {numbered(29, 59, 10, 10, -1)});
+  EXPECT_EQ(dst.at<cv::Vec3b>(60, 30), kCyan);
+  EXPECT_EQ(dst.at<cv::Vec3b>(30, 60), cv::Vec3b(50, 50, 50));
+}
+
 }  // namespace

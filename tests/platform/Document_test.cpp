@@ -134,8 +134,7 @@ TEST_P(HarmlessDocument, IsRead) {
 
 INSTANTIATE_TEST_SUITE_P(
     LikeTraps, HarmlessDocument,
-    testing::Values("{\"a\": 7, \"b\": \"binary\", \"c\": \"... - !!binary =\"}",
-                    "{\"a\": 7}" + std::string(3, '\0'),
+    testing::Values("{\"a\": 7, \"b\": \"binary\", \"c\": \"... - !!binary =\"}", "{\"a\": 7}" + std::string(3, '\0'),
                     kYaml + "a: 7\nb: \"$base64$ binary\"\nc: x=\n...\n# -\n---\nd: 2\n...\n",
                     kXml + "<a>7</a><b>c &amp; d</b></opencv_storage>" + std::string(3, '\0'),
                     kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>\n"));

@@ -31,25 +31,26 @@ TEST_P(YamlTrap, IsTold) {
   EXPECT_STREQ(told, GetParam().told);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Places, YamlTrap,
-    testing::Values(
-        Trap{"DashBehindTheEnd", "---\na: 1\n...\n-1\n", kDash},
-        Trap{"DashOnTheLineOfTheEnd", "---\na: 1\n... - b\n", kDash},
-        Trap{"DashBehindACommentOrTwo", "---\na: 1\n...\n# b\n  # c\n - 1\n", kDash},
-        Trap{"DashBehindADirective", "---\na: 1\n...\n%YAML:1.0\n- 1\n", kDash},
-        Trap{"DashBehindTheSecondEnd", "---\na: 1\n...\n---\nb: 2\n...\n--", kDash},
-        Trap{"DashBehindTheEndOfNothing", "---\n...\n-", kDash}, Trap{"DashBehindAListWithoutAMark", "- 1\n...\n- 2", kDash},
-        Trap{"DashGluedToTheEnd", "---\na: 1\n...-\n", kDash},
-        Trap{"MarkBehindARootOnTheLineOfAMark", "---%YAML:1.0\n---\n-\n", kLeft},
-        Trap{"LineLeftOfAnIndentedRoot", "---\n  a: 1\n b: - 1\n", kLeft},
-        Trap{"LineLeftOfAListOnTheLineOfAMark", "--- - 1\n  - 2\n", kLeft},
-        Trap{"BracesAsRoot", "---\n{a: 1}\n---\n- 1\n", kRoot}, Trap{"BracketsAsRoot", "---\n[1,]\n- 1\n", kRoot},
-        Trap{"BracketsAsSecondRoot", "---\na: 1\n...\n--- [1]\n", kRoot},
-        Trap{"TypeOfTheRoot", "--- !!map\n  a: 1\n- 1\n", kRoot}, Trap{"ColonFirst", "---\na: 1\n: 2\n", kColon},
-        Trap{"ColonFirstBehindBlanks", "---\na: {b: 1,\n   : 2}\n", kColon},
-        Trap{"BackslashLast", "---\na: \"b\\", kBackslash}),
-    [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(Places, YamlTrap,
+                         testing::Values(Trap{"DashBehindTheEnd", "---\na: 1\n...\n-1\n", kDash},
+                                         Trap{"DashOnTheLineOfTheEnd", "---\na: 1\n... - b\n", kDash},
+                                         Trap{"DashBehindACommentOrTwo", "---\na: 1\n...\n# b\n  # c\n - 1\n", kDash},
+                                         Trap{"DashBehindADirective", "---\na: 1\n...\n%YAML:1.0\n- 1\n", kDash},
+                                         Trap{"DashBehindTheSecondEnd", "---\na: 1\n...\n---\nb: 2\n...\n--", kDash},
+                                         Trap{"DashBehindTheEndOfNothing", "---\n...\n-", kDash},
+                                         Trap{"DashBehindAListWithoutAMark", "- 1\n...\n- 2", kDash},
+                                         Trap{"DashGluedToTheEnd", "---\na: 1\n...-\n", kDash},
+                                         Trap{"MarkBehindARootOnTheLineOfAMark", "---%YAML:1.0\n---\n-\n", kLeft},
+                                         Trap{"LineLeftOfAnIndentedRoot", "---\n  a: 1\n b: - 1\n", kLeft},
+                                         Trap{"LineLeftOfAListOnTheLineOfAMark", "--- - 1\n  - 2\n", kLeft},
+                                         Trap{"BracesAsRoot", "---\n{a: 1}\n---\n- 1\n", kRoot},
+                                         Trap{"BracketsAsRoot", "---\n[1,]\n- 1\n", kRoot},
+                                         Trap{"BracketsAsSecondRoot", "---\na: 1\n...\n--- [1]\n", kRoot},
+                                         Trap{"TypeOfTheRoot", "--- !!map\n  a: 1\n- 1\n", kRoot},
+                                         Trap{"ColonFirst", "---\na: 1\n: 2\n", kColon},
+                                         Trap{"ColonFirstBehindBlanks", "---\na: {b: 1,\n   : 2}\n", kColon},
+                                         Trap{"BackslashLast", "---\na: \"b\\", kBackslash}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 struct Text {
   const char* name;
@@ -60,24 +61,22 @@ void PrintTo(const Text& tested, std::ostream* stream) { *stream << tested.name;
 
 class YamlText : public testing::TestWithParam<Text> {};
 
-TEST_P(YamlText, HasNoTrap) {
-  EXPECT_STREQ(trapInYaml("%YAML:1.0\n" + std::string(GetParam().behindHeader)), nullptr);
-}
+TEST_P(YamlText, HasNoTrap) { EXPECT_STREQ(trapInYaml("%YAML:1.0\n" + std::string(GetParam().behindHeader)), nullptr); }
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, YamlText,
-    testing::Values(Text{"Empty", ""}, Text{"MarkOnly", "---"}, Text{"MarkAndEnd", "---\n..."},
-                    Text{"Map", "---\na: 1\nb: [1, -2,\n  -3]\nc:\n  - 1\n"}, Text{"MapWithoutAMark", "a: 1\n"},
-                    Text{"List", "---\n- 1\n- - 2\n  - 3\n---\n"}, Text{"IndentedRoot", "---\n  a: 1\n  b: 2\n"},
-                    Text{"RootOnTheLineOfTheMark", "--- a: 1\n    b: 2\n"},
-                    Text{"EndOfAnIndentedRoot", "---\n  a: 1\n...\n"}, Text{"EndAtAnIndentedRoot", "---\n  a: 1\n  ...\n"},
-                    Text{"TwoDocuments", "---\na: 1\n...\n---\nb: 2\n"},
-                    Text{"TwoDocumentsWithADirective", "---\na: 1\n...\n%YAML:1.0\n--- # c\nb: 2\n...\n"},
-                    Text{"WhatTheParserRefusesItself", "---\na: 1\n...b\n...\n-"},
-                    Text{"CommentsAnywhere", "# -\n---\n# - : ...\n  a: 1\n# b\n#...\n  c: 2 # d\n...\n# -\n"},
-                    Text{"DotsAsAValue", "---\na: ...\nb:\n  ...\nc: 1\n"}, Text{"BackslashInside", "---\na: \"b\\\\\"\n"},
-                    Text{"LinesOfWindows", "---\r\na: 1\r\n\r\nb: 2\r\n...\r\n"},
-                    Text{"WhatACarriageReturnCutsOff", "---\n  a: 1\n\r- 1\n  b: 2\n"}),
+    testing::Values(
+        Text{"Empty", ""}, Text{"MarkOnly", "---"}, Text{"MarkAndEnd", "---\n..."},
+        Text{"Map", "---\na: 1\nb: [1, -2,\n  -3]\nc:\n  - 1\n"}, Text{"MapWithoutAMark", "a: 1\n"},
+        Text{"List", "---\n- 1\n- - 2\n  - 3\n---\n"}, Text{"IndentedRoot", "---\n  a: 1\n  b: 2\n"},
+        Text{"RootOnTheLineOfTheMark", "--- a: 1\n    b: 2\n"}, Text{"EndOfAnIndentedRoot", "---\n  a: 1\n...\n"},
+        Text{"EndAtAnIndentedRoot", "---\n  a: 1\n  ...\n"}, Text{"TwoDocuments", "---\na: 1\n...\n---\nb: 2\n"},
+        Text{"TwoDocumentsWithADirective", "---\na: 1\n...\n%YAML:1.0\n--- # c\nb: 2\n...\n"},
+        Text{"WhatTheParserRefusesItself", "---\na: 1\n...b\n...\n-"},
+        Text{"CommentsAnywhere", "# -\n---\n# - : ...\n  a: 1\n# b\n#...\n  c: 2 # d\n...\n# -\n"},
+        Text{"DotsAsAValue", "---\na: ...\nb:\n  ...\nc: 1\n"}, Text{"BackslashInside", "---\na: \"b\\\\\"\n"},
+        Text{"LinesOfWindows", "---\r\na: 1\r\n\r\nb: 2\r\n...\r\n"},
+        Text{"WhatACarriageReturnCutsOff", "---\n  a: 1\n\r- 1\n  b: 2\n"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace
