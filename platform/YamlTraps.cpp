@@ -17,7 +17,9 @@ class Cursor {
   bool atEnd() const { return at_ == text_.size(); }
   std::size_t column() const { return at_ - line_; }
   bool startsWith(std::string_view mark) const { return text_.substr(at_).starts_with(mark); }
-  bool startsWithOneOf(std::string_view marks) const { return !atEnd() && marks.find(text_[at_]) != marks.npos; }
+  bool startsWithOneOf(std::string_view marks) const {
+    return !atEnd() && marks.find(text_[at_]) != std::string_view::npos;
+  }
 
   void skip(std::string_view mark) {
     at_ += mark.size();
