@@ -45,6 +45,15 @@ TEST(ConicParams, AnExactCircleHasOrientationZero) {
   EXPECT_EQ(e.angle, 0.0);
 }
 
+TEST(ConicParams, AnUprightEllipseIsTurnedByAQuarter) {
+  // x^2 / 4 + y^2 / 16 = 1: the tangent of the angle is 0.75 * 16 over exactly 0.
+  Ellipse<double> e;
+  getParamsFromConic({0, 0.25, 0, 0, -4}, kUnit, e);
+  EXPECT_EQ(e.semi_a, 4.0);
+  EXPECT_EQ(e.semi_b, 2.0);
+  EXPECT_EQ(e.angle, CV_PI / 2);
+}
+
 class TurnedConic : public testing::TestWithParam<double> {};
 
 TEST_P(TurnedConic, GeometryComesBack) {

@@ -184,6 +184,13 @@ TEST(MarkerCountCheck, SquaresOutsideTheImageAreClippedOrEmpty) {
   EXPECT_THAT(centres(list), testing::Not(testing::Contains(std::pair(10.0, 10.0))));
 }
 
+TEST(MarkerCountCheck, SquaresOutsideInOneDirectionAloneAreEmpty) {
+  List list = {ellipse(10, -100, 5), ellipse(100, 10, 5), ellipse(10, 100, 5), ellipse(-100, 10, 5),
+               ellipse(10, 10, 5)};
+  EXPECT_TRUE(MarkerCountCheck(cv::Mat(20, 20, CV_8UC1, cv::Scalar(255)), list, 4));
+  EXPECT_THAT(centres(list), testing::Not(testing::Contains(std::pair(10.0, 10.0))));
+}
+
 TEST(MarkerCountCheck, BoundlessCoordinatesDoNoHarm) {
   const double inf = std::numeric_limits<double>::infinity();
   const double nan = std::numeric_limits<double>::quiet_NaN();

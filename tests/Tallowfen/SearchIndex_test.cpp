@@ -50,6 +50,15 @@ TEST_F(Search, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
   EXPECT_EQ(result.identified_ellipses[0].semi_a, view.all[1].semi_a);
 }
 
+// The four big dots alone would lay far dots off their grid points, by more than the reach of 8.
+TEST_F(Search, TheDotsNearTheBigOnesHelpToFindTheFarOnes) {
+  std::vector<Ellipse> bigs = bigDots();
+  bigs[0].x += 0.4;
+  ASSERT_TRUE(GetCircleIndexBySearch(config, bigs, view.all, numbering, result));
+  EXPECT_EQ(result.points.size(), 1294U);
+  expectTrueIds();
+}
+
 TEST_F(Search, DotsOnLandMarksAreLeftOut) {
   config.land_mark_switch = 1;
   config.land_mark1_x = 320, config.land_mark1_y = 380, config.land_mark2_x = 400, config.land_mark2_y = 380;

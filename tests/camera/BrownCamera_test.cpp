@@ -27,6 +27,11 @@ TEST(BrownCamera, DistortThenUndistortGivesThePixelBack) {
     }
 }
 
+TEST(BrownCamera, OfNumbersAloneHasNoSize) {
+  EXPECT_EQ(BrownCamera(kCamera).width(), 0);
+  EXPECT_EQ(BrownCamera(kCamera).height(), 0);
+}
+
 TEST(BrownCamera, LoadsItsSideOfACalibration) {
   StereoCalibParams calib;
   calib.left.intrinsics = {100, 101, 20, 15, 0.5};
