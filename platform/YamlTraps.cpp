@@ -64,10 +64,23 @@ const char* trapInRoot(Cursor& cursor) {
   return nullptr;
 }
 
+/// The type in its three forms.
+bool holdsBase64(std::string_view text) {
+  const auto contains = [text](std::string_view part) { return text.find(part) != std::string_view::npos; };
+  return contains("!binary") || contains("^binary") || contains(",2002:binary");
+}
+
+/// A backslash with, at the most, a number behind it.
+bool endsInEscape(std::string_view text) {
+  const std::size_t last = text.find_last_not_of("x0123456789abcdefABCDEF");
+  return last != std::string_view::npos && text[last] == '\\';
+}
+
 }  // namespace
 
 const char* trapInYaml(std::string_view text) {
-  if (text.ends_with('\\')) return "a backslash at its end";
+  if (holdsBase64(text)) return "base64 data";
+  if (endsInEscape(text)) return "an unfinished escape at its end";
   Cursor cursor(text);
   for (bool isFirst = true;; isFirst = false) {
     while (cursor.startsWith("%")) cursor.nextLine();

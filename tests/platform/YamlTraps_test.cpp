@@ -13,7 +13,7 @@ constexpr const char* kDash = "a dash behind its end";
 constexpr const char* kRoot = "a root in brackets or of a named type";
 constexpr const char* kLeft = "a line to the left of its root";
 constexpr const char* kColon = "a line that begins with a colon";
-constexpr const char* kBackslash = "a backslash at its end";
+constexpr const char* kEscape = "an unfinished escape at its end";
 
 struct Trap {
   const char* name;
@@ -49,7 +49,11 @@ INSTANTIATE_TEST_SUITE_P(Places, YamlTrap,
                                          Trap{"TypeOfTheRoot", "--- !!map\n  a: 1\n- 1\n", kRoot},
                                          Trap{"ColonFirst", "---\na: 1\n: 2\n", kColon},
                                          Trap{"ColonFirstBehindBlanks", "---\na: {b: 1,\n   : 2}\n", kColon},
-                                         Trap{"BackslashLast", "---\na: \"b\\", kBackslash}),
+                                         Trap{"BackslashLast", "---\na: \"b\\", kEscape},
+                                         Trap{"NumberOfAnEscapeLast", "---\na: [1,\"\\x41", kEscape},
+                                         Trap{"DigitsOfAnEscapeLast", "---\na: \"\\123", kEscape},
+                                         Trap{"DashBehindTwoDirectives", "---\na: 1\n...\n%a\n%b\n-", kDash},
+                                         Trap{"LineLeftBehindDotsFartherRight", "---\n  a:\n    ...\n b: 1\n", kLeft}),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
 struct Text {
@@ -74,9 +78,15 @@ INSTANTIATE_TEST_SUITE_P(
         Text{"TwoDocumentsWithADirective", "---\na: 1\n...\n%YAML:1.0\n--- # c\nb: 2\n...\n"},
         Text{"WhatTheParserRefusesItself", "---\na: 1\n...b\n...\n-"},
         Text{"CommentsAnywhere", "# -\n---\n# - : ...\n  a: 1\n# b\n#...\n  c: 2 # d\n...\n# -\n"},
-        Text{"DotsAsAValue", "---\na: ...\nb:\n  ...\nc: 1\n"}, Text{"BackslashInside", "---\na: \"b\\\\\"\n"},
+        Text{"DotsAsAValue", "---\na: ...\nb:\n  ...\nc: 1\n"}, Text{"BackslashInside", "---\na: \"b\\\\\""},
+        Text{"NumberOfAnEscapeAndALineEnd", "---\na: \"\\x41\n"},
         Text{"LinesOfWindows", "---\r\na: 1\r\n\r\nb: 2\r\n...\r\n"},
         Text{"WhatACarriageReturnCutsOff", "---\n  a: 1\n\r- 1\n  b: 2\n"}),
     [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(YamlTraps, ATextWithoutAHeaderIsGoneThroughAlike) {
+  EXPECT_STREQ(trapInYaml(" # b\n---\na: 1\n...\n-"), kDash);
+  EXPECT_EQ(trapInYaml(""), nullptr);
+}
 
 }  // namespace

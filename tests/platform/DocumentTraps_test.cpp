@@ -1,0 +1,128 @@
+#include "platform/DocumentTraps.h"
+
+#include <gtest/gtest.h>
+
+#include <opencv2/core.hpp>
+#include <ostream>
+#include <string>
+
+#include "platform/Document.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+using documents::Syntax;
+using documents::syntaxOf;
+using documents::trapIn;
+
+const std::string kNul(1, '\0');
+const std::string kMark = "\xEF\xBB\xBF";
+const std::string kYaml = "%YAML:1.0\n---\n";
+const std::string kXml = "<?xml version=\"1.0\"?>\n<opencv_storage>\n";
+/// Base64 of blanks, where the type of the numbers should stand.
+const std::string kNoType = "ICAgICAgICAgICAgICAgICAgICAgICAgAAAAAAAA";
+
+TEST(SyntaxOf, TheFirstCharactersTellBehindAByteOrderMark) {
+  EXPECT_EQ(syntaxOf("{"), Syntax::kJson);
+  EXPECT_EQ(syntaxOf("%YAML:1.0"), Syntax::kYaml);
+  EXPECT_EQ(syntaxOf("<?xml"), Syntax::kXml);
+  EXPECT_EQ(syntaxOf(kMark + "{"), Syntax::kJson);
+  EXPECT_EQ(syntaxOf(kMark + "%YAML"), Syntax::kYaml);
+  EXPECT_EQ(syntaxOf(kMark + "<?xml version"), Syntax::kXml);
+}
+
+TEST(SyntaxOf, MarksFartherBehindDoNot) {
+  EXPECT_EQ(syntaxOf("{\"<?xml"), Syntax::kJson);
+  EXPECT_EQ(syntaxOf("{ \"%YAML"), Syntax::kJson);
+  for (const char* const text : {"", " {", "%YAM", "<?xm", "\n<?xml", "[", "a: 1"}) {
+    EXPECT_EQ(syntaxOf(text), Syntax::kNone) << text;
+  }
+}
+
+struct Trap {
+  const char* name;
+  std::string text;
+  const char* told;
+};
+
+void PrintTo(const Trap& tested, std::ostream* stream) { *stream << tested.name; }
+
+class DocumentTrap : public testing::TestWithParam<Trap> {};
+
+TEST_P(DocumentTrap, IsToldAndRefused) {
+  const char* const told = trapIn(GetParam().text, syntaxOf(GetParam().text));
+  ASSERT_NE(told, nullptr);
+  EXPECT_STREQ(told, GetParam().told);
+  const TempFolder folder;
+  EXPECT_THROW(documents::openForReading(folder.write("a.json", GetParam().text)), cv::Exception);
+}
+
+constexpr const char* kBase64 = "base64 data";
+INSTANTIATE_TEST_SUITE_P(
+    Base64, DocumentTrap,
+    testing::Values(
+        Trap{"Json", "{\"a\":\"$base64$" + kNoType + "\"}", kBase64},
+        Trap{"JsonWithTheMarkOfXml", "{\"<?xml\":\"$base64$" + kNoType + "\"}", kBase64},
+        Trap{"Yaml", kYaml + "a: !!binary |\n  " + kNoType + "\n", kBase64},
+        Trap{"YamlWithACaret", kYaml + "a: !^binary |\n  " + kNoType + "\n", kBase64},
+        Trap{"YamlWithTheFullType", kYaml + "a: !<tag:yaml.org,2002:binary> |\n  " + kNoType + "\n", kBase64},
+        Trap{"Xml", kXml + "<a type_id=\"binary\">\n" + kNoType + "\n</a></opencv_storage>\n", kBase64},
+        Trap{"XmlInSingleQuotes", kXml + "<a type_id='binary'>\n" + kNoType + "\n</a></opencv_storage>\n", kBase64}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+constexpr const char* kTag = "an unfinished tag at its end";
+INSTANTIATE_TEST_SUITE_P(
+    Xml, DocumentTrap,
+    testing::Values(Trap{"EqualsSignInTheHeader", "<?xml version=", kTag}, Trap{"EqualsSign", kXml + "<a b=", kTag},
+                    Trap{"EqualsSignAndBlanks", kXml + "<a b= \n\t\r\n", kTag},
+                    Trap{"EqualsSignAndANul", kXml + "<a b=" + kNul, kTag},
+                    Trap{"EqualsSignAndWhatIsCutOff", kXml + "<a b=\rc\n \r\"d\"", kTag},
+                    Trap{"EqualsSignBehindWhatIsCutOff", kXml + "<a c=\"\rd\" b=\r\n", kTag},
+                    Trap{"Ampersand", kXml + "<a>b&", kTag},
+                    Trap{"TextOfANamedType", kXml + "<a type_id=\"str\"></a></opencv_storage>\n", "a text of a named type"},
+                    Trap{"TheSameInSingleQuotes", kXml + "<a type_id='str'></a></opencv_storage>\n",
+                         "a text of a named type"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    HiddenBehindANul, DocumentTrap,
+    testing::Values(Trap{"Json", "{\"a\": 7,\n" + kNul + "\"b\": 8\n}", "a NUL"},
+                    Trap{"Yaml", kYaml + "a: 7\nb:" + kNul + " 8\n", "a NUL"},
+                    Trap{"Xml", kXml + "<a>7</a><b>" + kNul + "8</b></opencv_storage>\n", "a NUL"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(Yaml, DocumentTrap,
+                         testing::Values(Trap{"Dash", kYaml + "a: 1\n...\n-1\n", "a dash behind its end"},
+                                         Trap{"DashBehindAByteOrderMark", kMark + kYaml + "- 1\n...\n- 2",
+                                              "a dash behind its end"}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+struct Harmless {
+  const char* name;
+  std::string text;
+};
+
+void PrintTo(const Harmless& tested, std::ostream* stream) { *stream << tested.name; }
+
+class HarmlessDocument : public testing::TestWithParam<Harmless> {};
+
+TEST_P(HarmlessDocument, IsRead) {
+  const TempFolder folder;
+  EXPECT_EQ(static_cast<int>(documents::openForReading(folder.write("a.json", GetParam().text))["a"]), 7);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LikeTraps, HarmlessDocument,
+    testing::Values(Harmless{"Json", "{\"a\": 7, \"b\": \"binary str\", \"c\": \"... - !!binary $base64 =\"}"},
+                    Harmless{"JsonThatNamesYaml", "{ \"%YAML\": 7, \"a\": 7 }"},
+                    Harmless{"JsonWithNulsBehind", "{\"a\": 7}" + kNul + kNul},
+                    Harmless{"Yaml", kYaml + "a: 7\nb: \"$base64$ binary\"\nc: { mode:binary }\nd: x="},
+                    Harmless{"YamlOfTwoDocuments", kYaml + "a: 7\n...\n# -\n---\nb: 2\n...\n"},
+                    Harmless{"YamlWithAnEscape", kYaml + "a: 7\nb: \"c\\n\""},
+                    Harmless{"Xml", kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>"},
+                    Harmless{"XmlWithAnEntity", kXml + "<a>7</a><b>c &amp; d</b></opencv_storage>" + kNul},
+                    Harmless{"XmlWithALineEndBehindTheEqualsSign",
+                             kXml + "<a>7</a><b type_id=\r\n\"map\"><c>1</c></b></opencv_storage>\n"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+}  // namespace
