@@ -32,3 +32,15 @@ TEST(OutlineThreshold, EdgesByThemselvesAreNotWhite) {
   grey(cv::Rect(0, 150, 400, 150)).setTo(30);
   EXPECT_EQ(cv::countNonZero(OutlineThreshold(grey, {})), 0);
 }
+
+TEST(OutlineThreshold, LinesOfEveryOtherRowOrColumnAreSmoothedAway) {
+  // Three by three smoothing makes 140 of 65 and 215 in turn, nearer to the sheet's 215 than to the dot's 25.
+  for (const bool rows : {true, false}) {
+    cv::Mat grey = drawing::sheet(120, 120);
+    drawing::dot(grey, 60, 60, 14);
+    for (int k = 0; k < 6; k += 2) grey(rows ? cv::Rect(45, 80 + k, 30, 1) : cv::Rect(80 + k, 45, 1, 30)).setTo(65);
+    const cv::Mat binary = OutlineThreshold(grey, {});
+    EXPECT_NEAR(cv::countNonZero(binary), CV_PI * 14 * 14, 45) << rows;
+    EXPECT_EQ(cv::countNonZero(binary(rows ? cv::Rect(45, 80, 30, 6) : cv::Rect(80, 45, 6, 30))), 0) << rows;
+  }
+}

@@ -73,23 +73,23 @@ INSTANTIATE_TEST_SUITE_P(
 constexpr const char* kTag = "an unfinished tag at its end";
 INSTANTIATE_TEST_SUITE_P(
     Xml, DocumentTrap,
-    testing::Values(Trap{"EqualsSignInTheHeader", "<?xml version=", kTag}, Trap{"EqualsSign", kXml + "<a b=", kTag},
-                    Trap{"EqualsSignAndBlanks", kXml + "<a b= \n\t\r\n", kTag},
-                    Trap{"EqualsSignAndANul", kXml + "<a b=" + kNul, kTag},
-                    Trap{"EqualsSignAndWhatIsCutOff", kXml + "<a b=\rc\n \r\"d\"", kTag},
-                    Trap{"EqualsSignBehindWhatIsCutOff", kXml + "<a c=\"\rd\" b=\r\n", kTag},
-                    Trap{"Ampersand", kXml + "<a>b&", kTag},
-                    Trap{"TextOfANamedType", kXml + "<a type_id=\"str\"></a></opencv_storage>\n", "a text of a named type"},
-                    Trap{"TheSameInSingleQuotes", kXml + "<a type_id='str'></a></opencv_storage>\n",
-                         "a text of a named type"}),
+    testing::Values(
+        Trap{"EqualsSignInTheHeader", "<?xml version=", kTag}, Trap{"EqualsSign", kXml + "<a b=", kTag},
+        Trap{"EqualsSignAndBlanks", kXml + "<a b= \n\t\r\n", kTag},
+        Trap{"EqualsSignAndANul", kXml + "<a b=" + kNul, kTag},
+        Trap{"EqualsSignAndWhatIsCutOff", kXml + "<a b=\rc\n \r\"d\"", kTag},
+        Trap{"EqualsSignBehindWhatIsCutOff", kXml + "<a c=\"\rd\" b=\r\n", kTag},
+        Trap{"Ampersand", kXml + "<a>b&", kTag},
+        Trap{"TextOfANamedType", kXml + "<a type_id=\"str\"></a></opencv_storage>\n", "a text of a named type"},
+        Trap{"TheSameInSingleQuotes", kXml + "<a type_id='str'></a></opencv_storage>\n", "a text of a named type"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-INSTANTIATE_TEST_SUITE_P(
-    HiddenBehindANul, DocumentTrap,
-    testing::Values(Trap{"Json", "{\"a\": 7,\n" + kNul + "\"b\": 8\n}", "a NUL"},
-                    Trap{"Yaml", kYaml + "a: 7\nb:" + kNul + " 8\n", "a NUL"},
-                    Trap{"Xml", kXml + "<a>7</a><b>" + kNul + "8</b></opencv_storage>\n", "a NUL"}),
-    [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(HiddenBehindANul, DocumentTrap,
+                         testing::Values(Trap{"Json", "{\"a\": 7,\n" + kNul + "\"b\": 8\n}", "a NUL"},
+                                         Trap{"Yaml", kYaml + "a: 7\nb:" + kNul + " 8\n", "a NUL"},
+                                         Trap{"Xml", kXml + "<a>7</a><b>" + kNul + "8</b></opencv_storage>\n",
+                                              "a NUL"}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(Yaml, DocumentTrap,
                          testing::Values(Trap{"Dash", kYaml + "a: 1\n...\n-1\n", "a dash behind its end"},
@@ -119,7 +119,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Harmless{"Yaml", kYaml + "a: 7\nb: \"$base64$ binary\"\nc: { mode:binary }\nd: x="},
                     Harmless{"YamlOfTwoDocuments", kYaml + "a: 7\n...\n# -\n---\nb: 2\n...\n"},
                     Harmless{"YamlWithAnEscape", kYaml + "a: 7\nb: \"c\\n\""},
-                    Harmless{"Xml", kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>"},
+                    Harmless{"Xml",
+                             kXml + "<a>7</a><b>\"... - !!binary $base64$\"</b><c d = \"=\">1</c></opencv_storage>"},
                     Harmless{"XmlWithAnEntity", kXml + "<a>7</a><b>c &amp; d</b></opencv_storage>" + kNul},
                     Harmless{"XmlWithALineEndBehindTheEqualsSign",
                              kXml + "<a>7</a><b type_id=\r\n\"map\"><c>1</c></b></opencv_storage>\n"}),
