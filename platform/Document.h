@@ -19,7 +19,8 @@ cv::FileStorage openForReading(const std::string& path);
 
 /// Opens a document for writing, in the syntax of the name's extension; it is not open when it cannot be made.
 ///
-/// A name with a question mark opens neither way: OpenCV would read or overwrite the file of the name in front of it.
+/// A name with a question mark, or that ends in .gz or .gz and a digit, opens neither way: OpenCV would read or
+/// overwrite the file of the name in front of the mark or the digit, and unpack what was not looked at.
 cv::FileStorage openForWriting(const std::string& path);
 
 }  // namespace documents

@@ -5,6 +5,7 @@
 
 #include <system_error>
 
+#include "DetectorDefaults.h"
 #include "tests/support/ConsoleCapture.h"
 #include "tests/support/TempFolder.h"
 
@@ -46,20 +47,8 @@ TEST(RingTarget, BeforeItsConfigurationItHasTheDefaultBoard) {
   EXPECT_EQ(config.board_type, 2);
   EXPECT_EQ(config.ratio_solid, 0.3F);
   EXPECT_EQ(config.ratio_big_ring, 0.4F);
-  EXPECT_EQ(config.land_mark_switch, 0);
-  for (const int mark : {config.land_mark1_x, config.land_mark1_y, config.land_mark2_x, config.land_mark2_y,
-                         config.land_mark3_x, config.land_mark3_y, config.land_mark4_x, config.land_mark4_y})
-    EXPECT_EQ(mark, 0);
-  EXPECT_EQ(config.detection_switch, 0);
   EXPECT_THAT(config.detection_id, ElementsAre(0));
-  EXPECT_EQ(config.id_method, 0);
-  EXPECT_EQ(config.bin_method, 0);
-  EXPECT_EQ(config.bin_thresh, 0.0F);
-  EXPECT_EQ(config.bin_blocksize, 200);
-  EXPECT_EQ(config.min_radius, 1.0F);
-  EXPECT_EQ(config.max_radius, 50.0F);
-  EXPECT_EQ(config.max_sigma, 1.0F);
-  EXPECT_EQ(config.min_circularity, 0.8F);
+  expectDetectorDefaults(config);
 }
 
 TEST(RingTarget, BeforeItsConfigurationItHoldsNothing) {

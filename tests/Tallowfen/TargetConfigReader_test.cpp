@@ -6,6 +6,7 @@
 #include <opencv2/core.hpp>
 #include <system_error>
 
+#include "DetectorDefaults.h"
 #include "MorvenKit/ErrorCategories.h"
 #include "tests/support/TempFolder.h"
 
@@ -96,24 +97,7 @@ void expectDetectionKeys(const RingTargetConfig& config) {
 
 /// What a record holds beside the geometry when a big dot board leaves its keys out, or a ring board names them.
 void expectFixedValues(const RingTargetConfig& config) {
-  EXPECT_EQ(config.detection_switch, 0);
-  EXPECT_EQ(config.land_mark_switch, 0);
-  EXPECT_EQ(config.land_mark1_x, 0);
-  EXPECT_EQ(config.land_mark1_y, 0);
-  EXPECT_EQ(config.land_mark2_x, 0);
-  EXPECT_EQ(config.land_mark2_y, 0);
-  EXPECT_EQ(config.land_mark3_x, 0);
-  EXPECT_EQ(config.land_mark3_y, 0);
-  EXPECT_EQ(config.land_mark4_x, 0);
-  EXPECT_EQ(config.land_mark4_y, 0);
-  EXPECT_EQ(config.id_method, 0);
-  EXPECT_EQ(config.bin_method, 0);
-  EXPECT_EQ(config.bin_thresh, 0.0F);
-  EXPECT_EQ(config.bin_blocksize, 200);
-  EXPECT_EQ(config.min_radius, 1.0F);
-  EXPECT_EQ(config.max_radius, 50.0F);
-  EXPECT_EQ(config.max_sigma, 1.0F);
-  EXPECT_EQ(config.min_circularity, 0.8F);
+  expectDetectorDefaults(config);
   EXPECT_EQ(config.step_y, 0.0F);
 }
 

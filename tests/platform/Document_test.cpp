@@ -93,32 +93,25 @@ TEST(Document, MarksOfAnotherSyntaxMayBeAsManyAsTheyLike) {
   EXPECT_EQ(static_cast<int>(documents::openForReading(folder.write("a.json", json))["a"]), 7);
 }
 
-TEST(Document, RefusalNamesCountAndLimit) {
+void expectRefusal(const std::string& content, const std::string& told) {
   const TempFolder folder;
   try {
-    documents::openForReading(folder.write("a.json", std::string(20000, '{')));
+    documents::openForReading(folder.write("a.json", content));
     FAIL() << "no exception";
   } catch (const cv::Exception& error) {
     EXPECT_EQ(error.code, cv::Error::StsParseError);
-    EXPECT_NE(error.err.find("opens 20000 brackets, tags or keys, the most is 10000"), std::string::npos) << error.err;
+    EXPECT_NE(error.err.find(told), std::string::npos) << error.err;
   }
 }
 
-TEST(Document, RefusalNamesTheTrap) {
-  const TempFolder folder;
-  try {
-    documents::openForReading(folder.write("a.json", "{\"a\":\"$base64$"));
-    FAIL() << "no exception";
-  } catch (const cv::Exception& error) {
-    EXPECT_EQ(error.code, cv::Error::StsParseError);
-    EXPECT_NE(error.err.find("a.json has base64 data, which is not read"), std::string::npos) << error.err;
-  }
+TEST(Document, RefusalNamesCountAndLimit) {
+  expectRefusal(std::string(20000, '{'), "opens 20000 brackets, tags or keys, the most is 10000");
 }
+
+TEST(Document, RefusalNamesTheTrap) { expectRefusal("{\"a\":\"$base64$", "a.json has base64 data, which is not read"); }
 
 TEST(Document, YamlKeyOfNothingIsAParseErrorAsWell) {
-  const TempFolder folder;
-  const std::string path = folder.write("a.yml", "%YAML:1.0\n---\na: { : 2}\n");
-  EXPECT_THROW(documents::openForReading(path), cv::Exception);
+  expectRefusal("%YAML:1.0\n---\na: { : 2}\n", "a.json has a key without a name");
 }
 
 TEST(Document, MissingFileIsNotOpen) {
