@@ -8,7 +8,7 @@
 #include "input/PolyTables.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
-#include "polar/PolarPrecision.h"
+#include "polar/run/PolarPrecision.h"
 
 namespace {
 

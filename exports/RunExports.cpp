@@ -5,8 +5,8 @@
 #include "PolarLinePrecision.h"
 #include "exports/ErrorChannel.h"
 #include "platform/Files.h"
-#include "polar/PolarPrecision.h"
-#include "polar/TimedLine.h"
+#include "polar/run/PolarPrecision.h"
+#include "polar/run/TimedLine.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "Tallowfen/src/BoardSize.h"
-#include "Tallowfen/src/TargetConfigReader.h"
+#include "Tallowfen/src/board/BoardSize.h"
+#include "Tallowfen/src/board/TargetConfigReader.h"
 
 namespace fuzzing {
 

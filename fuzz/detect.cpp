@@ -2,7 +2,7 @@
 #include "fuzz/DrawnBoard.h"
 #include "fuzz/Harness.h"
 #include "fuzz/HugeBoard.h"
-#include "polar/ImageNormalisation.h"
+#include "polar/measure/ImageNormalisation.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "MorvenKit/EllipseDetector.h"
 
-#include "MorvenKit/src/Binarize.h"
-#include "MorvenKit/src/ClassifyContourTree.h"
+#include "MorvenKit/src/binarise/Binarize.h"
+#include "MorvenKit/src/classify/ClassifyContourTree.h"
 
 namespace kestrune::morvenkit {
 

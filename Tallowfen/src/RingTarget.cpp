@@ -6,17 +6,17 @@
 #include <utility>
 
 #include "Tallowfen/src/Assertion.h"
-#include "Tallowfen/src/BoardModel.h"
-#include "Tallowfen/src/MarkerContext.h"
-#include "Tallowfen/src/NumberBoard.h"
-#include "Tallowfen/src/PointFilters.h"
-#include "Tallowfen/src/SplitBigDotsMidResolution.h"
-#include "Tallowfen/src/StorageFile.h"
-#include "Tallowfen/src/SubPixelCircleDetector.h"
-#include "Tallowfen/src/TargetConfigReader.h"
-#include "Tallowfen/src/TargetConfigWriter.h"
 #include "Tallowfen/src/TargetDrawing.h"
-#include "Tallowfen/src/WorkingScale.h"
+#include "Tallowfen/src/board/BoardModel.h"
+#include "Tallowfen/src/board/StorageFile.h"
+#include "Tallowfen/src/board/TargetConfigReader.h"
+#include "Tallowfen/src/board/TargetConfigWriter.h"
+#include "Tallowfen/src/ellipses/WorkingScale.h"
+#include "Tallowfen/src/markers/MarkerContext.h"
+#include "Tallowfen/src/markers/SplitBigDotsMidResolution.h"
+#include "Tallowfen/src/numbering/NumberBoard.h"
+#include "Tallowfen/src/numbering/PointFilters.h"
+#include "Tallowfen/src/zernike/SubPixelCircleDetector.h"
 #include "platform/Console.h"
 
 namespace kestrune {

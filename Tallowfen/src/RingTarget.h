@@ -9,8 +9,9 @@
 #include "MorvenKit/CalibTarget.h"
 #include "MorvenKit/Ellipse.h"
 #include "MorvenKit/EllipseDetector.h"
-#include "Tallowfen/src/Numbering.h"
-#include "Tallowfen/src/RingTargetConfig.h"
+#include "Tallowfen/src/board/RingTargetConfig.h"
+#include "Tallowfen/src/ellipses/Ellipses.h"
+#include "Tallowfen/src/markers/MarkerContext.h"
 
 namespace kestrune {
 

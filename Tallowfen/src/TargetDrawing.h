@@ -3,7 +3,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "Tallowfen/src/Numbering.h"
+#include "Tallowfen/src/ellipses/Ellipses.h"
 
 namespace kestrune {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "MorvenKit/Ellipse.h"
-#include "MorvenKit/src/ContourTree.h"
+#include "MorvenKit/src/contours/ContourTree.h"
 
 /// Test pictures and point lists of known geometry.
 namespace drawing {

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "Tallowfen/src/Numbering.h"
-#include "Tallowfen/src/RingTargetConfig.h"
+#include "Tallowfen/src/board/RingTargetConfig.h"
+#include "Tallowfen/src/ellipses/Ellipses.h"
 
 /// A board of dots seen through a mapping of (column, row) to pixels, as the list of ellipses that a perfect detector
 /// would give.

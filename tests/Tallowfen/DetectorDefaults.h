@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Tallowfen/src/RingTargetConfig.h"
+#include "Tallowfen/src/board/RingTargetConfig.h"
 
 /// What a record holds of the detection when nothing sets it, but for its ids.
 inline void expectDetectorDefaults(const kestrune::RingTargetConfig& config) {

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "Tallowfen/src/Numbering.h"
+#include "Tallowfen/src/ellipses/Ellipses.h"
 
 /// Ellipses written down by hand, for the links of the detection that work on lists.
 namespace handmade {

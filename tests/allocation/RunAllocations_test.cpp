@@ -9,7 +9,7 @@
 
 #include "allocation/RepeatableProcess.h"
 #include "allocation/Sweep.h"
-#include "polar/PolarPrecision.h"
+#include "polar/run/PolarPrecision.h"
 #include "support/FigureText.h"
 #include "support/FolderContents.h"
 #include "support/RenderedSet.h"

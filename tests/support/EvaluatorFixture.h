@@ -3,7 +3,7 @@
 #include <memory>
 #include <opencv2/core.hpp>
 
-#include "polar/PairEvaluator.h"
+#include "polar/evaluate/PairEvaluator.h"
 #include "support/ConsoleCapture.h"
 #include "support/TempFolder.h"
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "polar/PairEvaluator.h"
+#include "polar/evaluate/PairEvaluator.h"
 #include "support/ConsoleCapture.h"
 #include "support/ExactPair.h"
 #include "support/TempFolder.h"

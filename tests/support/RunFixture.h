@@ -4,7 +4,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "polar/PolarCore.h"
+#include "polar/run/PolarCore.h"
 #include "support/ConsoleCapture.h"
 #include "support/TempFolder.h"
 

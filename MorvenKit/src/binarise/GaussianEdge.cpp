@@ -1,0 +1,16 @@
+#include "MorvenKit/src/binarise/GaussianEdge.h"
+
+#include "MorvenKit/src/binarise/OutlineFillWalk.h"
+#include "MorvenKit/src/edges/GaussianEdgeCanny.h"
+
+namespace kestrune::morvenkit {
+
+cv::Mat GaussianEdge(const cv::Mat& grey, const EllipseDetectorParams& params) {
+  cv::Mat image;
+  grey.convertTo(image, CV_32F);
+  cv::Mat binary = GaussianEdgeCanny(image);
+  OutlineFillWalk(findContourTree(binary), params, binary);
+  return binary;
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,44 @@
+#include "MorvenKit/src/binarise/LocalThreshold.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include "MorvenKit/src/binarise/FillBlobs.h"
+#include "MorvenKit/src/binarise/LocalOtsuBinarize.h"
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+constexpr int kEqualisedTile = 100;
+constexpr double kClipLimit = 1.0;
+
+void smooth(const cv::Mat& src, cv::Mat& dst) { cv::GaussianBlur(src, dst, {3, 3}, 0.0, 0.0, cv::BORDER_DEFAULT); }
+
+void sharpen(cv::Mat& image) {
+  const cv::Mat kernel = (cv::Mat_<schar>(3, 3) << 0, -1, 0, -1, 5, -1, 0, -1, 0);
+  cv::filter2D(image, image, CV_8U, kernel, {-1, -1}, 0.0, cv::BORDER_DEFAULT);
+}
+
+void equalise(cv::Mat& image) {
+  const cv::Size grid(image.cols / kEqualisedTile, image.rows / kEqualisedTile);
+  if (grid.empty()) {
+    CV_Error_(cv::Error::StsOutOfRange, ("image is %d x %d pixels, the least is %d x %d", image.cols, image.rows,
+                                         kEqualisedTile, kEqualisedTile));
+  }
+  cv::createCLAHE(kClipLimit, grid)->apply(image, image);
+}
+
+}  // namespace
+
+cv::Mat LocalThreshold(const cv::Mat& grey, const EllipseDetectorParams& params) {
+  cv::Mat binary;
+  smooth(grey, binary);
+  sharpen(binary);
+  equalise(binary);
+  smooth(binary, binary);
+  LocalOtsuBinarize(binary, binary, params.resize_interpolation, params.bin_blocksize);
+  if (params.fill_blobs) fillBlobs(grey, params, binary);
+  return binary;
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,114 @@
+#include "MorvenKit/src/classify/ClassifyContourTree.h"
+
+#include <cstddef>
+#include <functional>
+#include <opencv2/imgproc.hpp>
+#include <utility>
+
+#include "MorvenKit/src/classify/ContourStatus.h"
+#include "MorvenKit/src/classify/HopScan.h"
+#include "MorvenKit/src/classify/MeanBlobArea.h"
+#include "MorvenKit/src/contours/RefineSubPixel.h"
+#include "MorvenKit/src/contours/RoundContour.h"
+#include "MorvenKit/src/ellipse/EllipseShape.h"
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+constexpr std::size_t kShortestByArea = 30;
+constexpr std::size_t kShortestByHops = 8;
+constexpr double kLengthOfMinRadius = 5.0;
+
+/// Status of a contour from its index and the outline that stands for it.
+using StatusRule = std::function<int(int index, const Contour& outline)>;
+
+class ContourWalk {
+ public:
+  ContourWalk(const ContourWalkInput& input, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
+      : in_(input), rule_(std::move(rule)), ellipses_(ellipses) {}
+
+  void walkSiblings(int first) {
+    for (int index = first; in_.tree.holds(index); index = in_.tree.next(index)) {
+      if (examine(index) == Next::kChildren) walkSiblings(in_.tree.firstChild(index));
+    }
+  }
+
+ private:
+  enum class Next { kSibling, kChildren };
+
+  Next examine(int index) {
+    const Contour& contour = in_.tree.points(index);
+    if (isTooShort(contour.size())) return Next::kSibling;
+    if (!isRoundContour(contour, in_.params)) return Next::kChildren;
+    const Contour& outline = outlineOf(index);
+    const int status = rule_(index, outline);
+    std::vector<cv::Point2f> refined = RefineSubPixel(outline, in_.grey);
+    const bool complete = refined.size() == outline.size();
+    Ellipse<double> ellipse = fitEllipseRobust(std::move(refined));
+    if (isMaskedOut(ellipse) || !isFitted(ellipse)) return Next::kChildren;
+    ellipse.point_class = classOfStatus(status);
+    if (complete && in_.params.max_sigma > ellipse.sigma && liesWithin(ellipse, in_.grey.size()))
+      ellipses_.push_back(std::move(ellipse));
+    return Next::kSibling;
+  }
+
+  std::size_t shortest() const { return in_.params.area_mode ? kShortestByArea : kShortestByHops; }
+
+  bool isTooShort(std::size_t length) const {
+    return length < shortest() || in_.params.min_radius * kLengthOfMinRadius > static_cast<double>(length);
+  }
+
+  /// By area, a thick outline is measured at its inner border.
+  const Contour& outlineOf(int index) const {
+    if (in_.params.area_mode) {
+      const auto child = roundChild(in_.tree, index, in_.params);
+      if (child && in_.tree.points(*child).size() > shortest()) return in_.tree.points(*child);
+    }
+    return in_.tree.points(index);
+  }
+
+  /// A centre that lies on no pixel of the mask (or nowhere) counts as masked out.
+  bool isMaskedOut(const Ellipse<double>& ellipse) const {
+    const cv::Mat& mask = in_.mask;
+    if (mask.empty()) return false;
+    const double x = ellipse.x + 0.5, y = ellipse.y + 0.5;
+    if (!(x > -1.0 && y > -1.0 && x < mask.cols && y < mask.rows)) return true;
+    return mask.at<uchar>(static_cast<int>(y), static_cast<int>(x)) == 0;
+  }
+
+  bool isFitted(const Ellipse<double>& ellipse) const {
+    return ellipse.sigma > 0.0 && ellipseCircularity(ellipse) > in_.params.min_circularity;
+  }
+
+  const ContourWalkInput& in_;
+  StatusRule rule_;
+  std::vector<Ellipse<double>>& ellipses_;
+};
+
+StatusRule areaRule(const ContourWalkInput& input) {
+  const float mean = MeanBlobArea(input.tree, input.grey, input.params);
+  return [mean](int /*index*/, const Contour& outline) {
+    return static_cast<int>(statusOfArea(cv::contourArea(outline), mean));
+  };
+}
+
+StatusRule hopRule(const ContourWalkInput& input) {
+  return [&binary = input.binary](int index, const Contour& outline) {
+    return static_cast<int>(HopScan(index, outline, contourCentroid(outline), binary));
+  };
+}
+
+}  // namespace
+
+void ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
+  StatusRule rule = input.params.area_mode ? areaRule(input) : hopRule(input);
+  ContourWalk(input, std::move(rule), ellipses).walkSiblings(0);
+}
+
+void ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
+  const auto rule = [](int /*index*/, const Contour& /*outline*/) { return static_cast<int>(kStatusDot); };
+  ContourWalk(input, rule, ellipses).walkSiblings(0);
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,71 @@
+#include "MorvenKit/src/classify/ScanLine.h"
+
+#include <cmath>
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+/// Counts changes between the pixels that it is given one after the other.
+class TransitionCounter {
+ public:
+  explicit TransitionCounter(const cv::Mat& binary) : binary_(binary), area_({0, 0}, binary.size()) {}
+
+  /// Rounding can carry a sample next to the edge out of the image; it is left out.
+  void add(const cv::Point& pixel) {
+    if (!area_.contains(pixel)) return;
+    const int value = binary_.at<uchar>(pixel);
+    if (last_ >= 0 && value != last_) ++transitions_;
+    last_ = value;
+  }
+  int transitions() const { return transitions_; }
+
+ private:
+  const cv::Mat& binary_;
+  cv::Rect area_;
+  int last_ = -1;
+  int transitions_ = 0;
+};
+
+bool isInside(const cv::Point2f& point, const cv::Mat& image) {
+  return point.x >= 0.0F && point.y >= 0.0F && point.x <= static_cast<float>(image.cols - 1) &&
+         point.y <= static_cast<float>(image.rows - 1);
+}
+
+/// A coordinate pair seen from the ray: along its major axis and across it.
+struct AxisPoint {
+  float major, minor;
+};
+
+template <typename AddPixel>
+void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
+  const float length = from.major - to.major;
+  const float slope = (from.minor - to.minor) / length;
+  const int step = length > 0.0F ? -1 : 1;
+  const int start = static_cast<int>(std::round(from.major));
+  const int steps = static_cast<int>(std::abs(length) + 1.0F);
+  for (int k = 0; k < steps; ++k) {
+    const int major = start + k * step;
+    const auto along = static_cast<float>(major);
+    if (along == to.major) continue;
+    addPixel(major, static_cast<int>(std::round((along - from.major) * slope + from.minor)));
+  }
+}
+
+}  // namespace
+
+std::optional<int> ScanLine(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
+  if (from == to || !isInside(from, binary) || !isInside(to, binary)) return std::nullopt;
+  // Meant: a vertical ray has no samples and takes part in no tally, which the six-of-eight rule allows for.
+  if (from.x == to.x) return kVerticalRay;
+  TransitionCounter counter(binary);
+  if (std::abs(from.x - to.x) > std::abs(from.y - to.y)) {
+    walkRay({from.x, from.y}, {to.x, to.y}, [&counter](int x, int y) { counter.add({x, y}); });
+  } else {
+    walkRay({from.y, from.x}, {to.y, to.x}, [&counter](int y, int x) { counter.add({x, y}); });
+  }
+  counter.add({static_cast<int>(std::rint(to.x)), static_cast<int>(std::rint(to.y))});
+  return counter.transitions();
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,49 @@
+#include "MorvenKit/src/contours/RefineSubPixel.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+/// The order decides where more than one neighbour qualifies.
+constexpr std::array<std::array<int, 2>, 4> kNeighbours = {{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
+
+bool isInside(const cv::Point& point, const cv::Mat& image) {
+  return point.x >= 0 && point.y >= 0 && point.x < image.cols && point.y < image.rows;
+}
+
+cv::Point2f refine(const cv::Point& point, int level, const cv::Mat& grey) {
+  const auto x = static_cast<float>(point.x), y = static_cast<float>(point.y);
+  const int value = grey.at<uchar>(point);
+  if (value == level) return {x, y};
+  for (const auto& [dx, dy] : kNeighbours) {
+    const cv::Point neighbour(point.x + dx, point.y + dy);
+    if (!isInside(neighbour, grey)) continue;
+    const int other = grey.at<uchar>(neighbour);
+    // A neighbour exactly at the level counts as below it: a brighter point then moves onto it, a darker one never
+    // does.
+    if ((other > level) != (value < level)) continue;
+    const float t = static_cast<float>(value - level) / static_cast<float>(value - other);
+    return {x + static_cast<float>(dx) * t, y + static_cast<float>(dy) * t};
+  }
+  return {x, y};
+}
+
+}  // namespace
+
+std::vector<cv::Point2f> RefineSubPixel(const Contour& contour, const cv::Mat& grey) {
+  std::vector<cv::Point2f> refined;
+  const auto inside = [&grey](const cv::Point& point) { return isInside(point, grey); };
+  const auto first = std::find_if(contour.begin(), contour.end(), inside);
+  if (first == contour.end()) return refined;
+  const int level = grey.at<uchar>(*first);
+  refined.reserve(contour.size());
+  for (const cv::Point& point : contour) {
+    if (inside(point)) refined.push_back(refine(point, level, grey));
+  }
+  return refined;
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,30 @@
+#include "MorvenKit/src/contours/RoundContour.h"
+
+#include <opencv2/imgproc.hpp>
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+constexpr double kLengthOfRadius = 8.5;
+
+}  // namespace
+
+double contourCircularity(const Contour& contour) {
+  const double area = cv::moments(contour, false).m00;
+  const double perimeter = cv::arcLength(contour, true);
+  return 4.0 * CV_PI * area / (perimeter * perimeter);
+}
+
+bool isRoundContour(const Contour& contour, const EllipseDetectorParams& params) {
+  return static_cast<double>(contour.size()) < params.max_radius * kLengthOfRadius &&
+         contourCircularity(contour) > params.min_circularity;
+}
+
+std::optional<int> roundChild(const ContourTree& tree, int index, const EllipseDetectorParams& params) {
+  const int child = tree.firstChild(index);
+  if (child > 0 && isRoundContour(tree.points(child), params)) return child;
+  return std::nullopt;
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,56 @@
+#include <Eigen/Dense>
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "MorvenKit/Ellipse.h"
+#include "MorvenKit/MeanStd.h"
+#include "MorvenKit/src/ellipse/ConicParams.h"
+#include "MorvenKit/src/ellipse/TrimOutliers.h"
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+constexpr std::size_t kFewestPoints = 5;
+
+/// Least squares of the first `count` points, normal equations. In double, though the scale comes in single precision.
+ConicCoefficients solveConic(const std::vector<cv::Point2f>& points, std::size_t count, const MeanStd& scale) {
+  const auto rows = static_cast<Eigen::Index>(count);
+  Eigen::Matrix<double, Eigen::Dynamic, 5> design(rows, 5);
+  Eigen::VectorXd right(rows);
+  const double mx = scale.mx, my = scale.my, sx = scale.sx, sy = scale.sy;
+  for (Eigen::Index i = 0; i < rows; ++i) {
+    const cv::Point2f& point = points[static_cast<std::size_t>(i)];
+    const double u = (point.x - mx) / sx, v = (point.y - my) / sy;
+    design.row(i) << u * v, v * v, u, v, 1.0;
+    right(i) = -(u * u);
+  }
+  const Eigen::Matrix<double, 5, 5> normal = design.transpose() * design;
+  const Eigen::Matrix<double, 5, 1> moment = design.transpose() * right;
+  ConicCoefficients conic{};
+  Eigen::Map<Eigen::Matrix<double, 5, 1>>(conic.data()) = normal.ldlt().solve(moment);
+  return conic;
+}
+
+}  // namespace
+
+Ellipse<double> fitEllipseRobust(std::vector<cv::Point2f> points) {
+  Ellipse<double> ellipse;
+  ellipse.edge_points = std::move(points);
+  const std::vector<cv::Point2f>& all = ellipse.edge_points;
+  if (all.size() < kFewestPoints) return ellipse;
+  const MeanStd scale = calcMeanStd(all);
+  std::vector<cv::Point2f> working = all;
+  std::size_t count = 0;
+  // Only the number of trimmed points reaches the next pass: it scales by the figures of all points and fits the first
+  // ones of the whole list, not those that were kept. This is meant; the figures depend on it.
+  do {
+    count = working.size();
+    getParamsFromConic(solveConic(all, count, scale), scale, ellipse);
+    ellipse.sigma = trimOutliers(ellipse, working);
+  } while (!(ellipse.sigma < 0.0) && working.size() != count && working.size() >= kFewestPoints);
+  return ellipse;
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,63 @@
+#include "MorvenKit/src/ellipse/TrimOutliers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+namespace kestrune::morvenkit {
+
+namespace {
+
+constexpr double kOutlierFactor = 2.92;
+constexpr float kLargestRms = 1.0F;
+
+float distance(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }
+
+std::vector<float> residuals(const Ellipse<double>& ellipse, const std::vector<cv::Point2f>& points) {
+  const auto theta = static_cast<float>(ellipse.angle);
+  const auto a = static_cast<float>(ellipse.semi_a), b = static_cast<float>(ellipse.semi_b);
+  const auto cx = static_cast<float>(ellipse.x), cy = static_cast<float>(ellipse.y);
+  const float cosine = std::cos(theta), sine = std::sin(theta);
+  std::vector<float> result(points.size());
+  std::transform(points.begin(), points.end(), result.begin(), [=](const cv::Point2f& point) {
+    const float dx = point.x - cx, dy = point.y - cy;
+    return radialResidual(cosine * dx + sine * dy, cosine * dy - sine * dx, a, b);
+  });
+  return result;
+}
+
+float rootMeanSquare(const std::vector<float>& values) {
+  float sum = 0.0F;
+  for (const float value : values) sum += value * value;
+  return std::sqrt(sum / static_cast<float>(values.size()));
+}
+
+}  // namespace
+
+float radialResidual(float x, float y, float a, float b) {
+  if (y == 0.0F) return std::abs(std::abs(x) - a);
+  if (x == 0.0F) return std::abs(std::abs(y) - b);
+  const float m = y / x;
+  const float ma = m * a;
+  const float d = std::sqrt(ma * ma + b * b);
+  const float onX = a * b / d, onY = m * a * b / d;
+  return std::min(distance(x - onX, y - onY), distance(x + onX, y + onY));
+}
+
+double trimOutliers(const Ellipse<double>& ellipse, std::vector<cv::Point2f>& points) {
+  if (points.empty()) return -1.0;
+  const std::vector<float> residual = residuals(ellipse, points);
+  const float rms = rootMeanSquare(residual);
+  if (rms > kLargestRms) return -1.0;
+  if (rms < std::numeric_limits<float>::epsilon()) return 0.0;
+  const double limit = static_cast<double>(rms) * kOutlierFactor;
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (static_cast<double>(residual[i]) < limit) points[kept++] = points[i];
+  }
+  points.resize(kept);
+  return static_cast<double>(rms);
+}
+
+}  // namespace kestrune::morvenkit

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "Tallowfen/src/board/RingTargetConfig.h"
+
+namespace kestrune {
+
+/// Writes the board's geometry as the only record of "patterns". The detection settings of a big dot board are not
+/// saved. Throws `std::system_error`: file type not supported, or not accessible.
+void writeStorageConfig(const std::string& path, const RingTargetConfig& config);
+
+}  // namespace kestrune

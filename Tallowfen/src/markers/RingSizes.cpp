@@ -1,0 +1,29 @@
+#include "Tallowfen/src/markers/RingSizes.h"
+
+namespace kestrune {
+namespace {
+
+void sortBySize(const NearbyDots& nearby, const std::vector<Ellipse>& markers, std::vector<Ellipse>& dots,
+                std::vector<Ellipse>& bigs, std::vector<Ellipse>& smalls) {
+  for (const Ellipse& marker : markers) {
+    const double ratio = marker.semi_a / MeanSemiAxisNear(nearby, dots, marker);
+    if (ratio > 2.0) {
+      bigs.push_back(marker);
+    } else if (ratio > 1.0 && ratio < 2.0) {
+      smalls.push_back(marker);
+    } else {
+      dots.push_back(marker);
+    }
+  }
+}
+
+}  // namespace
+
+RingSizes sortRingsBySize(const NearbyDots& nearby, EllipsesByClass& lists) {
+  RingSizes sizes;
+  sortBySize(nearby, lists.rings, lists.dots, sizes.big_rings, sizes.small_rings);
+  sortBySize(nearby, lists.solids, lists.dots, sizes.big_solids, sizes.small_solids);
+  return sizes;
+}
+
+}  // namespace kestrune

@@ -1,0 +1,74 @@
+#include "Tallowfen/src/markers/SplitBigDotsMidResolution.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <opencv2/core.hpp>
+#include <utility>
+
+#include "Tallowfen/src/ellipses/LargestFirst.h"
+#include "Tallowfen/src/markers/OrderQuad.h"
+
+namespace kestrune {
+namespace {
+
+constexpr std::size_t kCorners = 4;
+constexpr std::size_t kLargest = 10;
+// 0.83 as it stands in single precision.
+constexpr double kLeastRoundness = 0.8299999833106995;
+
+using Indices = std::vector<std::size_t>;
+
+std::vector<double> sortedDistances(const std::vector<Ellipse>& ellipses, const Indices& subset) {
+  std::vector<double> distances;
+  for (std::size_t i = 0; i < subset.size(); ++i) {
+    for (std::size_t j = i + 1; j < subset.size(); ++j) {
+      const Ellipse& a = ellipses[subset[i]];
+      const Ellipse& b = ellipses[subset[j]];
+      distances.push_back(cv::norm(cv::Point2d(a.x - b.x, a.y - b.y)));
+    }
+  }
+  std::sort(distances.begin(), distances.end());
+  return distances;
+}
+
+bool isQuad(const std::vector<Ellipse>& ellipses, const Indices& subset) {
+  std::vector<cv::Point2f> centres;
+  for (const std::size_t index : subset) {
+    centres.emplace_back(static_cast<float>(ellipses[index].x), static_cast<float>(ellipses[index].y));
+  }
+  std::vector<cv::Point2f> ordered;
+  if (!OrderQuad(centres, ordered)) return false;
+  const std::vector<double> distances = sortedDistances(ellipses, subset);
+  const double largest = ellipses.front().semi_a;
+  return !(distances[5] > 16.0 * largest) && !(distances[4] > 14.0 * largest);
+}
+
+/// Depth first over the ascending subsets of the largest ellipses; the first that is a quad stays in `subset`.
+bool FindBigDotQuad(const std::vector<Ellipse>& ellipses, std::size_t start, Indices& subset) {
+  if (subset.size() == kCorners) return isQuad(ellipses, subset);
+  for (std::size_t i = start; i < std::min(kLargest, ellipses.size()); ++i) {
+    subset.push_back(i);
+    if (FindBigDotQuad(ellipses, i + 1, subset)) return true;
+    subset.pop_back();
+  }
+  return false;
+}
+
+}  // namespace
+
+void SplitBigDotsMidResolution(std::vector<Ellipse>& ellipses) {
+  if (ellipses.size() < kCorners) return;
+  sortLargestFirst(ellipses);
+  Indices subset;
+  if (!FindBigDotQuad(ellipses, 0, subset)) return;
+  std::vector<Ellipse> kept;
+  for (std::size_t i = 0; i < ellipses.size(); ++i) {
+    const bool big = std::find(subset.begin(), subset.end(), i) != subset.end();
+    if (!big && !(ellipses[i].roundness > kLeastRoundness)) continue;
+    kept.push_back(std::move(ellipses[i]));
+    kept.back().point_class = big ? morvenkit::kBigDot : morvenkit::kDot;
+  }
+  ellipses = std::move(kept);
+}
+
+}  // namespace kestrune

@@ -1,0 +1,71 @@
+#include "Tallowfen/src/numbering/SeedNeighbours.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <ostream>
+#include <utility>
+
+#include "Tallowfen/src/numbering/CellMap.h"
+#include "Tallowfen/src/numbering/CoveredDots.h"
+#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "platform/Console.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 9;
+constexpr int kGridStep = 10;
+
+// Numbers what stands alone in its cell of the marker's block; a cell without an ellipse, or with several, counts as
+// missing.
+std::vector<std::int32_t> numberBlock(const cv::Point2f& marker, const CellMap& cells, std::vector<Ellipse>& all) {
+  const int x = truncated(marker.x);
+  const int y = truncated(marker.y);
+  std::vector<std::int32_t> members;
+  for (const int gy : {y - kGridStep, y, y + kGridStep}) {
+    for (const int gx : {x - kGridStep, x, x + kGridStep}) {
+      const CellMap::Cell cell = cells.cellOf(gx, gy);
+      if (cells.count(cell) != 1) continue;
+      const std::size_t position = cells.first(cell);
+      all[position].id = static_cast<std::int32_t>(cell & 0xffff);
+      members.push_back(static_cast<std::int32_t>(position));
+    }
+  }
+  return members;
+}
+
+}  // namespace
+
+bool SeedNeighbours(const RingTargetConfig& config, const MarkerSizes& sizes, const std::vector<cv::Point>& grid,
+                    std::vector<Ellipse>& all, Numbering& numbering) {
+  CellMap cells(config.cols, grid);
+  if (sizes.solid_big) addCoveredDots(numbering.marker_model_points, cells, all);
+  numbering.seed_indices.clear();
+  for (const cv::Point2f& marker : numbering.marker_model_points) {
+    std::vector<std::int32_t> members = numberBlock(marker, cells, all);
+    if (members.size() < kBlockSize) continue;
+    numbering.seed_indices = std::move(members);
+    break;
+  }
+  // Only a complete block gets here, so that eight never occur; the limit and its text are the detector's own.
+  const std::size_t count = numbering.seed_indices.size();
+  if (count >= 8) return true;
+  console::err() << cv::format("Do not have enough ring neighbors: %lu, which should be more than 8!",
+                               static_cast<unsigned long>(count))
+                 << "\n";
+  return false;
+}
+
+bool seedFromMarkers(const RingTargetConfig& config, const MarkerSizes& sizes, std::vector<Ellipse>& all,
+                     Numbering& numbering) {
+  std::vector<cv::Point> grid;
+  grid.reserve(all.size());
+  for (const cv::Point2f& point : modelFromImage(numbering.marker_image_points, numbering.marker_model_points, all)) {
+    grid.emplace_back(nearestFive(point.x), nearestFive(point.y));
+  }
+  return SeedNeighbours(config, sizes, grid, all, numbering);
+}
+
+}  // namespace kestrune

@@ -1,0 +1,100 @@
+#include "Tallowfen/src/zernike/CircleFit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <opencv2/imgproc.hpp>
+
+namespace kestrune {
+
+namespace {
+
+using Points = std::vector<cv::Point2f>;
+
+constexpr double kWidestGap = 5.0;
+
+// The way from the last point back to the first is not looked at.
+bool hasGap(const Points& points) {
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    if (cv::norm(points[i] - points[i - 1]) > kWidestGap) return true;
+  }
+  return false;
+}
+
+// 4 pi area / perimeter^2 of the outline where it is that of a dot.
+std::optional<double> dotRoundness(const Points& points) {
+  const double area = cv::contourArea(points);
+  const double perimeter = cv::arcLength(points, true);
+  if (perimeter == 0) return std::nullopt;
+  const double roundness = area * 12.566370614359172 / (perimeter * perimeter);
+  if (!(roundness >= static_cast<double>(0.4F) && roundness <= static_cast<double>(1.05F))) return std::nullopt;
+  return roundness;
+}
+
+bool isConvex(const Points& points) {
+  Points hull;
+  cv::convexHull(points, hull, false, true);
+  const double hull_area = cv::contourArea(hull);
+  if (hull_area == 0) return false;
+  return cv::contourArea(points) / hull_area >= static_cast<double>(0.85F);
+}
+
+Ellipse recordOf(const cv::RotatedRect& fit, double roundness, const Points& edge_points) {
+  Ellipse ellipse;
+  ellipse.x = fit.center.x;
+  ellipse.y = fit.center.y;
+  ellipse.semi_a = static_cast<double>(std::max(fit.size.width, fit.size.height)) / 2;
+  ellipse.semi_b = static_cast<double>(std::min(fit.size.width, fit.size.height)) / 2;
+  ellipse.angle = (static_cast<double>(fit.angle) - 90) * CV_PI / 180;
+  ellipse.sigma = 0;
+  ellipse.edge_points = edge_points;
+  ellipse.roundness = roundness;
+  return ellipse;
+}
+
+bool isFinite(const cv::RotatedRect& fit) {
+  return std::isfinite(fit.center.x) && std::isfinite(fit.center.y) && std::isfinite(fit.size.width) &&
+         std::isfinite(fit.size.height) && std::isfinite(fit.angle);
+}
+
+}  // namespace
+
+bool hasDotSize(const cv::Size2f& size) {
+  if (size.width > 320 && size.height > 320) return false;
+  if (size.width < 10 && size.height < 10) return false;
+  const float ratio = size.width / size.height;
+  return !(ratio < 0.4);
+}
+
+double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse) {
+  const double theta = -static_cast<double>(ellipse.angle) * CV_PI / 180;
+  const double c = std::cos(theta);
+  const double s = std::sin(theta);
+  const double w = ellipse.size.width;
+  const double h = ellipse.size.height;
+  double sum = 0;
+  for (const cv::Point2f& point : points) {
+    const cv::Point2f offset = point - ellipse.center;
+    const double x = c * offset.x - s * offset.y;
+    const double y = c * offset.y + s * offset.x;
+    const double error = std::abs(y * y / (w * w / 4) + x * x / (h * h / 4) - 1);
+    sum += error * error;
+  }
+  return std::sqrt(sum / static_cast<double>(points.size()));
+}
+
+std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points) {
+  return dotOfFit(cv::fitEllipseDirect(edge_points), edge_points);
+}
+
+std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points) {
+  // The limits below reject by what exceeds them, which numbers that are none never do.
+  if (!isFinite(fit)) return std::nullopt;
+  if (hasGap(edge_points) || !hasDotSize(fit.size)) return std::nullopt;
+  const std::optional<double> roundness = dotRoundness(edge_points);
+  if (!roundness || !isConvex(edge_points)) return std::nullopt;
+  if (algebraicResidual(edge_points, fit) > 2.0) return std::nullopt;
+  return recordOf(fit, *roundness, edge_points);
+}
+
+}  // namespace kestrune

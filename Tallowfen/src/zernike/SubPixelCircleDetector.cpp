@@ -1,0 +1,56 @@
+#include "Tallowfen/src/zernike/SubPixelCircleDetector.h"
+
+#include <cstddef>
+#include <opencv2/imgproc.hpp>
+#include <optional>
+#include <utility>
+
+#include "Tallowfen/src/zernike/CircleFit.h"
+#include "Tallowfen/src/zernike/ZernikeEdgeRefine.h"
+
+namespace kestrune {
+
+namespace {
+
+constexpr int kMeanBlock = 37;
+constexpr int kZernikeSize = 7;
+
+// Grey and smoothed. A picture of its own: the caller's pixels stay.
+cv::Mat smoothedGrey(const cv::Mat& image) {
+  cv::Mat grey = image;
+  if (image.channels() > 1) cv::cvtColor(image, grey, cv::COLOR_BGR2GRAY);
+  cv::Mat smoothed;
+  cv::GaussianBlur(grey, smoothed, cv::Size(7, 7), 0.65, 0, cv::BORDER_DEFAULT);
+  return smoothed;
+}
+
+std::vector<Contour> dotContours(const cv::Mat& grey) {
+  cv::Mat bin;
+  std::vector<Contour> contours, candidates;
+  std::vector<cv::Vec4i> hierarchy;
+  findContoursByLocalMean(grey, kMeanBlock, cv::THRESH_BINARY, bin, contours, hierarchy);
+  PolarityCheck(grey, bin, contours, candidates, hierarchy, kMeanBlock);
+  std::vector<Contour> kept;
+  for (std::size_t i = 0; i < contours.size(); ++i) {
+    if (canBeDot(contours[i], hierarchy[i])) kept.push_back(std::move(contours[i]));
+  }
+  return kept;
+}
+
+}  // namespace
+
+bool canBeDot(const Contour& contour, const cv::Vec4i& relatives) {
+  return relatives[3] == -1 && isDot(contour, kFittedDots);
+}
+
+void SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& ellipses) {
+  ellipses.clear();
+  const cv::Mat grey = smoothedGrey(image);
+  for (const std::vector<cv::Point2d>& edge : ZernikeEdgeRefine(grey, dotContours(grey), kZernikeSize)) {
+    const std::vector<cv::Point2f> narrowed(edge.begin(), edge.end());
+    std::optional<Ellipse> ellipse = fitCircle(narrowed);
+    if (ellipse) ellipses.push_back(std::move(*ellipse));
+  }
+}
+
+}  // namespace kestrune

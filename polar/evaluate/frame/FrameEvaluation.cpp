@@ -1,0 +1,99 @@
+#include <memory>
+
+#include "PolarLinePrecision/Status.h"
+#include "Tallowfen/src/RingTarget.h"
+#include "platform/Console.h"
+#include "platform/Pictures.h"
+#include "polar/evaluate/PairEvaluator.h"
+#include "polar/evaluate/frame/FrameSide.h"
+#include "polar/geometry/PairTriangulation.h"
+#include "polar/geometry/PointDistance.h"
+
+namespace {
+
+/// Frame points of both images, paired by their place in the list. The place stands for the id meanwhile, since a
+/// frame's ids may be in any order.
+MeasuredPair pairByPlace(const FrameSide& left, const FrameSide& right) {
+  const auto centreOf = [](const kestrune::morvenkit::CtrlPoint<double>& point) {
+    return cv::Point2f(static_cast<float>(point.x), static_cast<float>(point.y));
+  };
+  MeasuredPair pair;
+  for (std::size_t k = 0; k < left.points.size(); ++k) {
+    pair.left_points.push_back(centreOf(left.points[k]));
+    pair.right_points.push_back(centreOf(right.points.at(k)));
+    pair.left_by_id.emplace(static_cast<std::int32_t>(k), pair.left_points.back());
+  }
+  return pair;
+}
+
+double measuredLength(const PairPointRecord& a, const PairPointRecord& b) {
+  return lengthByDoubles({a.x - b.x, a.y - b.y, a.z - b.z});
+}
+
+/// Ids of the judged pairs are places in the lists, counted from 1.
+std::size_t placeOf(std::int32_t id) { return static_cast<std::size_t>(static_cast<std::int64_t>(id) - 1); }
+
+void judgeDistances(PairEvaluator& evaluator) {
+  const auto& truth = evaluator.config().Frame_3D;
+  evaluator.frameValues.clear();
+  for (const std::vector<std::int32_t>& judged : evaluator.config().Frame_ID_DIS) {
+    const std::int32_t a = judged.at(0);
+    const std::int32_t b = judged.at(1);
+    const double true_length = lengthByDoubles(narrowedDifference(truth.at(placeOf(a)), truth.at(placeOf(b))));
+    const double measured_length =
+        measuredLength(evaluator.pairPoints.at(placeOf(a)), evaluator.pairPoints.at(placeOf(b)));
+    const auto error = static_cast<float>(measured_length - true_length);
+    console::line(a, "---", b, ": ", error);
+    evaluator.frameValues.push_back(error);
+  }
+}
+
+/// Triangulates into `pairPoints` and gives the predicted right pixels.
+std::vector<cv::Point2f> triangulateFrame(PairEvaluator& evaluator, const MeasuredPair& pair,
+                                          const EvaluationCameras& cameras, const CameraPairModel& model) {
+  TriangulatedPair triangulated = triangulateShared(pair, cameras, model);
+  evaluator.pairPoints = std::move(triangulated.records);
+  for (std::size_t k = 0; k < evaluator.pairPoints.size(); ++k) {
+    evaluator.pairPoints[k].id = evaluator.config().Frame_ID[k];
+  }
+  return std::move(triangulated.predicted_right);
+}
+
+bool passesResidual(PairEvaluator& evaluator, const MeasuredPair& pair,
+                    const std::vector<cv::Point2f>& predicted_right) {
+  std::vector<float> errors;
+  if (!evaluator.CheckResidual(pair.right_points, predicted_right, errors)) return false;
+  for (std::size_t k = 0; k < errors.size(); ++k) evaluator.pairPoints[k].right_err = errors[k];
+  return true;
+}
+
+}  // namespace
+
+PairStatus PairEvaluator::CalFramePrecision(const std::int32_t& /*evalu_model*/, const char* targetConfigPath,
+                                            const cv::Mat& left_image, const cv::Mat& right_image,
+                                            const EvaluationCameras& cameras, const CameraIntrinsicsBase& left_camera,
+                                            const CameraIntrinsicsBase& right_camera) {
+  eval_left_K = cameras.left_K.clone();
+  eval_right_K = cameras.right_K.clone();
+  // Only for the pose report and, should the frame fail below, the canvas: its points are not used and its status does
+  // not count.
+  MeasuredPair board;
+  MeasurePairPoints(targetConfigPath, left_image, right_image, board);
+
+  const auto target = std::make_unique<kestrune::RingTarget>();
+  target->loadConfig(targetConfigPath);
+  const FrameSide left = findFramePoints(*target, left_image, {config().Frame_ID, config().Frame_IRL});
+  const FrameSide right = findFramePoints(*target, right_image, {config().Frame_ID, config().Frame_IRR});
+  detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
+
+  console::useFixedNotation();
+  const MeasuredPair pair = pairByPlace(left, right);
+  const ObjectPairModel model(left_camera, right_camera);
+  const std::vector<cv::Point2f> predicted_right = triangulateFrame(*this, pair, cameras, model);
+  residual_image = right_image.clone();
+  if (config().triangulate_residual_switch != 0 && !passesResidual(*this, pair, predicted_right)) {
+    return polar_status::kTooFewShared;
+  }
+  judgeDistances(*this);
+  return polar_status::kSuccess;
+}

@@ -1,0 +1,106 @@
+#include <cmath>
+
+#include "PolarLinePrecision/Status.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "polar/evaluate/PairEvaluator.h"
+#include "polar/evaluate/raw/DistanceTables.h"
+#include "polar/geometry/PairTriangulation.h"
+#include "polar/geometry/RigidOntoBoard.h"
+#include "polar/results/PairFiles.h"
+#include "polar/results/RowWriter.h"
+#include "polar/results/SummaryFile.h"
+
+namespace {
+
+/// The images as a check gets them.
+struct CheckInput {
+  const std::int32_t& evalu_model;
+  const char* targetConfigPath;
+  const cv::Mat& left_image;
+  const cv::Mat& right_image;
+  const EvaluationCameras& cameras;
+};
+
+/// The rows below those of the distance evaluation, which has written the same file before. A table that is not wanted
+/// keeps nothing.
+class BoardCheckTable {
+ public:
+  BoardCheckTable(const PairEvaluator& evaluator, bool wanted)
+      : file_(files::openOutput(wanted && evaluator.config().discalsave
+                                    ? pairFile(evaluator.result_folder, evaluator.image_id, kBoardCheckTable)
+                                    : "",
+                                std::ios::app)),
+        rows_(file_) {
+    rows_.row("");
+    DistanceTables::columnHeader(rows_, kSpaceRms);
+  }
+  void add(std::int32_t id, double distance) { rows_.row(id, kSpaceRms, distance); }
+
+ private:
+  std::ofstream file_;
+  RowWriter rows_;
+};
+
+double lengthOf(const Eigen::Vector3d& v) { return std::sqrt(v.x() * v.x() + v.y() * v.y() + v.z() * v.z()); }
+
+/// Root of the mean squared distance that is left after the fit.
+double fitOntoBoard(const std::vector<PairPointRecord>& records, const std::vector<cv::Point3f>& board,
+                    BoardCheckTable& table) {
+  std::vector<Eigen::Vector3d> measured;
+  std::vector<Eigen::Vector3d> truth;
+  measured.reserve(records.size());
+  truth.reserve(records.size());
+  for (const PairPointRecord& record : records) {
+    const cv::Point3f& point_board = board.at(static_cast<std::size_t>(record.id));
+    measured.emplace_back(record.x, record.y, record.z);
+    truth.emplace_back(point_board.x, point_board.y, point_board.z);
+  }
+  const RigidMotion board_from_left = FitRigidOntoBoard(measured, truth);
+  double square_sum = 0.0;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const Eigen::Vector3d placed = board_from_left.R * measured[i] + board_from_left.t;
+    const Eigen::Vector3d d = truth[i] - placed;
+    square_sum += d.x() * d.x() + d.y() * d.y() + d.z() * d.z();
+    table.add(records[i].id, lengthOf(d));
+  }
+  // The count passes through single precision.
+  return std::sqrt(square_sum / static_cast<double>(static_cast<float>(records.size())));
+}
+
+PairStatus checkBoard(PairEvaluator& evaluator, const CheckInput& input, const CameraPairModel& model,
+                      bool writes_table) {
+  evaluator.eval_left_K = input.cameras.left_K.clone();
+  evaluator.eval_right_K = input.cameras.right_K.clone();
+  BoardCheckTable table(evaluator, writes_table);
+  MeasuredPair pair;
+  if (evaluator.measure(input.evalu_model, input.targetConfigPath, input.left_image, input.right_image, pair) !=
+      polar_status::kSuccess) {
+    console::out() << "Error in detect ellipse pixel coordinate!";
+    return kMeasurementFailed;
+  }
+  if (!evaluator.enoughShared(pair, kLeastSharedRaw)) return polar_status::kTooFewShared;
+  const std::vector<PairPointRecord> records = triangulateShared(pair, input.cameras, model).records;
+  if (!evaluator.config().spaceRms_switch || evaluator.boardPoints.size() < kLeastBoardPoints) {
+    return polar_status::kSuccess;
+  }
+  evaluator.space_rms = fitOntoBoard(records, evaluator.boardPoints, table);
+  return polar_status::kSuccess;
+}
+
+}  // namespace
+
+PairStatus PairEvaluator::CheckBoardBrown(const std::int32_t& evalu_model, const char* targetConfigPath,
+                                          const cv::Mat& left_image, const cv::Mat& right_image,
+                                          const EvaluationCameras& cameras) {
+  const BrownPairModel model(left_dist, right_dist);
+  return checkBoard(*this, {evalu_model, targetConfigPath, left_image, right_image, cameras}, model, true);
+}
+
+PairStatus PairEvaluator::CheckBoardPoly(const std::int32_t& evalu_model, const char* targetConfigPath,
+                                         const cv::Mat& left_image, const cv::Mat& right_image,
+                                         const EvaluationCameras& cameras, const CameraIntrinsicsBase& left_camera,
+                                         const CameraIntrinsicsBase& right_camera) {
+  const ObjectPairModel model(left_camera, right_camera);
+  return checkBoard(*this, {evalu_model, targetConfigPath, left_image, right_image, cameras}, model, false);
+}

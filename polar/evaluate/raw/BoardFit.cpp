@@ -1,0 +1,63 @@
+#include "polar/evaluate/raw/BoardFit.h"
+
+#include <cmath>
+
+#include "polar/geometry/Triangulation.h"
+
+namespace {
+
+std::vector<cv::Point3f> positionsOf(const std::vector<PairPointRecord>& records) {
+  std::vector<cv::Point3f> positions;
+  positions.reserve(records.size());
+  for (const PairPointRecord& record : records) positions.emplace_back(record.x, record.y, record.z);
+  return positions;
+}
+
+/// Float differences, squares and root in double.
+double pixelDistance(const cv::Point2f& projected, const PairPointRecord& record) {
+  const float dx = projected.x - record.left_x;
+  const float dy = projected.y - record.left_y;
+  return std::sqrt(std::pow(dx, 2.0) + std::pow(dy, 2.0));
+}
+
+std::vector<cv::Point3f> alignedBoard(PairEvaluator& evaluator, const std::vector<PairPointRecord>& records,
+                                      const std::vector<cv::Point3f>& truth) {
+  std::array<float, 4> rms{};
+  std::vector<cv::Point3f> aligned;
+  evaluator.AlignRigid(rms, truth, positionsOf(records), aligned);
+  evaluator.icp_x_rms = rms[0];
+  evaluator.icp_y_rms = rms[1];
+  evaluator.icp_z_rms = rms[2];
+  evaluator.icp_nor_rms = rms[3];
+  return aligned;
+}
+
+}  // namespace
+
+std::vector<double> fitAndProject(PairEvaluator& evaluator, const std::vector<PairPointRecord>& records,
+                                  const std::vector<cv::Point3f>& truth, const CameraPairModel& model,
+                                  DistanceTables& tables) {
+  static constexpr const char* kColumn = "gt_err_mean";
+  tables.boardCheck().row("");
+  DistanceTables::columnHeader(tables.boardCheck(), kColumn);
+  const std::vector<cv::Point3f> aligned = alignedBoard(evaluator, records, truth);
+  std::vector<double> distances;
+  distances.reserve(records.size());
+  for (std::size_t k = 0; k < records.size(); ++k) {
+    const cv::Point2f projected = predictLeftPixel(aligned[k], evaluator.eval_left_K, model);
+    distances.push_back(pixelDistance(projected, records[k]));
+    tables.boardCheck().row(records[k].id, kColumn, distances.back() * 1000);
+  }
+  return distances;
+}
+
+float projectionRms(const std::vector<double>& distances, double limit) {
+  double square_sum = 0.0;
+  std::size_t kept = 0;
+  for (const double distance : distances) {
+    if (distance > limit) continue;
+    square_sum += distance * distance;
+    ++kept;
+  }
+  return static_cast<float>(std::sqrt(square_sum / static_cast<double>(kept)));
+}

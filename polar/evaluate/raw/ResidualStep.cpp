@@ -1,0 +1,74 @@
+#include <algorithm>
+#include <cmath>
+#include <opencv2/imgproc.hpp>
+
+#include "platform/Files.h"
+#include "polar/evaluate/PairEvaluator.h"
+#include "polar/evaluate/raw/ResidualDrawing.h"
+#include "polar/results/PairFiles.h"
+
+namespace {
+
+/// Residuals above this do not count, pixels. Not configurable.
+constexpr double kOutlierLimit = 5.0;
+
+/// What the residuals that count add up to.
+struct Residuals {
+  std::vector<double> kept;
+  double sum = 0.0;
+  double square_sum = 0.0;
+  std::size_t within = 0;
+};
+
+double distanceOf(const cv::Point2f& measured, const cv::Point2f& predicted) {
+  const float dx = measured.x - predicted.x;
+  const float dy = measured.y - predicted.y;
+  return std::sqrt(static_cast<double>(dx) * dx + static_cast<double>(dy) * dy);
+}
+
+/// Ascending, what is not a number behind all numbers, so that the order is a lawful one for any input.
+bool ascending(double a, double b) { return std::isnan(b) ? !std::isnan(a) : a < b; }
+
+}  // namespace
+
+bool PairEvaluator::CheckResidual(const std::vector<cv::Point2f>& measured_right,
+                                  const std::vector<cv::Point2f>& predicted_right, std::vector<float>& errors) {
+  const std::size_t count = measured_right.size();
+  if (count < 3 || predicted_right.size() != count) return false;
+  errors.assign(count, 0.0F);
+
+  const bool saves_picture = config().tri_bias_savepng_swithch == 1;
+  const bool saves_table = config().tir_bias_savecsv_swithch == 1;
+  std::ofstream table = files::openOutput(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
+  cv::Mat picture;
+  cv::cvtColor(residual_image, picture, cv::COLOR_GRAY2BGR);
+
+  Residuals residuals;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (predicted_right[i] == cv::Point2f(0.0F, 0.0F)) continue;
+    const double error = distanceOf(measured_right[i], predicted_right[i]);
+    errors[i] = static_cast<float>(error);
+    if (error > kOutlierLimit) continue;
+    // The marks are drawn only while the picture is not saved: a saved picture shows the clean image, as its readers
+    // expect.
+    if (config().tri_bias_savepng_swithch == 0 && std::isfinite(error)) drawResidual(picture, measured_right[i], error);
+    if (error < config().tri_bias_divid) ++residuals.within;
+    if (saves_table) table << error << '\n';
+    residuals.sum += error;
+    residuals.square_sum += error * error;
+    residuals.kept.push_back(error);
+  }
+  const std::string picture_path = saves_picture ? pairFile(result_folder, image_id, "_right_tri.png") : "";
+  if (!picture_path.empty()) files::writeImage(picture_path, picture);
+
+  if (residuals.kept.empty()) return false;
+  std::sort(residuals.kept.begin(), residuals.kept.end(), ascending);
+  if (residuals.kept.back() > kOutlierLimit) return false;
+  const auto kept = static_cast<double>(residuals.kept.size());
+  tri_mean = static_cast<float>(residuals.sum / kept);
+  tri_min = static_cast<float>(residuals.kept.front());
+  tri_max = static_cast<float>(residuals.kept.back());
+  tri_rms = static_cast<float>(std::sqrt(residuals.square_sum / kept));
+  tri_ratio = static_cast<float>(residuals.within) / static_cast<float>(residuals.kept.size());
+  return true;
+}

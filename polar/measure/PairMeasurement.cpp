@@ -1,0 +1,126 @@
+#include <algorithm>
+
+#include "PolarLinePrecision/Status.h"
+#include "Tallowfen/src/RingTarget.h"
+#include "platform/Console.h"
+#include "polar/evaluate/PairEvaluator.h"
+#include "polar/measure/BoardPose.h"
+#include "polar/measure/EccentricityCompensation.h"
+#include "polar/measure/ImageNormalisation.h"
+#include "polar/measure/MeasurementCanvas.h"
+#include "polar/measure/SharedPoints.h"
+
+namespace {
+
+using kestrune::RingTarget;
+
+constexpr std::size_t kLeastDetected = 6;
+
+/// One image of the pair under measurement.
+struct SideImage {
+  Side side;
+  const cv::Mat& image;
+  PoseCamera camera;
+  PointsById& by_id;
+};
+
+/// The camera with its eight coefficients in the order of OpenCV: k1, k2, p1, p2, k3, k4, k5, k6.
+PoseCamera poseCamera(const cv::Mat& K, const CameraFloats& camera) {
+  constexpr std::array<std::size_t, 8> kOrder = {0, 1, 6, 7, 2, 3, 4, 5};
+  cv::Mat coefficients(8, 1, CV_64FC1);
+  for (int k = 0; k < 8; ++k) {
+    coefficients.at<double>(k) = camera.at(4 + kOrder.at(static_cast<std::size_t>(k)));
+  }
+  return {K, coefficients};
+}
+
+void printPose(Side side, const std::array<float, 4>& report) {
+  constexpr std::array<const char*, 4> kLeftLabels = {"ir_left_rx: ", "ir_left_ry: ", "ir_left_rz: ", "ir_left_dis: "};
+  constexpr std::array<const char*, 4> kRightLabels = {
+      "ir_right_rx: ", "ir_right_ry: ", "ir_right_rz: ", "ir_right_dis: "};
+  const auto& labels = side == Side::kLeft ? kLeftLabels : kRightLabels;
+  for (std::size_t k = 0; k < labels.size(); ++k) console::line(labels.at(k), report.at(k));
+}
+
+/// The centre to go on with: the detected one, or the compensated one of its edge.
+class CentreChoice {
+ public:
+  CentreChoice() = default;
+  CentreChoice(const cv::Mat& K, const cv::Matx33d& R) : compensates_(true), K_(K), R_(R) {}
+
+  cv::Point2f of(const kestrune::morvenkit::CtrlPoint<double>& point, Side side, MeasurementCanvas& canvas) const {
+    if (!compensates_) return {static_cast<float>(point.x), static_cast<float>(point.y)};
+    canvas.markEdge(side, point.edge_points);
+    return compensatedCentre(point.edge_points, K_, R_);
+  }
+
+ private:
+  bool compensates_ = false;
+  cv::Matx33d K_;
+  cv::Matx33d R_;
+};
+
+CentreChoice chooseCentres(PairEvaluator& evaluator, const RingTarget& target, const RingTarget::Points& points,
+                           const SideImage& side) {
+  if (!evaluator.eccentricity) return {};
+  console::line("use eccentricity!");
+  const BoardPose pose = estimateBoardPose(target, points, side.camera);
+  printPose(side.side, pose.report);
+  std::copy(pose.report.begin(), pose.report.end(), evaluator.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4));
+  return {side.camera.K, pose.R};
+}
+
+bool isChosenPoint(const PolarConfig& config, std::int32_t id) {
+  return id == config.TriPoint1_ID || id == config.TriPoint2_ID || id == config.TriPoint3_ID ||
+         id == config.TriPoint4_ID;
+}
+
+PairStatus measureSide(PairEvaluator& evaluator, RingTarget& target, const SideImage& side, MeasurementCanvas& canvas) {
+  if (side.image.empty()) {
+    evaluator.errorText = " Load Polar imagge fail!";
+    return polar_status::kImages;
+  }
+  RingTarget::Points points;
+  RingTarget::Points unidentified;
+  target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
+  console::line("detect point num : ", points.size());
+  if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
+
+  const CentreChoice centres = chooseCentres(evaluator, target, points, side);
+  for (const auto& point : points) {
+    if (isChosenPoint(evaluator.config(), point.id)) canvas.markPoint(side.side, point.id, {point.x, point.y});
+    keepFirst(side.by_id, point.id, centres.of(point, side.side, canvas));
+  }
+  return polar_status::kSuccess;
+}
+
+}  // namespace
+
+PairStatus PairEvaluator::measure(const std::int32_t& evalu_model, const char* targetConfigPath,
+                                  const cv::Mat& left_image, const cv::Mat& right_image, MeasuredPair& pair) {
+  if (evalu_model == 0) return MeasurePairPoints(targetConfigPath, left_image, right_image, pair);
+  if (evalu_model == 1) return DetectPairPoints(targetConfigPath, left_image, right_image, pair);
+  return polar_status::kSuccess;
+}
+
+PairStatus PairEvaluator::MeasurePairPoints(const char* targetConfigPath, const cv::Mat& left_image,
+                                            const cv::Mat& right_image, MeasuredPair& pair) {
+  if (measurement) return measurement(0, pair);
+  const auto target = std::make_shared<RingTarget>();
+  if (boardPoints.size() > 6) target->setBoardPoints(boardPoints);
+  if (!target->loadConfig(targetConfigPath)) {
+    errorText = " Fail init camera model! ";
+    return polar_status::kTargetConfig;
+  }
+  MeasurementCanvas canvas(left_image, right_image);
+  const SideImage left = {Side::kLeft, left_image, poseCamera(eval_left_K, left_dist), pair.left_by_id};
+  const SideImage right = {Side::kRight, right_image, poseCamera(eval_right_K, right_dist), pair.right_by_id};
+  for (const SideImage* side : {&left, &right}) {
+    const PairStatus status = measureSide(*this, *target, *side, canvas);
+    if (status != polar_status::kSuccess) return status;
+  }
+  detect_canvas = canvas.picture();
+  appendShared(pair);
+  dropUnshared(pair);
+  return polar_status::kSuccess;
+}

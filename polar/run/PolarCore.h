@@ -1,0 +1,67 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <opencv2/core.hpp>
+#include <string>
+#include <vector>
+
+#include "PolarLinePrecision/BoardRecords.h"
+#include "PolarLinePrecision/ProgressCallback.h"
+#include "camera/CameraMatrices.h"
+#include "camera/PinholeCameraIntrinsicsPOL.h"
+#include "input/PolarConfig.h"
+#include "input/StereoCalibParams.h"
+#include "polar/results/RunResultRecord.h"
+
+/// What a run is given beside its calibration. The six numbers stand here, not in the core's copy of the configuration,
+/// as they are the run's own arguments.
+struct RunArguments {
+  std::string targetConfigPath;
+  ImagePairList images;
+  std::int32_t type = 0;
+  std::int32_t evaluation = 0;
+  std::int32_t evalu_model = 0;
+  std::int32_t crop = 0;
+  std::int32_t cropped_cols = 0;
+  std::int32_t cropped_rows = 0;
+  const ProgressCallback* progress = nullptr;  ///< May be null.
+};
+
+/// The rectified geometry in the run's form.
+struct RectifiedGeometry {
+  double cx = 0.0, cy = 0.0;
+  double focal = 0.0, baseline = 0.0;
+  double disparity_offset = 0.0;
+  std::vector<cv::Point3f> boardPoints;
+};
+
+/// The state of one run. It runs once.
+class PolarCore {
+ public:
+  /// Configuration of the run; nothing in it can change.
+  std::shared_ptr<const PolarConfig> config = std::make_shared<const PolarConfig>();
+
+  CameraFloats right_dist{};           ///< Right camera: fx, fy, cx, cy, k1 to k6, p1, p2.
+  CameraFloats left_dist{};            ///< Left camera.
+  std::array<float, 3> rotation{};     ///< Extrinsic angles, radians.
+  std::array<float, 3> translation{};  ///< Extrinsic translation.
+  CameraMatrices left, right;          ///< `left_K`, `left_D`, `right_K`, `right_D`.
+  cv::Mat R;                           ///< 3x3: X_right = R X_left + T.
+  cv::Mat T;                           ///< 3x1.
+  cv::Mat left_image, right_image;     ///< The current pair.
+  cv::Mat left_rectified, right_rectified;
+  cv::Mat Q;              ///< 4x4 reprojection matrix of the last rectified pair.
+  std::string errorText;  ///< Last error of the run.
+  std::vector<RunResultRecord> records;
+  std::vector<cv::Point3f> boardPoints;
+  PinholeCameraIntrinsicsPOL left_camera, right_camera;  ///< Filled for the POLY model.
+
+  /// Walks image pairs through the evaluations that the configuration asks for.
+  std::int32_t ImageSetRun(const RunArguments& arguments, const StereoCalibParams& calib);
+  /// Gives each pair one frame evaluation.
+  std::int32_t FrameRun(const RunArguments& arguments, const StereoCalibParams& calib);
+  /// Evaluates pairs that were rectified outside the library.
+  std::int32_t RectificationRun(const RunArguments& arguments, const RectifiedGeometry& geometry);
+};

@@ -1,0 +1,120 @@
+#include "polar/run/PolarPrecision.h"
+
+#include <chrono>
+#include <new>
+#include <utility>
+
+#include "PolarLinePrecision/Status.h"
+#include "input/CalibrationConversion.h"
+#include "input/CalibrationReader.h"
+#include "input/ImageList.h"
+#include "input/PolarConfigReader.h"
+#include "polar/results/ResultRecords.h"
+#include "polar/run/TimedLine.h"
+
+PolarPrecision::PolarPrecision() : core_(new (std::nothrow) PolarCore) {}
+
+std::int32_t PolarPrecision::ReadPolarConfig(const std::string& polarConfig, const std::string& result_folder) {
+  return ::ReadPolarConfig(polarConfig, result_folder, config);
+}
+
+std::int32_t PolarPrecision::ReadCalibResult(const std::string& path, StereoCalibParams& calib) {
+  return ::ReadCalibResult(path, calib, errorText);
+}
+
+std::int32_t PolarPrecision::ReadImageList(const std::string& path, ImagePairList& images) {
+  return ::ReadImageList(path, images);
+}
+
+std::int32_t PolarPrecision::ConvertCalibParams(const ExportedCalibParams& source, StereoCalibParams& calib) {
+  importCalibration(source, calib);
+  boardPoints = source.boardPoints;
+  return polar_status::kSuccess;
+}
+
+std::int32_t PolarPrecision::InitCore() {
+  core_->config = std::make_shared<const PolarConfig>(config);
+  return polar_status::kSuccess;
+}
+
+RunArguments PolarPrecision::runArguments(const std::string& targetConfigPath, ImagePairList images,
+                                          const ProgressCallback* progress) const {
+  return {.targetConfigPath = targetConfigPath,
+          .images = std::move(images),
+          .type = config.type,
+          .evaluation = config.evaluation,
+          .evalu_model = config.evalu_model,
+          .crop = config.crop,
+          .cropped_cols = config.cropped_cols,
+          .cropped_rows = config.cropped_rows,
+          .progress = progress};
+}
+
+template <typename Prepare, typename Run>
+std::int32_t PolarPrecision::runCore(const ProgressCallback* progress, Prepare prepare, Run run) {
+  if (!core_) return polar_status::kNoCore;
+  const auto start = std::chrono::steady_clock::now();
+  InitCore();
+  prepare();
+  printTimedLine("--------Initialization Parameters OK", start, 0.0553);
+  if (progress != nullptr && !(*progress)(0.002F)) {
+    errorText = kCallbackTerminated;
+    return polar_status::kStoppedByCallback;
+  }
+  const std::int32_t status = run(*core_);
+  if (status == polar_status::kSuccess) return ExportResults(std::move(core_->records), results);
+  errorText = core_->errorText;
+  return status;
+}
+
+std::int32_t PolarPrecision::RunImageSet(const std::string& targetConfigPath, ImagePairList images,
+                                         const StereoCalibParams& calib, const ProgressCallback* progress) {
+  return runCore(
+      progress, [this] { core_->boardPoints = boardPoints; },
+      [&](PolarCore& core) {
+        return core.ImageSetRun(runArguments(targetConfigPath, std::move(images), progress), calib);
+      });
+}
+
+std::int32_t PolarPrecision::RunFrames(const std::string& targetConfigPath, ImagePairList images,
+                                       const StereoCalibParams& calib, const ProgressCallback* progress) {
+  return runCore(
+      progress, [this] { core_->boardPoints = boardPoints; },
+      [&](PolarCore& core) {
+        return core.FrameRun(runArguments(targetConfigPath, std::move(images), progress), calib);
+      });
+}
+
+std::int32_t PolarPrecision::RunRectified(const std::string& targetConfigPath, ImagePairList images,
+                                          const RectifiedGeometry& geometry, const ProgressCallback* progress) {
+  return runCore(
+      progress, [] {},
+      [&](PolarCore& core) {
+        return core.RectificationRun(runArguments(targetConfigPath, std::move(images), progress), geometry);
+      });
+}
+
+std::int32_t PolarPrecision::TempCompensateRun(const std::string& /*targetConfigPath*/, const ImagePairList& /*images*/,
+                                               const StereoCalibParams& /*calib*/) {
+  return polar_status::kSuccess;
+}
+
+std::int32_t PolarPrecision::FetchResults(std::vector<PolarResultRecord>& target) {
+  if (results.empty()) return polar_status::kNoResults;
+  if (&target == &results) return polar_status::kSuccess;
+  // In two steps, so that the caller's vector is whole also when there is no memory for the copy.
+  std::vector<PolarResultRecord> copy = results;
+  target = std::move(copy);
+  return polar_status::kSuccess;
+}
+
+RectifiedGeometry rectifiedGeometry(const RectifiedParams& rectified) {
+  RectifiedGeometry geometry;
+  geometry.cx = rectified.cx;
+  geometry.cy = rectified.cy;
+  geometry.focal = rectified.focal;
+  geometry.baseline = rectified.baseline;
+  geometry.disparity_offset = rectified.disparity_offset;
+  geometry.boardPoints.assign(rectified.boardPoints.begin(), rectified.boardPoints.end());
+  return geometry;
+}

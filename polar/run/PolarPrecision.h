@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "PolarLinePrecision/BoardRecords.h"
+#include "PolarLinePrecision/CalibrationRecords.h"
+#include "PolarLinePrecision/ProgressCallback.h"
+#include "PolarLinePrecision/ResultRecords.h"
+#include "input/PolarConfig.h"
+#include "input/StereoCalibParams.h"
+#include "polar/run/PolarCore.h"
+
+/// Error text of a call that the callback ended before its run had begun or after it was done. The runs have a text of
+/// their own.
+inline constexpr const char* kCallbackTerminated = "Callback Terminated";
+
+/// What one exported call builds and throws away: the configuration, the last error, the results, and the state of the
+/// run.
+class PolarPrecision {
+ public:
+  /// A failed allocation of the core leaves it out; every run then returns -1.
+  PolarPrecision();
+  /// An object without a core.
+  explicit PolarPrecision(std::nullptr_t /*no core*/) {}
+
+  // Readers, in the order in which a call uses them. Each gives the status of its reader.
+  std::int32_t ReadPolarConfig(const std::string& polarConfig, const std::string& result_folder);
+  std::int32_t ReadCalibResult(const std::string& path, StereoCalibParams& calib);
+  /// 1 on success, 0 on failure; what was read before a failure stays in the lists.
+  std::int32_t ReadImageList(const std::string& path, ImagePairList& images);
+  /// Takes a calibration and its board points from the caller's record. Returns 0.
+  std::int32_t ConvertCalibParams(const ExportedCalibParams& source, StereoCalibParams& calib);
+
+  // Runs. On status 0 the records are in `results`; otherwise the run's error text is in `errorText`.
+  std::int32_t RunImageSet(const std::string& targetConfigPath, ImagePairList images, const StereoCalibParams& calib,
+                           const ProgressCallback* progress);
+  std::int32_t RunFrames(const std::string& targetConfigPath, ImagePairList images, const StereoCalibParams& calib,
+                         const ProgressCallback* progress);
+  std::int32_t RunRectified(const std::string& targetConfigPath, ImagePairList images,
+                            const RectifiedGeometry& geometry, const ProgressCallback* progress);
+  /// The place for deriving temperature coefficients; there is no model yet, so it only takes its inputs. Returns 0.
+  std::int32_t TempCompensateRun(const std::string& targetConfigPath, const ImagePairList& images,
+                                 const StereoCalibParams& calib);
+
+  /// Copies the results to the caller; 8 without results, the caller's vector then stays.
+  std::int32_t FetchResults(std::vector<PolarResultRecord>& target);
+
+  std::string lastError() const { return errorText; }
+  std::int32_t frameWork() const { return config.frame_work; }
+
+  PolarConfig config;
+  std::string errorText;
+  std::vector<PolarResultRecord> results;
+  /// True positions that came with the caller's calibration record; empty otherwise, and what needs them then stays
+  /// silent.
+  std::vector<cv::Point3f> boardPoints;
+
+ private:
+  std::int32_t InitCore();
+  RunArguments runArguments(const std::string& targetConfigPath, ImagePairList images,
+                            const ProgressCallback* progress) const;
+  template <typename Prepare, typename Run>
+  std::int32_t runCore(const ProgressCallback* progress, Prepare prepare, Run run);
+
+  std::unique_ptr<PolarCore> core_;
+};
+
+/// The caller's geometry in the run's form, board points narrowed.
+RectifiedGeometry rectifiedGeometry(const RectifiedParams& rectified);

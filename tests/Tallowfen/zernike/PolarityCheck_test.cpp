@@ -1,0 +1,137 @@
+#include "Tallowfen/src/zernike/PolarityCheck.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <opencv2/imgproc.hpp>
+
+#include "BoxOutline.h"
+#include "StepImage.h"
+#include "support/ConsoleCapture.h"
+
+namespace {
+
+using kestrune::circularityOf;
+using kestrune::Contour;
+using kestrune::findContoursByLocalMean;
+using kestrune::PolarityCheck;
+
+struct Check {
+  explicit Check(const cv::Mat& grey) {
+    findContoursByLocalMean(grey, 37, cv::THRESH_BINARY, bin, contours, hierarchy);
+    before = bin.clone();
+    const ConsoleCapture console;
+    PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+    printed = console.out();
+    inverted = cv::countNonZero(bin != before) > 0;
+  }
+  cv::Mat bin, before;
+  std::vector<Contour> contours, candidates;
+  std::vector<cv::Vec4i> hierarchy;
+  std::string printed;
+  bool inverted = false;
+};
+
+// A disc of radius 12 has an outline of some 68 pixels.
+TEST(PolarityCheck, BrightDotsStandAsTheyAre) {
+  const Check check(renderDiscs(240, 4, 40, 52, 12, 215, 25));
+  EXPECT_EQ(check.printed, "*****inner_counter:16\n");
+  EXPECT_FALSE(check.inverted);
+}
+
+// Dark dots are holes of the bright ground and have a parent, so that none is counted.
+TEST(PolarityCheck, DarkDotsAreTheInvertedCase) {
+  const Check check(renderDiscs(240, 4, 40, 52, 12, 25, 215));
+  EXPECT_EQ(check.printed, "*****inner_counter:0\n");
+  EXPECT_TRUE(check.inverted);
+  EXPECT_EQ(check.candidates.size(), 16U) << "holes are candidates too";
+  EXPECT_EQ(cv::countNonZero(check.bin + check.before != 255), 0);
+  EXPECT_EQ(std::ranges::count_if(check.hierarchy, [](const cv::Vec4i& h) { return h[3] == -1; }),
+            static_cast<std::ptrdiff_t>(check.contours.size()))
+      << "a dark disc of this size has no hole";
+}
+
+TEST(PolarityCheck, TenBrightDotsAreEnough) {
+  cv::Mat ten = renderDiscs(240, 4, 40, 52, 12, 215, 25);
+  ten(cv::Rect(118, 170, 122, 70)).setTo(25);  // Two of the last row,
+  ten.col(0).setTo(25);
+  ten(cv::Rect(0, 170, 118, 70)).setTo(25);   // the other two,
+  ten(cv::Rect(170, 118, 70, 52)).setTo(25);  // one of the third row,
+  ten(cv::Rect(170, 66, 70, 52)).setTo(25);   // and one of the second.
+  const Check check(ten);
+  EXPECT_EQ(check.printed, "*****inner_counter:10\n");
+  EXPECT_FALSE(check.inverted);
+
+  ten(cv::Rect(170, 0, 70, 66)).setTo(25);
+  const Check nine(ten);
+  EXPECT_EQ(nine.printed, "*****inner_counter:9\n");
+  EXPECT_TRUE(nine.inverted);
+}
+
+// The outline of a disc of radius 10 has 56 pixels: fewer than 60 do not count.
+TEST(PolarityCheck, SmallBrightDotsDoNotCount) {
+  const Check check(renderDiscs(240, 4, 40, 52, 10, 215, 25));
+  EXPECT_EQ(check.printed, "*****inner_counter:0\n");
+  EXPECT_TRUE(check.inverted);
+}
+
+struct OutlineCase {
+  const char* name;
+  Contour contour;
+  bool counted;
+};
+
+class OutlineOfADot : public testing::TestWithParam<OutlineCase> {};
+
+// Ten of the same, of which none has a parent: all count or none.
+TEST_P(OutlineOfADot, CountsWithinTheLimits) {
+  const cv::Mat grey(60, 60, CV_8UC1, cv::Scalar(128));
+  cv::Mat bin(60, 60, CV_8UC1, cv::Scalar(7));
+  std::vector<Contour> contours(10, GetParam().contour), candidates;
+  std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
+  const ConsoleCapture console;
+  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  EXPECT_EQ(console.out(), GetParam().counted ? "*****inner_counter:10\n" : "*****inner_counter:0\n");
+  EXPECT_EQ(candidates.size(), GetParam().counted ? 10U : 0U);
+  EXPECT_EQ(bin.at<uchar>(0, 0) == 7, GetParam().counted) << "thresholded anew when none counts";
+}
+
+// Boxes of 80 x 28 and 80 x 27 have circularities of 0.603 and 0.593.
+INSTANTIATE_TEST_SUITE_P(Ends, OutlineOfADot,
+                         testing::Values(OutlineCase{"SixtyPoints", boxOutline(15, 15), true},
+                                         OutlineCase{"FiftyNinePoints", onePointLess(boxOutline(15, 15)), false},
+                                         OutlineCase{"FiveHundredPoints", boxOutline(125, 125), true},
+                                         OutlineCase{"FiveHundredAndOne", onePointMore(boxOutline(125, 125)), false},
+                                         OutlineCase{"RoundEnough", boxOutline(80, 28), true},
+                                         OutlineCase{"TooLong", boxOutline(80, 27), false},
+                                         OutlineCase{"NoPerimeter", Contour(60, cv::Point(5, 5)), false}),
+                         [](const auto& entry) { return entry.param.name; });
+
+// Of ten dots one that has a parent is missing in the count, though a candidate.
+TEST(PolarityCheck, DotsWithAParentAreCandidatesOnly) {
+  const cv::Mat grey(60, 60, CV_8UC1, cv::Scalar(128));
+  cv::Mat bin(60, 60, CV_8UC1, cv::Scalar(7));
+  std::vector<Contour> contours(10, boxOutline(15, 15)), candidates;
+  std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
+  hierarchy[4][3] = 0;
+  const ConsoleCapture console;
+  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  EXPECT_EQ(console.out(), "*****inner_counter:9\n");
+  EXPECT_EQ(candidates.size(), 10U);
+  EXPECT_NE(bin.at<uchar>(0, 0), 7);
+}
+
+// The whole picture is one bright contour, with an outline too long to be a dot's.
+TEST(PolarityCheck, EmptyPictureIsInverted) {
+  const Check check(cv::Mat(200, 200, CV_8UC1, cv::Scalar(128)));
+  EXPECT_EQ(check.printed, "*****inner_counter:0\n");
+  EXPECT_TRUE(check.inverted);
+  EXPECT_TRUE(check.contours.empty());
+}
+
+TEST(Circularity, ByHand) {
+  EXPECT_NEAR(circularityOf({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), CV_PI / 4, 1e-12);
+  EXPECT_EQ(circularityOf({{5, 5}}), 0);
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+#include "Tallowfen/src/zernike/SubPixelCircleDetector.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <opencv2/imgproc.hpp>
+
+#include "BoxOutline.h"
+#include "StepImage.h"
+#include "support/ConsoleCapture.h"
+
+namespace {
+
+using kestrune::canBeDot;
+using kestrune::Ellipse;
+using kestrune::SubPixelCircleDetector;
+
+constexpr double kFirst = 40.3, kPitch = 52.4;
+
+cv::Mat discs(double radius, std::uint8_t disc, std::uint8_t ground) {
+  return renderDiscs(240, 4, kFirst, kPitch, radius, disc, ground);
+}
+
+std::vector<Ellipse> detect(const cv::Mat& image) {
+  const ConsoleCapture console;
+  std::vector<Ellipse> ellipses(3);
+  SubPixelCircleDetector(image, ellipses);
+  return ellipses;
+}
+
+void expectAllDiscs(const std::vector<Ellipse>& ellipses, double radius) {
+  for (int i = 0; i < 16; ++i) {
+    const double x = kFirst + kPitch * (i % 4), y = kFirst + kPitch * (i / 4);
+    const auto near = [&](const Ellipse& e) { return std::hypot(e.x - x, e.y - y) < 0.05; };
+    EXPECT_EQ(std::ranges::count_if(ellipses, near), 1) << x << ", " << y;
+  }
+  for (const Ellipse& ellipse : ellipses) EXPECT_NEAR(ellipse.semi_a, radius, 0.5);
+}
+
+TEST(SubPixelCircleDetector, DarkDotsOnBright) {
+  const std::vector<Ellipse> ellipses = detect(discs(12, 25, 215));
+  EXPECT_EQ(ellipses.size(), 16U);
+  expectAllDiscs(ellipses, 12);
+  for (const Ellipse& ellipse : ellipses) {
+    EXPECT_EQ(ellipse.sigma, 0);
+    EXPECT_EQ(ellipse.id, -1);
+    EXPECT_EQ(ellipse.point_class, kestrune::morvenkit::kRejected);
+    EXPECT_GT(ellipse.roundness, 0.95);
+    EXPECT_GE(ellipse.edge_points.size(), 30U);
+  }
+}
+
+TEST(SubPixelCircleDetector, BrightDotsOnDark) {
+  const std::vector<Ellipse> ellipses = detect(discs(12, 215, 25));
+  EXPECT_EQ(ellipses.size(), 16U);
+  expectAllDiscs(ellipses, 12);
+}
+
+TEST(SubPixelCircleDetector, CallersPictureIsNotSmoothed) {
+  const cv::Mat image = discs(12, 25, 215), kept = image.clone();
+  detect(image);
+  EXPECT_EQ(cv::countNonZero(image != kept), 0);
+}
+
+TEST(SubPixelCircleDetector, ColoursAreMadeGrey) {
+  const cv::Mat grey = discs(12, 25, 215);
+  cv::Mat colour;
+  cv::cvtColor(grey, colour, cv::COLOR_GRAY2BGR);
+  const std::vector<Ellipse> fromGrey = detect(grey), fromColour = detect(colour);
+  ASSERT_EQ(fromColour.size(), fromGrey.size());
+  for (std::size_t i = 0; i < fromGrey.size(); ++i) EXPECT_EQ(fromColour[i].x, fromGrey[i].x);
+}
+
+// A view into a larger picture has rows longer than the image is wide; its smoothed copy has not.
+TEST(SubPixelCircleDetector, ViewIntoALargerPicture) {
+  cv::Mat larger(300, 400, CV_8UC1, cv::Scalar(215));
+  discs(12, 25, 215).copyTo(larger(cv::Rect(50, 30, 240, 240)));
+  const std::vector<Ellipse> ellipses = detect(larger(cv::Rect(50, 30, 240, 240)));
+  EXPECT_EQ(ellipses.size(), 16U);
+  expectAllDiscs(ellipses, 12);
+}
+
+// Outlines of fewer than 30 pixels are no dots: a radius of 4 px makes 24, one of 6.5 px 36.
+TEST(SubPixelCircleDetector, SmallDotsAreLeftOut) {
+  EXPECT_TRUE(detect(discs(4, 25, 215)).empty());
+  EXPECT_EQ(detect(discs(6.5, 25, 215)).size(), 16U);
+}
+
+TEST(CanBeDot, FromThirtyToFiveHundredPoints) {
+  const cv::Vec4i top = cv::Vec4i::all(-1);
+  const auto thirty = boxOutline(8, 7), most = boxOutline(125, 125);
+  EXPECT_FALSE(canBeDot(onePointLess(thirty), top));
+  EXPECT_TRUE(canBeDot(thirty, top));
+  EXPECT_TRUE(canBeDot(most, top));
+  EXPECT_FALSE(canBeDot(onePointMore(most), top));
+}
+
+// Boxes of 80 x 10 and 80 x 9 have circularities of 0.310 and 0.286.
+TEST(CanBeDot, MustBeRoundEnough) {
+  const cv::Vec4i top = cv::Vec4i::all(-1);
+  EXPECT_TRUE(canBeDot(boxOutline(80, 10), top));
+  EXPECT_FALSE(canBeDot(boxOutline(80, 9), top));
+}
+
+TEST(CanBeDot, OnlyWithoutAParent) {
+  EXPECT_TRUE(canBeDot(boxOutline(15, 15), {3, 4, 5, -1}));
+  EXPECT_FALSE(canBeDot(boxOutline(15, 15), {-1, -1, -1, 0}));
+}
+
+TEST(SubPixelCircleDetector, EmptyPictureHasNoDots) {
+  EXPECT_TRUE(detect(cv::Mat(100, 100, CV_8UC1, cv::Scalar(128))).empty());
+}
+
+TEST(SubPixelCircleDetector, SixteenBitPictureEndsInAnException) {
+  std::vector<Ellipse> ellipses;
+  EXPECT_THROW(SubPixelCircleDetector(cv::Mat(100, 100, CV_16UC1, cv::Scalar(9)), ellipses), cv::Exception);
+}
+
+}  // namespace

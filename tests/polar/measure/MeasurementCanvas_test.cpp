@@ -1,0 +1,101 @@
+#include "polar/measure/MeasurementCanvas.h"
+
+#include <gtest/gtest.h>
+
+#include <opencv2/imgproc.hpp>
+
+namespace {
+
+cv::Vec3b at(const MeasurementCanvas& canvas, int column, int row) {
+  return canvas.picture().at<cv::Vec3b>(row, column);
+}
+
+TEST(MeasurementCanvas, GreyPairStandsSideBySideInThreeChannels) {
+  const MeasurementCanvas canvas(cv::Mat(4, 5, CV_8UC1, cv::Scalar(10)), cv::Mat(4, 5, CV_8UC1, cv::Scalar(20)));
+  ASSERT_EQ(canvas.picture().size(), cv::Size(10, 4));
+  ASSERT_EQ(canvas.picture().type(), CV_8UC3);
+  EXPECT_EQ(at(canvas, 4, 3), cv::Vec3b(10, 10, 10));
+  EXPECT_EQ(at(canvas, 5, 0), cv::Vec3b(20, 20, 20));
+}
+
+TEST(MeasurementCanvas, BothHalvesOfASixteenBitPairShareOneStretch) {
+  const MeasurementCanvas canvas(cv::Mat(4, 5, CV_16UC1, cv::Scalar(1000)), cv::Mat(4, 5, CV_16UC1, cv::Scalar(3000)));
+  EXPECT_EQ(at(canvas, 0, 0), cv::Vec3b(0, 0, 0));
+  EXPECT_EQ(at(canvas, 9, 0), cv::Vec3b(255, 255, 255));
+}
+
+TEST(MeasurementCanvas, ColoursTurnGrey) {
+  const cv::Mat blue(4, 5, CV_8UC3, cv::Scalar(255, 0, 0));
+  EXPECT_EQ(at(MeasurementCanvas(blue, blue), 2, 2), cv::Vec3b(29, 29, 29));
+}
+
+TEST(MeasurementCanvas, ImagesOfDifferentSizeOrTypeAreRefused) {
+  const cv::Mat image = cv::Mat::zeros(4, 5, CV_8UC1);
+  EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 6, CV_8UC1)), cv::Exception);
+  EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 5, CV_16UC1)), cv::Exception);
+}
+
+TEST(MeasurementCanvas, EmptyImageLeavesItBlack) {
+  const cv::Mat image(4, 5, CV_16UC1, cv::Scalar(50));
+  EXPECT_EQ(MeasurementCanvas(image, cv::Mat()).picture().size(), cv::Size(10, 4));
+  EXPECT_TRUE(MeasurementCanvas(cv::Mat(), image).picture().empty());
+}
+
+/// A pair of differing grey images and the picture that they make side by side.
+struct MarkedCanvas : testing::Test {
+  cv::Mat left = cv::Mat(120, 200, CV_8UC1, cv::Scalar(40));
+  cv::Mat right = cv::Mat(120, 200, CV_8UC1, cv::Scalar(90));
+  cv::Mat expected = cv::Mat(120, 400, CV_8UC3, cv::Scalar::all(40));
+  MeasurementCanvas canvas = MeasurementCanvas(left, right);
+
+  MarkedCanvas() { expected.colRange(200, 400).setTo(cv::Scalar::all(90)); }
+  void expectPicture() const { EXPECT_EQ(cv::norm(canvas.picture(), expected, cv::NORM_INF), 0.0); }
+};
+
+TEST_F(MarkedCanvas, UnmarkedItIsTheTwoImages) { expectPicture(); }
+
+TEST_F(MarkedCanvas, ChosenPointGetsACircleAndItsId) {
+  const cv::Scalar red(0, 0, 255);
+  canvas.markPoint(Side::kLeft, 7, {30.6, 80.4});
+  cv::circle(expected, {31, 80}, 2, red, 1, cv::LINE_8);
+  cv::putText(expected, "7", {51, 85}, cv::FONT_HERSHEY_SIMPLEX, 1.0, red, 1, cv::LINE_8);
+  expectPicture();
+  canvas.markPoint(Side::kRight, 12, {50.4, 60.6});
+  cv::circle(expected, {250, 61}, 2, red, 1, cv::LINE_8);
+  cv::putText(expected, "12", {270, 66}, cv::FONT_HERSHEY_SIMPLEX, 1.0, red, 1, cv::LINE_8);
+  expectPicture();
+}
+
+TEST_F(MarkedCanvas, PointsMoveToTheRightInSinglePrecision) {
+  // As a float 51.499992, plus 200, is a tie that ends at 251.5.
+  const cv::Scalar red(0, 0, 255);
+  canvas.markPoint(Side::kRight, 1, {51.499992, 60});
+  cv::circle(expected, {252, 60}, 2, red, 1, cv::LINE_8);
+  cv::putText(expected, "1", {272, 65}, cv::FONT_HERSHEY_SIMPLEX, 1.0, red, 1, cv::LINE_8);
+  expectPicture();
+}
+
+TEST_F(MarkedCanvas, EdgesAreGreenOnTheLeftAndBlueOnTheRight) {
+  canvas.markEdge(Side::kLeft, {{20.4F, 30.6F}, {60.0F, 70.0F}});
+  cv::circle(expected, {20, 31}, 1, cv::Scalar(0, 255, 0), 1, cv::LINE_8);
+  cv::circle(expected, {60, 70}, 1, cv::Scalar(0, 255, 0), 1, cv::LINE_8);
+  expectPicture();
+  canvas.markEdge(Side::kRight, {{20.4F, 30.6F}});
+  cv::circle(expected, {220, 31}, 1, cv::Scalar(255, 0, 0), 1, cv::LINE_8);
+  expectPicture();
+  canvas.markEdge(Side::kRight, {});
+  expectPicture();
+}
+
+TEST(MeasurementCanvas, EdgesAreRoundedToTheNearestPixel) {
+  const cv::Mat black = cv::Mat::zeros(60, 80, CV_8UC1);
+  MeasurementCanvas canvas(black, black);
+  canvas.markEdge(Side::kRight, {{20.45F, 30.45F}});
+  // A circle of radius 1 round (100, 30).
+  EXPECT_EQ(at(canvas, 99, 30), cv::Vec3b(255, 0, 0));
+  EXPECT_EQ(at(canvas, 100, 29), cv::Vec3b(255, 0, 0));
+  EXPECT_EQ(at(canvas, 102, 30), cv::Vec3b(0, 0, 0));
+  EXPECT_EQ(at(canvas, 100, 32), cv::Vec3b(0, 0, 0));
+}
+
+}  // namespace

@@ -1,0 +1,107 @@
+#include "polar/results/ResultRecords.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+PairEvaluator numberedEvaluator() {
+  PairEvaluator evaluator(std::make_shared<const PolarConfig>());
+  evaluator.tri_mean = 0.1F;
+  evaluator.tri_min = 2;
+  evaluator.tri_max = 3;
+  evaluator.tri_rms = 4;
+  evaluator.tri_dis = {1, 2, 3, 4, 5, 6, 7, 8};
+  evaluator.dy_means = 5;
+  evaluator.dy_min = 6;
+  evaluator.dy_max = 7;
+  evaluator.pol_dis = {8, 7, 6, 5, 4, 3, 2, 1};
+  evaluator.id_dis = {0.25, 0.5};
+  evaluator.dis_rms = 9;
+  evaluator.nor_rms = 10;
+  evaluator.zero_dis = 11;
+  evaluator.detect_canvas = cv::Mat(2, 4, CV_8UC3, cv::Scalar(1, 2, 3));
+  evaluator.PoseReport = {1, 2, 3, 4, 5, 6, 7, 8};
+  evaluator.icp_x_rms = 12;
+  evaluator.icp_y_rms = 13;
+  evaluator.icp_z_rms = 14;
+  evaluator.icp_nor_rms = 15;
+  evaluator.frameValues = {16.5};
+  evaluator.gt_rms = 0.3F;
+  evaluator.space_rms = 0.123456789012345;
+  PairPointRecord point;
+  point.id = 7;
+  point.left_x = 1.5F;
+  point.left_y = 2.5F;
+  point.right_x = 3.5F;
+  point.right_y = 4.5F;
+  point.x = 5.5F;
+  point.y = 6.5F;
+  point.z = 7.5F;
+  point.right_err = 8.5F;
+  point.dis_errors = {{8, 0.5F}};
+  point.nor_errors = {{8, 0.25F}};
+  point.dis_rms = 9.5F;
+  point.nor_rms = 10.5F;
+  evaluator.pairPoints = {point};
+  return evaluator;
+}
+
+std::vector<PolarResultRecord> exported(const PairEvaluator& evaluator) {
+  std::vector<RunResultRecord> records(1);
+  FillResultRecord(evaluator, records[0]);
+  std::vector<PolarResultRecord> results(3);
+  EXPECT_EQ(ExportResults(std::move(records), results), 0);
+  return results;
+}
+
+TEST(ResultRecords, EveryFigureReachesTheCaller) {
+  const auto results = exported(numberedEvaluator());
+  ASSERT_EQ(results.size(), 1U);
+  const PolarResultRecord& r = results[0];
+  EXPECT_EQ(r.tri_mean, static_cast<double>(0.1F));
+  EXPECT_EQ(std::make_tuple(r.tri_min, r.tri_max, r.tri_rms), std::make_tuple(2.0, 3.0, 4.0));
+  EXPECT_EQ(r.tri_dis, (std::array<double, 8>{1, 2, 3, 4, 5, 6, 7, 8}));
+  EXPECT_EQ(std::make_tuple(r.dy_means, r.dy_min, r.dy_max), std::make_tuple(5.0, 6.0, 7.0));
+  EXPECT_EQ(r.pol_dis, (std::array<double, 8>{8, 7, 6, 5, 4, 3, 2, 1}));
+  EXPECT_EQ(r.id_dis, (std::vector<double>{0.25, 0.5}));
+  EXPECT_EQ(std::make_tuple(r.dis_rms, r.nor_rms, r.zero_dis), std::make_tuple(9.0, 10.0, 11.0));
+  EXPECT_EQ(r.PoseReport, (std::array<double, 8>{1, 2, 3, 4, 5, 6, 7, 8}));
+  EXPECT_EQ(std::make_tuple(r.icp_x_rms, r.icp_y_rms, r.icp_z_rms, r.icp_nor_rms),
+            std::make_tuple(12.0F, 13.0F, 14.0F, 15.0F));
+  EXPECT_EQ(r.frameValues, std::vector<double>{16.5});
+  EXPECT_EQ(r.gt_rms, static_cast<double>(0.3F));
+  EXPECT_EQ(r.space_rms, 0.123456789012345);
+  ASSERT_EQ(r.detect_canvas.size(), cv::Size(4, 2));
+  EXPECT_EQ(r.detect_canvas.at<cv::Vec3b>(1, 3), cv::Vec3b(1, 2, 3));
+}
+
+TEST(ResultRecords, PointsKeepWhatTheCallerGets) {
+  const auto results = exported(numberedEvaluator());
+  ASSERT_EQ(results[0].pairPoints.size(), 1U);
+  const TriPointRecord& p = results[0].pairPoints[0];
+  EXPECT_EQ(p.id, 7);
+  EXPECT_EQ(std::make_tuple(p.left_x, p.left_y, p.right_x, p.right_y), std::make_tuple(1.5F, 2.5F, 3.5F, 4.5F));
+  EXPECT_EQ(std::make_tuple(p.x, p.y, p.z), std::make_tuple(5.5F, 6.5F, 7.5F));
+  EXPECT_EQ(p.dis_errors, (std::vector<std::pair<std::int32_t, float>>{{8, 0.5F}}));
+  EXPECT_EQ(p.dis_rms, 9.5F);
+}
+
+TEST(ResultRecords, CanvasIsTheRecordsOwn) {
+  PairEvaluator evaluator = numberedEvaluator();
+  RunResultRecord record;
+  FillResultRecord(evaluator, record);
+  evaluator.detect_canvas.setTo(cv::Scalar(9, 9, 9));
+  EXPECT_EQ(record.detect_canvas.at<cv::Vec3b>(1, 3), cv::Vec3b(1, 2, 3));
+}
+
+TEST(ResultRecords, EvaluatorKeepsItsFiguresForTheNextPair) {
+  const PairEvaluator evaluator = numberedEvaluator();
+  exported(evaluator);
+  EXPECT_EQ(evaluator.pairPoints[0].dis_errors.size(), 1U);
+  EXPECT_EQ(evaluator.id_dis.size(), 2U);
+}
+
+}  // namespace

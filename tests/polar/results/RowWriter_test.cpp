@@ -1,0 +1,87 @@
+#include "polar/results/RowWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <locale>
+#include <random>
+#include <sstream>
+#include <string>
+
+namespace {
+
+template <typename... Cells>
+std::string written(const Cells&... cells) {
+  std::ostringstream stream;
+  { RowWriter(stream).row(cells...); }
+  return stream.str();
+}
+
+template <typename Number>
+std::string streamed(Number value) {
+  std::ostringstream stream;
+  stream.imbue(std::locale::classic());
+  stream << value;
+  return stream.str();
+}
+
+TEST(RowWriter, CellsAreSeparatedByCommas) {
+  EXPECT_EQ(written(12, "rms", 0.5F), "12,rms,0.5\n");
+  EXPECT_EQ(written("id_", " ", "x"), "id_, ,x\n");
+  EXPECT_EQ(written(""), "\n");
+}
+
+TEST(RowWriter, SpecialNumbersReadAsTheStreamsOwn) {
+  for (const double value : {0.0, -0.0, 1.0, -17.4618, 1e-5, 123456.0, 1234567.0, 999999.5, 0.0001, 0.00001, 1e300,
+                             std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+                             std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::quiet_NaN(),
+                             std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::max()}) {
+    EXPECT_EQ(written(value), streamed(value) + "\n");
+    EXPECT_EQ(written(static_cast<float>(value)), streamed(static_cast<float>(value)) + "\n");
+  }
+}
+
+TEST(RowWriter, RandomFloatsReadAsTheStreamsOwn) {
+  std::mt19937 random(5);
+  std::ostringstream expected;
+  std::ostringstream stream;
+  {
+    RowWriter writer(stream);
+    for (std::int32_t k = 0; k < 20000; ++k) {
+      const float value =
+          std::ldexp(static_cast<float>(random()) - 2147483648.0F, static_cast<int>(random() % 80) - 60);
+      expected << k - 10000 << ',' << value << '\n';
+      writer.row(k - 10000, value);
+    }
+  }
+  EXPECT_EQ(stream.str(), expected.str());
+}
+
+TEST(RowWriter, LongTextGoesThroughWhole) {
+  const std::string text(100000, 'x');
+  EXPECT_EQ(written(text), text + "\n");
+}
+
+TEST(RowWriter, FailedStreamTakesNothing) {
+  std::ostringstream stream;
+  stream.setstate(std::ios::failbit);
+  {
+    RowWriter writer(stream);
+    writer.row(1, 2.0F);
+  }
+  stream.clear();
+  EXPECT_EQ(stream.str(), "");
+}
+
+TEST(RowWriter, FlushHandsOverAtOnce) {
+  std::ostringstream stream;
+  RowWriter writer(stream);
+  writer.row(1);
+  EXPECT_EQ(stream.str(), "");
+  writer.flush();
+  EXPECT_EQ(stream.str(), "1\n");
+}
+
+}  // namespace

@@ -1,0 +1,300 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <opencv2/imgcodecs.hpp>
+
+#include "PolarLinePrecision/Status.h"
+#include "polar/run/PolarCore.h"
+#include "support/RunFixture.h"
+
+namespace {
+
+using ::testing::HasSubstr;
+
+struct ImageSet : ::testing::Test, RunFixture {
+  std::int32_t run() {
+    applyConfig();
+    return core.ImageSetRun(arguments, calib);
+  }
+};
+
+constexpr const char* kBareRow = "_PolarVersion_: 1.3.3\n";
+
+TEST_F(ImageSet, ProgressOfThreePairsIsFormedInSinglePrecision) {
+  pairs(3);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(reported, (std::vector<float>{0.003F, 33.0029983520507812F, 66.0029983520507812F, 99.0029983520507812F}));
+  EXPECT_EQ(core.records.size(), 3U);
+}
+
+TEST_F(ImageSet, OnePairReports99003) {
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  ASSERT_EQ(reported.size(), 2U);
+  EXPECT_EQ(reported[1], 1.0F * 99.0F + 0.003F);
+  EXPECT_THAT(console.out(), HasSubstr("--------LoadImageFrames ------1\t----time:"));
+  EXPECT_THAT(console.out(), HasSubstr("\t-----callback:99.003\n"));
+}
+
+TEST_F(ImageSet, SummaryEndsInAnEmptyLine) {
+  pairs(2);
+  run();
+  EXPECT_EQ(folder.read("align_data_0.csv"),
+            std::string("id \nImages_num_: 1") + kBareRow + "Images_num_: 2" + kBareRow + "\n");
+}
+
+TEST_F(ImageSet, ThirdRunOnAFolderWritesTheThirdFile) {
+  folder.write("align_data_0.csv", "old");
+  folder.write("align_data_1.csv", "older");
+  pairs(1);
+  run();
+  EXPECT_TRUE(folder.has("align_data_2.csv"));
+  EXPECT_EQ(folder.read("align_data_0.csv"), "old");
+}
+
+TEST_F(ImageSet, OtherEvaluationValuesMakeRecordsWithoutAFile) {
+  pairs(2);
+  arguments.evaluation = 2;
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 2U);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_F(ImageSet, NoFolderWithoutSavedPolarLines) {
+  config.dy_bias_switch = 1;
+  pairs(1, 400, 300);
+  run();
+  EXPECT_FALSE(folder.has("result"));
+}
+
+TEST_F(ImageSet, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
+  config.savepolarline = 1;
+  config.foursixmethod_swithch = 1;
+  pairs(1, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(folder.has("result/0.png"));
+  EXPECT_TRUE(folder.has("result_left/0_left.png"));
+  EXPECT_TRUE(folder.has("result_right/0_right.png"));
+}
+
+TEST_F(ImageSet, SavedPicturesAreLeftRightAndBothWithTheirLines) {
+  config.savepolarline = 1;
+  config.foursixmethod_swithch = 1;
+  arguments.type = 5;  // Unwarped.
+  const cv::Mat left(90, 120, CV_8UC1, cv::Scalar(60));
+  const cv::Mat right(90, 120, CV_8UC1, cv::Scalar(200));
+  arguments.images = {{left}, {right}};
+  arguments.targetConfigPath = "";
+  EXPECT_EQ(run(), 0);
+  const auto saved = [&](const char* name) { return cv::imread(folder.file(name), cv::IMREAD_UNCHANGED); };
+  const auto isAll = [](const cv::Mat& picture, const cv::Scalar& colour) {
+    return picture.type() == CV_8UC3 && cv::norm(picture, cv::Mat(picture.size(), CV_8UC3, colour), cv::NORM_INF) == 0;
+  };
+  EXPECT_TRUE(isAll(saved("result_left/0_left.png"), {60, 60, 60}));
+  EXPECT_TRUE(isAll(saved("result_right/0_right.png"), {200, 200, 200}));
+  const cv::Mat both = saved("result/0.png");
+  ASSERT_EQ(both.size(), cv::Size(240, 90));
+  EXPECT_TRUE(isAll(both.row(64), {0, 255, 0}));
+  EXPECT_TRUE(isAll(both(cv::Rect(0, 65, 120, 25)), {60, 60, 60}));
+  EXPECT_TRUE(isAll(both(cv::Rect(120, 65, 120, 25)), {200, 200, 200}));
+}
+
+TEST_F(ImageSet, FolderThatCannotBeMadeEndsTheRun) {
+  config.savepolarline = 1;
+  config.result_folder = folder.file("missing/below");
+  pairs(1);
+  EXPECT_EQ(run(), polar_status::kResultFolder);
+  EXPECT_EQ(core.errorText, "Make result file error!");
+  EXPECT_EQ(console.out(), "Make result file error!\n");
+}
+
+TEST_F(ImageSet, AllThreeFoldersAreTriedBeforeTheVerdict) {
+  config.savepolarline = 1;
+  folder.write("result_left", "a file is found by the test for existence, so this one counts as made");
+  pairs(0);
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_right"));
+}
+
+TEST_F(ImageSet, FoldersMadeBesideTheOneThatFailsRemain) {
+  config.savepolarline = 1;
+  std::filesystem::create_symlink(folder.path() / "nowhere", folder.path() / "result");
+  pairs(0);
+  EXPECT_EQ(run(), polar_status::kResultFolder);
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_left"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_right"));
+  EXPECT_FALSE(folder.has("align_data_0.csv"));
+}
+
+class WrongNumberOfLists : public ::testing::TestWithParam<std::size_t> {};
+
+TEST_P(WrongNumberOfLists, IsNoStereoSetAndTouchesNoFile) {
+  RunFixture f;
+  f.applyConfig();
+  f.arguments.images.resize(GetParam());
+  EXPECT_EQ(f.core.ImageSetRun(f.arguments, f.calib), polar_status::kImages);
+  EXPECT_EQ(f.core.errorText, "Read image Error!");
+  EXPECT_TRUE(std::filesystem::is_empty(f.folder.path()));
+  EXPECT_TRUE(f.reported.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Lists, WrongNumberOfLists, ::testing::Values(0U, 1U, 3U));
+
+TEST_F(ImageSet, EmptyImageEndsTheRunAndLeavesTheSummarySoFar) {
+  pairs(3);
+  arguments.images[1][1] = cv::Mat();
+  EXPECT_EQ(run(), polar_status::kImages);
+  EXPECT_EQ(core.errorText, "Read image Error!");
+  EXPECT_THAT(console.out(), HasSubstr("The image is empty!\n"));
+  EXPECT_EQ(folder.read("align_data_0.csv"), std::string("id \nImages_num_: 1") + kBareRow);
+}
+
+TEST_F(ImageSet, ShorterRightListFailsOnTheAccess) {
+  pairs(2);
+  arguments.images[1].pop_back();
+  applyConfig();
+  EXPECT_THROW(core.ImageSetRun(arguments, calib), std::out_of_range);
+}
+
+TEST_F(ImageSet, NoPairsIsSuccessWithoutRecords) {
+  pairs(0);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(folder.read("align_data_0.csv"), "id \n\n");
+  EXPECT_EQ(reported, std::vector<float>{0.003F});
+}
+
+TEST_F(ImageSet, PolyWithoutTablesFailsAfterTheSummaryWasMade) {
+  pairs(1);
+  arguments.type = 3;
+  calib.left.poly_nx = calib.left.poly_ny = calib.right.poly_nx = 1;
+  EXPECT_EQ(run(), polar_status::kPolyTables);
+  EXPECT_EQ(core.errorText, "Read Poly Params Error!");
+  EXPECT_EQ(folder.read("align_data_0.csv"), "id \n");
+  EXPECT_TRUE(reported.empty());
+}
+
+TEST_F(ImageSet, CallbackStopsBeforeTheFirstPair) {
+  pairs(1);
+  stop_at = 0.003F;
+  EXPECT_EQ(run(), polar_status::kStoppedByCallback);
+  EXPECT_EQ(core.errorText, "Callback Terminated!");
+  EXPECT_TRUE(core.records.empty());
+}
+
+TEST_F(ImageSet, CallbackStopsAfterAPairWhichThenGetsNoRecord) {
+  pairs(3);
+  stop_at = 60.0F;
+  EXPECT_EQ(run(), polar_status::kStoppedByCallback);
+  EXPECT_EQ(core.records.size(), 1U);
+  EXPECT_EQ(folder.read("align_data_0.csv"), std::string("id \nImages_num_: 1") + kBareRow);
+}
+
+TEST_F(ImageSet, NullCallbackIsNone) {
+  pairs(1);
+  arguments.progress = nullptr;
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(reported.empty());
+}
+
+TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
+  pairs(3);
+  arguments.crop = 1;
+  arguments.cropped_cols = 31;  // dx = (40 - 31) / 2 = 4
+  arguments.cropped_rows = 25;  // dy = (30 - 25) / 2 = 2
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 3 * 4);
+  EXPECT_EQ(core.left.K.at<double>(1, 2), 15.0 - 3 * 2);
+  EXPECT_EQ(core.right.K.at<double>(0, 2), 21.0 - 3 * 4);
+  EXPECT_EQ(core.right.K.at<double>(1, 2), 16.0 - 3 * 2);
+  EXPECT_EQ(arguments.images[0][0].cols, 40);
+}
+
+TEST_F(ImageSet, CropIsTakenForEachImageByItself) {
+  pairs(1);
+  arguments.images[1][0] = cv::Mat(35, 50, CV_8UC1, cv::Scalar(90));
+  arguments.crop = 1;
+  arguments.cropped_cols = 31;
+  arguments.cropped_rows = 25;
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 4);
+  EXPECT_EQ(core.left.K.at<double>(1, 2), 15.0 - 2);
+  EXPECT_EQ(core.right.K.at<double>(0, 2), 21.0 - 9);
+  EXPECT_EQ(core.right.K.at<double>(1, 2), 16.0 - 5);
+}
+
+struct BadCrop {
+  int cols, rows;
+};
+class ImpossibleCrop : public ::testing::TestWithParam<BadCrop> {};
+
+TEST_P(ImpossibleCrop, RaisesTheLibrarysException) {
+  RunFixture f;
+  f.pairs(1);
+  f.applyConfig();
+  f.arguments.crop = 1;
+  f.arguments.cropped_cols = GetParam().cols;
+  f.arguments.cropped_rows = GetParam().rows;
+  EXPECT_THROW(f.core.ImageSetRun(f.arguments, f.calib), cv::Exception);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, ImpossibleCrop,
+                         ::testing::Values(BadCrop{0, 10}, BadCrop{10, 0}, BadCrop{-1, 10}, BadCrop{41, 10},
+                                           BadCrop{10, 31}));
+
+TEST_F(ImageSet, FailedTriangulationGivesThePairUp) {
+  config.triangulate_dis_switch = 1;
+  pairs(2, 400, 300);  // Grey images without a board.
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.records.empty());
+  EXPECT_EQ(reported, std::vector<float>{0.003F});
+  EXPECT_THAT(console.out(), HasSubstr("CalTriangulateRepBrown\n"));
+}
+
+TEST_F(ImageSet, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
+  config.triangulate_residual_switch = 1;
+  config.discalsave = true;
+  pairs(2, 400, 300);
+  EXPECT_EQ(run(), polar_status::kTooFewDetected);
+  EXPECT_TRUE(core.records.empty());
+  EXPECT_EQ(folder.read("align_data_0.csv"), "id ,tri_rms, tri_mean, tri_min, tri_max\n")
+      << "without its last line end";
+}
+
+TEST_F(ImageSet, ImagesAreLetGoBehindTheirPair) {
+  pairs(1);
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.left_image.empty());
+  EXPECT_TRUE(core.right_image.empty());
+}
+
+TEST_F(ImageSet, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {
+  config.triangulate_residual_switch = 1;
+  config.discalsave = true;
+  arguments.targetConfigPath = "";
+  pairs(1, 400, 300);
+  EXPECT_EQ(run(), polar_status::kTargetConfig);
+  EXPECT_EQ(core.errorText, " Fail init camera model! ");
+}
+
+TEST_F(ImageSet, GivenUpRowDisparityAndBoardCheckLosePairsOnly) {
+  config.dy_bias_switch = 1;
+  pairs(1, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.records.empty());
+  config.dy_bias_switch = 0;
+  config.spaceRms_switch = true;
+  EXPECT_EQ(run(), 0);
+  EXPECT_TRUE(core.records.empty());
+  EXPECT_THAT(console.out(), HasSubstr("distortion model: Brown\n"));
+}
+
+TEST_F(ImageSet, OutputWithoutAPictureListFailsOnTheAccess) {
+  config.dy_bias_switch = 1;
+  config.x_y = 7;
+  pairs(1);
+  applyConfig();
+  EXPECT_THROW(core.ImageSetRun(arguments, calib), std::out_of_range);
+}
+
+}  // namespace
