@@ -35,27 +35,27 @@ void printVirtualCamera(const cv::Mat& Q) {
 
 }  // namespace
 
-void RectifyPair(const RectificationSettings& settings, cv::Mat& Q, std::vector<cv::Mat>& rectified,
-                 const cv::Mat& left_image, const cv::Mat& right_image, const StereoMatrices& cameras,
-                 cv::Mat& left_rectified, cv::Mat& right_rectified, const std::int32_t& type) {
-  rectified.clear();
+std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
+                                         const cv::Mat& left_image, const cv::Mat& right_image, std::int32_t type,
+                                         cv::Mat& Q) {
+  cv::Mat left = left_image;
+  cv::Mat right = right_image;
   if (hasRectification(type)) {
     const RectificationMaps maps = rectificationMaps(settings, cameras, left_image.size(), type);
     Q = maps.Q;
-    left_rectified = warped(left_image, maps.left);
-    right_rectified = warped(right_image, maps.right);
+    left = warped(left_image, maps.left);
+    right = warped(right_image, maps.right);
   }
-  if (left_rectified.empty()) left_rectified = left_image;
-  if (right_rectified.empty()) right_rectified = right_image;
-  left_rectified = drawablePicture(left_rectified);
-  right_rectified = drawablePicture(right_rectified);
-
+  left = drawablePicture(left);
+  right = drawablePicture(right);
   if (settings.x_y == kQuarterTurn) {
-    left_rectified = turnedClockwise(left_rectified);
-    right_rectified = turnedClockwise(right_rectified);
+    left = turnedClockwise(left);
+    right = turnedClockwise(right);
   }
+  std::optional<RectifiedPair> rectified;
   if (settings.x_y == kQuarterTurn || settings.x_y == kRowsAsTheyAre) {
-    rectified = {left_rectified, right_rectified, polarLineCanvas(left_rectified, right_rectified)};
+    rectified = RectifiedPair{left, right, polarLineCanvas(left, right)};
   }
   if (!Q.empty()) printVirtualCamera(Q);
+  return rectified;
 }

@@ -2,15 +2,14 @@
 
 #include <cstdint>
 #include <opencv2/core.hpp>
-#include <vector>
+#include <optional>
 
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 
 /// What the rectification takes from the run beside images and matrices.
 struct RectificationSettings {
   float f_scale = 1.0F;  ///< Exactly 1 selects the library's own rectification for the Brown types.
-  std::int32_t x_y =
-      0;  ///< 0 rows as they are, 1 turned a quarter clockwise; any other value leaves the list of pictures empty.
+  std::int32_t x_y = 0;  ///< 0 rows as they are, 1 turned a quarter clockwise; any other value: no layout.
   const PinholeCameraIntrinsicsPOL& left_camera;
   const PinholeCameraIntrinsicsPOL& right_camera;
 };
@@ -20,11 +19,18 @@ struct StereoMatrices {
   cv::Mat K1, D1, K2, D2, R, T;
 };
 
-/// Warps a pair into one virtual pinhole camera. `rectified` is emptied and gets the left image, the right image and
-/// the picture of both side by side with lines every 32 rows. `Q` gets the 4x4 reprojection matrix; it stays as it was
-/// for a `type` without a rectification (any but 0 to 3), whose outputs stay too, an empty one standing for its input
-/// image. One- and four-channel and 16-bit images become 8-bit colour; another type than that is refused by a
-/// `cv::Exception` where the picture of both is made. Prints the virtual camera unless `Q` is empty.
-void RectifyPair(const RectificationSettings& settings, cv::Mat& Q, std::vector<cv::Mat>& rectified,
-                 const cv::Mat& left_image, const cv::Mat& right_image, const StereoMatrices& cameras,
-                 cv::Mat& left_rectified, cv::Mat& right_rectified, const std::int32_t& type);
+/// A pair as one virtual pinhole camera sees it, 8-bit colour, and the picture of both side by side with lines every 32
+/// rows.
+struct RectifiedPair {
+  cv::Mat left;
+  cv::Mat right;
+  cv::Mat canvas;
+};
+
+/// Warps a pair into one virtual pinhole camera. `Q` gets the 4x4 reprojection matrix; it stays as it was for a `type`
+/// without a rectification (any but 0 to 3), whose pair stays unwarped. One- and four-channel and 16-bit images become
+/// 8-bit colour; another type than that is refused by a `cv::Exception` where the picture of both is made. None for an
+/// `x_y` that asks for no layout. Prints the virtual camera unless `Q` is empty.
+std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
+                                         const cv::Mat& left_image, const cv::Mat& right_image, std::int32_t type,
+                                         cv::Mat& Q);

@@ -2,7 +2,7 @@
 
 #include "PolarLinePrecision.h"
 #include "exports/ErrorChannel.h"
-#include "polar/results/ResultRow.h"
+#include "polar/results/Summary.h"
 
 char* GetPolarErrorInfo(char* buffer) {
   requireNonNull(buffer, "buffer");

@@ -6,7 +6,7 @@
 #include "exports/ErrorChannel.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
-#include "polar/run/TimedLine.h"
+#include "polar/run/RunTexts.h"
 
 namespace {
 
@@ -24,11 +24,11 @@ std::int32_t failWith(const PolarPrecision& precision, std::int32_t status) {
 }
 
 // The number is a constant of the line; the callback gets another.
-void printLoaded(Clock::time_point start) { printTimedLine("--------Load Parameters OK", start, 0.045); }
+void printLoaded(Clock::time_point start) { printTimedLine(run_texts::kLoaded, start, 0.045); }
 
 bool stoppedAt(const ProgressCallback* progress, float percentage) {
   if (progress == nullptr || (*progress)(percentage)) return false;
-  error_channel::take(kCallbackTerminated);
+  error_channel::take(run_texts::kCallTerminated);
   return true;
 }
 

@@ -6,6 +6,14 @@
 #include "camera/CameraIntrinsicsBase.h"
 #include "camera/CameraMatrices.h"
 
+/// Camera matrices and extrinsics that an evaluation works with: X_right = R X_left + T.
+struct EvaluationCameras {
+  cv::Mat left_K;
+  cv::Mat right_K;
+  cv::Mat R;
+  cv::Mat T;
+};
+
 /// The lens models of both cameras of a pair, on normalised points. What differs between Brown and polynomial
 /// evaluations beyond the formula is told by `marksFailures`.
 class CameraPairModel {

@@ -3,8 +3,8 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "polar/evaluate/PairEvaluator.h"
 #include "polar/geometry/CameraPairModel.h"
+#include "polar/results/PairRecords.h"
 
 /// The shared points of a pair, triangulated. All lists are in the order of the measured lists.
 struct TriangulatedPair {

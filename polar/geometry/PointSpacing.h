@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "polar/evaluate/PairEvaluator.h"
+#include "polar/results/PairRecords.h"
 
 /// Spacings in one direction against the true step, board unit.
 struct SpacingFigures {

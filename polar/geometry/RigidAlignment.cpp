@@ -1,3 +1,5 @@
+#include "polar/geometry/RigidAlignment.h"
+
 #include <Eigen/Dense>
 #include <cmath>
 #include <limits>
@@ -6,7 +8,6 @@
 #include <stdexcept>
 
 #include "platform/Console.h"
-#include "polar/evaluate/PairEvaluator.h"
 
 namespace {
 
@@ -83,9 +84,8 @@ std::array<float, 4> residualRms(const std::vector<cv::Point3f>& aligned, const 
 
 }  // namespace
 
-std::array<float, 4>& PairEvaluator::AlignRigid(std::array<float, 4>& rms, const std::vector<cv::Point3f>& source,
-                                                const std::vector<cv::Point3f>& target,
-                                                std::vector<cv::Point3f>& aligned) {
+std::array<float, 4>& AlignRigid(std::array<float, 4>& rms, const std::vector<cv::Point3f>& source,
+                                 const std::vector<cv::Point3f>& target, std::vector<cv::Point3f>& aligned) {
   if (source.empty() || source.size() != target.size()) {
     throw std::invalid_argument("Point sets must be non-empty and of the same size.");
   }

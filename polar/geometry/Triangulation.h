@@ -3,7 +3,6 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "polar/evaluate/PairEvaluator.h"
 #include "polar/geometry/CameraPairModel.h"
 
 /// Linear triangulation of one pair of raw pixels (Hartley and Zisserman 2003, 12.2): the point in the left camera

@@ -1,9 +1,10 @@
+#include "polar/measure/PairMeasurement.h"
+
 #include <algorithm>
 
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"
 #include "platform/Console.h"
-#include "polar/evaluate/PairEvaluator.h"
 #include "polar/measure/BoardPose.h"
 #include "polar/measure/EccentricityCompensation.h"
 #include "polar/measure/ImageNormalisation.h"
@@ -60,66 +61,73 @@ class CentreChoice {
   cv::Matx33d R_;
 };
 
-CentreChoice chooseCentres(PairEvaluator& evaluator, const RingTarget& target, const RingTarget::Points& points,
-                           const SideImage& side) {
-  if (!evaluator.eccentricity) return {};
-  console::line("use eccentricity!");
-  const BoardPose pose = estimateBoardPose(target, points, side.camera);
-  printPose(side.side, pose.report);
-  std::copy(pose.report.begin(), pose.report.end(), evaluator.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4));
-  return {side.camera.K, pose.R};
-}
-
 bool isChosenPoint(const PolarConfig& config, std::int32_t id) {
   return id == config.TriPoint1_ID || id == config.TriPoint2_ID || id == config.TriPoint3_ID ||
          id == config.TriPoint4_ID;
 }
 
-PairStatus measureSide(PairEvaluator& evaluator, RingTarget& target, const SideImage& side, MeasurementCanvas& canvas) {
-  if (side.image.empty()) {
-    evaluator.errorText = " Load Polar imagge fail!";
-    return polar_status::kImages;
-  }
-  RingTarget::Points points;
-  RingTarget::Points unidentified;
-  target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
-  console::line("detect point num : ", points.size());
-  if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
+/// One measurement: both sides go through it, the left first.
+class Measurement {
+ public:
+  Measurement(const MeasurementSettings& settings, MeasurementCanvas& canvas, PairFigures& figures)
+      : settings_(settings), canvas_(canvas), figures_(figures) {}
 
-  const CentreChoice centres = chooseCentres(evaluator, target, points, side);
-  for (const auto& point : points) {
-    if (isChosenPoint(evaluator.config(), point.id)) canvas.markPoint(side.side, point.id, {point.x, point.y});
-    keepFirst(side.by_id, point.id, centres.of(point, side.side, canvas));
+  PairStatus measureSide(RingTarget& target, const SideImage& side) {
+    RingTarget::Points points;
+    RingTarget::Points unidentified;
+    target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
+    console::line("detect point num : ", points.size());
+    if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
+
+    const CentreChoice centres = chooseCentres(target, points, side);
+    for (const auto& point : points) {
+      if (isChosenPoint(settings_.config, point.id)) canvas_.markPoint(side.side, point.id, {point.x, point.y});
+      keepFirst(side.by_id, point.id, centres.of(point, side.side, canvas_));
+    }
+    return polar_status::kSuccess;
   }
-  return polar_status::kSuccess;
-}
+
+ private:
+  CentreChoice chooseCentres(const RingTarget& target, const RingTarget::Points& points, const SideImage& side) {
+    if (!settings_.eccentricity) return {};
+    console::line("use eccentricity!");
+    const BoardPose pose = estimateBoardPose(target, points, side.camera);
+    printPose(side.side, pose.report);
+    const auto place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4);
+    std::copy(pose.report.begin(), pose.report.end(), place);
+    return {side.camera.K, pose.R};
+  }
+
+  const MeasurementSettings& settings_;
+  MeasurementCanvas& canvas_;
+  PairFigures& figures_;
+};
 
 }  // namespace
 
-PairStatus PairEvaluator::measure(const std::int32_t& evalu_model, const char* targetConfigPath,
-                                  const cv::Mat& left_image, const cv::Mat& right_image, MeasuredPair& pair) {
-  if (evalu_model == 0) return MeasurePairPoints(targetConfigPath, left_image, right_image, pair);
-  if (evalu_model == 1) return DetectPairPoints(targetConfigPath, left_image, right_image, pair);
-  return polar_status::kSuccess;
-}
-
-PairStatus PairEvaluator::MeasurePairPoints(const char* targetConfigPath, const cv::Mat& left_image,
-                                            const cv::Mat& right_image, MeasuredPair& pair) {
-  if (measurement) return measurement(0, pair);
+PairStatus measurePairPoints(const MeasurementSettings& settings, const PairInput& input, MeasuredPair& pair,
+                             PairFigures& figures, std::string& errorText) {
   const auto target = std::make_shared<RingTarget>();
-  if (boardPoints.size() > 6) target->setBoardPoints(boardPoints);
-  if (!target->loadConfig(targetConfigPath)) {
+  if (settings.boardPoints.size() > 6) target->setBoardPoints(settings.boardPoints);
+  if (!target->loadConfig(input.targetConfigPath)) {
     errorText = " Fail init camera model! ";
     return polar_status::kTargetConfig;
   }
-  MeasurementCanvas canvas(left_image, right_image);
-  const SideImage left = {Side::kLeft, left_image, poseCamera(eval_left_K, left_dist), pair.left_by_id};
-  const SideImage right = {Side::kRight, right_image, poseCamera(eval_right_K, right_dist), pair.right_by_id};
+  MeasurementCanvas canvas(input.left_image, input.right_image);
+  const SideImage left = {Side::kLeft, input.left_image, poseCamera(input.cameras.left_K, settings.left_dist),
+                          pair.left_by_id};
+  const SideImage right = {Side::kRight, input.right_image, poseCamera(input.cameras.right_K, settings.right_dist),
+                           pair.right_by_id};
+  Measurement measurement(settings, canvas, figures);
   for (const SideImage* side : {&left, &right}) {
-    const PairStatus status = measureSide(*this, *target, *side, canvas);
+    if (side->image.empty()) {
+      errorText = " Load Polar imagge fail!";
+      return polar_status::kImages;
+    }
+    const PairStatus status = measurement.measureSide(*target, *side);
     if (status != polar_status::kSuccess) return status;
   }
-  detect_canvas = canvas.picture();
+  figures.detect_canvas = canvas.picture();
   appendShared(pair);
   dropUnshared(pair);
   return polar_status::kSuccess;

@@ -1,7 +1,8 @@
+#include "polar/measure/PointDetection.h"
+
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"
 #include "platform/Console.h"
-#include "polar/evaluate/PairEvaluator.h"
 #include "polar/measure/ImageNormalisation.h"
 #include "polar/measure/SharedPoints.h"
 
@@ -22,15 +23,11 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
 
 }  // namespace
 
-// The light form: no board points, no test of the configuration, no least count, and the maps keep the ids of one image
-// only.
-PairStatus PairEvaluator::DetectPairPoints(const char* targetConfigPath, const cv::Mat& left_image,
-                                           const cv::Mat& right_image, MeasuredPair& pair) const {
-  if (measurement) return measurement(1, pair);
+PairStatus detectPairPoints(const PairInput& input, MeasuredPair& pair) {
   const auto target = std::make_shared<kestrune::RingTarget>();
-  target->loadConfig(targetConfigPath);
-  detectSide(*target, left_image, pair.left_by_id);
-  detectSide(*target, right_image, pair.right_by_id);
+  target->loadConfig(input.targetConfigPath);
+  detectSide(*target, input.left_image, pair.left_by_id);
+  detectSide(*target, input.right_image, pair.right_by_id);
   appendShared(pair);
   return polar_status::kSuccess;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "polar/evaluate/PairEvaluator.h"
+#include "polar/results/PairRecords.h"
 
 /// Adds a detected point; the first one of an id stays.
 void keepFirst(PointsById& points, std::int32_t id, const cv::Point2f& pixel);

@@ -4,18 +4,19 @@
 #include "PolarLinePrecision/Status.h"
 #include "camera/BrownCamera.h"
 #include "platform/Files.h"
-#include "polar/results/SummaryFile.h"
+#include "polar/results/ResultFiles.h"
+#include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
 #include "polar/run/PolarCore.h"
 #include "polar/run/RunCameras.h"
 #include "polar/run/RunTexts.h"
 
 std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCalibParams& calib) {
-  const std::string summary_name = summaryPath(*config, arguments.evaluation, "frame_result.csv");
+  const std::string summary_name = summaryPath(*config, kFrameSummary);
   std::ofstream summary = files::openOutput(summary_name);
   if (!summary_name.empty()) writeFrameHeader(summary, *config);
-  if (!loadRunCameras(*this, calib, arguments.type)) {
-    errorText = kReadImageError;  // Not the text of the image-set run: callers of frame runs know this one.
+  if (!loadRunCameras(*this, calib)) {
+    errorText = run_texts::kReadImageError;  // Not the text of the image-set run: callers of frame runs know this one.
     return polar_status::kPolyTables;
   }
   PairEvaluator evaluator = makeEvaluator(*this);
@@ -26,16 +27,16 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
   // A camera without tables stands for its side's Brown model, so that the evaluation goes one way for both.
   const BrownCamera left_brown(left_dist);
   const BrownCamera right_brown(right_dist);
-  const bool poly = arguments.type == 3;
+  const bool poly = config->type == 3;
   const CameraIntrinsicsBase& left_object = poly ? static_cast<const CameraIntrinsicsBase&>(left_camera) : left_brown;
   const CameraIntrinsicsBase& right_object =
       poly ? static_cast<const CameraIntrinsicsBase&>(right_camera) : right_brown;
 
-  const WalkRules rules{.counts_given_up = false, .releases_images = false, .writes_every_row = true};
-  return walkPairs(*this, arguments, evaluator, summary, start, rules, [&](std::size_t /*index*/) {
-    // A failing frame still makes a record, a row and a report.
-    evaluator.CalFramePrecision(arguments.evalu_model, arguments.targetConfigPath.c_str(), left_image, right_image,
-                                {left.K, right.K, R, T}, left_object, right_object);
-    return PairResult{};
-  });
+  const WalkRules rules{.counts_given_up = false, .writes_every_row = true};
+  return walkPairs(*this, arguments, evaluator, summary, start, rules,
+                   [&](std::size_t /*index*/, const PairInput& raw) {
+                     // A failing frame still makes a record, a row and a report.
+                     evaluator.CalFramePrecision(raw, left_object, right_object);
+                     return PairResult{};
+                   });
 }

@@ -1,14 +1,19 @@
 #include <chrono>
+#include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "PolarLinePrecision/Status.h"
 #include "camera/RectifyPair.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
-#include "polar/results/SummaryFile.h"
+#include "polar/results/ResultFiles.h"
+#include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
 #include "polar/run/PolarCore.h"
 #include "polar/run/RunCameras.h"
+#include "polar/run/RunTexts.h"
 
 namespace {
 
@@ -17,104 +22,89 @@ constexpr PairResult kPairFinished{PairOutcome::kFinished, 0};
 /// The evaluations of an image-set run, in the order in which a pair passes them.
 class ImageSetPair {
  public:
-  ImageSetPair(PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator, std::string result_dir)
-      : core_(core), arguments_(arguments), evaluator_(evaluator), result_dir_(std::move(result_dir)) {}
+  ImageSetPair(PolarCore& core, PairEvaluator& evaluator, std::string result_dir)
+      : core_(core), config_(*core.config), evaluator_(evaluator), result_dir_(std::move(result_dir)) {}
 
-  PairResult operator()(std::size_t index) {
-    const PolarConfig& config = *core_.config;
-    if (config.triangulate_dis_switch != 0 || config.triangulate_residual_switch != 0) {
-      const PairStatus status = triangulate();
-      if (status != 0 && config.discalsave) return {PairOutcome::kEndRun, keepError(status)};
+  PairResult operator()(std::size_t index, const PairInput& raw) {
+    if (config_.triangulate_dis_switch != 0 || config_.triangulate_residual_switch != 0) {
+      const PairStatus status = triangulate(raw);
+      if (status != 0 && config_.discalsave) return {PairOutcome::kEndRun, keepError(status)};
       if (status != 0) return giveUp();
     }
-    if (config.dy_bias_switch != 0 || config.foursixmethod_swithch != 0) {
-      rectify();
-      save(index);
-      if (config.dy_bias_switch != 0 && rowDisparity() != 0) return giveUp();
-      if ((config.foursixmethod_swithch != 0 || config.allpointssavecsv_swithch != 0) && pointCloud() != 0)
+    if (config_.dy_bias_switch != 0 || config_.foursixmethod_swithch != 0) {
+      const RectifiedPair rectified = rectify(raw);
+      save(rectified, index);
+      const PairInput pair{raw.evalu_model, raw.targetConfigPath, rectified.left, rectified.right};
+      if (config_.dy_bias_switch != 0 && rowDisparity(pair) != 0) return giveUp();
+      if ((config_.foursixmethod_swithch != 0 || config_.allpointssavecsv_swithch != 0) && pointCloud(pair) != 0)
         return giveUp();
     }
-    if (config.spaceRms_switch && boardCheck() != 0) return giveUp();
+    if (config_.spaceRms_switch && boardCheck(raw) != 0) return giveUp();
     return kPairFinished;
   }
 
  private:
-  const char* target() const { return arguments_.targetConfigPath.c_str(); }
-  bool isPoly() const { return arguments_.type == 3; }
-  EvaluationCameras cameras() const { return {core_.left.K, core_.right.K, core_.R, core_.T}; }
+  bool isPoly() const { return config_.type == 3; }
 
   std::int32_t keepError(PairStatus status) {
     core_.errorText = evaluator_.errorText;
     return status;
   }
+
   PairResult giveUp() {
     core_.errorText = evaluator_.errorText;
     return {PairOutcome::kGivenUp, 0};
   }
 
-  PairStatus triangulate() {
-    if (isPoly()) {
-      console::line("CalTriangulateRepPOLY");
-      return evaluator_.CalTriangulateRepPOLY(arguments_.evalu_model, target(), core_.left_image, core_.right_image,
-                                              cameras(), core_.left_camera, core_.right_camera);
-    }
-    console::line("CalTriangulateRepBrown");
-    return evaluator_.CalTriangulateRepBrown(arguments_.evalu_model, target(), core_.left_image, core_.right_image,
-                                             cameras());
+  PairStatus triangulate(const PairInput& raw) {
+    console::line(isPoly() ? run_texts::kTriangulatesPoly : run_texts::kTriangulatesBrown);
+    return isPoly() ? evaluator_.CalTriangulateRepPOLY(raw, core_.left_camera, core_.right_camera)
+                    : evaluator_.CalTriangulateRepBrown(raw);
   }
 
-  // Without a model for `type` the outputs stay as they are given, so they are given empty: each pair then goes on
-  // unwarped.
-  void rectify() {
-    core_.left_rectified.release();
-    core_.right_rectified.release();
-    RectifyPair({core_.config->f_scale, core_.config->x_y, core_.left_camera, core_.right_camera}, core_.Q, rectified_,
-                core_.left_image, core_.right_image,
-                {core_.left.K, core_.left.D, core_.right.K, core_.right.D, core_.R, core_.T}, core_.left_rectified,
-                core_.right_rectified, arguments_.type);
+  RectifiedPair rectify(const PairInput& raw) {
+    auto rectified = RectifyPair({config_.f_scale, config_.x_y, core_.left_camera, core_.right_camera},
+                                 {core_.left.K, core_.left.D, core_.right.K, core_.right.D, core_.R, core_.T},
+                                 raw.left_image, raw.right_image, config_.type, core_.Q);
+    if (!rectified) throw std::out_of_range("x_y must be 0 or 1");
+    return std::move(*rectified);
   }
 
-  void save(std::size_t index) const {
-    if (core_.config->result_folder.empty() || result_dir_.empty()) return;
+  void save(const RectifiedPair& rectified, std::size_t index) const {
+    if (config_.result_folder.empty() || result_dir_.empty()) return;
     const std::string name = files::kPathSeparator + std::to_string(index);
-    files::writeImage(result_dir_ + name + ".png", rectified_.at(2));
-    files::writeImage(result_dir_ + "_left" + name + "_left.png", rectified_.at(0));
-    files::writeImage(result_dir_ + "_right" + name + "_right.png", rectified_.at(1));
+    files::writeImage(result_dir_ + name + ".png", rectified.canvas);
+    files::writeImage(result_dir_ + "_left" + name + "_left.png", rectified.left);
+    files::writeImage(result_dir_ + "_right" + name + "_right.png", rectified.right);
   }
 
   // The compensation stays off for the rest of the run, in the triangulation of later pairs, too: a set whose pairs are
   // rectified is measured with it in its first pair only. That is meant.
-  PairStatus rowDisparity() {
+  PairStatus rowDisparity(const PairInput& rectified) {
     evaluator_.eccentricity = false;
     float variance_x = 0.0F;
     float variance_y = 0.0F;
-    return evaluator_.CheckRowDisparity(arguments_.evalu_model, target(), rectified_.at(0), rectified_.at(1),
-                                        variance_x, variance_y);
+    return evaluator_.CheckRowDisparity(rectified, variance_x, variance_y);
   }
-  PairStatus pointCloud() {
+
+  PairStatus pointCloud(const PairInput& rectified) {
     evaluator_.eccentricity = false;
     std::vector<cv::Point2f> left_points;
     std::vector<cv::Point2f> right_points;
     std::vector<CloudPoint> cloud;
-    return evaluator_.CheckPointCloud(arguments_.evalu_model, target(), rectified_.at(0), rectified_.at(1), core_.Q,
-                                      left_points, right_points, cloud);
+    return evaluator_.CheckPointCloud(rectified, core_.Q, left_points, right_points, cloud);
   }
 
-  PairStatus boardCheck() {
-    if (isPoly()) {
-      console::line("distortion model: POLY");
-      return evaluator_.CheckBoardPoly(arguments_.evalu_model, target(), core_.left_image, core_.right_image, cameras(),
-                                       core_.left_camera, core_.right_camera);
-    }
-    console::line("distortion model: Brown");
-    return evaluator_.CheckBoardBrown(arguments_.evalu_model, target(), core_.left_image, core_.right_image, cameras());
+  PairStatus boardCheck(const PairInput& raw) {
+    console::line(isPoly() ? run_texts::kChecksBoardPoly : run_texts::kChecksBoardBrown);
+    return isPoly() ? evaluator_.CheckBoardPoly(raw, core_.left_camera, core_.right_camera)
+                    : evaluator_.CheckBoardBrown(raw);
   }
 
   PolarCore& core_;
-  const RunArguments& arguments_;
+  const PolarConfig& config_;
   PairEvaluator& evaluator_;
   std::string result_dir_;
-  std::vector<cv::Mat> rectified_;
 };
 
 // All three are asked for before any is judged; what could be made stays.
@@ -135,22 +125,21 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
   if (!config->result_folder.empty() && config->savepolarline != 0) {
     result_dir = config->result_folder + files::kPathSeparator + "result";
     if (!makeResultFolders(result_dir)) {
-      errorText = "Make result file error!";
+      errorText = run_texts::kResultFolderError;
       console::line(errorText);
       return polar_status::kResultFolder;
     }
   }
-  std::ofstream summary = files::openOutput(freeSummaryPath(*config, arguments.evaluation));
-  writeSummaryHeader(summary, *config, true);
+  std::ofstream summary = files::openOutput(freeSummaryPath(*config));
+  writeSummaryHeader(summary, *config);
 
-  if (!loadRunCameras(*this, calib, arguments.type)) {
-    errorText = "Read Poly Params Error!";
+  if (!loadRunCameras(*this, calib)) {
+    errorText = run_texts::kReadPolyError;
     return polar_status::kPolyTables;
   }
   if (!reportProgress(*this, arguments.progress, 0.003F)) return polar_status::kStoppedByCallback;
 
   PairEvaluator evaluator = makeEvaluator(*this);
-  const WalkRules rules{.counts_given_up = true, .releases_images = true, .writes_every_row = false};
-  return walkPairs(*this, arguments, evaluator, summary, start, rules,
-                   ImageSetPair(*this, arguments, evaluator, result_dir));
+  const WalkRules rules{.counts_given_up = true, .writes_every_row = false};
+  return walkPairs(*this, arguments, evaluator, summary, start, rules, ImageSetPair(*this, evaluator, result_dir));
 }

@@ -23,7 +23,6 @@ struct PairResult {
 /// How the runs differ in their walk.
 struct WalkRules {
   bool counts_given_up = false;   ///< A pair given up counts in the progress and in the next pair's number.
-  bool releases_images = false;   ///< The images are let go before the report.
   bool writes_every_row = false;  ///< Rows are formed whatever `evaluation` says.
 };
 
@@ -33,8 +32,12 @@ bool isStereoSet(PolarCore& core, const ImagePairList& images);
 /// Tells the callback, if there is one; false: the core has its error text and the run ends with 35.
 bool reportProgress(PolarCore& core, const ProgressCallback* progress, float percentage);
 
+/// Evaluates the pair at a position of the set. The walk hands it over as the run's cameras took it, cropped if that is
+/// asked for.
+using PairEvaluation = std::function<PairResult(std::size_t index, const PairInput& pair)>;
+
 /// Walks the pairs: takes, checks and crops the images, evaluates, reports, records, and at the end closes the summary
 /// with a line end. The status of the run.
 std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator, std::ostream& summary,
                        std::chrono::steady_clock::time_point start, const WalkRules& rules,
-                       const std::function<PairResult(std::size_t index)>& evaluate);
+                       const PairEvaluation& evaluate);

@@ -13,19 +13,12 @@
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "input/PolarConfig.h"
 #include "input/StereoCalibParams.h"
-#include "polar/results/RunResultRecord.h"
+#include "polar/results/PairFigures.h"
 
-/// What a run is given beside its calibration. The six numbers stand here, not in the core's copy of the configuration,
-/// as they are the run's own arguments.
+/// What a run is given beside its configuration and its calibration.
 struct RunArguments {
   std::string targetConfigPath;
   ImagePairList images;
-  std::int32_t type = 0;
-  std::int32_t evaluation = 0;
-  std::int32_t evalu_model = 0;
-  std::int32_t crop = 0;
-  std::int32_t cropped_cols = 0;
-  std::int32_t cropped_rows = 0;
   const ProgressCallback* progress = nullptr;  ///< May be null.
 };
 
@@ -50,11 +43,9 @@ class PolarCore {
   CameraMatrices left, right;          ///< `left_K`, `left_D`, `right_K`, `right_D`.
   cv::Mat R;                           ///< 3x3: X_right = R X_left + T.
   cv::Mat T;                           ///< 3x1.
-  cv::Mat left_image, right_image;     ///< The current pair.
-  cv::Mat left_rectified, right_rectified;
-  cv::Mat Q;              ///< 4x4 reprojection matrix of the last rectified pair.
-  std::string errorText;  ///< Last error of the run.
-  std::vector<RunResultRecord> records;
+  cv::Mat Q;                           ///< 4x4 reprojection matrix of the last rectified pair.
+  std::string errorText;               ///< Last error of the run.
+  std::vector<PairFigures> records;    ///< Of the finished pairs.
   std::vector<cv::Point3f> boardPoints;
   PinholeCameraIntrinsicsPOL left_camera, right_camera;  ///< Filled for the POLY model.
 

@@ -9,8 +9,8 @@
 #include "input/CalibrationReader.h"
 #include "input/ImageList.h"
 #include "input/PolarConfigReader.h"
-#include "polar/results/ResultRecords.h"
-#include "polar/run/TimedLine.h"
+#include "polar/results/RecordExport.h"
+#include "polar/run/RunTexts.h"
 
 PolarPrecision::PolarPrecision() : core_(new (std::nothrow) PolarCore) {}
 
@@ -37,28 +37,15 @@ std::int32_t PolarPrecision::InitCore() {
   return polar_status::kSuccess;
 }
 
-RunArguments PolarPrecision::runArguments(const std::string& targetConfigPath, ImagePairList images,
-                                          const ProgressCallback* progress) const {
-  return {.targetConfigPath = targetConfigPath,
-          .images = std::move(images),
-          .type = config.type,
-          .evaluation = config.evaluation,
-          .evalu_model = config.evalu_model,
-          .crop = config.crop,
-          .cropped_cols = config.cropped_cols,
-          .cropped_rows = config.cropped_rows,
-          .progress = progress};
-}
-
 template <typename Prepare, typename Run>
 std::int32_t PolarPrecision::runCore(const ProgressCallback* progress, Prepare prepare, Run run) {
   if (!core_) return polar_status::kNoCore;
   const auto start = std::chrono::steady_clock::now();
   InitCore();
   prepare();
-  printTimedLine("--------Initialization Parameters OK", start, 0.0553);
+  printTimedLine(run_texts::kInitialised, start, 0.0553);
   if (progress != nullptr && !(*progress)(0.002F)) {
-    errorText = kCallbackTerminated;
+    errorText = run_texts::kCallTerminated;
     return polar_status::kStoppedByCallback;
   }
   const std::int32_t status = run(*core_);
@@ -72,7 +59,7 @@ std::int32_t PolarPrecision::RunImageSet(const std::string& targetConfigPath, Im
   return runCore(
       progress, [this] { core_->boardPoints = boardPoints; },
       [&](PolarCore& core) {
-        return core.ImageSetRun(runArguments(targetConfigPath, std::move(images), progress), calib);
+        return core.ImageSetRun({targetConfigPath, std::move(images), progress}, calib);
       });
 }
 
@@ -81,7 +68,7 @@ std::int32_t PolarPrecision::RunFrames(const std::string& targetConfigPath, Imag
   return runCore(
       progress, [this] { core_->boardPoints = boardPoints; },
       [&](PolarCore& core) {
-        return core.FrameRun(runArguments(targetConfigPath, std::move(images), progress), calib);
+        return core.FrameRun({targetConfigPath, std::move(images), progress}, calib);
       });
 }
 
@@ -90,7 +77,7 @@ std::int32_t PolarPrecision::RunRectified(const std::string& targetConfigPath, I
   return runCore(
       progress, [] {},
       [&](PolarCore& core) {
-        return core.RectificationRun(runArguments(targetConfigPath, std::move(images), progress), geometry);
+        return core.RectificationRun({targetConfigPath, std::move(images), progress}, geometry);
       });
 }
 

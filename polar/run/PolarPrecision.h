@@ -13,10 +13,6 @@
 #include "input/StereoCalibParams.h"
 #include "polar/run/PolarCore.h"
 
-/// Error text of a call that the callback ended before its run had begun or after it was done. The runs have a text of
-/// their own.
-inline constexpr const char* kCallbackTerminated = "Callback Terminated";
-
 /// What one exported call builds and throws away: the configuration, the last error, the results, and the state of the
 /// run.
 class PolarPrecision {
@@ -60,8 +56,6 @@ class PolarPrecision {
 
  private:
   std::int32_t InitCore();
-  RunArguments runArguments(const std::string& targetConfigPath, ImagePairList images,
-                            const ProgressCallback* progress) const;
   template <typename Prepare, typename Run>
   std::int32_t runCore(const ProgressCallback* progress, Prepare prepare, Run run);
 

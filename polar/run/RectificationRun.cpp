@@ -3,7 +3,8 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Files.h"
-#include "polar/results/SummaryFile.h"
+#include "polar/results/ResultFiles.h"
+#include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
 #include "polar/run/PolarCore.h"
 
@@ -20,49 +21,47 @@ PairEvaluator makeRectifiedEvaluator(const PolarCore& core, const RectifiedGeome
   return evaluator;
 }
 
-PairStatus rowDisparity(const PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator) {
+PairStatus rowDisparity(const PairInput& pair, PairEvaluator& evaluator) {
   float variance_x = 0.0F;
   float variance_y = 0.0F;
-  return evaluator.CheckRowDisparity(arguments.evalu_model, arguments.targetConfigPath.c_str(), core.left_image,
-                                     core.right_image, variance_x, variance_y);
+  return evaluator.CheckRowDisparity(pair, variance_x, variance_y);
 }
 
-PairStatus pointCloud(const PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator) {
+PairStatus pointCloud(const PairInput& pair, PairEvaluator& evaluator) {
   std::vector<cv::Point2f> left_points;
   std::vector<cv::Point2f> right_points;
   std::vector<CloudPoint> cloud;
-  return evaluator.CheckPointCloudGroups(arguments.evalu_model, arguments.targetConfigPath.c_str(), core.left_image,
-                                         core.right_image, core.Q, left_points, right_points, cloud);
+  return evaluator.CheckPointCloudGroups(pair, left_points, right_points, cloud);
 }
 
 // `oqc_switch` alone starts nothing: it only widens the inner condition.
-PairStatus evaluatePair(const PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator) {
-  const PolarConfig& config = *core.config;
+PairStatus evaluatePair(const PairInput& pair, PairEvaluator& evaluator) {
+  const PolarConfig& config = evaluator.config();
   if (config.dy_bias_switch != 0) {
-    const PairStatus status = rowDisparity(core, arguments, evaluator);
+    const PairStatus status = rowDisparity(pair, evaluator);
     if (status != 0) return status;
   } else if (config.foursixmethod_swithch == 0) {
     return 0;
   }
   const bool needs_cloud =
       config.foursixmethod_swithch != 0 || config.allpointssavecsv_swithch != 0 || config.oqc_switch != 0;
-  return needs_cloud ? pointCloud(core, arguments, evaluator) : 0;
+  return needs_cloud ? pointCloud(pair, evaluator) : 0;
 }
 
 }  // namespace
 
 std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const RectifiedGeometry& geometry) {
-  std::ofstream summary =
-      files::openOutput(summaryPath(*config, arguments.evaluation, std::string(kSummaryStem) + ".csv"));
-  writeSummaryHeader(summary, *config, false);
+  std::ofstream summary = files::openOutput(summaryPath(*config, kRectifiedSummary));
+  writeRectifiedHeader(summary, *config);
   PairEvaluator evaluator = makeRectifiedEvaluator(*this, geometry);
   if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
   if (!reportProgress(*this, arguments.progress, 0.003F)) return polar_status::kStoppedByCallback;
 
-  return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{}, [&](std::size_t /*index*/) {
-    if (evaluatePair(*this, arguments, evaluator) == 0) return PairResult{};
-    errorText = evaluator.errorText;
-    return PairResult{PairOutcome::kGivenUp, 0};
-  });
+  return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{},
+                   [&](std::size_t /*index*/, const PairInput& pair) {
+                     if (evaluatePair(pair, evaluator) == 0) return PairResult{};
+                     errorText = evaluator.errorText;
+                     return PairResult{PairOutcome::kGivenUp, 0};
+                   });
 }

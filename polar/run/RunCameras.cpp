@@ -36,7 +36,8 @@ void loadExtrinsics(PolarCore& core, const StereoCalibParams& calib) {
 
 }  // namespace
 
-bool loadRunCameras(PolarCore& core, const StereoCalibParams& calib, std::int32_t type) {
+bool loadRunCameras(PolarCore& core, const StereoCalibParams& calib) {
+  const std::int32_t type = core.config->type;
   if (type >= 0 && type <= 3) {
     loadExtrinsics(core, calib);
     if (type == 3) {
@@ -58,8 +59,6 @@ PairEvaluator makeEvaluator(const PolarCore& core) {
   PairEvaluator evaluator(core.config);
   evaluator.left_dist = core.left_dist;
   evaluator.right_dist = core.right_dist;
-  evaluator.rotation = core.rotation;
-  evaluator.translation = core.translation;
   evaluator.boardPoints = core.boardPoints;
   return evaluator;
 }

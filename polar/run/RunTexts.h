@@ -1,4 +1,34 @@
 #pragma once
 
-/// Error text of every run whose images are not usable; the frame run uses it for missing tables, too.
+#include <chrono>
+#include <string>
+
+/// Every text of the runs: the error texts that callers read, and the lines of the log on the console.
+namespace run_texts {
+
+// Error texts.
+/// Images that are not usable; the frame run uses it for missing tables, too.
 inline constexpr const char* kReadImageError = "Read image Error!";
+inline constexpr const char* kReadPolyError = "Read Poly Params Error!";
+inline constexpr const char* kResultFolderError = "Make result file error!";
+/// The callback ended a run between two pairs.
+inline constexpr const char* kRunTerminated = "Callback Terminated!";
+/// The callback ended the call before its run had begun or after it was done.
+inline constexpr const char* kCallTerminated = "Callback Terminated";
+
+// Lines of the log.
+inline constexpr const char* kImageEmpty = "The image is empty!";
+inline constexpr const char* kTriangulatesBrown = "CalTriangulateRepBrown";
+inline constexpr const char* kTriangulatesPoly = "CalTriangulateRepPOLY";
+inline constexpr const char* kChecksBoardBrown = "distortion model: Brown";
+inline constexpr const char* kChecksBoardPoly = "distortion model: POLY";
+inline constexpr const char* kLoaded = "--------Load Parameters OK";
+inline constexpr const char* kInitialised = "--------Initialization Parameters OK";
+inline constexpr const char* kPairDone = "--------LoadImageFrames ------";  ///< With the pair's number behind it.
+
+}  // namespace run_texts
+
+/// Prints a line of the log: what was done, the milliseconds since `start`, and the number that the line carries for
+/// the callback (the first two lines of a call carry constants there, which differ from what the callback gets; the log
+/// keeps them).
+void printTimedLine(const std::string& what, std::chrono::steady_clock::time_point start, double callback);

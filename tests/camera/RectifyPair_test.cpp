@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <opencv2/imgproc.hpp>
+#include <optional>
 #include <sstream>
 
 #include "Near.h"
@@ -30,16 +31,15 @@ cv::Mat smoothImage(const cv::Size& size, double phase) {
 }
 
 struct Result {
-  cv::Mat Q, left, right;
-  std::vector<cv::Mat> rectified = std::vector<cv::Mat>(5);
+  cv::Mat Q;
+  std::optional<RectifiedPair> pair;
   std::string printed;
 };
 
 void run(Result& result, const RectificationSettings& settings, std::int32_t type, const cv::Mat& left_image,
          const cv::Mat& right_image) {
   const ConsoleCapture console;
-  RectifyPair(settings, result.Q, result.rectified, left_image, right_image, stereo::matrices(type), result.left,
-              result.right, type);
+  result.pair = RectifyPair(settings, stereo::matrices(type), left_image, right_image, type, result.Q);
   result.printed = console.out();
 }
 
@@ -75,27 +75,24 @@ TEST_P(EachType, WarpsBothImagesByTheirMapsWithZerosOutside) {
     cv::remap(image, output, by.columns, by.rows, 1, 0, cv::Scalar(0));
     return inColour(output);
   };
-  EXPECT_TRUE(areEqual(result.left, warped(smoothImage(stereo::kSize, 0), maps.left)));
-  EXPECT_TRUE(areEqual(result.right, warped(smoothImage(stereo::kSize, 1), maps.right)));
-  EXPECT_EQ(result.left.at<cv::Vec3b>(0, 0), cv::Vec3b(0, 0, 0)) << "half the focal length leaves a black margin";
+  EXPECT_TRUE(areEqual(result.pair->left, warped(smoothImage(stereo::kSize, 0), maps.left)));
+  EXPECT_TRUE(areEqual(result.pair->right, warped(smoothImage(stereo::kSize, 1), maps.right)));
+  EXPECT_EQ(result.pair->left.at<cv::Vec3b>(0, 0), cv::Vec3b(0, 0, 0)) << "half the focal length leaves a black margin";
   EXPECT_EQ(distanceOf(result.Q, maps.Q), 0.0);
-  ASSERT_EQ(result.rectified.size(), 3U);
-  EXPECT_TRUE(areEqual(result.rectified[0], result.left));
-  EXPECT_TRUE(areEqual(result.rectified[1], result.right));
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, EachType, testing::Values(0, 1, 2, 3));
 
 TEST(RectifyPair, CanvasHoldsBothImagesBelowItsLines) {
   const Result result = resultOf(0);
-  const cv::Mat& canvas = result.rectified[2];
+  const cv::Mat& canvas = result.pair->canvas;
   ASSERT_EQ(canvas.size(), cv::Size(640, 240));
   for (int row = 0; row < canvas.rows; ++row) {
     if (row % 32 == 0) {
       EXPECT_TRUE(areEqual(canvas.row(row), cv::Mat(1, 640, CV_8UC3, cv::Scalar(0, 255, 0))));
     } else {
-      EXPECT_TRUE(areEqual(canvas.row(row).colRange(0, 320), result.left.row(row)));
-      EXPECT_TRUE(areEqual(canvas.row(row).colRange(320, 640), result.right.row(row)));
+      EXPECT_TRUE(areEqual(canvas.row(row).colRange(0, 320), result.pair->left.row(row)));
+      EXPECT_TRUE(areEqual(canvas.row(row).colRange(320, 640), result.pair->right.row(row)));
     }
   }
 }
@@ -103,10 +100,10 @@ TEST(RectifyPair, CanvasHoldsBothImagesBelowItsLines) {
 TEST(RectifyPair, ATurnedPairOf1920Times1200HasACanvasOf1920RowsAnd2400Columns) {
   const cv::Mat image(1200, 1920, CV_8UC1, cv::Scalar(90));
   const Result result = resultOf(5, 1.0F, 1, image, image);
-  ASSERT_EQ(result.rectified.size(), 3U);
-  const cv::Mat& canvas = result.rectified[2];
+  ASSERT_TRUE(result.pair);
+  const cv::Mat& canvas = result.pair->canvas;
   ASSERT_EQ(canvas.size(), cv::Size(2400, 1920));
-  EXPECT_EQ(result.left.size(), cv::Size(1200, 1920));
+  EXPECT_EQ(result.pair->left.size(), cv::Size(1200, 1920));
   for (int row = 0; row < 1920; ++row) {
     const cv::Scalar colour = row % 32 == 0 ? cv::Scalar(0, 255, 0) : cv::Scalar(90, 90, 90);
     EXPECT_TRUE(areEqual(canvas.row(row), cv::Mat(1, 2400, CV_8UC3, colour))) << row;
@@ -116,15 +113,14 @@ TEST(RectifyPair, ATurnedPairOf1920Times1200HasACanvasOf1920RowsAnd2400Columns) 
 TEST(RectifyPair, AQuarterTurnIsClockwiseOnBothOutputs) {
   const Result upright = resultOf(0, 1.0F, 0);
   const Result turned = resultOf(0, 1.0F, 1);
-  ASSERT_EQ(turned.left.size(), cv::Size(240, 320));
+  ASSERT_EQ(turned.pair->left.size(), cv::Size(240, 320));
   for (int row = 0; row < 240; ++row) {
     for (int column = 0; column < 320; ++column) {
       // The top row becomes the right column.
-      ASSERT_EQ(turned.left.at<cv::Vec3b>(column, 239 - row), upright.left.at<cv::Vec3b>(row, column));
-      ASSERT_EQ(turned.right.at<cv::Vec3b>(column, 239 - row), upright.right.at<cv::Vec3b>(row, column));
+      ASSERT_EQ(turned.pair->left.at<cv::Vec3b>(column, 239 - row), upright.pair->left.at<cv::Vec3b>(row, column));
+      ASSERT_EQ(turned.pair->right.at<cv::Vec3b>(column, 239 - row), upright.pair->right.at<cv::Vec3b>(row, column));
     }
   }
-  EXPECT_TRUE(areEqual(turned.rectified[0], turned.left));
 }
 
 TEST(RectifyPair, ATurnedSquareImageLeavesTheInputAsItWas) {
@@ -134,11 +130,10 @@ TEST(RectifyPair, ATurnedSquareImageLeavesTheInputAsItWas) {
   EXPECT_TRUE(areEqual(image, before));
 }
 
-TEST(RectifyPair, AnyOtherTurnLeavesTheListEmptyAndStillPrints) {
+TEST(RectifyPair, AnyOtherTurnGivesNoPairAndStillPrints) {
   for (const std::int32_t x_y : {2, -1}) {
     const Result result = resultOf(0, 1.0F, x_y);
-    EXPECT_TRUE(result.rectified.empty());
-    EXPECT_EQ(result.left.size(), stereo::kSize);
+    EXPECT_FALSE(result.pair);
     EXPECT_NE(result.printed, "");
   }
 }
@@ -151,8 +146,9 @@ TEST_P(InputTypes, BecomeEightBitColour) {
   if (CV_MAT_CN(GetParam()) == 3) image = inColour(image);
   if (CV_MAT_CN(GetParam()) == 4) cv::cvtColor(image, image, cv::COLOR_GRAY2BGRA);
   const Result result = resultOf(1, 0.9F, 0, image, image);
-  ASSERT_EQ(result.rectified.size(), 3U);
-  for (const cv::Mat& picture : result.rectified) EXPECT_EQ(picture.type(), CV_8UC3);
+  ASSERT_TRUE(result.pair);
+  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas})
+    EXPECT_EQ(picture.type(), CV_8UC3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, InputTypes, testing::Values(CV_8UC1, CV_8UC3, CV_8UC4, CV_16UC1));
@@ -161,7 +157,7 @@ TEST(RectifyPair, AConstantSixteenBitImageIsBlack) {
   // Unwarped, as a warp would bring in a margin.
   const cv::Mat image(240, 320, CV_16UC1, cv::Scalar(1234));
   const Result result = resultOf(5, 1.0F, 0, image, image);
-  EXPECT_TRUE(areEqual(result.left, cv::Mat::zeros(240, 320, CV_8UC3)));
+  EXPECT_TRUE(areEqual(result.pair->left, cv::Mat::zeros(240, 320, CV_8UC3)));
 }
 
 TEST(RectifyPair, FloatImagesDoNotFitTheCanvas) {
@@ -175,19 +171,17 @@ TEST_P(NoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
   const cv::Mat left = smoothImage(stereo::kSize, 0);
   const cv::Mat right = smoothImage(stereo::kSize, 1);
   const Result result = resultOf(GetParam(), 1.0F, 0, left, right);
-  EXPECT_TRUE(areEqual(result.left, inColour(left)));
-  EXPECT_TRUE(areEqual(result.right, inColour(right)));
-  EXPECT_EQ(result.rectified.size(), 3U);
+  EXPECT_TRUE(areEqual(result.pair->left, inColour(left)));
+  EXPECT_TRUE(areEqual(result.pair->right, inColour(right)));
   EXPECT_TRUE(result.Q.empty());
   EXPECT_EQ(result.printed, "");
 }
 
-TEST_P(NoRectification, OutputsThatAreThereStayAndTheOldQIsPrinted) {
+TEST_P(NoRectification, OldQStaysAndIsPrinted) {
   Result result;
-  result.left = result.right = cv::Mat(10, 12, CV_8UC1, cv::Scalar(33));
   result.Q = (cv::Mat_<double>(4, 4) << 1, 0, 0, -11, 0, 1, 0, -22.5, 0, 0, 0, 33, 0, 0, 1, 0);
   run(result, cameras().settings(1.0F), GetParam(), smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));
-  EXPECT_TRUE(areEqual(result.left, cv::Mat(10, 12, CV_8UC3, cv::Scalar(33, 33, 33))));
+  EXPECT_EQ(result.Q.at<double>(1, 3), -22.5);
   EXPECT_EQ(result.printed, " Virtual camera cx: 11\n Virtual camera cy: 22.5\n Virtual camera f: 33\n");
 }
 
@@ -207,12 +201,12 @@ TEST(RectifyPair, TheNextPairLeavesThePicturesOfTheLastOneAlone) {
   Result result;
   const cv::Mat first = inColour(smoothImage(stereo::kSize, 0));
   run(result, cameras().settings(1.0F), 0, first, first);
-  const cv::Mat kept = result.rectified[0];
+  const cv::Mat kept = result.pair->left;
   const cv::Mat before = kept.clone();
   const cv::Mat second = inColour(smoothImage(stereo::kSize, 2));
   run(result, cameras().settings(1.0F), 0, second, second);
   EXPECT_TRUE(areEqual(kept, before));
-  EXPECT_FALSE(areEqual(result.rectified[0], before));
+  EXPECT_FALSE(areEqual(result.pair->left, before));
 }
 
 TEST(RectifyPair, ImagesOfDifferentSizeThrow) {

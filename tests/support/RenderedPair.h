@@ -41,11 +41,15 @@ class RenderedPair {
     PairEvaluator result(std::make_shared<const PolarConfig>(config));
     result.left_dist = ExactPair::floatsOf(scene_.rig.left);
     result.right_dist = ExactPair::floatsOf(scene_.rig.right);
-    result.eval_left_K = ExactPair::matrixOf(scene_.rig.left);
-    result.eval_right_K = ExactPair::matrixOf(scene_.rig.right);
     return result;
   }
 
+  EvaluationCameras cameras() const {
+    EvaluationCameras cameras;
+    cameras.left_K = ExactPair::matrixOf(scene_.rig.left);
+    cameras.right_K = ExactPair::matrixOf(scene_.rig.right);
+    return cameras;
+  }
   /// Paints a dot of an image over with the paper around it.
   static void hide(cv::Mat& image, const scene::ImagedEllipse& dot) {
     const cv::Point centre(cv::Point2f(static_cast<float>(dot.centre.x), static_cast<float>(dot.centre.y)));

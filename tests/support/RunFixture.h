@@ -30,8 +30,8 @@ struct RunFixture {
     calib.left.intrinsics = {100, 101, 20, 15, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8};
     calib.right.intrinsics = {110, 111, 21, 16, 1.1, 1.2, 1.3, 1.4, 1.5, 1.6, 1.7, 1.8};
     calib.extrinsics = {0.0, 0.0, 0.0, -10.0, 0.0, 0.0};
-    arguments.type = 1;
-    arguments.evaluation = 1;
+    config.type = 1;
+    config.evaluation = 1;
     arguments.targetConfigPath = "board_type: 2";
     arguments.progress = &progress;
   }

@@ -35,16 +35,16 @@ std::size_t placeOf(std::int32_t id) { return static_cast<std::size_t>(static_ca
 
 void judgeDistances(PairEvaluator& evaluator) {
   const auto& truth = evaluator.config().Frame_3D;
-  evaluator.frameValues.clear();
+  evaluator.figures.frameValues.clear();
   for (const std::vector<std::int32_t>& judged : evaluator.config().Frame_ID_DIS) {
     const std::int32_t a = judged.at(0);
     const std::int32_t b = judged.at(1);
     const double true_length = lengthByDoubles(narrowedDifference(truth.at(placeOf(a)), truth.at(placeOf(b))));
     const double measured_length =
-        measuredLength(evaluator.pairPoints.at(placeOf(a)), evaluator.pairPoints.at(placeOf(b)));
+        measuredLength(evaluator.figures.pairPoints.at(placeOf(a)), evaluator.figures.pairPoints.at(placeOf(b)));
     const auto error = static_cast<float>(measured_length - true_length);
     console::line(a, "---", b, ": ", error);
-    evaluator.frameValues.push_back(error);
+    evaluator.figures.frameValues.push_back(error);
   }
 }
 
@@ -52,46 +52,41 @@ void judgeDistances(PairEvaluator& evaluator) {
 std::vector<cv::Point2f> triangulateFrame(PairEvaluator& evaluator, const MeasuredPair& pair,
                                           const EvaluationCameras& cameras, const CameraPairModel& model) {
   TriangulatedPair triangulated = triangulateShared(pair, cameras, model);
-  evaluator.pairPoints = std::move(triangulated.records);
-  for (std::size_t k = 0; k < evaluator.pairPoints.size(); ++k) {
-    evaluator.pairPoints[k].id = evaluator.config().Frame_ID[k];
+  evaluator.figures.pairPoints = std::move(triangulated.records);
+  for (std::size_t k = 0; k < evaluator.figures.pairPoints.size(); ++k) {
+    evaluator.figures.pairPoints[k].id = evaluator.config().Frame_ID[k];
   }
   return std::move(triangulated.predicted_right);
 }
 
-bool passesResidual(PairEvaluator& evaluator, const MeasuredPair& pair,
+bool passesResidual(PairEvaluator& evaluator, const cv::Mat& right_image, const MeasuredPair& pair,
                     const std::vector<cv::Point2f>& predicted_right) {
   std::vector<float> errors;
-  if (!evaluator.CheckResidual(pair.right_points, predicted_right, errors)) return false;
-  for (std::size_t k = 0; k < errors.size(); ++k) evaluator.pairPoints[k].right_err = errors[k];
+  if (!evaluator.CheckResidual(right_image, pair.right_points, predicted_right, errors)) return false;
+  for (std::size_t k = 0; k < errors.size(); ++k) evaluator.figures.pairPoints[k].right_err = errors[k];
   return true;
 }
 
 }  // namespace
 
-PairStatus PairEvaluator::CalFramePrecision(const std::int32_t& /*evalu_model*/, const char* targetConfigPath,
-                                            const cv::Mat& left_image, const cv::Mat& right_image,
-                                            const EvaluationCameras& cameras, const CameraIntrinsicsBase& left_camera,
+PairStatus PairEvaluator::CalFramePrecision(const PairInput& raw, const CameraIntrinsicsBase& left_camera,
                                             const CameraIntrinsicsBase& right_camera) {
-  eval_left_K = cameras.left_K.clone();
-  eval_right_K = cameras.right_K.clone();
   // Only for the pose report and, should the frame fail below, the canvas: its points are not used and its status does
   // not count.
   MeasuredPair board;
-  MeasurePairPoints(targetConfigPath, left_image, right_image, board);
+  MeasurePairPoints(raw, board);
 
   const auto target = std::make_unique<kestrune::RingTarget>();
-  target->loadConfig(targetConfigPath);
-  const FrameSide left = findFramePoints(*target, left_image, {config().Frame_ID, config().Frame_IRL});
-  const FrameSide right = findFramePoints(*target, right_image, {config().Frame_ID, config().Frame_IRR});
-  detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
+  target->loadConfig(raw.targetConfigPath);
+  const FrameSide left = findFramePoints(*target, raw.left_image, {config().Frame_ID, config().Frame_IRL});
+  const FrameSide right = findFramePoints(*target, raw.right_image, {config().Frame_ID, config().Frame_IRR});
+  figures.detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
 
   console::useFixedNotation();
   const MeasuredPair pair = pairByPlace(left, right);
   const ObjectPairModel model(left_camera, right_camera);
-  const std::vector<cv::Point2f> predicted_right = triangulateFrame(*this, pair, cameras, model);
-  residual_image = right_image.clone();
-  if (config().triangulate_residual_switch != 0 && !passesResidual(*this, pair, predicted_right)) {
+  const std::vector<cv::Point2f> predicted_right = triangulateFrame(*this, pair, raw.cameras, model);
+  if (config().triangulate_residual_switch != 0 && !passesResidual(*this, raw.right_image, pair, predicted_right)) {
     return polar_status::kTooFewShared;
   }
   judgeDistances(*this);

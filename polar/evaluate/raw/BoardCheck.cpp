@@ -7,20 +7,10 @@
 #include "polar/evaluate/raw/DistanceTables.h"
 #include "polar/geometry/PairTriangulation.h"
 #include "polar/geometry/RigidOntoBoard.h"
-#include "polar/results/PairFiles.h"
-#include "polar/results/RowWriter.h"
-#include "polar/results/SummaryFile.h"
+#include "polar/results/ResultFiles.h"
+#include "polar/results/TableWriter.h"
 
 namespace {
-
-/// The images as a check gets them.
-struct CheckInput {
-  const std::int32_t& evalu_model;
-  const char* targetConfigPath;
-  const cv::Mat& left_image;
-  const cv::Mat& right_image;
-  const EvaluationCameras& cameras;
-};
 
 /// The rows below those of the distance evaluation, which has written the same file before. A table that is not wanted
 /// keeps nothing.
@@ -33,13 +23,15 @@ class BoardCheckTable {
                                 std::ios::app)),
         rows_(file_) {
     rows_.row("");
-    DistanceTables::columnHeader(rows_, kSpaceRms);
+    DistanceTables::columnHeader(rows_, kColumn);
   }
-  void add(std::int32_t id, double distance) { rows_.row(id, kSpaceRms, distance); }
+  void add(std::int32_t id, double distance) { rows_.row(id, kColumn, distance); }
 
  private:
+  static constexpr const char* kColumn = "space_rms";
+
   std::ofstream file_;
-  RowWriter rows_;
+  TableWriter rows_;
 };
 
 double lengthOf(const Eigen::Vector3d& v) { return std::sqrt(v.x() * v.x() + v.y() * v.y() + v.z() * v.z()); }
@@ -68,39 +60,29 @@ double fitOntoBoard(const std::vector<PairPointRecord>& records, const std::vect
   return std::sqrt(square_sum / static_cast<double>(static_cast<float>(records.size())));
 }
 
-PairStatus checkBoard(PairEvaluator& evaluator, const CheckInput& input, const CameraPairModel& model,
-                      bool writes_table) {
-  evaluator.eval_left_K = input.cameras.left_K.clone();
-  evaluator.eval_right_K = input.cameras.right_K.clone();
+PairStatus checkBoard(PairEvaluator& evaluator, const PairInput& raw, const CameraPairModel& model, bool writes_table) {
   BoardCheckTable table(evaluator, writes_table);
   MeasuredPair pair;
-  if (evaluator.measure(input.evalu_model, input.targetConfigPath, input.left_image, input.right_image, pair) !=
-      polar_status::kSuccess) {
+  if (evaluator.measure(raw, pair) != polar_status::kSuccess) {
     console::out() << "Error in detect ellipse pixel coordinate!";
     return kMeasurementFailed;
   }
   if (!evaluator.enoughShared(pair, kLeastSharedRaw)) return polar_status::kTooFewShared;
-  const std::vector<PairPointRecord> records = triangulateShared(pair, input.cameras, model).records;
+  const std::vector<PairPointRecord> records = triangulateShared(pair, raw.cameras, model).records;
   if (!evaluator.config().spaceRms_switch || evaluator.boardPoints.size() < kLeastBoardPoints) {
     return polar_status::kSuccess;
   }
-  evaluator.space_rms = fitOntoBoard(records, evaluator.boardPoints, table);
+  evaluator.figures.space_rms = fitOntoBoard(records, evaluator.boardPoints, table);
   return polar_status::kSuccess;
 }
 
 }  // namespace
 
-PairStatus PairEvaluator::CheckBoardBrown(const std::int32_t& evalu_model, const char* targetConfigPath,
-                                          const cv::Mat& left_image, const cv::Mat& right_image,
-                                          const EvaluationCameras& cameras) {
-  const BrownPairModel model(left_dist, right_dist);
-  return checkBoard(*this, {evalu_model, targetConfigPath, left_image, right_image, cameras}, model, true);
+PairStatus PairEvaluator::CheckBoardBrown(const PairInput& raw) {
+  return checkBoard(*this, raw, BrownPairModel(left_dist, right_dist), true);
 }
 
-PairStatus PairEvaluator::CheckBoardPoly(const std::int32_t& evalu_model, const char* targetConfigPath,
-                                         const cv::Mat& left_image, const cv::Mat& right_image,
-                                         const EvaluationCameras& cameras, const CameraIntrinsicsBase& left_camera,
+PairStatus PairEvaluator::CheckBoardPoly(const PairInput& raw, const CameraIntrinsicsBase& left_camera,
                                          const CameraIntrinsicsBase& right_camera) {
-  const ObjectPairModel model(left_camera, right_camera);
-  return checkBoard(*this, {evalu_model, targetConfigPath, left_image, right_image, cameras}, model, false);
+  return checkBoard(*this, raw, ObjectPairModel(left_camera, right_camera), false);
 }

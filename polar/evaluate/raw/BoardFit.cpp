@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "polar/geometry/RigidAlignment.h"
 #include "polar/geometry/Triangulation.h"
 
 namespace {
@@ -20,33 +21,32 @@ double pixelDistance(const cv::Point2f& projected, const PairPointRecord& record
   return std::sqrt(std::pow(dx, 2.0) + std::pow(dy, 2.0));
 }
 
-std::vector<cv::Point3f> alignedBoard(PairEvaluator& evaluator, const std::vector<PairPointRecord>& records,
-                                      const std::vector<cv::Point3f>& truth) {
+std::vector<cv::Point3f> alignedBoard(PairFigures& figures, const std::vector<cv::Point3f>& truth) {
   std::array<float, 4> rms{};
   std::vector<cv::Point3f> aligned;
-  evaluator.AlignRigid(rms, truth, positionsOf(records), aligned);
-  evaluator.icp_x_rms = rms[0];
-  evaluator.icp_y_rms = rms[1];
-  evaluator.icp_z_rms = rms[2];
-  evaluator.icp_nor_rms = rms[3];
+  AlignRigid(rms, truth, positionsOf(figures.pairPoints), aligned);
+  figures.icp_x_rms = rms[0];
+  figures.icp_y_rms = rms[1];
+  figures.icp_z_rms = rms[2];
+  figures.icp_nor_rms = rms[3];
   return aligned;
 }
 
 }  // namespace
 
-std::vector<double> fitAndProject(PairEvaluator& evaluator, const std::vector<PairPointRecord>& records,
-                                  const std::vector<cv::Point3f>& truth, const CameraPairModel& model,
+std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Point3f>& truth, const LeftCamera& camera,
                                   DistanceTables& tables) {
   static constexpr const char* kColumn = "gt_err_mean";
+  const std::vector<PairPointRecord>& points = figures.pairPoints;
   tables.boardCheck().row("");
   DistanceTables::columnHeader(tables.boardCheck(), kColumn);
-  const std::vector<cv::Point3f> aligned = alignedBoard(evaluator, records, truth);
+  const std::vector<cv::Point3f> aligned = alignedBoard(figures, truth);
   std::vector<double> distances;
-  distances.reserve(records.size());
-  for (std::size_t k = 0; k < records.size(); ++k) {
-    const cv::Point2f projected = predictLeftPixel(aligned[k], evaluator.eval_left_K, model);
-    distances.push_back(pixelDistance(projected, records[k]));
-    tables.boardCheck().row(records[k].id, kColumn, distances.back() * 1000);
+  distances.reserve(points.size());
+  for (std::size_t k = 0; k < points.size(); ++k) {
+    const cv::Point2f projected = predictLeftPixel(aligned[k], camera.K, camera.model);
+    distances.push_back(pixelDistance(projected, points[k]));
+    tables.boardCheck().row(points[k].id, kColumn, distances.back() * 1000);
   }
   return distances;
 }

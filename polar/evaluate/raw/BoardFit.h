@@ -3,15 +3,20 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "polar/evaluate/PairEvaluator.h"
 #include "polar/evaluate/raw/DistanceTables.h"
 #include "polar/geometry/CameraPairModel.h"
+#include "polar/results/PairFigures.h"
 
-/// Fits the true board onto the measured points, stores the four fit figures, projects the fitted board into the left
-/// image and compares it with what was seen there: gives each record's distance in pixels and writes it to the board
-/// check table.
-std::vector<double> fitAndProject(PairEvaluator& evaluator, const std::vector<PairPointRecord>& records,
-                                  const std::vector<cv::Point3f>& truth, const CameraPairModel& model,
+/// The camera that the fitted board is projected with.
+struct LeftCamera {
+  const cv::Mat& K;
+  const CameraPairModel& model;
+};
+
+/// Fits the true board onto the measured points, `pairPoints` of the figures, stores the four fit figures, projects the
+/// fitted board into the left image and compares it with what was seen there: gives each point's distance in pixels and
+/// writes it to the board check table. `truth` holds the true position of each point.
+std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Point3f>& truth, const LeftCamera& camera,
                                   DistanceTables& tables);
 
 /// Root mean square of the distances that are not above `limit`; not a number without any. Pixels.

@@ -14,15 +14,7 @@ struct DistanceRules {
   FoursixRules foursix;
 };
 
-/// What an evaluation of one raw pair is made of.
-struct RawPair {
-  const std::int32_t& evalu_model;
-  const char* targetConfigPath;
-  const cv::Mat& left_image;
-  const cv::Mat& right_image;
-};
-
 /// Measures and triangulates a raw pair and judges it by its residuals, by the board's true distances and by the six
 /// distances of four points, each under its switch.
-PairStatus evaluateRawPair(PairEvaluator& evaluator, const RawPair& pair, const EvaluationCameras& cameras,
-                           const CameraPairModel& model, const DistanceRules& rules);
+PairStatus evaluateRawPair(PairEvaluator& evaluator, const PairInput& raw, const CameraPairModel& model,
+                           const DistanceRules& rules);

@@ -1,7 +1,7 @@
 #include "polar/evaluate/raw/DistanceTables.h"
 
 #include "platform/Files.h"
-#include "polar/results/PairFiles.h"
+#include "polar/results/ResultFiles.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "polar/evaluate/PairEvaluator.h"
-#include "polar/results/RowWriter.h"
+#include "polar/results/TableWriter.h"
 
 /// The tables of the distance evaluation. A table that is not asked for is a failed stream, which takes what is written
 /// and keeps nothing.
@@ -12,14 +12,14 @@ class DistanceTables {
   /// Opens the tables of the evaluator's current pair while `discalsave` is on.
   DistanceTables(const PairEvaluator& evaluator, bool with_board_check);
 
-  RowWriter& distances() { return distances_; }
-  RowWriter& points() { return points_; }
-  RowWriter& boardCheck() { return board_check_; }
+  TableWriter& distances() { return distances_; }
+  TableWriter& points() { return points_; }
+  TableWriter& boardCheck() { return board_check_; }
 
   /// The line above a column of figures, one a point.
-  static void columnHeader(RowWriter& table, const char* figure) { table.row("id_", " ", figure); }
+  static void columnHeader(TableWriter& table, const char* figure) { table.row("id_", " ", figure); }
 
  private:
   std::ofstream distances_file_, points_file_, board_check_file_;
-  RowWriter distances_, points_, board_check_;
+  TableWriter distances_, points_, board_check_;
 };

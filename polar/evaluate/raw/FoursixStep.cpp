@@ -36,6 +36,6 @@ PairStatus evaluateFoursix(PairEvaluator& evaluator, const MeasuredPair& pair,
   auto errors = four_points::distanceErrors(
       points, {config.TriPoint1_GT, config.TriPoint2_GT, config.TriPoint3_GT, config.TriPoint4_GT});
   if (rules.replaces_implausible) four_points::replaceImplausible(points, errors);
-  evaluator.tri_dis = four_points::withExtremes(errors);
+  evaluator.figures.tri_dis = four_points::withExtremes(errors);
   return polar_status::kSuccess;
 }

@@ -15,7 +15,7 @@ cv::Point3f positionOf(const PairPointRecord& record) { return {record.x, record
 
 /// Lists of record `i`. They are reserved exactly: a board of 5000 points has 25 million pairs.
 void comparePoint(std::vector<PairPointRecord>& records, std::size_t i, const std::vector<cv::Point3f>& truth,
-                  RowWriter& table) {
+                  TableWriter& table) {
   PairPointRecord& record = records[i];
   record.dis_errors.reserve(records.size() - 1);
   record.nor_errors.reserve(records.size() - 1);
@@ -63,9 +63,9 @@ float summarisePoint(PairPointRecord& record, PairSums& sums) {
 
 }  // namespace
 
-void evaluateDistances(PairEvaluator& evaluator, std::vector<PairPointRecord>& records,
-                       const std::vector<cv::Point3f>& truth, DistanceTables& tables) {
+void evaluateDistances(PairFigures& figures, const std::vector<cv::Point3f>& truth, DistanceTables& tables) {
   static constexpr const char* kMeanColumn = "dis_err_mean";
+  std::vector<PairPointRecord>& records = figures.pairPoints;
   tables.distances().row("id1->", "id2", "dis_err(cal-gt)");
   for (std::size_t i = 0; i < records.size(); ++i) comparePoint(records, i, truth, tables.distances());
 
@@ -78,11 +78,11 @@ void evaluateDistances(PairEvaluator& evaluator, std::vector<PairPointRecord>& r
     tables.distances().row(record.id, "rms", record.dis_rms * kTableScale);
     tables.boardCheck().row(record.id, kMeanColumn, mean * kTableScale);
   }
-  evaluator.dis_rms = rootMean(sums.squares, sums.pairs);
-  evaluator.nor_rms = rootMean(sums.relative_squares, sums.pairs);
-  evaluator.zero_dis = sums.ranges / static_cast<float>(records.size());
-  console::line("dis_rms: ", evaluator.dis_rms);
-  console::line("zero_dis:", evaluator.zero_dis);
-  console::line("nor_rms:", evaluator.nor_rms);
-  tables.distances().row("pointsnum", sums.pairs, evaluator.dis_rms);
+  figures.dis_rms = rootMean(sums.squares, sums.pairs);
+  figures.nor_rms = rootMean(sums.relative_squares, sums.pairs);
+  figures.zero_dis = sums.ranges / static_cast<float>(records.size());
+  console::line("dis_rms: ", figures.dis_rms);
+  console::line("zero_dis:", figures.zero_dis);
+  console::line("nor_rms:", figures.nor_rms);
+  tables.distances().row("pointsnum", sums.pairs, figures.dis_rms);
 }

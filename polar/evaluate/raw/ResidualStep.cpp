@@ -3,9 +3,9 @@
 #include <opencv2/imgproc.hpp>
 
 #include "platform/Files.h"
+#include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
-#include "polar/evaluate/raw/ResidualDrawing.h"
-#include "polar/results/PairFiles.h"
+#include "polar/results/ResultFiles.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ bool ascending(double a, double b) { return std::isnan(b) ? !std::isnan(a) : a <
 
 }  // namespace
 
-bool PairEvaluator::CheckResidual(const std::vector<cv::Point2f>& measured_right,
+bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<cv::Point2f>& measured_right,
                                   const std::vector<cv::Point2f>& predicted_right, std::vector<float>& errors) {
   const std::size_t count = measured_right.size();
   if (count < 3 || predicted_right.size() != count) return false;
@@ -41,7 +41,7 @@ bool PairEvaluator::CheckResidual(const std::vector<cv::Point2f>& measured_right
   const bool saves_table = config().tir_bias_savecsv_swithch == 1;
   std::ofstream table = files::openOutput(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
   cv::Mat picture;
-  cv::cvtColor(residual_image, picture, cv::COLOR_GRAY2BGR);
+  cv::cvtColor(right_image, picture, cv::COLOR_GRAY2BGR);
 
   Residuals residuals;
   for (std::size_t i = 0; i < count; ++i) {
@@ -65,10 +65,10 @@ bool PairEvaluator::CheckResidual(const std::vector<cv::Point2f>& measured_right
   std::sort(residuals.kept.begin(), residuals.kept.end(), ascending);
   if (residuals.kept.back() > kOutlierLimit) return false;
   const auto kept = static_cast<double>(residuals.kept.size());
-  tri_mean = static_cast<float>(residuals.sum / kept);
-  tri_min = static_cast<float>(residuals.kept.front());
-  tri_max = static_cast<float>(residuals.kept.back());
-  tri_rms = static_cast<float>(std::sqrt(residuals.square_sum / kept));
-  tri_ratio = static_cast<float>(residuals.within) / static_cast<float>(residuals.kept.size());
+  figures.tri_mean = static_cast<float>(residuals.sum / kept);
+  figures.tri_min = static_cast<float>(residuals.kept.front());
+  figures.tri_max = static_cast<float>(residuals.kept.back());
+  figures.tri_rms = static_cast<float>(std::sqrt(residuals.square_sum / kept));
+  figures.tri_ratio = static_cast<float>(residuals.within) / static_cast<float>(residuals.kept.size());
   return true;
 }

@@ -4,7 +4,6 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"
-#include "polar/evaluate/rectified/CloudLookup.h"
 #include "polar/geometry/PointDistance.h"
 
 namespace {

@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "polar/evaluate/PairEvaluator.h"
+#include "polar/results/PairRecords.h"
+#include "polar/results/PairStatus.h"
 
 /// Distance errors of configured pairs of ids: the distance in the cloud less the true one, board unit. Prints the
 /// first missing point and stops there with `kGroupPointMissing`; later entries of `id_dis` then keep their values.

@@ -3,25 +3,16 @@
 #include "PolarLinePrecision/Status.h"
 #include "platform/Files.h"
 #include "polar/evaluate/PairEvaluator.h"
-#include "polar/evaluate/rectified/CloudLookup.h"
 #include "polar/evaluate/rectified/IdDistances.h"
 #include "polar/geometry/FourPointMethod.h"
 #include "polar/geometry/PointSpacing.h"
-#include "polar/results/PairFiles.h"
-#include "polar/results/RowWriter.h"
+#include "polar/results/ResultFiles.h"
+#include "polar/results/TableWriter.h"
 
 namespace {
 
 /// The point of a pair of rectified pixels.
 using Reprojection = std::function<cv::Point3f(const cv::Point2f& pixel_left, const cv::Point2f& pixel_right)>;
-
-/// What both forms of the evaluation are called with.
-struct CloudInput {
-  const std::int32_t& evalu_model;
-  const char* targetConfigPath;
-  const cv::Mat& left_rectified;
-  const cv::Mat& right_rectified;
-};
 
 cv::Point3f reprojectByMatrix(const cv::Mat& Q, const cv::Point2f& pixel_left, const cv::Point2f& pixel_right) {
   const float disparity = pixel_left.x - pixel_right.x;
@@ -47,7 +38,7 @@ void reprojectShared(const PairEvaluator& evaluator, const MeasuredPair& pair, c
   const bool saved = evaluator.config().allpointssavecsv_swithch == 1;
   std::ofstream table_file = files::openOutput(
       saved ? pairFile(evaluator.result_folder, evaluator.image_id, "_pointcloud.csv") : std::string());
-  RowWriter table(table_file);
+  TableWriter table(table_file);
   for (const auto& [id, pixel_left] : pair.left_by_id) {
     const auto right = pair.right_by_id.find(id);
     if (right == pair.right_by_id.end()) continue;
@@ -67,20 +58,19 @@ PairStatus compareFourPoints(PairEvaluator& evaluator, const std::vector<CloudPo
     evaluator.errorText = four_points::missingText(missing);
     return polar_status::kPointMissing;
   }
-  evaluator.pol_dis = four_points::withExtremes(four_points::distanceErrors(
+  evaluator.figures.pol_dis = four_points::withExtremes(four_points::distanceErrors(
       points, {config.PolPoint1_GT, config.PolPoint2_GT, config.PolPoint3_GT, config.PolPoint4_GT}));
   return polar_status::kSuccess;
 }
 
 /// What both forms do alike: measure, reproject, and compare the four points.
-PairStatus makeCloud(PairEvaluator& evaluator, const CloudInput& input, const Reprojection& reproject,
+PairStatus makeCloud(PairEvaluator& evaluator, const PairInput& rectified_pair, const Reprojection& reproject,
                      std::vector<cv::Point2f>& left_points, std::vector<cv::Point2f>& right_points,
                      std::vector<CloudPoint>& cloud) {
   MeasuredPair pair;
   pair.left_points.swap(left_points);
   pair.right_points.swap(right_points);
-  const PairStatus measured =
-      evaluator.measure(input.evalu_model, input.targetConfigPath, input.left_rectified, input.right_rectified, pair);
+  const PairStatus measured = evaluator.measure(rectified_pair, pair);
   const bool enough = measured == polar_status::kSuccess && evaluator.enoughShared(pair, kLeastSharedRectified);
   left_points.swap(pair.left_points);
   right_points.swap(pair.right_points);
@@ -94,35 +84,30 @@ PairStatus makeCloud(PairEvaluator& evaluator, const CloudInput& input, const Re
 
 }  // namespace
 
-PairStatus PairEvaluator::CheckPointCloud(const std::int32_t& evalu_model, const char* targetConfigPath,
-                                          const cv::Mat& left_rectified, const cv::Mat& right_rectified,
-                                          const cv::Mat& Q, std::vector<cv::Point2f>& left_points,
-                                          std::vector<cv::Point2f>& right_points, std::vector<CloudPoint>& cloud) {
+PairStatus PairEvaluator::CheckPointCloud(const PairInput& rectified_pair, const cv::Mat& Q,
+                                          std::vector<cv::Point2f>& left_points, std::vector<cv::Point2f>& right_points,
+                                          std::vector<CloudPoint>& cloud) {
   const auto reproject = [&Q](const cv::Point2f& left, const cv::Point2f& right) {
     return reprojectByMatrix(Q, left, right);
   };
-  const PairStatus status = makeCloud(*this, {evalu_model, targetConfigPath, left_rectified, right_rectified},
-                                      reproject, left_points, right_points, cloud);
+  const PairStatus status = makeCloud(*this, rectified_pair, reproject, left_points, right_points, cloud);
   if (status != polar_status::kSuccess || config().allpoints_calc_switch != 1) return status;
 
   measureSpacing(cloud, config().pattern_cols);
   const SpacingFigures all = spacingFigures(cloud, config().pattern_step).all;
-  allpoints_means = all.mean_error;
-  allpoint_max = all.max;
-  allpoints_min = all.min;
+  figures.allpoints_means = all.mean_error;
+  figures.allpoint_max = all.max;
+  figures.allpoints_min = all.min;
   return polar_status::kSuccess;
 }
 
-PairStatus PairEvaluator::CheckPointCloudGroups(const std::int32_t& evalu_model, const char* targetConfigPath,
-                                                const cv::Mat& left_rectified, const cv::Mat& right_rectified,
-                                                const cv::Mat& /*Q*/, std::vector<cv::Point2f>& left_points,
+PairStatus PairEvaluator::CheckPointCloudGroups(const PairInput& rectified_pair, std::vector<cv::Point2f>& left_points,
                                                 std::vector<cv::Point2f>& right_points,
                                                 std::vector<CloudPoint>& cloud) {
   const auto reproject = [this](const cv::Point2f& left, const cv::Point2f& right) {
     return reprojectByNumbers(rectified, left, right);
   };
-  const PairStatus status = makeCloud(*this, {evalu_model, targetConfigPath, left_rectified, right_rectified},
-                                      reproject, left_points, right_points, cloud);
+  const PairStatus status = makeCloud(*this, rectified_pair, reproject, left_points, right_points, cloud);
   if (status != polar_status::kSuccess || config().oqc_switch != 1) return status;
-  return evaluateIdDistances(config().Cal_ID_DIS, cloud, boardPoints, id_dis);
+  return evaluateIdDistances(config().Cal_ID_DIS, cloud, boardPoints, figures.id_dis);
 }

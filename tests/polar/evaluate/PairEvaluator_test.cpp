@@ -40,7 +40,7 @@ TEST_P(MeasurementForm, FollowsTheModel) {
   fixture.measured = -6;
   PairEvaluator evaluator = fixture.evaluator();
   MeasuredPair pair;
-  EXPECT_EQ(evaluator.measure(GetParam(), "target", cv::Mat(), cv::Mat(), pair), -6);
+  EXPECT_EQ(evaluator.measure({GetParam(), "target", cv::Mat(), cv::Mat()}, pair), -6);
   EXPECT_EQ(fixture.asked_model, GetParam());
   EXPECT_EQ(pair.left_points.size(), 1u);
 }
@@ -52,7 +52,7 @@ TEST(PairEvaluator, AnyOtherModelMeasuresNothing) {
   fixture.shared(3, {1, 2}, {3, 4});
   PairEvaluator evaluator = fixture.evaluator();
   MeasuredPair pair;
-  EXPECT_EQ(evaluator.measure(2, "target", cv::Mat(), cv::Mat(), pair), 0);
+  EXPECT_EQ(evaluator.measure({2, "target", cv::Mat(), cv::Mat()}, pair), 0);
   EXPECT_EQ(fixture.measurements, 0);
   EXPECT_TRUE(pair.left_points.empty());
 }

@@ -1,3 +1,5 @@
+#include "polar/geometry/RigidAlignment.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -5,7 +7,7 @@
 #include <stdexcept>
 
 #include "platform/Console.h"
-#include "support/EvaluatorFixture.h"
+#include "support/ConsoleCapture.h"
 #include "tools/scene/StereoRig.h"
 
 namespace {
@@ -13,8 +15,7 @@ namespace {
 using Points = std::vector<cv::Point3f>;
 
 struct RigidAlignment : testing::Test {
-  EvaluatorFixture fixture;
-  PairEvaluator evaluator = fixture.evaluator();
+  ConsoleCapture console;
   std::array<float, 4> rms{};
   Points aligned;
   Points source = {{0, 0, 0}, {100, 0, 0}, {0, 50, 0}, {0, 0, 70}, {30, 20, 10}};
@@ -35,7 +36,7 @@ struct RigidAlignment : testing::Test {
 
 TEST_F(RigidAlignment, MovedSetIsCarriedOntoItself) {
   const Points target = moved(source, scene::rotationFromAngles({0.3, -0.2, 0.5}), {5, -7, 400});
-  EXPECT_EQ(&evaluator.AlignRigid(rms, source, target, aligned), &rms);
+  EXPECT_EQ(&AlignRigid(rms, source, target, aligned), &rms);
   expectAligned(target, 1e-3);
   for (const float figure : rms) EXPECT_LT(figure, 1e-3F);
 }
@@ -43,7 +44,7 @@ TEST_F(RigidAlignment, MovedSetIsCarriedOntoItself) {
 TEST_F(RigidAlignment, PointsThatAreNoNumbersGiveNoMotion) {
   Points target = source;
   target[2].y = std::numeric_limits<float>::infinity();
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   for (const cv::Point3f& point : aligned) EXPECT_TRUE(std::isnan(point.x) && std::isnan(point.z));
   for (const float figure : rms) EXPECT_TRUE(std::isnan(figure));
 }
@@ -52,8 +53,8 @@ TEST_F(RigidAlignment, PrintsRotationVectorAndResiduals) {
   // A quarter turn about z: rotation vector (0, 0, 90) degrees. The figures are exact, the coordinates whole numbers.
   const Points target = moved(source, {{0, -1, 0, 1, 0, 0, 0, 0, 1}}, {0, 0, 0});
   console::useFixedNotation();
-  evaluator.AlignRigid(rms, source, target, aligned);
-  const std::string out = fixture.console.out();
+  AlignRigid(rms, source, target, aligned);
+  const std::string out = console.out();
   EXPECT_NE(out.find("icp_rz:90.0000"), std::string::npos) << out;
   const std::size_t rx = out.find("icp_rx:"), ry = out.find("\nicp_ry:"), rz = out.find("\nicp_rz:");
   const std::size_t x = out.find("\nicp_x_rms:   0.0000"), y = out.find("\nicp_y_rms:   0.0000");
@@ -70,7 +71,7 @@ TEST_F(RigidAlignment, ResidualsByAxisAndTogether) {
   target[1].x += 2;
   target[2].y -= 1;
   target[3].y += 1;
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   EXPECT_NEAR(rms[0], std::sqrt(8.0 / 6.0), 1e-5);
   EXPECT_NEAR(rms[1], std::sqrt(2.0 / 6.0), 1e-5);
   EXPECT_NEAR(rms[2], 0.0, 1e-5);
@@ -80,12 +81,12 @@ TEST_F(RigidAlignment, ResidualsByAxisAndTogether) {
 TEST_F(RigidAlignment, MirroredSetStaysMirrored) {
   Points target = source;
   for (cv::Point3f& point : target) point.z = -point.z;
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   expectAligned(target, 1e-3);
 }
 
 TEST_F(RigidAlignment, OnePointPairFitsWithoutResidual) {
-  evaluator.AlignRigid(rms, {{1, 2, 3}}, {{50, 60, 70}}, aligned);
+  AlignRigid(rms, {{1, 2, 3}}, {{50, 60, 70}}, aligned);
   expectAligned({{50, 60, 70}}, 1e-4);
   EXPECT_LT(rms[3], 1e-4F);
 }
@@ -93,20 +94,20 @@ TEST_F(RigidAlignment, OnePointPairFitsWithoutResidual) {
 TEST_F(RigidAlignment, CoplanarBoardIsFitted) {
   source = {{0, 0, 0}, {100, 0, 0}, {0, 50, 0}, {100, 50, 0}};
   const Points target = moved(source, scene::rotationFromAngles({-0.4, 0.1, 0.2}), {1, 2, 300});
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   expectAligned(target, 1e-3);
 }
 
 TEST_F(RigidAlignment, FormerContentOfTheResultGoes) {
   aligned.resize(50);
-  evaluator.AlignRigid(rms, source, source, aligned);
+  AlignRigid(rms, source, source, aligned);
   EXPECT_EQ(aligned.size(), source.size());
 }
 
 TEST_F(RigidAlignment, WrongListsAreRefusedBeforeAnythingIsPrinted) {
   const auto textOf = [&](const Points& from, const Points& to) -> std::string {
     try {
-      evaluator.AlignRigid(rms, from, to, aligned);
+      AlignRigid(rms, from, to, aligned);
     } catch (const std::invalid_argument& refused) {
       return refused.what();
     }
@@ -114,14 +115,14 @@ TEST_F(RigidAlignment, WrongListsAreRefusedBeforeAnythingIsPrinted) {
   };
   EXPECT_EQ(textOf({}, {}), "Point sets must be non-empty and of the same size.");
   EXPECT_EQ(textOf(source, {{1, 2, 3}}), "Point sets must be non-empty and of the same size.");
-  EXPECT_EQ(fixture.console.out(), "");
+  EXPECT_EQ(console.out(), "");
 }
 
 TEST_F(RigidAlignment, CentroidsAreInSinglePrecision) {
   // The sum 2^24 + 1 + 1 loses its ones: the centroid is 5592405.5 and not 5592406. The target's sum is exact.
   source = {{16777216, 0, 0}, {1, 0, 0}, {1, 0, 0}};
   const Points target = {{0, 0, 0}, {-16777215, 0, 0}, {-16777215, 0, 0}};
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   EXPECT_NEAR(aligned[0].x, 0.5, 1e-3);
 }
 
@@ -134,7 +135,7 @@ TEST_F(RigidAlignment, ResidualsAreSummedInSinglePrecision) {
     source.insert(source.end(), {{0, -10, 0}, {0, 10, 0}});
     target.insert(target.end(), {{0, -12.5F, 0}, {0, 12.5F, 0}});
   }
-  evaluator.AlignRigid(rms, source, target, aligned);
+  AlignRigid(rms, source, target, aligned);
   EXPECT_EQ(rms[3], std::sqrt(134217728.0F / 22.0F));
   EXPECT_NE(rms[3], static_cast<float>(std::sqrt(134217853.0 / 22.0)));
   EXPECT_EQ(rms[1], std::sqrt(125.0F / 22.0F));
@@ -157,7 +158,7 @@ TEST_F(RigidAlignment, ResidualsOfEachAxisAreSummedInSinglePrecision) {
         target.insert(target.end(), {one + at(axis, 2.5F), last + at(axis, -2.5F)});
       }
     }
-    evaluator.AlignRigid(rms, source, target, aligned);
+    AlignRigid(rms, source, target, aligned);
     EXPECT_EQ(rms[static_cast<std::size_t>(axis)], std::sqrt(134217728.0F / 42.0F)) << axis;
   }
 }

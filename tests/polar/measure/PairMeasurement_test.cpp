@@ -11,9 +11,7 @@
 namespace {
 
 struct PairMeasurement : testing::Test, MeasurementFixture {
-  PairStatus measure(PairEvaluator& evaluator) {
-    return evaluator.MeasurePairPoints(rendered.target().c_str(), left, right, pair);
-  }
+  PairStatus measure(PairEvaluator& evaluator) { return evaluator.MeasurePairPoints(input(), pair); }
 };
 
 TEST_F(PairMeasurement, EveryPairOfPointsBelongsToOneDot) {
@@ -39,11 +37,11 @@ TEST_F(PairMeasurement, EveryPairOfPointsBelongsToOneDot) {
 
 TEST_F(PairMeasurement, WithoutEccentricityThePoseReportStays) {
   PairEvaluator evaluator = rendered.evaluator(config);
-  evaluator.PoseReport.fill(3.5F);
-  evaluator.eval_left_K = cv::Mat();  // the pose could not even be asked for
+  evaluator.figures.PoseReport.fill(3.5F);
+  cameras.left_K = cv::Mat();  // the pose could not even be asked for
   ASSERT_EQ(measure(evaluator), 0);
-  EXPECT_EQ(evaluator.PoseReport[0], 3.5F);
-  EXPECT_EQ(evaluator.PoseReport[7], 3.5F);
+  EXPECT_EQ(evaluator.figures.PoseReport[0], 3.5F);
+  EXPECT_EQ(evaluator.figures.PoseReport[7], 3.5F);
   EXPECT_EQ(console.out().find("ir_left_rx: "), std::string::npos);
   EXPECT_EQ(console.out().find("use eccentricity!"), std::string::npos);
 }
@@ -61,9 +59,10 @@ TEST_F(PairMeasurement, EccentricityReportsBothPoses) {
     cv::Vec3d rvec;
     cv::Rodrigues(cv::Matx33d(truth.rotation.values.data()), rvec);
     for (int k = 0; k < 3; ++k) {
-      EXPECT_NEAR(evaluator.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI, 1.0);
+      EXPECT_NEAR(evaluator.figures.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI,
+                  1.0);
     }
-    EXPECT_NEAR(evaluator.PoseReport.at(4 * side + 3), scene::norm(scene::transformed(truth, middle)), 2.0);
+    EXPECT_NEAR(evaluator.figures.PoseReport.at(4 * side + 3), scene::norm(scene::transformed(truth, middle)), 2.0);
   }
   std::size_t last = 0;
   for (const char* label :
@@ -86,21 +85,21 @@ TEST_F(PairMeasurement, EccentricityReplacesEachCentreByThatOfItsEdge) {
   target.detect(left, points, unidentified, cv::Mat());
   constexpr double kRadians = CV_PI / 180.0;
   cv::Matx33d R;
-  cv::Rodrigues(cv::Vec3d(evaluator.PoseReport[0] * kRadians, evaluator.PoseReport[1] * kRadians,
-                          evaluator.PoseReport[2] * kRadians),
+  cv::Rodrigues(cv::Vec3d(evaluator.figures.PoseReport[0] * kRadians, evaluator.figures.PoseReport[1] * kRadians,
+                          evaluator.figures.PoseReport[2] * kRadians),
                 R);
   std::size_t compared = 0;
   for (const auto& point : points) {
     const auto found = pair.left_by_id.find(point.id);
     if (found == pair.left_by_id.end()) continue;
-    const cv::Point2f expected = compensatedCentre(point.edge_points, cv::Matx33d(evaluator.eval_left_K), R);
+    const cv::Point2f expected = compensatedCentre(point.edge_points, cv::Matx33d(cameras.left_K), R);
     EXPECT_NEAR(found->second.x, expected.x, 0.01);
     EXPECT_NEAR(found->second.y, expected.y, 0.01);
     ++compared;
   }
   EXPECT_GT(compared, 50u);
   // The edges are drawn: green on the left half of the canvas, blue on the right one.
-  const cv::Mat& canvas = evaluator.detect_canvas;
+  const cv::Mat& canvas = evaluator.figures.detect_canvas;
   cv::Mat green, blue;
   cv::inRange(canvas, cv::Scalar(0, 255, 0), cv::Scalar(0, 255, 0), green);
   cv::inRange(canvas, cv::Scalar(255, 0, 0), cv::Scalar(255, 0, 0), blue);
@@ -117,7 +116,7 @@ TEST_F(PairMeasurement, PointOfOneImageIsDrawnButEntersNothing) {
   EXPECT_EQ(pair.left_by_id.count(0), 0u);
   EXPECT_EQ(pair.right_by_id.count(0), 0u);
   EXPECT_EQ(pair.left_points.size(), pair.right_points.size());
-  const cv::Mat& canvas = evaluator.detect_canvas;
+  const cv::Mat& canvas = evaluator.figures.detect_canvas;
   ASSERT_EQ(canvas.size(), cv::Size(2 * left.cols, left.rows));
   cv::Mat red;
   cv::inRange(canvas, cv::Scalar(0, 0, 255), cv::Scalar(0, 0, 255), red);
@@ -133,11 +132,12 @@ TEST_F(PairMeasurement, SixteenBitImagesAreStretchedOneByOne) {
   EXPECT_GT(pair.left_points.size(), rendered.truth().dots.size() / 2);
   // On the canvas both share one stretch: the left half is nearly black.
   double darkest = 0, brightest = 0;
-  cv::minMaxIdx(evaluator.detect_canvas.colRange(left.cols, 2 * left.cols).clone().reshape(1), &darkest, &brightest);
+  cv::minMaxIdx(evaluator.figures.detect_canvas.colRange(left.cols, 2 * left.cols).clone().reshape(1), &darkest,
+                &brightest);
   EXPECT_EQ(brightest, 255);
   // Id marks are red; green and blue carry the picture alone.
   std::vector<cv::Mat> planes;
-  cv::split(evaluator.detect_canvas.colRange(0, left.cols), planes);
+  cv::split(evaluator.figures.detect_canvas.colRange(0, left.cols), planes);
   cv::minMaxIdx(planes[1], &darkest, &brightest);
   EXPECT_LT(brightest, 20);
 }
@@ -155,7 +155,7 @@ TEST_F(PairMeasurement, ImageWithoutBoardHasTooFewPointsAndNoText) {
   PairEvaluator evaluator = rendered.evaluator(config);
   EXPECT_EQ(measure(evaluator), -6);
   EXPECT_EQ(evaluator.errorText, "");
-  EXPECT_TRUE(evaluator.detect_canvas.empty());
+  EXPECT_TRUE(evaluator.figures.detect_canvas.empty());
   EXPECT_NE(console.out().find("detect point num : 0\n"), std::string::npos);
 }
 
@@ -179,7 +179,7 @@ TEST_F(PairMeasurement, ImagesOfDifferentSizeEndInTheLibrarysException) {
 
 TEST_F(PairMeasurement, TargetThatCannotBeInitialised) {
   PairEvaluator evaluator = rendered.evaluator(config);
-  EXPECT_EQ(evaluator.MeasurePairPoints("", left, right, pair), -5);
+  EXPECT_EQ(evaluator.MeasurePairPoints(input(""), pair), -5);
   EXPECT_EQ(evaluator.errorText, " Fail init camera model! ");
 }
 
@@ -220,10 +220,10 @@ TEST_F(PairMeasurement, FirstDetectedPointOfAnIdStays) {
   ASSERT_GT(repeated, 10U);
 
   PairEvaluator evaluator = rendered.evaluator(config);
-  ASSERT_EQ(evaluator.MeasurePairPoints(target.c_str(), left, right, pair), 0);
+  ASSERT_EQ(evaluator.MeasurePairPoints(input(target), pair), 0);
   for (const auto& [id, pixel_left] : pair.left_by_id) EXPECT_EQ(pixel_left, first.at(id)) << id;
   MeasuredPair detected;
-  ASSERT_EQ(evaluator.DetectPairPoints(target.c_str(), left, right, detected), 0);
+  ASSERT_EQ(evaluator.DetectPairPoints(input(target), detected), 0);
   EXPECT_EQ(detected.left_by_id, first);
 }
 
@@ -233,7 +233,7 @@ TEST_F(PairMeasurement, SixDetectedPointsAreEnough) {
   const auto statusOf = [&](const char* ids) {
     pair = {};
     const std::string target = scene::targetIni(dots.scene()) + "\ndetection_switch: 1\ndetection_id: " + ids + "\n";
-    return evaluator.MeasurePairPoints(target.c_str(), dots.left(), dots.right(), pair);
+    return evaluator.MeasurePairPoints({0, target.c_str(), dots.left(), dots.right()}, pair);
   };
   EXPECT_EQ(statusOf("[1,2,3,4,5]"), -6);
   EXPECT_NE(console.out().find("detect point num : 5\n"), std::string::npos);
@@ -247,7 +247,8 @@ TEST_F(PairMeasurement, SixBoardPointsDoNotReachTheTargetAndSevenDo) {
   const auto modeOf = [&](const std::string& board, std::size_t count) {
     evaluator.boardPoints.resize(count);
     const std::size_t before = console.out().size();
-    evaluator.MeasurePairPoints((board + "\nboard_type: 2\nstep: 20\n").c_str(), left, right, pair);
+    const std::string target = board + "\nboard_type: 2\nstep: 20\n";
+    evaluator.MeasurePairPoints(input(target), pair);
     const std::string printed = console.out().substr(before);
     return printed.substr(0, printed.find('\n'));
   };
@@ -263,8 +264,7 @@ TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
     evaluator.left_dist[4 + k] = 0.01F * static_cast<float>(k + 1);
     evaluator.right_dist[4 + k] = -0.008F * static_cast<float>(k + 1);
   }
-  evaluator.eval_right_K = evaluator.eval_right_K * 1.0;
-  evaluator.eval_right_K.at<double>(0, 2) += 7.0;
+  cameras.right_K.at<double>(0, 2) += 7.0;
   ASSERT_EQ(measure(evaluator), 0);
 
   kestrune::RingTarget target;
@@ -284,10 +284,10 @@ TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
     // k1, k2, p1, p2, k3 to k6.
     const std::vector<double> coefficients = {lens[4], lens[5], lens[10], lens[11], lens[6], lens[7], lens[8], lens[9]};
     cv::Vec3d rvec, tvec;
-    cv::solvePnP(points_board, pixels, side == 0 ? evaluator.eval_left_K : evaluator.eval_right_K, coefficients, rvec,
-                 tvec);
+    cv::solvePnP(points_board, pixels, side == 0 ? cameras.left_K : cameras.right_K, coefficients, rvec, tvec);
     for (int k = 0; k < 3; ++k) {
-      EXPECT_NEAR(evaluator.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI, 1e-4);
+      EXPECT_NEAR(evaluator.figures.PoseReport.at(4 * side + static_cast<std::size_t>(k)), rvec[k] * 180.0 / CV_PI,
+                  1e-4);
     }
   }
 }
@@ -305,7 +305,7 @@ TEST_P(ChosenPoint, IsMarkedInBothHalves) {
   const auto redAround = [&](const scene::Point2& centre, int shift) {
     const cv::Point place(cvRound(centre.x) + shift, cvRound(centre.y));
     cv::Mat red;
-    cv::inRange(evaluator.detect_canvas(cv::Rect(place.x - 4, place.y - 4, 9, 9)), cv::Scalar(0, 0, 255),
+    cv::inRange(evaluator.figures.detect_canvas(cv::Rect(place.x - 4, place.y - 4, 9, 9)), cv::Scalar(0, 0, 255),
                 cv::Scalar(0, 0, 255), red);
     return cv::countNonZero(red);
   };

@@ -5,9 +5,7 @@
 namespace {
 
 struct PointDetection : testing::Test, MeasurementFixture {
-  PairStatus detect(PairEvaluator& evaluator) {
-    return evaluator.DetectPairPoints(rendered.target().c_str(), left, right, pair);
-  }
+  PairStatus detect(PairEvaluator& evaluator) { return evaluator.DetectPairPoints(input(), pair); }
 };
 
 TEST_F(PointDetection, PointOfOneImageStaysInItsOwnMap) {
@@ -19,7 +17,7 @@ TEST_F(PointDetection, PointOfOneImageStaysInItsOwnMap) {
   EXPECT_EQ(pair.right_by_id.count(0), 0u);
   EXPECT_EQ(pair.left_points.size() + 1, pair.left_by_id.size());
   EXPECT_EQ(pair.left_points.front(), pair.left_by_id.at(1));
-  EXPECT_TRUE(evaluator.detect_canvas.empty());
+  EXPECT_TRUE(evaluator.figures.detect_canvas.empty());
   EXPECT_EQ(console.out().find("use eccentricity!"), std::string::npos);
   EXPECT_EQ(console.out().find("detect point num"), std::string::npos);
 }
@@ -36,7 +34,7 @@ TEST_F(PointDetection, EmptyImageIsToldOfAndPassedOver) {
 
 TEST_F(PointDetection, TargetThatCannotBeInitialisedFindsNothing) {
   PairEvaluator evaluator = rendered.evaluator(config);
-  EXPECT_EQ(evaluator.DetectPairPoints("", left, right, pair), 0);
+  EXPECT_EQ(evaluator.DetectPairPoints(input(""), pair), 0);
   EXPECT_TRUE(pair.left_by_id.empty());
   EXPECT_EQ(evaluator.errorText, "");
 }

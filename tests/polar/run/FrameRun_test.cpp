@@ -35,7 +35,7 @@ TEST_F(Frames, SecondRunReplacesTheFirstsTable) {
 TEST_F(Frames, PolyWithoutTablesHasTheImageTextHere) {
   pairs(1);
   arguments.images.pop_back();
-  arguments.type = 3;
+  config.type = 3;
   EXPECT_EQ(run(), polar_status::kPolyTables);
   EXPECT_EQ(core.errorText, "Read image Error!");
 }
@@ -70,9 +70,9 @@ TEST_F(Frames, NoFolderAndNoPictureWhateverTheSwitchesSay) {
 
 TEST_F(Frames, CropShiftAddsUpHereToo) {
   pairs(2, 400, 300);
-  arguments.crop = 1;
-  arguments.cropped_cols = 390;
-  arguments.cropped_rows = 280;
+  config.crop = 1;
+  config.cropped_cols = 390;
+  config.cropped_rows = 280;
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 2 * 5);
   EXPECT_EQ(core.right.K.at<double>(1, 2), 16.0 - 2 * 10);
@@ -104,7 +104,7 @@ TEST_F(Frames, LensIsTheTablesOfAPolyRunAndTheCoefficientsOfAnyOther) {
       camera->poly_nx = camera->poly_ny = 1;
       camera->poly_x[3] = square;
     }
-    arguments.type = type;
+    config.type = type;
     EXPECT_EQ(run(), 0);
     return core.records.back().frameValues.at(0);
   };

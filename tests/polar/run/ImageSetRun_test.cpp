@@ -54,7 +54,7 @@ TEST_F(ImageSet, ThirdRunOnAFolderWritesTheThirdFile) {
 
 TEST_F(ImageSet, OtherEvaluationValuesMakeRecordsWithoutAFile) {
   pairs(2);
-  arguments.evaluation = 2;
+  config.evaluation = 2;
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.records.size(), 2U);
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
@@ -80,7 +80,7 @@ TEST_F(ImageSet, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
 TEST_F(ImageSet, SavedPicturesAreLeftRightAndBothWithTheirLines) {
   config.savepolarline = 1;
   config.foursixmethod_swithch = 1;
-  arguments.type = 5;  // Unwarped.
+  config.type = 5;  // Unwarped.
   const cv::Mat left(90, 120, CV_8UC1, cv::Scalar(60));
   const cv::Mat right(90, 120, CV_8UC1, cv::Scalar(200));
   arguments.images = {{left}, {right}};
@@ -166,7 +166,7 @@ TEST_F(ImageSet, NoPairsIsSuccessWithoutRecords) {
 
 TEST_F(ImageSet, PolyWithoutTablesFailsAfterTheSummaryWasMade) {
   pairs(1);
-  arguments.type = 3;
+  config.type = 3;
   calib.left.poly_nx = calib.left.poly_ny = calib.right.poly_nx = 1;
   EXPECT_EQ(run(), polar_status::kPolyTables);
   EXPECT_EQ(core.errorText, "Read Poly Params Error!");
@@ -199,9 +199,9 @@ TEST_F(ImageSet, NullCallbackIsNone) {
 
 TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
   pairs(3);
-  arguments.crop = 1;
-  arguments.cropped_cols = 31;  // dx = (40 - 31) / 2 = 4
-  arguments.cropped_rows = 25;  // dy = (30 - 25) / 2 = 2
+  config.crop = 1;
+  config.cropped_cols = 31;  // dx = (40 - 31) / 2 = 4
+  config.cropped_rows = 25;  // dy = (30 - 25) / 2 = 2
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 3 * 4);
   EXPECT_EQ(core.left.K.at<double>(1, 2), 15.0 - 3 * 2);
@@ -213,9 +213,9 @@ TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
 TEST_F(ImageSet, CropIsTakenForEachImageByItself) {
   pairs(1);
   arguments.images[1][0] = cv::Mat(35, 50, CV_8UC1, cv::Scalar(90));
-  arguments.crop = 1;
-  arguments.cropped_cols = 31;
-  arguments.cropped_rows = 25;
+  config.crop = 1;
+  config.cropped_cols = 31;
+  config.cropped_rows = 25;
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.left.K.at<double>(0, 2), 20.0 - 4);
   EXPECT_EQ(core.left.K.at<double>(1, 2), 15.0 - 2);
@@ -232,9 +232,10 @@ TEST_P(ImpossibleCrop, RaisesTheLibrarysException) {
   RunFixture f;
   f.pairs(1);
   f.applyConfig();
-  f.arguments.crop = 1;
-  f.arguments.cropped_cols = GetParam().cols;
-  f.arguments.cropped_rows = GetParam().rows;
+  f.config.crop = 1;
+  f.config.cropped_cols = GetParam().cols;
+  f.config.cropped_rows = GetParam().rows;
+  f.applyConfig();
   EXPECT_THROW(f.core.ImageSetRun(f.arguments, f.calib), cv::Exception);
 }
 
@@ -259,13 +260,6 @@ TEST_F(ImageSet, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
   EXPECT_TRUE(core.records.empty());
   EXPECT_EQ(folder.read("align_data_0.csv"), "id ,tri_rms, tri_mean, tri_min, tri_max\n")
       << "without its last line end";
-}
-
-TEST_F(ImageSet, ImagesAreLetGoBehindTheirPair) {
-  pairs(1);
-  EXPECT_EQ(run(), 0);
-  EXPECT_TRUE(core.left_image.empty());
-  EXPECT_TRUE(core.right_image.empty());
 }
 
 TEST_F(ImageSet, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {

@@ -13,14 +13,16 @@ namespace {
 struct PairWalk : ::testing::Test, RunFixture {
   std::vector<PairResult> outcomes;
   std::vector<std::int32_t> numbers;  ///< Of the pairs, as their evaluation sees them.
+  PairInput last;                     ///< What the last evaluation was handed.
   std::ostringstream summary;
 
   std::int32_t walk(const WalkRules& rules) {
     applyConfig();
     PairEvaluator evaluator(core.config);
     const auto start = std::chrono::steady_clock::now();
-    return walkPairs(core, arguments, evaluator, summary, start, rules, [&](std::size_t index) {
+    return walkPairs(core, arguments, evaluator, summary, start, rules, [&](std::size_t index, const PairInput& pair) {
       numbers.push_back(evaluator.image_id);
+      last = pair;
       return outcomes.at(index);
     });
   }
@@ -57,22 +59,69 @@ TEST_F(PairWalk, RowsBearThePositionInTheSet) {
 TEST_F(PairWalk, RowsAreFormedForAnEvaluationOrWhereTheRulesSaySo) {
   pairs(1);
   outcomes = {kFinished};
-  arguments.evaluation = 0;
+  config.evaluation = 0;
   walk({.writes_every_row = false});
   EXPECT_EQ(summary.str(), "\n");
   walk({.writes_every_row = true});
   EXPECT_EQ(summary.str(), "\nImages_num_: 1_PolarVersion_: 1.3.3\n\n");
 }
 
-TEST_F(PairWalk, ImagesAreLetGoWhereTheRulesSaySo) {
+TEST_F(PairWalk, ImagesAreLetGoBeforeTheReport) {
+  pairs(1);
+  const int* held = &arguments.images[0][0].u->refcount;
+  const int held_by_the_set = *held;
+  std::vector<int> held_at_report;
+  progress = [&](float /*percentage*/) {
+    held_at_report.push_back(*held);
+    return true;
+  };
+  applyConfig();
+  PairEvaluator evaluator(core.config);
+  int held_meanwhile = 0;
+  walkPairs(core, arguments, evaluator, summary, std::chrono::steady_clock::now(), {},
+            [&](std::size_t, const PairInput&) {
+              held_meanwhile = *held;
+              return kFinished;
+            });
+  EXPECT_GT(held_meanwhile, held_by_the_set);
+  EXPECT_EQ(held_at_report, std::vector<int>{held_by_the_set});
+}
+
+TEST_F(PairWalk, HandsOverWhatTheConfigurationAndTheCamerasSay) {
   pairs(1);
   outcomes = {kFinished};
-  walk({.releases_images = false});
-  EXPECT_FALSE(core.left_image.empty());
-  EXPECT_FALSE(core.right_image.empty());
-  walk({.releases_images = true});
-  EXPECT_TRUE(core.left_image.empty());
-  EXPECT_TRUE(core.right_image.empty());
+  config.evalu_model = 1;
+  core.left.K = cv::Mat::eye(3, 3, CV_64FC1);
+  core.right.K = cv::Mat::eye(3, 3, CV_64FC1) * 2.0;
+  core.R = cv::Mat::eye(3, 3, CV_64FC1) * 3.0;
+  core.T = cv::Mat::ones(3, 1, CV_64FC1);
+  walk({});
+  EXPECT_EQ(last.evalu_model, 1);
+  EXPECT_STREQ(last.targetConfigPath, "board_type: 2");
+  EXPECT_EQ(last.left_image.data, arguments.images[0][0].data);
+  EXPECT_EQ(last.right_image.data, arguments.images[1][0].data);
+  EXPECT_EQ(last.cameras.left_K.at<double>(0, 0), 1.0);
+  EXPECT_EQ(last.cameras.right_K.at<double>(0, 0), 2.0);
+  EXPECT_EQ(last.cameras.R.at<double>(0, 0), 3.0);
+  EXPECT_EQ(last.cameras.T.at<double>(2, 0), 1.0);
+}
+
+TEST_F(PairWalk, CropHandsOverACopyOfTheMiddle) {
+  config.crop = 1;
+  config.cropped_cols = 20;
+  config.cropped_rows = 10;
+  cv::Mat image(30, 40, CV_8UC1);
+  for (int row = 0; row < 30; ++row)
+    for (int column = 0; column < 40; ++column)
+      image.at<std::uint8_t>(row, column) = static_cast<std::uint8_t>(4 * row + column);
+  arguments.images = {{image}, {image}};
+  outcomes = {kFinished};
+  EXPECT_EQ(walk({}), 0);
+  ASSERT_EQ(last.left_image.size(), cv::Size(20, 10));
+  EXPECT_EQ(last.left_image.at<std::uint8_t>(0, 0), 4 * 10 + 10) << "the middle of the image";
+  EXPECT_EQ(last.left_image.at<std::uint8_t>(9, 19), 4 * 19 + 29);
+  EXPECT_FALSE(last.left_image.isSubmatrix()) << "a copy of its own";
+  EXPECT_TRUE(last.cameras.left_K.empty()) << "a run without matrices has none to shift";
 }
 
 TEST_F(PairWalk, PairThatEndsTheRunGivesItsStatus) {

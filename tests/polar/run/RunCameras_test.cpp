@@ -8,6 +8,13 @@
 
 namespace {
 
+/// Loads the fixture's calibration for a distortion model.
+bool load(RunFixture& fixture, std::int32_t type) {
+  fixture.config.type = type;
+  fixture.applyConfig();
+  return loadRunCameras(fixture.core, fixture.calib);
+}
+
 struct Expected {
   std::int32_t type;
   CameraFloats left;
@@ -17,7 +24,7 @@ class CamerasByType : public ::testing::TestWithParam<Expected>, public RunFixtu
 TEST_P(CamerasByType, TakesWhatTheModelHasUseFor) {
   calib.left.poly_nx = calib.left.poly_ny = calib.right.poly_nx = calib.right.poly_ny = 1;
   calib.extrinsics = {0.1, 0.2, 0.3, 4, 5, 6};
-  ASSERT_TRUE(loadRunCameras(core, calib, GetParam().type));
+  ASSERT_TRUE(load(*this, GetParam().type));
   EXPECT_EQ(core.left_dist, GetParam().left);
   CameraFloats right = {110, 111, 21, 16, 1.1F, 1.2F, 1.3F, 1.4F, 1.5F, 1.6F, 1.7F, 1.8F};
   for (std::size_t k = 0; k < right.size(); ++k)
@@ -39,7 +46,7 @@ class UnknownType : public ::testing::TestWithParam<std::int32_t>, public RunFix
 
 TEST_P(UnknownType, LoadsNothingAndGoesOn) {
   calib.extrinsics = {0.1, 0.2, 0.3, 4, 5, 6};
-  ASSERT_TRUE(loadRunCameras(core, calib, GetParam()));
+  ASSERT_TRUE(load(*this, GetParam()));
   EXPECT_EQ(core.left_dist, CameraFloats{});
   EXPECT_EQ(core.translation, (std::array<float, 3>{}));
   EXPECT_TRUE(core.left.K.empty());
@@ -54,7 +61,7 @@ TEST(RunCameras, EveryTableMustBeThere) {
     f.calib.left.poly_ny = missing != 1;
     f.calib.right.poly_nx = missing != 2;
     f.calib.right.poly_ny = missing != 3;
-    EXPECT_FALSE(loadRunCameras(f.core, f.calib, 3)) << missing;
+    EXPECT_FALSE(load(f, 3)) << missing;
   }
 }
 
@@ -62,16 +69,16 @@ TEST(RunCameras, GridOfMoreCellsThanATableHoldsIsNone) {
   RunFixture f;
   f.calib.left.poly_nx = f.calib.right.poly_nx = 10;
   f.calib.left.poly_ny = f.calib.right.poly_ny = 5;
-  EXPECT_TRUE(loadRunCameras(f.core, f.calib, 3));
+  EXPECT_TRUE(load(f, 3));
   f.calib.right.poly_nx = 17;
   f.calib.right.poly_ny = 3;  // 51 cells
-  EXPECT_FALSE(loadRunCameras(f.core, f.calib, 3));
+  EXPECT_FALSE(load(f, 3));
 }
 
 TEST(RunCameras, ExtrinsicsPassThroughSinglePrecision) {
   RunFixture f;
   f.calib.extrinsics = {0, 0, 0.1, 0.2, 0.3, 0.4};
-  ASSERT_TRUE(loadRunCameras(f.core, f.calib, 1));
+  ASSERT_TRUE(load(f, 1));
   EXPECT_EQ(f.core.T.at<double>(0), static_cast<double>(0.2F));
   EXPECT_EQ(f.core.T.at<double>(2), static_cast<double>(0.4F));
   EXPECT_NEAR(f.core.R.at<double>(1, 0), std::sin(static_cast<double>(0.1F)), 1e-15);
@@ -83,7 +90,7 @@ TEST(RunCameras, EachObjectTakesTheTablesOfItsSide) {
   f.calib.left.poly_nx = f.calib.left.poly_ny = f.calib.right.poly_nx = f.calib.right.poly_ny = 1;
   f.calib.left.poly_x[0] = 0.25F;
   f.calib.right.poly_x[0] = -0.5F;
-  ASSERT_TRUE(loadRunCameras(f.core, f.calib, 3));
+  ASSERT_TRUE(load(f, 3));
   cv::Point2d raw;
   f.core.left_camera.AddDistortion({0.125, 0.125}, raw);
   EXPECT_EQ(raw.x, 0.125 - 0.25);
@@ -96,7 +103,7 @@ TEST(RunCameras, EvaluatorTakesTheCoresValues) {
   f.config.eccentricity = true;
   f.applyConfig();
   f.core.boardPoints = {{1, 2, 3}};
-  ASSERT_TRUE(loadRunCameras(f.core, f.calib, 1));
+  ASSERT_TRUE(load(f, 1));
   const PairEvaluator evaluator = makeEvaluator(f.core);
   EXPECT_EQ(evaluator.left_dist, f.core.left_dist);
   EXPECT_EQ(evaluator.right_dist, f.core.right_dist);

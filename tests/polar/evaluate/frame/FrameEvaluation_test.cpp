@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <opencv2/imgcodecs.hpp>
 #include <sstream>
 
 #include "camera/BrownCamera.h"
@@ -35,7 +36,8 @@ struct FrameEvaluation : public ::testing::Test, public EvaluatorFixture {
   }
   PairStatus evaluate(PairEvaluator& target, std::int32_t evalu_model = 0) {
     const BrownCamera camera(lens);
-    return target.CalFramePrecision(evalu_model, frameTarget().c_str(), left, right, cameras, camera, camera);
+    const std::string description = frameTarget();
+    return target.CalFramePrecision({evalu_model, description.c_str(), left, right, cameras}, camera, camera);
   }
   /// Keeps the first `count` frame points.
   void keep(std::size_t count) {
@@ -48,12 +50,12 @@ struct FrameEvaluation : public ::testing::Test, public EvaluatorFixture {
 
 TEST_F(FrameEvaluation, DistanceErrorsAgainstTheTruth) {
   PairEvaluator target = evaluator();
-  target.frameValues = {9, 9, 9, 9, 9};
+  target.figures.frameValues = {9, 9, 9, 9, 9};
   ASSERT_EQ(evaluate(target), 0);
-  ASSERT_EQ(target.frameValues.size(), 3U);
-  EXPECT_NEAR(target.frameValues[0], 2.0, 0.02);
-  EXPECT_NEAR(target.frameValues[1], -3.0, 0.02);
-  EXPECT_NEAR(target.frameValues[2], 0.0, 1.0);  // From (-300, -160, 1000) to (360, 400, 2000).
+  ASSERT_EQ(target.figures.frameValues.size(), 3U);
+  EXPECT_NEAR(target.figures.frameValues[0], 2.0, 0.02);
+  EXPECT_NEAR(target.figures.frameValues[1], -3.0, 0.02);
+  EXPECT_NEAR(target.figures.frameValues[2], 0.0, 1.0);  // From (-300, -160, 1000) to (360, 400, 2000).
 }
 
 TEST_F(FrameEvaluation, ErrorsAreInSinglePrecisionAndPrintedWithEightDecimals) {
@@ -64,7 +66,7 @@ TEST_F(FrameEvaluation, ErrorsAreInSinglePrecisionAndPrintedWithEightDecimals) {
   expected.precision(8);
   const std::array<const char*, 3> labels = {"1---2: ", "3---2: ", "1---5: "};
   for (std::size_t k = 0; k < labels.size(); ++k) {
-    const double value = target.frameValues[k];
+    const double value = target.figures.frameValues[k];
     EXPECT_EQ(value, static_cast<double>(static_cast<float>(value)));
     expected << labels[k] << static_cast<float>(value) << '\n';
   }
@@ -81,17 +83,17 @@ TEST_F(FrameEvaluation, LengthsAreSquaredAndRootedInDouble) {
   int told_apart = 0;
   for (std::size_t k = 0; k < 25; ++k) {
     const std::size_t a = k / 5, b = k % 5;
-    const PairPointRecord& first = target.pairPoints[a];
-    const PairPointRecord& second = target.pairPoints[b];
+    const PairPointRecord& first = target.figures.pairPoints[a];
+    const PairPointRecord& second = target.figures.pairPoints[b];
     const cv::Point3f apart(first.x - second.x, first.y - second.y, first.z - second.z);
     const auto& true_first = config.Frame_3D[a];
     const auto& true_second = config.Frame_3D[b];
     const double true_length = cv::norm(
         cv::Point3d(true_first[0] - true_second[0], true_first[1] - true_second[1], true_first[2] - true_second[2]));
-    EXPECT_EQ(target.frameValues[k],
+    EXPECT_EQ(target.figures.frameValues[k],
               static_cast<double>(static_cast<float>(cv::norm(cv::Point3d(apart)) - true_length)));
     const float narrow = std::sqrt(apart.x * apart.x + apart.y * apart.y + apart.z * apart.z);
-    if (target.frameValues[k] != static_cast<double>(static_cast<float>(narrow - true_length))) ++told_apart;
+    if (target.figures.frameValues[k] != static_cast<double>(static_cast<float>(narrow - true_length))) ++told_apart;
   }
   EXPECT_GT(told_apart, 5);
 }
@@ -102,22 +104,21 @@ TEST_F(FrameEvaluation, TrueDifferencesAreTakenAsFloats) {
   config.Frame_ID_DIS = {{1, 2}};
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  EXPECT_NEAR(target.frameValues[0], 420.0 - 16777216.0, 0.5);
+  EXPECT_NEAR(target.figures.frameValues[0], 420.0 - 16777216.0, 0.5);
 }
 
 TEST_F(FrameEvaluation, RecordsHaveTheFramesIdsAndPoints) {
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  ASSERT_EQ(target.pairPoints.size(), 5U);
-  EXPECT_EQ(target.pairPoints[0].id, 30);
-  EXPECT_EQ(target.pairPoints[4].id, 40);
-  EXPECT_NEAR(target.pairPoints[4].left_x, 820, 0.05);
-  EXPECT_NEAR(target.pairPoints[4].right_x, 760, 0.05);
-  EXPECT_NEAR(target.pairPoints[4].x, 360, 0.5);
-  EXPECT_NEAR(target.pairPoints[4].z, 2000, 1.0);
-  EXPECT_TRUE(target.pairPoints[4].dis_errors.empty());
-  EXPECT_EQ(target.pairPoints[4].right_err, 0.0F);
-  EXPECT_EQ(cv::norm(target.eval_left_K, cameras.left_K), 0.0);
+  ASSERT_EQ(target.figures.pairPoints.size(), 5U);
+  EXPECT_EQ(target.figures.pairPoints[0].id, 30);
+  EXPECT_EQ(target.figures.pairPoints[4].id, 40);
+  EXPECT_NEAR(target.figures.pairPoints[4].left_x, 820, 0.05);
+  EXPECT_NEAR(target.figures.pairPoints[4].right_x, 760, 0.05);
+  EXPECT_NEAR(target.figures.pairPoints[4].x, 360, 0.5);
+  EXPECT_NEAR(target.figures.pairPoints[4].z, 2000, 1.0);
+  EXPECT_TRUE(target.figures.pairPoints[4].dis_errors.empty());
+  EXPECT_EQ(target.figures.pairPoints[4].right_err, 0.0F);
 }
 
 TEST_F(FrameEvaluation, TheBoardIsMeasuredOnceInFullAndItsFailureDoesNotCount) {
@@ -130,27 +131,28 @@ TEST_F(FrameEvaluation, TheBoardIsMeasuredOnceInFullAndItsFailureDoesNotCount) {
 TEST_F(FrameEvaluation, CanvasShowsBothImagesSideBySide) {
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  ASSERT_EQ(target.detect_canvas.size(), cv::Size(2560, 1024));
-  ASSERT_EQ(target.detect_canvas.type(), CV_8UC3);
+  ASSERT_EQ(target.figures.detect_canvas.size(), cv::Size(2560, 1024));
+  ASSERT_EQ(target.figures.detect_canvas.type(), CV_8UC3);
   const cv::Vec3b red(0, 0, 255);
-  EXPECT_EQ(target.detect_canvas.at<cv::Vec3b>(652, 762), red);
-  EXPECT_EQ(target.detect_canvas.at<cv::Vec3b>(652, 1280 + 642), red);
-  EXPECT_EQ(target.detect_canvas.at<cv::Vec3b>(900, 1280 + 100), cv::Vec3b(200, 200, 200));
+  EXPECT_EQ(target.figures.detect_canvas.at<cv::Vec3b>(652, 762), red);
+  EXPECT_EQ(target.figures.detect_canvas.at<cv::Vec3b>(652, 1280 + 642), red);
+  EXPECT_EQ(target.figures.detect_canvas.at<cv::Vec3b>(900, 1280 + 100), cv::Vec3b(200, 200, 200));
 }
 
 TEST_F(FrameEvaluation, ResidualsReachTheRecords) {
   config.triangulate_residual_switch = 1;
+  config.tri_bias_savepng_swithch = 1;
   config.tri_bias_divid = 5.0F;
   std::vector<cv::Point> centres = discGrid();
   std::replace(centres.begin(), centres.end(), cv::Point(640, 652), cv::Point(640, 654));
   right = discs(centres);
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  EXPECT_NEAR(target.pairPoints[2].right_err, 1.0, 0.05);  // The triangulation splits it between the images.
-  EXPECT_NEAR(target.pairPoints[0].right_err, 0.0, 0.05);
-  EXPECT_EQ(target.tri_max, target.pairPoints[2].right_err);
-  EXPECT_EQ(cv::norm(target.residual_image, right, cv::NORM_INF), 0.0);
-  EXPECT_NE(target.residual_image.data, right.data);
+  EXPECT_NEAR(target.figures.pairPoints[2].right_err, 1.0, 0.05);  // The triangulation splits it between the images.
+  EXPECT_NEAR(target.figures.pairPoints[0].right_err, 0.0, 0.05);
+  EXPECT_EQ(target.figures.tri_max, target.figures.pairPoints[2].right_err);
+  const cv::Mat picture = cv::imread(folder.file("0_right_tri.png"), cv::IMREAD_GRAYSCALE);
+  EXPECT_EQ(cv::norm(picture, right, cv::NORM_INF), 0.0) << "the residuals' picture is the right image";
 }
 
 TEST_F(FrameEvaluation, TwoPointsStillYieldTheirDistanceWhileTheResidualIsOff) {
@@ -158,7 +160,7 @@ TEST_F(FrameEvaluation, TwoPointsStillYieldTheirDistanceWhileTheResidualIsOff) {
   config.Frame_ID_DIS = {{2, 1}};
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  EXPECT_NEAR(target.frameValues.at(0), 2.0, 0.02);
+  EXPECT_NEAR(target.figures.frameValues.at(0), 2.0, 0.02);
 }
 
 TEST_F(FrameEvaluation, AFailingResidualEndsTheFrameWithItsEarlierValues) {
@@ -166,22 +168,22 @@ TEST_F(FrameEvaluation, AFailingResidualEndsTheFrameWithItsEarlierValues) {
   config.Frame_ID_DIS = {{2, 1}};
   config.triangulate_residual_switch = 1;
   PairEvaluator target = evaluator();
-  target.frameValues = {42};
+  target.figures.frameValues = {42};
   EXPECT_EQ(evaluate(target), -9);
-  EXPECT_EQ(target.frameValues, (std::vector<double>{42}));
-  EXPECT_EQ(target.pairPoints.size(), 2U);
-  EXPECT_FALSE(target.detect_canvas.empty());
+  EXPECT_EQ(target.figures.frameValues, (std::vector<double>{42}));
+  EXPECT_EQ(target.figures.pairPoints.size(), 2U);
+  EXPECT_FALSE(target.figures.detect_canvas.empty());
 }
 
 TEST_F(FrameEvaluation, APointThatIsNotFoundStandsAtTheZeroPixelAndSpoilsItsDistances) {
   config.Frame_IRL[1] = {1200, 1000};
   PairEvaluator target = evaluator();
   ASSERT_EQ(evaluate(target), 0);
-  EXPECT_EQ(target.pairPoints[1].left_x, 0.0F);
-  EXPECT_EQ(target.pairPoints[1].left_y, 0.0F);
-  EXPECT_EQ(target.pairPoints[1].id, 10);
-  EXPECT_GT(std::abs(target.frameValues[0]), 100.0);
-  EXPECT_NEAR(target.frameValues[2], 0.0, 1.0);
+  EXPECT_EQ(target.figures.pairPoints[1].left_x, 0.0F);
+  EXPECT_EQ(target.figures.pairPoints[1].left_y, 0.0F);
+  EXPECT_EQ(target.figures.pairPoints[1].id, 10);
+  EXPECT_GT(std::abs(target.figures.frameValues[0]), 100.0);
+  EXPECT_NEAR(target.figures.frameValues[2], 0.0, 1.0);
 }
 
 struct RangeCase {

@@ -41,17 +41,18 @@ struct BoardFit : testing::Test {
     }
   }
   std::vector<double> fitted(PairEvaluator& evaluator) {
-    evaluator.eval_left_K = ExactPair::matrixOf(exact.rig.left);
+    const cv::Mat K = ExactPair::matrixOf(exact.rig.left);
     const BrownPairModel model(evaluator.left_dist, evaluator.right_dist);
     DistanceTables tables(evaluator, true);
-    return fitAndProject(evaluator, records, exact.board, model, tables);
+    evaluator.figures.pairPoints = records;
+    return fitAndProject(evaluator.figures, exact.board, {K, model}, tables);
   }
 };
 
 TEST_F(BoardFit, ExactBoardProjectsOntoItsImage) {
   PairEvaluator evaluator = exact.exactEvaluator();
   for (const double distance : fitted(evaluator)) EXPECT_LT(distance, 2e-3);
-  EXPECT_LT(evaluator.icp_nor_rms, 1e-3F);
+  EXPECT_LT(evaluator.figures.icp_nor_rms, 1e-3F);
 }
 
 TEST_F(BoardFit, MovedPixelIsThatDistanceOff) {
@@ -67,16 +68,17 @@ TEST(BoardFitOfOnePoint, DistanceIsOfDifferencesInSinglePrecision) {
   // The point lands on its place, and that on the pixel (740, 562).
   EvaluatorFixture fixture;
   PairEvaluator evaluator = fixture.evaluator();
-  evaluator.eval_left_K = (cv::Mat_<double>(3, 3) << 1000, 0, 640, 0, 1000, 512, 0, 0, 1);
+  const cv::Mat K = (cv::Mat_<double>(3, 3) << 1000, 0, 640, 0, 1000, 512, 0, 0, 1);
   PairPointRecord record;
   record.left_x = 0.3F;
   record.left_y = 562.0F;
   record.x = 100.0F;
   record.y = 50.0F;
   record.z = 1000.0F;
+  evaluator.figures.pairPoints = {record};
   const BrownPairModel model({}, {});
   DistanceTables tables(evaluator, false);
-  const std::vector<double> distances = fitAndProject(evaluator, {record}, {{7, 8, 9}}, model, tables);
+  const std::vector<double> distances = fitAndProject(evaluator.figures, {{7, 8, 9}}, {K, model}, tables);
   EXPECT_EQ(distances.at(0), static_cast<double>(740.0F - 0.3F));
   EXPECT_NE(distances.at(0), 740.0 - static_cast<double>(0.3F));
 }
@@ -85,8 +87,9 @@ TEST_F(BoardFit, FourFitFiguresReachTheEvaluator) {
   records[0].z += 2.0F;
   PairEvaluator evaluator = exact.exactEvaluator();
   fitted(evaluator);
-  EXPECT_GT(evaluator.icp_z_rms, 0.1F);
-  EXPECT_NEAR(evaluator.icp_nor_rms, std::hypot(evaluator.icp_x_rms, evaluator.icp_y_rms, evaluator.icp_z_rms), 1e-5);
+  EXPECT_GT(evaluator.figures.icp_z_rms, 0.1F);
+  EXPECT_NEAR(evaluator.figures.icp_nor_rms,
+              std::hypot(evaluator.figures.icp_x_rms, evaluator.figures.icp_y_rms, evaluator.figures.icp_z_rms), 1e-5);
 }
 
 TEST_F(BoardFit, TableFollowsAnEmptyLineAndHoldsThousandths) {

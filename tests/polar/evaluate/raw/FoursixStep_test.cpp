@@ -42,7 +42,7 @@ TEST_F(FoursixStep, StoresErrorsAndExtremes) {
   PairEvaluator evaluator = fixture.evaluator();
   EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, kBrown), 0);
   const float diagonal = static_cast<float>(std::sqrt(113.0) - 10.0);
-  EXPECT_EQ(evaluator.tri_dis, (std::array<float, 8>{1, 0, 0, 1, diagonal, diagonal, 0, 1}));
+  EXPECT_EQ(evaluator.figures.tri_dis, (std::array<float, 8>{1, 0, 0, 1, diagonal, diagonal, 0, 1}));
 }
 
 class FoursixMissing : public FoursixStep, public testing::WithParamInterface<int> {};
@@ -51,10 +51,10 @@ TEST_P(FoursixMissing, FirstMissingPointIsNamedAndNothingStored) {
   for (std::int32_t k = 0; k < GetParam(); ++k) point(10 + k, {7.0F * static_cast<float>(k), 0, 100});
   for (const FoursixRules& rules : {kBrown, kPoly}) {
     PairEvaluator evaluator = fixture.evaluator();
-    evaluator.tri_dis[0] = 5.0F;
+    evaluator.figures.tri_dis[0] = 5.0F;
     EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, rules), -10);
     EXPECT_EQ(evaluator.errorText, "Fail detect foursix method point" + std::to_string(GetParam() + 1));
-    EXPECT_EQ(evaluator.tri_dis[0], 5.0F);
+    EXPECT_EQ(evaluator.figures.tri_dis[0], 5.0F);
   }
 }
 
@@ -66,9 +66,9 @@ TEST_F(FoursixStep, PolynomialFormTakesAFailedPointAtTheOriginForFound) {
   PairEvaluator evaluator = fixture.evaluator();
   EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, kBrown), -10);
   EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, kPoly), 0);
-  EXPECT_EQ(evaluator.tri_dis[0], 0.001F);
-  EXPECT_EQ(evaluator.tri_dis[2], 0.0F);
-  EXPECT_EQ(evaluator.tri_dis[6], 0.0F) << "the extremes are taken after the replacement";
+  EXPECT_EQ(evaluator.figures.tri_dis[0], 0.001F);
+  EXPECT_EQ(evaluator.figures.tri_dis[2], 0.0F);
+  EXPECT_EQ(evaluator.figures.tri_dis[6], 0.0F) << "the extremes are taken after the replacement";
 }
 
 TEST_F(FoursixStep, PointOfTheLeftImageOnlyIsMissing) {
@@ -103,7 +103,7 @@ TEST_F(FoursixStep, TwoNamesForOnePointHaveDistanceZero) {
   rectangle();
   PairEvaluator evaluator = fixture.evaluator();
   EXPECT_EQ(evaluateFoursix(evaluator, fixture.points, points_left, kBrown), 0);
-  EXPECT_EQ(evaluator.tri_dis[0], -6.0F);
+  EXPECT_EQ(evaluator.figures.tri_dis[0], -6.0F);
 }
 
 }  // namespace

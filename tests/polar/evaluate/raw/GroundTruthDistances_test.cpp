@@ -25,7 +25,9 @@ struct GroundTruthDistances : testing::Test {
   }
   void evaluate(PairEvaluator& evaluator) {
     DistanceTables tables(evaluator, true);
-    evaluateDistances(evaluator, records, truth, tables);
+    evaluator.figures.pairPoints = std::move(records);
+    evaluateDistances(evaluator.figures, truth, tables);
+    records = evaluator.figures.pairPoints;
   }
 };
 
@@ -47,9 +49,9 @@ TEST_F(GroundTruthDistances, FiguresByHand) {
   EXPECT_FLOAT_EQ(records[1].dis_rms, 1.0F);
   EXPECT_FLOAT_EQ(records[0].nor_rms, std::sqrt(0.125F));
   // Each distance counts twice: 2 (1 + 0 + 1) over 6 ordered pairs.
-  EXPECT_FLOAT_EQ(evaluator.dis_rms, std::sqrt(4.0F / 6.0F));
-  EXPECT_FLOAT_EQ(evaluator.nor_rms, std::sqrt(2.0F * (0.25F + 1.0F / 36.0F) / 6.0F));
-  EXPECT_FLOAT_EQ(evaluator.zero_dis, (4.0F + 5.0F + std::sqrt(80.0F)) / 3.0F);
+  EXPECT_FLOAT_EQ(evaluator.figures.dis_rms, std::sqrt(4.0F / 6.0F));
+  EXPECT_FLOAT_EQ(evaluator.figures.nor_rms, std::sqrt(2.0F * (0.25F + 1.0F / 36.0F) / 6.0F));
+  EXPECT_FLOAT_EQ(evaluator.figures.zero_dis, (4.0F + 5.0F + std::sqrt(80.0F)) / 3.0F);
 }
 
 TEST_F(GroundTruthDistances, TablesHoldThousandths) {
@@ -141,10 +143,10 @@ TEST_F(ScatteredPoints, FiguresOfTheWholePairAreSummedInSinglePrecision) {
     for (const auto& [id, error] : record.nor_errors) relative_squares += error * error;
     ranges += std::sqrt(record.x * record.x + record.y * record.y + record.z * record.z);
   }
-  EXPECT_EQ(evaluator.dis_rms, std::sqrt(squares / 1560.0F));
-  EXPECT_NE(evaluator.dis_rms, static_cast<float>(std::sqrt(wide_squares / 1560.0)));
-  EXPECT_EQ(evaluator.nor_rms, std::sqrt(relative_squares / 1560.0F));
-  EXPECT_EQ(evaluator.zero_dis, ranges / 40.0F);
+  EXPECT_EQ(evaluator.figures.dis_rms, std::sqrt(squares / 1560.0F));
+  EXPECT_NE(evaluator.figures.dis_rms, static_cast<float>(std::sqrt(wide_squares / 1560.0)));
+  EXPECT_EQ(evaluator.figures.nor_rms, std::sqrt(relative_squares / 1560.0F));
+  EXPECT_EQ(evaluator.figures.zero_dis, ranges / 40.0F);
 }
 
 }  // namespace

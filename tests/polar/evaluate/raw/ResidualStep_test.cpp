@@ -10,6 +10,7 @@ namespace {
 
 struct ResidualStep : testing::Test {
   EvaluatorFixture fixture;
+  cv::Mat image = cv::Mat(120, 160, CV_8UC1, cv::Scalar(90));
   std::vector<cv::Point2f> measured;
   std::vector<cv::Point2f> predicted;
   std::vector<float> errors;
@@ -23,7 +24,6 @@ struct ResidualStep : testing::Test {
   PairEvaluator ready() {
     PairEvaluator evaluator = fixture.evaluator();
     evaluator.image_id = 7;
-    evaluator.residual_image = cv::Mat(120, 160, CV_8UC1, cv::Scalar(90));
     return evaluator;
   }
 };
@@ -34,13 +34,13 @@ TEST_F(ResidualStep, FiveFiguresByHand) {
   point(0.0F, -0.5F);   // 0.5
   fixture.config.tri_bias_divid = 0.5F;
   PairEvaluator evaluator = ready();
-  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(errors, (std::vector<float>{1.25F, 0.25F, 0.5F}));
-  EXPECT_FLOAT_EQ(evaluator.tri_mean, 2.0F / 3.0F);
-  EXPECT_EQ(evaluator.tri_min, 0.25F);
-  EXPECT_EQ(evaluator.tri_max, 1.25F);
-  EXPECT_FLOAT_EQ(evaluator.tri_rms, static_cast<float>(std::sqrt((1.5625 + 0.0625 + 0.25) / 3.0)));
-  EXPECT_FLOAT_EQ(evaluator.tri_ratio, 1.0F / 3.0F) << "an error at the limit is not below it";
+  EXPECT_FLOAT_EQ(evaluator.figures.tri_mean, 2.0F / 3.0F);
+  EXPECT_EQ(evaluator.figures.tri_min, 0.25F);
+  EXPECT_EQ(evaluator.figures.tri_max, 1.25F);
+  EXPECT_FLOAT_EQ(evaluator.figures.tri_rms, static_cast<float>(std::sqrt((1.5625 + 0.0625 + 0.25) / 3.0)));
+  EXPECT_FLOAT_EQ(evaluator.figures.tri_ratio, 1.0F / 3.0F) << "an error at the limit is not below it";
 }
 
 TEST_F(ResidualStep, ZeroPredictionIsSkippedAndItsErrorStaysZero) {
@@ -50,9 +50,9 @@ TEST_F(ResidualStep, ZeroPredictionIsSkippedAndItsErrorStaysZero) {
   predicted[1] = {0.0F, 0.0F};
   errors = {9.0F};
   PairEvaluator evaluator = ready();
-  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(errors, (std::vector<float>{0.25F, 0.0F, 0.75F}));
-  EXPECT_EQ(evaluator.tri_mean, 0.5F);
+  EXPECT_EQ(evaluator.figures.tri_mean, 0.5F);
 }
 
 TEST_F(ResidualStep, ErrorAboveFivePixelsIsKeptInTheListOnly) {
@@ -61,46 +61,46 @@ TEST_F(ResidualStep, ErrorAboveFivePixelsIsKeptInTheListOnly) {
   point(0.0F, 1.0F);
   fixture.config.tri_bias_divid = 100.0F;
   PairEvaluator evaluator = ready();
-  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(errors, (std::vector<float>{5.0F, 10.0F, 1.0F}));
-  EXPECT_EQ(evaluator.tri_mean, 3.0F);
-  EXPECT_EQ(evaluator.tri_max, 5.0F);
-  EXPECT_EQ(evaluator.tri_ratio, 1.0F);
+  EXPECT_EQ(evaluator.figures.tri_mean, 3.0F);
+  EXPECT_EQ(evaluator.figures.tri_max, 5.0F);
+  EXPECT_EQ(evaluator.figures.tri_ratio, 1.0F);
 }
 
 TEST_F(ResidualStep, NothingKeptFailsAndLeavesTheFigures) {
   for (int k = 0; k < 3; ++k) point(60.0F, 0.0F);
   predicted[0] = {0.0F, 0.0F};
   PairEvaluator evaluator = ready();
-  evaluator.tri_mean = 0.125F;
-  evaluator.tri_ratio = 0.5F;
-  EXPECT_FALSE(evaluator.CheckResidual(measured, predicted, errors));
+  evaluator.figures.tri_mean = 0.125F;
+  evaluator.figures.tri_ratio = 0.5F;
+  EXPECT_FALSE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(errors, (std::vector<float>{0.0F, 60.0F, 60.0F}));
-  EXPECT_EQ(evaluator.tri_mean, 0.125F);
-  EXPECT_EQ(evaluator.tri_ratio, 0.5F);
+  EXPECT_EQ(evaluator.figures.tri_mean, 0.125F);
+  EXPECT_EQ(evaluator.figures.tri_ratio, 0.5F);
 }
 
 TEST_F(ResidualStep, TwoPointsAreTooFew) {
   point(0.25F, 0.0F);
   point(0.25F, 0.0F);
-  EXPECT_FALSE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_FALSE(ready().CheckResidual(image, measured, predicted, errors));
   point(0.25F, 0.0F);
-  EXPECT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
 }
 
 TEST_F(ResidualStep, ListsOfDifferentLengthFail) {
   for (int k = 0; k < 4; ++k) point(0.25F, 0.0F);
   predicted.pop_back();
-  EXPECT_FALSE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_FALSE(ready().CheckResidual(image, measured, predicted, errors));
 }
 
 TEST_F(ResidualStep, PredictionThatIsNoNumberDoesNoHarm) {
   for (int k = 0; k < 4; ++k) point(0.25F, 0.0F);
   predicted[2].x = std::numeric_limits<float>::quiet_NaN();
   PairEvaluator evaluator = ready();
-  EXPECT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
-  EXPECT_EQ(evaluator.tri_min, 0.25F);
-  EXPECT_TRUE(std::isnan(evaluator.tri_mean));
+  EXPECT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
+  EXPECT_EQ(evaluator.figures.tri_min, 0.25F);
+  EXPECT_TRUE(std::isnan(evaluator.figures.tri_mean));
 }
 
 TEST_F(ResidualStep, TableHoldsKeptErrorsWithoutHeader) {
@@ -109,7 +109,7 @@ TEST_F(ResidualStep, TableHoldsKeptErrorsWithoutHeader) {
   point(0.0F, 0.0078125F);
   point(1.0F, 1.0F);
   fixture.config.tir_bias_savecsv_swithch = 1;
-  ASSERT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(fixture.folder.read("7_right_tri.csv"), "1.25\n0.0078125\n1.41421\n");
   EXPECT_FALSE(fixture.folder.has("7_right_tri.png"));
 }
@@ -117,7 +117,7 @@ TEST_F(ResidualStep, TableHoldsKeptErrorsWithoutHeader) {
 TEST_F(ResidualStep, SavedPictureIsClean) {
   for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
   fixture.config.tri_bias_savepng_swithch = 1;
-  ASSERT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
   const cv::Mat picture = cv::imread(fixture.folder.file("7_right_tri.png"), cv::IMREAD_UNCHANGED);
   ASSERT_EQ(picture.type(), CV_8UC3);
   EXPECT_EQ(cv::countNonZero(picture.reshape(1) != 90), 0);
@@ -127,7 +127,7 @@ TEST_F(ResidualStep, SavedPictureIsClean) {
 TEST_F(ResidualStep, PictureIsWrittenAlsoWhereNothingIsKept) {
   for (int k = 0; k < 3; ++k) point(60.0F, 0.0F);
   fixture.config.tri_bias_savepng_swithch = 1;
-  EXPECT_FALSE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_FALSE(ready().CheckResidual(image, measured, predicted, errors));
   EXPECT_TRUE(fixture.folder.has("7_right_tri.png"));
 }
 
@@ -135,7 +135,7 @@ TEST_F(ResidualStep, AnySwitchValueButOneSavesNothing) {
   for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
   fixture.config.tri_bias_savepng_swithch = 2;
   fixture.config.tir_bias_savecsv_swithch = 2;
-  ASSERT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
   EXPECT_TRUE(std::filesystem::is_empty(fixture.folder.path()));
 }
 
@@ -144,14 +144,14 @@ TEST_F(ResidualStep, WithoutResultFolderNothingIsWritten) {
   fixture.config.tri_bias_savepng_swithch = 1;
   fixture.config.tir_bias_savecsv_swithch = 1;
   fixture.config.result_folder.clear();
-  EXPECT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  EXPECT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
 }
 
 TEST_F(ResidualStep, ColourImageEndsInTheLibrarysException) {
   for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
   PairEvaluator evaluator = ready();
-  evaluator.residual_image = cv::Mat::zeros(20, 20, CV_8UC3);
-  EXPECT_THROW(evaluator.CheckResidual(measured, predicted, errors), cv::Exception);
+  image = cv::Mat::zeros(20, 20, CV_8UC3);
+  EXPECT_THROW(evaluator.CheckResidual(image, measured, predicted, errors), cv::Exception);
 }
 
 TEST_F(ResidualStep, FivePixelsAreComparedBeforeNarrowing) {
@@ -161,9 +161,9 @@ TEST_F(ResidualStep, FivePixelsAreComparedBeforeNarrowing) {
   point(0.25F, 0.0F);
   point(0.25F, 0.0F);
   PairEvaluator evaluator = ready();
-  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(errors[0], 5.0F);
-  EXPECT_EQ(evaluator.tri_max, 0.25F);
+  EXPECT_EQ(evaluator.figures.tri_max, 0.25F);
 }
 
 TEST_F(ResidualStep, DifferencesAreTakenInSinglePrecision) {
@@ -172,16 +172,16 @@ TEST_F(ResidualStep, DifferencesAreTakenInSinglePrecision) {
   predicted = {{0.3F, 9.0F}, {0.3F, 9.0F}, {0.3F, 9.0F}};
   fixture.config.tri_bias_divid = 3.8F;
   PairEvaluator evaluator = ready();
-  ASSERT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
   EXPECT_LT(4.1F - static_cast<double>(0.3F), 3.8F);
-  EXPECT_EQ(evaluator.tri_ratio, 0.0F);
+  EXPECT_EQ(evaluator.figures.tri_ratio, 0.0F);
 }
 
 TEST_F(ResidualStep, TableOfAnEarlierRunIsReplaced) {
   for (int k = 0; k < 3; ++k) point(0.5F, 0.0F);
   fixture.config.tir_bias_savecsv_swithch = 1;
   fixture.folder.write("7_right_tri.csv", "what an earlier run left here, longer than the new rows\n");
-  ASSERT_TRUE(ready().CheckResidual(measured, predicted, errors));
+  ASSERT_TRUE(ready().CheckResidual(image, measured, predicted, errors));
   EXPECT_EQ(fixture.folder.read("7_right_tri.csv"), "0.5\n0.5\n0.5\n");
 }
 
@@ -191,8 +191,8 @@ TEST_F(ResidualStep, FilesThatWillNotOpenAreNoError) {
   fixture.config.tri_bias_savepng_swithch = 1;
   fixture.config.result_folder = fixture.folder.file("missing");
   PairEvaluator evaluator = ready();
-  EXPECT_TRUE(evaluator.CheckResidual(measured, predicted, errors));
-  EXPECT_EQ(evaluator.tri_mean, 0.5F);
+  EXPECT_TRUE(evaluator.CheckResidual(image, measured, predicted, errors));
+  EXPECT_EQ(evaluator.figures.tri_mean, 0.5F);
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ struct PointCloud : public ::testing::Test, public EvaluatorFixture {
   std::vector<CloudPoint> cloud;
 
   PairStatus check(PairEvaluator& target, std::int32_t evalu_model = 0) {
-    return target.CheckPointCloud(evalu_model, "", image, image, Q, left_points, right_points, cloud);
+    return target.CheckPointCloud({evalu_model, "", image, image}, Q, left_points, right_points, cloud);
   }
   PairStatus checkGroups(PairEvaluator& target) {
-    return target.CheckPointCloudGroups(0, "", image, image, cv::Mat(), left_points, right_points, cloud);
+    return target.CheckPointCloudGroups({0, "", image, image}, left_points, right_points, cloud);
   }
   /// A point that lands at (x, y, 1000).
   void pointAt(std::int32_t id, float x, float y) { shared(id, {x + 100, y + 200}, {x + 36, y + 200}); }
@@ -83,13 +83,13 @@ TEST_F(PointCloud, ATableThatWillNotOpenIsNoError) {
 TEST_F(PointCloud, AllSwitchesOffStillFillsTheList) {
   grid();
   PairEvaluator target = evaluator();
-  target.pol_dis.fill(3.0F);
-  target.allpoints_means = 3.0F;
+  target.figures.pol_dis.fill(3.0F);
+  target.figures.allpoints_means = 3.0F;
   target.usable = 0;
   ASSERT_EQ(check(target), 0);
   EXPECT_EQ(cloud.size(), 6U);
-  EXPECT_EQ(target.pol_dis[0], 3.0F);
-  EXPECT_EQ(target.allpoints_means, 3.0F);
+  EXPECT_EQ(target.figures.pol_dis[0], 3.0F);
+  EXPECT_EQ(target.figures.allpoints_means, 3.0F);
   EXPECT_EQ(target.usable, 1);
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
@@ -164,7 +164,7 @@ TEST_F(PointCloud, FourPointsByHand) {
   ASSERT_EQ(check(target), 0);
   const float diagonal = static_cast<float>(25.0 - std::sqrt(19.0 * 19.0 + 13.0 * 13.0));
   const std::array<float, 8> expected = {1, 2, 2, 1, diagonal, diagonal, 1, 2};
-  for (std::size_t k = 0; k < expected.size(); ++k) EXPECT_FLOAT_EQ(target.pol_dis[k], expected[k]) << k;
+  for (std::size_t k = 0; k < expected.size(); ++k) EXPECT_FLOAT_EQ(target.figures.pol_dis[k], expected[k]) << k;
 }
 
 struct MissingFour : public PointCloud, public ::testing::WithParamInterface<int> {};
@@ -178,12 +178,12 @@ TEST_P(MissingFour, FirstMissingPointEndsTheEvaluation) {
                                             &config.PolPoint4_ID};
   for (std::size_t k = static_cast<std::size_t>(GetParam()) - 1; k < ids.size(); ++k) *ids[k] = 99;
   PairEvaluator target = evaluator();
-  target.pol_dis.fill(3.0F);
-  target.allpoints_means = 3.0F;
+  target.figures.pol_dis.fill(3.0F);
+  target.figures.allpoints_means = 3.0F;
   EXPECT_EQ(check(target), -10);
   EXPECT_EQ(target.errorText, "Fail detect foursix method point" + std::to_string(GetParam()));
-  EXPECT_EQ(target.pol_dis[0], 3.0F);
-  EXPECT_EQ(target.allpoints_means, 3.0F);
+  EXPECT_EQ(target.figures.pol_dis[0], 3.0F);
+  EXPECT_EQ(target.figures.allpoints_means, 3.0F);
 }
 
 INSTANTIATE_TEST_SUITE_P(Points, MissingFour, ::testing::Values(1, 2, 3, 4));
@@ -205,7 +205,7 @@ TEST_F(PointCloud, OnlyOneSwitchesTheFourPointsOn) {
   config.foursixmethod_swithch = 2;
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.pol_dis[0], 0.0F);
+  EXPECT_EQ(target.figures.pol_dis[0], 0.0F);
 }
 
 TEST_F(PointCloud, SpacingReachesItsThreeFigures) {
@@ -215,9 +215,9 @@ TEST_F(PointCloud, SpacingReachesItsThreeFigures) {
   config.pattern_step = 10.0F;
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.allpoints_means, 3.75F);  // (4 * 10 + 25 + 3 * 15) / 8 - 10
-  EXPECT_EQ(target.allpoint_max, 15.0F);     // The row's end to the next row's start.
-  EXPECT_EQ(target.allpoints_min, 0.0F);
+  EXPECT_EQ(target.figures.allpoints_means, 3.75F);  // (4 * 10 + 25 + 3 * 15) / 8 - 10
+  EXPECT_EQ(target.figures.allpoint_max, 15.0F);     // The row's end to the next row's start.
+  EXPECT_EQ(target.figures.allpoints_min, 0.0F);
   EXPECT_EQ(cloud[2].row_dist, 25.0F);
   EXPECT_EQ(cloud[0].col_dist, 15.0F);
 }
@@ -232,10 +232,10 @@ TEST_F(PointCloud, GroupsFormHasNoSpacingAndTheOtherNoGroups) {
   EXPECT_EQ(check(target), 0);
   EXPECT_EQ(console.out(), "");
   target.rectified = {1000, 64, 100, 200, 128};
-  target.allpoints_means = 3.0F;
+  target.figures.allpoints_means = 3.0F;
   cloud.clear();
   EXPECT_EQ(checkGroups(target), 12);
-  EXPECT_EQ(target.allpoints_means, 3.0F);
+  EXPECT_EQ(target.figures.allpoints_means, 3.0F);
   EXPECT_EQ(cloud[0].row_dist, 0.0F);
 }
 
@@ -264,7 +264,7 @@ TEST_F(PointCloud, GroupsCompareWithTheBoard) {
   target.rectified = {100, 10, 0, 0, 10};  // Depth 100, a unit a pixel.
   target.boardPoints = {{0, 0, 0}, {9.5F, 0, 0}, {0, 20.25F, 0}};
   ASSERT_EQ(checkGroups(target), 0);
-  EXPECT_EQ(target.id_dis, (std::vector<double>{0.5, -0.25}));
+  EXPECT_EQ(target.figures.id_dis, (std::vector<double>{0.5, -0.25}));
 }
 
 TEST_F(PointCloud, GroupsWithAnEmptyListReturnSuccess) {
@@ -272,9 +272,9 @@ TEST_F(PointCloud, GroupsWithAnEmptyListReturnSuccess) {
   config.oqc_switch = 1;
   PairEvaluator target = evaluator();
   target.rectified = {100, 10, 0, 0, 100};
-  target.id_dis = {1, 2};
+  target.figures.id_dis = {1, 2};
   EXPECT_EQ(checkGroups(target), 0);
-  EXPECT_TRUE(target.id_dis.empty());
+  EXPECT_TRUE(target.figures.id_dis.empty());
 }
 
 TEST_F(PointCloud, OnlyOneSwitchesTheGroupsOn) {
@@ -284,7 +284,7 @@ TEST_F(PointCloud, OnlyOneSwitchesTheGroupsOn) {
   PairEvaluator target = evaluator();
   target.rectified = {100, 10, 0, 0, 100};
   EXPECT_EQ(checkGroups(target), 0);
-  EXPECT_TRUE(target.id_dis.empty());
+  EXPECT_TRUE(target.figures.id_dis.empty());
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct RowDisparity : public ::testing::Test, public EvaluatorFixture {
   cv::Mat left = cv::Mat::zeros(240, 200, CV_8UC3);
 
   PairStatus check(PairEvaluator& target, std::int32_t evalu_model = 0) {
-    return target.CheckRowDisparity(evalu_model, "", left, left, variance_x, variance_y);
+    return target.CheckRowDisparity({evalu_model, "", left, left}, variance_x, variance_y);
   }
   /// Row differences 0.25, -0.5 and 0.75, column differences 1, -2 and 6.
   void threePoints() {
@@ -34,11 +34,11 @@ TEST_F(RowDisparity, ThreePointsByHand) {
   config.dy_bias_divid = 0.5F;
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.dy_means, 0.5F);
-  EXPECT_EQ(target.dy_variance, 0.125F / 3.0F);
-  EXPECT_EQ(target.dy_min, 0.25F);
-  EXPECT_EQ(target.dy_max, 0.75F);
-  EXPECT_EQ(target.dy_ratio, 1.0F / 3.0F);  // 0.5 equals the limit and is not over it.
+  EXPECT_EQ(target.figures.dy_means, 0.5F);
+  EXPECT_EQ(target.figures.dy_variance, 0.125F / 3.0F);
+  EXPECT_EQ(target.figures.dy_min, 0.25F);
+  EXPECT_EQ(target.figures.dy_max, 0.75F);
+  EXPECT_EQ(target.figures.dy_ratio, 1.0F / 3.0F);  // 0.5 equals the limit and is not over it.
   EXPECT_EQ(variance_x, 14.0F / 3.0F);
   EXPECT_EQ(variance_y, 0.125F / 3.0F);
   EXPECT_EQ(target.usable, 1);
@@ -50,8 +50,8 @@ TEST_F(RowDisparity, EqualErrorsOfOppositeSignDoNotCancel) {
   shared(2, {30, 12}, {30, 10});
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.dy_means, 2.0F);
-  EXPECT_EQ(target.dy_variance, 0.0F);
+  EXPECT_EQ(target.figures.dy_means, 2.0F);
+  EXPECT_EQ(target.figures.dy_variance, 0.0F);
 }
 
 TEST_F(RowDisparity, FiguresAreSummedInSinglePrecision) {
@@ -60,15 +60,15 @@ TEST_F(RowDisparity, FiguresAreSummedInSinglePrecision) {
   shared(2, {0, 1}, {0, 0});
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.dy_means, 16777216.0F / 3.0F);
+  EXPECT_EQ(target.figures.dy_means, 16777216.0F / 3.0F);
 }
 
 TEST_F(RowDisparity, LargestOfAPairWithoutDifferencesIsTheSmallestNormalNumber) {
   for (std::int32_t id = 0; id < 3; ++id) shared(id, {10, 10}, {5, 10});
   PairEvaluator target = evaluator();
   ASSERT_EQ(check(target), 0);
-  EXPECT_EQ(target.dy_min, 0.0F);
-  EXPECT_EQ(target.dy_max, std::numeric_limits<float>::min());
+  EXPECT_EQ(target.figures.dy_min, 0.0F);
+  EXPECT_EQ(target.figures.dy_max, std::numeric_limits<float>::min());
 }
 
 TEST_F(RowDisparity, TwoSharedPointsAreTooFewAndChangeNoFigure) {
@@ -80,7 +80,7 @@ TEST_F(RowDisparity, TwoSharedPointsAreTooFewAndChangeNoFigure) {
   shared(2, {20, 10}, {20, 5});
   EXPECT_EQ(check(target), -9);
   EXPECT_EQ(target.usable, 0);
-  EXPECT_EQ(target.dy_means, 0.5F);
+  EXPECT_EQ(target.figures.dy_means, 0.5F);
   EXPECT_EQ(variance_x, 14.0F / 3.0F);
 }
 
@@ -90,9 +90,9 @@ TEST_F(RowDisparity, FailedMeasurementGivesOneWhateverItsStatusWas) {
     threePoints();
     measured = status;
     PairEvaluator target = evaluator();
-    target.dy_means = 7.0F;
+    target.figures.dy_means = 7.0F;
     EXPECT_EQ(check(target), 1);
-    EXPECT_EQ(target.dy_means, 7.0F);
+    EXPECT_EQ(target.figures.dy_means, 7.0F);
     EXPECT_EQ(target.usable, 1);
     EXPECT_EQ(variance_x, -1.0F);
   }
@@ -163,7 +163,7 @@ TEST_F(RowDisparity, ATableThatWillNotOpenIsNoError) {
   config.result_folder = folder.file("missing");
   PairEvaluator target = evaluator();
   EXPECT_EQ(check(target), 0);
-  EXPECT_EQ(target.dy_means, 0.5F);
+  EXPECT_EQ(target.figures.dy_means, 0.5F);
 }
 
 TEST_F(RowDisparity, ArrowsHaveTheSignOfTheDifference) {

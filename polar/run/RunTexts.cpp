@@ -1,4 +1,4 @@
-#include "polar/run/TimedLine.h"
+#include "polar/run/RunTexts.h"
 
 #include "platform/Console.h"
 

@@ -10,13 +10,13 @@
 /// Writes the comma-separated rows of large tables: the same characters as the classic stream's operators in their
 /// default format, formed several times faster. A stream that has failed takes nothing. The rows reach the stream at
 /// the latest when the writer ends.
-class RowWriter {
+class TableWriter {
  public:
   /// `stream` must outlive the writer.
-  explicit RowWriter(std::ostream& stream) : stream_(stream) {}
-  RowWriter(const RowWriter&) = delete;
-  RowWriter& operator=(const RowWriter&) = delete;
-  ~RowWriter() { flush(); }
+  explicit TableWriter(std::ostream& stream) : stream_(stream) {}
+  TableWriter(const TableWriter&) = delete;
+  TableWriter& operator=(const TableWriter&) = delete;
+  ~TableWriter() { flush(); }
 
   template <typename First, typename... Rest>
   void row(const First& first, const Rest&... rest) {

@@ -1,4 +1,4 @@
-#include "polar/evaluate/raw/ResidualDrawing.h"
+#include "polar/evaluate/ErrorArrow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
-#include "polar/results/RowWriter.h"
+#include "polar/results/TableWriter.h"
 
 #include <algorithm>
 
-void RowWriter::flush() {
+void TableWriter::flush() {
   stream_.write(buffer_.data(), static_cast<std::streamsize>(used_));
   used_ = 0;
 }
 
-void RowWriter::text(std::string_view value) {
+void TableWriter::text(std::string_view value) {
   while (!value.empty()) {
     if (used_ == buffer_.size()) flush();
     const std::size_t part = std::min(value.size(), buffer_.size() - used_);

@@ -1,4 +1,4 @@
-#include "polar/results/ResultRecords.h"
+#include "polar/results/RecordExport.h"
 
 #include <gtest/gtest.h>
 
@@ -7,30 +7,30 @@
 
 namespace {
 
-PairEvaluator numberedEvaluator() {
-  PairEvaluator evaluator(std::make_shared<const PolarConfig>());
-  evaluator.tri_mean = 0.1F;
-  evaluator.tri_min = 2;
-  evaluator.tri_max = 3;
-  evaluator.tri_rms = 4;
-  evaluator.tri_dis = {1, 2, 3, 4, 5, 6, 7, 8};
-  evaluator.dy_means = 5;
-  evaluator.dy_min = 6;
-  evaluator.dy_max = 7;
-  evaluator.pol_dis = {8, 7, 6, 5, 4, 3, 2, 1};
-  evaluator.id_dis = {0.25, 0.5};
-  evaluator.dis_rms = 9;
-  evaluator.nor_rms = 10;
-  evaluator.zero_dis = 11;
-  evaluator.detect_canvas = cv::Mat(2, 4, CV_8UC3, cv::Scalar(1, 2, 3));
-  evaluator.PoseReport = {1, 2, 3, 4, 5, 6, 7, 8};
-  evaluator.icp_x_rms = 12;
-  evaluator.icp_y_rms = 13;
-  evaluator.icp_z_rms = 14;
-  evaluator.icp_nor_rms = 15;
-  evaluator.frameValues = {16.5};
-  evaluator.gt_rms = 0.3F;
-  evaluator.space_rms = 0.123456789012345;
+PairFigures numberedFigures() {
+  PairFigures figures;
+  figures.tri_mean = 0.1F;
+  figures.tri_min = 2;
+  figures.tri_max = 3;
+  figures.tri_rms = 4;
+  figures.tri_dis = {1, 2, 3, 4, 5, 6, 7, 8};
+  figures.dy_means = 5;
+  figures.dy_min = 6;
+  figures.dy_max = 7;
+  figures.pol_dis = {8, 7, 6, 5, 4, 3, 2, 1};
+  figures.id_dis = {0.25, 0.5};
+  figures.dis_rms = 9;
+  figures.nor_rms = 10;
+  figures.zero_dis = 11;
+  figures.detect_canvas = cv::Mat(2, 4, CV_8UC3, cv::Scalar(1, 2, 3));
+  figures.PoseReport = {1, 2, 3, 4, 5, 6, 7, 8};
+  figures.icp_x_rms = 12;
+  figures.icp_y_rms = 13;
+  figures.icp_z_rms = 14;
+  figures.icp_nor_rms = 15;
+  figures.frameValues = {16.5};
+  figures.gt_rms = 0.3F;
+  figures.space_rms = 0.123456789012345;
   PairPointRecord point;
   point.id = 7;
   point.left_x = 1.5F;
@@ -45,20 +45,20 @@ PairEvaluator numberedEvaluator() {
   point.nor_errors = {{8, 0.25F}};
   point.dis_rms = 9.5F;
   point.nor_rms = 10.5F;
-  evaluator.pairPoints = {point};
-  return evaluator;
+  figures.pairPoints = {point};
+  return figures;
 }
 
-std::vector<PolarResultRecord> exported(const PairEvaluator& evaluator) {
-  std::vector<RunResultRecord> records(1);
-  FillResultRecord(evaluator, records[0]);
+std::vector<PolarResultRecord> exported(const PairFigures& figures) {
+  std::vector<PairFigures> records(1);
+  FillResultRecord(figures, records[0]);
   std::vector<PolarResultRecord> results(3);
   EXPECT_EQ(ExportResults(std::move(records), results), 0);
   return results;
 }
 
-TEST(ResultRecords, EveryFigureReachesTheCaller) {
-  const auto results = exported(numberedEvaluator());
+TEST(RecordExport, EveryFigureReachesTheCaller) {
+  const auto results = exported(numberedFigures());
   ASSERT_EQ(results.size(), 1U);
   const PolarResultRecord& r = results[0];
   EXPECT_EQ(r.tri_mean, static_cast<double>(0.1F));
@@ -78,8 +78,8 @@ TEST(ResultRecords, EveryFigureReachesTheCaller) {
   EXPECT_EQ(r.detect_canvas.at<cv::Vec3b>(1, 3), cv::Vec3b(1, 2, 3));
 }
 
-TEST(ResultRecords, PointsKeepWhatTheCallerGets) {
-  const auto results = exported(numberedEvaluator());
+TEST(RecordExport, PointsKeepWhatTheCallerGets) {
+  const auto results = exported(numberedFigures());
   ASSERT_EQ(results[0].pairPoints.size(), 1U);
   const TriPointRecord& p = results[0].pairPoints[0];
   EXPECT_EQ(p.id, 7);
@@ -89,19 +89,19 @@ TEST(ResultRecords, PointsKeepWhatTheCallerGets) {
   EXPECT_EQ(p.dis_rms, 9.5F);
 }
 
-TEST(ResultRecords, CanvasIsTheRecordsOwn) {
-  PairEvaluator evaluator = numberedEvaluator();
-  RunResultRecord record;
-  FillResultRecord(evaluator, record);
-  evaluator.detect_canvas.setTo(cv::Scalar(9, 9, 9));
+TEST(RecordExport, CanvasIsTheRecordsOwn) {
+  PairFigures figures = numberedFigures();
+  PairFigures record;
+  FillResultRecord(figures, record);
+  figures.detect_canvas.setTo(cv::Scalar(9, 9, 9));
   EXPECT_EQ(record.detect_canvas.at<cv::Vec3b>(1, 3), cv::Vec3b(1, 2, 3));
 }
 
-TEST(ResultRecords, EvaluatorKeepsItsFiguresForTheNextPair) {
-  const PairEvaluator evaluator = numberedEvaluator();
-  exported(evaluator);
-  EXPECT_EQ(evaluator.pairPoints[0].dis_errors.size(), 1U);
-  EXPECT_EQ(evaluator.id_dis.size(), 2U);
+TEST(RecordExport, RunKeepsTheFiguresForTheNextPair) {
+  const PairFigures figures = numberedFigures();
+  exported(figures);
+  EXPECT_EQ(figures.pairPoints[0].dis_errors.size(), 1U);
+  EXPECT_EQ(figures.id_dis.size(), 2U);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "polar/results/RowWriter.h"
+#include "polar/results/TableWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 template <typename... Cells>
 std::string written(const Cells&... cells) {
   std::ostringstream stream;
-  { RowWriter(stream).row(cells...); }
+  { TableWriter(stream).row(cells...); }
   return stream.str();
 }
 
@@ -27,13 +27,13 @@ std::string streamed(Number value) {
   return stream.str();
 }
 
-TEST(RowWriter, CellsAreSeparatedByCommas) {
+TEST(TableWriter, CellsAreSeparatedByCommas) {
   EXPECT_EQ(written(12, "rms", 0.5F), "12,rms,0.5\n");
   EXPECT_EQ(written("id_", " ", "x"), "id_, ,x\n");
   EXPECT_EQ(written(""), "\n");
 }
 
-TEST(RowWriter, SpecialNumbersReadAsTheStreamsOwn) {
+TEST(TableWriter, SpecialNumbersReadAsTheStreamsOwn) {
   for (const double value : {0.0, -0.0, 1.0, -17.4618, 1e-5, 123456.0, 1234567.0, 999999.5, 0.0001, 0.00001, 1e300,
                              std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
                              std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::quiet_NaN(),
@@ -43,12 +43,12 @@ TEST(RowWriter, SpecialNumbersReadAsTheStreamsOwn) {
   }
 }
 
-TEST(RowWriter, RandomFloatsReadAsTheStreamsOwn) {
+TEST(TableWriter, RandomFloatsReadAsTheStreamsOwn) {
   std::mt19937 random(5);
   std::ostringstream expected;
   std::ostringstream stream;
   {
-    RowWriter writer(stream);
+    TableWriter writer(stream);
     for (std::int32_t k = 0; k < 20000; ++k) {
       const float value =
           std::ldexp(static_cast<float>(random()) - 2147483648.0F, static_cast<int>(random() % 80) - 60);
@@ -59,25 +59,25 @@ TEST(RowWriter, RandomFloatsReadAsTheStreamsOwn) {
   EXPECT_EQ(stream.str(), expected.str());
 }
 
-TEST(RowWriter, LongTextGoesThroughWhole) {
+TEST(TableWriter, LongTextGoesThroughWhole) {
   const std::string text(100000, 'x');
   EXPECT_EQ(written(text), text + "\n");
 }
 
-TEST(RowWriter, FailedStreamTakesNothing) {
+TEST(TableWriter, FailedStreamTakesNothing) {
   std::ostringstream stream;
   stream.setstate(std::ios::failbit);
   {
-    RowWriter writer(stream);
+    TableWriter writer(stream);
     writer.row(1, 2.0F);
   }
   stream.clear();
   EXPECT_EQ(stream.str(), "");
 }
 
-TEST(RowWriter, FlushHandsOverAtOnce) {
+TEST(TableWriter, FlushHandsOverAtOnce) {
   std::ostringstream stream;
-  RowWriter writer(stream);
+  TableWriter writer(stream);
   writer.row(1);
   EXPECT_EQ(stream.str(), "");
   writer.flush();

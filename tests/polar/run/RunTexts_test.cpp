@@ -1,4 +1,4 @@
-#include "polar/run/TimedLine.h"
+#include "polar/run/RunTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(TimedLine, TellsMillisecondsAndTheCallbacksNumber) {
+TEST(RunTexts, TimedLineTellsMillisecondsAndTheCallbacksNumber) {
   const ConsoleCapture console;
   printTimedLine("What", std::chrono::steady_clock::now() - std::chrono::seconds(2), 0.125);
   const std::string line = console.out();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <opencv2/core.hpp>
+#include <vector>
+
+#include "polar/results/PairRecords.h"
+
+/// The figures of a pair as they are measured, before they widen on their way to the caller. What each means, where it
+/// is written and under which switch stands in `FigureList.h`. A figure keeps its value until an evaluation that comes
+/// to its end replaces it.
+struct PairFigures {
+  float tri_mean = 0.0F, tri_min = 0.0F, tri_max = 0.0F, tri_rms = 0.0F;
+  float tri_ratio = 0.0F;  ///< Share of residuals below `tri_bias_divid`. Nothing reads it: it reaches no output.
+  std::array<float, 8> tri_dis{};
+  float dy_means = 0.0F, dy_min = 0.0F, dy_max = 0.0F;
+  float dy_variance = 0.0F;  ///< Variance of the absolute row differences. Nothing reads it: it reaches no output.
+  float dy_ratio = 0.0F;
+  std::array<float, 8> pol_dis{};
+  float allpoints_means = 0.0F, allpoints_min = 0.0F, allpoint_max = 0.0F;
+  std::vector<double> id_dis;
+  float dis_rms = 0.0F, nor_rms = 0.0F, zero_dis = 0.0F;
+  cv::Mat detect_canvas;
+  std::array<float, 8> PoseReport{};
+  std::vector<PairPointRecord> pairPoints;
+  float icp_x_rms = 0.0F, icp_y_rms = 0.0F, icp_z_rms = 0.0F, icp_nor_rms = 0.0F;
+  std::vector<double> frameValues;
+  float gt_rms = 0.0F;
+  double space_rms = 0.0;
+};
