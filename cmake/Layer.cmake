@@ -1,9 +1,10 @@
-# plp_layer(NAME DEPENDS layer...)  One folder, one target: the sources of the current folder as a static library that sees the layers it names.
-# An include of any other layer stops the build.
-set(PLP_LAYERS platform input camera MorvenKit Tallowfen polar exports)
-
+# plp_layer(NAME [DEPENDS layer...] [OFFERS place...] [ROOMS room...])  One folder, one target: the sources of the current folder as a static
+# library that sees the layers it names and those below them.
+#   OFFERS  what the layers above may include of this one, folders or headers; without it the whole folder
+#   ROOMS   its inner folders from bottom to top; each sees only its own and those below. "a|b" are two that do not see each other.
+# An include of anything else of ours stops the build.
 function(plp_layer name)
-  cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "" "" "DEPENDS;OFFERS;ROOMS" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_library(${name} STATIC ${sources} ${headers})
@@ -18,24 +19,17 @@ function(plp_layer name)
     target_link_options(${name} INTERFACE --coverage)
   endif()
 
-  set(allowed ${name})
+  set(seen include)
   foreach(layer IN LISTS arg_DEPENDS)
-    get_target_property(below ${layer} PLP_ALLOWED)
-    list(APPEND allowed ${below})
+    get_target_property(seen_through ${layer} PLP_SEEN_ABOVE)
+    list(APPEND seen ${seen_through})
   endforeach()
-  list(REMOVE_DUPLICATES allowed)
-  set_target_properties(${name} PROPERTIES PLP_ALLOWED "${allowed}")
+  list(REMOVE_DUPLICATES seen)
+  plp_include_wall(${name} MAY_INCLUDE ${seen} ROOMS ${arg_ROOMS})
 
-  set(forbidden ${PLP_LAYERS})
-  list(REMOVE_ITEM forbidden ${allowed})
-  list(JOIN forbidden "|" forbidden)
-  set(stamp ${CMAKE_CURRENT_BINARY_DIR}/includes.checked)
-  add_custom_command(
-    OUTPUT ${stamp}
-    COMMAND ${CMAKE_COMMAND} -D "FORBIDDEN=${forbidden}" -D "FOLDER=${CMAKE_CURRENT_SOURCE_DIR}" -D "STAMP=${stamp}"
-            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
-    DEPENDS ${sources} ${headers} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
-    COMMENT "Checking the include direction of ${name}" VERBATIM)
-  add_custom_target(${name}_includes DEPENDS ${stamp})
-  add_dependencies(${name} ${name}_includes)
+  set(offered ${name})
+  if(arg_OFFERS)
+    list(TRANSFORM arg_OFFERS PREPEND ${name}/ OUTPUT_VARIABLE offered)
+  endif()
+  set_target_properties(${name} PROPERTIES PLP_SEEN_ABOVE "${seen};${offered}")
 endfunction()
