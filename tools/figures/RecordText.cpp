@@ -29,21 +29,25 @@ void writePoint(std::ostream& out, const TriPointRecord& point) {
 }
 
 void writeRecord(std::ostream& out, const PolarResultRecord& record) {
-  lines(out, "tri", std::array{record.tri_mean, record.tri_min, record.tri_max, record.tri_rms});
-  lines(out, "tri_dis", record.tri_dis);
-  lines(out, "dy", std::array{record.dy_means, record.dy_min, record.dy_max});
-  lines(out, "pol_dis", record.pol_dis);
-  lines(out, "id_dis", record.id_dis);
-  line(out, "dis_rms", record.dis_rms);
-  line(out, "nor_rms", record.nor_rms);
-  writePicture(out, record.detect_canvas);
-  line(out, "zero_dis", record.zero_dis);
-  lines(out, "PoseReport", record.PoseReport);
-  lines(out, "icp_rms", std::array{record.icp_x_rms, record.icp_y_rms, record.icp_z_rms, record.icp_nor_rms});
-  lines(out, "frameValues", record.frameValues);
-  line(out, "gt_rms", record.gt_rms);
-  line(out, "space_rms", record.space_rms);
-  for (const TriPointRecord& point : record.pairPoints) writePoint(out, point);
+  // By name, so that a new field of the record does not compile until it is written, too.
+  const auto& [tri_mean, tri_min, tri_max, tri_rms, tri_dis, dy_means, dy_min, dy_max, pol_dis, id_dis, dis_rms,
+               nor_rms, detect_canvas, zero_dis, PoseReport, pairPoints, icp_x_rms, icp_y_rms, icp_z_rms, icp_nor_rms,
+               frameValues, gt_rms, space_rms] = record;
+  lines(out, "tri", std::array{tri_mean, tri_min, tri_max, tri_rms});
+  lines(out, "tri_dis", tri_dis);
+  lines(out, "dy", std::array{dy_means, dy_min, dy_max});
+  lines(out, "pol_dis", pol_dis);
+  lines(out, "id_dis", id_dis);
+  line(out, "dis_rms", dis_rms);
+  line(out, "nor_rms", nor_rms);
+  writePicture(out, detect_canvas);
+  line(out, "zero_dis", zero_dis);
+  lines(out, "PoseReport", PoseReport);
+  lines(out, "icp_rms", std::array{icp_x_rms, icp_y_rms, icp_z_rms, icp_nor_rms});
+  lines(out, "frameValues", frameValues);
+  line(out, "gt_rms", gt_rms);
+  line(out, "space_rms", space_rms);
+  for (const TriPointRecord& point : pairPoints) writePoint(out, point);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "tools/figures/Roads.h"
+#include "tools/figures/Runs.h"
 
 namespace {
 
@@ -27,11 +27,13 @@ int run(int argc, char** argv) {
   std::vector<std::string> sets;
   std::string results, locale;
   int threads = 0;
+  bool with_pictures = false;
   app.add_option("RESULTS", results, "Folder to write into, a folder for each set")->required();
   app.add_option("SETS", sets, "Folders made by `scene render`")->required()->check(CLI::ExistingDirectory);
   app.add_option("--threads", threads, "Threads that the images' library may use; else as many as it likes")
       ->envname("FIGURES_THREADS");
   app.add_option("--locale", locale, "Locale with a decimal comma for the whole program")->envname("FIGURES_LOCALE");
+  app.add_flag("--pictures", with_pictures, "Write the pictures, too")->envname("FIGURES_PICTURES");
   CLI11_PARSE(app, argc, argv);
   if (!locale.empty()) takeLocale(locale);
   if (threads > 0) cv::setNumThreads(threads);
@@ -39,7 +41,7 @@ int run(int argc, char** argv) {
   for (const std::string& set : sets) {
     const std::filesystem::path folder(set);
     std::cout << folder.filename().string() << '\n';
-    if (figures::walkRoads(folder, std::filesystem::path(results) / folder.filename())) continue;
+    if (figures::walkRuns(folder, std::filesystem::path(results) / folder.filename(), with_pictures)) continue;
     std::cerr << "a run of " << set << " failed\n";
     good = false;
   }

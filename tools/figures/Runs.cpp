@@ -1,8 +1,9 @@
-#include "tools/figures/Roads.h"
+#include "tools/figures/Runs.h"
 
 #include <PolarLinePrecision.h>
 
 #include <array>
+#include <exception>
 #include <fstream>
 #include <iterator>
 #include <limits>
@@ -27,9 +28,9 @@ std::string textOf(const fs::path& path) {
 }
 
 struct Set {
-  explicit Set(const fs::path& path)
+  Set(const fs::path& path, bool with_pictures)
       : folder(path),
-        polar(textOf(path / "polar.txt") + kNoPictures),
+        polar(textOf(path / "polar.txt") + (with_pictures ? "" : kNoPictures)),
         target((path / "target.ini").string()),
         calibration_file((path / (fs::exists(path / "calib.json") ? "calib.json" : "calib.bin")).string()) {
     ReadCalibParams(calibration_file, &calibration);
@@ -44,9 +45,9 @@ struct Set {
 };
 
 /// A folder for one run, and the record of how it went.
-class Road {
+class RunFolder {
  public:
-  explicit Road(const fs::path& folder) : folder_(folder) { fs::create_directories(folder); }
+  explicit RunFolder(const fs::path& folder) : folder_(folder) { fs::create_directories(folder); }
 
   std::string folder() const { return folder_.string(); }
 
@@ -62,36 +63,47 @@ class Road {
   }
 
   bool end(std::int32_t status, const std::vector<PolarResultRecord>& records) const {
-    std::ofstream out(folder_ / "records.txt");
-    out.imbue(std::locale::classic());
+    std::ofstream out = recordText();
     std::array<char, 4096> error{};
     out << "status " << status << ' ' << GetPolarErrorInfo(error.data()) << '\n';
     writeRecords(out, records);
     return status == 0 && !records.empty();
   }
 
+  /// The run left by an exception: its text is what it ended with.
+  bool endBy(const std::exception& failure) const {
+    recordText() << "exception " << failure.what() << '\n';
+    return false;
+  }
+
  private:
+  std::ofstream recordText() const {
+    std::ofstream out(folder_ / "records.txt");
+    out.imbue(std::locale::classic());
+    return out;
+  }
+
   fs::path folder_;
 };
 
-bool inMemory(const Set& set, const Road& road, const std::string& further_lines) {
+bool inMemory(const Set& set, const RunFolder& run, const std::string& further_lines) {
   std::vector<PolarResultRecord> records;
   const std::int32_t status =
       CalPolarLinePrecisionOutMat((set.polar + further_lines).c_str(), set.target.c_str(), set.calibration, set.images,
-                                  &records, nullptr, road.folder().c_str());
-  return road.end(status, records);
+                                  &records, nullptr, run.folder().c_str());
+  return run.end(status, records);
 }
 
-bool everySwitch(const Set& set, const Road& road) { return inMemory(set, road, "\noqc_switch: 1\nframe_work: 0"); }
+bool everySwitch(const Set& set, const RunFolder& run) { return inMemory(set, run, "\noqc_switch: 1\nframe_work: 0"); }
 
 /// A rectified pair ends the compensation, so this run has none.
-bool compensated(const Set& set, const Road& road) {
-  return inMemory(set, road, "\neccentricity: 1\ndy_bias_switch: 0\nfoursixmethod_swithch: 0\nframe_work: 0");
+bool compensated(const Set& set, const RunFolder& run) {
+  return inMemory(set, run, "\neccentricity: 1\ndy_bias_switch: 0\nfoursixmethod_swithch: 0\nframe_work: 0");
 }
 
-bool frame(const Set& set, const Road& road) { return inMemory(set, road, "\neccentricity: 1\nframe_work: 1"); }
+bool frame(const Set& set, const RunFolder& run) { return inMemory(set, run, "\neccentricity: 1\nframe_work: 1"); }
 
-bool turned(const Set& set, const Road& road) {
+bool turned(const Set& set, const RunFolder& run) {
   const cv::Mat& image = set.images.at(0).at(0);
   std::ostringstream polar;
   polar.imbue(std::locale::classic());
@@ -100,8 +112,8 @@ bool turned(const Set& set, const Road& road) {
         << "\ncropped_rows: " << image.rows - 6;
   std::vector<PolarResultRecord> records;
   const std::int32_t status = CalPolarLinePrecision(polar.str().c_str(), set.target.c_str(),
-                                                    set.calibration_file.c_str(), road.list(set).c_str(), &records);
-  return road.end(status, records);
+                                                    set.calibration_file.c_str(), run.list(set).c_str(), &records);
+  return run.end(status, records);
 }
 
 /// The five numbers of `rectified.txt`, behind a comment line.
@@ -118,24 +130,35 @@ RectifiedParams geometry(const fs::path& file) {
   return rectified;
 }
 
-bool rectifiedElsewhere(const Set& set, const Road& road) {
+bool rectifiedElsewhere(const Set& set, const RunFolder& run) {
   RectifiedParams rectified = geometry(set.folder / "rectified.txt");
   rectified.boardPoints.assign(set.calibration.boardPoints.begin(), set.calibration.boardPoints.end());
   std::vector<PolarResultRecord> records;
   const std::int32_t status =
-      CalRecificationPrecision(set.polar.c_str(), set.target.c_str(), rectified, road.list(set).c_str(), &records);
-  return road.end(status, records);
+      CalRecificationPrecision(set.polar.c_str(), set.target.c_str(), rectified, run.list(set).c_str(), &records);
+  return run.end(status, records);
+}
+
+using Run = bool (*)(const Set&, const RunFolder&);
+
+bool runInto(const fs::path& results, const Set& set, Run run) {
+  const RunFolder folder(results);
+  try {
+    return run(set, folder);
+  } catch (const std::exception& failure) {
+    return folder.endBy(failure);
+  }
 }
 
 }  // namespace
 
-bool walkRoads(const fs::path& folder, const fs::path& results) {
-  const Set set(folder);
-  bool good = everySwitch(set, Road(results / "every"));
-  good = compensated(set, Road(results / "compensated")) && good;
-  good = turned(set, Road(results / "turned")) && good;
-  if (set.polar.find("\nFrame_ID:") != std::string::npos) good = frame(set, Road(results / "frame")) && good;
-  if (fs::exists(folder / "rectified.txt")) good = rectifiedElsewhere(set, Road(results / "rectified")) && good;
+bool walkRuns(const fs::path& folder, const fs::path& results, bool with_pictures) {
+  const Set set(folder, with_pictures);
+  bool good = runInto(results / "every", set, everySwitch);
+  good = runInto(results / "compensated", set, compensated) && good;
+  good = runInto(results / "turned", set, turned) && good;
+  if (set.polar.find("\nFrame_ID:") != std::string::npos) good = runInto(results / "frame", set, frame) && good;
+  if (fs::exists(folder / "rectified.txt")) good = runInto(results / "rectified", set, rectifiedElsewhere) && good;
   return good;
 }
 
