@@ -11,17 +11,8 @@ constexpr double kNoBias = 0.0;
 // A hundredth of a cell: moves a point on a border firmly into the higher cell.
 constexpr double kBorderBias = 0.01;
 
-std::size_t coefficientCount(const PolyTables& tables) {
-  return std::size_t{tables.cells_x} * tables.cells_y * kCoefficientsPerCell;
-}
-
-bool isUsable(const PolyTables& tables) {
-  const std::size_t count = coefficientCount(tables);
-  return count > 0 && count <= tables.x.size();
-}
-
-std::vector<float> firstOf(const std::array<float, 500>& table, std::size_t count) {
-  return {table.begin(), table.begin() + static_cast<std::ptrdiff_t>(count)};
+std::vector<float> firstCells(const PolyTable& table, std::size_t cells) {
+  return {table.begin(), table.begin() + static_cast<std::ptrdiff_t>(cells * kCoefficientsPerCell)};
 }
 
 }  // namespace
@@ -29,11 +20,11 @@ std::vector<float> firstOf(const std::array<float, 500>& table, std::size_t coun
 PinholeCameraIntrinsicsPOL::PinholeCameraIntrinsicsPOL(std::uint16_t width, std::uint16_t height, double fx, double fy,
                                                        double cx, double cy, double scale, const PolyTables& tables)
     : PinholeCameraIntrinsics(width, height, fx, fy, cx, cy, scale) {
-  if (isUsable(tables)) {
+  if (const std::size_t cells = usableCells(tables.cells_x, tables.cells_y); cells > 0) {
     cells_x_ = tables.cells_x;
     cells_y_ = tables.cells_y;
-    table_x_ = firstOf(tables.x, coefficientCount(tables));
-    table_y_ = firstOf(tables.y, coefficientCount(tables));
+    table_x_ = firstCells(tables.x, cells);
+    table_y_ = firstCells(tables.y, cells);
   }
   image_ = Image(width, height, fx, fy, cx, cy, cells_x_, cells_y_);
 }

@@ -5,7 +5,7 @@
 
 #include "camera/Image.h"
 #include "camera/PinholeCameraIntrinsics.h"
-#include "camera/PolyTables.h"
+#include "input/PolyTables.h"
 
 /// A pinhole camera whose lens is a grid of cubic polynomials over the normalised image plane, one pair a cell. Copies
 /// own their tables. Without tables (`cells_x` 0) the camera has no distortion.

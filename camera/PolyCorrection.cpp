@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "camera/PolyTables.h"
+#include "input/PolyTables.h"
 
 namespace {
 

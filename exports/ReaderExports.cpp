@@ -5,7 +5,7 @@
 #include "input/BoardGroundTruthReader.h"
 #include "input/CalibrationConversion.h"
 #include "input/MultiCalibrationLoader.h"
-#include "input/PolyTables.h"
+#include "input/PolyTableFiles.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
@@ -39,7 +39,7 @@ std::int32_t ReadCalibImagelist(const std::string& path, ImagePairList* images) 
 
 std::int32_t ReadTxtPolyParams(std::string folder, ExportedCalibParams* calibration) {
   requireNonNull(calibration, "calibration");
-  return readTxtPolyParams(folder, calibration);
+  return readPolyTableFiles(folder, calibration);
 }
 
 std::int32_t ReadBoardGTFromCSV(std::string path, BoardGroundTruth* board_points, bool second_layout) {

@@ -1,7 +1,6 @@
 #include "input/BinaryCalibration.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <span>
 
@@ -9,6 +8,7 @@
 #include "PolarLinePrecision/Status.h"
 #include "input/MultiCalibrationLoader.h"
 #include "input/PackedReader.h"
+#include "input/PolyTableFiles.h"
 #include "input/PolyTables.h"
 #include "input/TableBlock.h"
 #include "platform/Console.h"
@@ -16,13 +16,9 @@
 
 namespace {
 
-constexpr std::size_t kCoefficients = 10;
-constexpr int kMaxCells = static_cast<int>((std::tuple_size_v<TableBlock> - kGridBytes) / kCellBytes);
-
-/// A grid with no cells, or with more than the block holds, counts as none.
+/// A grid that cannot be used is stored as one without cells.
 void readGrid(const TableBlock& block, CameraCalib& camera) {
-  const int cells = block[0] * block[1];
-  const bool usable = cells > 0 && cells <= kMaxCells;
+  const bool usable = usableCells(block[0], block[1], kMostBlockCells) > 0;
   camera.poly_nx = usable ? block[0] : std::uint8_t{0};
   camera.poly_ny = usable ? block[1] : std::uint8_t{0};
 }
@@ -30,9 +26,9 @@ void readGrid(const TableBlock& block, CameraCalib& camera) {
 void readCells(const TableBlock& block, std::size_t cells, CameraCalib& camera) {
   PackedReader reader(std::span<const std::uint8_t>(block).subspan(kGridBytes));
   for (std::size_t cell = 0; cell < cells; ++cell) {
-    const std::size_t first = cell * kCoefficients;
-    for (std::size_t k = 0; k < kCoefficients; ++k) camera.poly_x.at(first + k) = reader.number();
-    for (std::size_t k = 0; k < kCoefficients; ++k) camera.poly_y.at(first + k) = reader.number();
+    const std::size_t first = cell * kCoefficientsPerCell;
+    for (std::size_t k = 0; k < kCoefficientsPerCell; ++k) camera.poly_x.at(first + k) = reader.number();
+    for (std::size_t k = 0; k < kCoefficientsPerCell; ++k) camera.poly_y.at(first + k) = reader.number();
   }
 }
 
@@ -61,5 +57,5 @@ void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
   const std::size_t cells = std::size_t{calib.left.poly_nx} * calib.left.poly_ny;
   readCells(left.table_block, cells, calib.left);
   readCells(right.table_block, cells, calib.right);
-  writePolyTables(files::folderOf(path), calib);
+  writePolyTableFiles(files::folderOf(path), calib);
 }

@@ -3,16 +3,18 @@
 #include <array>
 #include <cstdint>
 
+#include "input/PolyTables.h"
+
 /// One camera of a run.
 struct CameraCalib {
   std::uint32_t height = 0;  ///< Image rows; known from a binary source only.
   std::uint32_t width = 0;   ///< Image columns; known from a binary source only.
   /// Fx, Fy, Cx, Cy, K1 to K6, P1, P2.
   std::array<double, 12> intrinsics{};
-  std::uint8_t poly_nx = 0;         ///< Polynomial cells across; 0: no tables.
-  std::uint8_t poly_ny = 0;         ///< Polynomial cells down; 0: no tables.
-  std::array<float, 500> poly_x{};  ///< x coefficients, 10 a cell, cells row by row.
-  std::array<float, 500> poly_y{};  ///< y coefficients, the same order.
+  std::uint8_t poly_nx = 0;  ///< Polynomial cells across; 0: no tables.
+  std::uint8_t poly_ny = 0;  ///< Polynomial cells down; 0: no tables.
+  PolyTable poly_x{};        ///< x coefficients, 10 a cell, cells row by row.
+  PolyTable poly_y{};        ///< y coefficients, the same order.
 };
 
 /// The calibration of a run. The right camera comes first.

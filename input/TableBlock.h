@@ -5,16 +5,20 @@
 #include <cstdint>
 
 #include "input/PackedReader.h"
+#include "input/PolyTables.h"
 
 /// The polynomial tables of one camera as `MultiCalibrationEntry` holds them: grid width, grid height, then 80 bytes a
 /// cell.
 using TableBlock = std::array<std::uint8_t, 2016>;
 
-/// Bytes of one cell: 10 floats of x, 10 floats of y.
-inline constexpr std::size_t kCellBytes = 80;
-
 /// Bytes in front of the first cell.
 inline constexpr std::size_t kGridBytes = 2;
+
+/// Bytes of one cell: its x coefficients, then its y coefficients.
+inline constexpr std::size_t kCellBytes = 2 * kCoefficientsPerCell * sizeof(float);
+
+/// Cells that a block has room for: 25.
+inline constexpr std::size_t kMostBlockCells = (std::tuple_size_v<TableBlock> - kGridBytes) / kCellBytes;
 
 /// Reads a block as it stands and the CRC-8 behind it. `polar_status::kSuccess`, `kNotSupported` when the file ends in
 /// it, `kCrcMismatch`.

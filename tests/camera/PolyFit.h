@@ -5,7 +5,7 @@
 #include <opencv2/core.hpp>
 
 #include "camera/Image.h"
-#include "camera/PolyTables.h"
+#include "input/PolyTables.h"
 
 /// A lens as a function from ideal to raw normalised points.
 using LensFunction = std::function<cv::Point2d(const cv::Point2d&)>;

@@ -1,4 +1,4 @@
-#include "input/PolyTables.h"
+#include "input/PolyTableFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "PolarLinePrecision/Status.h"
+#include "input/PolyTables.h"
 #include "platform/BoundedInput.h"
 #include "platform/ClassicStream.h"
 #include "platform/Console.h"
@@ -21,9 +22,7 @@ constexpr const char* kLeftY = "/polyparamirl_y.txt";
 constexpr const char* kRightX = "/polyparamirr_x.txt";
 constexpr const char* kRightY = "/polyparamirr_y.txt";
 
-using Table = std::array<float, 500>;
-
-void writeTable(const std::string& path, const Table& table) {
+void writeTable(const std::string& path, const PolyTable& table) {
   std::ofstream stream = files::openOutput(path);
   for (const float value : table) stream << value << '\n';
 }
@@ -33,7 +32,7 @@ std::vector<float> readTable(const std::string& path) {
   std::ifstream stream = files::openInput(path);
   std::vector<float> values;
   std::string line;
-  while (values.size() < std::tuple_size_v<Table> && bounded::nextLine(stream, line)) {
+  while (values.size() < std::tuple_size_v<PolyTable> && bounded::nextLine(stream, line)) {
     float value = 0.0F;
     classic::input(line) >> value;
     values.push_back(value);
@@ -41,7 +40,7 @@ std::vector<float> readTable(const std::string& path) {
   return values;
 }
 
-void copyTable(std::vector<float> values, Table& table) {
+void copyTable(std::vector<float> values, PolyTable& table) {
   values.resize(table.size());
   std::ranges::copy(values, table.begin());
 }
@@ -56,14 +55,14 @@ void setTextFormSizes(ExportedCameraCalib& camera) {
 
 }  // namespace
 
-void writePolyTables(const std::string& folder, const StereoCalibParams& calib) {
+void writePolyTableFiles(const std::string& folder, const StereoCalibParams& calib) {
   writeTable(folder + kLeftX, calib.left.poly_x);
   writeTable(folder + kLeftY, calib.left.poly_y);
   writeTable(folder + kRightX, calib.right.poly_x);
   writeTable(folder + kRightY, calib.right.poly_y);
 }
 
-std::int32_t readTxtPolyParams(const std::string& folder, ExportedCalibParams* out) {
+std::int32_t readPolyTableFiles(const std::string& folder, ExportedCalibParams* out) {
   const std::array<std::string, 4> paths = {folder + kLeftX, folder + kLeftY, folder + kRightX, folder + kRightY};
   if (!std::ranges::all_of(paths, files::exists)) {
     // Meant: the text names this one file, whichever is missing.
