@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "fuzz/Harness.h"
+#include "input/BinaryLayout.h"
 #include "input/Crc8.h"
-#include "input/LensModels.h"
 
 namespace {
 
@@ -30,8 +30,8 @@ void mend(File& file, std::size_t start, std::size_t count) {
 /// The size of the entry at `start`, its CRCs set right.
 std::size_t mendEntry(File& file, std::size_t start, bool tabled, bool has_pose) {
   const char* const name = reinterpret_cast<const char*>(file.data()) + start + kModelName;
-  const LensModel* const model = findLensModel(std::string(name, strnlen(name, kParameters - kModelName)));
-  const std::size_t block = kParameters + (model == nullptr ? 0 : model->stored * sizeof(float) + 1);
+  const ParameterField* const field = findParameterField(std::string(name, strnlen(name, kParameters - kModelName)));
+  const std::size_t block = kParameters + (field == nullptr ? 0 : field->stored * sizeof(float) + 1);
   if (!tabled) mend(file, start + block, kTableBlock);
   for (std::size_t k = 0; tabled && k < kCells; ++k) mend(file, start + block + 2 + k * (kCell + 1), kCell);
   return block + kTableBlock + (tabled ? 0 : 1) + 2 + (has_pose ? 6 * sizeof(float) : 0);

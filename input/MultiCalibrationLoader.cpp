@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "PolarLinePrecision/Status.h"
+#include "input/BinaryLayout.h"
 #include "input/Crc8.h"
-#include "input/LensModels.h"
 #include "input/PackedReader.h"
 #include "input/TableBlock.h"
 #include "platform/Console.h"
@@ -21,12 +21,21 @@ using Bytes = std::span<const std::uint8_t>;
 
 enum class FileForm { kMain, kTabled, kRefused };
 
-/// Offset of the tabled form's CRC-8 over all bytes before it, its last byte.
+/// Where the tabled form, whose cells each have a CRC-8, holds the CRC-8 of all bytes before: in its last byte.
 constexpr std::size_t kWholeCrcOffset = 21090;
-/// More than the entries of 255 cameras take; nothing looks at what lies behind.
-constexpr std::size_t kMostBytes = std::size_t{1} << 20;
-/// A size that announces the tabled form too, though its CRC-8 would lie beyond the end.
+/// A file of this size counts as the tabled form too. It always fails: its last CRC-8 would lie beyond its end.
 constexpr std::size_t kShortTabledSize = 10688;
+/// Bytes that are read of a file: more than 255 cameras take, the most that one byte can count.
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+
+// Widths of the text fields.
+constexpr std::size_t kShortText = 10;
+constexpr std::size_t kLongText = 32;
+constexpr std::size_t kCameraName = 10;
+constexpr std::size_t kModelName = 32;
+
+/// Behind the parameters, the table block and each entry stands a check byte, which is not tested.
+constexpr std::size_t kCheckByte = 1;
 
 FileForm formOf(Bytes bytes) {
   if (bytes.size() < 2 || bytes[1] == 0) return FileForm::kRefused;
@@ -37,8 +46,8 @@ FileForm formOf(Bytes bytes) {
 
 bool readHeader(PackedReader& reader, MultiCalibration& record) {
   record.format_byte = reader.byte();
-  record.short_text = reader.text(10);
-  record.long_text = reader.text(32);
+  record.short_text = reader.text(kShortText);
+  record.long_text = reader.text(kLongText);
   record.value = reader.integer();
   record.fourth_byte = reader.byte();
   record.n = reader.byte();
@@ -46,26 +55,26 @@ bool readHeader(PackedReader& reader, MultiCalibration& record) {
   return static_cast<bool>(reader);
 }
 
-/// The check decides nothing.
+/// Only a warning: the file is read all the same.
 void warnOfUnknownSize(FileForm form, std::size_t cameras, std::size_t size) {
   const std::size_t missing_bytes = form == FileForm::kTabled ? cameras : 0;
   if (isKnownFileSize(cameras, size + missing_bytes)) return;
   console::line("Warning: There is no bin size check for this distortion model combination!");
 }
 
-/// Beside the first of two cameras, and for a camera alone, no extrinsics are stored.
+/// A single camera and the first of two are stored without extrinsics.
 bool hasExtrinsics(std::size_t cameras, std::size_t index) { return cameras >= 3 || (cameras == 2 && index != 0); }
 
 /// An entry up to the end of its table block.
 std::int32_t readCamera(PackedReader& reader, FileForm form, MultiCalibrationEntry& entry, std::string& model_name) {
-  entry.camera_name = reader.text(10);
+  entry.camera_name = reader.text(kCameraName);
   entry.value = reader.integer();
   entry.height = reader.integer();
   entry.width = reader.integer();
-  model_name = reader.text(32);
-  if (const LensModel* const model = findLensModel(model_name)) {
-    for (std::size_t k = 0; k < model->kept; ++k) entry.parameters.at(k) = reader.number();
-    reader.skip((model->stored - model->kept) * sizeof(float) + 1);
+  model_name = reader.text(kModelName);
+  if (const ParameterField* const field = findParameterField(model_name)) {
+    for (std::size_t k = 0; k < field->kept; ++k) entry.parameters.at(k) = reader.number();
+    reader.skip((field->stored - field->kept) * sizeof(float) + kCheckByte);
   }
   return form == FileForm::kTabled ? readTabledBlock(reader, entry.table_block)
                                    : readPlainBlock(reader, entry.table_block);
@@ -76,11 +85,11 @@ std::int32_t readEntry(PackedReader& reader, FileForm form, MultiCalibration& re
   std::string model_name;
   const std::int32_t status = readCamera(reader, form, entry, model_name);
   if (status != polar_status::kSuccess) return status;
-  reader.skip(1);
+  reader.skip(kCheckByte);
   if (hasExtrinsics(record.n, record.entries.size())) {
     for (float& value : entry.extrinsics) value = reader.number();
   }
-  reader.skip(1);
+  reader.skip(kCheckByte);
   record.camera_names.push_back(entry.camera_name);
   record.model_names.push_back(std::move(model_name));
   record.entries.push_back(std::move(entry));
@@ -91,8 +100,8 @@ std::int32_t commonModelCode(const std::vector<std::string>& names) {
   if (names.empty() || std::ranges::any_of(names, [&](const std::string& name) { return name != names.front(); })) {
     return 0;
   }
-  const LensModel* const model = findLensModel(names.front());
-  return model == nullptr ? 0 : model->code;
+  const ParameterField* const field = findParameterField(names.front());
+  return field == nullptr ? 0 : field->model_code;
 }
 
 bool wholeCrcMatches(Bytes bytes) {

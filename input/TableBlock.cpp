@@ -9,6 +9,7 @@
 
 namespace {
 
+/// Cells of a tabled block, each followed by its CRC-8, whatever the grid in front of them says.
 constexpr std::size_t kTabledCells = 24;
 constexpr std::size_t kTabledFiller = std::tuple_size_v<TableBlock> - kGridBytes - kTabledCells * (kCellBytes + 1);
 

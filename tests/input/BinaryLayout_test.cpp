@@ -1,4 +1,4 @@
-#include "input/LensModels.h"
+#include "input/BinaryLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 
 namespace {
 
-TEST(FindLensModel, KnowsFourExactNames) {
-  for (const char* name : {"Brown", "KB", "DS", "MEI"}) ASSERT_NE(findLensModel(name), nullptr) << name;
+TEST(FindParameterField, KnowsFourExactNames) {
+  for (const char* name : {"Brown", "KB", "DS", "MEI"}) ASSERT_NE(findParameterField(name), nullptr) << name;
   for (const char* name : {"brown", "BROWN", "kb", "", "Brown ", "Mei"})
-    EXPECT_EQ(findLensModel(name), nullptr) << name;
+    EXPECT_EQ(findParameterField(name), nullptr) << name;
 }
 
 struct SizeCase {

@@ -1,4 +1,4 @@
-#include "input/LensModels.h"
+#include "input/BinaryLayout.h"
 
 #include <algorithm>
 #include <array>
@@ -6,13 +6,14 @@
 
 namespace {
 
-constexpr std::array<LensModel, 4> kModels = {{
-    {.name = "Brown", .code = 1, .stored = 20, .kept = 12},
-    {.name = "KB", .code = 2, .stored = 16, .kept = 8},
-    {.name = "DS", .code = 3, .stored = 14, .kept = 6},
-    {.name = "MEI", .code = 4, .stored = 18, .kept = 10},
+constexpr std::array<ParameterField, 4> kFields = {{
+    {.model_name = "Brown", .model_code = 1, .stored = 20, .kept = 12},
+    {.model_name = "KB", .model_code = 2, .stored = 16, .kept = 8},
+    {.model_name = "DS", .model_code = 3, .stored = 14, .kept = 6},
+    {.model_name = "MEI", .model_code = 4, .stored = 18, .kept = 10},
 }};
 
+/// Sizes of a file by its number of cameras: header, entries, last byte.
 constexpr std::array<std::size_t, 4> kSizesOfOne = {2205, 2189, 2181, 2197};
 constexpr std::array<std::size_t, 7> kSizesOfTwo = {4383, 4367, 4359, 4375, 4351, 4343, 4335};
 constexpr std::array<std::size_t, 4> kSizesOfThree = {6585, 6569, 6561, 6577};
@@ -23,9 +24,9 @@ bool contains(std::span<const std::size_t> sizes, std::size_t size) {
 
 }  // namespace
 
-const LensModel* findLensModel(const std::string& name) {
-  for (const LensModel& model : kModels) {
-    if (name == model.name) return &model;
+const ParameterField* findParameterField(const std::string& model_name) {
+  for (const ParameterField& field : kFields) {
+    if (model_name == field.model_name) return &field;
   }
   return nullptr;
 }
