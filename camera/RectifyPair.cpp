@@ -2,9 +2,8 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "camera/DrawablePicture.h"
-#include "camera/PolarLineCanvas.h"
 #include "camera/RectificationMaps.h"
+#include "camera/RectifiedPictures.h"
 #include "platform/Console.h"
 
 namespace {
