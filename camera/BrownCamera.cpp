@@ -8,12 +8,11 @@ BrownCamera::BrownCamera(const CameraFloats& camera) {
 }
 
 bool BrownCamera::LoadCalib(StereoCalibParams calib, int camera_index) {
-  if (camera_index != 0 && camera_index != 1) return false;
-  const CameraCalib& camera = camera_index == 0 ? calib.left : calib.right;
-  const auto& values = camera.intrinsics;
-  SetParams({static_cast<double>(camera.width), static_cast<double>(camera.height), values[0], values[1], values[2],
-             values[3]});
-  std::copy(values.begin() + 4, values.end(), coefficients_.begin());
+  const CameraCalib* const camera = cameraOf(calib, camera_index);
+  if (camera == nullptr) return false;
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera->intrinsics;
+  SetParams({static_cast<double>(camera->width), static_cast<double>(camera->height), fx, fy, cx, cy});
+  coefficients_ = {k1, k2, k3, k4, k5, k6, p1, p2};
   return true;
 }
 

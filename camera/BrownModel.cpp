@@ -16,9 +16,9 @@ cv::Point2d BrownDistort(const cv::Point2d& normalised_ideal, const BrownCoeffic
 bool BrownUndistort(const cv::Point2d& normalised_raw, const BrownCoefficients& coefficients,
                     cv::Point2d& normalised_ideal) {
   const auto distortionAt = [&](const cv::Point2d& ideal) { return BrownDistort(ideal, coefficients) - ideal; };
-  // An iterate that ran off to what is no number ends the loop: only a measurable error asks for another step.
-  const auto isOff = [](double error) { return error > kInverseTolerance; };
-  const FixedPoint found = invertByFixedPoint(normalised_raw, distortionAt, isOff);
-  normalised_ideal = found.settled ? found.point : found.distortion;
-  return found.settled;
+  // NaN ends the iteration as if it had converged; the polynomial camera fails on it.
+  const auto needsStep = [](double error) { return error > kInverseTolerance; };
+  const InverseResult found = invertByFixedPoint(normalised_raw, distortionAt, needsStep);
+  normalised_ideal = found.converged ? found.point : found.distortion;
+  return found.converged;
 }

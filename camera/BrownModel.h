@@ -10,6 +10,6 @@ using BrownCoefficients = std::array<double, 8>;
 cv::Point2d BrownDistort(const cv::Point2d& normalised_ideal, const BrownCoefficients& coefficients);
 
 /// The inverse by fixed-point iteration, to 1e-6 in the sum of the absolute errors. False after 200 steps; the output
-/// then holds the last distortion (the difference distorted less ideal), not a point.
+/// then holds the last distortion (distorted minus ideal point), not a point.
 bool BrownUndistort(const cv::Point2d& normalised_raw, const BrownCoefficients& coefficients,
                     cv::Point2d& normalised_ideal);

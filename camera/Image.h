@@ -25,12 +25,12 @@ class Image {
   double y_max = 0.0;  ///< Bottom image border, (height - cy) / fy.
   std::uint64_t columns = 0;
   std::uint64_t rows = 0;
-  std::array<PerCell, 4>
-      cell_lists;  ///< Room for a caller's figures, an empty entry a cell. No operation here reads it.
+  /// Room for a caller's figures, an empty entry for each cell. Nothing reads it.
+  std::array<PerCell, 4> cell_lists;
   double cell_w = 0.0;
   double cell_h = 0.0;
-  double third_w = 0.0;  ///< A third of a cell's width.
-  double third_h = 0.0;
-  double x_min = 0.0;  ///< Left image border, -cx / fx.
-  double y_min = 0.0;  ///< Top image border, -cy / fy.
+  double third_w = 0.0;  ///< A third of a cell's width. Nothing reads it.
+  double third_h = 0.0;  ///< The same of its height.
+  double x_min = 0.0;    ///< Left image border, -cx / fx.
+  double y_min = 0.0;    ///< Top image border, -cy / fy.
 };

@@ -21,7 +21,8 @@ PinholeCameraIntrinsics::PinholeCameraIntrinsics(std::uint16_t width, std::uint1
     : width_(width), height_(height), K_(cameraMatrix(fx, fy, cx, cy)), scale_(scale) {}
 
 bool PinholeCameraIntrinsics::SetParams(const std::vector<double>& params) {
-  if (params.size() != 6) return false;
+  constexpr std::size_t kWidthHeightAndFourOfTheMatrix = 6;
+  if (params.size() != kWidthHeightAndFourOfTheMatrix) return false;
   width_ = toImageSide(params[0]);
   height_ = toImageSide(params[1]);
   K_ = cameraMatrix(params[2], params[3], params[4], params[5]);

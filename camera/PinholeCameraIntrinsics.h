@@ -10,8 +10,8 @@
 /// lens is left to the derived class. Every conversion fails, its output untouched, unless fx, cx, fy and cy are all
 /// positive.
 ///
-/// The chains mix the scaled and the unscaled camera on purpose: an ideal pixel lives in the scaled camera, a raw pixel
-/// in the unscaled one.
+/// Meant: the chained conversions mix the scaled and the unscaled camera. An ideal pixel belongs to the scaled camera,
+/// a raw pixel to the unscaled one.
 class PinholeCameraIntrinsics : public CameraIntrinsicsBase {
  public:
   bool SetParams(const std::vector<double>& params) override;
@@ -27,6 +27,7 @@ class PinholeCameraIntrinsics : public CameraIntrinsicsBase {
   virtual bool NormalizedToPixelScaled(const cv::Point2d& normalised, cv::Point2d& pixel) const;
   virtual bool PixelToNormalized(const cv::Point2d& pixel, cv::Point2d& normalised) const;
 
+  // Nothing in the library reads the size, the matrix and the scale from outside: they tell what the camera holds.
   std::uint16_t width() const { return width_; }
   std::uint16_t height() const { return height_; }
   /// (fx, 0, cx; 0, fy, cy; 0, 0, 1), row by row.
@@ -55,5 +56,5 @@ class PinholeCameraIntrinsics : public CameraIntrinsicsBase {
   double scale_ = 1.0;
 };
 
-/// An image side given as a double: truncated, held within 16 bits, 0 for what is no number.
+/// An image side given as a double: without its fraction, limited to 16 bits, 0 for NaN.
 std::uint16_t toImageSide(double side);

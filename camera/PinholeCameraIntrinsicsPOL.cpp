@@ -8,7 +8,7 @@
 namespace {
 
 constexpr double kNoBias = 0.0;
-// A hundredth of a cell: moves a point on a border firmly into the higher cell.
+/// In cells. Moves a point on a border, between whose cells the inverse could flip for ever, into the higher cell.
 constexpr double kBorderBias = 0.01;
 
 std::vector<float> firstCells(const PolyTable& table, std::size_t cells) {
@@ -30,12 +30,12 @@ PinholeCameraIntrinsicsPOL::PinholeCameraIntrinsicsPOL(std::uint16_t width, std:
 }
 
 bool PinholeCameraIntrinsicsPOL::LoadCalib(StereoCalibParams calib, int camera_index) {
-  if (camera_index != 0 && camera_index != 1) return false;
-  const CameraCalib& chosen = camera_index == 0 ? calib.left : calib.right;
-  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = chosen.intrinsics;
-  const PolyTables tables{chosen.poly_nx, chosen.poly_ny, chosen.poly_x, chosen.poly_y};
+  const CameraCalib* const camera = cameraOf(calib, camera_index);
+  if (camera == nullptr) return false;
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera->intrinsics;
+  const PolyTables tables{camera->poly_nx, camera->poly_ny, camera->poly_x, camera->poly_y};
   *this =
-      PinholeCameraIntrinsicsPOL(toImageSide(chosen.width), toImageSide(chosen.height), fx, fy, cx, cy, 1.0, tables);
+      PinholeCameraIntrinsicsPOL(toImageSide(camera->width), toImageSide(camera->height), fx, fy, cx, cy, 1.0, tables);
   return true;
 }
 
@@ -51,14 +51,14 @@ bool PinholeCameraIntrinsicsPOL::AddDistortion(const cv::Point2d& normalised_ide
 
 bool PinholeCameraIntrinsicsPOL::RemoveDistortion(const cv::Point2d& normalised_raw,
                                                   cv::Point2d& normalised_ideal) const {
-  // What is no number is off too, and runs the steps out.
-  const auto isOff = [](double error) { return !(error <= kInverseTolerance); };
+  // NaN asks for more steps until they run out, so that it fails.
+  const auto needsStep = [](double error) { return !(error <= kInverseTolerance); };
   const auto invert = [&](double cell_bias) {
     const auto distortionAt = [&](const cv::Point2d& ideal) { return correction(ideal, cell_bias); };
-    return invertByFixedPoint(normalised_raw, distortionAt, isOff);
+    return invertByFixedPoint(normalised_raw, distortionAt, needsStep);
   };
-  FixedPoint found = invert(kNoBias);
-  if (!found.settled) found = invert(kBorderBias);
-  normalised_ideal = found.settled ? found.point : found.distortion;
-  return found.settled;
+  InverseResult found = invert(kNoBias);
+  if (!found.converged) found = invert(kBorderBias);
+  normalised_ideal = found.converged ? found.point : found.distortion;
+  return found.converged;
 }

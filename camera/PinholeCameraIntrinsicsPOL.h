@@ -26,6 +26,7 @@ class PinholeCameraIntrinsicsPOL : public PinholeCameraIntrinsics {
   /// cells. On failure the output holds the last correction, not a point.
   bool RemoveDistortion(const cv::Point2d& normalised_raw, cv::Point2d& normalised_ideal) const override;
 
+  // Nothing in the library reads the grid, the tables and the image from outside.
   std::uint8_t cells_x() const { return cells_x_; }
   std::uint8_t cells_y() const { return cells_y_; }
   bool hasTables() const { return cells_x_ != 0; }

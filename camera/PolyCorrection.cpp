@@ -41,8 +41,7 @@ double correctionOf(const Monomials& m, std::span<const float> coefficients) {
   return -narrowed;
 }
 
-// Clamped before it becomes an integer, so that no value is out of range. The comparison is false for what is no
-// number.
+// Clamped before the conversion to an integer, so that no value is out of range. The first comparison is false for NaN.
 std::uint64_t clampedIndex(double position, std::uint64_t count) {
   if (!(position >= 0.0)) return 0;
   if (position >= static_cast<double>(count)) return count - 1;

@@ -13,20 +13,20 @@ cv::Matx33d projectionMatrix(const cv::Mat& projection) {
   return {projection.colRange(0, 3)};
 }
 
-// Behind the camera a line through its centre meets the picture on the other side, without end.
-double beyond(double component) {
+/// The pixel of a ray that points backwards: infinity, on the side opposite to the ray's component.
+double infinityOpposite(double component) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   return component > 0.0 ? -kInfinity : kInfinity;
 }
 
 cv::Point2d rawPixel(const cv::Matx33d& K, const CameraIntrinsicsBase& camera, const cv::Vec3d& ray) {
-  if (!(ray[2] > 0.0)) return {beyond(ray[0]), beyond(ray[1])};
+  if (!(ray[2] > 0.0)) return {infinityOpposite(ray[0]), infinityOpposite(ray[1])};
   cv::Point2d raw;
   camera.AddDistortion({ray[0] / ray[2], ray[1] / ray[2]}, raw);
   return {K(0, 0) * raw.x + K(0, 2), K(1, 1) * raw.y + K(1, 2)};
 }
 
-// Held within the range of an integer first, so that an infinite value stays outside of the image.
+/// Clamped to the range of an integer before the conversion, so that an infinite value stays outside of the image.
 int fixedPoint(double value) {
   constexpr double kSteps = static_cast<int>(cv::INTER_TAB_SIZE);
   constexpr double kLowest = std::numeric_limits<int>::min();

@@ -5,12 +5,12 @@
 
 #include "camera/RectifyPair.h"
 
-/// Two float maps for `cv::remap`: columns and rows of the raw image.
+/// Two float maps for `cv::remap`: for each virtual pixel its column and its row in the raw image.
 struct WarpMaps {
   cv::Mat columns, rows;
 };
 
-/// What warps a pair, and the 4x4 matrix from warped pixels and disparity to points.
+/// The maps of both images, and the 4x4 matrix from (column, row, disparity, 1) of the virtual pair to points.
 struct RectificationMaps {
   WarpMaps left, right;
   cv::Mat Q;

@@ -8,6 +8,7 @@
 
 namespace {
 
+// Values of `x_y`.
 constexpr std::int32_t kRowsAsTheyAre = 0;
 constexpr std::int32_t kQuarterTurn = 1;
 

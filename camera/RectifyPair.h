@@ -6,9 +6,9 @@
 
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 
-/// What the rectification takes from the run beside images and matrices.
+/// What the rectification needs of a run besides images and matrices.
 struct RectificationSettings {
-  float f_scale = 1.0F;  ///< Exactly 1 selects the library's own rectification for the Brown types.
+  float f_scale = 1.0F;  ///< Exactly 1 selects OpenCV's own rectification for the Brown models.
   std::int32_t x_y = 0;  ///< 0 rows as they are, 1 turned a quarter clockwise; any other value: no layout.
   const PinholeCameraIntrinsicsPOL& left_camera;
   const PinholeCameraIntrinsicsPOL& right_camera;

@@ -24,3 +24,9 @@ struct StereoCalibParams {
   /// RX, RY, RZ (radians), TX, TY, TZ: X_right = R X_left + T, R = Rz Rx Ry.
   std::array<double, 6> extrinsics{};
 };
+
+/// The camera of an index: 0 is left, 1 right. Null for any other.
+inline const CameraCalib* cameraOf(const StereoCalibParams& calib, int camera_index) {
+  if (camera_index == 0) return &calib.left;
+  return camera_index == 1 ? &calib.right : nullptr;
+}

@@ -97,7 +97,7 @@ TEST(BrownUndistort, OutputMayBeTheInput) {
   EXPECT_THAT(point, PointNear(cv::Point2d(0.2, 0.3), 2e-6));
 }
 
-TEST(BrownUndistort, WhatIsNoNumberAsksForNoStep) {
+TEST(BrownUndistort, NanAsksForNoStep) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   cv::Point2d ideal;
   EXPECT_TRUE(BrownUndistort({nan, nan}, kStrong, ideal));

@@ -282,7 +282,7 @@ TEST(RemoveDistortion, OutputMayBeTheInput) {
   EXPECT_THAT(point, PointNear(cv::Point2d(0.24, 0.1), 1e-6));
 }
 
-TEST(RemoveDistortion, WhatIsNoNumberFails) {
+TEST(RemoveDistortion, NanFails) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double infinity = std::numeric_limits<double>::infinity();
   cv::Point2d output;

@@ -163,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(BeyondAnyInteger, CellChoice,
                          testing::Values(CellCase{1e12, -0.5, 0, 3}, CellCase{-1e12, 0.5, 0, 4},
                                          CellCase{0, 1e12, 0, 6}, CellCase{0, -1e12, 0, 2}));
 
-TEST(PolyCorrection, WhatIsNoNumberTakesCellZeroAndStaysNoNumber) {
+TEST(PolyCorrection, NanTakesCellZeroAndStaysNan) {
   const auto table = numberedCells(8);
   EXPECT_TRUE(std::isnan(polyCorrection(square(4, 2), table, table, {kNan, kNan}, 0).x));
   EXPECT_TRUE(std::isnan(polyCorrection(square(4, 2), table, table, {kInfinity, -kInfinity}, 0).y));

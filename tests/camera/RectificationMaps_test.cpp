@@ -102,7 +102,7 @@ TEST_P(BrownTypes, AScaleOfExactlyOneIsTheLibrarysOwnRectification) {
   EXPECT_EQ(distanceOf(mapsOf(GetParam(), 1.0F).Q, librarysQ(GetParam())), 0.0);
 }
 
-TEST_P(BrownTypes, AnyScaleNextToOneGoesTheOtherRoad) {
+TEST_P(BrownTypes, AnyScaleNextToOneTakesTheScaledMethod) {
   // The larger focal length of the left camera is 305 and of the right 301, each over its own aspect: 301 * 301 / 296
   // is the smaller.
   const double f = 301.0 * 301.0 / 296.0;
@@ -125,7 +125,7 @@ TEST_P(ScaledTypes, AScaleOfTwoDoublesTheLargerFocalLength) {
 
 INSTANTIATE_TEST_SUITE_P(All, ScaledTypes, testing::Values(0, 1, 2, 3));
 
-TEST(RectificationMaps, FisheyeAndPolyTakeTheScaledRoadAtOneToo) {
+TEST(RectificationMaps, FisheyeAndPolyTakeTheScaledMethodAtOneToo) {
   for (const std::int32_t type : {2, 3}) {
     EXPECT_NEAR(mapsOf(type, 1.0F).Q.at<double>(2, 3), 301.0 * 301.0 / 296.0, 1e-9);
   }
