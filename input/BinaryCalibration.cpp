@@ -43,7 +43,7 @@ void readCamera(const MultiCalibrationEntry& entry, CameraCalib& camera) {
 
 void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
   MultiCalibration record;
-  // The run goes on with zeros and finds out where it needs the values.
+  // Meant: a failed load is only reported. The cameras are zero then, and a run fails where it needs them.
   if (loadMultiCalibration(path.c_str(), &record, 0) != polar_status::kSuccess) {
     console::line("Read Poly Fail!");
   }

@@ -15,10 +15,13 @@
 
 namespace {
 
+/// Points of a report, in either layout.
 constexpr std::size_t kCsvPoints = 42;
+/// The one line of a report that is used, counted from 1.
 constexpr int kUsedLine = 11;
+/// Fields of that line up to the last one of layout B, which reaches further than layout A.
 constexpr std::size_t kUsedFields = 87;
-/// Most points of a list: far beyond any real board, and within what memory holds.
+/// Most points of a text list: far beyond any real board, and within what memory holds.
 constexpr std::size_t kMostPoints = std::size_t{1} << 24;
 
 /// Points `first` to `last` take two fields each, from `field` on.

@@ -5,8 +5,8 @@
 #include "PolarLinePrecision/BoardRecords.h"
 
 /// Reads a CSV report of 42 board points, in either of its two layouts. Only the eleventh line counts; its fields give
-/// x and y of a point each, z is 0. Points that the layout has no fields for, and fields that are missing or no number,
-/// are 0. The list is emptied first.
+/// x and y of a point each, z is 0. Points that the layout has no fields for, and fields that are missing or hold no
+/// number, are 0. The list is emptied first.
 void ReadBoardCsvLayoutA(const std::string& path, BoardGroundTruth& points);
 void ReadBoardCsvLayoutB(const std::string& path, BoardGroundTruth& points);
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The size without its fraction. What no 32-bit integer can hold becomes the nearest limit, not-a-number becomes 0.
+/// The size without its fraction, clamped to the range of a 32-bit integer; NaN becomes 0.
 std::uint32_t wholePixels(double size) {
   if (std::isnan(size)) return 0;
   const double lowest = std::numeric_limits<std::int32_t>::min();

@@ -10,6 +10,7 @@
 
 namespace {
 
+/// Kinds of calibration files. Only JSON and binary files are read; the names of the others are known all the same.
 constexpr std::int32_t kUnknownType = 0;
 constexpr std::int32_t kJsonType = 1;
 constexpr std::int32_t kYamlType = 2;

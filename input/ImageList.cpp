@@ -13,14 +13,15 @@
 namespace {
 
 constexpr const char* kBlanks = " \t";
+/// Meant: a longer line counts as the end of the list.
 constexpr std::size_t kLongestLine = 511;
 /// Room for the longest line, a carriage return and the terminating zero.
 constexpr std::size_t kLineBuffer = kLongestLine + 2;
+/// What the reader returns: no status, as 1 is success.
 constexpr std::int32_t kFailed = 0;
 constexpr std::int32_t kRead = 1;
 
-/// The next line without its line end, a carriage return before that included. An over-long line comes back cut, with
-/// the stream failed.
+/// The next line without its line end ("\n" or "\r\n"). A line that is too long is cut, and the stream fails.
 std::string nextLine(std::istream& stream) {
   std::array<char, kLineBuffer> buffer{};
   stream.getline(buffer.data(), buffer.size());
@@ -34,7 +35,7 @@ std::string nextLine(std::istream& stream) {
   return line;
 }
 
-/// A header of 512 characters or more counts as far as it was read, and no line follows it.
+/// Of a header that is too long, the names in the part that was read count; the list then ends.
 std::size_t cameraCount(const std::string& header) {
   return header.starts_with('#') ? wordsOf(header.substr(1), kBlanks).size() : 0;
 }

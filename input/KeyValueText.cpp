@@ -15,7 +15,7 @@ std::string trimmedStart(const std::string& text) {
   return start == std::string::npos ? std::string() : text.substr(start);
 }
 
-// Past npos the sum wraps to 0, which is the length wanted of a text of blanks only.
+// For a text of blanks only, npos + 1 wraps around to 0, which gives the empty text.
 std::string trimmedEnd(const std::string& text) { return text.substr(0, text.find_last_not_of(kBlanks) + 1); }
 
 template <typename T>
@@ -31,8 +31,8 @@ T numberOf(const std::string& item) {
   return number;
 }
 
-/// What stands between the outer brackets of the value's first word, into `inner`. The opening bracket may be missing,
-/// the closing one not.
+/// Gives `inner` the text between the outer brackets of the value's first word. The opening bracket is optional, the
+/// closing one is not.
 bool unwrapList(const std::string& value, std::string& inner) {
   std::string token;
   extract(value, token);

@@ -14,7 +14,7 @@ using KeyValueTable = std::map<std::string, std::string>;
 KeyValueTable parseKeyValueText(const std::string& text);
 
 /// Reads one value by formatted extraction in the classic locale: what follows the value is ignored, a bool is written
-/// 0 or 1, a text that is no value leaves the extraction's own result (0 for letters, the nearest limit for a number
+/// 0 or 1, a text without a value gives the extraction's own result (0 for letters, the nearest limit for a number
 /// out of range), an empty one leaves the destination as it was. Returns whether the key is there; without it the
 /// destination is not touched.
 bool lookup(const KeyValueTable& table, const std::string& key, std::int32_t& destination);

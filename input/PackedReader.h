@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-/// Reads packed little-endian values one behind the other. A read beyond the end gives zeros and leaves the reader
+/// Reads packed little-endian values one after the other. A read beyond the end gives zeros and leaves the reader
 /// failed for good, like a stream.
 class PackedReader {
  public:

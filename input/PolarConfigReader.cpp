@@ -118,7 +118,7 @@ std::int32_t readKeys(const KeyValueTable& table, const std::string& result_fold
 }  // namespace
 
 std::int32_t ReadPolarConfig(const std::string& config, const std::string& result_folder, PolarConfig& out) {
-  // A configuration without content is no failure: the run goes on with the record as it is.
+  // Meant: a configuration without content is no failure. The run takes the record as it is.
   if (config.empty()) {
     console::out() << "polarconfig is NULL";
     return polar_status::kSuccess;

@@ -45,7 +45,7 @@ void copyTable(std::vector<float> values, PolyTable& table) {
   std::ranges::copy(values, table.begin());
 }
 
-/// The image and grid that the text form stands for; nothing in the files can change them.
+/// Meant: the grid and the image size are always these, as the files do not record them.
 void setTextFormSizes(ExportedCameraCalib& camera) {
   camera.poly_nx = 6;
   camera.poly_ny = 4;

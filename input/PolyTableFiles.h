@@ -13,7 +13,7 @@
 /// left out silently.
 void writePolyTableFiles(const std::string& folder, const StereoCalibParams& calib);
 
-/// Reads the tables back into both cameras, for the grid of 6 by 4 cells and the image of 1920 by 1200 pixels that the
-/// text form stands for. Prints each path. Values that a file lacks, and lines that are no number, are 0. Returns 0, or
+/// Reads the tables back into both cameras, always with a grid of 6 by 4 cells and an image of 1920 by 1200 pixels.
+/// Prints each path. Values that a file lacks, and lines without a number, are 0. Returns 0, or
 /// `polar_status::kInputUnreadable` when one of the files is missing. `out` must not be null.
 std::int32_t readPolyTableFiles(const std::string& folder, ExportedCalibParams* out);

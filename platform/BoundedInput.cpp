@@ -23,7 +23,7 @@ bool nextLine(std::istream& stream, std::string& line) {
     line.append(block.data(), stream.good() ? taken - 1 : taken);
     requireLength(line.size());
     is_full = taken + 1 == block.size() && !stream.eof() && stream.fail();
-    if (is_full) stream.clear();  // Only the block was full.
+    if (is_full) stream.clear();  // No failure of the stream: the block was full.
   }
   if (!line.empty() && stream.eof()) stream.clear(std::ios::eofbit);
   return !stream.fail();

@@ -7,8 +7,7 @@
 /// String streams whose numbers do not depend on the locale of the process.
 namespace classic {
 
-/// What is thrown inside of a read passes: kept in the stream, as a stream does by itself, it would look like a text
-/// that holds no value.
+/// An exception inside a read is passed on. A stream by itself would swallow it and look like a text without a value.
 inline std::istringstream input(const std::string& text) {
   std::istringstream stream(text);
   stream.imbue(std::locale::classic());

@@ -25,7 +25,7 @@ std::string behindLast(const std::string& text, char mark) {
   return position == std::string::npos ? std::string() : text.substr(position + 1);
 }
 
-/// A folder does not open, whatever the system's own open says: there is nothing in it to read.
+/// A folder counts as a file that does not open, also on systems that would open it.
 bool isFolder(const std::string& native) {
   std::error_code unknown;
   return std::filesystem::is_directory(native, unknown);
@@ -87,7 +87,7 @@ std::int32_t MakeFolder(const std::string& path) {
   std::error_code unknown;
   if (std::filesystem::exists(nativePath(path), unknown)) return 0;
   const std::vector<std::string> folders = wordsOf(nativePath(path), " \t");
-  // Each word gets its try, and a folder that is there already is a failure, as on a command line.
+  // As a command line would: each word is tried, and a folder that already exists is a failure.
   std::int32_t result = folders.empty() ? 1 : 0;
   for (const std::string& folder : folders) {
     if (!std::filesystem::create_directory(folder, unknown)) result = 1;

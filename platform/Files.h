@@ -32,20 +32,20 @@ SplitName SplitPath(const std::string& path);
 /// The text behind the path's last dot, empty without a dot.
 std::string extensionOf(const std::string& path);
 
-/// Whether the path exists. Throws `std::filesystem::filesystem_error` with the operation "exists" when the status
-/// cannot be told.
+/// Whether the path exists. Throws `std::filesystem::filesystem_error` with the operation "exists" when the system
+/// does not tell.
 bool exists(const std::string& path);
 
 /// Makes a folder, one level: 0 when the path is there already or was made, otherwise non-zero. No shell is run; the
 /// words of the path, split at blanks as a command line would split them, are each made as one folder.
 std::int32_t MakeFolder(const std::string& path);
 
-/// Streams in the classic locale. One that does not open, also one of an empty name, stays failed. What is thrown
-/// inside of a read passes: kept in the stream, as a stream does by itself, it would look like the end of the file.
+/// Streams in the classic locale. A stream that does not open, also for an empty name, stays failed. An exception
+/// inside a read is passed on; a stream by itself would swallow it and look like the end of the file.
 std::ifstream openInput(const std::string& path, std::ios::openmode mode = std::ios::in);
 std::ofstream openOutput(const std::string& path, std::ios::openmode mode = std::ios::out);
 
-/// Reads the bytes of a file, `most` of them at the most; 0, or the C library's `errno` of the failed open.
+/// Reads the bytes of a file, at most `most` of them. Returns 0, or the C library's `errno` of the failed open.
 std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes);
 
 /// `cv::imread` with the pixels as they are stored; empty when it cannot be read.
