@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cmath>
 #include <memory>
-#include <opencv2/imgproc.hpp>
+#include <opencv2/core.hpp>
 #include <stdexcept>
 #include <string>
 
@@ -49,13 +48,6 @@ class RenderedPair {
     cameras.left_K = ExactPair::matrixOf(scene_.rig.left);
     cameras.right_K = ExactPair::matrixOf(scene_.rig.right);
     return cameras;
-  }
-  /// Paints a dot of an image over with the paper around it.
-  static void hide(cv::Mat& image, const scene::ImagedEllipse& dot) {
-    const cv::Point centre(cv::Point2f(static_cast<float>(dot.centre.x), static_cast<float>(dot.centre.y)));
-    const int reach = static_cast<int>(std::ceil(dot.semi_a)) + 2;
-    const auto paper = image.at<std::uint8_t>(centre.y, centre.x + reach);
-    cv::circle(image, centre, reach, cv::Scalar(paper), cv::FILLED);
   }
 
  private:

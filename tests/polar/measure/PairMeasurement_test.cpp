@@ -6,6 +6,7 @@
 
 #include "Tallowfen/src/RingTarget.h"
 #include "polar/measure/EccentricityCompensation.h"
+#include "support/HiddenDot.h"
 #include "support/MeasurementFixture.h"
 
 namespace {
@@ -110,7 +111,7 @@ TEST_F(PairMeasurement, EccentricityReplacesEachCentreByThatOfItsEdge) {
 TEST_F(PairMeasurement, PointOfOneImageIsDrawnButEntersNothing) {
   config.TriPoint1_ID = 0;
   config.TriPoint2_ID = config.TriPoint3_ID = config.TriPoint4_ID = -7;
-  RenderedPair::hide(right, rendered.truth().dots[0].ellipse_right);
+  hideDot(right, rendered.truth().dots[0].ellipse_right);
   PairEvaluator evaluator = rendered.evaluator(config);
   ASSERT_EQ(measure(evaluator), 0);
   EXPECT_EQ(pair.left_by_id.count(0), 0u);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/HiddenDot.h"
 #include "support/MeasurementFixture.h"
 
 namespace {
@@ -9,7 +10,7 @@ struct PointDetection : testing::Test, MeasurementFixture {
 };
 
 TEST_F(PointDetection, PointOfOneImageStaysInItsOwnMap) {
-  RenderedPair::hide(right, rendered.truth().dots[0].ellipse_right);
+  hideDot(right, rendered.truth().dots[0].ellipse_right);
   PairEvaluator evaluator = rendered.evaluator(config);
   evaluator.eccentricity = true;
   EXPECT_EQ(detect(evaluator), 0);
