@@ -29,9 +29,7 @@ struct CallbackRun {
 
 /// Two pairs, so that there is a callback between them.
 scene::Scene twoPairs(bool frame) {
-  scene::Scene scene = frame ? small_scene::frame() : small_scene::dots();
-  scene.left_from_board.push_back(scene::fitPose(scene.rig, scene.board, {-4.0, 3.0, -2.0, 0.92}));
-  return scene;
+  return small_scene::withSecondPose(frame ? small_scene::frame() : small_scene::dots());
 }
 
 class ThrowingCallback : public ::testing::TestWithParam<CallbackRun> {

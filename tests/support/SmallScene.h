@@ -17,6 +17,12 @@ inline scene::Scene of(const scene::StereoRig& rig, const scene::Board& board) {
   return scene;
 }
 
+/// The same with another pose for a second pair.
+inline scene::Scene withSecondPose(scene::Scene scene) {
+  scene.left_from_board.push_back(scene::fitPose(scene.rig, scene.board, {-4.0, 3.0, -2.0, 0.92}));
+  return scene;
+}
+
 inline constexpr scene::RigSize kDotSize{128, 102, 60.0};
 
 /// Four big dots for markers; as many dots as every evaluation asks for.
