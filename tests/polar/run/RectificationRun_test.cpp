@@ -212,6 +212,15 @@ TEST_F(Rectified, EmptyImageAndCallbackEndTheRun) {
   EXPECT_EQ(run(), polar_status::kImages);
 }
 
+TEST_F(Rectified, CallbackBehindAPairLeavesTheRowsBeforeAndNoLastLineEnd) {
+  pairs(3);
+  stop_at = 60.0F;
+  EXPECT_EQ(run(), polar_status::kStoppedByCallback);
+  EXPECT_EQ(core.errorText, "Callback Terminated!");
+  EXPECT_EQ(core.records.size(), 1U);
+  EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3\n");
+}
+
 TEST_F(Rectified, EccentricityIsNotCompensatedHere) {
   const scene::Scene scene = *scene::makePreset("big_640", {.pairs = 1, .seed = {}, .read_noise = {}});
   const scene::ImagePair images = scene::renderPair(scene, 0);
