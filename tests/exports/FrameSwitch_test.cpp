@@ -30,12 +30,12 @@ TEST_F(FrameSwitch, LeavesTheOtherSwitchesTheirEvaluationsFilesAndColumns) {
   before = contentsOf(folder.path());
   ASSERT_EQ(run(), 0);
   const std::string figures = FigureText::of(results);
-  const auto stations = console_lines::stationsOf(out);
+  const auto steps = console_lines::stepsOf(out);
   auto files = written();
   ASSERT_EQ(run("calib.json", "frames.txt"), 0);
 
   EXPECT_EQ(FigureText::of(results), figures);
-  EXPECT_EQ(console_lines::stationsOf(out), stations);
+  EXPECT_EQ(console_lines::stepsOf(out), steps);
   for (const PolarResultRecord& record : results) EXPECT_TRUE(record.frameValues.empty());
   auto frame_files = written();
   const std::vector<std::string> table = console_lines::linesOf(files["align_data_0.csv"]);

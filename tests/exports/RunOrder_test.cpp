@@ -1,4 +1,4 @@
-// The order of a pair's stations, told by the lines and the files of a run.
+// The order of a pair's steps, told by the lines and the files of a run.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 
 namespace {
 
-using console_lines::stationsOf;
+using console_lines::stepsOf;
 
 using Stations = std::vector<std::string>;
 
@@ -45,7 +45,7 @@ TEST(RunOrder, ImageSetTriangulatesRectifiesJudgesTheRectifiedPairAndThenTheBoar
   const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"}}));
   ASSERT_EQ(run.status, 0);
   const Stations later = together({kRectified, kMeasured, kMeasured, {"distortion model: Brown"}, kMeasured});
-  EXPECT_EQ(stationsOf(run.out), together({kLoaded,
+  EXPECT_EQ(stepsOf(run.out), together({kLoaded,
                                            {"CalTriangulateRepBrown"},
                                            kCompensated,
                                            kCompared,
@@ -63,7 +63,7 @@ TEST(RunOrder, ImageSetOfPolynomialLensesNamesItsOwnStations) {
   MemoryRun one(set);
   const RunOutcome run = one.run(set.polarText());
   ASSERT_EQ(run.status, 0);
-  EXPECT_EQ(stationsOf(run.out), together({kLoaded,
+  EXPECT_EQ(stepsOf(run.out), together({kLoaded,
                                            {"CalTriangulateRepPOLY"},
                                            kMeasured,
                                            kCompared,
@@ -82,7 +82,7 @@ TEST(RunOrder, FrameMeasuresItsBoardAndThenTellsItsDistances) {
   // The second target, which finds the frame's points, has no board of the caller's.
   const Stations frame =
       together({kCompensated, {"Calibration board Normal mode", "1---2:", "1---8:", "3---6:", "4---5:", "2---7:"}});
-  EXPECT_EQ(stationsOf(run.out), together({kLoaded, frame, finished(1), frame, finished(2)}));
+  EXPECT_EQ(stepsOf(run.out), together({kLoaded, frame, finished(1), frame, finished(2)}));
 }
 
 /// A rendered pair of images that need no rectification, on disk.
@@ -108,7 +108,7 @@ struct RectifiedOnDisk : ::testing::Test {
 TEST_F(RectifiedOnDisk, PairIsMeasuredForItsRowsAndForItsCloud) {
   const std::string out = run(set.polarText());
   ASSERT_EQ(records.size(), 1U);
-  EXPECT_EQ(stationsOf(out), together({kLoaded, kMeasured, kMeasured, finished(1)}));
+  EXPECT_EQ(stepsOf(out), together({kLoaded, kMeasured, kMeasured, finished(1)}));
 }
 
 TEST_F(RectifiedOnDisk, RowsComeBeforeTheCloud) {
@@ -140,7 +140,7 @@ TEST_P(BlankImage, EndsTheMeasurementOfItsPair) {
   EXPECT_EQ(run.status, polar_status::kTooFewDetected);
   Stations expected = together({kLoaded, {"CalTriangulateRepBrown"}, {"Calibration board GT mode"}});
   expected.insert(expected.end(), GetParam().told, "detect point num :");
-  EXPECT_EQ(stationsOf(run.out), expected);
+  EXPECT_EQ(stepsOf(run.out), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sides, BlankImage, ::testing::Values(SideCase{"Left", 0, 1}, SideCase{"Right", 1, 2}),

@@ -26,16 +26,16 @@ inline bool isNumber(const std::string& text) {
 
 /// The lines without the number behind their last colon and without what follows a tab, so that runs of other figures
 /// and times can be compared. The coordinates of the board's ends, two lines a measurement, are left out.
-inline std::vector<std::string> stationsOf(const std::string& out) {
-  std::vector<std::string> stations;
+inline std::vector<std::string> stepsOf(const std::string& out) {
+  std::vector<std::string> steps;
   for (std::string line : linesOf(out)) {
     if (line.starts_with("checke_point")) continue;
     line = line.substr(0, line.find('\t'));
     const std::size_t colon = line.rfind(':');
-    stations.push_back(colon != std::string::npos && isNumber(line.substr(colon + 1)) ? line.substr(0, colon + 1)
+    steps.push_back(colon != std::string::npos && isNumber(line.substr(colon + 1)) ? line.substr(0, colon + 1)
                                                                                       : line);
   }
-  return stations;
+  return steps;
 }
 
 /// What stands behind a label, up to the end of its line, in each line that begins with it.
