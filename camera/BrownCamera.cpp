@@ -1,10 +1,7 @@
 #include "camera/BrownCamera.h"
 
-#include <algorithm>
-
-BrownCamera::BrownCamera(const CameraFloats& camera) {
-  SetParams({0, 0, camera[0], camera[1], camera[2], camera[3]});
-  std::copy(camera.begin() + 4, camera.end(), coefficients_.begin());
+BrownCamera::BrownCamera(const CameraFloats& camera) : coefficients_(brownCoefficientsOf(camera)) {
+  SetParams({0, 0, camera.fx, camera.fy, camera.cx, camera.cy});
 }
 
 bool BrownCamera::LoadCalib(StereoCalibParams calib, int camera_index) {

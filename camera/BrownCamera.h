@@ -1,12 +1,12 @@
 #pragma once
 
 #include "camera/BrownModel.h"
-#include "camera/CameraMatrices.h"
 #include "camera/PinholeCameraIntrinsics.h"
 
 /// A camera object for the Brown model, so that an evaluation written for camera objects takes it like any other.
 class BrownCamera final : public PinholeCameraIntrinsics {
  public:
+  /// Of size 0.
   explicit BrownCamera(const CameraFloats& camera);
 
   /// Takes size, focal lengths, principal point and the eight coefficients of one camera of the calibration. Camera

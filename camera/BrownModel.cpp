@@ -2,6 +2,10 @@
 
 #include "camera/FixedPointInverse.h"
 
+BrownCoefficients brownCoefficientsOf(const CameraFloats& camera) {
+  return {camera.k1, camera.k2, camera.k3, camera.k4, camera.k5, camera.k6, camera.p1, camera.p2};
+}
+
 cv::Point2d BrownDistort(const cv::Point2d& normalised_ideal, const BrownCoefficients& coefficients) {
   const auto& [K1, K2, K3, K4, K5, K6, P1, P2] = coefficients;
   const double x = normalised_ideal.x;

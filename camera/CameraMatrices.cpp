@@ -6,18 +6,19 @@
 
 namespace {
 
-std::vector<double> distortionValues(std::int32_t type, const CameraFloats& camera) {
+std::vector<double> distortionValues(LensModel model, const CameraFloats& camera) {
   const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
-  switch (type) {
-    case 0:
+  switch (model) {
+    case LensModel::kBrownFive:
       return {k1, k2, p1, p2, k3};
-    case 1:
+    case LensModel::kBrownEight:
       return {k1, k2, p1, p2, k3, k4, k5, k6};
-    case 2:
+    case LensModel::kFisheye:
       return {k1, k2, k3, k4};
-    default:
-      return {};
+    case LensModel::kPoly:
+      break;
   }
+  return {};
 }
 
 cv::Mat rowOf(const std::vector<double>& values) {
@@ -27,12 +28,11 @@ cv::Mat rowOf(const std::vector<double>& values) {
 
 }  // namespace
 
-CameraMatrices BuildCameraMatrices(std::int32_t type, const CameraFloats& camera) {
-  if (type < 0 || type > 3) return {};
-  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
+CameraMatrices BuildCameraMatrices(std::optional<LensModel> model, const CameraFloats& camera) {
+  if (!model) return {};
   CameraMatrices matrices;
-  matrices.K = (cv::Mat_<double>(3, 3) << fx, 0.0, cx, 0.0, fy, cy, 0.0, 0.0, 1.0);
-  matrices.D = rowOf(distortionValues(type, camera));
+  matrices.K = (cv::Mat_<double>(3, 3) << camera.fx, 0.0, camera.cx, 0.0, camera.fy, camera.cy, 0.0, 0.0, 1.0);
+  matrices.D = rowOf(distortionValues(*model, camera));
   return matrices;
 }
 

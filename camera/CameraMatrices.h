@@ -1,20 +1,20 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <opencv2/core.hpp>
+#include <optional>
 
-/// fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2 of one camera, in single precision.
-using CameraFloats = std::array<float, 12>;
+#include "camera/CameraFloats.h"
+#include "camera/LensModel.h"
 
 /// 3x3 camera matrix and distortion row, doubles.
 struct CameraMatrices {
   cv::Mat K;
-  cv::Mat D;  ///< Order as OpenCV takes it; empty for `type` 3.
+  cv::Mat D;  ///< In OpenCV's order; empty for the polynomial model.
 };
 
-/// The matrices of one camera for a distortion model `type` 0 to 3; both stay empty for any other.
-CameraMatrices BuildCameraMatrices(std::int32_t type, const CameraFloats& camera);
+/// The matrices of one camera; both are empty without a model.
+CameraMatrices BuildCameraMatrices(std::optional<LensModel> model, const CameraFloats& camera);
 
 /// Rz Rx Ry of three angles in radians, 3x3 double, formed through quaternions. The order z, x, y is part of the camera
 /// model.

@@ -8,19 +8,17 @@
 
 namespace {
 
-constexpr std::int32_t kBrownEight = 1;
-constexpr std::int32_t kFisheye = 2;
-constexpr std::int32_t kPoly = 3;
-
 struct Lens {
   const cv::Mat& K;
   const cv::Mat& D;
   const PinholeCameraIntrinsicsPOL& camera;
 };
 
-PointUndistortion undistortionOf(const Lens& lens, std::int32_t type) {
-  if (type == kFisheye) return fisheyeUndistortion(lens.D);
-  if (type == kPoly) return polyUndistortion(lens.camera);
+bool isBrown(LensModel model) { return model == LensModel::kBrownFive || model == LensModel::kBrownEight; }
+
+PointUndistortion undistortionOf(const Lens& lens, LensModel model) {
+  if (model == LensModel::kFisheye) return fisheyeUndistortion(lens.D);
+  if (model == LensModel::kPoly) return polyUndistortion(lens.camera);
   return brownUndistortion(lens.D);
 }
 
@@ -33,19 +31,19 @@ Rectification unscaledPair(const StereoMatrices& cameras, const cv::Size& size) 
 }
 
 Rectification scaledPair(const Lens& left, const Lens& right, const StereoMatrices& cameras, const cv::Size& size,
-                         float f_scale, std::int32_t type) {
+                         float f_scale, LensModel model) {
   const RectificationRequest request{cv::CALIB_ZERO_DISPARITY, cv::Size(0, 0), 0.0, static_cast<double>(f_scale)};
   Rectification pair;
-  StereoRectifyScaled({left.K, undistortionOf(left, type)}, {right.K, undistortionOf(right, type)}, size, cameras.R,
+  StereoRectifyScaled({left.K, undistortionOf(left, model)}, {right.K, undistortionOf(right, model)}, size, cameras.R,
                       cameras.T, request, pair);
   return pair;
 }
 
-WarpMaps warpMaps(const Lens& lens, const cv::Mat& R, const cv::Mat& P, const cv::Size& size, std::int32_t type) {
+WarpMaps warpMaps(const Lens& lens, const cv::Mat& R, const cv::Mat& P, const cv::Size& size, LensModel model) {
   WarpMaps maps;
-  if (type == kFisheye) {
+  if (model == LensModel::kFisheye) {
     cv::fisheye::initUndistortRectifyMap(lens.K, lens.D, R, P, size, CV_32FC1, maps.columns, maps.rows);
-  } else if (type == kPoly) {
+  } else if (model == LensModel::kPoly) {
     InitPolyRectifyMap(lens.K, lens.camera, R, P, size, CV_32FC1, maps.columns, maps.rows);
   } else {
     cv::initUndistortRectifyMap(lens.K, lens.D, R, P, size, CV_32FC1, maps.columns, maps.rows);
@@ -55,15 +53,13 @@ WarpMaps warpMaps(const Lens& lens, const cv::Mat& R, const cv::Mat& P, const cv
 
 }  // namespace
 
-bool hasRectification(std::int32_t type) { return type >= 0 && type <= kPoly; }
-
 RectificationMaps rectificationMaps(const RectificationSettings& settings, const StereoMatrices& cameras,
-                                    const cv::Size& size, std::int32_t type) {
+                                    const cv::Size& size, LensModel model) {
   const Lens left{cameras.K1, cameras.D1, settings.left_camera};
   const Lens right{cameras.K2, cameras.D2, settings.right_camera};
   // The comparison is exact: the scale next to 1 chooses another kind of virtual camera.
-  const bool unscaled = type <= kBrownEight && settings.f_scale == 1.0F;
+  const bool unscaled = isBrown(model) && settings.f_scale == 1.0F;
   const Rectification pair =
-      unscaled ? unscaledPair(cameras, size) : scaledPair(left, right, cameras, size, settings.f_scale, type);
-  return {warpMaps(left, pair.R1, pair.P1, size, type), warpMaps(right, pair.R2, pair.P2, size, type), pair.Q};
+      unscaled ? unscaledPair(cameras, size) : scaledPair(left, right, cameras, size, settings.f_scale, model);
+  return {warpMaps(left, pair.R1, pair.P1, size, model), warpMaps(right, pair.R2, pair.P2, size, model), pair.Q};
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <opencv2/core.hpp>
 
+#include "camera/LensModel.h"
 #include "camera/RectifyPair.h"
 
 /// Two float maps for `cv::remap`: for each virtual pixel its column and its row in the raw image.
@@ -16,9 +16,6 @@ struct RectificationMaps {
   cv::Mat Q;
 };
 
-/// Whether a distortion model `type` has a rectification.
-bool hasRectification(std::int32_t type);
-
-/// The maps of a pair of images of one size. Precondition: the `type` has a rectification.
+/// The maps of a pair of images of one size.
 RectificationMaps rectificationMaps(const RectificationSettings& settings, const StereoMatrices& cameras,
-                                    const cv::Size& size, std::int32_t type);
+                                    const cv::Size& size, LensModel model);

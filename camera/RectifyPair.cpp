@@ -36,12 +36,12 @@ void printVirtualCamera(const cv::Mat& Q) {
 }  // namespace
 
 std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
-                                         const cv::Mat& left_image, const cv::Mat& right_image, std::int32_t type,
-                                         cv::Mat& Q) {
+                                         const cv::Mat& left_image, const cv::Mat& right_image,
+                                         std::optional<LensModel> model, cv::Mat& Q) {
   cv::Mat left = left_image;
   cv::Mat right = right_image;
-  if (hasRectification(type)) {
-    const RectificationMaps maps = rectificationMaps(settings, cameras, left_image.size(), type);
+  if (model) {
+    const RectificationMaps maps = rectificationMaps(settings, cameras, left_image.size(), *model);
     Q = maps.Q;
     left = warped(left_image, maps.left);
     right = warped(right_image, maps.right);

@@ -4,6 +4,7 @@
 #include <opencv2/core.hpp>
 #include <optional>
 
+#include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 
 /// What the rectification needs of a run besides images and matrices.
@@ -27,10 +28,10 @@ struct RectifiedPair {
   cv::Mat canvas;
 };
 
-/// Warps a pair into one virtual pinhole camera. `Q` gets the 4x4 reprojection matrix; it stays as it was for a `type`
-/// without a rectification (any but 0 to 3), whose pair stays unwarped. One- and four-channel and 16-bit images become
-/// 8-bit colour; another type than that is refused by a `cv::Exception` where the picture of both is made. None for an
-/// `x_y` that asks for no layout. Prints the virtual camera unless `Q` is empty.
+/// Warps a pair into one virtual pinhole camera. `Q` gets the 4x4 reprojection matrix. Without a model `Q` stays as it
+/// was and the pair unwarped. One- and four-channel and 16-bit images become 8-bit colour; an image of another type
+/// raises a `cv::Exception` where the picture of both is made. None for an `x_y` that asks for no layout. Prints the
+/// virtual camera unless `Q` is empty.
 std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
-                                         const cv::Mat& left_image, const cv::Mat& right_image, std::int32_t type,
-                                         cv::Mat& Q);
+                                         const cv::Mat& left_image, const cv::Mat& right_image,
+                                         std::optional<LensModel> model, cv::Mat& Q);

@@ -7,8 +7,8 @@
 /// All switches and reference points of a run. The fields bear their keys' names; a key that the text lacks leaves its
 /// field at the value here.
 struct PolarConfig {
-  std::int32_t type =
-      0;  ///< Distortion model: 0 five-coefficient Brown, 1 eight-coefficient Brown, 2 fisheye, 3 POLY tables.
+  /// Lens model: 0 five-coefficient Brown, 1 eight-coefficient Brown, 2 fisheye, 3 POLY tables, other values none.
+  std::int32_t type = 0;
   std::int32_t x_y = 0;            ///< 1: turn both rectified images a quarter clockwise before they are compared.
   std::int32_t evaluation = 0;     ///< 1: write the run's summary file; any non-zero value forms its rows.
   std::int32_t savepolarline = 0;  ///< Non-zero: save the rectified pair and its picture with polar lines.

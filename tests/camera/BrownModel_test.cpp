@@ -12,6 +12,11 @@
 
 namespace {
 
+TEST(BrownCoefficientsOf, AreTheLastEightNumbersOfACamera) {
+  const BrownCoefficients expected = {5, 6, 7, 8, 9, 10, 11, static_cast<double>(0.1F)};
+  EXPECT_EQ(brownCoefficientsOf({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0.1F}), expected);
+}
+
 TEST(BrownDistort, WithoutCoefficientsIsTheIdentity) {
   EXPECT_EQ(BrownDistort({0.3, -0.7}, {}), cv::Point2d(0.3, -0.7));
 }

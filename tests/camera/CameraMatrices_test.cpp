@@ -11,13 +11,13 @@ namespace {
 const CameraFloats kCamera = {100.1F, 200.2F, 30.3F, 40.4F, 1, 2, 3, 4, 5, 6, 7, 8};
 
 struct RowCase {
-  std::int32_t type;
+  LensModel model;
   cv::Mat row;
 };
 class DistortionRow : public testing::TestWithParam<RowCase> {};
 
 TEST_P(DistortionRow, HasItsModelsOrder) {
-  const CameraMatrices matrices = BuildCameraMatrices(GetParam().type, kCamera);
+  const CameraMatrices matrices = BuildCameraMatrices(GetParam().model, kCamera);
   ASSERT_EQ(matrices.K.type(), CV_64FC1);
   EXPECT_EQ(matrices.K.at<double>(0, 0), static_cast<double>(100.1F));
   EXPECT_THAT(matrices.K, MatNear(cv::Matx33d(100.1F, 0, 30.3F, 0, 200.2F, 40.4F, 0, 0, 1), 0.0));
@@ -28,17 +28,17 @@ TEST_P(DistortionRow, HasItsModelsOrder) {
   EXPECT_THAT(matrices.D, MatNear(row, 0.0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, DistortionRow,
-                         testing::Values(RowCase{0, (cv::Mat_<double>(1, 5) << 1, 2, 7, 8, 3)},
-                                         RowCase{1, (cv::Mat_<double>(1, 8) << 1, 2, 7, 8, 3, 4, 5, 6)},
-                                         RowCase{2, (cv::Mat_<double>(1, 4) << 1, 2, 3, 4)}, RowCase{3, cv::Mat()}));
+INSTANTIATE_TEST_SUITE_P(Models, DistortionRow,
+                         testing::Values(RowCase{LensModel::kBrownFive, (cv::Mat_<double>(1, 5) << 1, 2, 7, 8, 3)},
+                                         RowCase{LensModel::kBrownEight,
+                                                 (cv::Mat_<double>(1, 8) << 1, 2, 7, 8, 3, 4, 5, 6)},
+                                         RowCase{LensModel::kFisheye, (cv::Mat_<double>(1, 4) << 1, 2, 3, 4)},
+                                         RowCase{LensModel::kPoly, cv::Mat()}));
 
-TEST(BuildCameraMatrices, AnyOtherTypeHasNone) {
-  for (const std::int32_t type : {-1, 4, 5}) {
-    const CameraMatrices matrices = BuildCameraMatrices(type, kCamera);
-    EXPECT_TRUE(matrices.K.empty());
-    EXPECT_TRUE(matrices.D.empty());
-  }
+TEST(BuildCameraMatrices, WithoutAModelBothAreEmpty) {
+  const CameraMatrices matrices = BuildCameraMatrices(std::nullopt, kCamera);
+  EXPECT_TRUE(matrices.K.empty());
+  EXPECT_TRUE(matrices.D.empty());
 }
 
 cv::Matx33d aboutX(double a) { return {1, 0, 0, 0, std::cos(a), -std::sin(a), 0, std::sin(a), std::cos(a)}; }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <opencv2/calib3d.hpp>
 #include <opencv2/imgproc.hpp>
@@ -17,13 +18,11 @@ const stereo::Cameras& cameras() {
   return kCameras;
 }
 
-RectificationMaps mapsOf(std::int32_t type, float f_scale) {
-  return rectificationMaps(cameras().settings(f_scale), stereo::matrices(type), stereo::kSize, type);
-}
+constexpr std::array<LensModel, 4> kModels = {LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye,
+                                              LensModel::kPoly};
 
-TEST(HasRectification, TheFourModelsHaveOne) {
-  for (const std::int32_t type : {0, 1, 2, 3}) EXPECT_TRUE(hasRectification(type));
-  for (const std::int32_t type : {-1, 4, 5}) EXPECT_FALSE(hasRectification(type));
+RectificationMaps mapsOf(LensModel model, float f_scale) {
+  return rectificationMaps(cameras().settings(f_scale), stereo::matrices(model), stereo::kSize, model);
 }
 
 double interpolated(const cv::Mat& map, const cv::Point2d& at) {
@@ -49,21 +48,21 @@ bool virtualPixel(const WarpMaps& maps, const cv::Point2d& pixel_raw, cv::Point2
   return isInside(at);
 }
 
-cv::Point2d rawPixel(std::int32_t type, const CameraFloats& camera, const cv::Vec3d& point) {
-  const cv::Point2d raw = stereo::raw(type, camera, {point[0] / point[2], point[1] / point[2]});
-  return {camera[0] * raw.x + camera[2], camera[1] * raw.y + camera[3]};
+cv::Point2d rawPixel(LensModel model, const CameraFloats& camera, const cv::Vec3d& point) {
+  const cv::Point2d raw = stereo::raw(model, camera, {point[0] / point[2], point[1] / point[2]});
+  return {camera.fx * raw.x + camera.cx, camera.fy * raw.y + camera.cy};
 }
 
 struct ModelCase {
-  std::int32_t type;
+  LensModel model;
   float f_scale;
 };
 class Models : public testing::TestWithParam<ModelCase> {};
 
 TEST_P(Models, ImagesOfAPointShareARowAndQGivesItsDistance) {
-  const auto [type, f_scale] = GetParam();
-  const RectificationMaps maps = mapsOf(type, f_scale);
-  const StereoMatrices pair = stereo::matrices(type);
+  const auto [model, f_scale] = GetParam();
+  const RectificationMaps maps = mapsOf(model, f_scale);
+  const StereoMatrices pair = stereo::matrices(model);
   std::mt19937 random(5);
   std::uniform_real_distribution<double> uniform(-1.0, 1.0);
   int seen = 0;
@@ -73,8 +72,8 @@ TEST_P(Models, ImagesOfAPointShareARowAndQGivesItsDistance) {
     const cv::Vec3d point_right = cv::Matx33d(pair.R) * point_left + cv::Vec3d(pair.T);
     cv::Point2d left;
     cv::Point2d right;
-    if (!virtualPixel(maps.left, rawPixel(type, stereo::kLeft, point_left), left)) continue;
-    if (!virtualPixel(maps.right, rawPixel(type, stereo::kRight, point_right), right)) continue;
+    if (!virtualPixel(maps.left, rawPixel(model, stereo::kLeft, point_left), left)) continue;
+    if (!virtualPixel(maps.right, rawPixel(model, stereo::kRight, point_right), right)) continue;
     ++seen;
     EXPECT_NEAR(left.y, right.y, 0.005);
     const cv::Vec4d h = cv::Matx44d(maps.Q) * cv::Vec4d(left.x, left.y, left.x - right.x, 1);
@@ -84,25 +83,27 @@ TEST_P(Models, ImagesOfAPointShareARowAndQGivesItsDistance) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, Models,
-                         testing::Values(ModelCase{0, 1.0F}, ModelCase{0, 0.9F}, ModelCase{1, 1.0F}, ModelCase{1, 0.9F},
-                                         ModelCase{2, 1.0F}, ModelCase{2, 0.9F}, ModelCase{3, 1.0F},
-                                         ModelCase{3, 0.9F}));
+                         testing::Values(ModelCase{LensModel::kBrownFive, 1.0F}, ModelCase{LensModel::kBrownFive, 0.9F},
+                                         ModelCase{LensModel::kBrownEight, 1.0F},
+                                         ModelCase{LensModel::kBrownEight, 0.9F}, ModelCase{LensModel::kFisheye, 1.0F},
+                                         ModelCase{LensModel::kFisheye, 0.9F}, ModelCase{LensModel::kPoly, 1.0F},
+                                         ModelCase{LensModel::kPoly, 0.9F}));
 
-cv::Mat librarysQ(std::int32_t type) {
-  const StereoMatrices pair = stereo::matrices(type);
+cv::Mat librarysQ(LensModel model) {
+  const StereoMatrices pair = stereo::matrices(model);
   cv::Mat R1, R2, P1, P2, Q;
   cv::stereoRectify(pair.K1, pair.D1, pair.K2, pair.D2, stereo::kSize, pair.R, pair.T, R1, R2, P1, P2, Q, 1024, -1.0,
                     cv::Size(0, 0));
   return Q;
 }
 
-class BrownTypes : public testing::TestWithParam<std::int32_t> {};
+class BrownModels : public testing::TestWithParam<LensModel> {};
 
-TEST_P(BrownTypes, AScaleOfExactlyOneIsTheLibrarysOwnRectification) {
+TEST_P(BrownModels, AScaleOfExactlyOneIsTheLibrarysOwnRectification) {
   EXPECT_EQ(distanceOf(mapsOf(GetParam(), 1.0F).Q, librarysQ(GetParam())), 0.0);
 }
 
-TEST_P(BrownTypes, AnyScaleNextToOneTakesTheScaledMethod) {
+TEST_P(BrownModels, AnyScaleNextToOneTakesTheScaledMethod) {
   // The larger focal length of the left camera is 305 and of the right 301, each over its own aspect: 301 * 301 / 296
   // is the smaller.
   const double f = 301.0 * 301.0 / 296.0;
@@ -114,34 +115,35 @@ TEST_P(BrownTypes, AnyScaleNextToOneTakesTheScaledMethod) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(FiveAndEight, BrownTypes, testing::Values(0, 1));
+INSTANTIATE_TEST_SUITE_P(FiveAndEight, BrownModels, testing::Values(LensModel::kBrownFive, LensModel::kBrownEight));
 
-class ScaledTypes : public testing::TestWithParam<std::int32_t> {};
+class ScaledModels : public testing::TestWithParam<LensModel> {};
 
-TEST_P(ScaledTypes, AScaleOfTwoDoublesTheLargerFocalLength) {
+TEST_P(ScaledModels, AScaleOfTwoDoublesTheLargerFocalLength) {
   const double f = 301.0 * 301.0 / 296.0;
   EXPECT_NEAR(mapsOf(GetParam(), 2.0F).Q.at<double>(2, 3), 2 * f, 1e-9);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ScaledTypes, testing::Values(0, 1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(All, ScaledModels, testing::ValuesIn(kModels));
 
 TEST(RectificationMaps, FisheyeAndPolyTakeTheScaledMethodAtOneToo) {
-  for (const std::int32_t type : {2, 3}) {
-    EXPECT_NEAR(mapsOf(type, 1.0F).Q.at<double>(2, 3), 301.0 * 301.0 / 296.0, 1e-9);
+  for (const LensModel model : {LensModel::kFisheye, LensModel::kPoly}) {
+    EXPECT_NEAR(mapsOf(model, 1.0F).Q.at<double>(2, 3), 301.0 * 301.0 / 296.0, 1e-9);
   }
 }
 
 TEST(RectificationMaps, EachSideOfAPolyPairHasItsOwnCamera) {
   const stereo::Cameras& both = cameras();
   const RectificationSettings swapped{1.0F, 0, both.right, both.left};
-  const RectificationMaps maps = rectificationMaps(swapped, stereo::matrices(3), stereo::kSize, 3);
-  EXPECT_GT(distanceOf(maps.left.columns, mapsOf(3, 1.0F).left.columns), 0.1);
-  EXPECT_GT(distanceOf(maps.right.columns, mapsOf(3, 1.0F).right.columns), 0.1);
+  const RectificationMaps maps =
+      rectificationMaps(swapped, stereo::matrices(LensModel::kPoly), stereo::kSize, LensModel::kPoly);
+  EXPECT_GT(distanceOf(maps.left.columns, mapsOf(LensModel::kPoly, 1.0F).left.columns), 0.1);
+  EXPECT_GT(distanceOf(maps.right.columns, mapsOf(LensModel::kPoly, 1.0F).right.columns), 0.1);
 }
 
 TEST(RectificationMaps, AreFloatsOfTheImagesSize) {
-  for (const std::int32_t type : {0, 1, 2, 3}) {
-    const RectificationMaps maps = mapsOf(type, 0.9F);
+  for (const LensModel model : kModels) {
+    const RectificationMaps maps = mapsOf(model, 0.9F);
     for (const cv::Mat& map : {maps.left.columns, maps.left.rows, maps.right.columns, maps.right.rows}) {
       EXPECT_EQ(map.type(), CV_32FC1);
       EXPECT_EQ(map.size(), stereo::kSize);

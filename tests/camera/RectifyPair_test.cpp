@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <opencv2/imgproc.hpp>
-#include <optional>
 #include <sstream>
 
 #include "Near.h"
@@ -36,22 +35,22 @@ struct Result {
   std::string printed;
 };
 
-void run(Result& result, const RectificationSettings& settings, std::int32_t type, const cv::Mat& left_image,
-         const cv::Mat& right_image) {
+void run(Result& result, const RectificationSettings& settings, std::optional<LensModel> model,
+         const cv::Mat& left_image, const cv::Mat& right_image) {
   const ConsoleCapture console;
-  result.pair = RectifyPair(settings, stereo::matrices(type), left_image, right_image, type, result.Q);
+  result.pair = RectifyPair(settings, stereo::matrices(model), left_image, right_image, model, result.Q);
   result.printed = console.out();
 }
 
-Result resultOf(std::int32_t type, float f_scale, std::int32_t x_y, const cv::Mat& left_image,
+Result resultOf(std::optional<LensModel> model, float f_scale, std::int32_t x_y, const cv::Mat& left_image,
                 const cv::Mat& right_image) {
   Result result;
-  run(result, cameras().settings(f_scale, x_y), type, left_image, right_image);
+  run(result, cameras().settings(f_scale, x_y), model, left_image, right_image);
   return result;
 }
 
-Result resultOf(std::int32_t type, float f_scale = 1.0F, std::int32_t x_y = 0) {
-  return resultOf(type, f_scale, x_y, smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));
+Result resultOf(std::optional<LensModel> model, float f_scale = 1.0F, std::int32_t x_y = 0) {
+  return resultOf(model, f_scale, x_y, smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));
 }
 
 cv::Mat inColour(const cv::Mat& grey) {
@@ -64,9 +63,9 @@ bool areEqual(const cv::Mat& a, const cv::Mat& b) {
   return a.size() == b.size() && a.type() == b.type() && cv::norm(a, b, cv::NORM_INF) == 0.0;
 }
 
-class EachType : public testing::TestWithParam<std::int32_t> {};
+class EachModel : public testing::TestWithParam<LensModel> {};
 
-TEST_P(EachType, WarpsBothImagesByTheirMapsWithZerosOutside) {
+TEST_P(EachModel, WarpsBothImagesByTheirMapsWithZerosOutside) {
   const Result result = resultOf(GetParam(), 0.5F);
   const RectificationMaps maps =
       rectificationMaps(cameras().settings(0.5F), stereo::matrices(GetParam()), stereo::kSize, GetParam());
@@ -81,10 +80,12 @@ TEST_P(EachType, WarpsBothImagesByTheirMapsWithZerosOutside) {
   EXPECT_EQ(distanceOf(result.Q, maps.Q), 0.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, EachType, testing::Values(0, 1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(Models, EachModel,
+                         testing::Values(LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye,
+                                         LensModel::kPoly));
 
 TEST(RectifyPair, CanvasHoldsBothImagesBelowItsLines) {
-  const Result result = resultOf(0);
+  const Result result = resultOf(LensModel::kBrownFive);
   const cv::Mat& canvas = result.pair->canvas;
   ASSERT_EQ(canvas.size(), cv::Size(640, 240));
   for (int row = 0; row < canvas.rows; ++row) {
@@ -99,7 +100,7 @@ TEST(RectifyPair, CanvasHoldsBothImagesBelowItsLines) {
 
 TEST(RectifyPair, ATurnedPairOf1920Times1200HasACanvasOf1920RowsAnd2400Columns) {
   const cv::Mat image(1200, 1920, CV_8UC1, cv::Scalar(90));
-  const Result result = resultOf(5, 1.0F, 1, image, image);
+  const Result result = resultOf(std::nullopt, 1.0F, 1, image, image);
   ASSERT_TRUE(result.pair);
   const cv::Mat& canvas = result.pair->canvas;
   ASSERT_EQ(canvas.size(), cv::Size(2400, 1920));
@@ -111,8 +112,8 @@ TEST(RectifyPair, ATurnedPairOf1920Times1200HasACanvasOf1920RowsAnd2400Columns) 
 }
 
 TEST(RectifyPair, AQuarterTurnIsClockwiseOnBothOutputs) {
-  const Result upright = resultOf(0, 1.0F, 0);
-  const Result turned = resultOf(0, 1.0F, 1);
+  const Result upright = resultOf(LensModel::kBrownFive, 1.0F, 0);
+  const Result turned = resultOf(LensModel::kBrownFive, 1.0F, 1);
   ASSERT_EQ(turned.pair->left.size(), cv::Size(240, 320));
   for (int row = 0; row < 240; ++row) {
     for (int column = 0; column < 320; ++column) {
@@ -126,13 +127,13 @@ TEST(RectifyPair, AQuarterTurnIsClockwiseOnBothOutputs) {
 TEST(RectifyPair, ATurnedSquareImageLeavesTheInputAsItWas) {
   const cv::Mat image = inColour(smoothImage({64, 64}, 0));
   const cv::Mat before = image.clone();
-  resultOf(5, 1.0F, 1, image, image);
+  resultOf(std::nullopt, 1.0F, 1, image, image);
   EXPECT_TRUE(areEqual(image, before));
 }
 
 TEST(RectifyPair, AnyOtherTurnGivesNoPairAndStillPrints) {
   for (const std::int32_t x_y : {2, -1}) {
-    const Result result = resultOf(0, 1.0F, x_y);
+    const Result result = resultOf(LensModel::kBrownFive, 1.0F, x_y);
     EXPECT_FALSE(result.pair);
     EXPECT_NE(result.printed, "");
   }
@@ -145,10 +146,9 @@ TEST_P(InputTypes, BecomeEightBitColour) {
   smoothImage(stereo::kSize, 0).convertTo(image, CV_MAT_DEPTH(GetParam()));
   if (CV_MAT_CN(GetParam()) == 3) image = inColour(image);
   if (CV_MAT_CN(GetParam()) == 4) cv::cvtColor(image, image, cv::COLOR_GRAY2BGRA);
-  const Result result = resultOf(1, 0.9F, 0, image, image);
+  const Result result = resultOf(LensModel::kBrownEight, 0.9F, 0, image, image);
   ASSERT_TRUE(result.pair);
-  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas})
-    EXPECT_EQ(picture.type(), CV_8UC3);
+  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas}) EXPECT_EQ(picture.type(), CV_8UC3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, InputTypes, testing::Values(CV_8UC1, CV_8UC3, CV_8UC4, CV_16UC1));
@@ -156,39 +156,35 @@ INSTANTIATE_TEST_SUITE_P(Types, InputTypes, testing::Values(CV_8UC1, CV_8UC3, CV
 TEST(RectifyPair, AConstantSixteenBitImageIsBlack) {
   // Unwarped, as a warp would bring in a margin.
   const cv::Mat image(240, 320, CV_16UC1, cv::Scalar(1234));
-  const Result result = resultOf(5, 1.0F, 0, image, image);
+  const Result result = resultOf(std::nullopt, 1.0F, 0, image, image);
   EXPECT_TRUE(areEqual(result.pair->left, cv::Mat::zeros(240, 320, CV_8UC3)));
 }
 
 TEST(RectifyPair, FloatImagesDoNotFitTheCanvas) {
   const cv::Mat image(240, 320, CV_32FC1, cv::Scalar(1));
-  EXPECT_THROW(resultOf(0, 1.0F, 0, image, image), cv::Exception);
+  EXPECT_THROW(resultOf(LensModel::kBrownFive, 1.0F, 0, image, image), cv::Exception);
 }
 
-class NoRectification : public testing::TestWithParam<std::int32_t> {};
-
-TEST_P(NoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
+TEST(NoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
   const cv::Mat left = smoothImage(stereo::kSize, 0);
   const cv::Mat right = smoothImage(stereo::kSize, 1);
-  const Result result = resultOf(GetParam(), 1.0F, 0, left, right);
+  const Result result = resultOf(std::nullopt, 1.0F, 0, left, right);
   EXPECT_TRUE(areEqual(result.pair->left, inColour(left)));
   EXPECT_TRUE(areEqual(result.pair->right, inColour(right)));
   EXPECT_TRUE(result.Q.empty());
   EXPECT_EQ(result.printed, "");
 }
 
-TEST_P(NoRectification, OldQStaysAndIsPrinted) {
+TEST(NoRectification, OldQStaysAndIsPrinted) {
   Result result;
   result.Q = (cv::Mat_<double>(4, 4) << 1, 0, 0, -11, 0, 1, 0, -22.5, 0, 0, 0, 33, 0, 0, 1, 0);
-  run(result, cameras().settings(1.0F), GetParam(), smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));
+  run(result, cameras().settings(1.0F), std::nullopt, smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));
   EXPECT_EQ(result.Q.at<double>(1, 3), -22.5);
   EXPECT_EQ(result.printed, " Virtual camera cx: 11\n Virtual camera cy: 22.5\n Virtual camera f: 33\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, NoRectification, testing::Values(4, 5, -1));
-
 TEST(RectifyPair, PrintsTheVirtualCameraOfQ) {
-  const Result result = resultOf(3, 0.9F);
+  const Result result = resultOf(LensModel::kPoly, 0.9F);
   std::ostringstream expected;
   expected << " Virtual camera cx: " << -result.Q.at<double>(0, 3)
            << "\n Virtual camera cy: " << -result.Q.at<double>(1, 3)
@@ -200,17 +196,17 @@ TEST(RectifyPair, PrintsTheVirtualCameraOfQ) {
 TEST(RectifyPair, TheNextPairLeavesThePicturesOfTheLastOneAlone) {
   Result result;
   const cv::Mat first = inColour(smoothImage(stereo::kSize, 0));
-  run(result, cameras().settings(1.0F), 0, first, first);
+  run(result, cameras().settings(1.0F), LensModel::kBrownFive, first, first);
   const cv::Mat kept = result.pair->left;
   const cv::Mat before = kept.clone();
   const cv::Mat second = inColour(smoothImage(stereo::kSize, 2));
-  run(result, cameras().settings(1.0F), 0, second, second);
+  run(result, cameras().settings(1.0F), LensModel::kBrownFive, second, second);
   EXPECT_TRUE(areEqual(kept, before));
   EXPECT_FALSE(areEqual(result.pair->left, before));
 }
 
 TEST(RectifyPair, ImagesOfDifferentSizeThrow) {
-  EXPECT_THROW(resultOf(5, 1.0F, 0, smoothImage({64, 48}, 0), smoothImage({64, 50}, 0)), cv::Exception);
+  EXPECT_THROW(resultOf(std::nullopt, 1.0F, 0, smoothImage({64, 48}, 0), smoothImage({64, 50}, 0)), cv::Exception);
 }
 
 }  // namespace

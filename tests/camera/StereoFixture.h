@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <opencv2/core.hpp>
+#include <optional>
 
 #include "PolyFit.h"
 #include "camera/BrownModel.h"
@@ -18,9 +19,9 @@ inline constexpr CameraFloats kLeft = {300,    305,   158,   122,     -0.2F,  0.
 inline constexpr CameraFloats kRight = {296,    301,   163,   118,     -0.18F,   0.04F,
                                         -0.02F, 0.01F, 0.02F, -0.001F, -0.0007F, 0.0008F};
 
-inline StereoMatrices matrices(std::int32_t type) {
-  const CameraMatrices left = BuildCameraMatrices(type, kLeft);
-  const CameraMatrices right = BuildCameraMatrices(type, kRight);
+inline StereoMatrices matrices(std::optional<LensModel> model) {
+  const CameraMatrices left = BuildCameraMatrices(model, kLeft);
+  const CameraMatrices right = BuildCameraMatrices(model, kRight);
   return {left.K,
           left.D,
           right.K,
@@ -29,26 +30,24 @@ inline StereoMatrices matrices(std::int32_t type) {
           (cv::Mat_<double>(3, 1) << -100.0, 3.0, 5.0)};
 }
 
-/// The ideal normalised point through the lens of a distortion model. Written from the models' formulas.
-inline cv::Point2d raw(std::int32_t type, const CameraFloats& camera, const cv::Point2d& ideal) {
-  const auto c = [&camera](std::size_t index) { return static_cast<double>(camera[index]); };
-  if (type == 0) return BrownDistort(ideal, {c(4), c(5), c(6), 0, 0, 0, c(10), c(11)});
-  if (type == 1) return BrownDistort(ideal, {c(4), c(5), c(6), c(7), c(8), c(9), c(10), c(11)});
-  if (type == 3) return radialLens(c(4), 0)(ideal);
+/// The ideal normalised point through the lens of a model. Written from the models' formulas.
+inline cv::Point2d raw(LensModel model, const CameraFloats& camera, const cv::Point2d& ideal) {
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
+  if (model == LensModel::kBrownFive) return BrownDistort(ideal, {k1, k2, k3, 0, 0, 0, p1, p2});
+  if (model == LensModel::kBrownEight) return BrownDistort(ideal, {k1, k2, k3, k4, k5, k6, p1, p2});
+  if (model == LensModel::kPoly) return radialLens(k1, 0)(ideal);
   const double r = std::hypot(ideal.x, ideal.y);
   const double t = std::atan(r);
-  const double bent =
-      t * (1 + c(4) * std::pow(t, 2) + c(5) * std::pow(t, 4) + c(6) * std::pow(t, 6) + c(7) * std::pow(t, 8));
+  const double bent = t * (1 + k1 * std::pow(t, 2) + k2 * std::pow(t, 4) + k3 * std::pow(t, 6) + k4 * std::pow(t, 8));
   return ideal * (bent / r);
 }
 
 /// The polynomial camera of a side, fitted to the lens above.
 inline PinholeCameraIntrinsicsPOL polyCamera(const CameraFloats& camera) {
-  const auto c = [&camera](std::size_t index) { return static_cast<double>(camera[index]); };
-  const Image grid(kSize.width, kSize.height, c(0), c(1), c(2), c(3), 6, 4);
-  return {
-      static_cast<std::uint16_t>(kSize.width), static_cast<std::uint16_t>(kSize.height), c(0), c(1), c(2), c(3), 1.0,
-      fitPolyTables(grid, radialLens(c(4), 0))};
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera;
+  const Image grid(kSize.width, kSize.height, fx, fy, cx, cy, 6, 4);
+  return {static_cast<std::uint16_t>(kSize.width), static_cast<std::uint16_t>(kSize.height), fx, fy, cx, cy, 1.0,
+          fitPolyTables(grid, radialLens(k1, 0))};
 }
 
 /// The cameras outlive the settings that refer to them.
