@@ -1,14 +1,6 @@
 #include "polar/geometry/CameraPairModel.h"
 
-#include <algorithm>
-
 namespace {
-
-BrownCoefficients coefficientsOf(const CameraFloats& camera) {
-  BrownCoefficients coefficients{};
-  std::copy(camera.begin() + 4, camera.end(), coefficients.begin());
-  return coefficients;
-}
 
 cv::Point2d distortedBy(const CameraIntrinsicsBase& camera, const cv::Point2d& normalised_ideal) {
   cv::Point2d normalised_raw;
@@ -19,7 +11,7 @@ cv::Point2d distortedBy(const CameraIntrinsicsBase& camera, const cv::Point2d& n
 }  // namespace
 
 BrownPairModel::BrownPairModel(const CameraFloats& left_camera, const CameraFloats& right_camera)
-    : left_(coefficientsOf(left_camera)), right_(coefficientsOf(right_camera)) {}
+    : left_(brownCoefficientsOf(left_camera)), right_(brownCoefficientsOf(right_camera)) {}
 
 bool BrownPairModel::undistortLeft(const cv::Point2d& normalised_raw, cv::Point2d& normalised_ideal) const {
   return BrownUndistort(normalised_raw, left_, normalised_ideal);

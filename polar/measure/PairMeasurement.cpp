@@ -27,11 +27,8 @@ struct SideImage {
 
 /// The camera with its eight coefficients in the order of OpenCV: k1, k2, p1, p2, k3, k4, k5, k6.
 PoseCamera poseCamera(const cv::Mat& K, const CameraFloats& camera) {
-  constexpr std::array<std::size_t, 8> kOrder = {0, 1, 6, 7, 2, 3, 4, 5};
-  cv::Mat coefficients(8, 1, CV_64FC1);
-  for (int k = 0; k < 8; ++k) {
-    coefficients.at<double>(k) = camera.at(4 + kOrder.at(static_cast<std::size_t>(k)));
-  }
+  const cv::Mat coefficients = (cv::Mat_<double>(8, 1) << camera.k1, camera.k2, camera.p1, camera.p2, camera.k3,
+                                camera.k4, camera.k5, camera.k6);
   return {K, coefficients};
 }
 

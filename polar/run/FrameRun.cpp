@@ -27,7 +27,7 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
   // A camera without tables stands for its side's Brown model, so that the evaluation goes one way for both.
   const BrownCamera left_brown(left_dist);
   const BrownCamera right_brown(right_dist);
-  const bool poly = config->type == 3;
+  const bool poly = lensModel() == LensModel::kPoly;
   const CameraIntrinsicsBase& left_object = poly ? static_cast<const CameraIntrinsicsBase&>(left_camera) : left_brown;
   const CameraIntrinsicsBase& right_object =
       poly ? static_cast<const CameraIntrinsicsBase&>(right_camera) : right_brown;

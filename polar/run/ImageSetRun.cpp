@@ -44,7 +44,7 @@ class ImageSetPair {
   }
 
  private:
-  bool isPoly() const { return config_.type == 3; }
+  bool isPoly() const { return core_.lensModel() == LensModel::kPoly; }
 
   std::int32_t keepError(PairStatus status) {
     core_.errorText = evaluator_.errorText;
@@ -65,7 +65,7 @@ class ImageSetPair {
   RectifiedPair rectify(const PairInput& raw) {
     auto rectified = RectifyPair({config_.f_scale, config_.x_y, core_.left_camera, core_.right_camera},
                                  {core_.left.K, core_.left.D, core_.right.K, core_.right.D, core_.R, core_.T},
-                                 raw.left_image, raw.right_image, config_.type, core_.Q);
+                                 raw.left_image, raw.right_image, core_.lensModel(), core_.Q);
     if (!rectified) throw std::out_of_range("x_y must be 0 or 1");
     return std::move(*rectified);
   }

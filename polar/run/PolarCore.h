@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <memory>
 #include <opencv2/core.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "PolarLinePrecision/BoardRecords.h"
 #include "PolarLinePrecision/ProgressCallback.h"
 #include "camera/CameraMatrices.h"
+#include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "input/PolarConfig.h"
 #include "input/StereoCalibParams.h"
@@ -48,6 +50,9 @@ class PolarCore {
   std::vector<PairFigures> records;    ///< Of the finished pairs.
   std::vector<cv::Point3f> boardPoints;
   PinholeCameraIntrinsicsPOL left_camera, right_camera;  ///< Filled for the POLY model.
+
+  /// None for a `type` that names no model.
+  std::optional<LensModel> lensModel() const { return lensModelOf(config->type); }
 
   /// Walks image pairs through the evaluations that the configuration asks for.
   std::int32_t ImageSetRun(const RunArguments& arguments, const StereoCalibParams& calib);

@@ -148,7 +148,8 @@ TEST_P(InputTypes, BecomeEightBitColour) {
   if (CV_MAT_CN(GetParam()) == 4) cv::cvtColor(image, image, cv::COLOR_GRAY2BGRA);
   const Result result = resultOf(LensModel::kBrownEight, 0.9F, 0, image, image);
   ASSERT_TRUE(result.pair);
-  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas}) EXPECT_EQ(picture.type(), CV_8UC3);
+  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas})
+    EXPECT_EQ(picture.type(), CV_8UC3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, InputTypes, testing::Values(CV_8UC1, CV_8UC3, CV_8UC4, CV_16UC1));

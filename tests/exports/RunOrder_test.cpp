@@ -46,16 +46,16 @@ TEST(RunOrder, ImageSetTriangulatesRectifiesJudgesTheRectifiedPairAndThenTheBoar
   ASSERT_EQ(run.status, 0);
   const Stations later = together({kRectified, kMeasured, kMeasured, {"distortion model: Brown"}, kMeasured});
   EXPECT_EQ(stepsOf(run.out), together({kLoaded,
-                                           {"CalTriangulateRepBrown"},
-                                           kCompensated,
-                                           kCompared,
-                                           later,
-                                           finished(1),
-                                           {"CalTriangulateRepBrown"},
-                                           kMeasured,
-                                           kCompared,
-                                           later,
-                                           finished(2)}));
+                                        {"CalTriangulateRepBrown"},
+                                        kCompensated,
+                                        kCompared,
+                                        later,
+                                        finished(1),
+                                        {"CalTriangulateRepBrown"},
+                                        kMeasured,
+                                        kCompared,
+                                        later,
+                                        finished(2)}));
 }
 
 TEST(RunOrder, ImageSetOfPolynomialLensesNamesItsOwnStations) {
@@ -64,15 +64,15 @@ TEST(RunOrder, ImageSetOfPolynomialLensesNamesItsOwnStations) {
   const RunOutcome run = one.run(set.polarText());
   ASSERT_EQ(run.status, 0);
   EXPECT_EQ(stepsOf(run.out), together({kLoaded,
-                                           {"CalTriangulateRepPOLY"},
-                                           kMeasured,
-                                           kCompared,
-                                           kRectified,
-                                           kMeasured,
-                                           kMeasured,
-                                           {"distortion model: POLY"},
-                                           kMeasured,
-                                           finished(1)}));
+                                        {"CalTriangulateRepPOLY"},
+                                        kMeasured,
+                                        kCompared,
+                                        kRectified,
+                                        kMeasured,
+                                        kMeasured,
+                                        {"distortion model: POLY"},
+                                        kMeasured,
+                                        finished(1)}));
 }
 
 TEST(RunOrder, FrameMeasuresItsBoardAndThenTellsItsDistances) {

@@ -32,8 +32,7 @@ inline std::vector<std::string> stepsOf(const std::string& out) {
     if (line.starts_with("checke_point")) continue;
     line = line.substr(0, line.find('\t'));
     const std::size_t colon = line.rfind(':');
-    steps.push_back(colon != std::string::npos && isNumber(line.substr(colon + 1)) ? line.substr(0, colon + 1)
-                                                                                      : line);
+    steps.push_back(colon != std::string::npos && isNumber(line.substr(colon + 1)) ? line.substr(0, colon + 1) : line);
   }
   return steps;
 }

@@ -22,10 +22,20 @@ struct ExactPair : EvaluatorFixture {
   std::vector<cv::Point3f> board;
 
   static CameraFloats floatsOf(const scene::Camera& camera) {
-    CameraFloats floats{};
-    const std::array<double, 4> pinhole = {camera.fx, camera.fy, camera.cx, camera.cy};
-    for (std::size_t k = 0; k < 12; ++k) floats[k] = static_cast<float>(k < 4 ? pinhole[k] : camera.lens[k - 4]);
-    return floats;
+    const auto narrowed = [](double value) { return static_cast<float>(value); };
+    const auto lens = [&](std::size_t k) { return narrowed(camera.lens[k]); };
+    return {narrowed(camera.fx),
+            narrowed(camera.fy),
+            narrowed(camera.cx),
+            narrowed(camera.cy),
+            lens(0),
+            lens(1),
+            lens(2),
+            lens(3),
+            lens(4),
+            lens(5),
+            lens(6),
+            lens(7)};
   }
   static cv::Mat matrixOf(const scene::Camera& camera) {
     return (cv::Mat_<double>(3, 3) << camera.fx, 0, camera.cx, 0, camera.fy, camera.cy, 0, 0, 1);

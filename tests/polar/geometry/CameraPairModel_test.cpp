@@ -20,8 +20,8 @@ TEST(BrownPairModel, TakesEachSidesOwnEightCoefficients) {
   // Radial coefficient k1 alone: x (1 + k1 r^2).
   CameraFloats left{};
   CameraFloats right{};
-  left[4] = 0.25F;
-  right[4] = -0.5F;
+  left.k1 = 0.25F;
+  right.k1 = -0.5F;
   const BrownPairModel model(left, right);
   EXPECT_DOUBLE_EQ(model.distortLeft({0.5, 0.0}).x, 0.5 * (1.0 + 0.25 * 0.25));
   EXPECT_DOUBLE_EQ(model.distortRight({0.5, 0.0}).x, 0.5 * (1.0 - 0.5 * 0.25));
@@ -30,8 +30,8 @@ TEST(BrownPairModel, TakesEachSidesOwnEightCoefficients) {
 
 TEST(BrownPairModel, ReadsTheTangentialPairLast) {
   CameraFloats camera{};
-  camera[10] = 0.125F;  // p1
-  camera[11] = 0.25F;   // p2
+  camera.p1 = 0.125F;
+  camera.p2 = 0.25F;
   const BrownPairModel model(camera, camera);
   const cv::Point2d raw = model.distortLeft({0.5, 1.0});
   EXPECT_DOUBLE_EQ(raw.x, 0.5 + 2 * 0.125 * 0.5 + 0.25 * (1.25 + 2 * 0.25));
@@ -40,8 +40,8 @@ TEST(BrownPairModel, ReadsTheTangentialPairLast) {
 
 TEST(BrownPairModel, UndistortsWhatItDistorted) {
   CameraFloats camera{};
-  camera[4] = -0.1F;
-  camera[10] = 0.001F;
+  camera.k1 = -0.1F;
+  camera.p1 = 0.001F;
   const BrownPairModel model(camera, camera);
   cv::Point2d ideal;
   ASSERT_TRUE(model.undistortRight(model.distortRight({0.3, -0.2}), ideal));

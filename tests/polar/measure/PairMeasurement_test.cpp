@@ -261,10 +261,11 @@ TEST_F(PairMeasurement, SixBoardPointsDoNotReachTheTargetAndSevenDo) {
 TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
   PairEvaluator evaluator = rendered.evaluator(config);
   evaluator.eccentricity = true;
-  for (std::size_t k = 0; k < 8; ++k) {
-    evaluator.left_dist[4 + k] = 0.01F * static_cast<float>(k + 1);
-    evaluator.right_dist[4 + k] = -0.008F * static_cast<float>(k + 1);
-  }
+  const auto bend = [](CameraFloats& lens, float k) {
+    lens = {lens.fx, lens.fy, lens.cx, lens.cy, k, 2 * k, 3 * k, 4 * k, 5 * k, 6 * k, 7 * k, 8 * k};
+  };
+  bend(evaluator.left_dist, 0.01F);
+  bend(evaluator.right_dist, -0.008F);
   cameras.right_K.at<double>(0, 2) += 7.0;
   ASSERT_EQ(measure(evaluator), 0);
 
@@ -283,7 +284,7 @@ TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
     }
     const CameraFloats& lens = side == 0 ? evaluator.left_dist : evaluator.right_dist;
     // k1, k2, p1, p2, k3 to k6.
-    const std::vector<double> coefficients = {lens[4], lens[5], lens[10], lens[11], lens[6], lens[7], lens[8], lens[9]};
+    const std::vector<double> coefficients = {lens.k1, lens.k2, lens.p1, lens.p2, lens.k3, lens.k4, lens.k5, lens.k6};
     cv::Vec3d rvec, tvec;
     cv::solvePnP(points_board, pixels, side == 0 ? cameras.left_K : cameras.right_K, coefficients, rvec, tvec);
     for (int k = 0; k < 3; ++k) {
