@@ -11,14 +11,15 @@ namespace kestrune::morvenkit {
 
 /// A dot of the board's model.
 struct BoardPoint {
-  std::uint8_t point_class = kDot;
-  std::uint8_t flag = 0;
-  std::int32_t id = 0;   ///< row * columns + column.
-  double radius = 0.0;   ///< Board unit.
-  cv::Point3d position;  ///< Board frame, board unit.
+  std::uint8_t point_class = kDot;  ///< A `PointClass`. Not read: kept as a part of the record, as are flag and radius.
+  std::uint8_t flag = 0;            ///< Always 0. Not read.
+  std::int32_t id = 0;              ///< row * columns + column.
+  double radius = 0.0;              ///< Board unit. Not read.
+  cv::Point3d position;             ///< Board frame, board unit.
 };
 
-/// A calibration target that can be configured and found in an image.
+/// A calibration target that can be configured and found in an image. The runs call `loadConfig`, `setBoardPoints`,
+/// `detect`, `detectframework` and `boardModel`; the rest is kept for other users of a target.
 class CalibTarget {
  public:
   CalibTarget() = default;
@@ -44,12 +45,14 @@ class CalibTarget {
                                std::vector<CtrlPoint<double>>& unidentified, const cv::Mat& mask) = 0;
   /// Paints the last detection on a scaled copy of an image.
   virtual void draw(const cv::Mat& src, cv::Mat& dst, double scale) = 0;
+  /// Does nothing.
   virtual void noOperation() = 0;
   /// The two-valued image of the last detection; the pixels are shared.
   virtual cv::Mat getBinaryImage() const = 0;
 
   /// Model of the board, built by the configuration, in the order of the ids.
   const std::vector<BoardPoint>& boardModel() const { return board_model_; }
+  /// The ids of the model, in the same order.
   const std::vector<std::int32_t>& boardPointIds() const { return board_point_ids_; }
 
  protected:

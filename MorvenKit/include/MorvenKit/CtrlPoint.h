@@ -12,8 +12,8 @@ enum PointClass : std::uint8_t {
   kRing = 1,        ///< Ring with a hollow centre.
   kSolidRing = 4,   ///< Ring with a solid core.
   kBigDot = 6,      ///< Big black dot of board type 3.
-  kUnknown = 254,   ///< Looks like a marker but failed the transition count.
-  kRejected = 255,  ///< Of no use; also the value before classification.
+  kUnknown = 254,   ///< Looks like a marker, but the transitions on its rays (or its area) fit none.
+  kRejected = 255,  ///< Fits no class; also the value before classification.
 };
 
 /// A detected point of the board. Pixels, x the column, y the row, pixel centres on integers.
@@ -26,12 +26,11 @@ struct CtrlPoint {
   CtrlPoint& operator=(CtrlPoint&&) noexcept = default;
   virtual ~CtrlPoint() = default;
 
-  T x = 0;               ///< Column of the centre.
-  T y = 0;               ///< Row of the centre.
-  std::int32_t id = -1;  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 until numbered.
-  std::vector<cv::Point2f>
-      edge_points;        ///< Sub-pixel edge points of the fit, in the scale that the detector worked in.
-  std::uint8_t flag = 0;  ///< Always 0.
+  T x = 0;                               ///< Column of the centre.
+  T y = 0;                               ///< Row of the centre.
+  std::int32_t id = -1;                  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 at first.
+  std::vector<cv::Point2f> edge_points;  ///< Sub-pixel, in the scale that the detector worked in.
+  std::uint8_t flag = 0;                 ///< Always 0. Not read: kept as a part of the record.
   std::uint8_t point_class = kRejected;  ///< A `PointClass`.
 };
 

@@ -19,8 +19,7 @@ struct Ellipse : CtrlPoint<T> {
 /// Fits an ellipse to sub-pixel edge points: direct conic fit by least squares, outlier trimming, repeated until
 /// nothing is trimmed. The points become the ellipse's `edge_points`. Fewer than 5 points give a default ellipse, also
 /// none at all. Points exactly on an ellipse give a `sigma` of 0, which counts as failed. Throws `std::runtime_error`
-/// on a degenerate conic; every other failure shows as `sigma` not above 0 (or not a number, when the points lie on a
-/// line).
+/// on a degenerate conic; every other failure is a `sigma` not above 0 (NaN when the points lie on a line).
 Ellipse<double> fitEllipseRobust(std::vector<cv::Point2f> points);
 
 }  // namespace kestrune::morvenkit

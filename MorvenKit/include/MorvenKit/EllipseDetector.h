@@ -10,16 +10,16 @@ namespace kestrune::morvenkit {
 
 /// Limits and methods of the ellipse detector.
 struct EllipseDetectorParams {
-  double min_radius = 1.0;                ///< A contour's length must reach 5 times this.
-  double max_radius = 50.0;               ///< A contour's length must stay below 8.5 times this.
+  double min_radius = 1.0;                ///< Pixels. A contour must have 5 times as many points at least.
+  double max_radius = 50.0;               ///< Pixels. A contour must have fewer points than 8.5 times this.
   double max_sigma = 1.0;                 ///< Largest accepted edge residual, pixels, exclusive.
   double min_circularity = 0.3;           ///< Lowest accepted circularity, exclusive.
-  std::int32_t resize_interpolation = 2;  ///< How the tile thresholds spread over the image (bicubic).
+  std::int32_t resize_interpolation = 2;  ///< How the tile thresholds spread over the image: `cv::INTER_CUBIC`.
   bool fill_blobs = true;                 ///< Last step of binarisation 0.
-  bool area_mode = false;                 ///< Classes by blob area instead of transitions.
-  std::int32_t bin_method = 0;  ///< 0 local Otsu, 1 outline and local threshold, 2 Gaussian edges and filled outlines.
-  double bin_thresh = 0.0;      ///< Not read.
-  std::int32_t bin_blocksize = 200;  ///< Tile size of binarisation 0, pixels.
+  bool area_mode = false;                 ///< Classes by blob area instead of transitions on rays.
+  std::int32_t bin_method = 0;            ///< 0: thresholds by tiles; 1: by outlines; 2: filled outlines of edges.
+  double bin_thresh = 0.0;                ///< Not read: kept because configurations carry it.
+  std::int32_t bin_blocksize = 200;       ///< Tile size of binarisation 0, pixels.
 };
 
 /// Finds black blobs, rings and rings with a core.

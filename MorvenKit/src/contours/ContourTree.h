@@ -5,14 +5,15 @@
 
 namespace kestrune::morvenkit {
 
-/// Every pixel of a border, in order.
+/// A border of a two-valued image: all its pixels, in order.
 using Contour = std::vector<cv::Point>;
 
-/// All borders of a two-valued image with their nesting (Suzuki and Abe 1985). It is a tree: a walk over siblings and
-/// first children meets each contour at most once.
+/// All borders of a two-valued image with their nesting (Suzuki and Abe 1985). As a tree: going over siblings and first
+/// children meets each contour once at most.
 struct ContourTree {
   std::vector<Contour> contours;
-  std::vector<cv::Vec4i> hierarchy;  ///< Next sibling, previous sibling, first child, parent; negative for none.
+  std::vector<cv::Vec4i>
+      hierarchy;  ///< Next sibling, previous sibling, first child, parent; negative where there is none.
 
   int count() const { return static_cast<int>(contours.size()); }
   bool holds(int index) const { return index >= 0 && index < count(); }

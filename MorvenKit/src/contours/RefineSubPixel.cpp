@@ -7,7 +7,7 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-/// The order decides where more than one neighbour qualifies.
+/// Steps in x and y. The first neighbour that qualifies counts, so the order matters.
 constexpr std::array<std::array<int, 2>, 4> kNeighbours = {{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
 
 bool isInside(const cv::Point& point, const cv::Mat& image) {
@@ -22,8 +22,7 @@ cv::Point2f refine(const cv::Point& point, int level, const cv::Mat& grey) {
     const cv::Point neighbour(point.x + dx, point.y + dy);
     if (!isInside(neighbour, grey)) continue;
     const int other = grey.at<uchar>(neighbour);
-    // A neighbour exactly at the level counts as below it: a brighter point then moves onto it, a darker one never
-    // does.
+    // A neighbour exactly at the level counts as below it: a brighter point moves onto it, a darker one stays. Meant.
     if ((other > level) != (value < level)) continue;
     const float t = static_cast<float>(value - level) / static_cast<float>(value - other);
     return {x + static_cast<float>(dx) * t, y + static_cast<float>(dy) * t};

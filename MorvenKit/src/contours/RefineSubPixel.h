@@ -7,9 +7,9 @@
 
 namespace kestrune::morvenkit {
 
-/// Moves each point of a contour to where the grey value between it and a neighbour crosses that of the contour's first
-/// point, by linear interpolation. `grey` is 8-bit, one channel. Points outside the image are dropped; the others keep
-/// their order. The level is that of the first point inside the image.
+/// Moves each point of a contour, by linear interpolation, to where the grey values between it and a neighbour cross a
+/// level: the grey value of the contour's first point inside the image. `grey` is 8-bit, one channel. Points outside
+/// the image are dropped; the others keep their order.
 std::vector<cv::Point2f> RefineSubPixel(const Contour& contour, const cv::Mat& grey);
 
 }  // namespace kestrune::morvenkit

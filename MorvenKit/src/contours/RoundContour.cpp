@@ -6,7 +6,9 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-constexpr double kLengthOfRadius = 8.5;
+// The border of a drawn circle has 4 sqrt(2), about 5.7, pixels for each pixel of its radius; the limit leaves half as
+// much again for ragged ones.
+constexpr double kLongestPerRadius = 8.5;
 
 }  // namespace
 
@@ -17,7 +19,7 @@ double contourCircularity(const Contour& contour) {
 }
 
 bool isRoundContour(const Contour& contour, const EllipseDetectorParams& params) {
-  return static_cast<double>(contour.size()) < params.max_radius * kLengthOfRadius &&
+  return static_cast<double>(contour.size()) < params.max_radius * kLongestPerRadius &&
          contourCircularity(contour) > params.min_circularity;
 }
 

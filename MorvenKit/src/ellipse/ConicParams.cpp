@@ -31,7 +31,7 @@ PixelConic toPixels(const ConicCoefficients& c, const MeanStd& scale) {
 double orientation(const PixelConic& conic, double a, double b) {
   const double a2 = a * a, b2 = b * b;
   const double across = a2 - b2 * conic.C, along = conic.C * a2 - b2;
-  // An exact circle has no orientation. Any will do, but not 0 / 0: the residuals are formed in the turned frame.
+  // An exact circle has no orientation: 0 instead of the NaN of 0 / 0, as the residuals are formed in the turned frame.
   if (across == 0.0 && along == 0.0) return 0.0;
   const double angle = std::atan(std::sqrt(std::abs(across / along)));
   return (conic.B / conic.C) * (b - a) < 0.0 ? -angle : angle;

@@ -12,9 +12,10 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// A conic has five coefficients.
 constexpr std::size_t kFewestPoints = 5;
 
-/// Least squares of the first `count` points, normal equations. In double, though the scale comes in single precision.
+/// Least squares over the first `count` points by normal equations. In double, though the scale is of single precision.
 ConicCoefficients solveConic(const std::vector<cv::Point2f>& points, std::size_t count, const MeanStd& scale) {
   const auto rows = static_cast<Eigen::Index>(count);
   Eigen::Matrix<double, Eigen::Dynamic, 5> design(rows, 5);
@@ -43,8 +44,8 @@ Ellipse<double> fitEllipseRobust(std::vector<cv::Point2f> points) {
   const MeanStd scale = calcMeanStd(all);
   std::vector<cv::Point2f> working = all;
   std::size_t count = 0;
-  // Only the number of trimmed points reaches the next pass: it scales by the figures of all points and fits the first
-  // ones of the whole list, not those that were kept. This is meant; the figures depend on it.
+  // Meant: only the number of kept points reaches the next pass. It scales by the figures of all points and fits the
+  // first ones of the whole list, not those that were kept; the figures depend on it.
   do {
     count = working.size();
     getParamsFromConic(solveConic(all, count, scale), scale, ellipse);

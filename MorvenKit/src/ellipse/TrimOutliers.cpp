@@ -9,7 +9,9 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// Of normally distributed residuals 99.65 % lie within this multiple of their root mean square.
 constexpr double kOutlierFactor = 2.92;
+// Pixels. Points that scatter more than the pixels' own size are no ellipse.
 constexpr float kLargestRms = 1.0F;
 
 float distance(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }

@@ -11,9 +11,9 @@ namespace kestrune::morvenkit {
 /// line through it and the centre meets the ellipse of semi-axes a and b. Single precision throughout.
 float radialResidual(float x, float y, float a, float b);
 
-/// Root mean square residual of the points about the ellipse, pixels, in single precision. Points that stand out (2.92
-/// times the root mean square or more) are dropped, the order of the others stays. Above 1 pixel the fit has failed: -1
-/// and the points stay; the same for an empty list. Below the precision of a float: 0 and the points stay.
+/// Root mean square residual of the points about the ellipse, pixels, in single precision. Points with a residual of
+/// 2.92 times that or more are dropped; the others keep their order. -1 when it is above 1 pixel (the fit has failed)
+/// or the list is empty, 0 when it is below the precision of a float: no point is dropped then.
 double trimOutliers(const Ellipse<double>& ellipse, std::vector<cv::Point2f>& points);
 
 }  // namespace kestrune::morvenkit
