@@ -6,6 +6,7 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+/// Spreads from seeds over connected weak pixels.
 class Flood {
  public:
   explicit Flood(const cv::Mat_<uchar>& weak)

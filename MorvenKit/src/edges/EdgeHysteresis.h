@@ -4,8 +4,8 @@
 
 namespace kestrune::morvenkit {
 
-/// Keeps, with 255, the ridge pixels whose magnitude lies above `low` and that hang together (8 neighbours) with one
-/// whose magnitude lies above `high`.
+/// Keeps, as 255, the ridge pixels with a magnitude above `low` that are connected (8 neighbours, through such pixels)
+/// to one with a magnitude above `high`.
 cv::Mat_<uchar> edgeHysteresis(const cv::Mat_<uchar>& ridges, const cv::Mat_<float>& magnitude, double low,
                                double high);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <opencv2/imgproc.hpp>
 #include <vector>
 
@@ -13,10 +14,13 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// Pixels: enough against noise, and the outlines of small dots stay apart.
+constexpr double kSigma = std::numbers::sqrt2;
+// Multiples of the mean magnitude, so that dim and bright pictures give the same edges.
 constexpr double kLowFactor = 1.5;
 constexpr double kHighFactor = 2.5;
 
-/// The image is of single precision, and so is the kernel from here on. Flipped, since the filter correlates.
+/// In single precision, as the image is. Flipped, as `cv::filter2D` correlates and a convolution is wanted.
 cv::Mat flippedRow(const std::vector<double>& kernel) {
   cv::Mat column;
   cv::Mat(kernel).convertTo(column, CV_32F);
@@ -33,7 +37,7 @@ cv::Mat convolve(const cv::Mat& image, const cv::Mat& flipped) {
 }
 
 EdgeGradient gradient(const cv::Mat& image) {
-  const GaussianKernels kernels = gaussianKernels(std::sqrt(2.0));
+  const GaussianKernels kernels = gaussianKernels(kSigma);
   const cv::Mat smooth = flippedRow(kernels.smooth), derivative = flippedRow(kernels.derivative);
   EdgeGradient result;
   result.x = convolve(convolve(image, smooth.t()), derivative);
@@ -41,7 +45,7 @@ EdgeGradient gradient(const cv::Mat& image) {
   return result;
 }
 
-/// Magnitudes as shares of the greatest.
+/// Magnitudes as fractions of the greatest.
 cv::Mat_<float> relativeMagnitude(const EdgeGradient& gradient) {
   cv::Mat_<float> magnitude(gradient.x.size());
   std::transform(gradient.x.begin(), gradient.x.end(), gradient.y.begin(), magnitude.begin(),

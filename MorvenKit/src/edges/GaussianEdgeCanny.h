@@ -4,8 +4,8 @@
 
 namespace kestrune::morvenkit {
 
-/// Thin edges (255 on 0) of a 32-bit float image (Canny 1986), with a Gaussian of sigma sqrt(2) and thresholds of 1.5
-/// and 2.5 times the mean magnitude.
+/// Thin edges (255 on 0) of a 32-bit float image (Canny 1986), with a Gaussian of sigma sqrt(2) pixels and hysteresis
+/// between 1.5 and 2.5 times the mean magnitude.
 cv::Mat GaussianEdgeCanny(const cv::Mat& image);
 
 }  // namespace kestrune::morvenkit

@@ -9,8 +9,11 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// In sigmas to either side; beyond it the Gaussian holds less than a ten-thousandth of its sum.
+constexpr float kReach = 4.0F;
+
 std::vector<double> smoothing(double sigma) {
-  const int half = static_cast<int>(std::ceil(4.0F * static_cast<float>(sigma)));
+  const int half = static_cast<int>(std::ceil(kReach * static_cast<float>(sigma)));
   std::vector<double> kernel;
   for (int i = -half; i <= half; ++i) {
     kernel.push_back(std::exp(-(i * i) / (2.0 * sigma * sigma)) / (std::sqrt(2.0 * CV_PI) * sigma));
@@ -29,6 +32,7 @@ std::vector<double> centralDifferences(const std::vector<double>& g) {
   return d;
 }
 
+/// Scales the negative entries to the sum -1 and the positive ones to the sum 1.
 void normaliseSides(std::vector<double>& kernel) {
   double negative = 0.0, positive = 0.0;
   for (const double value : kernel) (value < 0.0 ? negative : positive) += std::abs(value);

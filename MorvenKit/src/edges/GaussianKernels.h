@@ -4,11 +4,10 @@
 
 namespace kestrune::morvenkit {
 
-/// A smoothing kernel and its derivative, both with centre in the middle.
+/// A Gaussian and its derivative, both centred.
 struct GaussianKernels {
-  std::vector<double> smooth;  ///< Sum 1.
-  std::vector<double>
-      derivative;  ///< Central differences of `smooth`; the negative entries add up to -1, the positive to 1.
+  std::vector<double> smooth;      ///< Sum 1.
+  std::vector<double> derivative;  ///< Differences of `smooth`, scaled: the negative ones sum to -1, the positive to 1.
 };
 
 /// Kernels that reach 4 sigma to either side (Canny 1986). `sigma` in pixels, above 0.

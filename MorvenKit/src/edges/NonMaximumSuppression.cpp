@@ -13,11 +13,11 @@ struct Offset {
   int row, column;
 };
 
-/// An eighth of the circle and its opposite: whether a gradient points there, and between which neighbours. The second
-/// side has the opposite offsets.
+/// An eighth of the circle and the one opposite: whether a gradient points there, and between which two neighbours. The
+/// neighbours on the opposite side have the negative offsets.
 struct Direction {
   bool (*holds)(float ix, float iy);
-  bool steep;  ///< The straight neighbour lies in the column.
+  bool steep;  ///< The straight neighbour is in the pixel's column, not in its row.
   Offset diagonal, straight;
 };
 

@@ -11,9 +11,8 @@ struct EdgeGradient {
   cv::Mat_<float> magnitude;
 };
 
-/// 255 where the magnitude is at least what it is on both sides across the edge, interpolated between the two pixels
-/// that the gradient points between. The image's first and last row and column are 0, and so is a pixel without
-/// gradient.
+/// 255 where the magnitude is at least that on both sides across the edge, each interpolated between the two neighbours
+/// that the gradient points between. 0 elsewhere, in the image's outermost rows and columns, and without a gradient.
 cv::Mat_<uchar> nonMaximumSuppression(const EdgeGradient& gradient);
 
 }  // namespace kestrune::morvenkit

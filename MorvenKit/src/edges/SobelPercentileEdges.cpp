@@ -8,9 +8,11 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// Outermost rows and columns without a magnitude; in the percentile they count as 0. Meant.
 constexpr int kBorder = 5;
+// The edges are the strongest fortieth of the pixels.
 constexpr double kShareBelow = 0.975;
-constexpr std::size_t kLargestMagnitude = 361;  // of two differences of 255 each
+constexpr std::size_t kLargestMagnitude = 361;  // Of two differences of 255 each.
 
 using Magnitude = std::uint16_t;
 
