@@ -1,7 +1,7 @@
 #include "MorvenKit/src/binarise/Binarize.h"
 
-#include "MorvenKit/src/binarise/GaussianEdge.h"
 #include "MorvenKit/src/binarise/LocalThreshold.h"
+#include "MorvenKit/src/binarise/OutlineFill.h"
 #include "MorvenKit/src/binarise/OutlineThreshold.h"
 
 namespace kestrune::morvenkit {
@@ -13,7 +13,7 @@ cv::Mat Binarize(const cv::Mat& grey, const EllipseDetectorParams& params) {
     case 1:
       return OutlineThreshold(grey, params);
     case 2:
-      return GaussianEdge(grey, params);
+      return OutlineFill(grey, params);
     default:
       return {};
   }

@@ -12,6 +12,7 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+/// Whether a part of the contour is outside the grey image and the rest fits an ellipse.
 bool isCutOff(const Contour& contour, const cv::Mat& grey) {
   std::vector<cv::Point2f> refined = RefineSubPixel(contour, grey);
   return refined.size() != contour.size() && fitEllipseRobust(std::move(refined)).sigma > 0.0;
@@ -20,8 +21,7 @@ bool isCutOff(const Contour& contour, const cv::Mat& grey) {
 }  // namespace
 
 void fillBlobs(const cv::Mat& grey, const EllipseDetectorParams& params, cv::Mat& binary) {
-  // The refinement drops only points outside the grey image, so there is nothing to look for when every contour lies in
-  // it.
+  // The refinement drops only points outside the grey image; with equal sizes there are none.
   if (grey.size() == binary.size()) return;
   const cv::Mat inverse = 255 - binary;
   std::vector<Contour> contours;

@@ -6,8 +6,8 @@
 
 namespace kestrune::morvenkit {
 
-/// Paints over with white every round dark blob of `binary` whose outline leaves the grey image and still fits an
-/// ellipse. Two images of one size have no such blob.
+/// Fills with white each round dark blob of `binary` whose outline leaves the grey image and still fits an ellipse. Two
+/// images of one size have no such blob.
 void fillBlobs(const cv::Mat& grey, const EllipseDetectorParams& params, cv::Mat& binary);
 
 }  // namespace kestrune::morvenkit

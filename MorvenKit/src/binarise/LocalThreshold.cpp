@@ -9,12 +9,19 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+// Pixels. The least kernel there is: dots of a few pixels must not run together.
+constexpr int kSmoothing = 3;
+// Pixels a side: larger than a marker, so that each tile holds ground and dots.
 constexpr int kEqualisedTile = 100;
+// The lowest clip: an even ground must not be stretched into noise.
 constexpr double kClipLimit = 1.0;
 
-void smooth(const cv::Mat& src, cv::Mat& dst) { cv::GaussianBlur(src, dst, {3, 3}, 0.0, 0.0, cv::BORDER_DEFAULT); }
+void smooth(const cv::Mat& src, cv::Mat& dst) {
+  cv::GaussianBlur(src, dst, {kSmoothing, kSmoothing}, 0.0, 0.0, cv::BORDER_DEFAULT);
+}
 
 void sharpen(cv::Mat& image) {
+  // The pixel plus its difference from its four neighbours.
   const cv::Mat kernel = (cv::Mat_<schar>(3, 3) << 0, -1, 0, -1, 5, -1, 0, -1, 0);
   cv::filter2D(image, image, CV_8U, kernel, {-1, -1}, 0.0, cv::BORDER_DEFAULT);
 }

@@ -6,8 +6,8 @@
 
 namespace kestrune::morvenkit {
 
-/// Binarisation 0: sharpened and equalised (Zuiderveld 1994), then thresholded tile by tile. White is bright. Throws
-/// `cv::Exception` for an image below 100 x 100 pixels and for tiles that do not fit it.
+/// Binarisation 0: sharpens and equalises the image (Zuiderveld 1994), then thresholds it tile by tile; what is bright
+/// becomes white. Throws `cv::Exception` for an image below 100 x 100 pixels and for tiles that do not fit it.
 cv::Mat LocalThreshold(const cv::Mat& grey, const EllipseDetectorParams& params);
 
 }  // namespace kestrune::morvenkit

@@ -12,45 +12,43 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-constexpr std::size_t kShortestInner = 31;
-
 bool isInnerOutline(const Contour& outline, const EllipseDetectorParams& params) {
-  return outline.size() >= kShortestInner && isRoundContour(outline, params);
+  return outline.size() >= kShortestOutline && isRoundContour(outline, params);
 }
 
-/// The contour that is filled for the outline `index`: its innermost one, or its child, or itself.
+/// The contour that is filled for the outline `index`: the innermost one in it, or else its child, or else itself.
 int filledContour(const ContourTree& outlines, int index, const EllipseDetectorParams& params) {
   const auto child = roundChild(outlines, index, params);
-  if (!child || outlines.points(*child).size() < kShortestInner) return index;
+  if (!child || outlines.points(*child).size() < kShortestOutline) return index;
   return InnermostContour(outlines, *child, params).value_or(*child);
 }
 
+/// The walk, with the canvas that was drawn on last.
 class FillWalk {
  public:
   FillWalk(const ContourTree& outlines, const EllipseDetectorParams& params, const cv::Size& size)
       : outlines_(outlines), params_(params), size_(size) {}
 
   void walkSiblings(int first) {
-    // One sheet a level, meant: what an outer level has drawn goes when an inner one is drawn after it, and the other
-    // way round.
-    cv::Mat sheet;
+    // Meant: one canvas a level. Only the last drawn one counts, so levels erase each other's marks.
+    cv::Mat canvas;
     for (int index = first; outlines_.holds(index); index = outlines_.next(index)) {
       if (!isMarkerOutline(outlines_.points(index), params_)) {
         walkSiblings(outlines_.firstChild(index));
         continue;
       }
-      if (sheet.empty()) sheet = cv::Mat::zeros(size_, CV_8UC1);
-      fill(filledContour(outlines_, index, params_), sheet);
-      last_ = sheet;
+      if (canvas.empty()) canvas = cv::Mat::zeros(size_, CV_8UC1);
+      fill(filledContour(outlines_, index, params_), canvas);
+      last_ = canvas;
     }
   }
 
-  const cv::Mat& lastSheet() const { return last_; }
+  const cv::Mat& lastCanvas() const { return last_; }
 
  private:
-  void fill(int index, cv::Mat& sheet) const {
+  void fill(int index, cv::Mat& canvas) const {
     const std::vector<Contour> one = {outlines_.points(index)};
-    cv::drawContours(sheet, one, 0, cv::Scalar(255, 0, 0, 0), cv::FILLED, cv::LINE_8, cv::noArray(), INT_MAX);
+    cv::drawContours(canvas, one, 0, cv::Scalar(255, 0, 0, 0), cv::FILLED, cv::LINE_8, cv::noArray(), INT_MAX);
   }
 
   const ContourTree& outlines_;
@@ -71,7 +69,7 @@ std::optional<int> InnermostContour(const ContourTree& outlines, int index, cons
 void OutlineFillWalk(const ContourTree& outlines, const EllipseDetectorParams& params, cv::Mat& edges) {
   FillWalk walk(outlines, params, edges.size());
   walk.walkSiblings(0);
-  if (!walk.lastSheet().empty()) edges = walk.lastSheet();
+  if (!walk.lastCanvas().empty()) edges = walk.lastCanvas();
 }
 
 }  // namespace kestrune::morvenkit

@@ -9,15 +9,23 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-/// Above `kEdgeValue`: edges go, what was thresholded stays.
+// Pixels, of the picture that is thresholded: dots of a few pixels must not run together.
+constexpr int kFineSmoothing = 3;
+// Pixels, of the picture whose edges are taken: noise makes fewer of them.
+constexpr int kEdgeSmoothing = 5;
+// Between `kEdgeValue` and white: the edges go, the thresholded surroundings stay.
 constexpr double kAboveEdges = 254.0;
+
+void smooth(const cv::Mat& src, cv::Mat& dst, int kernel) {
+  cv::GaussianBlur(src, dst, {kernel, kernel}, 0.0, 0.0, cv::BORDER_DEFAULT);
+}
 
 }  // namespace
 
 cv::Mat OutlineThreshold(const cv::Mat& grey, const EllipseDetectorParams& params) {
   cv::Mat smoothed, edges, binary;
-  cv::GaussianBlur(grey, smoothed, {3, 3}, 0.0, 0.0, cv::BORDER_DEFAULT);
-  cv::GaussianBlur(grey, edges, {5, 5}, 0.0, 0.0, cv::BORDER_DEFAULT);
+  smooth(grey, smoothed, kFineSmoothing);
+  smooth(grey, edges, kEdgeSmoothing);
   SobelPercentileEdges(edges);
   const ContourTree outlines = findContourTree(edges);
   OutlineLocalThreshold(smoothed, outlines, params, edges);

@@ -6,8 +6,8 @@
 
 namespace kestrune::morvenkit {
 
-/// Binarisation 1: thresholds (Otsu 1979) the neighbourhood of every round outline among the strongest edges by itself.
-/// White is dark here, and everything away from an outline is black.
+/// Binarisation 1: thresholds (Otsu 1979) the surroundings of each round outline among the strongest edges by itself.
+/// What is dark becomes white, unlike in binarisation 0, and everything away from an outline black.
 cv::Mat OutlineThreshold(const cv::Mat& grey, const EllipseDetectorParams& params);
 
 }  // namespace kestrune::morvenkit

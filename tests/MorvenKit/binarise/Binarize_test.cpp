@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "Drawing.h"
-#include "MorvenKit/src/binarise/GaussianEdge.h"
 #include "MorvenKit/src/binarise/LocalThreshold.h"
+#include "MorvenKit/src/binarise/OutlineFill.h"
 #include "MorvenKit/src/binarise/OutlineThreshold.h"
 
 using namespace kestrune::morvenkit;
@@ -30,7 +30,7 @@ TEST(Binarize, MethodIsChosenByItsNumber) {
   const cv::Mat grey = picture();
   EXPECT_EQ(cv::countNonZero(by(0) != LocalThreshold(grey, {})), 0);
   EXPECT_EQ(cv::countNonZero(by(1) != OutlineThreshold(grey, {})), 0);
-  EXPECT_EQ(cv::countNonZero(by(2) != GaussianEdge(grey, {})), 0);
+  EXPECT_EQ(cv::countNonZero(by(2) != OutlineFill(grey, {})), 0);
   EXPECT_GT(cv::countNonZero(by(0) != by(1)), 0);
   EXPECT_GT(cv::countNonZero(by(1) != by(2)), 0);
 }
