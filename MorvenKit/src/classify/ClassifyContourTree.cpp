@@ -16,11 +16,13 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-constexpr std::size_t kShortestByArea = 30;
+// A point for each of the eight rays.
 constexpr std::size_t kShortestByHops = 8;
-constexpr double kLengthOfMinRadius = 5.0;
+// The border of a drawn circle has 4 sqrt(2), about 5.7, pixels for each pixel of its radius; the limit is a little
+// below.
+constexpr double kShortestPerRadius = 5.0;
 
-/// Status of a contour from its index and the outline that stands for it.
+/// Status of a contour from its index and the outline that is measured for it.
 using StatusRule = std::function<int(int index, const Contour& outline)>;
 
 class ContourWalk {
@@ -53,13 +55,13 @@ class ContourWalk {
     return Next::kSibling;
   }
 
-  std::size_t shortest() const { return in_.params.area_mode ? kShortestByArea : kShortestByHops; }
+  std::size_t shortest() const { return in_.params.area_mode ? kShortestBlob : kShortestByHops; }
 
   bool isTooShort(std::size_t length) const {
-    return length < shortest() || in_.params.min_radius * kLengthOfMinRadius > static_cast<double>(length);
+    return length < shortest() || in_.params.min_radius * kShortestPerRadius > static_cast<double>(length);
   }
 
-  /// By area, a thick outline is measured at its inner border.
+  /// In area mode, a thick outline is measured at its inner border.
   const Contour& outlineOf(int index) const {
     if (in_.params.area_mode) {
       const auto child = roundChild(in_.tree, index, in_.params);
@@ -68,7 +70,7 @@ class ContourWalk {
     return in_.tree.points(index);
   }
 
-  /// A centre that lies on no pixel of the mask (or nowhere) counts as masked out.
+  /// By the pixel nearest to the centre. A centre outside the mask, or NaN, counts as masked out.
   bool isMaskedOut(const Ellipse<double>& ellipse) const {
     const cv::Mat& mask = in_.mask;
     if (mask.empty()) return false;

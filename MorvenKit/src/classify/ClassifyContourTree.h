@@ -8,7 +8,7 @@
 
 namespace kestrune::morvenkit {
 
-/// What a walk over a contour tree reads. All images have the same size.
+/// What the classification of a contour tree reads. All images have the same size.
 struct ContourWalkInput {
   const EllipseDetectorParams& params;
   const ContourTree& tree;
@@ -17,12 +17,13 @@ struct ContourWalkInput {
   const cv::Mat& mask;    ///< 8-bit, one channel, or empty; 0 refuses a centre.
 };
 
-/// Walks the tree from contour 0 and appends every ellipse with the class that the transitions (or the areas, with
-/// `area_mode`) give it. A contour that is not round, masked out or not fitted is replaced by its children; one that is
-/// too short, or that got as far as the last checks, hides everything within.
+/// Goes over the tree from contour 0 and appends an ellipse for each contour that has one, with the class by the
+/// transitions on its rays, or by its area with `area_mode`. In the place of a contour that is not round, masked out or
+/// not fitted come its children. One that is too short, or is fitted whether or not it passes the last checks, hides
+/// everything within.
 void ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
 
-/// The same walk without classification: every class is `kDot`.
+/// The same without classification: every class is `kDot`.
 void ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
 
 }  // namespace kestrune::morvenkit

@@ -13,8 +13,12 @@ namespace kestrune::morvenkit {
 namespace {
 
 constexpr std::size_t kRays = 8;
+// Rays that must agree on a dot or a ring. Two may go astray: a vertical one counts for nothing.
+constexpr int kAgreeing = 6;
+// Five are enough for a core, the smallest thing to hit.
+constexpr int kAgreeingOnCore = 5;
 
-/// How many rays gave 1, 2 and 3 transitions; other counts are in no tally.
+/// How many rays gave 1, 2 and 3 transitions; rays with other counts are left out.
 struct Tally {
   std::array<int, 3> rays = {0, 0, 0};
   bool any = false;
@@ -37,10 +41,9 @@ Tally tallyRays(const Contour& contour, const cv::Point2f& centroid, const cv::M
 
 ContourStatus judge(const Tally& tally) {
   const auto [one, two, three] = tally.rays;
-  if (one > 5) return kStatusDot;
-  if (two > 5) return kStatusRing;
-  // Five are enough for the core, which is the smallest thing to hit.
-  if (three >= 5) return kStatusSolidRing;
+  if (one >= kAgreeing) return kStatusDot;
+  if (two >= kAgreeing) return kStatusRing;
+  if (three >= kAgreeingOnCore) return kStatusSolidRing;
   return three == 0 ? kStatusLost : kStatusUnknown;
 }
 

@@ -11,16 +11,17 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-constexpr std::size_t kShortest = 30;
-constexpr std::size_t kLongest = 300;
+// Points; longer contours are not those of dots.
+constexpr std::size_t kLongestBlob = 300;
+// The ratio is a whole number: 1 passes, 2 does not.
 constexpr double kLargestAxisRatio = 1.5;
 
-/// The outline that stands for contour `index`: its first child when that is round and its length strictly within the
-/// limits.
+/// The outline that is measured for contour `index`: its first child when that is round and of a blob's length, limits
+/// excluded; otherwise its own.
 const Contour& blobOutline(const ContourTree& tree, int index, const EllipseDetectorParams& params) {
   if (const auto child = roundChild(tree, index, params)) {
     const Contour& inner = tree.points(*child);
-    if (inner.size() > kShortest && inner.size() < kLongest) return inner;
+    if (inner.size() > kShortestBlob && inner.size() < kLongestBlob) return inner;
   }
   return tree.points(index);
 }
@@ -37,7 +38,7 @@ float MeanBlobArea(const ContourTree& tree, const cv::Mat& grey, const EllipseDe
   int count = 0;
   for (int index = 0; index < tree.count(); ++index) {
     const Contour& contour = tree.points(index);
-    if (contour.size() < kShortest || contour.size() > kLongest || !isRoundContour(contour, params)) continue;
+    if (contour.size() < kShortestBlob || contour.size() > kLongestBlob || !isRoundContour(contour, params)) continue;
     const Contour& outline = blobOutline(tree, index, params);
     if (!isBlob(outline, grey)) continue;
     sum += cv::contourArea(outline);

@@ -11,7 +11,7 @@ class TransitionCounter {
  public:
   explicit TransitionCounter(const cv::Mat& binary) : binary_(binary), area_({0, 0}, binary.size()) {}
 
-  /// Rounding can carry a sample next to the edge out of the image; it is left out.
+  /// A sample next to the edge may be rounded to outside the image; it is left out.
   void add(const cv::Point& pixel) {
     if (!area_.contains(pixel)) return;
     const int value = binary_.at<uchar>(pixel);
@@ -32,7 +32,7 @@ bool isInside(const cv::Point2f& point, const cv::Mat& image) {
          point.y <= static_cast<float>(image.rows - 1);
 }
 
-/// A coordinate pair seen from the ray: along its major axis and across it.
+/// A point's coordinates along the image axis that the ray follows most, and along the other one.
 struct AxisPoint {
   float major, minor;
 };
@@ -56,7 +56,7 @@ void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
 
 std::optional<int> ScanLine(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
   if (from == to || !isInside(from, binary) || !isInside(to, binary)) return std::nullopt;
-  // Meant: a vertical ray has no samples and takes part in no tally, which the six-of-eight rule allows for.
+  // Meant: a vertical ray has no samples and no say; that is why six of eight rays are enough.
   if (from.x == to.x) return kVerticalRay;
   TransitionCounter counter(binary);
   if (std::abs(from.x - to.x) > std::abs(from.y - to.y)) {
