@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/board/TargetConfigKeys.h"
-#include "Tallowfen/src/numbering/MarkerLayout.h"
 #include "fuzz/Bytes.h"
 #include "platform/ClassicStream.h"
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "Tallowfen/src/board/BoardSize.h"
+#include "Tallowfen/src/board/BoardModel.h"
 #include "Tallowfen/src/board/TargetConfigReader.h"
 
 namespace fuzzing {

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <map>
 
-#include "Tallowfen/src/board/BoardSize.h"
 #include "platform/Console.h"
 
 namespace kestrune {
@@ -12,16 +11,24 @@ namespace {
 using morvenkit::BoardPoint;
 
 cv::Point3d gridPosition(const RingTargetConfig& config, std::uint16_t row, std::uint16_t column) {
-  const float pitch_y = config.step_y == 0.0F ? config.step : config.step_y;
-  // Products of single precision, as the ground truth is.
+  // Products in single precision: the ground truth has no more either.
   const float x = static_cast<float>(column) * config.step;
-  const float y = static_cast<float>(row) * pitch_y;
+  const float y = static_cast<float>(row) * rowPitchOf(config);
   return {x, y, 0.0};
 }
 
 void printPosition(const char* label, const cv::Point3d& p) { console::line(label, p.x, " ", p.y, " ", p.z); }
 
 }  // namespace
+
+std::size_t dotCountOf(const RingTargetConfig& config) {
+  const std::size_t count = std::size_t{config.rows} * std::size_t{config.cols};
+  if (count > kMostDots) {
+    CV_Error_(cv::Error::StsOutOfRange, ("rows * cols is %d * %d = %zu dots, the most is %zu", int{config.rows},
+                                         int{config.cols}, count, kMostDots));
+  }
+  return count;
+}
 
 std::uint8_t pointClassOfIndex(std::int32_t index) {
   using morvenkit::kRing;

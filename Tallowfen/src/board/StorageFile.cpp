@@ -20,8 +20,7 @@ bool openStorage(cv::FileStorage& storage, const std::string& path, int mode, co
     storage = mode == cv::FileStorage::READ ? documents::openForReading(path) : documents::openForWriting(path);
     return storage.isOpened();
   } catch (const std::exception&) {
-    // Callers tell a document that cannot be parsed from other failures by the category, so the library's exception may
-    // not pass.
+    // Callers know a document that cannot be parsed by this error, so OpenCV's exception may not pass.
     throw std::system_error(make_error_code(morvenkit::DetectorErrc::kFileNotAccessible), operation);
   }
 }

@@ -8,8 +8,8 @@ namespace kestrune {
 /// Whether the path's extension is one that `cv::FileStorage` reads: json, xml, yml or yaml, in small letters.
 bool isStorageFile(const std::string& path);
 
-/// Opens the storage; false when it does not open. An exception of the library becomes `std::system_error` of the code
-/// "file not accessible" with the text `operation`.
+/// Opens the storage; false when it does not open. An exception of OpenCV becomes `std::system_error` of file not
+/// accessible with the text `operation`.
 bool openStorage(cv::FileStorage& storage, const std::string& path, int mode, const char* operation);
 
 }  // namespace kestrune

@@ -9,7 +9,7 @@ inline constexpr const char* kPatternsKey = "patterns";
 /// The list of ids of a big dot board.
 inline constexpr const char* kDetectionIdKey = "detection_id";
 
-/// Calls `visit(key, field)` for each key that tells the board's geometry, in the order in which they are saved.
+/// Calls `visit(key, field)` for each key of the board's geometry, in the order in which they are saved.
 template <typename Config, typename Visitor>
 void visitGeometryKeys(Config& config, const Visitor& visit) {
   visit("seed", config.seed);
@@ -25,8 +25,7 @@ void visitGeometryKeys(Config& config, const Visitor& visit) {
   visit("ratio_big_ring", config.ratio_big_ring);
 }
 
-/// The same for the keys that only a big dot board reads and whose absence means 0. The list of ids is
-/// left to the caller.
+/// The same for the keys that only a big dot board reads and that are 0 when absent, without the list of ids.
 template <typename Config, typename Visitor>
 void visitDetectionKeys(Config& config, const Visitor& visit) {
   visit("detection_switch", config.detection_switch);
@@ -45,7 +44,7 @@ void visitDetectionKeys(Config& config, const Visitor& visit) {
   visit("bin_blocksize", config.bin_blocksize);
 }
 
-/// The same for the keys of a big dot board that have a default of their own.
+/// The same for the keys that only a big dot board reads and that keep the field's value when absent.
 template <typename Config, typename Visitor>
 void visitLimitKeys(Config& config, const Visitor& visit) {
   visit("min_radius", config.min_radius);

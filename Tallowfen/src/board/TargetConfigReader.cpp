@@ -18,11 +18,10 @@ namespace {
 using morvenkit::DetectorErrc;
 
 constexpr const char* kOperation = "[RingTarget::loadConfig]";
-constexpr std::int32_t kDefaultBlocksize = 200;
 
 bool isRingBoard(std::int32_t board_type) { return board_type == 1 || board_type == 2; }
 
-/// What a field holds when its key is absent. Ring boards keep all of it but the geometry.
+/// What the fields hold when their keys are absent. Ring boards read their geometry only and keep the rest of this.
 RingTargetConfig absentKeys() {
   RingTargetConfig config;
   visitGeometryKeys(config, [](const char*, auto& field) { field = 0; });
@@ -117,8 +116,7 @@ RingTargetConfig readStorageConfig(const std::string& path) {
 
 std::string configText(const std::string& config) {
   std::ifstream stream = files::openInput(config, std::ios::in | std::ios::binary);
-  // A file of another ending is taken as the text itself and holds no line then; callers rely on the target staying at
-  // its defaults.
+  // Meant: the path of any other file is taken for the text itself. It holds no key, so the target keeps its defaults.
   if (!stream.is_open() || !config.ends_with("ini")) return config;
   return bounded::readText(stream);
 }

@@ -7,8 +7,8 @@
 
 namespace kestrune {
 
-/// Reads the first record of a document's "patterns". Throws `std::system_error`: not accessible, bad content, or bad
-/// configuration.
+/// Reads the first record of a document's "patterns". Throws `std::system_error` of file not accessible, bad content or
+/// bad configuration.
 RingTargetConfig readStorageConfig(const std::string& path);
 
 /// The text of a configuration that is no storage file: the content of a file whose name ends in "ini", otherwise the

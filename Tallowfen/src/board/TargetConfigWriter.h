@@ -6,8 +6,8 @@
 
 namespace kestrune {
 
-/// Writes the board's geometry as the only record of "patterns". The detection settings of a big dot board are not
-/// saved. Throws `std::system_error`: file type not supported, or not accessible.
+/// Writes the board's geometry as the only record of "patterns". Meant: the detection settings of a big dot board are
+/// not saved. Throws `std::system_error` of file type not supported or file not accessible.
 void writeStorageConfig(const std::string& path, const RingTargetConfig& config);
 
 }  // namespace kestrune

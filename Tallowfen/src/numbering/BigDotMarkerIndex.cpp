@@ -1,7 +1,7 @@
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/markers/OrderQuad.h"
 #include "Tallowfen/src/numbering/MarkerHomography.h"
 #include "Tallowfen/src/numbering/MarkerIndex.h"
-#include "Tallowfen/src/numbering/MarkerLayout.h"
 #include "Tallowfen/src/numbering/SeedNeighbours.h"
 
 namespace kestrune {

@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <ostream>
 
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/ellipses/AngleCosine.h"
 #include "Tallowfen/src/numbering/MarkerHomography.h"
 #include "Tallowfen/src/numbering/MarkerIndex.h"
-#include "Tallowfen/src/numbering/MarkerLayout.h"
 #include "Tallowfen/src/numbering/SeedNeighbours.h"
 #include "platform/Console.h"
 

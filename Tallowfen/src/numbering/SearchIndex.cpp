@@ -6,11 +6,11 @@
 #include <optional>
 #include <utility>
 
-#include "Tallowfen/src/board/BoardSize.h"
+#include "Tallowfen/src/board/BoardModel.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/markers/OrderQuad.h"
 #include "Tallowfen/src/numbering/MarkerHomography.h"
 #include "Tallowfen/src/numbering/MarkerIndex.h"
-#include "Tallowfen/src/numbering/MarkerLayout.h"
 
 namespace kestrune {
 

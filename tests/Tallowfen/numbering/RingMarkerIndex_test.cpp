@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "BoardView.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/numbering/GrowGrid.h"
 #include "Tallowfen/src/numbering/MarkerIndex.h"
-#include "Tallowfen/src/numbering/MarkerLayout.h"
 #include "support/ConsoleCapture.h"
 
 namespace {

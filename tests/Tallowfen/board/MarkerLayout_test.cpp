@@ -1,4 +1,4 @@
-#include "Tallowfen/src/numbering/MarkerLayout.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
 
 #include <gmock/gmock.h>
 

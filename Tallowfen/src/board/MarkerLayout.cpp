@@ -1,4 +1,4 @@
-#include "Tallowfen/src/numbering/MarkerLayout.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
 
 #include <array>
 
@@ -20,6 +20,8 @@ HalfRectangle spannedByRings(const RingTargetConfig& config, const MarkerSizes& 
 }
 
 cv::Point solidRing(const RingTargetConfig& config, const MarkerSizes& sizes, cv::Point centre, HalfRectangle half) {
+  // Halfway from the middle to the upper end of its rectangle's left side. With rings in the inner and the solid ring
+  // in the outer rectangle the quarter is taken at once: meant, it cuts differently.
   if (sizes.rings_small && sizes.solid_big) {
     return {centre.x - (config.outter_width - 1) / 2, centre.y - (config.outter_height - 1) / 4};
   }
@@ -37,11 +39,11 @@ std::vector<cv::Point2f> landMarks(const RingTargetConfig& config) {
 std::vector<cv::Point2f> MarkerLayout(const RingTargetConfig& config, const MarkerSizes& sizes, float scale) {
   const cv::Point centre((config.cols + 1) / 2 - 1, (config.rows + 1) / 2 - 1);
   const HalfRectangle half = spannedByRings(config, sizes);
-  const std::array<cv::Point, 5> cells = {solidRing(config, sizes, centre, half),
-                                          {centre.x - half.width, centre.y - half.height},
-                                          {centre.x + half.width, centre.y - half.height},
-                                          {centre.x + half.width, centre.y + half.height},
-                                          {centre.x - half.width, centre.y + half.height}};
+  const std::array<cv::Point, 1 + kRingCount> cells = {solidRing(config, sizes, centre, half),
+                                                       {centre.x - half.width, centre.y - half.height},
+                                                       {centre.x + half.width, centre.y - half.height},
+                                                       {centre.x + half.width, centre.y + half.height},
+                                                       {centre.x - half.width, centre.y + half.height}};
   std::vector<cv::Point2f> layout;
   layout.reserve(cells.size());
   for (const cv::Point& cell : cells) {
@@ -51,7 +53,7 @@ std::vector<cv::Point2f> MarkerLayout(const RingTargetConfig& config, const Mark
 }
 
 std::vector<cv::Point2f> BigDotLayout(const RingTargetConfig& config, int sx, int sy) {
-  if (config.land_mark_switch == 1) return landMarks(config);
+  if (config.land_mark_switch == kSwitchedOn) return landMarks(config);
   const int left = (config.cols - config.inner_width) / 2;
   const int right = (config.cols + config.inner_width) / 2 - 1;
   const int top = (config.rows - config.inner_height) / 2;
@@ -60,7 +62,7 @@ std::vector<cv::Point2f> BigDotLayout(const RingTargetConfig& config, int sx, in
     return cv::Point2f(static_cast<float>(column) * static_cast<float>(sx),
                        static_cast<float>(row) * static_cast<float>(sy));
   };
-  // The last dot stands one column in: without it the board would look the same when turned.
+  // The last dot stands one column in, as the board would look the same after half a turn otherwise.
   return {at(left, bottom), at(right, bottom), at(right, top), at(left + 1, top)};
 }
 
