@@ -11,9 +11,23 @@ namespace {
 
 using Points = std::vector<cv::Point2f>;
 
+// Pixels between neighbouring points; a wider gap is a part of the outline that was not found.
 constexpr double kWidestGap = 5.0;
+// Pixels: larger than any dot, and too small for one. Both axes must be beyond.
+constexpr float kTooLargeAxis = 320.0F;
+constexpr float kTooSmallAxis = 10.0F;
+// Width over height; flatter ones are dots seen nearly from the side, or none.
+constexpr double kLeastAxisRatio = 0.4;
+// Of 4 pi area / perimeter^2. The upper one is beyond any plane outline.
+constexpr float kLeastRoundness = 0.4F;
+constexpr float kGreatestRoundness = 1.05F;
+// Area over that of the convex hull; less has a dent.
+constexpr float kLeastConvexity = 0.85F;
+// Without a unit: the points are far from the ellipse as a whole.
+constexpr double kLargestResidual = 2.0;
+constexpr double kFourPi = 4 * CV_PI;
 
-// The way from the last point back to the first is not looked at.
+// Meant: the way from the last point back to the first is left out.
 bool hasGap(const Points& points) {
   for (std::size_t i = 1; i < points.size(); ++i) {
     if (cv::norm(points[i] - points[i - 1]) > kWidestGap) return true;
@@ -26,8 +40,10 @@ std::optional<double> dotRoundness(const Points& points) {
   const double area = cv::contourArea(points);
   const double perimeter = cv::arcLength(points, true);
   if (perimeter == 0) return std::nullopt;
-  const double roundness = area * 12.566370614359172 / (perimeter * perimeter);
-  if (!(roundness >= static_cast<double>(0.4F) && roundness <= static_cast<double>(1.05F))) return std::nullopt;
+  const double roundness = area * kFourPi / (perimeter * perimeter);
+  if (!(roundness >= static_cast<double>(kLeastRoundness) && roundness <= static_cast<double>(kGreatestRoundness))) {
+    return std::nullopt;
+  }
   return roundness;
 }
 
@@ -36,7 +52,7 @@ bool isConvex(const Points& points) {
   cv::convexHull(points, hull, false, true);
   const double hull_area = cv::contourArea(hull);
   if (hull_area == 0) return false;
-  return cv::contourArea(points) / hull_area >= static_cast<double>(0.85F);
+  return cv::contourArea(points) / hull_area >= static_cast<double>(kLeastConvexity);
 }
 
 Ellipse recordOf(const cv::RotatedRect& fit, double roundness, const Points& edge_points) {
@@ -60,10 +76,10 @@ bool isFinite(const cv::RotatedRect& fit) {
 }  // namespace
 
 bool hasDotSize(const cv::Size2f& size) {
-  if (size.width > 320 && size.height > 320) return false;
-  if (size.width < 10 && size.height < 10) return false;
+  if (size.width > kTooLargeAxis && size.height > kTooLargeAxis) return false;
+  if (size.width < kTooSmallAxis && size.height < kTooSmallAxis) return false;
   const float ratio = size.width / size.height;
-  return !(ratio < 0.4);
+  return !(ratio < kLeastAxisRatio);
 }
 
 double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse) {
@@ -88,12 +104,12 @@ std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points) {
 }
 
 std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points) {
-  // The limits below reject by what exceeds them, which numbers that are none never do.
+  // NaN would pass the limits below, as it exceeds none of them.
   if (!isFinite(fit)) return std::nullopt;
   if (hasGap(edge_points) || !hasDotSize(fit.size)) return std::nullopt;
   const std::optional<double> roundness = dotRoundness(edge_points);
   if (!roundness || !isConvex(edge_points)) return std::nullopt;
-  if (algebraicResidual(edge_points, fit) > 2.0) return std::nullopt;
+  if (algebraicResidual(edge_points, fit) > kLargestResidual) return std::nullopt;
   return recordOf(fit, *roundness, edge_points);
 }
 

@@ -8,21 +8,20 @@
 
 namespace kestrune {
 
-/// Size limits of a dot's fitted ellipse, pixels: not huge, not tiny, not flat. Only a height far above the width
-/// counts as flat: it is meant so.
+/// Whether a fitted ellipse has a dot's size, pixels: not huge, not tiny, not flat. Meant: flat is only a height of
+/// more than 2.5 times the width, not the other way round.
 bool hasDotSize(const cv::Size2f& size);
 
-/// Root mean square of the ellipse equation's error over the points, without a unit. The width is laid on the rotated y
-/// and the height on x: it is meant so.
+/// Root mean square error of the ellipse's equation over the points, without a unit. Meant: the width goes with the
+/// rotated y and the height with x.
 double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse);
 
-/// The ellipse through the edge points of one outline, pixels, in order around it (direct fit: Fitzgibbon, Pilu and
+/// The ellipse fitted to the edge points of one outline, pixels, in order around it (direct fit: Fitzgibbon, Pilu and
 /// Fisher 1999). Nothing when the points leave a gap or don't look like a dot. Needs five points at least.
 std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points);
 
 /// The record of an ellipse that was fitted to these edge points. Nothing when the two don't look like a dot, or when
-/// the fit is not finite. A residual that is not a number, as a fit without height can have, does not count against it:
-/// it is not above the limit.
+/// the fit is not finite. A residual of NaN, as a fit without height can have, passes: it is not above the limit.
 std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points);
 
 }  // namespace kestrune

@@ -6,21 +6,27 @@
 #include <utility>
 
 #include "Tallowfen/src/zernike/CircleFit.h"
+#include "Tallowfen/src/zernike/PolarityCheck.h"
 #include "Tallowfen/src/zernike/ZernikeEdgeRefine.h"
 
 namespace kestrune {
 
 namespace {
 
+// Pixels a side: wider than a dot, so that the mean is not the dot's own.
 constexpr int kMeanBlock = 37;
+// Pixels a side of the neighbourhoods that are searched for a step edge.
 constexpr int kZernikeSize = 7;
+// Pixels. Little enough to keep the steps of the edges.
+constexpr int kSmoothing = 7;
+constexpr double kSmoothingSigma = 0.65;
 
-// Grey and smoothed. A picture of its own: the caller's pixels stay.
+// In a picture of its own: the caller's pixels are not changed.
 cv::Mat smoothedGrey(const cv::Mat& image) {
   cv::Mat grey = image;
   if (image.channels() > 1) cv::cvtColor(image, grey, cv::COLOR_BGR2GRAY);
   cv::Mat smoothed;
-  cv::GaussianBlur(grey, smoothed, cv::Size(7, 7), 0.65, 0, cv::BORDER_DEFAULT);
+  cv::GaussianBlur(grey, smoothed, cv::Size(kSmoothing, kSmoothing), kSmoothingSigma, 0, cv::BORDER_DEFAULT);
   return smoothed;
 }
 
@@ -40,7 +46,7 @@ std::vector<Contour> dotContours(const cv::Mat& grey) {
 }  // namespace
 
 bool canBeDot(const Contour& contour, const cv::Vec4i& relatives) {
-  return relatives[3] == -1 && isDot(contour, kFittedDots);
+  return isTopLevel(relatives) && isDot(contour, kFittedDots);
 }
 
 void SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& ellipses) {

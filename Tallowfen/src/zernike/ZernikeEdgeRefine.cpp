@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 #include <utility>
 
 #include "Tallowfen/src/zernike/ZernikeMasks.h"
@@ -11,8 +12,12 @@ namespace kestrune {
 
 namespace {
 
+// Of a contour; with fewer there is no outline to speak of.
 constexpr std::size_t kFewestEdgePoints = 8;
+// Grey levels: a hundredth of half the range. Weaker steps are noise.
 constexpr double kWeakestStep = (255 - 128) * 0.01;
+// Of half the neighbourhood's width. A step farther off leaves too little of its other side within.
+constexpr double kFarthestStep = 1 / std::numbers::sqrt2;
 
 EdgeMoments momentsAround(const cv::Mat& image, const cv::Point& point, const ZernikeMasks& masks) {
   const int half = (masks.size - 1) / 2;
@@ -41,7 +46,8 @@ std::optional<cv::Point2d> edgePoint(const cv::Point& point, const EdgeMoments& 
   const double phi = std::atan2(moments.y, moments.x);
   const double across = std::cos(phi) * moments.x + std::sin(phi) * moments.y;
   const double distance = moments.radial / across;
-  if (!(std::abs(distance) < 1 / std::sqrt(2.0))) return std::nullopt;
+  if (!(std::abs(distance) < kFarthestStep)) return std::nullopt;
+  // The step's height: 3/2 of the turned moment over (1 - l^2)^(3/2), l the distance (Ghosal and Mehrotra 1993).
   const double step = std::abs(across * 1.5 / std::pow(1 - distance * distance, 1.5));
   if (!(step > kWeakestStep)) return std::nullopt;
   const double shift = size * 0.5 * distance;

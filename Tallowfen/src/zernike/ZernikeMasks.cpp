@@ -11,9 +11,15 @@ namespace {
 using Function = std::function<double(double, double)>;
 using Bound = std::function<double(double)>;
 
+// Points, depth and relative error (the root of a double's precision): exact to the last digits for these integrands.
+constexpr unsigned kQuadraturePoints = 127;
+constexpr unsigned kQuadratureDepth = 15;
+constexpr double kQuadratureError = 1.4901161193847656e-08;
+
 template <typename F>
 double integrate(const F& f, double from, double to) {
-  return boost::math::quadrature::gauss_kronrod<double, 127>::integrate(f, from, to, 15, 1.4901161193847656e-08);
+  using Quadrature = boost::math::quadrature::gauss_kronrod<double, kQuadraturePoints>;
+  return Quadrature::integrate(f, from, to, kQuadratureDepth, kQuadratureError);
 }
 
 double circleAt(double coordinate) { return std::sqrt(1 - coordinate * coordinate); }

@@ -12,7 +12,7 @@ using ZernikeMask = std::vector<double>;
 /// (Ghosal and Mehrotra 1993).
 struct ZernikeMasks {
   int size = 0;      ///< N, cells a side.
-  ZernikeMask M_00;  ///< 1. Not read by the edge refinement.
+  ZernikeMask M_00;  ///< 1. Not read: kept as one of the four.
   ZernikeMask M_x;   ///< x, growing with the columns.
   ZernikeMask M_y;   ///< -y, growing with the rows.
   ZernikeMask M_20;  ///< 2 x^2 + 2 y^2 - 1.
@@ -22,8 +22,8 @@ struct ZernikeMasks {
 /// their own outer side; the others are taken whole, also where they pass the circle; the four corners are 0.
 ZernikeMask BuildZernikeMask(const std::function<double(double, double)>& f, int size);
 
-/// The masks of a size, built at first use and kept for the process; another size replaces them. The first use may be
-/// concurrent, a change of size may not.
+/// The masks of a size, built at first use and kept for the process; another size replaces them. Threads may share the
+/// first use, but not a change of size.
 const ZernikeMasks& zernikeMasks(int size);
 
 }  // namespace kestrune

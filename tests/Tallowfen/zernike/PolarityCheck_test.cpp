@@ -11,7 +11,6 @@
 
 namespace {
 
-using kestrune::circularityOf;
 using kestrune::Contour;
 using kestrune::findContoursByLocalMean;
 using kestrune::PolarityCheck;
@@ -127,11 +126,6 @@ TEST(PolarityCheck, EmptyPictureIsInverted) {
   EXPECT_EQ(check.printed, "*****inner_counter:0\n");
   EXPECT_TRUE(check.inverted);
   EXPECT_TRUE(check.contours.empty());
-}
-
-TEST(Circularity, ByHand) {
-  EXPECT_NEAR(circularityOf({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), CV_PI / 4, 1e-12);
-  EXPECT_EQ(circularityOf({{5, 5}}), 0);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "Tallowfen/src/zernike/DotLimits.h"
+#include "Tallowfen/src/zernike/DotContour.h"
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,7 @@
 
 namespace {
 
+using kestrune::circularityOf;
 using kestrune::DotLimits;
 using kestrune::kCountedDots;
 using kestrune::kFittedDots;
@@ -39,5 +40,10 @@ INSTANTIATE_TEST_SUITE_P(Limits, DotRange,
                          testing::Values(LimitsCase{"Counted", kCountedDots, 60, 0.6000000238418579},
                                          LimitsCase{"Fitted", kFittedDots, 30, 0.30000001192092896}),
                          [](const auto& entry) { return entry.param.name; });
+
+TEST(Circularity, ByHand) {
+  EXPECT_NEAR(circularityOf({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), CV_PI / 4, 1e-12);
+  EXPECT_EQ(circularityOf({{5, 5}}), 0);
+}
 
 }  // namespace
