@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The whole part; what an integer cannot hold becomes the nearest that it can, what is no number becomes 0.
+/// The whole part; what an integer cannot hold becomes the nearest that it can, NaN becomes 0.
 std::int32_t wholePart(double value) {
   constexpr double kLowest = std::numeric_limits<std::int32_t>::min();
   constexpr double kHighest = std::numeric_limits<std::int32_t>::max();

@@ -28,7 +28,7 @@ cv::Point3f centroidOf(const std::vector<cv::Point3f>& points) {
 Eigen::Vector3d widened(const cv::Point3f& point) { return {point.x, point.y, point.z}; }
 
 /// The determinant is not looked at: points that are mirrored against each other give a reflection, which is meant.
-/// Points that are no numbers give no rotation: the decomposition would leave its matrices unset.
+/// With a NaN among the points there is no rotation: the decomposition would leave its matrices unset.
 Eigen::Matrix3d rotationOf(const Eigen::Matrix3d& covariance) {
   if (!covariance.allFinite()) return Eigen::Matrix3d::Constant(std::numeric_limits<double>::quiet_NaN());
   const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);

@@ -11,6 +11,6 @@ struct RigidMotion {
 
 /// The proper rotation and the translation that bring `source` closest to `target` in the least-squares sense, points
 /// of equal index belonging together (Kabsch 1976, with the correction of reflections). All in doubles. Precondition:
-/// at least one point. `std::out_of_range` when `target` is shorter; coordinates that are no numbers give a motion of
-/// no numbers.
+/// at least one point. `std::out_of_range` when `target` is shorter; NaN coordinates give a motion of
+/// NaN.
 RigidMotion FitRigidOntoBoard(const std::vector<Eigen::Vector3d>& source, const std::vector<Eigen::Vector3d>& target);

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr const char* kOn = "1";
-
 cv::Mat redOf(const cv::Mat& canvas) {
   cv::Mat red;
   cv::inRange(canvas, cv::Scalar(0, 0, 255), cv::Scalar(0, 0, 255), red);
@@ -33,7 +31,7 @@ TEST(CompensatedRuns, MarksStandAtTheDetectedCentres) {
     return run.records.at(0);
   };
   const PolarResultRecord plain = canvasWith("0");
-  const PolarResultRecord compensated = canvasWith(kOn);
+  const PolarResultRecord compensated = canvasWith("1");
   const auto markedOf = [](const PolarResultRecord& record) { return record.pairPoints.at(62); };
   ASSERT_GT(std::abs(markedOf(compensated).left_x - markedOf(plain).left_x), 10.0F);
 
@@ -55,7 +53,7 @@ class RectifiedBy : public ::testing::TestWithParam<Opening> {};
 
 TEST_P(RectifiedBy, SwitchesTheCompensationOffForTheRestOfTheRun) {
   MemoryRun two(MemoryRun::twoPairs());
-  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", kOn},
+  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"},
                                                     {"triangulate_dis_switch", "0"},
                                                     {"dy_bias_switch", GetParam().rows},
                                                     {"foursixmethod_swithch", GetParam().cloud}}));
@@ -63,7 +61,6 @@ TEST_P(RectifiedBy, SwitchesTheCompensationOffForTheRestOfTheRun) {
   // Both images of the first triangulation, and then never again: neither rectified, nor in the board check, nor in
   // the second pair.
   EXPECT_EQ(console_lines::textsBehind("use eccentricity!", run.out).size(), 2U);
-  EXPECT_EQ(run.out.rfind("use eccentricity!"), run.out.find("ir_right_rx: ") - sizeof("use eccentricity!"));
   EXPECT_LT(run.out.rfind("use eccentricity!"), run.out.find(" Virtual camera cx: "));
   EXPECT_EQ(run.records[1].PoseReport, run.records[0].PoseReport);
 }
@@ -75,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(Evaluations, RectifiedBy,
 
 TEST(CompensatedRuns, EachFrameReportsThePosesOfItsBoard) {
   MemoryRun two(MemoryRun::twoFrames());
-  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", kOn}}));
+  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"}}));
   ASSERT_EQ(run.records.size(), 2U);
   const scene::Scene& scene = two.set.scene();
   for (std::size_t frame = 0; frame < 2; ++frame) {
@@ -92,7 +89,7 @@ TEST(CompensatedRuns, EachFrameReportsThePosesOfItsBoard) {
 TEST(CompensatedRuns, FrameWithoutABoardKeepsTheReportOfTheOneBefore) {
   MemoryRun two(MemoryRun::twoFrames());
   two.blank(0, 1);
-  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", kOn}}));
+  const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"}}));
   ASSERT_EQ(run.records.size(), 2U);
   EXPECT_NE(run.records[0].PoseReport[3], 0.0);
   EXPECT_EQ(run.records[1].PoseReport, run.records[0].PoseReport);

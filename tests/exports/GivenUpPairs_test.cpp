@@ -20,12 +20,12 @@ struct FailingPair : ::testing::Test {
   MemoryRun two{MemoryRun::twoPairs()};
   std::string polar = two.set.polarText();
 
-  void set(const std::string& key, const std::string& value) { polar += "\n" + key + ": " + value; }
+  void configure(const std::string& key, const std::string& value) { polar += "\n" + key + ": " + value; }
   /// The four points of the cloud or of the triangulation begin with the dot that the first pair lacks.
   void chooseTheCorner(const std::string& points) {
     two.hide(0, 0, kCorner);
-    set(points + "1_ID", std::to_string(kCorner));
-    set(points + "1_GT", "[160,120,0]");
+    configure(points + "1_ID", std::to_string(kCorner));
+    configure(points + "1_GT", "[160,120,0]");
   }
   /// The first pair leaves no record, row or report; the second is as ever and counts as the second.
   void firstIsGivenUp(const RunOutcome& run) const {
@@ -40,7 +40,7 @@ struct FailingPair : ::testing::Test {
 
 TEST_F(FailingPair, OfAFailedTriangulationNeitherPicturesNorRowsAreThere) {
   chooseTheCorner("TriPoint");
-  set("discalsave", "0");
+  configure("discalsave", "0");
   const RunOutcome run = two.run(polar);
   firstIsGivenUp(run);
   const auto files = contentsOf(two.folder.path());
@@ -65,14 +65,14 @@ class LaterFailure : public FailingPair, public ::testing::WithParamInterface<La
 
 TEST_P(LaterFailure, GivesThePairUpWhateverTheSaveSwitchSays) {
   two.stop_at = 0.001F;
-  two.run(polar);
+  two.run(polar);  // Leaves a text that a failure would replace.
   ASSERT_EQ(errorText(), "Callback Terminated");
   two.stop_at = 1e9F;
   two.reported.clear();
 
   const auto& [failing, save] = GetParam();
-  set("discalsave", save);
-  for (const char* key : failing.switched_off) set(key, "0");
+  configure("discalsave", save);
+  for (const char* key : failing.switched_off) configure(key, "0");
   if (failing.lacks_one == nullptr) {
     two.blank(0, 0);
   } else {
