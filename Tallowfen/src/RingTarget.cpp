@@ -5,25 +5,29 @@
 #include <ostream>
 #include <utility>
 
-#include "Tallowfen/src/Assertion.h"
 #include "Tallowfen/src/TargetDrawing.h"
 #include "Tallowfen/src/board/BoardModel.h"
 #include "Tallowfen/src/board/StorageFile.h"
 #include "Tallowfen/src/board/TargetConfigReader.h"
 #include "Tallowfen/src/board/TargetConfigWriter.h"
 #include "Tallowfen/src/ellipses/WorkingScale.h"
-#include "Tallowfen/src/markers/MarkerContext.h"
 #include "Tallowfen/src/markers/SplitBigDotsMidResolution.h"
 #include "Tallowfen/src/numbering/NumberBoard.h"
-#include "Tallowfen/src/numbering/PointFilters.h"
+#include "Tallowfen/src/numbering/NumberedPoints.h"
 #include "Tallowfen/src/zernike/SubPixelCircleDetector.h"
 #include "platform/Console.h"
 
 namespace kestrune {
 namespace {
 
+// Ground truth of fewer points is no board's.
 constexpr std::size_t kFewestBoardPoints = 6;
-constexpr std::size_t kRegionValues = 4;
+
+/// Throws `cv::Exception` of code -215 with this text, in the name of the operation that the caller asked for, unless
+/// the condition holds.
+void assertThat(bool holds, const char* text, const char* operation) {
+  if (!holds) cv::error(cv::Error::StsAssert, text, operation, __FILE__, __LINE__);
+}
 
 void checkMask(const cv::Mat& mask, const cv::Mat& image, const char* operation) {
   if (mask.empty()) return;
@@ -61,15 +65,16 @@ bool RingTarget::saveConfig(const std::string& path) {
 }
 
 void RingTarget::buildBoardModel(const std::vector<RingTargetConfig>& patterns) {
-  // Without a pattern the board is that of the defaults, whatever was configured before.
+  // Meant: without a pattern the board is that of the defaults, whatever was configured before.
   const RingTargetConfig config = patterns.empty() ? RingTargetConfig() : patterns.front();
-  board_model_ = makeBoardModel(config, board_points_3d_);  // A board that is refused leaves the target as it was.
+  board_model_ =
+      makeBoardModel(config, board_points_3d_);  // First, so that a board that is refused leaves the target as it was.
   config_ = config;
   patterns_ = patterns;
   board_point_ids_.clear();
   for (const morvenkit::BoardPoint& point : board_model_) board_point_ids_.push_back(point.id);
   centre_index_ = centreIndexOf(config_);
-  // A detector of its own defaults: only a big dot board hands it the configured limits, and at each detection.
+  // With its own defaults: only a big dot board hands it the configured limits, at each detection.
   detector_ = std::make_unique<morvenkit::EllipseDetector<double>>();
 }
 
@@ -117,7 +122,7 @@ void RingTarget::handLimitsToDetector() {
   params.area_mode = true;
 }
 
-/// In the middle resolutions another detector works, which makes no two-valued image: the last one stays.
+/// In the middle resolutions another detector works, which makes no two-valued image. Meant: the last one stays.
 RingTarget::Ellipses RingTarget::findMarkedEllipses(const cv::Mat& image, const cv::Mat& mask) {
   Ellipses ellipses;
   const WorkingScale scale = workingScaleOf(image.size());

@@ -9,9 +9,9 @@
 #include "MorvenKit/CalibTarget.h"
 #include "MorvenKit/Ellipse.h"
 #include "MorvenKit/EllipseDetector.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/board/RingTargetConfig.h"
 #include "Tallowfen/src/ellipses/Ellipses.h"
-#include "Tallowfen/src/markers/MarkerContext.h"
 
 namespace kestrune {
 
@@ -30,21 +30,23 @@ class RingTarget : public morvenkit::CalibTarget {
   bool detectframework(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) override;
   void draw(const cv::Mat& src, cv::Mat& dst, double scale) override;
   void noOperation() override {}
-  /// Each detection makes an image of its own, so that one given out before never changes, also as the next input.
+  /// Each detection makes an image of its own: one that was given out never changes, also as the next input.
   cv::Mat getBinaryImage() const override { return binary_image_; }
 
+  // Of these only `centreIndex` is read by the runs; the others are kept for other users of a target.
   const RingTargetConfig& config() const { return config_; }
+  /// The record that was configured; none where the board is that of the defaults.
   const std::vector<RingTargetConfig>& patterns() const { return patterns_; }
   /// Id of the dot in the board's middle.
   std::int32_t centreIndex() const { return centre_index_; }
   const Ellipses& identifiedEllipses() const { return identified_ellipses_; }
   const Ellipses& unidentifiedEllipses() const { return unidentified_ellipses_; }
-  /// Which markers the last detection that recognised any found.
+  /// Of the last detection that recognised the markers.
   const MarkerSizes& markerSizes() const { return marker_sizes_; }
 
  private:
   void buildBoardModel(const std::vector<RingTargetConfig>& patterns);
-  /// What both detections begin with; false when the image or the target is not fit for one.
+  /// What both detections begin with; false when the image or the target cannot be used.
   bool startDetection(const cv::Mat& image, const cv::Mat& mask, const char* operation, Points& points,
                       Points& unidentified);
   void handLimitsToDetector();

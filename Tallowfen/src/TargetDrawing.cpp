@@ -5,8 +5,6 @@
 #include <opencv2/imgproc.hpp>
 #include <string>
 
-#include "Tallowfen/src/Assertion.h"
-
 namespace kestrune {
 namespace {
 
@@ -18,7 +16,21 @@ const std::array<cv::Scalar, 6>& colours() {
   return kColours;
 }
 
+// The places in the table of colours; those of ids are its complement.
+constexpr std::size_t kRed = 0;
+constexpr std::size_t kCyan = 4;
+constexpr std::size_t kYellow = 5;
+
+// Meant: what is numbered in a higher layer is not drawn.
 constexpr std::int32_t kHighestLayer = 6;
+
+// Pixels.
+constexpr int kLineWidth = 2;
+constexpr int kDotRadius = 2;
+constexpr float kIdLeftOfCentre = 5.0F;
+// Of the ellipse's width: size and thickness of its id.
+constexpr double kIdSize = 0.015;
+constexpr double kIdThickness = 0.03;
 
 cv::RotatedRect scaledBox(const Ellipse& ellipse, double scale) {
   const cv::Point2f centre(static_cast<float>((ellipse.x + 0.5) * scale + 0.5),
@@ -29,37 +41,40 @@ cv::RotatedRect scaledBox(const Ellipse& ellipse, double scale) {
 }
 
 void drawOutline(cv::Mat& dst, const cv::RotatedRect& box, const cv::Scalar& colour) {
-  cv::ellipse(dst, box, colour, 2, cv::LINE_8);
+  cv::ellipse(dst, box, colour, kLineWidth, cv::LINE_8);
 }
 
 void drawId(cv::Mat& dst, const cv::RotatedRect& box, std::int32_t id) {
-  const cv::Point position(cvRound(box.center.x - 5.0F), cvRound(box.center.y));
-  const cv::Scalar colour = cv::Scalar::all(255) - colours()[5];
+  const cv::Point position(cvRound(box.center.x - kIdLeftOfCentre), cvRound(box.center.y));
+  const cv::Scalar colour = cv::Scalar::all(255) - colours()[kYellow];
   const double width = box.size.width;
-  cv::putText(dst, std::to_string(id & 0xffff), position, cv::FONT_HERSHEY_SIMPLEX, width * 0.015, colour,
-              static_cast<int>(width * 0.03), cv::LINE_8, false);
+  cv::putText(dst, std::to_string(boardIndexOf(id)), position, cv::FONT_HERSHEY_SIMPLEX, width * kIdSize, colour,
+              static_cast<int>(width * kIdThickness), cv::LINE_8, false);
 }
 
 void drawIdentified(cv::Mat& dst, const Ellipse& ellipse, double scale) {
-  if ((ellipse.id >> 16 & 0xff) > kHighestLayer) return;
+  if (layerOf(ellipse.id) > kHighestLayer) return;
   const cv::RotatedRect box = scaledBox(ellipse, scale);
-  drawOutline(dst, box, colours()[0]);
+  drawOutline(dst, box, colours()[kRed]);
   drawId(dst, box, ellipse.id);
 }
 
 void drawUnidentified(cv::Mat& dst, const Ellipse& ellipse, double scale) {
   const cv::RotatedRect box = scaledBox(ellipse, scale);
-  drawOutline(dst, box, colours()[4]);
+  drawOutline(dst, box, colours()[kCyan]);
   const cv::Point centre(cvRound(box.center.x), cvRound(box.center.y));
-  cv::circle(dst, centre, 2, colours()[4], cv::FILLED, cv::LINE_8, 0);
+  cv::circle(dst, centre, kDotRadius, colours()[kCyan], cv::FILLED, cv::LINE_8, 0);
 }
 
 }  // namespace
 
 void drawTarget(const cv::Mat& src, cv::Mat& dst, double scale, const std::vector<Ellipse>& identified,
                 const std::vector<Ellipse>& unidentified) {
-  assertThat(src.type() == CV_8UC1 || src.type() == CV_8UC3, "src.type() == CV_8UC1 || src.type() == CV_8UC3",
-             "kestrune::RingTarget::draw");
+  // Not `CV_Assert`, which would name this function: callers know the operation of the target.
+  if (src.type() != CV_8UC1 && src.type() != CV_8UC3) {
+    cv::error(cv::Error::StsAssert, "src.type() == CV_8UC1 || src.type() == CV_8UC3", "kestrune::RingTarget::draw",
+              __FILE__, __LINE__);
+  }
   if (src.type() == CV_8UC1) {
     cv::cvtColor(src, dst, cv::COLOR_GRAY2BGR);
   } else {

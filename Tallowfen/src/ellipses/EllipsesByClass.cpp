@@ -3,7 +3,7 @@
 namespace kestrune {
 namespace {
 
-/// Whether a coordinate, cut to an integer, lies in [0, size). False for what is not a number.
+/// Whether a coordinate, cut to an integer, lies in [0, size). False for NaN.
 bool cutsInto(double coordinate, int size) { return coordinate > -1.0 && coordinate < size; }
 
 bool isMaskedOut(const Ellipse& ellipse, const cv::Mat& mask) {

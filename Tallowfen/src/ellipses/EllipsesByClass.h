@@ -7,7 +7,7 @@
 
 namespace kestrune {
 
-/// The ellipses of an image apart by class, each list in the detector's order.
+/// The ellipses of an image, a list for each class, in the detector's order.
 struct EllipsesByClass {
   std::vector<Ellipse> dots;
   std::vector<Ellipse> rings;
@@ -16,8 +16,8 @@ struct EllipsesByClass {
   std::vector<Ellipse> unknowns;
 };
 
-/// Takes the ellipses apart. Dropped are those whose centre lies where the mask is 0 or outside it, and those of any
-/// other class. An empty mask drops nothing. Pixels of the image.
+/// Puts each ellipse into the list of its class. Left out are those of any other class, and those whose centre, in
+/// pixels of the image, is on a 0 of the mask or outside it. An empty mask leaves out none.
 EllipsesByClass sortByClass(const std::vector<Ellipse>& ellipses, const cv::Mat& mask);
 
 }  // namespace kestrune

@@ -6,14 +6,23 @@
 namespace kestrune {
 namespace {
 
-/// No configuration gives this type, as its readers refuse it; the rule counts it among the boards without rings.
+// Pixels at 640 columns; at other widths in proportion.
+constexpr double kSpeckSize = 2.0;
+constexpr double kSpeckWidth = 640.0;
+// Of a ring board's markers, in their semi-axes.
+constexpr double kReachOnRingBoards = 5.0;
+// Of the other boards' markers, in pitches of 1 / `ratio_solid` radii of a dot; the marker is taken for a dot.
+constexpr float kReachOnOtherBoards = 2.0F;
+
+// No reader of configurations lets this type pass. Here it counts among the boards without rings: meant.
 constexpr std::int32_t kUnreadBoard = 4;
 
 }  // namespace
 
 NearbyDots nearbyDotsOf(const RingTargetConfig& config, int image_width) {
   const bool by_ratio = config.board_type == kBigDotBoard || config.board_type == kUnreadBoard;
-  return {by_ratio ? static_cast<double>(2.0F / config.ratio_solid) : 5.0, 2.0 * image_width / 640.0};
+  return {by_ratio ? static_cast<double>(kReachOnOtherBoards / config.ratio_solid) : kReachOnRingBoards,
+          kSpeckSize * image_width / kSpeckWidth};
 }
 
 double MeanSemiAxisNear(const NearbyDots& nearby, const std::vector<Ellipse>& list, const Ellipse& ellipse) {

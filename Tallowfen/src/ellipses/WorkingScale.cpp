@@ -4,10 +4,20 @@
 
 namespace kestrune {
 
+namespace {
+
+// Columns. Small images are enlarged, as the dots' outlines need enough pixels for a fit; large ones have more than
+// enough and are halved.
+constexpr int kWidestOfFourfold = 320;
+constexpr int kWidestOfTwofold = 640;
+constexpr int kNarrowestOfHalved = 2048;
+
+}  // namespace
+
 WorkingScale workingScaleOf(cv::Size image_size) {
-  if (image_size.width <= 320) return {{4 * image_size.width, 4 * image_size.height}, 0.25, true};
-  if (image_size.width <= 640) return {{2 * image_size.width, 2 * image_size.height}, 0.5, true};
-  if (image_size.width < 2048) return {image_size, 1.0, false};
+  if (image_size.width <= kWidestOfFourfold) return {{4 * image_size.width, 4 * image_size.height}, 0.25, true};
+  if (image_size.width <= kWidestOfTwofold) return {{2 * image_size.width, 2 * image_size.height}, 0.5, true};
+  if (image_size.width < kNarrowestOfHalved) return {image_size, 1.0, false};
   return {{static_cast<int>(image_size.width * 0.5), static_cast<int>(image_size.height * 0.5)}, 2.0, true};
 }
 

@@ -20,8 +20,7 @@ WorkingScale workingScaleOf(cv::Size image_size);
 /// The image at its working scale, bilinear; the image itself when it stays.
 cv::Mat workingImage(const cv::Mat& image, const WorkingScale& scale);
 
-/// Takes centres and semi-axes from working pixels to image pixels. The edge points stay in working pixels: readers of
-/// the picture rely on it.
+/// Takes centres and semi-axes from working pixels to image pixels. Meant: the edge points stay in working pixels.
 void mapToImage(const WorkingScale& scale, std::vector<Ellipse>& ellipses);
 
 }  // namespace kestrune

@@ -5,21 +5,24 @@
 #include <cstddef>
 #include <optional>
 
-#include "Tallowfen/src/ellipses/AngleCosine.h"
+#include "Tallowfen/src/ellipses/Centres.h"
 
 namespace kestrune {
 
 namespace {
 
-// Above this the angle counts as clearly slanted.
+// Corners of about 70 to 110 degrees are below; the board's right angles are within them unless the view is very
+// slanted.
 constexpr double kSlantedCosine = 0.35;
+constexpr std::size_t kCorners = 4;
 
 using Points = std::vector<cv::Point2f>;
 
 cv::Point2f meanOf(const Points& points) {
   cv::Point2f sum(0.0F, 0.0F);
   for (const cv::Point2f& point : points) sum += point;
-  return {sum.x / 4.0F, sum.y / 4.0F};
+  constexpr auto kCount = static_cast<float>(kCorners);
+  return {sum.x / kCount, sum.y / kCount};
 }
 
 std::size_t farthestFrom(const cv::Point2f& centre, const Points& points) {
@@ -54,7 +57,7 @@ std::optional<std::size_t> oppositeOf(std::size_t start, const cv::Point2f& cent
 std::array<std::size_t, 2> othersThan(std::size_t a, std::size_t b) {
   std::array<std::size_t, 2> others{};
   std::size_t count = 0;
-  for (std::size_t i = 0; i < 4; ++i) {
+  for (std::size_t i = 0; i < kCorners; ++i) {
     if (i != a && i != b) others[count++] = i;
   }
   return others;
@@ -63,7 +66,7 @@ std::array<std::size_t, 2> othersThan(std::size_t a, std::size_t b) {
 }  // namespace
 
 bool OrderQuad(const std::vector<cv::Point2f>& points, std::vector<cv::Point2f>& ordered) {
-  if (points.size() != 4) return false;
+  if (points.size() != kCorners) return false;
   const cv::Point2f centre = meanOf(points);
   const std::size_t start = farthestFrom(centre, points);
   const std::optional<std::size_t> opposite = oppositeOf(start, centre, points);

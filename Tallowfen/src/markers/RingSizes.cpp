@@ -7,9 +7,9 @@ void sortBySize(const NearbyDots& nearby, const std::vector<Ellipse>& markers, s
                 std::vector<Ellipse>& bigs, std::vector<Ellipse>& smalls) {
   for (const Ellipse& marker : markers) {
     const double ratio = marker.semi_a / MeanSemiAxisNear(nearby, dots, marker);
-    if (ratio > 2.0) {
+    if (ratio > kBigMarkerSize) {
       bigs.push_back(marker);
-    } else if (ratio > 1.0 && ratio < 2.0) {
+    } else if (ratio > kSmallMarkerSize && ratio < kBigMarkerSize) {
       smalls.push_back(marker);
     } else {
       dots.push_back(marker);

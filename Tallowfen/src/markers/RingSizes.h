@@ -8,16 +8,20 @@
 
 namespace kestrune {
 
-/// Ring-like ellipses apart by their size against the dots around them.
+/// Semi-axes of the markers over those of the dots near them: small ones between these two, big ones above the second.
+inline constexpr double kSmallMarkerSize = 1.0;
+inline constexpr double kBigMarkerSize = 2.0;
+
+/// The rings and solid rings, a list for each size.
 struct RingSizes {
-  std::vector<Ellipse> big_rings;    ///< More than twice a dot.
-  std::vector<Ellipse> small_rings;  ///< Between one and two dots.
-  std::vector<Ellipse> big_solids;   ///< Solid rings likewise.
+  std::vector<Ellipse> big_rings;
+  std::vector<Ellipse> small_rings;
+  std::vector<Ellipse> big_solids;
   std::vector<Ellipse> small_solids;
 };
 
-/// Compares every ring and then every solid ring with the dots. One that is of neither size (ratio 2 exactly, 1 and
-/// below, or no dots near) joins the dots at once and counts as one for those behind it.
+/// Compares each ring and then each solid ring with the dots near it. One of neither size (a ratio of 2 exactly, of 1
+/// or less, or no dots near) joins the dots at once and counts as one for those behind it.
 RingSizes sortRingsBySize(const NearbyDots& nearby, EllipsesByClass& lists);
 
 }  // namespace kestrune

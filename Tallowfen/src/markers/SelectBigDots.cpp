@@ -5,22 +5,24 @@
 #include <cstddef>
 #include <ostream>
 
-#include "Tallowfen/src/ellipses/LargestFirst.h"
+#include "Tallowfen/src/ellipses/Ellipses.h"
 #include "platform/Console.h"
 
 namespace kestrune {
 namespace {
 
-constexpr std::size_t kBigDots = 4;
-constexpr std::size_t kLooks = 8;
+// Some of the largest may be no dots at all; so many are tried.
+constexpr std::size_t kLargestTried = 8;
+// Big dots differ by a seventh of their mean at the most.
+constexpr float kToleranceDivisor = 7.0F;
 
-/// Positions among the eight largest whose size is within a seventh of the four largest's mean, four at most.
+/// Positions of those that are of one size: of the eight largest the first four near the mean of the four largest.
 std::vector<std::size_t> candidatesAmong(const std::vector<Ellipse>& sorted) {
   const double sum = sorted[0].semi_a + sorted[1].semi_a + sorted[2].semi_a + sorted[3].semi_a;
-  const auto mean = static_cast<float>(sum / static_cast<double>(kBigDots));
-  const float tolerance = mean / 7.0F;
+  const auto mean = static_cast<float>(sum / static_cast<double>(kBigDotCount));
+  const float tolerance = mean / kToleranceDivisor;
   std::vector<std::size_t> candidates;
-  for (std::size_t i = 0; i < std::min(kLooks, sorted.size()) && candidates.size() < kBigDots; ++i) {
+  for (std::size_t i = 0; i < std::min(kLargestTried, sorted.size()) && candidates.size() < kBigDotCount; ++i) {
     if (std::abs(sorted[i].semi_a - mean) <= tolerance) candidates.push_back(i);
   }
   return candidates;
@@ -33,9 +35,9 @@ bool SelectBigDots(std::vector<Ellipse>& dots, std::vector<Ellipse>& bigs, Marke
   std::vector<Ellipse> sorted = dots;
   sorted.insert(sorted.end(), bigs.begin(), bigs.end());
   sortLargestFirst(sorted);
-  if (sorted.size() < kBigDots) return false;
+  if (sorted.size() < kBigDotCount) return false;
   const std::vector<std::size_t> candidates = candidatesAmong(sorted);
-  if (candidates.size() < kBigDots) {
+  if (candidates.size() < kBigDotCount) {
     console::err() << "Not enough big_black_dots\n";
     return false;
   }

@@ -5,15 +5,20 @@
 #include <opencv2/core.hpp>
 #include <utility>
 
-#include "Tallowfen/src/ellipses/LargestFirst.h"
+#include "Tallowfen/src/board/MarkerLayout.h"
+#include "Tallowfen/src/ellipses/Centres.h"
 #include "Tallowfen/src/markers/OrderQuad.h"
 
 namespace kestrune {
 namespace {
 
-constexpr std::size_t kCorners = 4;
-constexpr std::size_t kLargest = 10;
-// 0.83 as it stands in single precision.
+// Some of the largest may be no dots at all; so many are tried, 210 subsets.
+constexpr std::size_t kLargestTried = 10;
+// The quad's two diagonals, in semi-axes of the largest ellipse. Meant: four that are farther apart are never taken for
+// big dots in these pictures, whatever rectangle is configured.
+constexpr double kLongestDiagonal = 16.0;
+constexpr double kLongestOtherDiagonal = 14.0;
+// Of a plain dot, by 4 pi area / perimeter^2: rounder than what else the detector accepts. A single-precision figure.
 constexpr double kLeastRoundness = 0.8299999833106995;
 
 using Indices = std::vector<std::size_t>;
@@ -33,20 +38,18 @@ std::vector<double> sortedDistances(const std::vector<Ellipse>& ellipses, const 
 
 bool isQuad(const std::vector<Ellipse>& ellipses, const Indices& subset) {
   std::vector<cv::Point2f> centres;
-  for (const std::size_t index : subset) {
-    centres.emplace_back(static_cast<float>(ellipses[index].x), static_cast<float>(ellipses[index].y));
-  }
+  for (const std::size_t index : subset) centres.push_back(centreOf(ellipses[index]));
   std::vector<cv::Point2f> ordered;
   if (!OrderQuad(centres, ordered)) return false;
-  const std::vector<double> distances = sortedDistances(ellipses, subset);
+  const std::vector<double> distances = sortedDistances(ellipses, subset);  // Six; the diagonals come last.
   const double largest = ellipses.front().semi_a;
-  return !(distances[5] > 16.0 * largest) && !(distances[4] > 14.0 * largest);
+  return !(distances[5] > kLongestDiagonal * largest) && !(distances[4] > kLongestOtherDiagonal * largest);
 }
 
 /// Depth first over the ascending subsets of the largest ellipses; the first that is a quad stays in `subset`.
 bool FindBigDotQuad(const std::vector<Ellipse>& ellipses, std::size_t start, Indices& subset) {
-  if (subset.size() == kCorners) return isQuad(ellipses, subset);
-  for (std::size_t i = start; i < std::min(kLargest, ellipses.size()); ++i) {
+  if (subset.size() == kBigDotCount) return isQuad(ellipses, subset);
+  for (std::size_t i = start; i < std::min(kLargestTried, ellipses.size()); ++i) {
     subset.push_back(i);
     if (FindBigDotQuad(ellipses, i + 1, subset)) return true;
     subset.pop_back();
@@ -57,7 +60,7 @@ bool FindBigDotQuad(const std::vector<Ellipse>& ellipses, std::size_t start, Ind
 }  // namespace
 
 void SplitBigDotsMidResolution(std::vector<Ellipse>& ellipses) {
-  if (ellipses.size() < kCorners) return;
+  if (ellipses.size() < kBigDotCount) return;
   sortLargestFirst(ellipses);
   Indices subset;
   if (!FindBigDotQuad(ellipses, 0, subset)) return;

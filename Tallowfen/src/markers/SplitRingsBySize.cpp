@@ -15,16 +15,18 @@ namespace {
 
 using List = std::vector<Ellipse>;
 
-/// One decision under way. The cases are tried in turn; a check that cuts a list cuts it for the cases behind it too.
+constexpr std::size_t kSolidCount = 1;
+
+/// One decision in progress. The cases are tried in turn; a check that cuts a list cuts it for the cases behind it too.
 struct Decision {
   const MarkerContext* context;
   EllipsesByClass* lists;
   MarkerSizes* sizes;
   RingSizes by_size;
-  List rest = {};  ///< Unknowns that were no solid ring, once for each look.
+  List rest = {};  ///< Unknowns that were no solid ring; each search adds its own.
 
-  bool areRings(List& list) const { return MarkerCountCheck(context->binary_image, list, 4); }
-  bool isSolid(List& list) const { return MarkerCountCheck(context->binary_image, list, 1); }
+  bool areRings(List& list) const { return MarkerCountCheck(context->binary_image, list, kRingCount); }
+  bool isSolid(List& list) const { return MarkerCountCheck(context->binary_image, list, kSolidCount); }
 };
 
 bool settle(Decision& decision, const List& rings, const List& solids, std::initializer_list<const List*> to_dots,
@@ -59,8 +61,8 @@ bool allBig(Decision& decision) {
   return settleBig(decision, {&found.small_rings, &found.small_solids});
 }
 
-/// The ratio's numerator is taken from the complete list of solid rings at the same position, not from the small ones:
-/// meant.
+/// Position of the small solid ring with the greatest size against its dots. Meant: the size is that of the same
+/// position in the list of all solid rings, not of the small ones.
 std::size_t largestAgainstDots(const Decision& decision) {
   const List& small_solids = decision.by_size.small_solids;
   std::vector<double> ratios;
@@ -82,7 +84,7 @@ bool severalSmallSolids(Decision& decision) {
 
 void lookForMissed(Decision& decision, const List& rings, MissedSolidPlace place, List& solids) {
   if (!solids.empty()) return;
-  findMissedSolids(*decision.context, decision.lists->dots, decision.lists->unknowns, rings, place, solids,
+  findMissedSolids(decision.context->nearby, decision.lists->dots, decision.lists->unknowns, rings, place, solids,
                    decision.rest);
 }
 

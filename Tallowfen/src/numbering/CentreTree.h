@@ -8,11 +8,11 @@
 
 namespace kestrune {
 
-/// Balanced two-dimensional tree over points, split at the median of x and y by turns, for exact nearest neighbours
-/// (Bentley 1975).
+/// Balanced two-dimensional tree over the centres of dots, split at the median of x and y in turn, for exact nearest
+/// neighbours (Bentley 1975).
 class CentreTree {
  public:
-  /// Points that are not finite are never found.
+  /// Centres that are not finite are never found.
   explicit CentreTree(std::vector<cv::Point2d> centres);
 
   /// Position in the list of the centre nearest to `point`, the lower one of two at the same distance. Nothing in an
@@ -26,7 +26,7 @@ class CentreTree {
   void visit(std::size_t begin, std::size_t end, bool by_x, Search& search) const;
 
   std::vector<cv::Point2d> centres_;
-  std::vector<std::uint32_t> order_;  ///< Each range's middle is its root.
+  std::vector<std::uint32_t> order_;  ///< Positions in the list; the middle of each range is the root of its tree.
 };
 
 }  // namespace kestrune

@@ -5,14 +5,19 @@
 #include <cstddef>
 #include <optional>
 
-#include "Tallowfen/src/ellipses/AngleCosine.h"
-#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "Tallowfen/src/ellipses/Centres.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 
 namespace kestrune {
 
 namespace {
 
-// The diagonal neighbours of a marker: upper left, upper right, lower left, lower right.
+// Pixels between the marker's centre and the mean of its diagonal neighbours.
+constexpr float kMostOffMean = 5.0F;
+// Radians between opposite sides: a view in perspective keeps small parallelograms nearly so.
+constexpr double kFiveDegrees = 0.08726646259971647;
+
+// The diagonal neighbours of a marker.
 enum Diagonal : std::size_t { kUpperLeft, kUpperRight, kLowerLeft, kLowerRight };
 using DiagonalCells = std::array<CellMap::Cell, 4>;
 using DiagonalDots = std::array<std::size_t, 4>;
@@ -39,7 +44,7 @@ bool settleCrowdedCell(std::size_t marker, std::size_t crowded, const DiagonalCe
   return false;
 }
 
-// One ellipse for each diagonal neighbour, or nothing when the marker has to be left.
+// One ellipse for each diagonal neighbour, or nothing when the marker gets no made-up dots.
 std::optional<DiagonalDots> diagonalDots(CellMap::Cell marker, CellMap& cells, const std::vector<Ellipse>& all) {
   if (cells.count(marker) != 1) return std::nullopt;
   const DiagonalCells diagonals = diagonalsOf(marker, cells.cols());
@@ -86,11 +91,10 @@ void addCoveredDots(const std::vector<cv::Point2f>& marker_model_points, CellMap
 
 bool ParallelogramCheck(const cv::Point2f& marker, const cv::Point2f& upper_left, const cv::Point2f& lower_left,
                         const cv::Point2f& upper_right, const cv::Point2f& lower_right) {
-  constexpr double kFiveDegrees = 0.08726646259971647;
   const cv::Point2f sum = upper_left + lower_left + upper_right + lower_right;
   const cv::Point2f offset = cv::Point2f(sum.x / 4.0F, sum.y / 4.0F) - marker;
   const float distance = std::sqrt(offset.x * offset.x + offset.y * offset.y);
-  if (!(distance < 5.0F)) return false;
+  if (!(distance < kMostOffMean)) return false;
   const float rows = std::abs(cosineBetween(upper_right - upper_left, lower_right - lower_left));
   const float columns = std::abs(cosineBetween(lower_left - upper_left, lower_right - upper_right));
   return rows > std::cos(kFiveDegrees) && columns > std::cos(kFiveDegrees);

@@ -6,13 +6,13 @@ namespace kestrune {
 
 namespace {
 
-constexpr std::int32_t kDirections = 8;
 constexpr std::array<std::int32_t, kDirections> kColumnSteps = {1, 1, 0, -1, -1, -1, 0, 1};
 constexpr std::array<std::int32_t, kDirections> kRowSteps = {0, 1, 1, 1, 0, -1, -1, -1};
 
+/// The same index as containers take it.
 std::size_t slot(std::int32_t index) { return static_cast<std::size_t>(index); }
 
-std::int32_t opposite(std::int32_t direction) { return (direction + 4) % kDirections; }
+std::int32_t opposite(std::int32_t direction) { return (direction + kDirections / 2) % kDirections; }
 
 bool isDiagonal(std::int32_t direction) { return direction % 2 != 0; }
 
@@ -37,11 +37,12 @@ void GridMesh::number(std::int32_t node, const GridPlace& place) {
   node_at_.emplace(place, node);
 }
 
-void GridMesh::plantSeed(std::int32_t centre, const GridPlace& place, const std::array<std::int32_t, 8>& ring) {
+void GridMesh::plantSeed(std::int32_t centre, const GridPlace& place,
+                         const std::array<std::int32_t, kDirections>& ring) {
   number(centre, place);
   for (std::int32_t d = 0; d < kDirections; ++d) number(ring[slot(d)], neighbourPlace(place, d));
   link({centre, 0}, ring[0]);
-  // The spokes that are queued with the rim close with the following triangle, so that only the rim stays open.
+  // The edges at the centre are queued too, but the next triangle closes each: only the outer edges stay open.
   for (std::int32_t d = 0; d < kDirections; ++d) closeTriangle({centre, d}, ring[slot((d + 1) % kDirections)]);
 }
 
@@ -127,7 +128,7 @@ void GridMesh::link(EdgeId edge, std::int32_t to) {
   back.to = edge.node;
 }
 
-// The first triangle that takes an edge decides what follows it.
+// Meant: the first triangle that takes an edge decides what follows it.
 void GridMesh::follow(EdgeId edge, std::int32_t next_direction) {
   GridEdge& followed = edgeOf(edge);
   if (followed.next < 0) followed.next = next_direction;

@@ -23,11 +23,15 @@ struct GridPlace {
   }
 };
 
+/// Directions from a dot to its neighbours, 0 to 7, clockwise in the image: (column, row) steps (1,0), (1,1), (0,1),
+/// (-1,1), (-1,0), (-1,-1), (0,-1), (1,-1). Even ones run along the axes.
+inline constexpr std::int32_t kDirections = 8;
+
 /// Directed edge to one of a node's eight neighbours, kept in the slot of its direction. The three fields are -1 until
 /// set.
 struct GridEdge {
   std::int32_t from = -1;  ///< Node that it belongs to.
-  std::int32_t to = -1;    ///< Neighbouring node. The twin, the edge back, is there in the opposite direction's slot.
+  std::int32_t to = -1;    ///< Neighbouring node. There, in the opposite direction's slot, is the twin: the edge back.
   std::int32_t next = -1;  ///< Direction of the following edge around `from`, by rising index: set once the triangle
                            ///< between them is closed.
 
@@ -38,14 +42,11 @@ struct GridEdge {
 /// One dot. The node's index in the mesh is that of the dot in the list of ellipses.
 struct GridNode {
   GridPlace place;
-  cv::Point2d centre;             ///< Pixels.
-  std::array<GridEdge, 8> edges;  ///< By direction.
+  cv::Point2d centre;                       ///< Pixels.
+  std::array<GridEdge, kDirections> edges;  ///< By direction.
 };
 
 /// Triangulated mesh of the dots that are numbered so far, with the queue of the edges that it may still grow from.
-///
-/// Directions 0 to 7 go clockwise in the image: (column, row) steps (1,0), (1,1), (0,1), (-1,1), (-1,0), (-1,-1),
-/// (0,-1), (1,-1). Even ones run along the axes.
 class GridMesh {
  public:
   struct EdgeId {
@@ -56,19 +57,19 @@ class GridMesh {
   struct Prediction {
     GridPlace place;
     cv::Point2d centre;  ///< Pixels.
-    cv::Point2d offset;  ///< The known difference that was laid on, pixels.
+    cv::Point2d offset;  ///< The known difference between two dots that the prediction repeats, pixels.
   };
 
   explicit GridMesh(const std::vector<cv::Point2d>& centres);
 
   const std::vector<GridNode>& nodes() const { return nodes_; }
-  /// The node that is numbered with a place.
+  /// The node that has the number of a place.
   std::optional<std::int32_t> nodeAt(const GridPlace& place) const;
   void number(std::int32_t node, const GridPlace& place);
 
   /// Numbers and links the first block: `ring` is the eight neighbours of `centre` by direction. Queues the block's
   /// outer edges.
-  void plantSeed(std::int32_t centre, const GridPlace& place, const std::array<std::int32_t, 8>& ring);
+  void plantSeed(std::int32_t centre, const GridPlace& place, const std::array<std::int32_t, kDirections>& ring);
 
   /// The next open edge of the queue.
   std::optional<EdgeId> takeOpenEdge();

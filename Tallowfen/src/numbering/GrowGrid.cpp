@@ -14,6 +14,10 @@ namespace kestrune {
 namespace {
 
 constexpr std::size_t kSeeds = 9;
+// A dot may be this much of the local pitch off its prediction; beyond it the next dot could be meant.
+constexpr double kShareOfPitch = 0.3;
+// The square of five: a dot's outline, so many times as large, must reach the prediction.
+constexpr double kOutlineFactorSquared = 25;
 
 std::vector<cv::Point2d> exactCentres(const std::vector<Ellipse>& all) {
   std::vector<cv::Point2d> centres;
@@ -31,8 +35,8 @@ bool canSeed(const std::vector<std::int32_t>& seeds, std::size_t ellipse_count) 
 }
 
 GridPlace placeOf(std::int32_t id, std::int32_t cols) {
-  const std::int32_t index = id & 0xffff;
-  return {(id >> 16) & 0xff, index % cols, index / cols};
+  const std::int32_t index = boardIndexOf(id);
+  return {layerOf(id), index % cols, index / cols};
 }
 
 void plantSeeds(const std::vector<std::int32_t>& s, const std::vector<Ellipse>& all, std::int32_t cols,
@@ -41,8 +45,8 @@ void plantSeeds(const std::vector<std::int32_t>& s, const std::vector<Ellipse>& 
   mesh.plantSeed(s[4], middle, {s[5], s[8], s[7], s[6], s[3], s[0], s[1], s[2]});
 }
 
-// True within five times the ellipse's own outline. An ellipse without extent, such as a made-up dot, accepts its very
-// centre only.
+// Whether a point is within five times the ellipse's own outline. An ellipse without extent, such as a made-up dot,
+// reaches its very centre only.
 bool isNearOutline(const Ellipse& ellipse, const cv::Point2d& point) {
   const auto dx = static_cast<float>(point.x - ellipse.x);
   const auto dy = static_cast<float>(point.y - ellipse.y);
@@ -51,17 +55,16 @@ bool isNearOutline(const Ellipse& ellipse, const cv::Point2d& point) {
   const double s = std::sin(ellipse.angle);
   const double across = c * dy - s * dx;
   const double along = s * dy + c * dx;
-  return across * across / (25 * ellipse.semi_b * ellipse.semi_b) +
-             along * along / (25 * ellipse.semi_a * ellipse.semi_a) <
+  return across * across / (kOutlineFactorSquared * ellipse.semi_b * ellipse.semi_b) +
+             along * along / (kOutlineFactorSquared * ellipse.semi_a * ellipse.semi_a) <
          1;
 }
 
 bool isNearPrediction(const cv::Point2d& centre, const GridMesh::Prediction& prediction) {
-  constexpr double kShareOfPitch = 0.3;
   return cv::norm(centre - prediction.centre) / cv::norm(prediction.offset) <= kShareOfPitch;
 }
 
-// The dot of a prediction: the one numbered so, or else the nearest one if it is near enough.
+// The dot of a prediction: the one that has its number already, or else the nearest one if it is near enough.
 std::optional<std::int32_t> findDot(const GridMesh& mesh, const CentreTree& tree, const std::vector<Ellipse>& all,
                                     const GridMesh::Prediction& prediction) {
   if (const auto numbered = mesh.nodeAt(prediction.place)) return numbered;
@@ -89,10 +92,9 @@ void grow(GridMesh& mesh, const std::vector<Ellipse>& all, const CentreTree& tre
   }
 }
 
-// Row and column, cut to 16 bits, below the layer. A column beyond the edge counts into the row beside.
+// Meant: a column beyond the board's edge counts into the row beside.
 std::int32_t boardId(const GridPlace& place, std::int32_t cols) {
-  const std::int64_t index = std::int64_t{cols} * place.row + place.column;
-  return place.layer * 65536 + static_cast<std::int32_t>(index & 0xffff);
+  return idOf(place.layer, std::int64_t{cols} * place.row + place.column);
 }
 
 void collect(const GridMesh& mesh, const std::vector<Ellipse>& all, std::int32_t cols, NumberedPoints& result) {

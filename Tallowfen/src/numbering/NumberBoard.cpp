@@ -8,6 +8,7 @@
 #include "Tallowfen/src/markers/SplitRingsBySize.h"
 #include "Tallowfen/src/numbering/GrowGrid.h"
 #include "Tallowfen/src/numbering/MarkerIndex.h"
+#include "Tallowfen/src/numbering/SearchIndex.h"
 #include "platform/Console.h"
 
 namespace kestrune {
@@ -22,7 +23,7 @@ bool fail(const char* text, const EllipsesByClass& lists) {
 bool recogniseMarkers(const RingTargetConfig& config, const MarkerContext& context, EllipsesByClass& lists,
                       MarkerSizes& sizes) {
   if (config.board_type == kBigDotBoard) {
-    // The line counts rings and solid rings, of which such a board has none.
+    // Meant: the line counts rings and solid rings, of which such a board has none.
     return SelectBigDots(lists.dots, lists.bigs, sizes) ||
            fail("Invalid big circles at the same size : %lu and %lu(should be 3) \n", lists);
   }
@@ -31,12 +32,12 @@ bool recogniseMarkers(const RingTargetConfig& config, const MarkerContext& conte
 }
 
 bool GetCircleIndex(const RingTargetConfig& config, const MarkerSizes& sizes, const EllipsesByClass& lists,
-                    std::vector<Ellipse>& all, Numbering& numbering, NumberedPoints& numbered) {
+                    std::vector<Ellipse>& all, MarkerSeeds& seeds, NumberedPoints& numbered) {
   if (config.board_type != kBigDotBoard) {
-    return GetCircleIndexRings(config, sizes, lists.solids, lists.rings, all, numbering);
+    return GetCircleIndexRings(config, sizes, lists.solids, lists.rings, all, seeds);
   }
-  if (config.id_method == 0) return GetCircleIndexBigDots(config, sizes, lists.bigs, all, numbering);
-  if (config.id_method == 1) return GetCircleIndexBySearch(config, lists.bigs, all, numbering, numbered);
+  if (config.id_method == kIdsByGrowth) return GetCircleIndexBigDots(config, sizes, lists.bigs, all, seeds);
+  if (config.id_method == kIdsBySearch) return GetCircleIndexBySearch(config, lists.bigs, all, seeds, numbered);
   return true;
 }
 
@@ -46,18 +47,18 @@ bool numberBoard(const RingTargetConfig& config, const MarkerContext& context, c
                  const cv::Mat& mask, MarkerSizes& sizes, NumberedPoints& numbered) {
   EllipsesByClass lists = sortByClass(ellipses, mask);
   if (!recogniseMarkers(config, context, lists, sizes)) return false;
-  // A ring board numbers everything that was detected, also what had no class.
+  // Meant: on a ring board all that was detected is numbered, also what has no class or is masked out.
   std::vector<Ellipse> all = ellipses;
   if (config.board_type == kBigDotBoard) {
     all = lists.dots;
     all.insert(all.end(), lists.bigs.begin(), lists.bigs.end());
   }
-  Numbering numbering;
-  if (!GetCircleIndex(config, sizes, lists, all, numbering, numbered)) {
+  MarkerSeeds seeds;
+  if (!GetCircleIndex(config, sizes, lists, all, seeds, numbered)) {
     console::err() << "Failed in GetCircleIndex()\n";
     return false;
   }
-  if (config.id_method == 0 && !GrowGrid(config, numbering.seed_indices, all, numbered)) {
+  if (config.id_method == kIdsByGrowth && !GrowGrid(config, seeds.seed_indices, all, numbered)) {
     console::err() << "RingTarget:grow neighbor fail\n";
     return false;
   }

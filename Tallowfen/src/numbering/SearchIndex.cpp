@@ -1,3 +1,5 @@
+#include "Tallowfen/src/numbering/SearchIndex.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -8,9 +10,9 @@
 
 #include "Tallowfen/src/board/BoardModel.h"
 #include "Tallowfen/src/board/MarkerLayout.h"
+#include "Tallowfen/src/ellipses/Centres.h"
 #include "Tallowfen/src/markers/OrderQuad.h"
-#include "Tallowfen/src/numbering/MarkerHomography.h"
-#include "Tallowfen/src/numbering/MarkerIndex.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 
 namespace kestrune {
 
@@ -20,7 +22,7 @@ namespace {
 class FreeGrid {
  public:
   explicit FreeGrid(const RingTargetConfig& config) : used_(dotCountOf(config), false) {
-    const float step_y = config.step_y == 0.0F ? config.step : config.step_y;
+    const float step_y = rowPitchOf(config);
     for (int column = 0; column < config.cols; ++column) columns_.push_back(static_cast<float>(column) * config.step);
     for (int row = 0; row < config.rows; ++row) rows_.push_back(static_cast<float>(row) * step_y);
   }
@@ -46,20 +48,20 @@ class FreeGrid {
   }
 
  private:
+  // Model units, along each axis. Meant: the pitch has no part in it.
   static constexpr float kReach = 8.0F;
   std::vector<bool> used_;
   std::vector<float> columns_;
   std::vector<float> rows_;
 };
 
-// Compared as they are configured, also when the layout does not use them: the grid point (0, 0) is a land mark as long
-// as none is set.
+// Meant: the land marks count also while they are switched off, so the grid point (0, 0) is one as long as none is set.
 bool standsOnLandMark(const RingTargetConfig& config, const cv::Point2f& point) {
   const std::pair<int, int> place(nearestFive(point.x), nearestFive(point.y));
-  const std::array<std::pair<int, int>, 4> marks = {{{config.land_mark1_x, config.land_mark1_y},
-                                                     {config.land_mark2_x, config.land_mark2_y},
-                                                     {config.land_mark3_x, config.land_mark3_y},
-                                                     {config.land_mark4_x, config.land_mark4_y}}};
+  const std::array<std::pair<int, int>, kBigDotCount> marks = {{{config.land_mark1_x, config.land_mark1_y},
+                                                                {config.land_mark2_x, config.land_mark2_y},
+                                                                {config.land_mark3_x, config.land_mark3_y},
+                                                                {config.land_mark4_x, config.land_mark4_y}}};
   return std::ranges::find(marks, place) != marks.end();
 }
 
@@ -68,10 +70,9 @@ struct Pairs {
   std::vector<cv::Point2f> model;
 };
 
-// Every dot that the markers' homography lays on a grid point, and the markers behind them.
-Pairs matchedPairs(const Numbering& numbering, const std::vector<Ellipse>& all, FreeGrid& grid) {
-  const std::vector<cv::Point2f> mapped =
-      modelFromImage(numbering.marker_image_points, numbering.marker_model_points, all);
+// Every dot that the markers' homography maps to a grid point, then the markers.
+Pairs matchedPairs(const MarkerSeeds& seeds, const std::vector<Ellipse>& all, FreeGrid& grid) {
+  const std::vector<cv::Point2f> mapped = modelFromImage(seeds.marker_image_points, seeds.marker_model_points, all);
   Pairs pairs;
   for (std::size_t i = 0; i < all.size(); ++i) {
     const std::optional<std::size_t> match = grid.take(mapped[i]);
@@ -79,8 +80,8 @@ Pairs matchedPairs(const Numbering& numbering, const std::vector<Ellipse>& all, 
     pairs.image.push_back(centreOf(all[i]));
     pairs.model.push_back(grid.at(*match));
   }
-  pairs.image.insert(pairs.image.end(), numbering.marker_image_points.begin(), numbering.marker_image_points.end());
-  pairs.model.insert(pairs.model.end(), numbering.marker_model_points.begin(), numbering.marker_model_points.end());
+  pairs.image.insert(pairs.image.end(), seeds.marker_image_points.begin(), seeds.marker_image_points.end());
+  pairs.model.insert(pairs.model.end(), seeds.marker_model_points.begin(), seeds.marker_model_points.end());
   return pairs;
 }
 
@@ -105,13 +106,13 @@ void addNumbered(const Ellipse& ellipse, std::size_t index, NumberedPoints& resu
 }  // namespace
 
 bool GetCircleIndexBySearch(const RingTargetConfig& config, const std::vector<Ellipse>& bigs,
-                            const std::vector<Ellipse>& all, Numbering& numbering, NumberedPoints& result) {
-  if (bigs.size() < 4 || all.empty()) return false;
-  if (!OrderQuad(centresOf(bigs), numbering.marker_image_points)) return false;
-  numbering.marker_model_points = BigDotLayout(config, truncated(config.step), truncated(config.step_y));
+                            const std::vector<Ellipse>& all, MarkerSeeds& seeds, NumberedPoints& result) {
+  if (bigs.size() < kBigDotCount || all.empty()) return false;
+  if (!OrderQuad(centresOf(bigs), seeds.marker_image_points)) return false;
+  seeds.marker_model_points = BigDotLayout(config, truncated(config.step), truncated(config.step_y));
 
   FreeGrid grid(config);
-  const Pairs pairs = matchedPairs(numbering, all, grid);
+  const Pairs pairs = matchedPairs(seeds, all, grid);
   const auto indices = gridIndices(config, pairs, all, grid);
   std::size_t matches = 0;
   for (const auto& index : indices) matches += index ? 1U : 0U;

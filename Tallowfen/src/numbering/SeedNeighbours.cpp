@@ -8,7 +8,7 @@
 
 #include "Tallowfen/src/numbering/CellMap.h"
 #include "Tallowfen/src/numbering/CoveredDots.h"
-#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 #include "platform/Console.h"
 
 namespace kestrune {
@@ -16,10 +16,11 @@ namespace kestrune {
 namespace {
 
 constexpr std::size_t kBlockSize = 9;
-constexpr int kGridStep = 10;
+// Below this the failure is told. Only a complete block is ever listed, so eight never occur: the limit and its text
+// are the detector's own.
+constexpr std::size_t kFewestSeeds = 8;
 
-// Numbers what stands alone in its cell of the marker's block; a cell without an ellipse, or with several, counts as
-// missing.
+// Numbers the ellipses that are alone in their cell of the marker's block; a cell of none or several counts as missing.
 std::vector<std::int32_t> numberBlock(const cv::Point2f& marker, const CellMap& cells, std::vector<Ellipse>& all) {
   const int x = truncated(marker.x);
   const int y = truncated(marker.y);
@@ -29,7 +30,7 @@ std::vector<std::int32_t> numberBlock(const cv::Point2f& marker, const CellMap& 
       const CellMap::Cell cell = cells.cellOf(gx, gy);
       if (cells.count(cell) != 1) continue;
       const std::size_t position = cells.first(cell);
-      all[position].id = static_cast<std::int32_t>(cell & 0xffff);
+      all[position].id = idOf(0, cell);
       members.push_back(static_cast<std::int32_t>(position));
     }
   }
@@ -39,19 +40,18 @@ std::vector<std::int32_t> numberBlock(const cv::Point2f& marker, const CellMap& 
 }  // namespace
 
 bool SeedNeighbours(const RingTargetConfig& config, const MarkerSizes& sizes, const std::vector<cv::Point>& grid,
-                    std::vector<Ellipse>& all, Numbering& numbering) {
+                    std::vector<Ellipse>& all, MarkerSeeds& seeds) {
   CellMap cells(config.cols, grid);
-  if (sizes.solid_big) addCoveredDots(numbering.marker_model_points, cells, all);
-  numbering.seed_indices.clear();
-  for (const cv::Point2f& marker : numbering.marker_model_points) {
+  if (sizes.solid_big) addCoveredDots(seeds.marker_model_points, cells, all);
+  seeds.seed_indices.clear();
+  for (const cv::Point2f& marker : seeds.marker_model_points) {
     std::vector<std::int32_t> members = numberBlock(marker, cells, all);
     if (members.size() < kBlockSize) continue;
-    numbering.seed_indices = std::move(members);
+    seeds.seed_indices = std::move(members);
     break;
   }
-  // Only a complete block gets here, so that eight never occur; the limit and its text are the detector's own.
-  const std::size_t count = numbering.seed_indices.size();
-  if (count >= 8) return true;
+  const std::size_t count = seeds.seed_indices.size();
+  if (count >= kFewestSeeds) return true;
   console::err() << cv::format("Do not have enough ring neighbors: %lu, which should be more than 8!",
                                static_cast<unsigned long>(count))
                  << "\n";
@@ -59,13 +59,13 @@ bool SeedNeighbours(const RingTargetConfig& config, const MarkerSizes& sizes, co
 }
 
 bool seedFromMarkers(const RingTargetConfig& config, const MarkerSizes& sizes, std::vector<Ellipse>& all,
-                     Numbering& numbering) {
+                     MarkerSeeds& seeds) {
   std::vector<cv::Point> grid;
   grid.reserve(all.size());
-  for (const cv::Point2f& point : modelFromImage(numbering.marker_image_points, numbering.marker_model_points, all)) {
+  for (const cv::Point2f& point : modelFromImage(seeds.marker_image_points, seeds.marker_model_points, all)) {
     grid.emplace_back(nearestFive(point.x), nearestFive(point.y));
   }
-  return SeedNeighbours(config, sizes, grid, all, numbering);
+  return SeedNeighbours(config, sizes, grid, all, seeds);
 }
 
 }  // namespace kestrune

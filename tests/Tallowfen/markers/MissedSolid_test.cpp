@@ -25,8 +25,8 @@ struct Found {
 
 Found look(const List& unknowns, const List& rings, MissedSolidPlace place) {
   Found found;
-  const kestrune::MarkerContext context{{5.0, 2.0}, {}};
-  findMissedSolids(context, dotGrid(21, 20.0, 6.0), unknowns, rings, place, found.solids, found.rest);
+  const kestrune::NearbyDots nearby{5.0, 2.0};
+  findMissedSolids(nearby, dotGrid(21, 20.0, 6.0), unknowns, rings, place, found.solids, found.rest);
   return found;
 }
 
@@ -98,7 +98,7 @@ TEST(MissedSolid, OnARingItselfThereIsNoDirection) {
 
 TEST(MissedSolid, WithoutDotsNearTheFirstRingTheSizeRefusesNothing) {
   Found found;
-  findMissedSolids({{5.0, 2.0}, {}}, {}, {ellipse(100, 150, 500)}, corners(9), kQuarter, found.solids, found.rest);
+  findMissedSolids({5.0, 2.0}, {}, {ellipse(100, 150, 500)}, corners(9), kQuarter, found.solids, found.rest);
   EXPECT_EQ(found.solids.size(), 1U);
 }
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "BoardView.h"
-#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 
 namespace {
 

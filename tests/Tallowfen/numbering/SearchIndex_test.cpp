@@ -1,17 +1,18 @@
+#include "Tallowfen/src/numbering/SearchIndex.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 
 #include "BoardView.h"
-#include "Tallowfen/src/numbering/MarkerIndex.h"
 
 namespace {
 
 using kestrune::Ellipse;
 using kestrune::GetCircleIndexBySearch;
+using kestrune::MarkerSeeds;
 using kestrune::NumberedPoints;
-using kestrune::Numbering;
 using kestrune::RingTargetConfig;
 
 const std::vector<BoardView::Cell> kBigDots = {{16, 19}, {20, 19}, {20, 15}, {17, 15}};
@@ -23,7 +24,7 @@ class Search : public testing::Test {
     for (const auto& [column, row] : kBigDots) bigs.push_back(view.at(column, row));
     return bigs;
   }
-  bool run() { return GetCircleIndexBySearch(config, bigDots(), view.all, numbering, result); }
+  bool run() { return GetCircleIndexBySearch(config, bigDots(), view.all, seeds, result); }
   bool hasId(int id) const {
     return std::ranges::any_of(result.points, [id](const auto& point) { return point.id == id; });
   }
@@ -33,7 +34,7 @@ class Search : public testing::Test {
 
   RingTargetConfig config = exampleBigDotBoard();
   BoardView view{35, 37, tiltedCamera(30, 0, 0.004)};
-  Numbering numbering;
+  MarkerSeeds seeds;
   NumberedPoints result;
 };
 
@@ -44,8 +45,8 @@ TEST_F(Search, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
   EXPECT_EQ(result.identified_ellipses.size(), 1294U);
   EXPECT_FALSE(hasId(0));
   expectTrueIds();
-  EXPECT_EQ(numbering.marker_model_points[3], cv::Point2f(340, 300));
-  EXPECT_TRUE(numbering.seed_indices.empty());
+  EXPECT_EQ(seeds.marker_model_points[3], cv::Point2f(340, 300));
+  EXPECT_TRUE(seeds.seed_indices.empty());
   EXPECT_EQ(result.identified_ellipses[0].id, 1);
   EXPECT_EQ(result.identified_ellipses[0].semi_a, view.all[1].semi_a);
 }
@@ -54,7 +55,7 @@ TEST_F(Search, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
 TEST_F(Search, TheDotsNearTheBigOnesHelpToFindTheFarOnes) {
   std::vector<Ellipse> bigs = bigDots();
   bigs[0].x += 0.4;
-  ASSERT_TRUE(GetCircleIndexBySearch(config, bigs, view.all, numbering, result));
+  ASSERT_TRUE(GetCircleIndexBySearch(config, bigs, view.all, seeds, result));
   EXPECT_EQ(result.points.size(), 1294U);
   expectTrueIds();
 }
@@ -153,17 +154,17 @@ TEST_F(Search, FirstFreeGridPointWinsOverTheNearest) {
 }
 
 TEST_F(Search, ListsThatAreEmptyOrTooShortFail) {
-  EXPECT_FALSE(GetCircleIndexBySearch(config, {}, view.all, numbering, result));
-  EXPECT_FALSE(GetCircleIndexBySearch(config, bigDots(), {}, numbering, result));
+  EXPECT_FALSE(GetCircleIndexBySearch(config, {}, view.all, seeds, result));
+  EXPECT_FALSE(GetCircleIndexBySearch(config, bigDots(), {}, seeds, result));
   std::vector<Ellipse> three = bigDots();
   three.pop_back();
-  EXPECT_FALSE(GetCircleIndexBySearch(config, three, view.all, numbering, result));
+  EXPECT_FALSE(GetCircleIndexBySearch(config, three, view.all, seeds, result));
 }
 
 TEST_F(Search, WrongShapeFails) {
   view = BoardView(35, 37, tiltedCamera(30, 0));
   EXPECT_FALSE(GetCircleIndexBySearch(config, {view.at(4, 4), view.at(8, 4), view.at(8, 8), view.at(4, 8)}, view.all,
-                                      numbering, result));
+                                      seeds, result));
 }
 
 // The layout takes the step in y as it is, so that all four markers fall on one line and no homography exists.

@@ -1,3 +1,5 @@
+#include "Tallowfen/src/numbering/MarkerIndex.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -9,15 +11,15 @@
 #include "BoardView.h"
 #include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/numbering/GrowGrid.h"
-#include "Tallowfen/src/numbering/MarkerIndex.h"
 #include "support/ConsoleCapture.h"
 
 namespace {
 
 using kestrune::Ellipse;
+using kestrune::GetCircleIndexBigDots;
 using kestrune::GetCircleIndexRings;
+using kestrune::MarkerSeeds;
 using kestrune::MarkerSizes;
-using kestrune::Numbering;
 using Cells = std::vector<BoardView::Cell>;
 
 struct RingBoard {
@@ -62,27 +64,25 @@ class Rings : public testing::TestWithParam<std::tuple<RingBoard, int, double>> 
 };
 
 TEST_P(Rings, AreFoundInTheOrderOfTheBoard) {
-  Numbering numbering;
-  ASSERT_TRUE(
-      GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({3, 1, 4, 2}), view.all, numbering));
-  ASSERT_EQ(numbering.marker_image_points.size(), 5U);
+  MarkerSeeds seeds;
+  ASSERT_TRUE(GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({3, 1, 4, 2}), view.all, seeds));
+  ASSERT_EQ(seeds.marker_image_points.size(), 5U);
   for (std::size_t i = 0; i < 5; ++i) {
     const Ellipse& marker = view.at(board.markers[i].first, board.markers[i].second);
-    EXPECT_FLOAT_EQ(numbering.marker_image_points[i].x, static_cast<float>(marker.x)) << i;
-    EXPECT_FLOAT_EQ(numbering.marker_image_points[i].y, static_cast<float>(marker.y)) << i;
-    EXPECT_EQ(numbering.marker_model_points[i], cv::Point2f(10.0F * static_cast<float>(board.markers[i].first),
-                                                            10.0F * static_cast<float>(board.markers[i].second)));
+    EXPECT_FLOAT_EQ(seeds.marker_image_points[i].x, static_cast<float>(marker.x)) << i;
+    EXPECT_FLOAT_EQ(seeds.marker_image_points[i].y, static_cast<float>(marker.y)) << i;
+    EXPECT_EQ(seeds.marker_model_points[i], cv::Point2f(10.0F * static_cast<float>(board.markers[i].first),
+                                                        10.0F * static_cast<float>(board.markers[i].second)));
   }
 }
 
 TEST_P(Rings, NumberTheWholeBoard) {
-  Numbering numbering;
-  ASSERT_TRUE(
-      GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({2, 4, 3, 1}), view.all, numbering));
+  MarkerSeeds seeds;
+  ASSERT_TRUE(GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({2, 4, 3, 1}), view.all, seeds));
   const auto [column, row] = board.markers[0];
-  EXPECT_EQ(view.all[static_cast<std::size_t>(numbering.seed_indices.at(4))].id, row * 37 + column);
+  EXPECT_EQ(view.all[static_cast<std::size_t>(seeds.seed_indices.at(4))].id, row * 37 + column);
   kestrune::NumberedPoints result;
-  kestrune::GrowGrid(exampleBoard(), numbering.seed_indices, view.all, result);
+  kestrune::GrowGrid(exampleBoard(), seeds.seed_indices, view.all, result);
   for (const auto& point : result.points) EXPECT_EQ(point.id, view.trueId(point));
   if (std::get<2>(GetParam()) == 0) {
     EXPECT_EQ(result.points.size(), 1295U)
@@ -112,10 +112,10 @@ Ellipse at(double x, double y) {
 TEST(RingMarkerIndex, SolidRingOffTheLineOfTheTwoNearestRings) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
-  Numbering numbering;
+  MarkerSeeds seeds;
   const ConsoleCapture console;
   // Seen from (0, 80), at 20 degrees from the side: cosine 0.94.
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(20, 25)}, rings, all, numbering));
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(20, 25)}, rings, all, seeds));
   EXPECT_EQ(console.err(), "Failed in Colinear check of Ring1,Ring4 and SolidRing! \n");
 }
 
@@ -124,11 +124,11 @@ TEST(RingMarkerIndex, LineMayBendByFourteenDegrees) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   for (const double aside : {14.9, 15.2}) {
     std::vector<Ellipse> all = rings;
-    Numbering numbering;
+    MarkerSeeds seeds;
     const ConsoleCapture console;
-    GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(aside, 20)}, rings, all, numbering);
+    GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(aside, 20)}, rings, all, seeds);
     EXPECT_EQ(console.err().starts_with("Failed in Colinear"), aside > 15);
-    EXPECT_EQ(numbering.marker_image_points.empty(), aside > 15);
+    EXPECT_EQ(seeds.marker_image_points.empty(), aside > 15);
   }
 }
 
@@ -136,19 +136,19 @@ TEST(RingMarkerIndex, LineMayBendByFourteenDegrees) {
 TEST(RingMarkerIndex, SolidRingOnARingsCentreIsOffTheLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
-  Numbering numbering;
+  MarkerSeeds seeds;
   const ConsoleCapture console;
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering));
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, seeds));
   EXPECT_EQ(console.err(), "Failed in Colinear check of Ring1,Ring4 and SolidRing! \n");
-  EXPECT_TRUE(numbering.marker_image_points.empty());
+  EXPECT_TRUE(seeds.marker_image_points.empty());
 }
 
 TEST(RingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(0, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
-  Numbering numbering;
+  MarkerSeeds seeds;
   const ConsoleCapture console;
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering));
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, seeds));
   EXPECT_EQ(console.err(), "Failed in Colinear check of Ring1,Ring4 and SolidRing! \n");
 }
 
@@ -157,33 +157,88 @@ TEST(RingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
 TEST(RingMarkerIndex, CoincidingRingsPointAway) {
   const std::vector<Ellipse> rings = {at(-50, 5), at(100, 0), at(0, 100), at(100, 0)};
   std::vector<Ellipse> all = rings;
-  Numbering numbering;
+  MarkerSeeds seeds;
   const ConsoleCapture console;
-  GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, numbering);
-  ASSERT_EQ(numbering.marker_image_points.size(), 5U);
-  EXPECT_EQ(numbering.marker_image_points[2], cv::Point2f(0, 100));
-  EXPECT_EQ(numbering.marker_image_points[3], cv::Point2f(100, 0));
+  GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 0)}, rings, all, seeds);
+  ASSERT_EQ(seeds.marker_image_points.size(), 5U);
+  EXPECT_EQ(seeds.marker_image_points[2], cv::Point2f(0, 100));
+  EXPECT_EQ(seeds.marker_image_points[3], cv::Point2f(100, 0));
 }
 
 TEST(RingMarkerIndex, BigSolidRingOfTheMixedBoardNeedsNoLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
-  Numbering numbering;
+  MarkerSeeds seeds;
   const ConsoleCapture console;
-  GetCircleIndexRings(exampleBoard(), {true, true, false}, {at(-60, 5)}, rings, all, numbering);
+  GetCircleIndexRings(exampleBoard(), {true, true, false}, {at(-60, 5)}, rings, all, seeds);
   EXPECT_EQ(console.err(), "Do not have enough ring neighbors: 0, which should be more than 8!\n");
-  EXPECT_EQ(numbering.marker_image_points[4], cv::Point2f(0, 80));
+  EXPECT_EQ(seeds.marker_image_points[4], cv::Point2f(0, 80));
 }
 
 TEST(RingMarkerIndex, EmptyListsFail) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)}, none;
   std::vector<Ellipse> all = rings, empty;
-  Numbering numbering;
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, none, rings, all, numbering));
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 20)}, none, all, numbering));
-  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 20)}, rings, empty, numbering));
+  MarkerSeeds seeds;
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, none, rings, all, seeds));
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 20)}, none, all, seeds));
+  EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 20)}, rings, empty, seeds));
   EXPECT_FALSE(GetCircleIndexRings(exampleBoard(), {true, false, false}, {at(0, 20)}, {rings[0], rings[1], rings[2]},
-                                   all, numbering));
+                                   all, seeds));
+}
+
+const std::vector<BoardView::Cell> kBigDots = {{16, 19}, {20, 19}, {20, 15}, {17, 15}};
+
+std::vector<Ellipse> bigDots(BoardView& view, const std::vector<std::size_t>& order) {
+  std::vector<Ellipse> bigs;
+  for (const std::size_t i : order) bigs.push_back(view.at(kBigDots[i].first, kBigDots[i].second));
+  return bigs;
+}
+
+class BigDots : public testing::TestWithParam<std::tuple<int, double>> {};
+
+TEST_P(BigDots, NumberTheWholeBoard) {
+  BoardView view(35, 37, tiltedCamera(30, std::get<0>(GetParam()), std::get<1>(GetParam())));
+  MarkerSeeds seeds;
+  ASSERT_TRUE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, bigDots(view, {2, 0, 3, 1}), view.all, seeds));
+  EXPECT_FLOAT_EQ(seeds.marker_image_points[0].x, static_cast<float>(view.at(16, 19).x));
+  EXPECT_FLOAT_EQ(seeds.marker_image_points[3].y, static_cast<float>(view.at(17, 15).y));
+  EXPECT_EQ(seeds.marker_model_points[3], cv::Point2f(170, 150));
+  kestrune::NumberedPoints result;
+  kestrune::GrowGrid(exampleBigDotBoard(), seeds.seed_indices, view.all, result);
+  EXPECT_EQ(result.points.size(), 1295U);
+  for (const auto& point : result.points) EXPECT_EQ(point.id, view.trueId(point));
+}
+
+INSTANTIATE_TEST_SUITE_P(Views, BigDots, testing::Combine(testing::Values(0, 1, 2, 3), testing::Values(0.0, 0.004)));
+
+TEST(BigDotMarkerIndex, LandMarksStandForTheLayout) {
+  BoardView view(35, 37, tiltedCamera(30, 0));
+  kestrune::RingTargetConfig config = exampleBigDotBoard();
+  config.inner_width = config.inner_height = 33;
+  config.land_mark_switch = 1;
+  config.land_mark1_x = 160, config.land_mark1_y = 190, config.land_mark2_x = 200, config.land_mark2_y = 190;
+  config.land_mark3_x = 200, config.land_mark3_y = 150, config.land_mark4_x = 170, config.land_mark4_y = 150;
+  MarkerSeeds seeds;
+  ASSERT_TRUE(GetCircleIndexBigDots(config, {}, bigDots(view, {0, 1, 2, 3}), view.all, seeds));
+  EXPECT_EQ(view.at(16, 19).id, 19 * 37 + 16);
+}
+
+TEST(BigDotMarkerIndex, WrongShapeFailsWithoutAWord) {
+  BoardView view(35, 37, tiltedCamera(30, 0));
+  const std::vector<Ellipse> square = {view.at(4, 4), view.at(8, 4), view.at(8, 8), view.at(4, 8)};
+  MarkerSeeds seeds;
+  const ConsoleCapture console;
+  EXPECT_FALSE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, square, view.all, seeds));
+  EXPECT_EQ(console.err(), "");
+}
+
+TEST(BigDotMarkerIndex, ListsThatAreEmptyOrNotFourFail) {
+  BoardView view(35, 37, tiltedCamera(30, 0));
+  std::vector<Ellipse> none;
+  MarkerSeeds seeds;
+  EXPECT_FALSE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, {}, view.all, seeds));
+  EXPECT_FALSE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, bigDots(view, {0, 1, 2, 3}), none, seeds));
+  EXPECT_FALSE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, bigDots(view, {0, 1, 2}), view.all, seeds));
 }
 
 }  // namespace

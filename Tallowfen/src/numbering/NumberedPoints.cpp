@@ -1,4 +1,4 @@
-#include "Tallowfen/src/numbering/PointFilters.h"
+#include "Tallowfen/src/numbering/NumberedPoints.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -7,6 +7,9 @@
 
 namespace kestrune {
 namespace {
+
+// Fewer ids are no filter; the default is a list of one.
+constexpr std::size_t kFewestIds = 4;
 
 /// Rebuilds the numbered points, each as often as `copies` says.
 template <typename Copies>
@@ -26,7 +29,7 @@ void rebuild(NumberedPoints& numbered, const Copies& copies) {
 }  // namespace
 
 void filterByIds(const RingTargetConfig& config, NumberedPoints& numbered) {
-  if (config.detection_switch != 1 || config.detection_id.size() < 4) return;
+  if (config.detection_switch != kSwitchedOn || config.detection_id.size() < kFewestIds) return;
   rebuild(numbered, [&](const CtrlPoint& point) {
     return std::count_if(config.detection_id.begin(), config.detection_id.end(),
                          [&](std::uint16_t id) { return point.id == std::int32_t{id}; });
@@ -34,7 +37,7 @@ void filterByIds(const RingTargetConfig& config, NumberedPoints& numbered) {
 }
 
 void filterByRegion(const std::vector<float>& region, cv::Size working_size, NumberedPoints& numbered) {
-  if (region.size() != 4) return;
+  if (region.size() != kRegionValues) return;
   // The bounds are single-precision products.
   const auto width = static_cast<float>(working_size.width);
   const auto height = static_cast<float>(working_size.height);

@@ -1,19 +1,12 @@
-#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 
 #include <cmath>
 #include <limits>
 #include <opencv2/calib3d.hpp>
 
+#include "Tallowfen/src/ellipses/Centres.h"
+
 namespace kestrune {
-
-cv::Point2f centreOf(const Ellipse& ellipse) { return {static_cast<float>(ellipse.x), static_cast<float>(ellipse.y)}; }
-
-std::vector<cv::Point2f> centresOf(const std::vector<Ellipse>& ellipses) {
-  std::vector<cv::Point2f> centres;
-  centres.reserve(ellipses.size());
-  for (const Ellipse& ellipse : ellipses) centres.push_back(centreOf(ellipse));
-  return centres;
-}
 
 std::vector<cv::Point2f> modelFromImage(const std::vector<cv::Point2f>& image_points,
                                         const std::vector<cv::Point2f>& model_points, const std::vector<Ellipse>& all) {
@@ -23,7 +16,11 @@ std::vector<cv::Point2f> modelFromImage(const std::vector<cv::Point2f>& image_po
   return mapped;
 }
 
-int nearestFive(float coordinate) { return truncated(std::round(coordinate / 5.0F) * 5.0F); }
+int nearestFive(float coordinate) {
+  // Half a grid step: what lies less than a quarter of a step short of its place still gets into that place's cell.
+  constexpr float kMultiple = 5.0F;
+  return truncated(std::round(coordinate / kMultiple) * kMultiple);
+}
 
 int truncated(float coordinate) {
   constexpr float kLimit = 2147483648.0F;  // The first float beyond an integer's range.

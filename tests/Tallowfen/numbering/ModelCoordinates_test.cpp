@@ -1,10 +1,11 @@
-#include "Tallowfen/src/numbering/MarkerHomography.h"
+#include "Tallowfen/src/numbering/ModelCoordinates.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
 #include "BoardView.h"
+#include "Tallowfen/src/ellipses/Centres.h"
 
 namespace {
 
@@ -36,13 +37,6 @@ TEST(Truncated, CutsTheFraction) {
   EXPECT_EQ(truncated(-17.5F), -17);
   EXPECT_EQ(truncated(2147483648.0F), std::numeric_limits<int>::max());
   EXPECT_EQ(truncated(-2147483648.0F), std::numeric_limits<int>::min());
-}
-
-TEST(CentreOf, IsNarrowed) {
-  kestrune::Ellipse ellipse;
-  ellipse.x = 0.1;
-  ellipse.y = 16777217;  // 2^24 + 1 has no float.
-  EXPECT_EQ(kestrune::centreOf(ellipse), cv::Point2f(0.1F, 16777216.0F));
 }
 
 TEST(ModelFromImage, FourPairsLayEveryDotOnTheModel) {

@@ -1,4 +1,4 @@
-#include "Tallowfen/src/numbering/PointFilters.h"
+#include "Tallowfen/src/numbering/NumberedPoints.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
