@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <opencv2/imgproc.hpp>
 #include <vector>
 
 namespace {
@@ -50,6 +52,27 @@ TEST(CircleFit, RecordOfACircle) {
   EXPECT_EQ(ellipse->edge_points, points);
   // A regular polygon of n sides: pi / (n tan(pi / n)).
   EXPECT_NEAR(ellipse->roundness, CV_PI / (100 * std::tan(CV_PI / 100)), 1e-5);
+}
+
+double farthestApart(const cv::RotatedRect& a, const cv::RotatedRect& b) {
+  return std::max(cv::norm(a.center - b.center), cv::norm(cv::Point2f(a.size - b.size)));
+}
+
+// On an outline that is no ellipse the fits of OpenCV differ; the one meant is that of Fitzgibbon, Pilu and Fisher, in
+// its direct form.
+TEST(CircleFit, FitIsTheDirectOne) {
+  Points points = outlinePoints({30, 22, 0.5, 80});
+  for (std::size_t i = 0; i < points.size(); i += 3) points[i] += cv::Point2f(1.2F, -0.7F);
+  for (std::size_t i = 0; i < 20; ++i) points[i].y += 1.5F;
+  const cv::RotatedRect direct = cv::fitEllipseDirect(points);
+  ASSERT_GT(farthestApart(direct, cv::fitEllipse(points)), 0.01);
+  ASSERT_GT(farthestApart(direct, cv::fitEllipseAMS(points)), 0.01);
+  const auto ellipse = fitCircle(points);
+  ASSERT_TRUE(ellipse);
+  EXPECT_EQ(ellipse->x, direct.center.x);
+  EXPECT_EQ(ellipse->y, direct.center.y);
+  EXPECT_EQ(2 * ellipse->semi_a, std::max(direct.size.width, direct.size.height));
+  EXPECT_EQ(2 * ellipse->semi_b, std::min(direct.size.width, direct.size.height));
 }
 
 class TurnedEllipse : public testing::TestWithParam<double> {};

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <opencv2/imgproc.hpp>
+#include <utility>
 
 #include "BoxOutline.h"
 #include "StepImage.h"
@@ -30,6 +32,67 @@ struct Check {
   std::string printed;
   bool inverted = false;
 };
+
+/// Discs and a solid ring on a slope, with noise.
+cv::Mat noisySlope() {
+  cv::Mat image = renderDiscs(150, 2, 40, 60, 12, 120, 90), noise(image.size(), CV_8SC1);
+  cv::circle(image, {40, 40}, 4, 90, cv::FILLED);
+  for (int x = 0; x < image.cols; ++x) image.col(x) += x / 3;
+  cv::RNG(2).fill(noise, cv::RNG::NORMAL, 0, 3);
+  cv::add(image, noise, image, cv::noArray(), CV_8U);
+  return image;
+}
+
+/// Each pixel less the mean of the `block` x `block` pixels around it, rounded; the outermost pixels go on outside.
+cv::Mat_<int> aboveMean(const cv::Mat& grey, int block) {
+  const int half = block / 2;
+  cv::Mat wide;
+  cv::copyMakeBorder(grey, wide, half, half, half, half, cv::BORDER_REPLICATE);
+  cv::Mat_<int> result(grey.size());
+  for (int y = 0; y < grey.rows; ++y) {
+    for (int x = 0; x < grey.cols; ++x) {
+      result(y, x) = grey.at<uchar>(y, x) - cvRound(cv::mean(wide(cv::Rect(x, y, block, block)))[0]);
+    }
+  }
+  return result;
+}
+
+// Bright pixels lie above their mean less 2.5. OpenCV cuts that number to 2 for the dark ones, so that two below the
+// mean is white by either rule.
+TEST(FindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
+  const cv::Mat grey = noisySlope();
+  for (const int block : {37, 21}) {
+    const cv::Mat_<int> above = aboveMean(grey, block);
+    ASSERT_GT(cv::countNonZero(above == -2), 100);
+    ASSERT_GT(cv::countNonZero(above == -3), 100);
+    cv::Mat bin;
+    std::vector<Contour> contours;
+    std::vector<cv::Vec4i> hierarchy;
+    findContoursByLocalMean(grey, block, cv::THRESH_BINARY, bin, contours, hierarchy);
+    EXPECT_EQ(cv::countNonZero(bin != (above > -3)), 0) << block;
+    findContoursByLocalMean(grey, block, cv::THRESH_BINARY_INV, bin, contours, hierarchy);
+    EXPECT_EQ(cv::countNonZero(bin != (above <= -2)), 0) << block;
+  }
+}
+
+// Outlines of one level and the holes in them, every pixel of each: what stands in a hole has no parent.
+TEST(FindContoursByLocalMean, OutlinesHaveTwoLevels) {
+  cv::Mat bin;
+  std::vector<Contour> contours(3), expected;
+  std::vector<cv::Vec4i> hierarchy(5), relatives;
+  cv::Mat nested = cv::Mat::zeros(100, 100, CV_8UC1);
+  for (const auto& [radius, grey] : {std::pair(30, 200), {22, 0}, {12, 200}}) {
+    cv::circle(nested, {50, 50}, radius, grey, cv::FILLED);
+  }
+  findContoursByLocalMean(nested, 21, cv::THRESH_BINARY, bin, contours, hierarchy);
+  cv::findContours(bin, expected, relatives, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE);
+  EXPECT_EQ(contours, expected);
+  EXPECT_EQ(hierarchy, relatives);
+  const auto isCore = [](const Contour& contour) { return cv::boundingRect(contour) == cv::Rect(38, 38, 25, 25); };
+  const auto core = std::ranges::find_if(contours, isCore);
+  ASSERT_NE(core, contours.end());
+  EXPECT_EQ(hierarchy[static_cast<std::size_t>(core - contours.begin())][3], -1);
+}
 
 // A disc of radius 12 has an outline of some 68 pixels.
 TEST(PolarityCheck, BrightDotsStandAsTheyAre) {

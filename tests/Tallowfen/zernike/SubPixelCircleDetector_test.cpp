@@ -3,10 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <opencv2/imgproc.hpp>
+#include <optional>
 
 #include "BoxOutline.h"
 #include "StepImage.h"
+#include "Tallowfen/src/zernike/CircleFit.h"
+#include "Tallowfen/src/zernike/ZernikeEdgeRefine.h"
 #include "support/ConsoleCapture.h"
 
 namespace {
@@ -54,6 +59,84 @@ TEST(SubPixelCircleDetector, BrightDotsOnDark) {
   const std::vector<Ellipse> ellipses = detect(discs(12, 215, 25));
   EXPECT_EQ(ellipses.size(), 16U);
   expectAllDiscs(ellipses, 12);
+}
+
+/// Soft and noisy discs on an uneven ground, the first ones four pixels from the edge, and a ring with a core: each
+/// number of the chain moves outlines here.
+cv::Mat texturedDiscs(std::uint8_t disc, std::uint8_t ground) {
+  cv::Mat image = renderDiscs(240, 4, 16.2, 54.3, 11.8, disc, ground), noise(image.size(), CV_8SC1);
+  cv::circle(image, {216, 42}, 20, disc, cv::FILLED);
+  cv::circle(image, {216, 42}, 13, ground, cv::FILLED);
+  cv::circle(image, {216, 42}, 7, disc, cv::FILLED);
+  cv::GaussianBlur(image, image, {0, 0}, 1.2);
+  for (int x = 0; x < image.cols; ++x) image.col(x) += x / 12;
+  cv::RNG(4).fill(noise, cv::RNG::NORMAL, 0, 4);
+  cv::add(image, noise, image, cv::noArray(), CV_8U);
+  return image;
+}
+
+using Outline = std::vector<cv::Point>;
+
+bool isRoundTopLevel(const Outline& outline, const cv::Vec4i& relatives) {
+  const double perimeter = cv::arcLength(outline, true);
+  const double circularity = 4 * CV_PI * cv::contourArea(outline) / (perimeter * perimeter);
+  return relatives[3] == -1 && outline.size() >= 30 && outline.size() <= 500 && circularity >= 0.3 &&
+         circularity <= 1.25;
+}
+
+/// The detection, step by step, where the threshold that suits the picture is known.
+std::vector<Ellipse> stepByStep(const cv::Mat& image, cv::ThresholdTypes type) {
+  cv::Mat grey = image, smooth, bin;
+  if (image.channels() == 3) cv::cvtColor(image, grey, cv::COLOR_BGR2GRAY);
+  cv::GaussianBlur(grey, smooth, {7, 7}, 0.65, 0.65, cv::BORDER_REFLECT_101);
+  cv::adaptiveThreshold(smooth, bin, 255, cv::ADAPTIVE_THRESH_MEAN_C, type, 37, 2.5);
+  std::vector<Outline> outlines, kept;
+  std::vector<cv::Vec4i> hierarchy;
+  cv::findContours(bin, outlines, hierarchy, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE);
+  for (std::size_t i = 0; i < outlines.size(); ++i) {
+    if (isRoundTopLevel(outlines[i], hierarchy[i])) kept.push_back(outlines[i]);
+  }
+  std::vector<Ellipse> ellipses;
+  for (const auto& edge : kestrune::ZernikeEdgeRefine(smooth, kept, 7)) {
+    const std::vector<cv::Point2f> points(edge.begin(), edge.end());
+    const auto ellipse = kestrune::dotOfFit(cv::fitEllipseDirect(points), points);
+    if (ellipse) ellipses.push_back(*ellipse);
+  }
+  return ellipses;
+}
+
+void expectSame(const std::vector<Ellipse>& found, const std::vector<Ellipse>& expected) {
+  ASSERT_EQ(found.size(), expected.size());
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    const auto figures = [](const Ellipse& e) {
+      return std::array{e.x, e.y, e.semi_a, e.semi_b, e.angle, e.roundness};
+    };
+    EXPECT_EQ(figures(found[i]), figures(expected[i])) << i;
+    EXPECT_EQ(found[i].edge_points, expected[i].edge_points) << i;
+  }
+}
+
+bool anyNear(const std::vector<Ellipse>& ellipses, double x, double y) {
+  return std::ranges::any_of(ellipses, [=](const Ellipse& e) { return std::hypot(e.x - x, e.y - y) < 1; });
+}
+
+TEST(SubPixelCircleDetector, ChainOfSteps) {
+  for (const bool bright : {true, false}) {
+    const cv::Mat image = bright ? texturedDiscs(150, 90) : texturedDiscs(90, 150);
+    const std::vector<Ellipse> ellipses = detect(image);
+    EXPECT_EQ(ellipses.size(), 17U);
+    EXPECT_TRUE(anyNear(ellipses, 16.2, 16.2)) << "four pixels from two edges";
+    EXPECT_TRUE(anyNear(ellipses, 216, 42)) << "a core within a ring has no parent";
+    expectSame(ellipses, stepByStep(image, bright ? cv::THRESH_BINARY : cv::THRESH_BINARY_INV));
+  }
+}
+
+TEST(SubPixelCircleDetector, ColoursAreBlueGreenRed) {
+  cv::Mat image;
+  cv::merge(std::vector{texturedDiscs(90, 150), texturedDiscs(60, 170), texturedDiscs(130, 140)}, image);
+  const std::vector<Ellipse> ellipses = detect(image);
+  EXPECT_EQ(ellipses.size(), 17U);
+  expectSame(ellipses, stepByStep(image, cv::THRESH_BINARY_INV));
 }
 
 TEST(SubPixelCircleDetector, CallersPictureIsNotSmoothed) {
