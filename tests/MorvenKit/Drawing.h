@@ -67,6 +67,15 @@ inline void solidRing(cv::Mat& image, double x, double y, double outer, double h
   dot(image, x, y, core);
 }
 
+/// A ground that darkens to one side, blurred and with the noise of a camera.
+inline void wear(cv::Mat& image, double darkest, double blur, double noise) {
+  for (int x = 0; x < image.cols; ++x) image.col(x) *= 1.0 - (1.0 - darkest) * x / image.cols;
+  cv::GaussianBlur(image, image, {0, 0}, blur);
+  cv::Mat grain(image.size(), CV_8SC1);
+  cv::RNG(17).fill(grain, cv::RNG::NORMAL, 0, noise);
+  cv::add(image, grain, image, cv::noArray(), CV_8U);
+}
+
 /// White above `limit`.
 inline cv::Mat split(const cv::Mat& image, double limit = 120.0) {
   cv::Mat binary;
