@@ -8,8 +8,10 @@
 #include <optional>
 
 #include "Drawing.h"
+#include "MorvenKit/src/contours/RefineSubPixel.h"
 #include "MorvenKit/src/contours/RoundContour.h"
 #include "MorvenKit/src/ellipse/EllipseShape.h"
+#include "support/ConsoleCapture.h"
 
 using namespace kestrune::morvenkit;
 
@@ -267,6 +269,38 @@ TEST(ClassifyContourTree, CentreHalfAPixelBehindTheLastOneOfTheMaskIsOff) {
   EXPECT_EQ(found(kSide, centred->pixel.y + 1), 0U);
 }
 
+namespace {
+
+/// Eight sails of a windmill about (80, 80): three points each, the last of an eighth in the centre, so that no ray
+/// leads anywhere.
+Contour windmill() {
+  const std::vector<cv::Point> first = {{40, 0},  {28, 28},   {0, 40},  {-28, 28},
+                                        {-40, 0}, {-28, -28}, {0, -40}, {28, -28}};
+  Contour contour;
+  for (const cv::Point& p : first) {
+    const cv::Point middle(80, 80), aside(-p.y / 2, p.x / 2);
+    contour.insert(contour.end(), {middle + p, middle + p + aside, middle});
+  }
+  return contour;
+}
+
+}  // namespace
+
+// The status comes before the fit and before the mask: the line that tells of it does not wait for them.
+TEST(ClassifyContourTree, StatusIsTakenOfWhatIsNotFittedOrMaskedOut) {
+  const ContourTree tree = parentAndChild(windmill(), kInner);
+  Scene scene;
+  scene.params.min_circularity = 0.01;
+  ASSERT_EQ(fitEllipseRobust(RefineSubPixel(tree.points(0), scene.grey)).sigma, -1.0);
+  for (const bool masked : {false, true}) {
+    if (masked) scene.mask = cv::Mat::zeros(kSide, kSide, CV_8UC1);
+    const ConsoleCapture console;
+    const Ellipses found = scene.walk(tree, kBinary);
+    EXPECT_EQ(console.err(), "No detected hop times in circle: 0\xEF\xBC\x81\n");
+    EXPECT_EQ(found.size(), masked ? 0U : 1U) << "the child alone";
+  }
+}
+
 TEST(ClassifyContourTree, SigmaOfAFailedFitGivesWayToTheChildren) {
   // A square's corners lie too far from any ellipse: the root mean square is above 1 pixel.
   cv::Mat image = kBinary.clone();
@@ -489,6 +523,21 @@ TEST(ClassifyByArea, AThickOutlineIsMeasuredAtItsInnerBorder) {
     scene.params.area_mode = false;
     EXPECT_NEAR(scene.walk(tree, kBinary, rule).at(0).semi_a, 30.0, 0.5);
   }
+}
+
+TEST(ClassifyByArea, AThickOutlineCountsByTheAreaWithinIt) {
+  // Of radius 10 within, as the others are; its outer border has twice their area.
+  ContourTree tree = discs({10, 10, 10, 14});
+  const cv::Rect outer = cv::boundingRect(tree.points(3));
+  const auto inner = [&outer](int radius) { return drawing::discContour(outer.x + 14, outer.y + 14, radius); };
+  tree.contours.push_back(inner(10));
+  tree.hierarchy.emplace_back(-1, -1, -1, 3);
+  tree.hierarchy[3][2] = 4;
+  EXPECT_EQ(classesInOrder(byArea().walk(tree, kStrip)), (std::vector<int>{kDot, kDot, kDot, kDot}));
+  // Of radius 7 within, against three of 20: a seventh of the mean, while the outer border has two thirds of it.
+  tree.contours[4] = inner(7);
+  tree.contours[0] = tree.contours[1] = tree.contours[2] = drawing::discContour(100, 60, 20);
+  EXPECT_EQ(classesInOrder(byArea().walk(tree, kStrip)), (std::vector<int>{kBigDot, kBigDot, kBigDot, kUnknown}));
 }
 
 TEST(ClassifyByArea, AChildOfThirtyPointsStandsForNobody) {

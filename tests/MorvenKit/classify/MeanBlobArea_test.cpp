@@ -7,6 +7,7 @@
 
 #include "Drawing.h"
 #include "MorvenKit/src/contours/RoundContour.h"
+#include "MorvenKit/src/ellipse/EllipseShape.h"
 
 using namespace kestrune::morvenkit;
 
@@ -69,6 +70,17 @@ TEST(MeanBlobArea, TwiceAsLongAsWideIsNoBlob) {
   const Contour wide = ellipseContour(100, 100, 23, 12), wider = ellipseContour(100, 100, 26, 12);
   EXPECT_EQ(MeanBlobArea(row({wide}), kGrey, {}), static_cast<float>(areaOf(wide)));
   EXPECT_TRUE(std::isnan(MeanBlobArea(row({wider}), kGrey, {})));
+}
+
+TEST(MeanBlobArea, AxesAreThoseOfTheRefinedOutline) {
+  // The pixels of 61 and more around a dark ellipse of 23.9 by 12.3 lie a little outside of it, which makes 24 over 12.
+  // Moved to the level of the first of them they lie nearer, and 23 over 12 passes. The area is that of the pixels.
+  cv::Mat grey = drawing::sheet(120, 80);
+  drawing::fill(grey, {60, 40, 23.9, 12.3}, drawing::kBlack);
+  const ContourTree tree = findContourTree(drawing::split(grey, 60));
+  const Contour& around = tree.points(tree.firstChild(0));
+  ASSERT_EQ(wholeAxisRatio(fitEllipseRobust({around.begin(), around.end()})), 2);
+  EXPECT_EQ(MeanBlobArea(row({around}), grey, {}), static_cast<float>(areaOf(around)));
 }
 
 TEST(MeanBlobArea, AChildStandsForItsParent) {
