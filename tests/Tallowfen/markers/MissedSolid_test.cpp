@@ -82,6 +82,10 @@ INSTANTIATE_TEST_SUITE_P(Between, MissedSolidTable,
 INSTANTIATE_TEST_SUITE_P(Beyond, MissedSolidTable,
                          testing::Values(PlaceCase{"OnTheLineOfTwoRings", kBeyond, 50, 100, 18, true},
                                          PlaceCase{"Between", kBeyond, 100, 200, 18, false},
+                                         // From (50, 100 + d) the two rings of the upper edge are atan(d/50) -
+                                         // atan(d/250) apart: 14.97 degrees for 17.1, 15.05 for 17.2.
+                                         PlaceCase{"UnderFifteenDegrees", kBeyond, 50, 117.1, 18, true},
+                                         PlaceCase{"OverFifteenDegrees", kBeyond, 50, 117.2, 18, false},
                                          PlaceCase{"RatioTwoExactly", kBeyond, 50, 100, 12, true},
                                          PlaceCase{"RatioBelowTwo", kBeyond, 50, 100, 11.9375, false}),
                          [](const auto& tested) { return tested.param.name; });

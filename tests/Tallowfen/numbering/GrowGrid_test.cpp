@@ -239,6 +239,20 @@ TEST(GrowGrid, BoardWithoutColumnsNumbersNothing) {
   EXPECT_EQ(result.unidentified.size(), 9U);
 }
 
+// A block that was tried before the seeds has numbered its dots already; what the growth does not reach keeps that id.
+TEST(GrowGrid, UnnumberedDotKeepsTheIdThatItHad) {
+  BoardView view(7, 7, tiltedCamera(40, 0));
+  view.at(5, 3).x += 14;
+  view.at(5, 3).id = 3 * 7 + 5;
+  NumberedPoints result;
+  GrowGrid(boardOf(7, 7), view.seedsAround(2, 3), view.all, result);
+  ASSERT_EQ(result.unidentified.size(), 1U);
+  ASSERT_EQ(result.unidentified_ellipses.size(), 1U);
+  EXPECT_EQ(result.unidentified[0].id, 3 * 7 + 5);
+  EXPECT_EQ(result.unidentified_ellipses[0].id, 3 * 7 + 5);
+  EXPECT_FALSE(hasId(result, 3 * 7 + 5));
+}
+
 TEST(GrowGrid, FormerEllipsesGoFormerPointsStay) {
   BoardView view(3, 3, tiltedCamera(30, 0));
   view.all.push_back(view.dotAt(20, 20));

@@ -177,6 +177,21 @@ TEST(NumberBoard, TheCountsAreThoseBeforeTheRecognition) {
             "Invalid rings or solidring number at the same size : 3 and 1(should be 4 or 1) \n");
 }
 
+// One dot beside the solid ring is missing, another stands 0.4 pitches off: near enough for its cell, too far for the
+// growth. The incomplete block numbers it, another ring's block makes the seeds, and it stays without a place.
+TEST(NumberBoard, DotOfAnIncompleteBlockKeepsItsIdThoughItHasNoPlace) {
+  List all = smallRingBoard();
+  const auto at = [&all](int column, int row) { return all.begin() + row * kSide + column; };
+  at(2, 5)->x += 0.4 * kPitch;
+  all.erase(at(2, 3));
+  const Numbered numbered = number(boardOf(2), all);
+  EXPECT_TRUE(numbered.passed);
+  expectTrueIds(numbered, kSide * kSide - 2);
+  ASSERT_EQ(numbered.result.unidentified.size(), 1U);
+  EXPECT_EQ(numbered.result.unidentified[0].id, 5 * kSide + 2);
+  EXPECT_EQ(numbered.result.unidentified_ellipses.at(0).id, 5 * kSide + 2);
+}
+
 TEST(NumberBoard, ABigDotBoardWithoutBigDotsTellsRingsAndSolids) {
   const Numbered numbered = number(boardOf(3), smallRingBoard());
   EXPECT_FALSE(numbered.passed);
