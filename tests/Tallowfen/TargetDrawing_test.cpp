@@ -133,6 +133,88 @@ TEST(DrawTarget, AnUnnumberedEllipseIsCyanWithADot) {
   EXPECT_EQ(pixelsOf(dst, kRed), 0);
 }
 
+/// The box of an ellipse of semi-axes a and b around (x, y), those of the picture before it is scaled.
+cv::RotatedRect boxOf(const kestrune::Ellipse& e, double scale) {
+  const auto centre = [scale](double v) { return static_cast<float>((v + 0.5) * scale + 0.5); };
+  const auto side = [scale](double semi_axis) { return static_cast<float>(2 * semi_axis * scale); };
+  return {{centre(e.x), centre(e.y)}, {side(e.semi_a), side(e.semi_b)}, static_cast<float>(e.angle / CV_PI * 180)};
+}
+
+cv::Mat scaledSheet(double scale) {
+  const int side = cvRound(100 * scale);
+  return {side, side, CV_8UC3, cv::Scalar::all(50)};
+}
+
+// Every pixel of the strokes: two wide, of hard ends.
+TEST(DrawTarget, OutlineAndIdByOpenCv) {
+  for (const double scale : {1.0, 1.7}) {
+    kestrune::Ellipse turned = numbered(48.3, 52.9, 37.4, 21.2, 365);
+    turned.angle = 0.4;
+    const cv::RotatedRect box = boxOf(turned, scale);
+    cv::Mat expected = scaledSheet(scale);
+    cv::ellipse(expected, box, cv::Scalar(0, 0, 255), 2, cv::LINE_8);
+    const cv::Point start(cvRound(box.center.x - 5), cvRound(box.center.y));
+    const double width = box.size.width;
+    cv::putText(expected, "365", start, cv::FONT_HERSHEY_SIMPLEX, width * 0.015, cv::Scalar(255, 0, 0),
+                static_cast<int>(width * 0.03), cv::LINE_8, false);
+    EXPECT_EQ(cv::norm(drawn(grey(), scale, {turned}, {}), expected, cv::NORM_INF), 0.0) << scale;
+  }
+}
+
+TEST(DrawTarget, OutlineAndDotByOpenCv) {
+  for (const double scale : {1.0, 1.7}) {
+    kestrune::Ellipse turned = numbered(48.3, 52.9, 37.4, 21.2, -1);
+    turned.angle = 0.4;
+    const cv::RotatedRect box = boxOf(turned, scale);
+    cv::Mat expected = scaledSheet(scale);
+    cv::ellipse(expected, box, cv::Scalar(255, 255, 0), 2, cv::LINE_8);
+    cv::circle(expected, {cvRound(box.center.x), cvRound(box.center.y)}, 2, cv::Scalar(255, 255, 0), cv::FILLED);
+    EXPECT_EQ(cv::norm(drawn(grey(), scale, {}, {turned}), expected, cv::NORM_INF), 0.0) << scale;
+  }
+}
+
+struct RoundingCase {
+  const char* name;
+  double centre;  ///< As drawn, that is a pixel behind the ellipse's own.
+  int pixel;
+};
+
+class DrawnAt : public testing::TestWithParam<RoundingCase> {};
+
+TEST_P(DrawnAt, IdStandsAtTheNearestPixel) {
+  // Five pixels to the left of the centre; the halves stay halves.
+  for (const bool column : {true, false}) {
+    const double centre = GetParam().centre;
+    cv::Mat expected(200, 200, CV_8UC3, cv::Scalar::all(50));
+    const cv::Point start(column ? GetParam().pixel : 95, column ? 100 : GetParam().pixel);
+    cv::putText(expected, "7", start, cv::FONT_HERSHEY_SIMPLEX, 60 * 0.015, kBlue, 1);
+    const kestrune::Ellipse e = numbered(column ? centre + 4 : 99, column ? 99 : centre - 1, 30, 30, 7);
+    cv::Mat blue_expected, blue;
+    cv::inRange(expected, kBlue, kBlue, blue_expected);
+    cv::inRange(drawn(grey(200), 1.0, {e}, {}), kBlue, kBlue, blue);
+    EXPECT_GT(cv::countNonZero(blue), 10);
+    EXPECT_EQ(cv::norm(blue, blue_expected, cv::NORM_INF), 0.0) << column;
+  }
+}
+
+TEST_P(DrawnAt, DotStandsAtTheNearestPixel) {
+  const int pixel = GetParam().pixel;
+  const double own = GetParam().centre - 1;
+  const cv::Mat dst = drawn(grey(200), 1.0, {}, {numbered(own, 49, 30, 30, -1), numbered(49, own, 30, 30, -1)});
+  for (const int off : {-2, 2}) {
+    EXPECT_EQ(dst.at<cv::Vec3b>(50, pixel + off), kCyan) << off;
+    EXPECT_EQ(dst.at<cv::Vec3b>(pixel + off, 50), kCyan) << off;
+    EXPECT_EQ(dst.at<cv::Vec3b>(50, pixel + off / 2 * 3), cv::Vec3b(50, 50, 50)) << off;
+    EXPECT_EQ(dst.at<cv::Vec3b>(pixel + off / 2 * 3, 50), cv::Vec3b(50, 50, 50)) << off;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fractions, DrawnAt,
+                         testing::Values(RoundingCase{"Up", 120.75, 121}, RoundingCase{"Down", 120.25, 120},
+                                         RoundingCase{"HalfToTheEvenOneBelow", 120.5, 120},
+                                         RoundingCase{"HalfToTheEvenOneAbove", 121.5, 122}),
+                         [](const auto& tested) { return tested.param.name; });
+
 TEST(DrawTarget, TheDotKeepsColumnAndRowApart) {
   const cv::Mat dst = drawn(grey(), 1.0, {}, {numbered(29, 59, 10, 10, -1)});
   EXPECT_EQ(dst.at<cv::Vec3b>(60, 30), kCyan);
