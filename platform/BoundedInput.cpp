@@ -25,7 +25,6 @@ bool nextLine(std::istream& stream, std::string& line) {
     is_full = taken + 1 == block.size() && !stream.eof() && stream.fail();
     if (is_full) stream.clear();  // No failure of the stream: the block was full.
   }
-  if (!line.empty() && stream.eof()) stream.clear(std::ios::eofbit);
   return !stream.fail();
 }
 
