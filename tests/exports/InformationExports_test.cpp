@@ -1,4 +1,5 @@
 #include <PolarLinePrecision.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -78,6 +79,7 @@ TEST(Version, HasSixBytesWithItsEnd) {
 
 struct NullCase {
   const char* name;
+  const char* argument;
   std::function<void()> call;
 };
 
@@ -85,10 +87,11 @@ void PrintTo(const NullCase& tested, std::ostream* stream) { *stream << tested.n
 
 class NullArgument : public testing::TestWithParam<NullCase> {};
 
-TEST_P(NullArgument, IsRefusedBeforeAnyWork) {
+TEST_P(NullArgument, IsRefusedByItsNameBeforeAnyWork) {
   callWithMissingCalibration();
   const ConsoleCapture console;
-  EXPECT_THROW(GetParam().call(), std::logic_error);
+  EXPECT_THAT(GetParam().call,
+              testing::ThrowsMessage<std::logic_error>(GetParam().argument + std::string(" must not be null")));
   EXPECT_EQ(console.out() + console.err(), "");
   EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
@@ -98,29 +101,33 @@ std::vector<PolarResultRecord> unused;
 INSTANTIATE_TEST_SUITE_P(
     Exports, NullArgument,
     testing::Values(
-        NullCase{"RunPolarConfig", [] { CalPolarLinePrecision(nullptr, "", "", "", &unused); }},
-        NullCase{"RunTargetConfig", [] { CalPolarLinePrecision("", nullptr, "", "", &unused); }},
-        NullCase{"RunCalibration", [] { CalPolarLinePrecision("", "", nullptr, "", &unused); }},
-        NullCase{"RunImageList", [] { CalPolarLinePrecision("", "", "", nullptr, &unused); }},
-        NullCase{"RunResults", [] { CalPolarLinePrecision("", "", "", "", nullptr); }},
-        NullCase{"MemoryPolarConfig", [] { CalPolarLinePrecisionOutMat(nullptr, "", {}, {}, &unused, nullptr, ""); }},
-        NullCase{"MemoryTargetConfig", [] { CalPolarLinePrecisionOutMat("", nullptr, {}, {}, &unused, nullptr, ""); }},
-        NullCase{"MemoryResults", [] { CalPolarLinePrecisionOutMat("", "", {}, {}, nullptr, nullptr, ""); }},
-        NullCase{"RectifiedPolarConfig", [] { CalRecificationPrecision(nullptr, "", {}, "", &unused); }},
-        NullCase{"RectifiedTargetConfig", [] { CalRecificationPrecision("", nullptr, {}, "", &unused); }},
-        NullCase{"RectifiedImageList", [] { CalRecificationPrecision("", "", {}, nullptr, &unused); }},
-        NullCase{"RectifiedResults", [] { CalRecificationPrecision("", "", {}, "", nullptr); }},
-        NullCase{"TemperaturePolarConfig", [] { CalTempCompensateCoeff(nullptr, "", "", ""); }},
-        NullCase{"TemperatureTargetConfig", [] { CalTempCompensateCoeff("", nullptr, "", ""); }},
-        NullCase{"TemperatureCalibration", [] { CalTempCompensateCoeff("", "", nullptr, ""); }},
-        NullCase{"TemperatureImageList", [] { CalTempCompensateCoeff("", "", "", nullptr); }},
-        NullCase{"CalibrationRecord", [] { ReadCalibParams("", nullptr); }},
-        NullCase{"ImageListImages", [] { ReadCalibImagelist("", nullptr); }},
-        NullCase{"TextTablesRecord", [] { ReadTxtPolyParams("", nullptr); }},
-        NullCase{"CsvBoard", [] { ReadBoardGTFromCSV("", nullptr, false); }},
-        NullCase{"TextBoard", [] { ReadBoardGTFromTxt("", nullptr); }},
-        NullCase{"ErrorBuffer", [] { GetPolarErrorInfo(nullptr); }},
-        NullCase{"VersionBuffer", [] { GetVersionPolarLinePrecision(nullptr); }}),
+        NullCase{"RunPolarConfig", "polarConfigPath", [] { CalPolarLinePrecision(nullptr, "", "", "", &unused); }},
+        NullCase{"RunTargetConfig", "targetConfigPath", [] { CalPolarLinePrecision("", nullptr, "", "", &unused); }},
+        NullCase{"RunCalibration", "calibrationPath", [] { CalPolarLinePrecision("", "", nullptr, "", &unused); }},
+        NullCase{"RunImageList", "imageListPath", [] { CalPolarLinePrecision("", "", "", nullptr, &unused); }},
+        NullCase{"RunResults", "results", [] { CalPolarLinePrecision("", "", "", "", nullptr); }},
+        NullCase{"MemoryPolarConfig", "polarConfigPath",
+                 [] { CalPolarLinePrecisionOutMat(nullptr, "", {}, {}, &unused, nullptr, ""); }},
+        NullCase{"MemoryTargetConfig", "targetConfigPath",
+                 [] { CalPolarLinePrecisionOutMat("", nullptr, {}, {}, &unused, nullptr, ""); }},
+        NullCase{"MemoryResults", "results", [] { CalPolarLinePrecisionOutMat("", "", {}, {}, nullptr, nullptr, ""); }},
+        NullCase{"RectifiedPolarConfig", "polarConfigPath",
+                 [] { CalRecificationPrecision(nullptr, "", {}, "", &unused); }},
+        NullCase{"RectifiedTargetConfig", "targetConfigPath",
+                 [] { CalRecificationPrecision("", nullptr, {}, "", &unused); }},
+        NullCase{"RectifiedImageList", "imageListPath", [] { CalRecificationPrecision("", "", {}, nullptr, &unused); }},
+        NullCase{"RectifiedResults", "results", [] { CalRecificationPrecision("", "", {}, "", nullptr); }},
+        NullCase{"TemperaturePolarConfig", "polarConfigPath", [] { CalTempCompensateCoeff(nullptr, "", "", ""); }},
+        NullCase{"TemperatureTargetConfig", "targetConfigPath", [] { CalTempCompensateCoeff("", nullptr, "", ""); }},
+        NullCase{"TemperatureCalibration", "calibrationPath", [] { CalTempCompensateCoeff("", "", nullptr, ""); }},
+        NullCase{"TemperatureImageList", "imageListPath", [] { CalTempCompensateCoeff("", "", "", nullptr); }},
+        NullCase{"CalibrationRecord", "calibration", [] { ReadCalibParams("", nullptr); }},
+        NullCase{"ImageListImages", "images", [] { ReadCalibImagelist("", nullptr); }},
+        NullCase{"TextTablesRecord", "calibration", [] { ReadTxtPolyParams("", nullptr); }},
+        NullCase{"CsvBoard", "board_points", [] { ReadBoardGTFromCSV("", nullptr, false); }},
+        NullCase{"TextBoard", "board_points", [] { ReadBoardGTFromTxt("", nullptr); }},
+        NullCase{"ErrorBuffer", "buffer", [] { GetPolarErrorInfo(nullptr); }},
+        NullCase{"VersionBuffer", "buffer", [] { GetVersionPolarLinePrecision(nullptr); }}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "input/BoardGroundTruthReader.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -155,7 +156,8 @@ TEST(ReadBoardTxt, ABoardOfTooManyPointsIsRefused) {
   BoardGroundTruth points((1U << 24U) - 1);
   ReadBoardTxt(path, points);
   EXPECT_EQ(points.back(), cv::Point3f(1, 2, 3));
-  EXPECT_THROW(ReadBoardTxt(path, points), std::length_error);
+  EXPECT_THAT([&] { ReadBoardTxt(path, points); },
+              testing::ThrowsMessage<std::length_error>("a board of more than 16777216 points"));
 }
 
 TEST(ReadBoardTxt, DoesNotFollowTheProcessLocale) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/BoundedInput.h"
 #include "support/CommaLocale.h"
 #include "support/ConsoleCapture.h"
 #include "support/TempFolder.h"
@@ -128,6 +129,15 @@ TEST_F(PolyTableFiles, ValuesBehindThe500thAreDropped) {
   writeEach(text);
   ASSERT_EQ(read(), 0);
   EXPECT_EQ(calibration_->right.poly_x[499], 499.0F);
+}
+
+TEST_F(PolyTableFiles, LinesBehindThe500thAreNotRead) {
+  std::string text;
+  for (int k = 0; k < 500; ++k) text += std::to_string(k) + "\n";
+  writeEach(text);
+  folder_.write(kNames[0], text + std::string(bounded::kLongestText + 1, 'x'));
+  EXPECT_EQ(read(), 0);
+  EXPECT_EQ(calibration_->left.poly_x[499], 499.0F);
 }
 
 TEST_F(PolyTableFiles, WhicheverIsMissingTheTextNamesTheFirst) {

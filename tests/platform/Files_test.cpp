@@ -116,6 +116,13 @@ TEST(MakeFolder, APathWithBlanksMakesTheWrongFolders) {
   EXPECT_FALSE(folder.has("first  " + second));
 }
 
+TEST(MakeFolder, ATabIsABlankToo) {
+  const TempFolder folder;
+  EXPECT_EQ(files::MakeFolder(folder.file("first") + "\t" + folder.file("second")), 0);
+  EXPECT_TRUE(folder.has("first"));
+  EXPECT_TRUE(folder.has("second"));
+}
+
 TEST(MakeFolder, APathWithBlanksThatIsThereIsSuccess) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.path() / "my data");

@@ -1,5 +1,6 @@
 #include "platform/Pictures.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 TEST(StretchTo8Bit, SpreadsTheImagesOwnRange) {
@@ -36,22 +37,27 @@ struct MisfitCase {
   const char* name;
   cv::Size right;
   int right_type;
+  const char* rule;
 };
 
 class SideBySideMisfit : public testing::TestWithParam<MisfitCase> {};
 
-TEST_P(SideBySideMisfit, Throws) {
+TEST_P(SideBySideMisfit, ThrowsAndTellsTheRule) {
   const cv::Mat left(2, 3, CV_8UC1, cv::Scalar(1));
   const cv::Mat right(GetParam().right, GetParam().right_type, cv::Scalar::all(2));
-  EXPECT_THROW(pictures::sideBySide(left, right, CV_8UC1), cv::Exception);
+  EXPECT_THAT([&] { pictures::sideBySide(left, right, CV_8UC1); },
+              testing::ThrowsMessage<cv::Exception>(testing::HasSubstr(GetParam().rule)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Images, SideBySideMisfit,
-                         testing::Values(MisfitCase{"Wider", {4, 2}, CV_8UC1}, MisfitCase{"Narrower", {2, 2}, CV_8UC1},
-                                         MisfitCase{"Taller", {3, 3}, CV_8UC1}, MisfitCase{"Lower", {3, 1}, CV_8UC1},
-                                         MisfitCase{"ThreeChannels", {3, 2}, CV_8UC3},
-                                         MisfitCase{"SixteenBit", {3, 2}, CV_16UC1}),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Images, SideBySideMisfit,
+    testing::Values(MisfitCase{"Wider", {4, 2}, CV_8UC1, "both halves have the left image's columns"},
+                    MisfitCase{"Narrower", {2, 2}, CV_8UC1, "both halves have the left image's columns"},
+                    MisfitCase{"Taller", {3, 3}, CV_8UC1, "both halves have the left image's rows"},
+                    MisfitCase{"Lower", {3, 1}, CV_8UC1, "both halves have the left image's rows"},
+                    MisfitCase{"ThreeChannels", {3, 2}, CV_8UC3, "both halves have the picture's type"},
+                    MisfitCase{"SixteenBit", {3, 2}, CV_16UC1, "both halves have the picture's type"}),
+    [](const auto& test) { return std::string(test.param.name); });
 
 TEST(SideBySide, AnotherTypeThanTheCanvasThrows) {
   const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
