@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-/// The grid of polynomial cells over the image, in normalised coordinates. A grid of no cells (`columns` or `rows` 0)
-/// has cells of no finite size and must not be asked for one.
+/// The grid of polynomial cells over the image, in normalised coordinates. A grid without cells (`columns` or `rows` 0)
+/// has no finite cell size; no cell may be looked up in it.
 class Image {
  public:
   using PerCell = std::vector<std::vector<double>>;

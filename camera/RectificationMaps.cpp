@@ -23,10 +23,10 @@ PointUndistortion undistortionOf(const Lens& lens, LensModel model) {
 }
 
 Rectification unscaledPair(const StereoMatrices& cameras, const cv::Size& size) {
-  constexpr double kKeepFocalLength = -1.0;
+  constexpr double kDefaultScaling = -1.0;
   Rectification pair;
   cv::stereoRectify(cameras.K1, cameras.D1, cameras.K2, cameras.D2, size, cameras.R, cameras.T, pair.R1, pair.R2,
-                    pair.P1, pair.P2, pair.Q, cv::CALIB_ZERO_DISPARITY, kKeepFocalLength);
+                    pair.P1, pair.P2, pair.Q, cv::CALIB_ZERO_DISPARITY, kDefaultScaling);
   return pair;
 }
 
