@@ -30,9 +30,9 @@ struct CodeCase {
   int condition;
 };
 
-class ErrorCode : public testing::TestWithParam<CodeCase> {};
+class ErrorCategoriesCode : public testing::TestWithParam<CodeCase> {};
 
-TEST_P(ErrorCode, MessagesAndCondition) {
+TEST_P(ErrorCategoriesCode, MessagesAndCondition) {
   const CodeCase& expected = GetParam();
   EXPECT_EQ(NormalizedErrorCategory::instance().message(expected.code), expected.normalized);
   EXPECT_EQ(DetectorErrcCategory::instance().message(expected.code), expected.detector);
@@ -46,7 +46,7 @@ TEST_P(ErrorCode, MessagesAndCondition) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ErrorCode,
+INSTANTIATE_TEST_SUITE_P(Table, ErrorCategoriesCode,
                          testing::Values(CodeCase{1, "wrong variable input to function", "file not accessible", 4},
                                          CodeCase{2, "object uninitialized before using", "file type not supported", 1},
                                          CodeCase{3, "bad configuration", "bad content (format) in file", 5},

@@ -105,9 +105,9 @@ struct BoardCase {
   std::size_t missing;  ///< Places covered by big markers.
 };
 
-class DetectBoards : public testing::TestWithParam<BoardCase> {};
+class RingTargetDetectionBoards : public testing::TestWithParam<BoardCase> {};
 
-TEST_P(DetectBoards, EveryDotGetsItsIdAtItsPlace) {
+TEST_P(RingTargetDetectionBoards, EveryDotGetsItsIdAtItsPlace) {
   const BoardCase& given = GetParam();
   const View view(given.kind, given.width, given.height);
   Detection detection;
@@ -127,7 +127,7 @@ TEST_P(DetectBoards, EveryDotGetsItsIdAtItsPlace) {
 
 // Both ends of each row of the working scale. The middle row is for big dots alone.
 INSTANTIATE_TEST_SUITE_P(
-    Widths, DetectBoards,
+    Widths, RingTargetDetectionBoards,
     testing::Values(BoardCase{"Rings320", BoardKind::kSmallRings, 320, 256, 0.1, true, false, false, 0},
                     BoardCase{"Rings321", BoardKind::kSmallRings, 321, 256, 0.1, true, false, false, 0},
                     BoardCase{"Rings640", BoardKind::kSmallRings, 640, 512, 0.15, true, false, false, 0},
@@ -141,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BoardCase{"BigDots2048", BoardKind::kBigDots, 2048, 1100, 0.3, false, false, true, 0}),
     [](const auto& tested) { return tested.param.name; });
 
-TEST(DetectMiddleRow, ARingBoardFailsWithNeitherRingsNorSolids) {
+TEST(RingTargetDetectionMiddleRow, ARingBoardFailsWithNeitherRingsNorSolids) {
   for (const int width : {641, 2047}) {
     const View view(BoardKind::kSmallRings, width, 512);
     Detection detection;
@@ -153,7 +153,7 @@ TEST(DetectMiddleRow, ARingBoardFailsWithNeitherRingsNorSolids) {
   }
 }
 
-TEST(DetectMiddleRow, TheTwoValuedImageStays) {
+TEST(RingTargetDetectionMiddleRow, TheTwoValuedImageStays) {
   const View small(BoardKind::kBigDots, 320, 256);
   const View middle(BoardKind::kBigDots, 800, 640);
   Detection detection;
@@ -166,14 +166,14 @@ TEST(DetectMiddleRow, TheTwoValuedImageStays) {
   EXPECT_EQ(detection.target.getBinaryImage().data, before.data);
 }
 
-TEST(DetectMask, ItIsNotResizedAndFailsWhereTheImageIs) {
+TEST(RingTargetDetectionMask, ItIsNotResizedAndFailsWhereTheImageIs) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.config());
   EXPECT_THROW(detection.detect(view.image(), cv::Mat(256, 320, CV_8UC1, cv::Scalar(255))), cv::Exception);
 }
 
-TEST(DetectMask, OnTheMiddleRowItHidesDots) {
+TEST(RingTargetDetectionMask, OnTheMiddleRowItHidesDots) {
   const View view(BoardKind::kBigDots, 800, 640);
   cv::Mat mask(640, 800, CV_8UC1, cv::Scalar(255));
   const scene::Point2 hidden = view.centreOf(0);
@@ -186,7 +186,7 @@ TEST(DetectMask, OnTheMiddleRowItHidesDots) {
   for (const auto& point : detection.points) EXPECT_NE(point.id, 0);
 }
 
-TEST(DetectRegion, AWholeRegionKeepsAllOnADoubledImageAndAQuarterOnAHalvedOne) {
+TEST(RingTargetDetectionRegion, AWholeRegionKeepsAllOnADoubledImageAndAQuarterOnAHalvedOne) {
   const View doubled(BoardKind::kSmallRings, 640, 512);
   Detection small;
   small.load(doubled.config());
@@ -208,7 +208,7 @@ TEST(DetectRegion, AWholeRegionKeepsAllOnADoubledImageAndAQuarterOnAHalvedOne) {
   EXPECT_EQ(large.target.identifiedEllipses().size(), large.points.size());
 }
 
-TEST(DetectRegion, AnyOtherCountOfValuesClearsIt) {
+TEST(RingTargetDetectionRegion, AnyOtherCountOfValuesClearsIt) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.config());
@@ -222,7 +222,7 @@ TEST(DetectRegion, AnyOtherCountOfValuesClearsIt) {
   EXPECT_EQ(detection.points.size(), view.count());
 }
 
-TEST(DetectIds, FourIdsFilterAndThreeDoNot) {
+TEST(RingTargetDetectionIds, FourIdsFilterAndThreeDoNot) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection four;
   four.load(view.configWith("detection_switch: 1\ndetection_id: [3,1,400,100]\n"));
@@ -236,7 +236,7 @@ TEST(DetectIds, FourIdsFilterAndThreeDoNot) {
   EXPECT_EQ(three.points.size(), view.count());
 }
 
-TEST(DetectBySearch, FindsTheIdsWithoutGrowth) {
+TEST(RingTargetDetectionBySearch, FindsTheIdsWithoutGrowth) {
   const View view(BoardKind::kBigDots, 640, 512);
   Detection detection;
   detection.load(view.configWith("id_method: 1\n"));
@@ -252,11 +252,11 @@ struct RefusingLimit {
   const char* line;
 };
 
-class DetectLimit : public testing::TestWithParam<RefusingLimit> {};
+class RingTargetDetectionLimit : public testing::TestWithParam<RefusingLimit> {};
 
 // No residual is below 1e-9 pixels. Each value alone refuses every contour, so that a limit that did not arrive would
 // let the whole board be found.
-TEST_P(DetectLimit, ReachesTheDetectorOfABigDotBoard) {
+TEST_P(RingTargetDetectionLimit, ReachesTheDetectorOfABigDotBoard) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.configWith(GetParam().line));
@@ -265,7 +265,7 @@ TEST_P(DetectLimit, ReachesTheDetectorOfABigDotBoard) {
   EXPECT_EQ(detection.err, "Invalid big circles at the same size : 0 and 0(should be 3) \n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, DetectLimit,
+INSTANTIATE_TEST_SUITE_P(Keys, RingTargetDetectionLimit,
                          testing::Values(RefusingLimit{"BinMethod", "bin_method: 3\n"},
                                          RefusingLimit{"MinRadius", "min_radius: 1000\n"},
                                          RefusingLimit{"MaxRadius", "max_radius: 0.5\n"},
@@ -273,7 +273,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, DetectLimit,
                                          RefusingLimit{"MinCircularity", "min_circularity: 5\n"}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(DetectLimits, OfARingBoardAreTheDetectorsOwn) {
+TEST(RingTargetDetectionLimits, OfARingBoardAreTheDetectorsOwn) {
   const View rings(BoardKind::kSmallRings, 320, 256);
   Detection untouched;
   untouched.load(rings.configWith("max_sigma: 0.000000001\nbin_method: 3\nmin_radius: 1000\nmin_circularity: 5\n"));
@@ -281,14 +281,14 @@ TEST(DetectLimits, OfARingBoardAreTheDetectorsOwn) {
   EXPECT_TRUE(untouched.found);
 }
 
-TEST(DetectLimits, ATileBeyondTheImageReachesTheDetectorOfABigDotBoard) {
+TEST(RingTargetDetectionLimits, ATileBeyondTheImageReachesTheDetectorOfABigDotBoard) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.configWith("bin_blocksize: 1281\n"));
   EXPECT_THROW(detection.detect(view.image()), cv::Exception) << "of the working width, 1280";
 }
 
-TEST(BinaryImage, ThatWasGivenOutNeverChanges) {
+TEST(RingTargetDetectionBinaryImage, ThatWasGivenOutNeverChanges) {
   const View first(BoardKind::kBigDots, 320, 256);
   const View second(BoardKind::kBigDots, 320, 256, {-5.0, 8.0, 10.0});
   Detection detection;
@@ -307,7 +307,7 @@ TEST(BinaryImage, ThatWasGivenOutNeverChanges) {
 }
 
 // On the middle row the detector works on the very image that it is given.
-TEST(BinaryImage, MayBeTheNextInput) {
+TEST(RingTargetDetectionBinaryImage, MayBeTheNextInput) {
   const View view(BoardKind::kBigDots, 800, 640);
   Detection detection;
   detection.load(view.config());
@@ -327,7 +327,7 @@ TEST(BinaryImage, MayBeTheNextInput) {
   }
 }
 
-TEST(DetectAgain, EachCallStartsAnew) {
+TEST(RingTargetDetectionAgain, EachCallStartsAnew) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.config());
@@ -345,9 +345,9 @@ struct Roll {
   double degrees;
 };
 
-class DetectRolled : public testing::TestWithParam<Roll> {};
+class RingTargetDetectionRolled : public testing::TestWithParam<Roll> {};
 
-TEST_P(DetectRolled, TheNumberingTurnsWithTheBoard) {
+TEST_P(RingTargetDetectionRolled, TheNumberingTurnsWithTheBoard) {
   for (const BoardKind kind : {BoardKind::kSmallRings, BoardKind::kBigDots}) {
     const View view(kind, 640, 640, {4.0, -6.0, GetParam().degrees});
     Detection detection;
@@ -359,9 +359,10 @@ TEST_P(DetectRolled, TheNumberingTurnsWithTheBoard) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rolls, DetectRolled, testing::Values(Roll{90}, Roll{180}, Roll{270}), [](const auto& tested) {
-  return "By" + std::to_string(static_cast<int>(tested.param.degrees));
-});
+INSTANTIATE_TEST_SUITE_P(Rolls, RingTargetDetectionRolled, testing::Values(Roll{90}, Roll{180}, Roll{270}),
+                         [](const auto& tested) {
+                           return "By" + std::to_string(static_cast<int>(tested.param.degrees));
+                         });
 
 struct FrameworkCase {
   const char* name;
@@ -369,9 +370,9 @@ struct FrameworkCase {
   int width, height;
 };
 
-class DetectFramework : public testing::TestWithParam<FrameworkCase> {};
+class RingTargetDetectionFramework : public testing::TestWithParam<FrameworkCase> {};
 
-TEST_P(DetectFramework, GivesEveryEllipseWithoutAnId) {
+TEST_P(RingTargetDetectionFramework, GivesEveryEllipseWithoutAnId) {
   const View view(GetParam().kind, GetParam().width, GetParam().height);
   RingTarget target;
   RingTarget::Points points(3), unidentified(2);
@@ -391,7 +392,7 @@ TEST_P(DetectFramework, GivesEveryEllipseWithoutAnId) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, DetectFramework,
+INSTANTIATE_TEST_SUITE_P(Table, RingTargetDetectionFramework,
                          testing::Values(FrameworkCase{"Rings320", BoardKind::kSmallRings, 320, 256},
                                          FrameworkCase{"Rings641", BoardKind::kSmallRings, 641, 512},
                                          FrameworkCase{"BigDots640", BoardKind::kBigDots, 640, 512},
@@ -399,7 +400,7 @@ INSTANTIATE_TEST_SUITE_P(Table, DetectFramework,
                                          FrameworkCase{"Rings2048", BoardKind::kSmallRings, 2048, 900}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(DetectFrameworkMask, OnTheMiddleRowTheDetectorTakesIt) {
+TEST(RingTargetDetectionFrameworkMask, OnTheMiddleRowTheDetectorTakesIt) {
   const View view(BoardKind::kBigDots, 800, 640);
   cv::Mat mask(640, 800, CV_8UC1, cv::Scalar(255));
   const scene::Point2 hidden = view.centreOf(0);
@@ -413,7 +414,7 @@ TEST(DetectFrameworkMask, OnTheMiddleRowTheDetectorTakesIt) {
   EXPECT_EQ(masked.size(), whole.size() - 1);
 }
 
-TEST(DrawDetection, NumberedDotsAreRed) {
+TEST(RingTargetDetectionDrawn, NumberedDotsAreRed) {
   const View view(BoardKind::kBigDots, 320, 256);
   Detection detection;
   detection.load(view.config());

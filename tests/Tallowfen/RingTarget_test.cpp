@@ -64,7 +64,7 @@ TEST(RingTarget, BeforeItsConfigurationItHoldsNothing) {
   EXPECT_TRUE(target.getBinaryImage().empty());
 }
 
-TEST(LoadConfig, AnEmptyConfigurationIsToldWithoutALineEnd) {
+TEST(RingTargetLoadConfig, AnEmptyConfigurationIsToldWithoutALineEnd) {
   RingTarget target;
   const Loaded loaded = load(target, "");
   EXPECT_FALSE(loaded.result);
@@ -72,7 +72,7 @@ TEST(LoadConfig, AnEmptyConfigurationIsToldWithoutALineEnd) {
   EXPECT_EQ(loaded.err, "");
 }
 
-TEST(LoadConfig, AnEmptyTextIsTold) {
+TEST(RingTargetLoadConfig, AnEmptyTextIsTold) {
   const TempFolder folder;
   RingTarget target;
   const Loaded loaded = load(target, folder.write("t.ini", ""));
@@ -80,7 +80,7 @@ TEST(LoadConfig, AnEmptyTextIsTold) {
   EXPECT_EQ(loaded.out, "Calibconfig is empty or no content was read.\n");
 }
 
-TEST(LoadConfig, TextBecomesTheBoardsModel) {
+TEST(RingTargetLoadConfig, TextBecomesTheBoardsModel) {
   RingTarget target;
   const Loaded loaded = load(target, kSmallBoard);
   EXPECT_TRUE(loaded.result);
@@ -94,14 +94,14 @@ TEST(LoadConfig, TextBecomesTheBoardsModel) {
   EXPECT_EQ(target.centreIndex(), 1);
 }
 
-TEST(LoadConfig, AnIniFileIsRead) {
+TEST(RingTargetLoadConfig, AnIniFileIsRead) {
   const TempFolder folder;
   RingTarget target;
   EXPECT_TRUE(load(target, folder.write("t.ini", kSmallBoard)).result);
   EXPECT_EQ(target.config().rows, 2);
 }
 
-TEST(LoadConfig, AStorageFileIsRead) {
+TEST(RingTargetLoadConfig, AStorageFileIsRead) {
   const TempFolder folder;
   RingTarget target;
   EXPECT_TRUE(load(target, folder.write("t.json", R"({ "patterns": [ { "board_type": 3, "rows": 71, "cols": 73 } ] })"))
@@ -110,7 +110,7 @@ TEST(LoadConfig, AStorageFileIsRead) {
   EXPECT_EQ(target.centreIndex(), 2591);
 }
 
-TEST(LoadConfig, AnExistingTxtFileIsTakenAsTextAndHoldsNothing) {
+TEST(RingTargetLoadConfig, AnExistingTxtFileIsTakenAsTextAndHoldsNothing) {
   const TempFolder folder;
   RingTarget target;
   EXPECT_TRUE(load(target, folder.write("t.txt", kSmallBoard)).result);
@@ -119,7 +119,7 @@ TEST(LoadConfig, AnExistingTxtFileIsTakenAsTextAndHoldsNothing) {
   EXPECT_EQ(target.boardModel().size(), 71U * 73U) << "the board of the defaults";
 }
 
-TEST(LoadConfig, AnUnknownBoardInAnIniFileGivesNoRecordButInAStorageFileAnError) {
+TEST(RingTargetLoadConfig, AnUnknownBoardInAnIniFileGivesNoRecordButInAStorageFileAnError) {
   const TempFolder folder;
   RingTarget target;
   EXPECT_TRUE(load(target, folder.write("t.ini", "board_type: 4\nrows: 3\n")).result);
@@ -132,7 +132,7 @@ TEST(LoadConfig, AnUnknownBoardInAnIniFileGivesNoRecordButInAStorageFileAnError)
   EXPECT_THROW(target.loadConfig(xml), std::system_error);
 }
 
-TEST(LoadConfig, GroundTruthOfTheWholeBoardIsItsModel) {
+TEST(RingTargetLoadConfig, GroundTruthOfTheWholeBoardIsItsModel) {
   RingTarget target;
   std::vector<cv::Point3f> truth(6, {1.5F, 2.5F, 3.5F});
   EXPECT_TRUE(target.setBoardPoints(truth));
@@ -141,7 +141,7 @@ TEST(LoadConfig, GroundTruthOfTheWholeBoardIsItsModel) {
   EXPECT_EQ(target.boardModel()[2].position, cv::Point3d(1.5, 2.5, 3.5));
 }
 
-TEST(LoadConfig, ASecondConfigurationReplacesTheFirst) {
+TEST(RingTargetLoadConfig, ASecondConfigurationReplacesTheFirst) {
   RingTarget target;
   load(target, kSmallBoard);
   load(target, "board_type: 2\nrows: 1\ncols: 2\nstep: 5\n");
@@ -149,7 +149,7 @@ TEST(LoadConfig, ASecondConfigurationReplacesTheFirst) {
   EXPECT_THAT(target.boardPointIds(), ElementsAre(0, 1));
 }
 
-TEST(LoadConfig, AnUnknownBoardAfterAKnownOneBringsTheDefaultsBack) {
+TEST(RingTargetLoadConfig, AnUnknownBoardAfterAKnownOneBringsTheDefaultsBack) {
   RingTarget target;
   load(target, "board_type: 3\nrows: 2\ncols: 3\nstep: 10\nid_method: 1\nbin_blocksize: 50\nmin_radius: 7\n");
   ASSERT_EQ(target.config().id_method, 1);
@@ -167,7 +167,7 @@ TEST(LoadConfig, AnUnknownBoardAfterAKnownOneBringsTheDefaultsBack) {
   EXPECT_EQ(target.centreIndex(), 2591);
 }
 
-TEST(LoadConfig, ABigDotBoardWithoutARowPitchIsSquare) {
+TEST(RingTargetLoadConfig, ABigDotBoardWithoutARowPitchIsSquare) {
   for (const char* row_pitch : {"", "step_y: 0\n"}) {
     RingTarget target;
     EXPECT_TRUE(load(target, std::string("board_type: 3\nrows: 3\ncols: 2\nstep: 12.5\n") + row_pitch).result);
@@ -177,9 +177,9 @@ TEST(LoadConfig, ABigDotBoardWithoutARowPitchIsSquare) {
   }
 }
 
-class OversizedBoard : public testing::TestWithParam<const char*> {};
+class RingTargetOversizedBoard : public testing::TestWithParam<const char*> {};
 
-TEST_P(OversizedBoard, IsRefusedAndLeavesTheTargetAsItWas) {
+TEST_P(RingTargetOversizedBoard, IsRefusedAndLeavesTheTargetAsItWas) {
   RingTarget target;
   load(target, kSmallBoard);
   EXPECT_THROW(load(target, GetParam()), cv::Exception);
@@ -189,13 +189,13 @@ TEST_P(OversizedBoard, IsRefusedAndLeavesTheTargetAsItWas) {
   EXPECT_EQ(target.centreIndex(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, OversizedBoard,
+INSTANTIATE_TEST_SUITE_P(Texts, RingTargetOversizedBoard,
                          testing::Values("board_type: 2\nrows: 20000\ncols: 20000\n",
                                          "board_type: 3\nrows: 65535\ncols: 65535\nid_method: 1\n",
                                          "board_type: 1\nrows: -1\ncols: 257\n"));
 
 // A word reads as the largest int, of which 16 bits stay.
-TEST(LoadConfig, SizesThatAreWordsInADocumentMakeAnOversizedBoard) {
+TEST(RingTargetLoadConfig, SizesThatAreWordsInADocumentMakeAnOversizedBoard) {
   const TempFolder folder;
   const std::string path =
       folder.write("t.json", R"({ "patterns": [ { "board_type": 2, "rows": "71", "cols": "73" } ] })");
@@ -203,14 +203,14 @@ TEST(LoadConfig, SizesThatAreWordsInADocumentMakeAnOversizedBoard) {
   EXPECT_THROW(load(target, path), cv::Exception);
 }
 
-TEST(SetBoardPoints, FewerThanSixKeepTheOldOnes) {
+TEST(RingTargetSetBoardPoints, FewerThanSixKeepTheOldOnes) {
   RingTarget target;
   EXPECT_TRUE(target.setBoardPoints(std::vector<cv::Point3f>(6, {7, 7, 7})));
   EXPECT_FALSE(target.setBoardPoints(std::vector<cv::Point3f>(5, {8, 8, 8})));
   EXPECT_THAT(load(target, kSmallBoard).out, HasSubstr("GT mode\nchecke_pointstart:7 7 7\n"));
 }
 
-TEST(SetDetectionRegion, TakesExactlyFourValues) {
+TEST(RingTargetSetDetectionRegion, TakesExactlyFourValues) {
   RingTarget target;
   EXPECT_TRUE(target.setDetectionRegion({0, 1, 0, 1}));
   EXPECT_FALSE(target.setDetectionRegion({0, 1, 0}));
@@ -218,7 +218,7 @@ TEST(SetDetectionRegion, TakesExactlyFourValues) {
   EXPECT_FALSE(target.setDetectionRegion({0, 1, 0, 1, 0}));
 }
 
-TEST(SaveConfig, ComesBackAsTheSameGeometry) {
+TEST(RingTargetSaveConfig, ComesBackAsTheSameGeometry) {
   const TempFolder folder;
   RingTarget target;
   load(target, kSmallBoard);
@@ -229,7 +229,9 @@ TEST(SaveConfig, ComesBackAsTheSameGeometry) {
   EXPECT_EQ(other.config().ratio_solid, 0.25F);
 }
 
-TEST(SaveConfig, ThrowsForAnotherEnding) { EXPECT_THROW(RingTarget().saveConfig("t.ini"), std::system_error); }
+TEST(RingTargetSaveConfig, ThrowsForAnotherEnding) {
+  EXPECT_THROW(RingTarget().saveConfig("t.ini"), std::system_error);
+}
 
 /// The two detections, which begin alike.
 struct Entry {
@@ -238,7 +240,7 @@ struct Entry {
   const char* operation;
 };
 
-class DetectionEntry : public testing::TestWithParam<Entry> {
+class RingTargetEntry : public testing::TestWithParam<Entry> {
  protected:
   bool run(RingTarget& target, const cv::Mat& image, const cv::Mat& mask = {}) {
     const ConsoleCapture console;
@@ -264,7 +266,7 @@ class DetectionEntry : public testing::TestWithParam<Entry> {
   std::string err_;
 };
 
-TEST_P(DetectionEntry, WithoutAConfigurationThereIsNoDetector) {
+TEST_P(RingTargetEntry, WithoutAConfigurationThereIsNoDetector) {
   RingTarget target;
   EXPECT_FALSE(run(target, cv::Mat::zeros(20, 20, CV_8UC1)));
   EXPECT_EQ(err_, "[RingTarget::detect] Error: ellipse detector not initialized.\n");
@@ -272,7 +274,7 @@ TEST_P(DetectionEntry, WithoutAConfigurationThereIsNoDetector) {
   EXPECT_THAT(unidentified_, IsEmpty());
 }
 
-TEST_P(DetectionEntry, AnImageOfAnotherTypeIsRefused) {
+TEST_P(RingTargetEntry, AnImageOfAnotherTypeIsRefused) {
   RingTarget target;
   for (const int type : {CV_8UC3, CV_16UC1, CV_32FC1}) {
     EXPECT_FALSE(run(target, cv::Mat::zeros(20, 20, type)));
@@ -280,16 +282,16 @@ TEST_P(DetectionEntry, AnImageOfAnotherTypeIsRefused) {
   }
 }
 
-TEST_P(DetectionEntry, AMaskOfAnotherTypeRaisesTheAssertion) {
+TEST_P(RingTargetEntry, AMaskOfAnotherTypeRaisesTheAssertion) {
   expectAssertion(cv::Mat::zeros(20, 20, CV_8UC3), "mask.type() == CV_8UC1");
 }
 
-TEST_P(DetectionEntry, AMaskOfAnotherSizeRaisesTheAssertion) {
+TEST_P(RingTargetEntry, AMaskOfAnotherSizeRaisesTheAssertion) {
   expectAssertion(cv::Mat::zeros(20, 21, CV_8UC1), "mask.size() == image.size()");
 }
 
 // The type of a mask first, then its size, and both before the image and the detector.
-TEST_P(DetectionEntry, TheMaskIsLookedAtFirst) {
+TEST_P(RingTargetEntry, TheMaskIsLookedAtFirst) {
   expectAssertion(cv::Mat::zeros(20, 21, CV_8UC3), "mask.type() == CV_8UC1");
   RingTarget target;
   EXPECT_THROW(run(target, cv::Mat::zeros(20, 20, CV_16UC1), cv::Mat::zeros(20, 21, CV_8UC1)), cv::Exception);
@@ -297,19 +299,19 @@ TEST_P(DetectionEntry, TheMaskIsLookedAtFirst) {
   EXPECT_THAT(unidentified_, IsEmpty());
 }
 
-TEST_P(DetectionEntry, AnEmptyImageLeavesAsTheLibrarysException) {
+TEST_P(RingTargetEntry, AnEmptyImageLeavesAsTheLibrarysException) {
   RingTarget target;
   load(target, kSmallBoard);
   EXPECT_THROW(run(target, cv::Mat()), cv::Exception);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, DetectionEntry,
+INSTANTIATE_TEST_SUITE_P(Both, RingTargetEntry,
                          testing::Values(Entry{"Detect", &RingTarget::detect, "kestrune::RingTarget::detect"},
                                          Entry{"Detectframework", &RingTarget::detectframework,
                                                "kestrune::RingTarget::detectframework"}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(Draw, BeforeAnyDetectionItIsTheScaledCopyAlone) {
+TEST(RingTargetDraw, BeforeAnyDetectionItIsTheScaledCopyAlone) {
   RingTarget target;
   cv::Mat dst;
   target.draw(cv::Mat(10, 20, CV_8UC1, cv::Scalar(77)), dst, 2.0);

@@ -37,7 +37,7 @@ int pixelsOf(const cv::Mat& image, const cv::Vec3b& colour) {
 
 cv::Mat grey(int side = 100) { return {side, side, CV_8UC1, cv::Scalar(50)}; }
 
-TEST(DrawTarget, WithoutADetectionItIsTheScaledCopyAlone) {
+TEST(TargetDrawing, WithoutADetectionItIsTheScaledCopyAlone) {
   cv::Mat src(4, 6, CV_8UC1);
   cv::randu(src, 0, 256);
   cv::Mat colour, expected;
@@ -49,7 +49,7 @@ TEST(DrawTarget, WithoutADetectionItIsTheScaledCopyAlone) {
   EXPECT_EQ(cv::norm(dst, expected, cv::NORM_INF), 0.0);
 }
 
-TEST(DrawTarget, AColourImageIsCopiedAndNotPaintedOn) {
+TEST(TargetDrawing, AColourImageIsCopiedAndNotPaintedOn) {
   const cv::Mat src(100, 100, CV_8UC3, cv::Scalar(1, 2, 3));
   const cv::Mat dst = drawn(src, 1.0, {numbered(50, 50, 20, 10, 0)}, {});
   EXPECT_GT(pixelsOf(dst, kRed), 0);
@@ -61,9 +61,9 @@ struct TypeCase {
   int type;
 };
 
-class DrawTargetType : public testing::TestWithParam<TypeCase> {};
+class TargetDrawingType : public testing::TestWithParam<TypeCase> {};
 
-TEST_P(DrawTargetType, RaisesTheAssertion) {
+TEST_P(TargetDrawingType, RaisesTheAssertion) {
   cv::Mat dst;
   try {
     drawTarget(cv::Mat(10, 10, GetParam().type), dst, 1.0, {}, {});
@@ -75,12 +75,12 @@ TEST_P(DrawTargetType, RaisesTheAssertion) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, DrawTargetType,
+INSTANTIATE_TEST_SUITE_P(Table, TargetDrawingType,
                          testing::Values(TypeCase{"SixteenBitThreeChannels", CV_16UC3},
                                          TypeCase{"SixteenBit", CV_16UC1}, TypeCase{"FourChannels", CV_8UC4}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(DrawTarget, NumberedEllipseIsARedOutlineOfItsSemiAxes) {
+TEST(TargetDrawing, NumberedEllipseIsARedOutlineOfItsSemiAxes) {
   // Scale 2: centre ((49.5 + 0.5) * 2 + 0.5) = 100.5, semi-axes 40 and 20.
   const cv::Mat dst = drawn(grey(), 2.0, {numbered(49.5, 49.5, 20, 10, 0)}, {});
   EXPECT_EQ(dst.at<cv::Vec3b>(100, 140), kRed);
@@ -90,7 +90,7 @@ TEST(DrawTarget, NumberedEllipseIsARedOutlineOfItsSemiAxes) {
   EXPECT_EQ(dst.at<cv::Vec3b>(135, 100), cv::Vec3b(50, 50, 50));
 }
 
-TEST(DrawTarget, TheAngleTurnsTheOutline) {
+TEST(TargetDrawing, TheAngleTurnsTheOutline) {
   kestrune::Ellipse upright = numbered(49.5, 49.5, 20, 10, 0);
   upright.angle = CV_PI / 2.0;
   const cv::Mat dst = drawn(grey(), 2.0, {upright}, {});
@@ -98,7 +98,7 @@ TEST(DrawTarget, TheAngleTurnsTheOutline) {
   EXPECT_EQ(dst.at<cv::Vec3b>(100, 120), kRed);
 }
 
-TEST(DrawTarget, TheIdIsWrittenInBlueFromTheCentre) {
+TEST(TargetDrawing, TheIdIsWrittenInBlueFromTheCentre) {
   // A width of 160 gives font scale 2.4 and thickness 4.
   const cv::Mat dst = drawn(grey(400), 1.0, {numbered(199, 199, 80, 80, 1234)}, {});
   cv::Mat expected(400, 400, CV_8UC3, cv::Scalar::all(50));
@@ -110,19 +110,19 @@ TEST(DrawTarget, TheIdIsWrittenInBlueFromTheCentre) {
   EXPECT_EQ(cv::norm(blue, blue_expected, cv::NORM_INF), 0.0);
 }
 
-TEST(DrawTarget, OnlyTheLowSixteenBitsAreWritten) {
+TEST(TargetDrawing, OnlyTheLowSixteenBitsAreWritten) {
   const cv::Mat low = drawn(grey(400), 1.0, {numbered(199, 199, 80, 80, 77)}, {});
   const cv::Mat layered = drawn(grey(400), 1.0, {numbered(199, 199, 80, 80, 0x60000 | 77)}, {});
   EXPECT_EQ(cv::norm(low, layered, cv::NORM_INF), 0.0);
 }
 
-TEST(DrawTarget, LayerSixIsDrawnAndLayerSevenLeftOut) {
+TEST(TargetDrawing, LayerSixIsDrawnAndLayerSevenLeftOut) {
   EXPECT_GT(pixelsOf(drawn(grey(), 1.0, {numbered(50, 50, 20, 10, 6 << 16)}, {}), kRed), 0);
   EXPECT_EQ(pixelsOf(drawn(grey(), 1.0, {numbered(50, 50, 20, 10, 7 << 16)}, {}), kRed), 0);
   EXPECT_EQ(pixelsOf(drawn(grey(), 1.0, {numbered(50, 50, 20, 10, -1)}, {}), kRed), 0);
 }
 
-TEST(DrawTarget, AnUnnumberedEllipseIsCyanWithADot) {
+TEST(TargetDrawing, AnUnnumberedEllipseIsCyanWithADot) {
   const cv::Mat dst = drawn(grey(), 2.0, {}, {numbered(49.5, 49.5, 20, 10, -1)});
   EXPECT_EQ(dst.at<cv::Vec3b>(100, 140), kCyan);
   // The centre 100.5 rounds to 100, the even one.
@@ -146,7 +146,7 @@ cv::Mat scaledSheet(double scale) {
 }
 
 // Every pixel of the strokes: two wide, of hard ends.
-TEST(DrawTarget, OutlineAndIdByOpenCv) {
+TEST(TargetDrawing, OutlineAndIdByOpenCv) {
   for (const double scale : {1.0, 1.7}) {
     kestrune::Ellipse turned = numbered(48.3, 52.9, 37.4, 21.2, 365);
     turned.angle = 0.4;
@@ -161,7 +161,7 @@ TEST(DrawTarget, OutlineAndIdByOpenCv) {
   }
 }
 
-TEST(DrawTarget, OutlineAndDotByOpenCv) {
+TEST(TargetDrawing, OutlineAndDotByOpenCv) {
   for (const double scale : {1.0, 1.7}) {
     kestrune::Ellipse turned = numbered(48.3, 52.9, 37.4, 21.2, -1);
     turned.angle = 0.4;
@@ -179,9 +179,9 @@ struct RoundingCase {
   int pixel;
 };
 
-class DrawnAt : public testing::TestWithParam<RoundingCase> {};
+class TargetDrawingDrawnAt : public testing::TestWithParam<RoundingCase> {};
 
-TEST_P(DrawnAt, IdStandsAtTheNearestPixel) {
+TEST_P(TargetDrawingDrawnAt, IdStandsAtTheNearestPixel) {
   // Five pixels to the left of the centre; the halves stay halves.
   for (const bool column : {true, false}) {
     const double centre = GetParam().centre;
@@ -197,7 +197,7 @@ TEST_P(DrawnAt, IdStandsAtTheNearestPixel) {
   }
 }
 
-TEST_P(DrawnAt, DotStandsAtTheNearestPixel) {
+TEST_P(TargetDrawingDrawnAt, DotStandsAtTheNearestPixel) {
   const int pixel = GetParam().pixel;
   const double own = GetParam().centre - 1;
   const cv::Mat dst = drawn(grey(200), 1.0, {}, {numbered(own, 49, 30, 30, -1), numbered(49, own, 30, 30, -1)});
@@ -209,13 +209,13 @@ TEST_P(DrawnAt, DotStandsAtTheNearestPixel) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Fractions, DrawnAt,
+INSTANTIATE_TEST_SUITE_P(Fractions, TargetDrawingDrawnAt,
                          testing::Values(RoundingCase{"Up", 120.75, 121}, RoundingCase{"Down", 120.25, 120},
                                          RoundingCase{"HalfToTheEvenOneBelow", 120.5, 120},
                                          RoundingCase{"HalfToTheEvenOneAbove", 121.5, 122}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(DrawTarget, TheDotKeepsColumnAndRowApart) {
+TEST(TargetDrawing, TheDotKeepsColumnAndRowApart) {
   const cv::Mat dst = drawn(grey(), 1.0, {}, {numbered(29, 59, 10, 10, -1)});
   EXPECT_EQ(dst.at<cv::Vec3b>(60, 30), kCyan);
   EXPECT_EQ(dst.at<cv::Vec3b>(30, 60), cv::Vec3b(50, 50, 50));

@@ -12,12 +12,12 @@
 
 namespace {
 
-TEST(BrownCoefficientsOf, AreTheLastEightNumbersOfACamera) {
+TEST(BrownModelBrownCoefficientsOf, AreTheLastEightNumbersOfACamera) {
   const BrownCoefficients expected = {5, 6, 7, 8, 9, 10, 11, static_cast<double>(0.1F)};
   EXPECT_EQ(brownCoefficientsOf({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0.1F}), expected);
 }
 
-TEST(BrownDistort, WithoutCoefficientsIsTheIdentity) {
+TEST(BrownModelDistort, WithoutCoefficientsIsTheIdentity) {
   EXPECT_EQ(BrownDistort({0.3, -0.7}, {}), cv::Point2d(0.3, -0.7));
 }
 
@@ -26,13 +26,13 @@ struct BrownTerm {
   BrownCoefficients coefficients;
   cv::Point2d raw;  ///< Of the ideal point (1, 2): r^2 = 5, r^4 = 25, r^6 = 125.
 };
-class BrownTerms : public testing::TestWithParam<BrownTerm> {};
+class BrownModelTerms : public testing::TestWithParam<BrownTerm> {};
 
-TEST_P(BrownTerms, ByHand) {
+TEST_P(BrownModelTerms, ByHand) {
   EXPECT_THAT(BrownDistort({1, 2}, GetParam().coefficients), PointNear(GetParam().raw, 1e-13));
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, BrownTerms,
+INSTANTIATE_TEST_SUITE_P(Each, BrownModelTerms,
                          testing::Values(BrownTerm{"K1", {0.5}, {3.5, 7}}, BrownTerm{"K2", {0, 0.5}, {13.5, 27}},
                                          BrownTerm{"K3", {0, 0, 0.5}, {63.5, 127}},
                                          BrownTerm{"K4", {0, 0, 0, 0.2}, {0.5, 1}},
@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(Each, BrownTerms,
 
 const BrownCoefficients kStrong = {-0.31, 0.12, -0.02, 0.04, -0.01, 0.003, 0.0011, -0.0007};
 
-TEST(BrownDistort, AgreesWithTheProjectionOfOpenCv) {
+TEST(BrownModelDistort, AgreesWithTheProjectionOfOpenCv) {
   const auto& [K1, K2, K3, K4, K5, K6, P1, P2] = kStrong;
   const std::vector<double> D = {K1, K2, P1, P2, K3, K4, K5, K6};
   const std::vector<cv::Point3d> points = {{0.1, 0.2, 1}, {-0.7, 0.5, 1}, {0.6, -0.4, 1}};
@@ -55,7 +55,7 @@ TEST(BrownDistort, AgreesWithTheProjectionOfOpenCv) {
   }
 }
 
-TEST(BrownUndistort, DistortThenUndistortGivesThePointBack) {
+TEST(BrownModelUndistort, DistortThenUndistortGivesThePointBack) {
   const auto distort = [](const cv::Point2d& ideal, cv::Point2d& raw) {
     raw = BrownDistort(ideal, kStrong);
     return true;
@@ -71,7 +71,7 @@ TEST(BrownUndistort, DistortThenUndistortGivesThePointBack) {
 /// With so large a first and fourth coefficient f is their quotient 1.966 everywhere: the distortion is 0.966 q.
 const BrownCoefficients kScaling = {1.966e30, 0, 0, 1e30, 0, 0, 0, 0};
 
-TEST(BrownUndistort, ConvergingOnTheLastStepIsTooLate) {
+TEST(BrownModelUndistort, ConvergingOnTheLastStepIsTooLate) {
   const double least = 1e-6 / std::pow(0.966, 200);
   cv::Point2d ideal;
   ASSERT_TRUE(BrownUndistort({least * 0.99, 0}, kScaling, ideal));
@@ -79,7 +79,7 @@ TEST(BrownUndistort, ConvergingOnTheLastStepIsTooLate) {
   EXPECT_FALSE(BrownUndistort({least * 1.01, 0}, kScaling, ideal));
 }
 
-TEST(BrownUndistort, AFailureLeavesTheLastDistortionInTheOutput) {
+TEST(BrownModelUndistort, AFailureLeavesTheLastDistortionInTheOutput) {
   cv::Point2d output;
   ASSERT_FALSE(BrownUndistort({1, 0}, kScaling, output));
   // 200 steps of q <- 1 - 0.966 q, then 0.966 q once more.
@@ -87,7 +87,7 @@ TEST(BrownUndistort, AFailureLeavesTheLastDistortionInTheOutput) {
   EXPECT_NEAR(output.x, 0.966 * last_point, 1e-12);
 }
 
-TEST(BrownUndistort, ErrorOfJustTheToleranceIsGoodEnough) {
+TEST(BrownModelUndistort, ErrorOfJustTheToleranceIsGoodEnough) {
   // P2 alone takes (0, 1) to (P2, 1): the start is off by P2.
   cv::Point2d ideal;
   ASSERT_TRUE(BrownUndistort({0, 1}, {0, 0, 0, 0, 0, 0, 0, 1e-6}, ideal));
@@ -96,13 +96,13 @@ TEST(BrownUndistort, ErrorOfJustTheToleranceIsGoodEnough) {
   EXPECT_NEAR(ideal.x, -1e-6, 1e-12);
 }
 
-TEST(BrownUndistort, OutputMayBeTheInput) {
+TEST(BrownModelUndistort, OutputMayBeTheInput) {
   cv::Point2d point = BrownDistort({0.2, 0.3}, kStrong);
   ASSERT_TRUE(BrownUndistort(point, kStrong, point));
   EXPECT_THAT(point, PointNear(cv::Point2d(0.2, 0.3), 2e-6));
 }
 
-TEST(BrownUndistort, NanAsksForNoStep) {
+TEST(BrownModelUndistort, NanAsksForNoStep) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   cv::Point2d ideal;
   EXPECT_TRUE(BrownUndistort({nan, nan}, kStrong, ideal));

@@ -114,7 +114,7 @@ StereoCalibParams calibration() {
   return calib;
 }
 
-TEST(LoadCalib, IndexZeroIsTheLeftCameraOfTheCalibration) {
+TEST(PinholeCameraIntrinsicsPOLLoadCalib, IndexZeroIsTheLeftCameraOfTheCalibration) {
   Camera camera(9, 9, 9, 9, 9, 9, 3.0, {});
   ASSERT_TRUE(camera.LoadCalib(calibration(), 0));
   EXPECT_EQ(camera.width(), 1200);
@@ -126,7 +126,7 @@ TEST(LoadCalib, IndexZeroIsTheLeftCameraOfTheCalibration) {
   EXPECT_EQ(camera.image().x_max, (1200.0 - 401.0) / 400.0);
 }
 
-TEST(LoadCalib, IndexOneIsTheRightCameraOfTheCalibration) {
+TEST(PinholeCameraIntrinsicsPOLLoadCalib, IndexOneIsTheRightCameraOfTheCalibration) {
   Camera camera;
   ASSERT_TRUE(camera.LoadCalib(calibration(), 1));
   EXPECT_EQ(camera.width(), 1000);
@@ -137,7 +137,7 @@ TEST(LoadCalib, IndexOneIsTheRightCameraOfTheCalibration) {
   EXPECT_EQ(camera.table_y().back(), 7.0F);
 }
 
-TEST(LoadCalib, AnyOtherIndexChangesNothing) {
+TEST(PinholeCameraIntrinsicsPOLLoadCalib, AnyOtherIndexChangesNothing) {
   Camera camera(9, 9, 9, 9, 9, 9, 3.0, {});
   EXPECT_FALSE(camera.LoadCalib(calibration(), 2));
   EXPECT_FALSE(camera.LoadCalib(calibration(), -1));
@@ -145,7 +145,7 @@ TEST(LoadCalib, AnyOtherIndexChangesNothing) {
   EXPECT_EQ(camera.scale(), 3.0);
 }
 
-TEST(SetParams, LeavesTablesAndGridAsTheyWere) {
+TEST(PinholeCameraIntrinsicsPOLSetParams, LeavesTablesAndGridAsTheyWere) {
   Camera camera(1200, 800, 400, 200, 400, 300, 2.0, numberedTables(6, 4));
   ASSERT_TRUE(camera.SetParams({80, 60, 100, 200, 40, 30}));
   EXPECT_EQ(camera.width(), 80);
@@ -163,7 +163,7 @@ Camera twoHalves(float left_adds, float right_adds) {
   return {1000, 1000, 500, 500, 500, 500, 1.0, tables};
 }
 
-TEST(AddDistortion, AllZeroTablesReturnTheirInput) {
+TEST(PinholeCameraIntrinsicsPOLAddDistortion, AllZeroTablesReturnTheirInput) {
   const Camera camera = twoHalves(0, 0);
   cv::Point2d raw;
   ASSERT_TRUE(camera.AddDistortion({0.1, -0.7}, raw));
@@ -172,7 +172,7 @@ TEST(AddDistortion, AllZeroTablesReturnTheirInput) {
   EXPECT_EQ(raw, cv::Point2d(0.1, -0.7));
 }
 
-TEST(AddDistortion, APointOutsideOfTheImageTakesTheNearestColumn) {
+TEST(PinholeCameraIntrinsicsPOLAddDistortion, APointOutsideOfTheImageTakesTheNearestColumn) {
   const Camera camera = twoHalves(0.25F, 0.5F);
   cv::Point2d raw;
   ASSERT_TRUE(camera.AddDistortion({-3, 5}, raw));
@@ -181,7 +181,7 @@ TEST(AddDistortion, APointOutsideOfTheImageTakesTheNearestColumn) {
   EXPECT_EQ(raw, cv::Point2d(3.5, -5));
 }
 
-TEST(AddDistortion, ExtrapolatesThePolynomialOutsideOfTheImage) {
+TEST(PinholeCameraIntrinsicsPOLAddDistortion, ExtrapolatesThePolynomialOutsideOfTheImage) {
   PolyTables tables{2, 1, {}, {}};
   tables.x[1] = tables.x[11] = 0.5F;
   const Camera camera(1000, 1000, 500, 500, 500, 500, 1.0, tables);
@@ -192,14 +192,14 @@ TEST(AddDistortion, ExtrapolatesThePolynomialOutsideOfTheImage) {
   EXPECT_EQ(raw.x, 2.0);
 }
 
-TEST(AddDistortion, AddsTheNarrowedCorrectionInDouble) {
+TEST(PinholeCameraIntrinsicsPOLAddDistortion, AddsTheNarrowedCorrectionInDouble) {
   const Camera camera = twoHalves(0.1F, 0.1F);
   cv::Point2d raw;
   ASSERT_TRUE(camera.AddDistortion({0.3, 0}, raw));
   EXPECT_EQ(raw.x, 0.3 + static_cast<double>(0.1F));
 }
 
-TEST(RemoveDistortion, StaysWhereTheErrorIsWithinTheTolerance) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, StaysWhereTheErrorIsWithinTheTolerance) {
   const Camera camera = twoHalves(0.9e-6F, 0.9e-6F);
   cv::Point2d ideal;
   ASSERT_TRUE(camera.RemoveDistortion({0.3, 0.4}, ideal));
@@ -214,7 +214,7 @@ Camera shifting(float x, float y) {
   return {1000, 1000, 500, 500, 500, 500, 1.0, tables};
 }
 
-TEST(RemoveDistortion, AnErrorOfTheToleranceIsGoodEnough) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, AnErrorOfTheToleranceIsGoodEnough) {
   // Two floats whose sum is the double 1e-6.
   const float high = 0x1.0c6f7ap-20F;
   const float low = 0x1.6bdb1ap-49F;
@@ -231,7 +231,7 @@ TEST(RemoveDistortion, AnErrorOfTheToleranceIsGoodEnough) {
 constexpr float kSmallStep = 0.0095F;  // Less than the bias of 0.01 of a cell of width 1.
 constexpr float kLargeStep = 0.0105F;  // More than it.
 
-TEST(RemoveDistortion, APointThatFlipsBetweenCellsIsSettledByTheBias) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, APointThatFlipsBetweenCellsIsSettledByTheBias) {
   const Camera camera = twoHalves(-kSmallStep, kSmallStep);
   cv::Point2d ideal;
   ASSERT_TRUE(camera.RemoveDistortion({0, 0}, ideal));
@@ -239,7 +239,7 @@ TEST(RemoveDistortion, APointThatFlipsBetweenCellsIsSettledByTheBias) {
   EXPECT_EQ(ideal, cv::Point2d(-static_cast<double>(kSmallStep), 0));
 }
 
-TEST(RemoveDistortion, TheBiasAloneMaySettleAtOnce) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, TheBiasAloneMaySettleAtOnce) {
   // The target lies so little left of the border that the bias takes it to the right half, whose correction is nothing.
   PolyTables tables{3, 1, {}, {}};
   tables.x[0] = 0.5F;     // Left column, x below 0: adds -0.5, the inverse lands in the last column.
@@ -251,7 +251,7 @@ TEST(RemoveDistortion, TheBiasAloneMaySettleAtOnce) {
   EXPECT_EQ(ideal, cv::Point2d(-0.001, 0));
 }
 
-TEST(RemoveDistortion, APointThatFlipsInSpiteOfTheBiasFailsWithTheLastCorrection) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, APointThatFlipsInSpiteOfTheBiasFailsWithTheLastCorrection) {
   const Camera camera = twoHalves(-kLargeStep, kLargeStep);
   cv::Point2d output;
   EXPECT_FALSE(camera.RemoveDistortion({0, 0}, output));
@@ -266,7 +266,7 @@ Camera scaling(float k) {
   return {1000, 1000, 500, 500, 500, 500, 1.0, tables};
 }
 
-TEST(RemoveDistortion, ConvergingOnTheLastStepIsTooLate) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, ConvergingOnTheLastStepIsTooLate) {
   const auto k = static_cast<double>(0.966F);
   const double least = 1e-6 / std::pow(k, 200);  // Settles with step 199.
   cv::Point2d ideal;
@@ -276,13 +276,13 @@ TEST(RemoveDistortion, ConvergingOnTheLastStepIsTooLate) {
   EXPECT_FALSE(scaling(0.966F).RemoveDistortion({least * 1.01, 0}, ideal));
 }
 
-TEST(RemoveDistortion, OutputMayBeTheInput) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, OutputMayBeTheInput) {
   cv::Point2d point(0.3, 0.1);
   ASSERT_TRUE(scaling(0.25F).RemoveDistortion(point, point));
   EXPECT_THAT(point, PointNear(cv::Point2d(0.24, 0.1), 1e-6));
 }
 
-TEST(RemoveDistortion, NanFails) {
+TEST(PinholeCameraIntrinsicsPOLRemoveDistortion, NanFails) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double infinity = std::numeric_limits<double>::infinity();
   cv::Point2d output;
@@ -309,7 +309,7 @@ RoundTrip tripOf(const Camera& camera, double tolerance) {
                    areaOf(camera), 241, tolerance);
 }
 
-TEST(FittedTables, StandForTheLensToATwentiethOfAPixel) {
+TEST(PinholeCameraIntrinsicsPOLFittedTables, StandForTheLensToATwentiethOfAPixel) {
   const Camera camera = fittedCamera(-0.22, 0.04);
   const LensFunction lens = radialLens(-0.22, 0.04);
   for (double y = -0.54; y < 0.54; y += 0.01) {
@@ -321,7 +321,7 @@ TEST(FittedTables, StandForTheLensToATwentiethOfAPixel) {
   }
 }
 
-TEST(FittedTables, DistortThenUndistortGivesThePointBackOnADenseGrid) {
+TEST(PinholeCameraIntrinsicsPOLFittedTables, DistortThenUndistortGivesThePointBackOnADenseGrid) {
   // A cubic lens: neighbouring cells hold the same polynomial but for the rounding of their coefficients.
   const RoundTrip trip = tripOf(fittedCamera(-0.22, 0.0), 1e-6 / (1.0 - 3.0 * 0.22 * 1.07));
   EXPECT_TRUE(trip.never_back.empty());
@@ -335,7 +335,7 @@ bool isOnABorder(const cv::Point2d& point, const Image& grid) {
   return std::min(std::abs(i - std::round(i)), std::abs(j - std::round(j))) < 1e-3;
 }
 
-TEST(FittedTables, WhereCellsDoNotMeetOnlyPointsOnTheirBordersComeBackMoved) {
+TEST(PinholeCameraIntrinsicsPOLFittedTables, WhereCellsDoNotMeetOnlyPointsOnTheirBordersComeBackMoved) {
   const Camera camera = fittedCamera(-0.22, 0.04);
   const RoundTrip trip = tripOf(camera, 1e-6 / (1.0 - 3.0 * 0.22 * 1.07));
   EXPECT_TRUE(trip.never_back.empty());
@@ -345,7 +345,7 @@ TEST(FittedTables, WhereCellsDoNotMeetOnlyPointsOnTheirBordersComeBackMoved) {
   EXPECT_LE(trip.worst, 1.5e-4);
 }
 
-TEST(FittedTables, ProjectThenBackProjectGivesThePointBack) {
+TEST(PinholeCameraIntrinsicsPOLFittedTables, ProjectThenBackProjectGivesThePointBack) {
   const Camera camera = fittedCamera(-0.22, 0.04);
   for (const cv::Vec3d& point : {cv::Vec3d(100, 200, 1000), cv::Vec3d(-700, 400, 1000), cv::Vec3d(3, -2, 5)}) {
     cv::Point2d pixel;
@@ -356,7 +356,7 @@ TEST(FittedTables, ProjectThenBackProjectGivesThePointBack) {
   }
 }
 
-TEST(FittedTables, DistortThenUndistortAPixelOfTheScaledCamera) {
+TEST(PinholeCameraIntrinsicsPOLFittedTables, DistortThenUndistortAPixelOfTheScaledCamera) {
   const Image grid(1920, 1200, 1100.3, 1101.7, 958.4, 603.9, 6, 4);
   const Camera camera(1920, 1200, 1100.3, 1101.7, 958.4, 603.9, 0.75, fitPolyTables(grid, radialLens(-0.22, 0.04)));
   for (const cv::Point2d& pixel : {cv::Point2d(500, 300), cv::Point2d(1300, 900), cv::Point2d(958.4, 603.9)}) {

@@ -105,9 +105,9 @@ TEST(PinholeCameraIntrinsics, AFailedInverseEndsTheChain) {
   EXPECT_EQ(point, cv::Vec3d(7, 8, 9));
 }
 
-class UnusableCamera : public testing::TestWithParam<ShiftingCamera> {};
+class PinholeCameraIntrinsicsUnusableCamera : public testing::TestWithParam<ShiftingCamera> {};
 
-TEST_P(UnusableCamera, EveryConversionFailsAndLeavesItsOutput) {
+TEST_P(PinholeCameraIntrinsicsUnusableCamera, EveryConversionFailsAndLeavesItsOutput) {
   const ShiftingCamera& camera = GetParam();
   cv::Point2d out = kUntouched;
   EXPECT_FALSE(camera.NormalizedToPixel({0, 0}, out));
@@ -123,14 +123,14 @@ TEST_P(UnusableCamera, EveryConversionFailsAndLeavesItsOutput) {
   EXPECT_EQ(point, cv::Vec3d(7, 8, 9));
 }
 
-INSTANTIATE_TEST_SUITE_P(PrincipalPointOnTheBorder, UnusableCamera,
+INSTANTIATE_TEST_SUITE_P(PrincipalPointOnTheBorder, PinholeCameraIntrinsicsUnusableCamera,
                          testing::Values(ShiftingCamera(1, 100, 200, 0, 30), ShiftingCamera(1, 100, 200, 40, 0)));
-INSTANTIATE_TEST_SUITE_P(NoFocalLength, UnusableCamera,
+INSTANTIATE_TEST_SUITE_P(NoFocalLength, PinholeCameraIntrinsicsUnusableCamera,
                          testing::Values(ShiftingCamera(1, 0, 200, 40, 30), ShiftingCamera(1, 100, 0, 40, 30)));
-INSTANTIATE_TEST_SUITE_P(Negative, UnusableCamera,
+INSTANTIATE_TEST_SUITE_P(Negative, PinholeCameraIntrinsicsUnusableCamera,
                          testing::Values(ShiftingCamera(1, -1, 200, 40, 30), ShiftingCamera(1, 100, -1, 40, 30),
                                          ShiftingCamera(1, 100, 200, -1, 30), ShiftingCamera(1, 100, 200, 40, -1)));
-INSTANTIATE_TEST_SUITE_P(NoNumber, UnusableCamera,
+INSTANTIATE_TEST_SUITE_P(NoNumber, PinholeCameraIntrinsicsUnusableCamera,
                          testing::Values(ShiftingCamera(1, kNan, 200, 40, 30), ShiftingCamera(1, 100, 200, 40, kNan)));
 
 TEST(PinholeCameraIntrinsics, TheSmallestPositiveCentreConverts) {
@@ -141,9 +141,9 @@ TEST(PinholeCameraIntrinsics, TheSmallestPositiveCentreConverts) {
 }
 
 using Setter = bool (PinholeCameraIntrinsics::*)(const std::vector<double>&);
-class ParamsSetter : public testing::TestWithParam<Setter> {};
+class PinholeCameraIntrinsicsParamsSetter : public testing::TestWithParam<Setter> {};
 
-TEST_P(ParamsSetter, TakesSixValues) {
+TEST_P(PinholeCameraIntrinsicsParamsSetter, TakesSixValues) {
   ShiftingCamera camera(2.0);
   ASSERT_TRUE((camera.*GetParam())({1920.9, 1200.5, 1.5, 2.5, 3.5, 4.5}));
   EXPECT_EQ(camera.width(), 1920);
@@ -152,7 +152,7 @@ TEST_P(ParamsSetter, TakesSixValues) {
   EXPECT_EQ(camera.scale(), 1.0);
 }
 
-TEST_P(ParamsSetter, AnyOtherNumberOfValuesChangesNothing) {
+TEST_P(PinholeCameraIntrinsicsParamsSetter, AnyOtherNumberOfValuesChangesNothing) {
   ShiftingCamera camera(2.0);
   const auto before = camera.K();
   EXPECT_FALSE((camera.*GetParam())({1, 2, 3, 4, 5, 6, 7}));
@@ -163,7 +163,7 @@ TEST_P(ParamsSetter, AnyOtherNumberOfValuesChangesNothing) {
   EXPECT_EQ(camera.width(), 80);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllThree, ParamsSetter,
+INSTANTIATE_TEST_SUITE_P(AllThree, PinholeCameraIntrinsicsParamsSetter,
                          testing::Values(&PinholeCameraIntrinsics::SetParams, &PinholeCameraIntrinsics::SetModelParams,
                                          &PinholeCameraIntrinsics::SetRawParams));
 

@@ -41,10 +41,10 @@ struct RoundedMonomial {
   float value;  ///< What single-precision steps make of the monomial; a double would keep more.
 };
 
-class MonomialRounding : public testing::TestWithParam<RoundedMonomial> {};
+class PolyCorrectionMonomialRounding : public testing::TestWithParam<RoundedMonomial> {};
 
 // The constant takes the rounded monomial off again. Whatever a wider product kept would be left over.
-TEST_P(MonomialRounding, LeavesNothingOfTheExactProduct) {
+TEST_P(PolyCorrectionMonomialRounding, LeavesNothingOfTheExactProduct) {
   const auto& param = GetParam();
   std::vector<float> table = withCoefficient(param.coefficient, 1);
   table[0] = -param.value;
@@ -62,7 +62,7 @@ constexpr float kACube = 0x1.003002p0F;  // (1 + 2^-11)(1 + 2^-12), exact.
 constexpr float kAAB = 0x1.002002p0F;    // kASquare * kB; (a b) a would end one float higher.
 
 INSTANTIATE_TEST_SUITE_P(
-    Each, MonomialRounding,
+    Each, PolyCorrectionMonomialRounding,
     testing::Values(RoundedMonomial{"x", 1 + 0x1p-30, 0, 1, 1.0F}, RoundedMonomial{"y", 0, 1 + 0x1p-30, 2, 1.0F},
                     RoundedMonomial{"x2", kA, 0, 3, kASquare}, RoundedMonomial{"xy", kA, kA, 4, kASquare},
                     RoundedMonomial{"y2", 0, kA, 5, kASquare}, RoundedMonomial{"x3_square", kA, 0, 6, kACube},
@@ -138,28 +138,28 @@ struct CellCase {
   double x, y, bias;
   double cell;
 };
-class CellChoice : public testing::TestWithParam<CellCase> {};
+class PolyCorrectionCellChoice : public testing::TestWithParam<CellCase> {};
 
-TEST_P(CellChoice, TakesTheCell) {
+TEST_P(PolyCorrectionCellChoice, TakesTheCell) {
   // Four columns of 0.5, two rows of 1.
   const auto& param = GetParam();
   const auto table = numberedCells(8);
   EXPECT_EQ(polyCorrection(square(4, 2), table, table, {param.x, param.y}, param.bias).x, param.cell);
 }
 
-INSTANTIATE_TEST_SUITE_P(Inside, CellChoice,
+INSTANTIATE_TEST_SUITE_P(Inside, PolyCorrectionCellChoice,
                          testing::Values(CellCase{-1, -1, 0, 0}, CellCase{-0.51, -0.01, 0, 0},
                                          CellCase{-0.5, -0.5, 0, 1}, CellCase{0.6, -0.5, 0, 3}, CellCase{-1, 0, 0, 4},
                                          CellCase{0.99, 0.99, 0, 7}));
-INSTANTIATE_TEST_SUITE_P(Bias, CellChoice,
+INSTANTIATE_TEST_SUITE_P(Bias, PolyCorrectionCellChoice,
                          testing::Values(CellCase{-0.504, -0.5, 0.01, 1}, CellCase{-0.506, -0.5, 0.01, 0},
                                          CellCase{-0.9, -0.009, 0.01, 4}, CellCase{-0.9, -0.011, 0.01, 0},
                                          CellCase{-0.5001, -0.0001, 0, 0}));
-INSTANTIATE_TEST_SUITE_P(OutsideTakesTheBorderCell, CellChoice,
+INSTANTIATE_TEST_SUITE_P(OutsideTakesTheBorderCell, PolyCorrectionCellChoice,
                          testing::Values(CellCase{-1.4, 0, 0, 4}, CellCase{-5, 0.5, 0, 4}, CellCase{1, -0.5, 0, 3},
                                          CellCase{9, -0.5, 0, 3}, CellCase{-0.9, -7, 0, 0}, CellCase{-0.9, 1, 0, 4},
                                          CellCase{-0.9, 7, 0, 4}));
-INSTANTIATE_TEST_SUITE_P(BeyondAnyInteger, CellChoice,
+INSTANTIATE_TEST_SUITE_P(BeyondAnyInteger, PolyCorrectionCellChoice,
                          testing::Values(CellCase{1e12, -0.5, 0, 3}, CellCase{-1e12, 0.5, 0, 4},
                                          CellCase{0, 1e12, 0, 6}, CellCase{0, -1e12, 0, 2}));
 

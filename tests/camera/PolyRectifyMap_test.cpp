@@ -41,7 +41,7 @@ cv::Mat matrixOf(const cv::Mat& vector) {
   return matrix;
 }
 
-TEST(InitPolyRectifyMap, ZeroTablesAreTheMapsOfALensWithoutDistortion) {
+TEST(PolyRectifyMap, ZeroTablesAreTheMapsOfALensWithoutDistortion) {
   Maps expected;
   cv::initUndistortRectifyMap(kK, cv::Mat(), matrixOf(kRotation), kP, kSize, CV_32FC1, expected.first, expected.second);
   const Maps maps = polyMaps(zeroTables(), matrixOf(kRotation), kP);
@@ -49,27 +49,27 @@ TEST(InitPolyRectifyMap, ZeroTablesAreTheMapsOfALensWithoutDistortion) {
   EXPECT_THAT(maps.second, MatNear(expected.second, 1e-4));
 }
 
-TEST(InitPolyRectifyMap, ARotationMayBeItsVectorOrNone) {
+TEST(PolyRectifyMap, ARotationMayBeItsVectorOrNone) {
   const Maps from_matrix = polyMaps(zeroTables(), matrixOf(kRotation), kP);
   EXPECT_THAT(polyMaps(zeroTables(), kRotation, kP).first, MatNear(from_matrix.first, 1e-4));
   const Maps none = polyMaps(zeroTables(), cv::Mat(), kP);
   EXPECT_THAT(none.first, MatNear(polyMaps(zeroTables(), cv::Mat::eye(3, 3, CV_64F), kP).first, 0.0));
 }
 
-TEST(InitPolyRectifyMap, NoProjectionIsTheIdentity) {
+TEST(PolyRectifyMap, NoProjectionIsTheIdentity) {
   // Pixel (j, i) is the ray (j, i, 1).
   const Maps maps = polyMaps(zeroTables(), cv::Mat(), cv::Mat());
   EXPECT_EQ(maps.first.at<float>(2, 3), 300.0F * 3 + 158);
   EXPECT_EQ(maps.second.at<float>(2, 3), 310.0F * 2 + 122);
 }
 
-TEST(InitPolyRectifyMap, GoesThroughTheLens) {
+TEST(PolyRectifyMap, GoesThroughTheLens) {
   const Maps maps = polyMaps(FakeCamera(), cv::Mat(), cv::Mat());
   EXPECT_EQ(maps.first.at<float>(2, 3), 300.0F * 3.25F + 158);
   EXPECT_EQ(maps.second.at<float>(2, 3), 310.0F * 2.5F + 122);
 }
 
-TEST(InitPolyRectifyMap, RaysAreSummedAlongTheRow) {
+TEST(PolyRectifyMap, RaysAreSummedAlongTheRow) {
   // The matrix takes 3000 away, so that the roundings of the sum show in the small number that is left.
   constexpr int kColumns = 10000;
   const cv::Mat K = (cv::Mat_<double>(3, 3) << 1, 0, -3000, 0, 1, 0, 0, 0, 1);
@@ -86,7 +86,7 @@ TEST(InitPolyRectifyMap, RaysAreSummedAlongTheRow) {
   EXPECT_GT(told_apart, 0);
 }
 
-TEST(InitPolyRectifyMap, EachPixelProjectsBackToItself) {
+TEST(PolyRectifyMap, EachPixelProjectsBackToItself) {
   const Maps maps = polyMaps(zeroTables(), kRotation, kP);
   const cv::Matx33d forward = cv::Matx33d(kP.colRange(0, 3)) * cv::Matx33d(matrixOf(kRotation));
   for (int row = 0; row < kSize.height; row += 17) {
@@ -100,7 +100,7 @@ TEST(InitPolyRectifyMap, EachPixelProjectsBackToItself) {
   }
 }
 
-TEST(InitPolyRectifyMap, ARayThatDoesNotPointForwardMapsToTheOppositeInfinity) {
+TEST(PolyRectifyMap, ARayThatDoesNotPointForwardMapsToTheOppositeInfinity) {
   // Half a turn about y: (j, i, 1) becomes (-j, i, -1).
   const cv::Mat half_turn = (cv::Mat_<double>(3, 3) << -1, 0, 0, 0, 1, 0, 0, 0, -1);
   const Maps maps = polyMaps(zeroTables(), half_turn, cv::Mat());
@@ -111,15 +111,15 @@ TEST(InitPolyRectifyMap, ARayThatDoesNotPointForwardMapsToTheOppositeInfinity) {
   EXPECT_EQ(maps.second.at<float>(0, 0), infinity);
 }
 
-TEST(InitPolyRectifyMap, ASingularProjectionGivesTheZeroInverseAndSoNoForwardRay) {
+TEST(PolyRectifyMap, ASingularProjectionGivesTheZeroInverseAndSoNoForwardRay) {
   const Maps maps = polyMaps(zeroTables(), cv::Mat(), cv::Mat::ones(3, 4, CV_64F));
   EXPECT_TRUE(std::isinf(maps.first.at<float>(5, 5)));
   EXPECT_TRUE(std::isinf(maps.second.at<float>(5, 5)));
 }
 
-class FixedMaps : public testing::TestWithParam<int> {};
+class PolyRectifyMapFixed : public testing::TestWithParam<int> {};
 
-TEST_P(FixedMaps, HoldThirtySecondsOfAPixel) {
+TEST_P(PolyRectifyMapFixed, HoldThirtySecondsOfAPixel) {
   const Maps floats = polyMaps(zeroTables(), kRotation, kP);
   Maps expected;
   cv::convertMaps(floats.first, floats.second, expected.first, expected.second, CV_16SC2);
@@ -139,7 +139,7 @@ TEST_P(FixedMaps, HoldThirtySecondsOfAPixel) {
   }
 }
 
-TEST_P(FixedMaps, ByHand) {
+TEST_P(PolyRectifyMapFixed, ByHand) {
   // K maps (j, i) to (0.5 j + 10.25, 0.25 i - 7.28125), all exact: at row 2, column 3 that is (11.75, -6.78125).
   const cv::Mat K = (cv::Mat_<double>(3, 3) << 0.5, 0, 10.25, 0, 0.25, -7.28125, 0, 0, 1);
   const Maps maps = polyMaps(zeroTables(), cv::Mat(), cv::Mat(), GetParam(), K);
@@ -148,15 +148,15 @@ TEST_P(FixedMaps, ByHand) {
   EXPECT_EQ(maps.second.at<ushort>(2, 3), 7 * 32 + 24);
 }
 
-TEST_P(FixedMaps, WhatIsInfiniteStaysOutsideOfTheImage) {
+TEST_P(PolyRectifyMapFixed, WhatIsInfiniteStaysOutsideOfTheImage) {
   const cv::Mat half_turn = (cv::Mat_<double>(3, 3) << -1, 0, 0, 0, 1, 0, 0, 0, -1);
   const Maps maps = polyMaps(zeroTables(), half_turn, cv::Mat(), GetParam());
   EXPECT_EQ(maps.first.at<cv::Vec2s>(2, 3), cv::Vec2s(32767, -32768));
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, FixedMaps, testing::Values(CV_16SC2, 0, -1));
+INSTANTIATE_TEST_SUITE_P(Types, PolyRectifyMapFixed, testing::Values(CV_16SC2, 0, -1));
 
-TEST(InitPolyRectifyMap, AnyOtherMapTypeThrows) {
+TEST(PolyRectifyMap, AnyOtherMapTypeThrows) {
   EXPECT_THROW(polyMaps(zeroTables(), cv::Mat(), kP, CV_32FC2), cv::Exception);
   EXPECT_THROW(polyMaps(zeroTables(), cv::Mat(), kP, CV_8SC1), cv::Exception);
 }

@@ -57,9 +57,9 @@ struct ModelCase {
   LensModel model;
   float f_scale;
 };
-class Models : public testing::TestWithParam<ModelCase> {};
+class RectificationMapsModels : public testing::TestWithParam<ModelCase> {};
 
-TEST_P(Models, ImagesOfAPointShareARowAndQGivesItsDistance) {
+TEST_P(RectificationMapsModels, ImagesOfAPointShareARowAndQGivesItsDistance) {
   const auto [model, f_scale] = GetParam();
   const RectificationMaps maps = mapsOf(model, f_scale);
   const StereoMatrices pair = stereo::matrices(model);
@@ -82,7 +82,7 @@ TEST_P(Models, ImagesOfAPointShareARowAndQGivesItsDistance) {
   EXPECT_GT(seen, 150);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, Models,
+INSTANTIATE_TEST_SUITE_P(Each, RectificationMapsModels,
                          testing::Values(ModelCase{LensModel::kBrownFive, 1.0F}, ModelCase{LensModel::kBrownFive, 0.9F},
                                          ModelCase{LensModel::kBrownEight, 1.0F},
                                          ModelCase{LensModel::kBrownEight, 0.9F}, ModelCase{LensModel::kFisheye, 1.0F},
@@ -97,13 +97,13 @@ cv::Mat librarysQ(LensModel model) {
   return Q;
 }
 
-class BrownModels : public testing::TestWithParam<LensModel> {};
+class RectificationMapsBrownModels : public testing::TestWithParam<LensModel> {};
 
-TEST_P(BrownModels, AScaleOfExactlyOneIsTheLibrarysOwnRectification) {
+TEST_P(RectificationMapsBrownModels, AScaleOfExactlyOneIsTheLibrarysOwnRectification) {
   EXPECT_EQ(distanceOf(mapsOf(GetParam(), 1.0F).Q, librarysQ(GetParam())), 0.0);
 }
 
-TEST_P(BrownModels, AnyScaleNextToOneTakesTheScaledMethod) {
+TEST_P(RectificationMapsBrownModels, AnyScaleNextToOneTakesTheScaledMethod) {
   // The larger focal length of the left camera is 305 and of the right 301, each over its own aspect: 301 * 301 / 296
   // is the smaller.
   const double f = 301.0 * 301.0 / 296.0;
@@ -115,16 +115,17 @@ TEST_P(BrownModels, AnyScaleNextToOneTakesTheScaledMethod) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(FiveAndEight, BrownModels, testing::Values(LensModel::kBrownFive, LensModel::kBrownEight));
+INSTANTIATE_TEST_SUITE_P(FiveAndEight, RectificationMapsBrownModels,
+                         testing::Values(LensModel::kBrownFive, LensModel::kBrownEight));
 
-class ScaledModels : public testing::TestWithParam<LensModel> {};
+class RectificationMapsScaledModels : public testing::TestWithParam<LensModel> {};
 
-TEST_P(ScaledModels, AScaleOfTwoDoublesTheLargerFocalLength) {
+TEST_P(RectificationMapsScaledModels, AScaleOfTwoDoublesTheLargerFocalLength) {
   const double f = 301.0 * 301.0 / 296.0;
   EXPECT_NEAR(mapsOf(GetParam(), 2.0F).Q.at<double>(2, 3), 2 * f, 1e-9);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ScaledModels, testing::ValuesIn(kModels));
+INSTANTIATE_TEST_SUITE_P(All, RectificationMapsScaledModels, testing::ValuesIn(kModels));
 
 TEST(RectificationMaps, FisheyeAndPolyTakeTheScaledMethodAtOneToo) {
   for (const LensModel model : {LensModel::kFisheye, LensModel::kPoly}) {

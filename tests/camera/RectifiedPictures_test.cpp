@@ -4,20 +4,20 @@
 
 namespace {
 
-TEST(DrawablePicture, GreyBecomesThreeEqualChannels) {
+TEST(RectifiedPicturesDrawablePicture, GreyBecomesThreeEqualChannels) {
   const cv::Mat picture = drawablePicture((cv::Mat_<uchar>(1, 2) << 7, 200));
   ASSERT_EQ(picture.type(), CV_8UC3);
   EXPECT_EQ(picture.at<cv::Vec3b>(0, 0), cv::Vec3b(7, 7, 7));
   EXPECT_EQ(picture.at<cv::Vec3b>(0, 1), cv::Vec3b(200, 200, 200));
 }
 
-TEST(DrawablePicture, FourChannelsLoseTheLast) {
+TEST(RectifiedPicturesDrawablePicture, FourChannelsLoseTheLast) {
   const cv::Mat picture = drawablePicture(cv::Mat(1, 1, CV_8UC4, cv::Scalar(1, 2, 3, 4)));
   ASSERT_EQ(picture.type(), CV_8UC3);
   EXPECT_EQ(picture.at<cv::Vec3b>(0, 0), cv::Vec3b(1, 2, 3));
 }
 
-TEST(DrawablePicture, SixteenBitsAreStretchedBetweenTheirExtremes) {
+TEST(RectifiedPicturesDrawablePicture, SixteenBitsAreStretchedBetweenTheirExtremes) {
   const cv::Mat picture = drawablePicture((cv::Mat_<ushort>(1, 4) << 1000, 2020, 1004, 1007));
   ASSERT_EQ(picture.type(), CV_8UC3);
   // Scale 255 / 1020 = 1/4: 0, 255, 1, 1.75.
@@ -27,28 +27,29 @@ TEST(DrawablePicture, SixteenBitsAreStretchedBetweenTheirExtremes) {
   EXPECT_EQ(picture.at<cv::Vec3b>(0, 3), cv::Vec3b(2, 2, 2));
 }
 
-TEST(DrawablePicture, AConstantSixteenBitImageIsBlack) {
+TEST(RectifiedPicturesDrawablePicture, AConstantSixteenBitImageIsBlack) {
   const cv::Mat picture = drawablePicture(cv::Mat(3, 4, CV_16UC1, cv::Scalar(4711)));
   ASSERT_EQ(picture.type(), CV_8UC3);
   EXPECT_EQ(cv::countNonZero(picture.reshape(1)), 0);
 }
 
-class OtherTypes : public testing::TestWithParam<int> {};
+class RectifiedPicturesOtherTypes : public testing::TestWithParam<int> {};
 
-TEST_P(OtherTypes, AreLeftAlone) {
+TEST_P(RectifiedPicturesOtherTypes, AreLeftAlone) {
   const cv::Mat image(3, 4, GetParam(), cv::Scalar(1, 2, 3));
   const cv::Mat picture = drawablePicture(image);
   EXPECT_EQ(picture.type(), GetParam());
   EXPECT_EQ(picture.data, image.data);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, OtherTypes, testing::Values(CV_8UC3, CV_16UC3, CV_32FC1, CV_8SC1, CV_8UC2));
+INSTANTIATE_TEST_SUITE_P(Types, RectifiedPicturesOtherTypes,
+                         testing::Values(CV_8UC3, CV_16UC3, CV_32FC1, CV_8SC1, CV_8UC2));
 
 const cv::Vec3b kGreen(0, 255, 0);
 const cv::Vec3b kLeft(10, 20, 30);
 const cv::Vec3b kRight(40, 50, 60);
 
-TEST(PolarLineCanvas, HasTheImagesSideBySideAndALineOnEvery32ndRow) {
+TEST(RectifiedPicturesPolarLineCanvas, HasTheImagesSideBySideAndALineOnEvery32ndRow) {
   const cv::Mat left(97, 50, CV_8UC3, cv::Scalar(10, 20, 30));
   const cv::Mat right(97, 50, CV_8UC3, cv::Scalar(40, 50, 60));
   const cv::Mat canvas = polarLineCanvas(left, right);
@@ -63,14 +64,14 @@ TEST(PolarLineCanvas, HasTheImagesSideBySideAndALineOnEvery32ndRow) {
   EXPECT_EQ(left.at<cv::Vec3b>(0, 0), kLeft) << "the lines are the canvas's own";
 }
 
-TEST(PolarLineCanvas, NoLineBeyondTheLastRow) {
+TEST(RectifiedPicturesPolarLineCanvas, NoLineBeyondTheLastRow) {
   const cv::Mat image(96, 8, CV_8UC3, cv::Scalar(10, 20, 30));
   const cv::Mat canvas = polarLineCanvas(image, image);
   EXPECT_EQ(canvas.at<cv::Vec3b>(64, 0), kGreen);
   EXPECT_EQ(canvas.at<cv::Vec3b>(95, 0), kLeft);
 }
 
-TEST(PolarLineCanvas, ImagesThatDoNotFitThrow) {
+TEST(RectifiedPicturesPolarLineCanvas, ImagesThatDoNotFitThrow) {
   const cv::Mat image(10, 8, CV_8UC3, cv::Scalar(0));
   EXPECT_THROW(polarLineCanvas(image, cv::Mat(10, 9, CV_8UC3, cv::Scalar(0))), cv::Exception);
   EXPECT_THROW(polarLineCanvas(image, cv::Mat(11, 8, CV_8UC3, cv::Scalar(0))), cv::Exception);

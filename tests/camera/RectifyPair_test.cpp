@@ -63,9 +63,9 @@ bool areEqual(const cv::Mat& a, const cv::Mat& b) {
   return a.size() == b.size() && a.type() == b.type() && cv::norm(a, b, cv::NORM_INF) == 0.0;
 }
 
-class EachModel : public testing::TestWithParam<LensModel> {};
+class RectifyPairEachModel : public testing::TestWithParam<LensModel> {};
 
-TEST_P(EachModel, WarpsBothImagesByTheirMapsWithZerosOutside) {
+TEST_P(RectifyPairEachModel, WarpsBothImagesByTheirMapsWithZerosOutside) {
   const Result result = resultOf(GetParam(), 0.5F);
   const RectificationMaps maps =
       rectificationMaps(cameras().settings(0.5F), stereo::matrices(GetParam()), stereo::kSize, GetParam());
@@ -80,7 +80,7 @@ TEST_P(EachModel, WarpsBothImagesByTheirMapsWithZerosOutside) {
   EXPECT_EQ(distanceOf(result.Q, maps.Q), 0.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, EachModel,
+INSTANTIATE_TEST_SUITE_P(Models, RectifyPairEachModel,
                          testing::Values(LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye,
                                          LensModel::kPoly));
 
@@ -139,9 +139,9 @@ TEST(RectifyPair, AnyOtherTurnGivesNoPairAndStillPrints) {
   }
 }
 
-class InputTypes : public testing::TestWithParam<int> {};
+class RectifyPairInputTypes : public testing::TestWithParam<int> {};
 
-TEST_P(InputTypes, BecomeEightBitColour) {
+TEST_P(RectifyPairInputTypes, BecomeEightBitColour) {
   cv::Mat image;
   smoothImage(stereo::kSize, 0).convertTo(image, CV_MAT_DEPTH(GetParam()));
   if (CV_MAT_CN(GetParam()) == 3) image = inColour(image);
@@ -152,7 +152,7 @@ TEST_P(InputTypes, BecomeEightBitColour) {
     EXPECT_EQ(picture.type(), CV_8UC3);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, InputTypes, testing::Values(CV_8UC1, CV_8UC3, CV_8UC4, CV_16UC1));
+INSTANTIATE_TEST_SUITE_P(Types, RectifyPairInputTypes, testing::Values(CV_8UC1, CV_8UC3, CV_8UC4, CV_16UC1));
 
 TEST(RectifyPair, AConstantSixteenBitImageIsBlack) {
   // Unwarped, as a warp would bring in a margin.
@@ -166,7 +166,7 @@ TEST(RectifyPair, FloatImagesDoNotFitTheCanvas) {
   EXPECT_THROW(resultOf(LensModel::kBrownFive, 1.0F, 0, image, image), cv::Exception);
 }
 
-TEST(NoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
+TEST(RectifyPairNoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
   const cv::Mat left = smoothImage(stereo::kSize, 0);
   const cv::Mat right = smoothImage(stereo::kSize, 1);
   const Result result = resultOf(std::nullopt, 1.0F, 0, left, right);
@@ -176,7 +176,7 @@ TEST(NoRectification, ImagesPassUnwarpedAndNothingIsPrinted) {
   EXPECT_EQ(result.printed, "");
 }
 
-TEST(NoRectification, OldQStaysAndIsPrinted) {
+TEST(RectifyPairNoRectification, OldQStaysAndIsPrinted) {
   Result result;
   result.Q = (cv::Mat_<double>(4, 4) << 1, 0, 0, -11, 0, 1, 0, -22.5, 0, 0, 0, 33, 0, 0, 1, 0);
   run(result, cameras().settings(1.0F), std::nullopt, smoothImage(stereo::kSize, 0), smoothImage(stereo::kSize, 1));

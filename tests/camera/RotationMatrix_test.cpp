@@ -33,12 +33,12 @@ TEST(RotationMatrixOf, NoRotationBelowTheEpsilonOfADouble) {
   EXPECT_NE(rotationMatrixOf((cv::Mat_<double>(3, 1) << 0, 0, 1.01 * epsilon)), cv::Matx33d::eye());
 }
 
-TEST(RotationVectorOf, UndoesTheMatrix) {
+TEST(RotationMatrixRotationVector, UndoesTheMatrix) {
   EXPECT_LE(cv::norm(rotationVectorOf(cv::Mat(kAboutZ)) - cv::Vec3d(0, 0, 0.3)), 1e-15);
   EXPECT_EQ(rotationVectorOf((cv::Mat_<float>(1, 3) << 4, 5, 6)), cv::Vec3d(4, 5, 6));
 }
 
-TEST(VectorOf, AnyOtherShapeThrows) {
+TEST(RotationMatrixVectorOf, AnyOtherShapeThrows) {
   EXPECT_THROW(vectorOf(cv::Mat::zeros(2, 1, CV_64F)), cv::Exception);
   EXPECT_THROW(vectorOf(cv::Mat()), cv::Exception);
   EXPECT_THROW(rotationMatrixOf(cv::Mat::eye(4, 4, CV_64F)), cv::Exception);

@@ -38,9 +38,9 @@ cv::Vec2d projected(const cv::Mat& P, const cv::Mat& R, const cv::Vec3d& point) 
   return {image[0] / image[2], image[1] / image[2]};
 }
 
-class Rigs : public testing::TestWithParam<Rig> {};
+class StereoRectifyScaledRigs : public testing::TestWithParam<Rig> {};
 
-TEST_P(Rigs, CorrespondingPointsShareARowAndQGivesThePointBack) {
+TEST_P(StereoRectifyScaledRigs, CorrespondingPointsShareARowAndQGivesThePointBack) {
   const Rig rig = GetParam();
   const Rectification pair = rectified(rig);
   const cv::Matx33d R = matrixOf(rig.rotation);
@@ -59,7 +59,7 @@ TEST_P(Rigs, CorrespondingPointsShareARowAndQGivesThePointBack) {
   }
 }
 
-TEST_P(Rigs, BothCamerasTurnIntoOneFrameWithTheBaselineAlongX) {
+TEST_P(StereoRectifyScaledRigs, BothCamerasTurnIntoOneFrameWithTheBaselineAlongX) {
   const Rig rig = GetParam();
   const Rectification pair = rectified(rig);
   const cv::Matx33d R1(pair.R1);
@@ -73,7 +73,7 @@ TEST_P(Rigs, BothCamerasTurnIntoOneFrameWithTheBaselineAlongX) {
   EXPECT_NEAR(pair.P2.at<double>(0, 3), baseline[0] * pair.P2.at<double>(0, 0), 1e-6);
 }
 
-TEST_P(Rigs, AnOwnCentreForEachColumnStillReprojects) {
+TEST_P(StereoRectifyScaledRigs, AnOwnCentreForEachColumnStillReprojects) {
   const Rig rig = GetParam();
   const Rectification pair = rectified(rig, {0, {}, 0.0, 1.0});
   const double cx1 = pair.P1.at<double>(0, 2);
@@ -86,9 +86,9 @@ TEST_P(Rigs, AnOwnCentreForEachColumnStillReprojects) {
   EXPECT_LE(cv::norm(cv::Vec3d(h[0], h[1], h[2]) / h[3] - cv::Matx33d(pair.R1) * point_left), 1e-6);
 }
 
-INSTANTIATE_TEST_SUITE_P(BaselineToTheLeft, Rigs,
+INSTANTIATE_TEST_SUITE_P(BaselineToTheLeft, StereoRectifyScaledRigs,
                          testing::Values(Rig{{0.02, -0.05, 0.03}, {-120, 4, -6}}, Rig{{0, 0, 0}, {-120, 0, 0}}));
-INSTANTIATE_TEST_SUITE_P(BaselineToTheRight, Rigs,
+INSTANTIATE_TEST_SUITE_P(BaselineToTheRight, StereoRectifyScaledRigs,
                          testing::Values(Rig{{-0.1, 0.07, 0.2}, {90, -15, 20}}, Rig{{0.3, 0, 0}, {150, 30, 0}}));
 
 TEST(StereoRectifyScaled, AVerticalBaselineTurnsToTheNegativeSide) {

@@ -49,9 +49,9 @@ struct Opening {
   const char* rows;
   const char* cloud;
 };
-class RectifiedBy : public ::testing::TestWithParam<Opening> {};
+class CompensatedRunsRectifiedBy : public ::testing::TestWithParam<Opening> {};
 
-TEST_P(RectifiedBy, SwitchesTheCompensationOffForTheRestOfTheRun) {
+TEST_P(CompensatedRunsRectifiedBy, SwitchesTheCompensationOffForTheRestOfTheRun) {
   MemoryRun two(MemoryRun::twoPairs());
   const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"},
                                                     {"triangulate_dis_switch", "0"},
@@ -65,7 +65,7 @@ TEST_P(RectifiedBy, SwitchesTheCompensationOffForTheRestOfTheRun) {
   EXPECT_EQ(run.records[1].PoseReport, run.records[0].PoseReport);
 }
 
-INSTANTIATE_TEST_SUITE_P(Evaluations, RectifiedBy,
+INSTANTIATE_TEST_SUITE_P(Evaluations, CompensatedRunsRectifiedBy,
                          ::testing::Values(Opening{"RowsAlone", "1", "0"}, Opening{"CloudAlone", "0", "1"},
                                            Opening{"Both", "1", "1"}),
                          [](const auto& opening) { return opening.param.name; });

@@ -194,9 +194,9 @@ struct EndingStatus {
   std::int32_t status;
   const char* text;
 };
-class StatusesOfTriangulation : public ::testing::TestWithParam<EndingStatus> {};
+class EvaluationsOfTriangulation : public ::testing::TestWithParam<EndingStatus> {};
 
-TEST_P(StatusesOfTriangulation, EndTheRunWhereTheSwitchSaysSo) {
+TEST_P(EvaluationsOfTriangulation, EndTheRunWhereTheSwitchSaysSo) {
   auto lines = GetParam().polar;
   lines.emplace_back("discalsave", "1");
   const RunOutcome run = rings().evaluate(rings().polarWith(lines));
@@ -208,7 +208,7 @@ TEST_P(StatusesOfTriangulation, EndTheRunWhereTheSwitchSaysSo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Statuses, StatusesOfTriangulation,
+    Statuses, EvaluationsOfTriangulation,
     ::testing::Values(EndingStatus{"nothing measured", {{"evalu_model", "2"}}, polar_status::kTooFewShared, ""},
                       EndingStatus{"first point",
                                    {{"TriPoint1_ID", "5000"}},

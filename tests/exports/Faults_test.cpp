@@ -11,13 +11,15 @@ namespace {
 
 using ::testing::HasSubstr;
 
-TEST_F(SpoiledSet, UnspoiledItWorks) {
+using Faults = SpoiledSet;
+
+TEST_F(Faults, UnspoiledItWorks) {
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(results.size(), 2U);
   EXPECT_GT(results[0].dy_means, 0.0);
 }
 
-TEST_F(SpoiledSet, TruncatedBinaryCalibration) {
+TEST_F(Faults, TruncatedBinaryCalibration) {
   const std::string whole = folder.read("calib.bin");
   folder.write("calib.bin", whole.substr(0, 3000));
   folder.write("polar.txt", "type: 1\nspaceRms_switch: 0");
@@ -25,7 +27,7 @@ TEST_F(SpoiledSet, TruncatedBinaryCalibration) {
   EXPECT_THAT(out, HasSubstr("Read Poly Fail!\n"));
 }
 
-TEST_F(SpoiledSet, TruncatedCalibrationOfAPolyRunEndsIt) {
+TEST_F(Faults, TruncatedCalibrationOfAPolyRunEndsIt) {
   folder.write("calib.bin", folder.read("calib.bin").substr(0, 3000));
   folder.write("polar.txt", "type: 3");
   EXPECT_EQ(run("calib.bin"), polar_status::kPolyTables);
@@ -33,7 +35,7 @@ TEST_F(SpoiledSet, TruncatedCalibrationOfAPolyRunEndsIt) {
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, FlippedBitInATableBlock) {
+TEST_F(Faults, FlippedBitInATableBlock) {
   std::string bytes = folder.read("calib.bin");
   bytes[50 + 54 + 81 + 700] = static_cast<char>(bytes[50 + 54 + 81 + 700] ^ 0x10);
   folder.write("calib.bin", bytes);
@@ -44,52 +46,52 @@ TEST_F(SpoiledSet, FlippedBitInATableBlock) {
   EXPECT_THAT(out, HasSubstr("Read Poly Fail!\n"));
 }
 
-TEST_F(SpoiledSet, CalibrationWithoutACameraPair) {
+TEST_F(Faults, CalibrationWithoutACameraPair) {
   folder.write("calib.json", R"({"IR": {"Fx": 1}})");
   EXPECT_EQ(run(), polar_status::kCalibrationUnreadable);
   EXPECT_THAT(out, HasSubstr("not support the Json object, please input [IR/DEPTH/RGB/COLOR/IR_L/IR_R]\n"));
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, CalibrationOfAnotherType) {
+TEST_F(Faults, CalibrationOfAnotherType) {
   EXPECT_EQ(run("calib.yaml"), polar_status::kCalibrationType);
   EXPECT_THAT(out, HasSubstr("readCalibResult error: invalid fileType\n"));
 }
 
-TEST_F(SpoiledSet, CalibrationThatDoesNotOpen) {
+TEST_F(Faults, CalibrationThatDoesNotOpen) {
   EXPECT_EQ(run("missing.json"), polar_status::kCalibrationUnreadable);
   EXPECT_EQ(errorText(), "Fail to read calib result file");
   EXPECT_THAT(out, HasSubstr("cannot open the calib_result file\n"));
 }
 
-TEST_F(SpoiledSet, ListWithThreeColumns) {
+TEST_F(Faults, ListWithThreeColumns) {
   folder.write("list.txt", "#L R S\nleft_0.png right_0.png left_1.png\n");
   EXPECT_EQ(run(), polar_status::kImages);
   EXPECT_EQ(errorText(), "Read image Error!");
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, LineOfThreeNamesUnderTwoCamerasKeepsTheEarlierPairs) {
+TEST_F(Faults, LineOfThreeNamesUnderTwoCamerasKeepsTheEarlierPairs) {
   folder.write("list.txt", "#L R\nleft_0.png right_0.png\nleft_1.png right_1.png left_1.png\n");
   EXPECT_EQ(run(), 0);
   EXPECT_THAT(err, ::testing::StartsWith("fname pairs does not agree with number of camera!\n"));
   EXPECT_EQ(results.size(), 1U);
 }
 
-TEST_F(SpoiledSet, ListOfAHeaderOnly) {
+TEST_F(Faults, ListOfAHeaderOnly) {
   folder.write("list.txt", "#L R\n");
   EXPECT_EQ(run(), polar_status::kNoResults);
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, TargetTextWithAnUnknownBoardFindsNothing) {
+TEST_F(Faults, TargetTextWithAnUnknownBoardFindsNothing) {
   folder.write("target.ini", "board_type: 4\nrows: 21\ncols: 23\n");
   const std::int32_t status = run();
   EXPECT_TRUE(status == polar_status::kTooFewDetected || status == polar_status::kNoResults) << status;
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, TargetDocumentWithAnUnknownBoardThrows) {
+TEST_F(Faults, TargetDocumentWithAnUnknownBoardThrows) {
   folder.write("target.json", R"({"patterns": [{"board_type": 4}]})");
   const ConsoleCapture quiet;
   try {

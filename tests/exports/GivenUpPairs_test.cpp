@@ -16,7 +16,7 @@ using ::testing::Not;
 /// A dot at the board's corner that only the second pair shows.
 constexpr std::int32_t kCorner = 62;
 
-struct FailingPair : ::testing::Test {
+struct GivenUpPairsFailingPair : ::testing::Test {
   MemoryRun two{MemoryRun::twoPairs()};
   std::string polar = two.set.polarText();
 
@@ -38,7 +38,7 @@ struct FailingPair : ::testing::Test {
   }
 };
 
-TEST_F(FailingPair, OfAFailedTriangulationNeitherPicturesNorRowsAreThere) {
+TEST_F(GivenUpPairsFailingPair, OfAFailedTriangulationNeitherPicturesNorRowsAreThere) {
   chooseTheCorner("TriPoint");
   configure("discalsave", "0");
   const RunOutcome run = two.run(polar);
@@ -61,9 +61,10 @@ struct FailingEvaluation {
   std::vector<const char*> switched_off;  ///< Evaluations that would fail before it, or that it does not need.
 };
 using LaterFailureCase = std::tuple<FailingEvaluation, const char*>;
-class LaterFailure : public FailingPair, public ::testing::WithParamInterface<LaterFailureCase> {};
+class GivenUpPairsLaterFailure : public GivenUpPairsFailingPair,
+                                 public ::testing::WithParamInterface<LaterFailureCase> {};
 
-TEST_P(LaterFailure, GivesThePairUpWhateverTheSaveSwitchSays) {
+TEST_P(GivenUpPairsLaterFailure, GivesThePairUpWhateverTheSaveSwitchSays) {
   two.stop_at = 0.001F;
   two.run(polar);  // Leaves a text that a failure would replace.
   ASSERT_EQ(errorText(), "Callback Terminated");
@@ -90,7 +91,7 @@ constexpr const char* kCloud = "foursixmethod_swithch";
 constexpr const char* kBoardCheck = "spaceRms_switch";
 
 INSTANTIATE_TEST_SUITE_P(
-    Evaluations, LaterFailure,
+    Evaluations, GivenUpPairsLaterFailure,
     ::testing::Combine(
         ::testing::Values(FailingEvaluation{"Cloud", "PolPoint", {}},
                           FailingEvaluation{"CloudAlone", "PolPoint", {kResiduals, kFourPoints, kRows, kBoardCheck}},
@@ -99,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
         ::testing::Values("0", "1")),
     [](const auto& test) { return std::string(std::get<0>(test.param).name) + "Save" + std::get<1>(test.param); });
 
-TEST_F(FailingPair, OfAFailedCloudHasItsPicturesAndRowsButNoBoardCheck) {
+TEST_F(GivenUpPairsFailingPair, OfAFailedCloudHasItsPicturesAndRowsButNoBoardCheck) {
   chooseTheCorner("PolPoint");
   const RunOutcome run = two.run(polar);
   firstIsGivenUp(run);

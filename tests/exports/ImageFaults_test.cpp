@@ -19,7 +19,7 @@ struct Spoiling {
   std::function<void(const TempFolder&, const std::string& image)> spoil;
 };
 
-class UnreadableImage : public SpoiledSet, public ::testing::WithParamInterface<Spoiling> {
+class ImageFaultsUnreadable : public SpoiledSet, public ::testing::WithParamInterface<Spoiling> {
  protected:
   void spoil(const std::string& image) const { GetParam().spoil(folder, image); }
   ImagePairList readList() const {
@@ -30,7 +30,7 @@ class UnreadableImage : public SpoiledSet, public ::testing::WithParamInterface<
   }
 };
 
-TEST_P(UnreadableImage, IsAnEmptyOneInItsPlace) {
+TEST_P(ImageFaultsUnreadable, IsAnEmptyOneInItsPlace) {
   spoil("right_0.png");
   const std::size_t open_before = openFiles();
   const ImagePairList images = readList();
@@ -42,7 +42,7 @@ TEST_P(UnreadableImage, IsAnEmptyOneInItsPlace) {
   EXPECT_FALSE(images[0][0].empty());
 }
 
-TEST_P(UnreadableImage, EndsTheRunThatReachesIt) {
+TEST_P(ImageFaultsUnreadable, EndsTheRunThatReachesIt) {
   folder.write("polar.txt", "type: 1\nspaceRms_switch: 0\nevaluation: 1");
   EXPECT_FALSE(readList().at(1).at(1).empty()) << "it was there while the list was read";
   spoil("right_1.png");
@@ -54,7 +54,7 @@ TEST_P(UnreadableImage, EndsTheRunThatReachesIt) {
       << "the row of the pair before stays";
 }
 
-TEST_P(UnreadableImage, EndsARectifiedRunThatReachesIt) {
+TEST_P(ImageFaultsUnreadable, EndsARectifiedRunThatReachesIt) {
   spoil("left_1.png");
   const ConsoleCapture quiet;
   EXPECT_EQ(CalRecificationPrecision("evaluation: 1\nspaceRms_switch: 0", folder.file("target.ini").c_str(), {},
@@ -83,7 +83,7 @@ Spoiling cutAt(const char* name, std::uintmax_t size) {
 
 // A PNG begins with its signature (8 bytes) and its header (25), and ends in a mark of 12.
 INSTANTIATE_TEST_SUITE_P(
-    Spoilings, UnreadableImage,
+    Spoilings, ImageFaultsUnreadable,
     ::testing::Values(Spoiling{"Vanished", [](const TempFolder& folder,
                                               const std::string& image) { fs::remove(folder.file(image)); }},
                       Spoiling{"LinkToNowhere",
@@ -108,7 +108,9 @@ INSTANTIATE_TEST_SUITE_P(
                       cutBefore("BeforeTheEndMark", 12), cutBefore("InTheEndMark", 4)),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(SpoiledSet, VanishedImageLeavesTheFilesOfThePairsBeforeAndMayComeBack) {
+using ImageFaults = SpoiledSet;
+
+TEST_F(ImageFaults, VanishedImageLeavesTheFilesOfThePairsBeforeAndMayComeBack) {
   fs::rename(folder.file("right_1.png"), folder.file("elsewhere.png"));
   EXPECT_EQ(run(), polar_status::kImages);
   EXPECT_GT(folder.read("0_left_dy.csv").size(), 1000U);
@@ -117,7 +119,7 @@ TEST_F(SpoiledSet, VanishedImageLeavesTheFilesOfThePairsBeforeAndMayComeBack) {
   EXPECT_EQ(results.size(), 2U);
 }
 
-TEST_F(SpoiledSet, PictureOfAnotherFormatUnderItsNameIsRead) {
+TEST_F(ImageFaults, PictureOfAnotherFormatUnderItsNameIsRead) {
   fs::remove(folder.file("left_0.png"));
   std::string grey = "P5 4 3 255\n";
   grey.append(12, '\x5A');
@@ -128,7 +130,7 @@ TEST_F(SpoiledSet, PictureOfAnotherFormatUnderItsNameIsRead) {
   EXPECT_EQ(images.at(0).at(0).size(), cv::Size(4, 3));
 }
 
-TEST_F(SpoiledSet, ListThatVanishesAfterItWasReadLeavesTheImagesInMemory) {
+TEST_F(ImageFaults, ListThatVanishesAfterItWasReadLeavesTheImagesInMemory) {
   const ConsoleCapture console;
   ImagePairList images;
   ASSERT_EQ(ReadCalibImagelist(folder.file("list.txt"), &images), 0);

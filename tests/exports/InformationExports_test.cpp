@@ -27,9 +27,9 @@ int callWithMissingCalibration() {
   return CalPolarLinePrecision("x_y: 0", "board_type: 2", "missing.json", "missing.txt", &results);
 }
 
-TEST(ErrorInformation, BeforeAnyFailureIsOneBlank) { EXPECT_EQ(kTextAtStart, " "); }
+TEST(InformationExportsError, BeforeAnyFailureIsOneBlank) { EXPECT_EQ(kTextAtStart, " "); }
 
-TEST(ErrorInformation, FailureReplacesTheTextAndSuccessKeepsIt) {
+TEST(InformationExportsError, FailureReplacesTheTextAndSuccessKeepsIt) {
   EXPECT_EQ(callWithMissingCalibration(), polar_status::kCalibrationUnreadable);
   EXPECT_EQ(currentText(), "Fail to read calib result file");
   std::array<char, 6> version{};
@@ -37,7 +37,7 @@ TEST(ErrorInformation, FailureReplacesTheTextAndSuccessKeepsIt) {
   EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
 
-TEST(ErrorInformation, SuccessfulRunAfterAFailureKeepsTheOldText) {
+TEST(InformationExportsError, SuccessfulRunAfterAFailureKeepsTheOldText) {
   callWithMissingCalibration();
   const ConsoleCapture quiet;
   const cv::Mat image(20, 20, CV_8UC1, cv::Scalar(0));
@@ -47,7 +47,7 @@ TEST(ErrorInformation, SuccessfulRunAfterAFailureKeepsTheOldText) {
   EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
 
-TEST(ErrorInformation, FailureWithoutATextLeavesItEmpty) {
+TEST(InformationExportsError, FailureWithoutATextLeavesItEmpty) {
   callWithMissingCalibration();
   const ConsoleCapture quiet;
   std::vector<PolarResultRecord> results;
@@ -55,7 +55,7 @@ TEST(ErrorInformation, FailureWithoutATextLeavesItEmpty) {
   EXPECT_EQ(currentText(), "");
 }
 
-TEST(ErrorInformation, ExceptionThatPassesThroughLeavesTheText) {
+TEST(InformationExportsError, ExceptionThatPassesThroughLeavesTheText) {
   callWithMissingCalibration();
   const ConsoleCapture quiet;
   const cv::Mat image(20, 20, CV_8UC1, cv::Scalar(0));
@@ -65,12 +65,12 @@ TEST(ErrorInformation, ExceptionThatPassesThroughLeavesTheText) {
   EXPECT_EQ(currentText(), "Fail to read calib result file");
 }
 
-TEST(ErrorInformation, ReturnsTheBuffersAddress) {
+TEST(InformationExportsError, ReturnsTheBuffersAddress) {
   std::array<char, 4096> buffer{};
   EXPECT_EQ(GetPolarErrorInfo(buffer.data()), buffer.data());
 }
 
-TEST(Version, HasSixBytesWithItsEnd) {
+TEST(InformationExportsVersion, HasSixBytesWithItsEnd) {
   std::array<char, 7> buffer{'x', 'x', 'x', 'x', 'x', 'x', 'x'};
   EXPECT_TRUE(GetVersionPolarLinePrecision(buffer.data()));
   EXPECT_EQ(std::string(buffer.data()), "1.3.3");
@@ -85,9 +85,9 @@ struct NullCase {
 
 void PrintTo(const NullCase& tested, std::ostream* stream) { *stream << tested.name; }
 
-class NullArgument : public testing::TestWithParam<NullCase> {};
+class InformationExportsNullArgument : public testing::TestWithParam<NullCase> {};
 
-TEST_P(NullArgument, IsRefusedByItsNameBeforeAnyWork) {
+TEST_P(InformationExportsNullArgument, IsRefusedByItsNameBeforeAnyWork) {
   callWithMissingCalibration();
   const ConsoleCapture console;
   EXPECT_THAT(GetParam().call,
@@ -99,7 +99,7 @@ TEST_P(NullArgument, IsRefusedByItsNameBeforeAnyWork) {
 std::vector<PolarResultRecord> unused;
 
 INSTANTIATE_TEST_SUITE_P(
-    Exports, NullArgument,
+    Exports, InformationExportsNullArgument,
     testing::Values(
         NullCase{"RunPolarConfig", "polarConfigPath", [] { CalPolarLinePrecision(nullptr, "", "", "", &unused); }},
         NullCase{"RunTargetConfig", "targetConfigPath", [] { CalPolarLinePrecision("", nullptr, "", "", &unused); }},

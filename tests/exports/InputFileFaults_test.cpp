@@ -35,9 +35,9 @@ struct InputCase {
   const char* text;     ///< Of the last error.
 };
 
-class SpoiltInput : public SpoiledSet, public ::testing::WithParamInterface<InputCase> {};
+class InputFileFaultsSpoilt : public SpoiledSet, public ::testing::WithParamInterface<InputCase> {};
 
-TEST_P(SpoiltInput, EndsTheRunInItsOwnWay) {
+TEST_P(InputFileFaultsSpoilt, EndsTheRunInItsOwnWay) {
   const InputCase& spoilt = GetParam();
   spoilt.spoil(folder, spoilt.file);
   const bool binary = std::string(spoilt.file) == "calib.bin";
@@ -51,7 +51,7 @@ TEST_P(SpoiltInput, EndsTheRunInItsOwnWay) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Files, SpoiltInput,
+    Files, InputFileFaultsSpoilt,
     ::testing::Values(InputCase{"EmptyTarget", empty, "target.ini", polar_status::kTargetConfig,
                                 "Calibconfig is empty or no content was read.\n", " Fail init camera model! "},
                       InputCase{"FolderAsTarget", makeFolder, "target.ini", polar_status::kTooFewDetected,
@@ -68,7 +68,9 @@ INSTANTIATE_TEST_SUITE_P(
                                 "Read image Error!"}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(SpoiledSet, PolarConfigurationWithoutAByteLeavesTheDefaults) {
+using InputFileFaults = SpoiledSet;
+
+TEST_F(InputFileFaults, PolarConfigurationWithoutAByteLeavesTheDefaults) {
   folder.write("polar.txt", "");
   EXPECT_EQ(run(), 0);
   EXPECT_THAT(out, HasSubstr("Polarconfig is empty or no content was read.\n"));
@@ -77,14 +79,14 @@ TEST_F(SpoiledSet, PolarConfigurationWithoutAByteLeavesTheDefaults) {
   EXPECT_FALSE(folder.has("align_data_0.csv"));
 }
 
-TEST_F(SpoiledSet, FolderAsPolarConfigurationIsTakenAsText) {
+TEST_F(InputFileFaults, FolderAsPolarConfigurationIsTakenAsText) {
   makeFolder(folder, "polar.txt");
   EXPECT_EQ(run(), 0);
   EXPECT_THAT(out, HasSubstr("Read Polar file Fail!\n"));
   EXPECT_EQ(results.size(), 2U);
 }
 
-TEST_F(SpoiledSet, CalibrationWithoutAByteIsAMalformedDocument) {
+TEST_F(InputFileFaults, CalibrationWithoutAByteIsAMalformedDocument) {
   folder.write("calib.json", "");
   const std::size_t open_before = openFiles();
   EXPECT_THROW(run(), cv::Exception);
@@ -93,7 +95,7 @@ TEST_F(SpoiledSet, CalibrationWithoutAByteIsAMalformedDocument) {
 }
 
 /// The readers that callers use by themselves.
-struct SpoiltReading : ::testing::Test {
+struct InputFileFaultsReading : ::testing::Test {
   TempFolder folder;
   ConsoleCapture console;
   ExportedCalibParams calibration;
@@ -102,7 +104,7 @@ struct SpoiltReading : ::testing::Test {
   MultiCalibration record;
 };
 
-TEST_F(SpoiltReading, FilesWithoutAByteGiveZeros) {
+TEST_F(InputFileFaultsReading, FilesWithoutAByteGiveZeros) {
   for (const char* name : {"polyparamirl_x.txt", "polyparamirl_y.txt", "polyparamirr_x.txt", "polyparamirr_y.txt"})
     folder.write(name, "");
   calibration.left.poly_x.fill(1.0F);
@@ -117,7 +119,7 @@ TEST_F(SpoiltReading, FilesWithoutAByteGiveZeros) {
   EXPECT_THROW(ReadCalibParams(folder.write("calib.json", ""), &calibration), cv::Exception);
 }
 
-TEST_F(SpoiltReading, FoldersInTheirPlaceGiveTheSame) {
+TEST_F(InputFileFaultsReading, FoldersInTheirPlaceGiveTheSame) {
   const std::size_t open_before = openFiles();
   for (const char* name :
        {"polyparamirl_x.txt", "polyparamirl_y.txt", "polyparamirr_x.txt", "polyparamirr_y.txt", "a", "a.bin", "a.json"})
@@ -137,7 +139,7 @@ TEST_F(SpoiltReading, FoldersInTheirPlaceGiveTheSame) {
 }
 
 /// Files of more than two gigabytes: a short lawful text, and zeros, which take no room on the disk.
-struct HugeFiles : SpoiltReading {
+struct InputFileFaultsHugeFiles : InputFileFaultsReading {
   static constexpr std::uintmax_t kHuge = (std::uintmax_t{1} << 31) + 4096;
 
   std::string huge(const std::string& name, const std::string& text) const {
@@ -152,23 +154,23 @@ struct HugeFiles : SpoiltReading {
   }
 };
 
-TEST_F(HugeFiles, ConfigurationsAreRefused) {
+TEST_F(InputFileFaultsHugeFiles, ConfigurationsAreRefused) {
   EXPECT_THROW(run(huge("polar.txt", "type: 1\n"), "board_type: 2"), std::length_error);
   EXPECT_THROW(run("type: 1", huge("target.ini", "board_type: 2\n")), std::length_error);
 }
 
-TEST_F(HugeFiles, DocumentsAreRefused) {
+TEST_F(InputFileFaultsHugeFiles, DocumentsAreRefused) {
   EXPECT_THROW(ReadCalibParams(huge("calib.json", "{}"), &calibration), std::length_error);
   EXPECT_THROW(run("type: 1", huge("target.json", "{}")), std::system_error);
 }
 
-TEST_F(HugeFiles, LineOfAListIsItsEnd) {
+TEST_F(InputFileFaultsHugeFiles, LineOfAListIsItsEnd) {
   EXPECT_EQ(ReadCalibImagelist(huge("list.txt", "#L R\nnone.png none.png\n"), &images), 0);
   ASSERT_EQ(images.size(), 2U);
   EXPECT_EQ(images[1].size(), 1U);
 }
 
-TEST_F(HugeFiles, LineOfATableIsRefused) {
+TEST_F(InputFileFaultsHugeFiles, LineOfATableIsRefused) {
   for (const char* name : {"polyparamirl_y.txt", "polyparamirr_x.txt", "polyparamirr_y.txt"}) folder.write(name, "2\n");
   huge("polyparamirl_x.txt", "1.5\n");
   EXPECT_THROW(ReadTxtPolyParams(folder.path().string(), &calibration), std::length_error);
@@ -176,7 +178,7 @@ TEST_F(HugeFiles, LineOfATableIsRefused) {
   EXPECT_THROW(ReadBoardGTFromCSV(huge("short.csv", "1,2\n"), &board, false), std::length_error);
 }
 
-TEST_F(HugeFiles, WhatLiesBehindTheUsedLinesIsNotRead) {
+TEST_F(InputFileFaultsHugeFiles, WhatLiesBehindTheUsedLinesIsNotRead) {
   std::string values;
   for (int k = 0; k < 500; ++k) values += "2.5\n";
   for (const char* name : {"polyparamirl_x.txt", "polyparamirl_y.txt", "polyparamirr_x.txt", "polyparamirr_y.txt"})
@@ -187,7 +189,7 @@ TEST_F(HugeFiles, WhatLiesBehindTheUsedLinesIsNotRead) {
   EXPECT_EQ(board.at(0), cv::Point3f(4.5F, 5.0F, 0.0F));
 }
 
-TEST_F(HugeFiles, ZerosBehindABinaryCalibrationDecideNothing) {
+TEST_F(InputFileFaultsHugeFiles, ZerosBehindABinaryCalibrationDecideNothing) {
   const std::string path = folder.file("calib.bin");
   fs::copy_file(RenderedSet::of("ring_320").file("calib.bin"), path);
   fs::resize_file(path, kHuge);
@@ -196,7 +198,7 @@ TEST_F(HugeFiles, ZerosBehindABinaryCalibrationDecideNothing) {
   EXPECT_THAT(console.out(), HasSubstr("Warning: There is no bin size check for this distortion model combination!\n"));
 }
 
-TEST_F(HugeFiles, SourcesWithoutAnEndAreRefused) {
+TEST_F(InputFileFaultsHugeFiles, SourcesWithoutAnEndAreRefused) {
   EXPECT_THROW(run("/dev/zero", "board_type: 2"), std::length_error);
   EXPECT_THROW(ReadBoardGTFromTxt("/dev/zero", &board), std::length_error);
   EXPECT_EQ(LoadCalibrationParamsMulti("/dev/zero", &record, 0), polar_status::kNotSupported);

@@ -33,7 +33,7 @@ std::string polarOf(const RenderedSet& set, const std::string& lines) {
 /// The board check triangulates what the raw pair's evaluation has triangulated.
 constexpr const char* kNoBoardCheck = "spaceRms_switch: 0";
 
-struct OddCalibration : ::testing::TestWithParam<Reading> {
+struct OddRecordsCalibration : ::testing::TestWithParam<Reading> {
   RenderedSet set{small_scene::dots()};
   ImagePairList images = set.images();
   ExportedCalibParams calibration = set.calibration();
@@ -45,7 +45,7 @@ struct OddCalibration : ::testing::TestWithParam<Reading> {
   }
 };
 
-TEST_P(OddCalibration, EndsEachRunAndSparesTheNext) {
+TEST_P(OddRecordsCalibration, EndsEachRunAndSparesTheNext) {
   const Calls::Call call = [this](Results& results) { return run(results); };
   Calls calls(call);
   for (ExportedCameraCalib* const camera : {&calibration.left, &calibration.right}) {
@@ -57,7 +57,7 @@ TEST_P(OddCalibration, EndsEachRunAndSparesTheNext) {
   EXPECT_EQ(calls.replacedNumbers(), 34U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lenses, OddCalibration,
+INSTANTIATE_TEST_SUITE_P(Lenses, OddRecordsCalibration,
                          ::testing::Values(Reading{"FiveCoefficients", "type: 0\nf_scale: 0.9"},
                                            Reading{"EightCoefficients", "eccentricity: 1"},
                                            Reading{"Fisheye", "type: 2\ndiscalsave: 0"}),
@@ -138,7 +138,7 @@ TEST_F(OddRecords, RectifiedGeometry) {
 }
 
 /// A binary calibration that is right in its form and odd in one number.
-struct OddBinary : OddRecords {
+struct OddRecordsBinary : OddRecords {
   RenderedSet set{small_scene::polynomial()};
   std::string polar = polarOf(set, kNoBoardCheck);
   TempFolder folder;
@@ -151,7 +151,7 @@ struct OddBinary : OddRecords {
   }
 };
 
-TEST_F(OddBinary, EndsEachRunAndSparesTheNext) {
+TEST_F(OddRecordsBinary, EndsEachRunAndSparesTheNext) {
   const Calls::Call call = [this](Results& results) { return run(results); };
   Calls calls(call);
   for (scene::BinaryCamera& camera : cameras) {

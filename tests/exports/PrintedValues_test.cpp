@@ -115,14 +115,14 @@ struct Model {
   const char* name;
   scene::Scene (*scene)();
 };
-class FitOfATurnedBoard : public ::testing::TestWithParam<Model> {
+class PrintedValuesFitOfATurnedBoard : public ::testing::TestWithParam<Model> {
  protected:
   RenderedSet set{GetParam().scene()};
   TurnedBoard board{set};
   RunOutcome run = board.run();
 };
 
-TEST_P(FitOfATurnedBoard, IsPrintedWithItsRotationAndWhatItLeavesAlongEachAxis) {
+TEST_P(PrintedValuesFitOfATurnedBoard, IsPrintedWithItsRotationAndWhatItLeavesAlongEachAxis) {
   ASSERT_EQ(run.records.size(), 1U);
   EXPECT_NEAR(printedOnce("icp_rx:", run.out), 12.0, 2e-3);
   EXPECT_NEAR(printedOnce("icp_ry:", run.out), -25.0, 2e-3);
@@ -145,7 +145,7 @@ TEST_P(FitOfATurnedBoard, IsPrintedWithItsRotationAndWhatItLeavesAlongEachAxis) 
     EXPECT_EQ(textsBehind(label, run.out).at(0), written(figure, Notation::kEightDecimals)) << label;
 }
 
-TEST_P(FitOfATurnedBoard, IsPrintedWithItsDistanceInTheLeftImage) {
+TEST_P(PrintedValuesFitOfATurnedBoard, IsPrintedWithItsDistanceInTheLeftImage) {
   ASSERT_EQ(run.records.size(), 1U);
   double square_sum = 0.0;
   for (const TriPointRecord& point : board.points) {
@@ -160,7 +160,7 @@ TEST_P(FitOfATurnedBoard, IsPrintedWithItsDistanceInTheLeftImage) {
   EXPECT_EQ(textsBehind("gt_rms:", run.out).at(0), written(run.records[0].gt_rms, Notation::kEightDecimals));
 }
 
-TEST_P(FitOfATurnedBoard, ComesBehindTheFiguresOfTheDistances) {
+TEST_P(PrintedValuesFitOfATurnedBoard, ComesBehindTheFiguresOfTheDistances) {
   ASSERT_EQ(run.records.size(), 1U);
   double square_sum = 0.0;
   double range = 0.0;
@@ -183,7 +183,7 @@ TEST_P(FitOfATurnedBoard, ComesBehindTheFiguresOfTheDistances) {
     EXPECT_EQ(textsBehind(label, run.out).at(0), written(figure, Notation::kEightDecimals)) << label;
 }
 
-INSTANTIATE_TEST_SUITE_P(Lenses, FitOfATurnedBoard,
+INSTANTIATE_TEST_SUITE_P(Lenses, PrintedValuesFitOfATurnedBoard,
                          ::testing::Values(Model{"Brown", small_scene::dots}, Model{"Poly", small_scene::polynomial}),
                          [](const auto& model) { return model.param.name; });
 

@@ -9,12 +9,12 @@
 
 namespace {
 
-struct Readers : ::testing::Test {
+struct ReaderExports : ::testing::Test {
   TempFolder folder;
   ConsoleCapture console;
 };
 
-TEST_F(Readers, MissingFilesAreToldOnTheConsole) {
+TEST_F(ReaderExports, MissingFilesAreToldOnTheConsole) {
   const std::string path = folder.file("none.bin");
   ExportedCalibParams calib;
   ImagePairList images;
@@ -27,7 +27,7 @@ TEST_F(Readers, MissingFilesAreToldOnTheConsole) {
   EXPECT_EQ(console.out(), line + line + line + line);
 }
 
-TEST_F(Readers, StatusErrorOtherThanNotFoundRaises) {
+TEST_F(ReaderExports, StatusErrorOtherThanNotFoundRaises) {
   ExportedCalibParams calib;
   try {
     ReadCalibParams(std::string(5000, 'a'), &calib);
@@ -37,7 +37,7 @@ TEST_F(Readers, StatusErrorOtherThanNotFoundRaises) {
   }
 }
 
-TEST_F(Readers, CalibrationComesLeftFirst) {
+TEST_F(ReaderExports, CalibrationComesLeftFirst) {
   const std::string path = folder.write(
       "calib.json", R"({"IR_L": {"Fx": 11, "P2": 12}, "IR_R": {"Fx": 21, "Rotate": {"RX": 1, "RY": 2, "RZ": 3},)"
                     R"( "Translate": {"TX": 4, "TY": 5, "TZ": 6}}, "COLOR": {"Fx": 31}})");
@@ -51,13 +51,13 @@ TEST_F(Readers, CalibrationComesLeftFirst) {
   EXPECT_EQ(calib.boardPoints.size(), 1U);
 }
 
-TEST_F(Readers, CalibrationReadersOwnStatusIsIgnored) {
+TEST_F(ReaderExports, CalibrationReadersOwnStatusIsIgnored) {
   ExportedCalibParams calib;
   EXPECT_EQ(ReadCalibParams(folder.write("calib.txt", "x"), &calib), 0);
   EXPECT_EQ(console.out(), "readCalibResult error: invalid fileType\n");
 }
 
-TEST_F(Readers, ImageListTellsItsOutcome) {
+TEST_F(ReaderExports, ImageListTellsItsOutcome) {
   cv::imwrite(folder.file("a.png"), cv::Mat(3, 4, CV_16UC1, cv::Scalar(1000)));
   ImagePairList images;
   EXPECT_EQ(ReadCalibImagelist(folder.write("list.txt", "# L   R\na.png a.png\n"), &images), 0);
@@ -67,7 +67,7 @@ TEST_F(Readers, ImageListTellsItsOutcome) {
   EXPECT_EQ(console.out(), "readCalibImagelist() success!\nreadCalibImagelist() failed!\n");
 }
 
-TEST_F(Readers, TextTablesNeedAllFourFiles) {
+TEST_F(ReaderExports, TextTablesNeedAllFourFiles) {
   for (const char* name : {"polyparamirl_x.txt", "polyparamirl_y.txt", "polyparamirr_x.txt"})
     folder.write(name, "1.5\n2.5\n");
   ExportedCalibParams calib;
@@ -84,7 +84,7 @@ TEST_F(Readers, TextTablesNeedAllFourFiles) {
   EXPECT_EQ(calib.right.height, 1200.0);
 }
 
-TEST_F(Readers, TextBoardAppendsAndSaysNothing) {
+TEST_F(ReaderExports, TextBoardAppendsAndSaysNothing) {
   BoardGroundTruth board{{9, 9, 9}};
   ReadBoardGTFromTxt(folder.write("board.txt", "1 2 3\n4.5\t5 6\n"), &board);
   ReadBoardGTFromTxt(folder.file("none.txt"), &board);
@@ -92,7 +92,7 @@ TEST_F(Readers, TextBoardAppendsAndSaysNothing) {
   EXPECT_TRUE(console.out().empty());
 }
 
-TEST_F(Readers, CsvLayoutsDifferByTheCallersFlag) {
+TEST_F(ReaderExports, CsvLayoutsDifferByTheCallersFlag) {
   std::string row;
   for (int field = 0; field < 90; ++field) row += (field == 0 ? "" : ",") + std::to_string(field);
   const std::string path = folder.write("board.csv", "\n\n\n\n\n\n\n\n\n\n" + row + "\n");
@@ -105,7 +105,7 @@ TEST_F(Readers, CsvLayoutsDifferByTheCallersFlag) {
   EXPECT_EQ(board[1], cv::Point3f(7, 8, 0));
 }
 
-TEST_F(Readers, BinaryLoaderRefusesNullAndOptions) {
+TEST_F(ReaderExports, BinaryLoaderRefusesNullAndOptions) {
   MultiCalibration record;
   EXPECT_EQ(LoadCalibrationParamsMulti(nullptr, &record, 0), polar_status::kNullArgument);
   EXPECT_EQ(LoadCalibrationParamsMulti("x", nullptr, 0), polar_status::kNullArgument);

@@ -15,11 +15,11 @@ struct Warp {
   const char* name;
   const char* polar;
 };
-class SixteenBitPair : public ::testing::TestWithParam<Warp> {};
+class RectifiedPicturesSixteenBitPair : public ::testing::TestWithParam<Warp> {};
 
 /// The warp turns the images and so leaves black corners. Only behind it are the pixels stretched to 8 bits, with the
 /// black as their least value: half of the greatest value is a middle grey, though it is the least one of the image.
-TEST_P(SixteenBitPair, IsWarpedBeforeItIsStretchedSoThatItsBlackMarginCounts) {
+TEST_P(RectifiedPicturesSixteenBitPair, IsWarpedBeforeItIsStretchedSoThatItsBlackMarginCounts) {
   cv::Mat image(102, 128, CV_16UC1, cv::Scalar(20000));
   image.colRange(64, 128).setTo(cv::Scalar(40000));
   ExportedCalibParams calibration;
@@ -55,7 +55,7 @@ TEST_P(SixteenBitPair, IsWarpedBeforeItIsStretchedSoThatItsBlackMarginCounts) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Roads, SixteenBitPair,
+INSTANTIATE_TEST_SUITE_P(Roads, RectifiedPicturesSixteenBitPair,
                          ::testing::Values(Warp{"Brown", "type: 1"}, Warp{"BrownScaled", "type: 1\nf_scale: 1.05"},
                                            Warp{"Fisheye", "type: 2"}, Warp{"Poly", "type: 3"}),
                          [](const auto& warp) { return warp.param.name; });

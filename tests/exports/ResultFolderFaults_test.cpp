@@ -82,9 +82,9 @@ struct Unwritable {
   std::function<std::string(const TempFolder&)> make;
 };
 
-class UnwritableFolder : public ResultFolderFaults, public ::testing::WithParamInterface<Unwritable> {};
+class ResultFolderFaultsUnwritable : public ResultFolderFaults, public ::testing::WithParamInterface<Unwritable> {};
 
-TEST_P(UnwritableFolder, LosesTheFilesAndKeepsTheFigures) {
+TEST_P(ResultFolderFaultsUnwritable, LosesTheFilesAndKeepsTheFigures) {
   const std::string polar = everything();
   const std::string polar_with_folders = rings().polarText();
   const std::vector<double>& expected = figures();
@@ -122,7 +122,7 @@ std::string lockedFolder(const TempFolder& folder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Folders, UnwritableFolder,
+    Folders, ResultFolderFaultsUnwritable,
     ::testing::Values(
         Unwritable{"Missing", [](const TempFolder& folder) { return folder.file("missing"); }},
         Unwritable{"BelowAMissingOne", [](const TempFolder& folder) { return folder.file("missing/below"); }},
@@ -220,7 +220,7 @@ TEST_F(ResultFolderFaults, LinkToNowhereIsNoFolderThatCanBeMade) {
 }
 
 /// Runs whose results go beside their image list.
-struct ReadOnlySet : SpoiledSet {
+struct ResultFolderFaultsReadOnly : SpoiledSet {
   std::int32_t rectified() {
     const ConsoleCapture quiet;
     return CalRecificationPrecision(folder.file("polar.txt").c_str(), folder.file("target.ini").c_str(), {},
@@ -230,10 +230,10 @@ struct ReadOnlySet : SpoiledSet {
     for (const auto& entry : fs::directory_iterator(folder.path())) fs::permissions(entry.path(), fs::perms(0444));
     fs::permissions(folder.path(), fs::perms(0555));
   }
-  ~ReadOnlySet() override { fs::permissions(folder.path(), fs::perms(0755)); }
+  ~ResultFolderFaultsReadOnly() override { fs::permissions(folder.path(), fs::perms(0755)); }
 };
 
-TEST_F(ReadOnlySet, RunsOnDiskKeepTheirFigures) {
+TEST_F(ResultFolderFaultsReadOnly, RunsOnDiskKeepTheirFigures) {
   folder.write("polar.txt", rings().polarWith({{"savepolarline", "0"}, {"discalswitch", "0"}}));
   ASSERT_EQ(run("calib.bin"), 0);
   const std::vector<double> expected = figuresOf(results);
@@ -251,7 +251,7 @@ TEST_F(ReadOnlySet, RunsOnDiskKeepTheirFigures) {
   EXPECT_EQ(contentsOf(folder.path()), before);
 }
 
-TEST_F(ReadOnlySet, RectifiedRunsKeepTheirFigures) {
+TEST_F(ResultFolderFaultsReadOnly, RectifiedRunsKeepTheirFigures) {
   folder.write("polar.txt", "evaluation: 1\ndy_bias_switch: 1\ndy_bias_savecsv_swithch: 1\ndy_bias_savepng_swithch: 1");
   ASSERT_EQ(rectified(), 0);
   const std::vector<double> expected = figuresOf(results);
@@ -266,7 +266,7 @@ TEST_F(ReadOnlySet, RectifiedRunsKeepTheirFigures) {
   EXPECT_EQ(contentsOf(folder.path()), before) << "what an earlier run wrote stays";
 }
 
-TEST_F(ReadOnlySet, FoldersForPicturesCannotBeMade) {
+TEST_F(ResultFolderFaultsReadOnly, FoldersForPicturesCannotBeMade) {
   lock();
   const Unprivileged user;
   EXPECT_EQ(run(), polar_status::kResultFolder);
@@ -275,7 +275,9 @@ TEST_F(ReadOnlySet, FoldersForPicturesCannotBeMade) {
   callersResultsAreUntouched();
 }
 
-TEST_F(SpoiledSet, RectifiedSummaryOnAFullDeviceLeavesTheRecords) {
+using ResultFolderFaultsOfASet = SpoiledSet;
+
+TEST_F(ResultFolderFaultsOfASet, RectifiedSummaryOnAFullDeviceLeavesTheRecords) {
   fs::create_symlink("/dev/full", folder.file("align_data.csv"));
   const ConsoleCapture quiet;
   EXPECT_EQ(CalRecificationPrecision("evaluation: 1\ndy_bias_switch: 1", folder.file("target.ini").c_str(), {},

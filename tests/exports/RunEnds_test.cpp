@@ -25,9 +25,9 @@ struct Stop {
   float at;
   std::size_t rows;
 };
-class StoppedFrames : public ::testing::TestWithParam<Stop> {};
+class RunEndsStoppedFrames : public ::testing::TestWithParam<Stop> {};
 
-TEST_P(StoppedFrames, HaveTheRowsBeforeAndNoLastLineEnd) {
+TEST_P(RunEndsStoppedFrames, HaveTheRowsBeforeAndNoLastLineEnd) {
   MemoryRun two(MemoryRun::twoFrames());
   ASSERT_EQ(two.run(two.set.polarText()).status, 0);
   const std::string whole = two.folder.read("frame_result.csv");
@@ -43,7 +43,7 @@ TEST_P(StoppedFrames, HaveTheRowsBeforeAndNoLastLineEnd) {
   EXPECT_EQ(two.folder.read("frame_result.csv"), whole.substr(0, end));
 }
 
-INSTANTIATE_TEST_SUITE_P(Stations, StoppedFrames,
+INSTANTIATE_TEST_SUITE_P(Stations, RunEndsStoppedFrames,
                          ::testing::Values(Stop{"BeforeTheFirst", 0.003F, 0}, Stop{"BehindTheFirst", 49.503F, 0},
                                            Stop{"BehindTheSecond", 99.003F, 1}),
                          [](const auto& stop) { return stop.param.name; });
@@ -52,9 +52,9 @@ struct Kind {
   const char* name;
   const RenderedSet& (*set)();
 };
-class LongerRightList : public ::testing::TestWithParam<Kind> {};
+class RunEndsLongerRightList : public ::testing::TestWithParam<Kind> {};
 
-TEST_P(LongerRightList, IsFineSinceTheLeftOneCounts) {
+TEST_P(RunEndsLongerRightList, IsFineSinceTheLeftOneCounts) {
   MemoryRun two(GetParam().set());
   two.images[1].push_back(two.images[1][0]);
   two.images[1].emplace_back();
@@ -64,7 +64,7 @@ TEST_P(LongerRightList, IsFineSinceTheLeftOneCounts) {
   EXPECT_EQ(two.reported, (std::vector<float>{0.001F, 0.002F, 0.003F, 49.503F, 99.003F, 100.0F}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Runs, LongerRightList,
+INSTANTIATE_TEST_SUITE_P(Runs, RunEndsLongerRightList,
                          ::testing::Values(Kind{"ImageSet", MemoryRun::twoPairs}, Kind{"Frames", MemoryRun::twoFrames}),
                          [](const auto& kind) { return kind.param.name; });
 

@@ -65,9 +65,9 @@ struct Stop {
   const char* text;
   std::size_t records;
 };
-struct StoppedRun : RunExports, ::testing::WithParamInterface<Stop> {};
+struct RunExportsStopped : RunExports, ::testing::WithParamInterface<Stop> {};
 
-TEST_P(StoppedRun, EndsWith35AndItsText) {
+TEST_P(RunExportsStopped, EndsWith35AndItsText) {
   stop_at = GetParam().at;
   results.resize(1);
   EXPECT_EQ(inMemory(&progress, nullptr), polar_status::kStoppedByCallback);
@@ -76,7 +76,7 @@ TEST_P(StoppedRun, EndsWith35AndItsText) {
   EXPECT_EQ(reported.back(), GetParam().at);
 }
 
-INSTANTIATE_TEST_SUITE_P(Stations, StoppedRun,
+INSTANTIATE_TEST_SUITE_P(Stations, RunExportsStopped,
                          ::testing::Values(Stop{0.001F, "Callback Terminated", 1},
                                            Stop{0.002F, "Callback Terminated", 1},
                                            Stop{0.003F, "Callback Terminated!", 1},
@@ -88,16 +88,16 @@ TEST_F(RunExports, EmptyCallbackFunctionRaises) {
   EXPECT_THROW(inMemory(&none, nullptr), std::bad_function_call);
 }
 
-class ListsInMemory : public RunExports, public ::testing::WithParamInterface<std::size_t> {};
+class RunExportsListsInMemory : public RunExports, public ::testing::WithParamInterface<std::size_t> {};
 
-TEST_P(ListsInMemory, OtherThanTwoGiveMinusEight) {
+TEST_P(RunExportsListsInMemory, OtherThanTwoGiveMinusEight) {
   images.resize(GetParam());
   EXPECT_EQ(inMemory(nullptr, nullptr), polar_status::kImages);
   EXPECT_EQ(errorText(), "Read image Error!");
   EXPECT_TRUE(results.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Counts, ListsInMemory, ::testing::Values(0U, 1U, 3U));
+INSTANTIATE_TEST_SUITE_P(Counts, RunExportsListsInMemory, ::testing::Values(0U, 1U, 3U));
 
 TEST_F(RunExports, FailureLeavesTheCallersResults) {
   results.resize(5);

@@ -86,13 +86,13 @@ TEST(RunOrder, FrameMeasuresItsBoardAndThenTellsItsDistances) {
 }
 
 /// A rendered pair of images that need no rectification, on disk.
-struct RectifiedOnDisk : ::testing::Test {
+struct RunOrderRectifiedOnDisk : ::testing::Test {
   RenderedSet set{small_scene::rectified()};
   RectifiedParams geometry;
   std::vector<PolarResultRecord> records;
   TempFolder folder;
 
-  RectifiedOnDisk() {
+  RunOrderRectifiedOnDisk() {
     for (const cv::Point3f& point : set.calibration().boardPoints) geometry.boardPoints.emplace_back(point);
     for (const char* name : {"list.txt", "left_0.png", "right_0.png"})
       std::filesystem::copy_file(set.file(name), folder.file(name));
@@ -105,13 +105,13 @@ struct RectifiedOnDisk : ::testing::Test {
   }
 };
 
-TEST_F(RectifiedOnDisk, PairIsMeasuredForItsRowsAndForItsCloud) {
+TEST_F(RunOrderRectifiedOnDisk, PairIsMeasuredForItsRowsAndForItsCloud) {
   const std::string out = run(set.polarText());
   ASSERT_EQ(records.size(), 1U);
   EXPECT_EQ(stepsOf(out), together({kLoaded, kMeasured, kMeasured, finished(1)}));
 }
 
-TEST_F(RectifiedOnDisk, RowsComeBeforeTheCloud) {
+TEST_F(RunOrderRectifiedOnDisk, RowsComeBeforeTheCloud) {
   run(set.polarWith({{"PolPoint1_ID", "5000"}}));
   EXPECT_TRUE(records.empty()) << "the cloud gave the pair up";
   EXPECT_TRUE(folder.has("0_left_dy.csv"));
@@ -131,9 +131,9 @@ struct SideCase {
   std::size_t blank;
   std::size_t told;  ///< Images whose count is printed.
 };
-class BlankImage : public ::testing::TestWithParam<SideCase> {};
+class RunOrderBlankImage : public ::testing::TestWithParam<SideCase> {};
 
-TEST_P(BlankImage, EndsTheMeasurementOfItsPair) {
+TEST_P(RunOrderBlankImage, EndsTheMeasurementOfItsPair) {
   MemoryRun two(MemoryRun::twoPairs());
   two.blank(GetParam().blank, 0);
   const RunOutcome run = two.run(two.set.polarText());
@@ -143,7 +143,7 @@ TEST_P(BlankImage, EndsTheMeasurementOfItsPair) {
   EXPECT_EQ(stepsOf(run.out), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sides, BlankImage, ::testing::Values(SideCase{"Left", 0, 1}, SideCase{"Right", 1, 2}),
+INSTANTIATE_TEST_SUITE_P(Sides, RunOrderBlankImage, ::testing::Values(SideCase{"Left", 0, 1}, SideCase{"Right", 1, 2}),
                          [](const auto& side) { return side.param.name; });
 
 }  // namespace

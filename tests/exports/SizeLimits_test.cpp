@@ -85,10 +85,10 @@ const cv::Mat& grey() {
   return image;
 }
 
-struct Boards : Sizes {};
+struct SizeLimitsBoards : Sizes {};
 
 // The largest number of dots whose ids fit their 16 bits.
-TEST_F(Boards, Of65535DotsAreLoadedFromAListAndLookedFor) {
+TEST_F(SizeLimitsBoards, Of65535DotsAreLoadedFromAListAndLookedFor) {
   const TempFolder folder;
   std::string list;
   for (int row = 0; row < 255; ++row) {
@@ -113,11 +113,11 @@ struct BoardSize {
   const char* cols;
 };
 
-class BoardSizes : public Boards, public ::testing::WithParamInterface<BoardSize> {};
+class SizeLimitsBoardSizes : public SizeLimitsBoards, public ::testing::WithParamInterface<BoardSize> {};
 
 constexpr const char* kMeasured = "triangulate_residual_switch: 1\ndiscalsave: 1\nx_y: 0";
 
-TEST_P(BoardSizes, FindNothingInAGreyImage) {
+TEST_P(SizeLimitsBoardSizes, FindNothingInAGreyImage) {
   for (const char* type : {"1", "2", "3"}) {
     const Answer answer = run(kMeasured, boardText(type, GetParam().rows, GetParam().cols), grey(), grey());
     EXPECT_EQ(answer.status, polar_status::kTooFewDetected) << answer.exception;
@@ -137,7 +137,7 @@ struct RealBoard {
 };
 
 // Sizes that the description gives are not those of the board that is seen.
-TEST_P(BoardSizes, EndTheMeasurementOfAnotherBoardLawfully) {
+TEST_P(SizeLimitsBoardSizes, EndTheMeasurementOfAnotherBoardLawfully) {
   static const RealBoard rings("ring_320");
   static const RealBoard big_dots("big_320");
   const std::string sizes = std::string("\nrows: ") + GetParam().rows + "\ncols: " + GetParam().cols;
@@ -148,7 +148,7 @@ TEST_P(BoardSizes, EndTheMeasurementOfAnotherBoardLawfully) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, BoardSizes,
+INSTANTIATE_TEST_SUITE_P(Sizes, SizeLimitsBoardSizes,
                          ::testing::Values(BoardSize{"None", "0", "0"}, BoardSize{"NoRows", "0", "17"},
                                            BoardSize{"NoColumns", "15", "0"}, BoardSize{"OneDot", "1", "1"},
                                            BoardSize{"OneRow", "1", "65535"}, BoardSize{"OneColumn", "65535", "1"},
@@ -159,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, BoardSizes,
                          [](const auto& test) { return std::string(test.param.name); });
 
 // Sizes keep their low 16 bits: what is beyond them, or below zero, is a board of up to 65535 rows or columns.
-TEST_F(Boards, OfTooManyDotsAreRefusedByCountAndLimit) {
+TEST_F(SizeLimitsBoards, OfTooManyDotsAreRefusedByCountAndLimit) {
   for (const auto& [rows, cols] : std::vector<std::pair<const char*, const char*>>{
            {"2147483647", "2147483647"}, {"-1", "-1"}, {"99999999999", "257"}, {"-1", "257"}, {"20000", "20000"}}) {
     for (const char* type : {"1", "2", "3"}) {
@@ -251,9 +251,9 @@ cv::Mat ofThreeDimensions() {
   return cv::Mat(3, sizes, CV_8UC1, cv::Scalar(90));
 }
 
-class Images : public Sizes, public ::testing::WithParamInterface<PairOfImages> {
+class SizeLimitsImages : public Sizes, public ::testing::WithParamInterface<PairOfImages> {
  protected:
-  Images() {
+  SizeLimitsImages() {
     for (ExportedCameraCalib* const camera : {&calibration.left, &calibration.right}) {
       camera->width = camera->height = 60;
       camera->poly_nx = camera->poly_ny = 2;
@@ -261,7 +261,7 @@ class Images : public Sizes, public ::testing::WithParamInterface<PairOfImages> 
   }
 };
 
-TEST_P(Images, EndEveryRoadLawfully) {
+TEST_P(SizeLimitsImages, EndEveryRoadLawfully) {
   const cv::Mat left = GetParam().left();
   const cv::Mat right = GetParam().right();
   const auto answerOn = [&](const char* road) { return run(std::string(kEverything) + road, kTarget, left, right); };
@@ -277,7 +277,7 @@ TEST_P(Images, EndEveryRoadLawfully) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Pairs, Images,
+    Pairs, SizeLimitsImages,
     ::testing::Values(PairOfImages{"OnePixel", plain(1, 1), plain(1, 1), kRaises, kRaises},
                       PairOfImages{"VeryWide", random(10, 20000), random(10, 20000), kRaises, kRaises},
                       PairOfImages{"VeryHigh", random(20000, 10), random(20000, 10), kRaises, kRaises},
@@ -310,9 +310,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 /// Images of every format that a file can hold, through the run on rectified images: what comes of the row differences
 /// and, without these, of the point cloud.
-class RectifiedImages : public Sizes, public ::testing::WithParamInterface<PairOfImages> {};
+class SizeLimitsRectifiedImages : public Sizes, public ::testing::WithParamInterface<PairOfImages> {};
 
-TEST_P(RectifiedImages, EndEveryRoadLawfully) {
+TEST_P(SizeLimitsRectifiedImages, EndEveryRoadLawfully) {
   const TempFolder folder;
   ASSERT_TRUE(cv::imwrite(folder.file("left.tiff"), GetParam().left()));
   ASSERT_TRUE(cv::imwrite(folder.file("right.tiff"), GetParam().right()));
@@ -332,7 +332,7 @@ TEST_P(RectifiedImages, EndEveryRoadLawfully) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Pairs, RectifiedImages,
+    Pairs, SizeLimitsRectifiedImages,
     ::testing::Values(PairOfImages{"OnePixel", plain(1, 1), plain(1, 1), kRaises, kRaises},
                       PairOfImages{"VeryWide", random(10, 20000), random(10, 20000), kRaises, kRaises},
                       PairOfImages{"VeryHigh", random(20000, 10), random(20000, 10), kRaises, kRaises},

@@ -35,36 +35,36 @@ struct Texts : ::testing::Test {
   }
 };
 
-struct PolarTexts : Texts {
+struct TextFaultsPolar : Texts {
   /// Whether a run reads the line of a ground-truth point that is none: the one line that shows in the status.
   bool readsThePoint(const std::string& text) const {
     return run(folder.write("polar.txt", text), "board_type: 2") == polar_status::kBadGroundTruthPoint;
   }
 };
 
-TEST_F(PolarTexts, LineEndsOfEitherKindEndALine) {
+TEST_F(TextFaultsPolar, LineEndsOfEitherKindEndALine) {
   EXPECT_TRUE(readsThePoint("x_y: 0\nPolPoint1_GT: [1]\ntype: 0\n"));
   EXPECT_TRUE(readsThePoint("x_y: 0\r\nPolPoint1_GT: [1]\r\ntype: 0\r\n"));
 }
 
-TEST_F(PolarTexts, CarriageReturnAloneEndsNoLine) {
+TEST_F(TextFaultsPolar, CarriageReturnAloneEndsNoLine) {
   EXPECT_FALSE(readsThePoint("x_y: 0\rPolPoint1_GT: [1]\rtype: 0\r"));
   EXPECT_TRUE(readsThePoint("PolPoint1_GT: [1]\rx_y: 0\r")) << "the first key is the line's";
 }
 
-TEST_F(PolarTexts, MarkBelongsToTheFirstKey) {
+TEST_F(TextFaultsPolar, MarkBelongsToTheFirstKey) {
   EXPECT_FALSE(readsThePoint(kMark + "PolPoint1_GT: [1]\n"));
   EXPECT_TRUE(readsThePoint(kMark + "# comment\nPolPoint1_GT: [1]\n"));
 }
 
-TEST_F(PolarTexts, NulIsACharacterLikeOthers) {
+TEST_F(TextFaultsPolar, NulIsACharacterLikeOthers) {
   EXPECT_FALSE(readsThePoint(bytes("\0PolPoint1_GT: [1]\n")));
   EXPECT_FALSE(readsThePoint(bytes("PolPoint1_GT\0: [1]\n")));
   EXPECT_TRUE(readsThePoint(bytes("\0\0\0\nx\0: \0\nPolPoint1_GT: [1]\n\0")));
   EXPECT_TRUE(readsThePoint(bytes("PolPoint1_GT: [1,2,3]\0\n"))) << "a list that does not end in its bracket";
 }
 
-TEST_F(PolarTexts, LongLinesAreReadToTheirEnd) {
+TEST_F(TextFaultsPolar, LongLinesAreReadToTheirEnd) {
   for (const char filler : {'x', ':', '\0'})
     EXPECT_TRUE(readsThePoint(std::string(kLong, filler) + "\nPolPoint1_GT: [1]\n")) << int{filler};
   for (const char* key : {"type:", "f_scale:", "eccentricity:", "TriPoint1_GT:", "Cal_ID_DIS: ["})
@@ -73,7 +73,7 @@ TEST_F(PolarTexts, LongLinesAreReadToTheirEnd) {
   EXPECT_TRUE(readsThePoint("PolPoint1_GT: [" + std::string(1'000'000, ',') + "]"));
 }
 
-struct TargetTexts : Texts {
+struct TextFaultsTarget : Texts {
   /// The console lines of a run that tell the board's last point.
   std::string boardOf(const std::string& text) const {
     run("type: 0", folder.write("target.ini", text));
@@ -83,35 +83,35 @@ struct TargetTexts : Texts {
 
 constexpr const char* kOfThreeByFive = "checke_pointend:40 20 0\n";
 
-TEST_F(TargetTexts, LineEndsOfEitherKindEndALine) {
+TEST_F(TextFaultsTarget, LineEndsOfEitherKindEndALine) {
   EXPECT_THAT(boardOf("board_type: 1\nrows: 3\ncols: 5\nstep: 10\n"), HasSubstr(kOfThreeByFive));
 }
 
-TEST_F(TargetTexts, WindowsLineEndsReadTheSame) {
+TEST_F(TextFaultsTarget, WindowsLineEndsReadTheSame) {
   EXPECT_THAT(boardOf("board_type: 1\r\nrows: 3\r\ncols: 5\r\nstep: 10\r\n"), HasSubstr(kOfThreeByFive));
 }
 
-TEST_F(TargetTexts, CarriageReturnAloneEndsNoLine) {
+TEST_F(TextFaultsTarget, CarriageReturnAloneEndsNoLine) {
   EXPECT_THAT(boardOf("board_type: 1\rrows: 3\rcols: 5\rstep: 10\r"), Not(HasSubstr("checke_pointend:")))
       << "a board without dots";
 }
 
-TEST_F(TargetTexts, MarkBelongsToTheFirstKey) {
+TEST_F(TextFaultsTarget, MarkBelongsToTheFirstKey) {
   EXPECT_THAT(boardOf(kMark + "board_type: 1\nrows: 3\ncols: 5\nstep: 10\n"),
               HasSubstr("checke_pointend:1260 1225 0\n"))
       << "without its type the board is the default one";
 }
 
-TEST_F(TargetTexts, NulAndLongLinesDoNoHarm) {
+TEST_F(TextFaultsTarget, NulAndLongLinesDoNoHarm) {
   EXPECT_THAT(boardOf(std::string(kLong, 'x') + "\nland_mark1_x: " + std::string(1'000'000, '9') +
                       bytes("\n\0:\0\nboard_type: 1\nrows: 3\0\ncols: 5\n") + "step: 10"),
               HasSubstr(kOfThreeByFive));
 }
 
-struct ListTexts : Texts {
+struct TextFaultsList : Texts {
   ImagePairList images;
 
-  ListTexts() {
+  TextFaultsList() {
     for (const char* name : {"a.png", "b.png"}) cv::imwrite(folder.file(name), cv::Mat(2, 3, CV_8UC1, cv::Scalar(9)));
   }
   std::int32_t read(const std::string& text) { return ReadCalibImagelist(folder.write("list.txt", text), &images); }
@@ -124,31 +124,31 @@ struct ListTexts : Texts {
   }
 };
 
-TEST_F(ListTexts, WindowsLineEndsReadTheSame) {
+TEST_F(TextFaultsList, WindowsLineEndsReadTheSame) {
   EXPECT_EQ(read("#L R\r\na.png b.png\r\na.png b.png\r\n"), 0);
   EXPECT_EQ(decoded(), 4U);
 }
 
-TEST_F(ListTexts, CarriageReturnAloneMakesOneHeader) {
+TEST_F(TextFaultsList, CarriageReturnAloneMakesOneHeader) {
   EXPECT_EQ(read("#L R\ra.png b.png\r"), 0);
   EXPECT_EQ(images.size(), 3U) << "the names are only counted";
   EXPECT_EQ(decoded(), 0U);
 }
 
-TEST_F(ListTexts, MarkBeforeTheHeaderFails) {
+TEST_F(TextFaultsList, MarkBeforeTheHeaderFails) {
   EXPECT_EQ(read(kMark + "#L R\na.png b.png\n"), polar_status::kInputUnreadable);
   EXPECT_EQ(console.err(), "ParseHeaderLine failed!\n");
   EXPECT_TRUE(images.empty());
 }
 
-TEST_F(ListTexts, NulBytesMakeOtherNames) {
+TEST_F(TextFaultsList, NulBytesMakeOtherNames) {
   EXPECT_EQ(read(bytes("#L\0R x\n\0 b.png\na.png b.png\n")), 0);
   ASSERT_EQ(images.size(), 2U);
   EXPECT_TRUE(images[0].at(0).empty());
   EXPECT_FALSE(images[0].at(1).empty());
 }
 
-TEST_F(ListTexts, LongLinesEndTheList) {
+TEST_F(TextFaultsList, LongLinesEndTheList) {
   EXPECT_EQ(read("#L R\na.png b.png\n" + std::string(kLong, 'x') + "\na.png b.png\n"), 0);
   EXPECT_EQ(decoded(), 2U);
   EXPECT_EQ(read("#L R " + std::string(kLong, 'x') + "\na.png b.png\n"), 0);
@@ -156,13 +156,13 @@ TEST_F(ListTexts, LongLinesEndTheList) {
   EXPECT_EQ(decoded(), 0U);
 }
 
-TEST_F(ListTexts, NamesBeyondAsciiWork) {
+TEST_F(TextFaultsList, NamesBeyondAsciiWork) {
   fs::rename(folder.file("a.png"), folder.file("gerät_左.png"));
   EXPECT_EQ(read("#l\xC3\xBCnks R\ngerät_左.png b.png\n"), 0);
   EXPECT_EQ(decoded(), 2U);
 }
 
-struct TableTexts : Texts {
+struct TextFaultsTable : Texts {
   ExportedCalibParams calibration;
 
   const std::array<float, 500>& read(const std::string& text) {
@@ -173,19 +173,19 @@ struct TableTexts : Texts {
   }
 };
 
-TEST_F(TableTexts, WindowsLineEndsReadTheSame) { EXPECT_EQ(read("1.5\r\n2.5\r\n").at(1), 2.5F); }
+TEST_F(TextFaultsTable, WindowsLineEndsReadTheSame) { EXPECT_EQ(read("1.5\r\n2.5\r\n").at(1), 2.5F); }
 
-TEST_F(TableTexts, CarriageReturnAloneEndsNoLine) {
+TEST_F(TextFaultsTable, CarriageReturnAloneEndsNoLine) {
   EXPECT_EQ(read("1.5\r2.5\r").at(0), 1.5F);
   EXPECT_EQ(calibration.left.poly_x[1], 0.0F);
 }
 
-TEST_F(TableTexts, MarkSpoilsItsLineOnly) {
+TEST_F(TextFaultsTable, MarkSpoilsItsLineOnly) {
   EXPECT_EQ(read(kMark + "1.5\n2.5\n").at(0), 0.0F);
   EXPECT_EQ(calibration.left.poly_x[1], 2.5F);
 }
 
-TEST_F(TableTexts, NulAndLongLinesKeepTheirPlace) {
+TEST_F(TextFaultsTable, NulAndLongLinesKeepTheirPlace) {
   const std::string longest(kLong, '0');
   EXPECT_EQ(read(bytes("\0"
                        "1.5\n2.5\0\n") +
@@ -197,7 +197,7 @@ TEST_F(TableTexts, NulAndLongLinesKeepTheirPlace) {
   EXPECT_EQ(calibration.left.poly_x[3], 4.5F);
 }
 
-struct BoardTexts : Texts {
+struct TextFaultsBoard : Texts {
   BoardGroundTruth points;
 
   const BoardGroundTruth& readList(const std::string& text) {
@@ -212,7 +212,7 @@ struct BoardTexts : Texts {
   }
 };
 
-TEST_F(BoardTexts, LineEndsOfEitherKindEndALine) {
+TEST_F(TextFaultsBoard, LineEndsOfEitherKindEndALine) {
   EXPECT_EQ(readList("1 2 3\r\n4 5 6\r\n"), (BoardGroundTruth{{1, 2, 3}, {4, 5, 6}}));
   EXPECT_EQ(readList("1 2 3\r4 5 6\r"), (BoardGroundTruth{{1, 2, 3}})) << "a carriage return alone ends no line";
   std::string windows;
@@ -221,19 +221,19 @@ TEST_F(BoardTexts, LineEndsOfEitherKindEndALine) {
   EXPECT_EQ(readReport(std::string(10, '\r') + "0,1,2,3,4.5,5\r"), cv::Point3f()) << "one line, not eleven";
 }
 
-TEST_F(BoardTexts, MarkSpoilsItsLineOnly) {
+TEST_F(TextFaultsBoard, MarkSpoilsItsLineOnly) {
   EXPECT_EQ(readList(kMark + "1 2 3\n4 5 6\n"), (BoardGroundTruth{{0, 0, 0}, {4, 5, 6}}));
   EXPECT_EQ(readReport(kMark + std::string(10, '\n') + "0,1,2,3,4.5,5\n"), cv::Point3f(4.5F, 5.0F, 0.0F));
 }
 
-TEST_F(BoardTexts, NulEndsANumber) {
+TEST_F(TextFaultsBoard, NulEndsANumber) {
   EXPECT_EQ(readList(bytes("1 2\0 3\n\0\n4 5 6\n")), (BoardGroundTruth{{1, 2, 0}, {0, 0, 0}, {4, 5, 6}}));
   EXPECT_EQ(readReport(std::string(10, '\n') + bytes("\0,1,\0,3,4.5\0"
                                                      "7,5\n")),
             cv::Point3f(4.5F, 5.0F, 0.0F));
 }
 
-TEST_F(BoardTexts, LongLinesAreReadToTheirEnd) {
+TEST_F(TextFaultsBoard, LongLinesAreReadToTheirEnd) {
   EXPECT_EQ(readList("1" + std::string(kLong, ' ') + "2 3 4\n4 5 6" + std::string(kLong, 'x') + "\n7 8 9"),
             (BoardGroundTruth{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
   const std::string before = std::string(10, '\n') + "0,1,2,3,";
@@ -241,7 +241,9 @@ TEST_F(BoardTexts, LongLinesAreReadToTheirEnd) {
   EXPECT_EQ(readReport(before + "4.5,5" + std::string(kLong, ',') + "\n"), cv::Point3f(4.5F, 5.0F, 0.0F));
 }
 
-TEST_F(SpoiledSet, FoldersAndFilesBeyondAsciiWork) {
+using TextFaultsOfNames = SpoiledSet;
+
+TEST_F(TextFaultsOfNames, FoldersAndFilesBeyondAsciiWork) {
   const fs::path set = folder.path() / "Prüfstand_測定";
   fs::create_directory(set);
   for (const char* name : {"left_0.png", "right_0.png", "calib.bin"}) fs::rename(folder.file(name), set / name);

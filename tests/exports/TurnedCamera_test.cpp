@@ -72,9 +72,9 @@ scene::Scene intoTheCorners(const std::string& preset) {
   return scene;
 }
 
-class WholeImage : public ::testing::TestWithParam<std::string> {};
+class TurnedCameraWholeImage : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(WholeImage, RightCalibrationLeavesNoRowDifferenceUpToTheCorners) {
+TEST_P(TurnedCameraWholeImage, RightCalibrationLeavesNoRowDifferenceUpToTheCorners) {
   const Comparison result = compare(intoTheCorners(GetParam()));
   std::printf("%s: mean |dy| %.4f px over %zu points, out to %.2f half diagonals\n", GetParam().c_str(), result.mean,
               result.count, result.farthest);
@@ -83,7 +83,7 @@ TEST_P(WholeImage, RightCalibrationLeavesNoRowDifferenceUpToTheCorners) {
   EXPECT_LT(result.mean, 0.05);
 }
 
-TEST_P(WholeImage, TurnedCameraGivesThePredictedDifference) {
+TEST_P(TurnedCameraWholeImage, TurnedCameraGivesThePredictedDifference) {
   scene::Scene scene = *scene::makePreset(GetParam());
   scene.given.right_from_left_angles.rx += 0.08 * std::numbers::pi / 180.0;
   scene.given.right_from_left_angles.rz -= 0.05 * std::numbers::pi / 180.0;
@@ -94,7 +94,7 @@ TEST_P(WholeImage, TurnedCameraGivesThePredictedDifference) {
   EXPECT_LT(result.deviation, 0.05);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lenses, WholeImage, ::testing::Values("big_640", "fisheye_1280", "poly_1920"),
+INSTANTIATE_TEST_SUITE_P(Lenses, TurnedCameraWholeImage, ::testing::Values("big_640", "fisheye_1280", "poly_1920"),
                          [](const auto& preset) { return preset.param; });
 
 }  // namespace

@@ -221,11 +221,11 @@ TEST_F(WrittenFiles, OfTheTemperatureExportAreTheTablesOfABinaryCalibration) {
 }
 
 /// Names that would start something, or lead elsewhere, if a shell or a careless join saw them.
-struct HostileNames : WrittenFiles {
+struct WrittenFilesHostileNames : WrittenFiles {
   const std::string command = "$(touch${IFS}made);`touch${IFS}made`|touch${IFS}made&>made";
 };
 
-TEST_F(HostileNames, FolderOfThatNameTakesItsFiles) {
+TEST_F(WrittenFilesHostileNames, FolderOfThatNameTakesItsFiles) {
   makeFolder(command);
   polar = "evaluation: 1\nspaceRms_switch: 0\nsavepolarline: 1";
   ASSERT_EQ(inMemory(tree.file(command)), 0);
@@ -234,7 +234,7 @@ TEST_F(HostileNames, FolderOfThatNameTakesItsFiles) {
   EXPECT_THAT(appeared(), UnorderedElementsAreArray(expected));
 }
 
-TEST_F(HostileNames, FolderWithBlanksMakesFoldersOfItsWords) {
+TEST_F(WrittenFilesHostileNames, FolderWithBlanksMakesFoldersOfItsWords) {
   makeFolder("results $(touch made) ; `x` ..");
   appeared();
   polar = "savepolarline: 1";
@@ -244,13 +244,13 @@ TEST_F(HostileNames, FolderWithBlanksMakesFoldersOfItsWords) {
                                                "result_left/", "result_right/"));
 }
 
-TEST_F(HostileNames, CallersFolderMayLeadUpwards) {
+TEST_F(WrittenFilesHostileNames, CallersFolderMayLeadUpwards) {
   polar = "evaluation: 1\nspaceRms_switch: 0";
   ASSERT_EQ(inMemory(tree.file("results/../inputs")), 0);
   EXPECT_THAT(appeared(), UnorderedElementsAre("inputs/align_data_0.csv"));
 }
 
-TEST_F(HostileNames, ImagesAreReadWhereTheListSaysAndNameNoFile) {
+TEST_F(WrittenFilesHostileNames, ImagesAreReadWhereTheListSaysAndNameNoFile) {
   makeFolder("elsewhere");
   std::filesystem::copy_file(set.file("left_0.png"), tree.file("elsewhere/" + command + ".png"));
   tree.write("inputs/list.txt", "#L R\n../elsewhere/" + command + ".png ..\\inputs\\right_0.png\n");
@@ -261,7 +261,7 @@ TEST_F(HostileNames, ImagesAreReadWhereTheListSaysAndNameNoFile) {
     EXPECT_TRUE(name.starts_with("inputs/") || name.starts_with("calibration/polyparamir")) << name;
 }
 
-TEST_F(HostileNames, AbsoluteImageNameStaysBelowTheListsFolder) {
+TEST_F(WrittenFilesHostileNames, AbsoluteImageNameStaysBelowTheListsFolder) {
   tree.write("inputs/list.txt", "#L R\n" + set.file("left_0.png") + " " + set.file("right_0.png") + "\n");
   ImagePairList images;
   const ConsoleCapture quiet;
@@ -270,7 +270,7 @@ TEST_F(HostileNames, AbsoluteImageNameStaysBelowTheListsFolder) {
   EXPECT_TRUE(images.at(1).at(0).empty());
 }
 
-TEST_F(HostileNames, TextsOfTheConfigurationsNameNoFile) {
+TEST_F(WrittenFilesHostileNames, TextsOfTheConfigurationsNameNoFile) {
   polar = "evaluation: 1\nresult_folder: " + tree.file("work") + "\nspaceRms_switch: 0\nframe_work: 1\n" + command +
           ": " + command + "\nFrame_ID: [../../made," + command + "]\nFrame_ID_DIS: [[../made," + command + "]]";
   const ConsoleCapture quiet;
@@ -281,7 +281,7 @@ TEST_F(HostileNames, TextsOfTheConfigurationsNameNoFile) {
   EXPECT_EQ(tree.read("results/frame_result.csv"), "id ,0_0\n\n");
 }
 
-TEST_F(HostileNames, TargetOfSuchANameIsReadOnly) {
+TEST_F(WrittenFilesHostileNames, TargetOfSuchANameIsReadOnly) {
   std::vector<PolarResultRecord> none;
   const ConsoleCapture quiet;
   const std::string target = "../" + command + ".json";

@@ -18,7 +18,7 @@ using namespace calibration_bytes;
 using testing::Each;
 using testing::ElementsAre;
 
-class ReadBinaryCalibration : public testing::Test {
+class BinaryCalibration : public testing::Test {
  protected:
   void read(const std::string& content) { readPath(folder_.write("calib.bin", content)); }
 
@@ -50,7 +50,7 @@ void expectTable(std::span<const float> table, float first, std::size_t shift, s
   }
 }
 
-TEST_F(ReadBinaryCalibration, TakesTheFirstTwoCameras) {
+TEST_F(BinaryCalibration, TakesTheFirstTwoCameras) {
   read(mainForm({brown(), second(), kb()}));
   EXPECT_EQ(printed_, "");
   EXPECT_EQ(calib_->left.height, 1200U);
@@ -62,7 +62,7 @@ TEST_F(ReadBinaryCalibration, TakesTheFirstTwoCameras) {
   EXPECT_EQ(calib_->right.intrinsics[11], 512.0);
 }
 
-TEST_F(ReadBinaryCalibration, TheExtrinsicsAreTheSecondCamerasWidened) {
+TEST_F(BinaryCalibration, TheExtrinsicsAreTheSecondCamerasWidened) {
   Camera first = brown();
   first.extrinsics.fill(9.0F);
   read(mainForm({first, second(), brown()}));
@@ -70,13 +70,13 @@ TEST_F(ReadBinaryCalibration, TheExtrinsicsAreTheSecondCamerasWidened) {
                                               static_cast<double>(0.3F), -60.0, 0.5, 0.25));
 }
 
-TEST_F(ReadBinaryCalibration, ModelsWithFewerParametersLeaveTheRestZero) {
+TEST_F(BinaryCalibration, ModelsWithFewerParametersLeaveTheRestZero) {
   read(mainForm({kb(), ds()}));
   EXPECT_THAT(calib_->left.intrinsics, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 0, 0));
   EXPECT_THAT(calib_->right.intrinsics, ElementsAre(1, 2, 3, 4, 5, 6, 0, 0, 0, 0, 0, 0));
 }
 
-TEST_F(ReadBinaryCalibration, TablesGoCellByCell) {
+TEST_F(BinaryCalibration, TablesGoCellByCell) {
   read(mainForm({brown(), second()}));
   EXPECT_EQ(calib_->left.poly_nx, 6);
   EXPECT_EQ(calib_->left.poly_ny, 4);
@@ -86,7 +86,7 @@ TEST_F(ReadBinaryCalibration, TablesGoCellByCell) {
   expectTable(calib_->right.poly_y, 7000.0F, 10, 24);
 }
 
-TEST_F(ReadBinaryCalibration, TheTabledFormGivesTheSameTables) {
+TEST_F(BinaryCalibration, TheTabledFormGivesTheSameTables) {
   read(sealTabled(tabledEntries({brown(), second()})));
   EXPECT_EQ(calib_->right.poly_nx, 6);
   expectTable(calib_->left.poly_y, 1000.0F, 10, 24);
@@ -104,9 +104,9 @@ struct GridCase {
   std::size_t cells;
 };
 
-class Grids : public ReadBinaryCalibration, public testing::WithParamInterface<GridCase> {};
+class BinaryCalibrationGrids : public BinaryCalibration, public testing::WithParamInterface<GridCase> {};
 
-TEST_P(Grids, TheLeftOneSaysHowManyCells) {
+TEST_P(BinaryCalibrationGrids, TheLeftOneSaysHowManyCells) {
   const GridCase& grid = GetParam();
   Camera left = brown();
   Camera right = second();
@@ -123,7 +123,7 @@ TEST_P(Grids, TheLeftOneSaysHowManyCells) {
   expectTable(calib_->right.poly_y, 7000.0F, 10, grid.cells);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, Grids,
+INSTANTIATE_TEST_SUITE_P(Sizes, BinaryCalibrationGrids,
                          testing::Values(GridCase{"AllTheBlockHolds", 5, 5, 25, 1, true, true, 25},
                                          GridCase{"OneCellTooMany", 13, 2, 6, 4, false, true, 0},
                                          GridCase{"Huge", 255, 255, 255, 255, false, false, 0},
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, Grids,
                                          GridCase{"NoTables", 0, 0, 0, 0, false, false, 0}),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(ReadBinaryCalibration, WritesTheFourTablesBesideTheFile) {
+TEST_F(BinaryCalibration, WritesTheFourTablesBesideTheFile) {
   read(mainForm({brown(), second()}));
   const auto first_lines = [&](const char* name) { return folder_.read(name).substr(0, 10); };
   EXPECT_EQ(first_lines("polyparamirl_x.txt"), "1000\n1001\n");
@@ -146,7 +146,7 @@ TEST_F(ReadBinaryCalibration, WritesTheFourTablesBesideTheFile) {
   EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 500);
 }
 
-TEST_F(ReadBinaryCalibration, ABareFileNameWritesNothing) {
+TEST_F(BinaryCalibration, ABareFileNameWritesNothing) {
   folder_.write("calib.bin", mainForm({brown(), second()}));
   const std::filesystem::path kept = std::filesystem::current_path();
   std::filesystem::current_path(folder_.path());
@@ -156,7 +156,7 @@ TEST_F(ReadBinaryCalibration, ABareFileNameWritesNothing) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1);
 }
 
-TEST_F(ReadBinaryCalibration, AFailedLoadIsReportedAndLeavesBothCamerasAtZero) {
+TEST_F(BinaryCalibration, AFailedLoadIsReportedAndLeavesBothCamerasAtZero) {
   calib_->left.height = 7;
   calib_->right.intrinsics.fill(7.0);
   calib_->extrinsics.fill(7.0);
@@ -170,19 +170,19 @@ TEST_F(ReadBinaryCalibration, AFailedLoadIsReportedAndLeavesBothCamerasAtZero) {
   EXPECT_EQ(calib_->left.poly_nx, 0);
 }
 
-TEST_F(ReadBinaryCalibration, AFailedLoadWritesItsTablesAllTheSame) {
+TEST_F(BinaryCalibration, AFailedLoadWritesItsTablesAllTheSame) {
   read("nothing");
   EXPECT_TRUE(folder_.has("polyparamirl_x.txt"));
   EXPECT_EQ(folder_.read("polyparamirr_y.txt").substr(0, 4), "0\n0\n");
 }
 
-TEST_F(ReadBinaryCalibration, AMissingFileIsAFailedLoad) {
+TEST_F(BinaryCalibration, AMissingFileIsAFailedLoad) {
   readPath(folder_.path().string() + "\\gone.bin");
   EXPECT_EQ(printed_, "Read Poly Fail!\n");
   EXPECT_TRUE(folder_.has("polyparamirl_x.txt"));
 }
 
-TEST_F(ReadBinaryCalibration, AnEntryThatIsNotThereLeavesItsCameraAtZero) {
+TEST_F(BinaryCalibration, AnEntryThatIsNotThereLeavesItsCameraAtZero) {
   read(mainForm({brown()}));
   EXPECT_EQ(printed_, "");
   EXPECT_EQ(calib_->left.intrinsics[11], 12.0);

@@ -35,7 +35,7 @@ struct LayoutCase {
   std::map<std::size_t, int> first_fields;  ///< Of every point that has fields.
 };
 
-class Layouts : public testing::TestWithParam<LayoutCase> {};
+class BoardGroundTruthReaderLayouts : public testing::TestWithParam<LayoutCase> {};
 
 void expectPoints(const BoardGroundTruth& points, const std::map<std::size_t, int>& first_fields, int fields) {
   ASSERT_EQ(points.size(), 42U);
@@ -48,21 +48,21 @@ void expectPoints(const BoardGroundTruth& points, const std::map<std::size_t, in
   }
 }
 
-TEST_P(Layouts, TakeTheirFieldsOfTheEleventhLine) {
+TEST_P(BoardGroundTruthReaderLayouts, TakeTheirFieldsOfTheEleventhLine) {
   expectPoints(readCsv(GetParam().reader, report(90)), GetParam().first_fields, 90);
 }
 
-TEST_P(Layouts, ReadWindowsLineEndsTheSame) {
+TEST_P(BoardGroundTruthReaderLayouts, ReadWindowsLineEndsTheSame) {
   expectPoints(readCsv(GetParam().reader, report(90, "\r\n")), GetParam().first_fields, 90);
 }
 
-TEST_P(Layouts, MissingFieldsAreZero) {
+TEST_P(BoardGroundTruthReaderLayouts, MissingFieldsAreZero) {
   for (const int fields : {0, 4, 5, 41, 60}) {
     expectPoints(readCsv(GetParam().reader, report(static_cast<std::size_t>(fields))), GetParam().first_fields, fields);
   }
 }
 
-TEST_P(Layouts, FewerThanElevenLinesGiveZeros) {
+TEST_P(BoardGroundTruthReaderLayouts, FewerThanElevenLinesGiveZeros) {
   const std::string ten_lines = report(90).substr(0, 160);
   expectPoints(readCsv(GetParam().reader, ten_lines), {}, 0);
   expectPoints(readCsv(GetParam().reader, ""), {}, 0);
@@ -85,24 +85,24 @@ std::map<std::size_t, int> layoutB() {
   return fields;
 }
 
-INSTANTIATE_TEST_SUITE_P(Csv, Layouts,
+INSTANTIATE_TEST_SUITE_P(Csv, BoardGroundTruthReaderLayouts,
                          testing::Values(LayoutCase{"A", &ReadBoardCsvLayoutA, layoutA()},
                                          LayoutCase{"B", &ReadBoardCsvLayoutB, layoutB()}),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(ReadBoardCsv, LayoutAReadsPoint24From46And47AndPoint26From48) {
+TEST(BoardGroundTruthReaderCsv, LayoutAReadsPoint24From46And47AndPoint26From48) {
   const BoardGroundTruth points = readCsv(&ReadBoardCsvLayoutA, report(80));
   EXPECT_EQ(points.at(24), cv::Point3f(46.5F, 47.5F, 0.0F));
   EXPECT_EQ(points.at(25), cv::Point3f(0.0F, 0.0F, 0.0F));
   EXPECT_EQ(points.at(26), cv::Point3f(48.5F, 49.5F, 0.0F));
 }
 
-TEST(ReadBoardCsv, LayoutAReadsAFileOfLayoutBWithoutComplaint) {
+TEST(BoardGroundTruthReaderCsv, LayoutAReadsAFileOfLayoutBWithoutComplaint) {
   EXPECT_EQ(readCsv(&ReadBoardCsvLayoutA, report(87)).at(1), cv::Point3f(6.5F, 7.5F, 0.0F));
   EXPECT_EQ(readCsv(&ReadBoardCsvLayoutB, report(87)).at(1), cv::Point3f(7.5F, 8.5F, 0.0F));
 }
 
-TEST(ReadBoardCsv, FieldsReadAsFarAsTheyAreNumbers) {
+TEST(BoardGroundTruthReaderCsv, FieldsReadAsFarAsTheyAreNumbers) {
   const std::string lines(10, '\n');
   const BoardGroundTruth points = readCsv(&ReadBoardCsvLayoutA, lines + ",,,, 1.5mm,abc,,-2e1,1e999,0x10");
   EXPECT_EQ(points.at(0), cv::Point3f(1.5F, 0.0F, 0.0F));
@@ -110,7 +110,7 @@ TEST(ReadBoardCsv, FieldsReadAsFarAsTheyAreNumbers) {
   EXPECT_EQ(points.at(2), cv::Point3f(std::numeric_limits<float>::infinity(), 16.0F, 0.0F));
 }
 
-TEST(ReadBoardCsv, DoesNotFollowTheProcessLocale) {
+TEST(BoardGroundTruthReaderCsv, DoesNotFollowTheProcessLocale) {
   const CommaLocale comma;
   const TempFolder folder;
   BoardGroundTruth points;
@@ -118,7 +118,7 @@ TEST(ReadBoardCsv, DoesNotFollowTheProcessLocale) {
   EXPECT_EQ(points.at(0), cv::Point3f(1.25F, 2.5F, 0.0F));
 }
 
-TEST(ReadBoardTxt, AppendsAPointALine) {
+TEST(BoardGroundTruthReaderTxt, AppendsAPointALine) {
   const TempFolder folder;
   BoardGroundTruth points = {{9, 9, 9}};
   ReadBoardTxt(folder.write("b.txt", "1 2 3\r\n\t4.5  5.5\t6.5 ignored\n7 8 9"), points);
@@ -126,7 +126,7 @@ TEST(ReadBoardTxt, AppendsAPointALine) {
   EXPECT_EQ(points, expected);
 }
 
-TEST(ReadBoardTxt, WhatCannotBeReadIsZero) {
+TEST(BoardGroundTruthReaderTxt, WhatCannotBeReadIsZero) {
   const TempFolder folder;
   BoardGroundTruth points;
   ReadBoardTxt(folder.write("b.txt", "\n1 x 3\n1,2,3\nx y z\n1 2\n"), points);
@@ -134,7 +134,7 @@ TEST(ReadBoardTxt, WhatCannotBeReadIsZero) {
   EXPECT_EQ(points, expected);
 }
 
-TEST(ReadBoardTxt, ABlankLineYieldsAPoint) {
+TEST(BoardGroundTruthReaderTxt, ABlankLineYieldsAPoint) {
   const TempFolder folder;
   BoardGroundTruth points;
   ReadBoardTxt(folder.write("b.txt", "1 2 3\n\n4 5 6\n"), points);
@@ -142,7 +142,7 @@ TEST(ReadBoardTxt, ABlankLineYieldsAPoint) {
   EXPECT_EQ(points[1], cv::Point3f(0.0F, 0.0F, 0.0F));
 }
 
-TEST(ReadBoardTxt, AFileThatDoesNotOpenLeavesTheList) {
+TEST(BoardGroundTruthReaderTxt, AFileThatDoesNotOpenLeavesTheList) {
   const TempFolder folder;
   BoardGroundTruth points = {{9, 9, 9}};
   ReadBoardTxt(folder.file("gone.txt"), points);
@@ -150,7 +150,7 @@ TEST(ReadBoardTxt, AFileThatDoesNotOpenLeavesTheList) {
   EXPECT_EQ(points.size(), 1U);
 }
 
-TEST(ReadBoardTxt, ABoardOfTooManyPointsIsRefused) {
+TEST(BoardGroundTruthReaderTxt, ABoardOfTooManyPointsIsRefused) {
   const TempFolder folder;
   const std::string path = folder.write("b.txt", "1 2 3\n");
   BoardGroundTruth points((1U << 24U) - 1);
@@ -160,7 +160,7 @@ TEST(ReadBoardTxt, ABoardOfTooManyPointsIsRefused) {
               testing::ThrowsMessage<std::length_error>("a board of more than 16777216 points"));
 }
 
-TEST(ReadBoardTxt, DoesNotFollowTheProcessLocale) {
+TEST(BoardGroundTruthReaderTxt, DoesNotFollowTheProcessLocale) {
   const CommaLocale comma;
   const TempFolder folder;
   BoardGroundTruth points;

@@ -35,7 +35,7 @@ void expectSameCamera(const One& one, const Other& other) {
   EXPECT_EQ(one.poly_y, other.poly_y);
 }
 
-TEST(ExportCalibration, PutsEachCameraIntoItsBlockAndLeavesTheBoardPoints) {
+TEST(CalibrationConversionExport, PutsEachCameraIntoItsBlockAndLeavesTheBoardPoints) {
   const auto calib = distinctCalibration();
   const auto exported = std::make_unique<ExportedCalibParams>();
   exported->boardPoints = {{1, 2, 3}};
@@ -47,7 +47,7 @@ TEST(ExportCalibration, PutsEachCameraIntoItsBlockAndLeavesTheBoardPoints) {
   EXPECT_EQ(exported->boardPoints.size(), 1U);
 }
 
-TEST(ImportCalibration, IsTheWayBack) {
+TEST(CalibrationConversionImport, IsTheWayBack) {
   const auto calib = distinctCalibration();
   const auto exported = std::make_unique<ExportedCalibParams>();
   exportCalibration(*calib, *exported);
@@ -58,7 +58,7 @@ TEST(ImportCalibration, IsTheWayBack) {
   EXPECT_EQ(imported->extrinsics, calib->extrinsics);
 }
 
-TEST(RecordLayout, TheRunsRecordHasTheRightCameraFirstAndTheCallersTheLeft) {
+TEST(CalibrationConversionRecordLayout, TheRunsRecordHasTheRightCameraFirstAndTheCallersTheLeft) {
   const StereoCalibParams calib;
   const ExportedCalibParams exported;
   EXPECT_LT(static_cast<const void*>(&calib.right), static_cast<const void*>(&calib.left));
@@ -70,9 +70,9 @@ struct SizeCase {
   std::uint32_t pixels;
 };
 
-class ImportedSize : public testing::TestWithParam<SizeCase> {};
+class CalibrationConversionImportedSize : public testing::TestWithParam<SizeCase> {};
 
-TEST_P(ImportedSize, IsTruncated) {
+TEST_P(CalibrationConversionImportedSize, IsTruncated) {
   ExportedCalibParams exported;
   exported.left.height = GetParam().size;
   exported.right.width = GetParam().size;
@@ -82,7 +82,7 @@ TEST_P(ImportedSize, IsTruncated) {
   EXPECT_EQ(calib.right.width, GetParam().pixels);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, ImportedSize,
+INSTANTIATE_TEST_SUITE_P(Sizes, CalibrationConversionImportedSize,
                          testing::Values(SizeCase{1199.999, 1199}, SizeCase{0.0, 0}, SizeCase{-0.9, 0},
                                          SizeCase{-1.5, 0xFFFFFFFFU}, SizeCase{1e300, 0x7FFFFFFFU},
                                          SizeCase{-1e300, 0x80000000U},

@@ -15,11 +15,11 @@ struct TypeCase {
   std::int32_t type;
 };
 
-class CalibFileTypes : public testing::TestWithParam<TypeCase> {};
+class CalibrationReaderFileTypes : public testing::TestWithParam<TypeCase> {};
 
-TEST_P(CalibFileTypes, ComesFromTheLastDot) { EXPECT_EQ(CalibFileType(GetParam().path), GetParam().type); }
+TEST_P(CalibrationReaderFileTypes, ComesFromTheLastDot) { EXPECT_EQ(CalibFileType(GetParam().path), GetParam().type); }
 
-INSTANTIATE_TEST_SUITE_P(Paths, CalibFileTypes,
+INSTANTIATE_TEST_SUITE_P(Paths, CalibrationReaderFileTypes,
                          testing::Values(TypeCase{"calib.json", 1}, TypeCase{"calib.yaml", 2}, TypeCase{"a\\c.txt", 3},
                                          TypeCase{"/a/c.bin", 4}, TypeCase{"calib.tar.json", 1},
                                          TypeCase{"calib.JSON", 0}, TypeCase{"calib.Bin", 0}, TypeCase{"calib", 0},
@@ -54,9 +54,9 @@ void expectNoGrids(const StereoCalibParams& calib) {
   EXPECT_EQ(calib.right.poly_ny, 0);
 }
 
-class RefusedExtensions : public testing::TestWithParam<const char*> {};
+class CalibrationReaderRefusedExtensions : public testing::TestWithParam<const char*> {};
 
-TEST_P(RefusedExtensions, AreStatus4AndLeaveTheErrorText) {
+TEST_P(CalibrationReaderRefusedExtensions, AreStatus4AndLeaveTheErrorText) {
   const TempFolder folder;
   const Reading reading = read(folder.write(GetParam(), R"({ "DEPTH": {"Fx": 1}, "RGB": {"Fx": 2} })"));
   EXPECT_EQ(reading.status, 4);
@@ -66,9 +66,10 @@ TEST_P(RefusedExtensions, AreStatus4AndLeaveTheErrorText) {
   expectNoGrids(reading.calib);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, RefusedExtensions, testing::Values("c.JSON", "c.yaml", "c.txt", "c", "c.BIN"));
+INSTANTIATE_TEST_SUITE_P(Files, CalibrationReaderRefusedExtensions,
+                         testing::Values("c.JSON", "c.yaml", "c.txt", "c", "c.BIN"));
 
-TEST(ReadCalibResult, ReadsJsonAndClearsOnlyTheGrids) {
+TEST(CalibrationReader, ReadsJsonAndClearsOnlyTheGrids) {
   const TempFolder folder;
   const Reading reading = read(folder.write("calib.tar.json", R"({ "DEPTH": {"Fx": 1}, "RGB": {"Fx": 2} })"));
   EXPECT_EQ(reading.status, 0);
@@ -78,21 +79,21 @@ TEST(ReadCalibResult, ReadsJsonAndClearsOnlyTheGrids) {
   expectNoGrids(reading.calib);
 }
 
-TEST(ReadCalibResult, AJsonFileThatDoesNotOpenIsMinus4WithItsText) {
+TEST(CalibrationReader, AJsonFileThatDoesNotOpenIsMinus4WithItsText) {
   const TempFolder folder;
   const Reading reading = read(folder.file("gone.json"));
   EXPECT_EQ(reading.status, -4);
   EXPECT_EQ(reading.error, "Fail to read calib result file");
 }
 
-TEST(ReadCalibResult, AJsonFileWithoutPairIsMinus4AndLeavesTheText) {
+TEST(CalibrationReader, AJsonFileWithoutPairIsMinus4AndLeavesTheText) {
   const TempFolder folder;
   const Reading reading = read(folder.write("c.json", R"({ "IR": {"Fx": 1}, "RGB": {"Fx": 2} })"));
   EXPECT_EQ(reading.status, -4);
   EXPECT_EQ(reading.error, "old");
 }
 
-TEST(ReadCalibResult, ReadsBinary) {
+TEST(CalibrationReader, ReadsBinary) {
   const TempFolder folder;
   const Reading reading = read(folder.write("c.bin", mainForm({brown(), kb()})));
   EXPECT_EQ(reading.status, 0);
@@ -101,7 +102,7 @@ TEST(ReadCalibResult, ReadsBinary) {
   EXPECT_EQ(reading.calib.left.poly_nx, 6);
 }
 
-TEST(ReadCalibResult, ABinaryFileThatDoesNotLoadIsStatus0) {
+TEST(CalibrationReader, ABinaryFileThatDoesNotLoadIsStatus0) {
   const TempFolder folder;
   const Reading reading = read(folder.write("c.bin", ""));
   EXPECT_EQ(reading.status, 0);

@@ -74,9 +74,9 @@ constexpr std::array<Pair, 4> kPreference = {{{kDepth | kRgb, 100, 200},
                                               {kIrL | kIrR | kRgb, 400, 500},
                                               {kIrL | kIrR | kColor, 400, 500}}};
 
-class MemberCombination : public testing::TestWithParam<unsigned> {};
+class JsonCalibrationMembers : public testing::TestWithParam<unsigned> {};
 
-TEST_P(MemberCombination, SelectsByPreference) {
+TEST_P(JsonCalibrationMembers, SelectsByPreference) {
   const unsigned members = GetParam();
   json document = {{"Other", 1}};
   for (std::size_t k = 0; k < kCameras.size(); ++k) {
@@ -98,7 +98,7 @@ TEST_P(MemberCombination, SelectsByPreference) {
   EXPECT_EQ(reading.error, "old");
 }
 
-INSTANTIATE_TEST_SUITE_P(AllMembers, MemberCombination, testing::Range(0U, 64U));
+INSTANTIATE_TEST_SUITE_P(AllMembers, JsonCalibrationMembers, testing::Range(0U, 64U));
 
 TEST(JsonCalibration, DepthAndColourGoBeforeTheInfraredPair) {
   const Reading reading =

@@ -22,7 +22,7 @@ using testing::ElementsAreArray;
 const std::string kWarning = "Warning: There is no bin size check for this distortion model combination!\n";
 constexpr std::size_t kBlockOffset = 50 + 135;  // Of the first entry, a Brown camera.
 
-class LoadMultiCalibration : public testing::Test {
+class MultiCalibrationLoader : public testing::Test {
  protected:
   std::int32_t load(const std::string& content) {
     const ConsoleCapture capture;
@@ -59,7 +59,7 @@ std::vector<float> risingFrom(float first, std::size_t kept) {
   return values;
 }
 
-TEST_F(LoadMultiCalibration, TwoBrownCamerasOf4383BytesLoadWithoutTheWarning) {
+TEST_F(MultiCalibrationLoader, TwoBrownCamerasOf4383BytesLoadWithoutTheWarning) {
   Camera right = brown();
   right.name = "second";
   right.first_parameter = 501.0F;
@@ -92,7 +92,7 @@ TEST_F(LoadMultiCalibration, TwoBrownCamerasOf4383BytesLoadWithoutTheWarning) {
   EXPECT_THAT(second.extrinsics, ElementsAreArray(right.extrinsics));
 }
 
-TEST_F(LoadMultiCalibration, TenExtraBytesPrintTheWarningAndParseTheSame) {
+TEST_F(MultiCalibrationLoader, TenExtraBytesPrintTheWarningAndParseTheSame) {
   ASSERT_EQ(load(mainForm({brown(), brown()}) + std::string(10, 'x')), 0);
   EXPECT_EQ(printed_, kWarning);
   EXPECT_EQ(record_.entries.size(), 2U);
@@ -107,11 +107,11 @@ struct MixCase {
   std::int32_t model_code;
 };
 
-class ModelMixes : public LoadMultiCalibration, public testing::WithParamInterface<MixCase> {};
+class MultiCalibrationLoaderModelMixes : public MultiCalibrationLoader, public testing::WithParamInterface<MixCase> {};
 
 std::size_t keptOf(const Camera& camera) { return camera.stored_parameters - 8; }
 
-TEST_P(ModelMixes, Load) {
+TEST_P(MultiCalibrationLoaderModelMixes, Load) {
   const MixCase& mix = GetParam();
   const std::string content = mainForm(mix.cameras);
   ASSERT_EQ(content.size(), mix.size);
@@ -132,7 +132,7 @@ TEST_P(ModelMixes, Load) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Files, ModelMixes,
+    Files, MultiCalibrationLoaderModelMixes,
     testing::Values(MixCase{"NoCamera", {}, 51, true, 0}, MixCase{"Brown", {brown()}, 2205, false, 1},
                     MixCase{"KB", {kb()}, 2189, false, 2}, MixCase{"DS", {ds()}, 2181, false, 3},
                     MixCase{"MEI", {mei()}, 2197, false, 4}, MixCase{"TwoKB", {kb(), kb()}, 4351, false, 2},
@@ -149,12 +149,12 @@ INSTANTIATE_TEST_SUITE_P(
                     MixCase{"FourBrown", {brown(), brown(), brown(), brown()}, 8763, true, 1}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(LoadMultiCalibration, AOneCameraFileHasNoExtrinsicFloats) {
+TEST_F(MultiCalibrationLoader, AOneCameraFileHasNoExtrinsicFloats) {
   ASSERT_EQ(load(mainForm({brown()})), 0);
   EXPECT_THAT(record_.entries.at(0).extrinsics, testing::Each(0.0F));
 }
 
-TEST_F(LoadMultiCalibration, OneFlippedBitInATableBlockIsACrcMismatch) {
+TEST_F(MultiCalibrationLoader, OneFlippedBitInATableBlockIsACrcMismatch) {
   const std::string content = mainForm({brown(), kb()});
   const std::size_t second_block = 50 + 2154 + 54 + 65;
   for (const std::size_t block : {kBlockOffset, second_block}) {
@@ -166,7 +166,7 @@ TEST_F(LoadMultiCalibration, OneFlippedBitInATableBlockIsACrcMismatch) {
   }
 }
 
-TEST_F(LoadMultiCalibration, TheOtherCheckBytesAreNotTested) {
+TEST_F(MultiCalibrationLoader, TheOtherCheckBytesAreNotTested) {
   const std::string content = mainForm({brown(), brown()});
   const std::size_t behind_crc = kBlockOffset + 2017;
   for (const std::size_t offset : {kBlockOffset - 1, behind_crc, behind_crc + 1, content.size() - 2}) {
@@ -174,7 +174,7 @@ TEST_F(LoadMultiCalibration, TheOtherCheckBytesAreNotTested) {
   }
 }
 
-TEST_F(LoadMultiCalibration, AFileThatEndsInsideItsEntriesIsNotSupported) {
+TEST_F(MultiCalibrationLoader, AFileThatEndsInsideItsEntriesIsNotSupported) {
   const std::string content = mainForm({brown(), ds()});
   const std::set<std::size_t> usual_sizes = {4335, 4343, 4351};
   for (std::size_t size = 0; size + 1 < content.size(); size += strideAt(size)) {
@@ -185,7 +185,7 @@ TEST_F(LoadMultiCalibration, AFileThatEndsInsideItsEntriesIsNotSupported) {
   EXPECT_EQ(load(content), 0);
 }
 
-TEST_F(LoadMultiCalibration, AWrongCrcBeforeTheEndCountsFirst) {
+TEST_F(MultiCalibrationLoader, AWrongCrcBeforeTheEndCountsFirst) {
   const std::string content = flipped(mainForm({brown(), ds()}), kBlockOffset + 5);
   for (std::size_t size = kBlockOffset; size <= content.size(); size += strideAt(size)) {
     const bool crc_is_there = size >= kBlockOffset + 2017;
@@ -194,13 +194,13 @@ TEST_F(LoadMultiCalibration, AWrongCrcBeforeTheEndCountsFirst) {
   }
 }
 
-TEST_F(LoadMultiCalibration, MoreCamerasThanEntriesIsNotSupported) {
+TEST_F(MultiCalibrationLoader, MoreCamerasThanEntriesIsNotSupported) {
   std::string content = mainForm({brown()});
   content[48] = static_cast<char>(0xFF);
   EXPECT_EQ(load(content), polar_status::kNotSupported);
 }
 
-TEST_F(LoadMultiCalibration, FewerCamerasThanEntriesReadsThese) {
+TEST_F(MultiCalibrationLoader, FewerCamerasThanEntriesReadsThese) {
   std::string content = mainForm({brown(), brown()});
   content[48] = 1;
   EXPECT_EQ(load(content), 0);
@@ -208,7 +208,7 @@ TEST_F(LoadMultiCalibration, FewerCamerasThanEntriesReadsThese) {
   EXPECT_EQ(record_.entries.size(), 1U);
 }
 
-TEST_F(LoadMultiCalibration, ALowerCaseModelNameTakesNoParameterField) {
+TEST_F(MultiCalibrationLoader, ALowerCaseModelNameTakesNoParameterField) {
   Camera camera = brown();
   camera.model = "brown";
   EXPECT_EQ(load(mainForm({camera})), polar_status::kCrcMismatch) << "the parse runs on at the wrong offset";
@@ -220,7 +220,7 @@ TEST_F(LoadMultiCalibration, ALowerCaseModelNameTakesNoParameterField) {
   EXPECT_EQ(record_.model_names.at(0), "brown");
 }
 
-TEST_F(LoadMultiCalibration, TextsThatFillTheirFieldsNeedNoNul) {
+TEST_F(MultiCalibrationLoader, TextsThatFillTheirFieldsNeedNoNul) {
   Camera camera = brown();
   camera.name = "0123456789";
   std::string content = mainForm({camera});
@@ -233,7 +233,7 @@ TEST_F(LoadMultiCalibration, TextsThatFillTheirFieldsNeedNoNul) {
   EXPECT_EQ(record_.long_text, std::string(32, 'L'));
 }
 
-TEST_F(LoadMultiCalibration, AFailureLeavesTheRecordAsItWas) {
+TEST_F(MultiCalibrationLoader, AFailureLeavesTheRecordAsItWas) {
   ASSERT_EQ(load(mainForm({brown(), brown()})), 0);
   EXPECT_EQ(load(flipped(mainForm({kb()}), 50 + 54 + 65 + 7)), polar_status::kCrcMismatch);
   EXPECT_EQ(load("x"), polar_status::kNotSupported);
@@ -241,7 +241,7 @@ TEST_F(LoadMultiCalibration, AFailureLeavesTheRecordAsItWas) {
   EXPECT_EQ(record_.entries.size(), 2U);
 }
 
-TEST_F(LoadMultiCalibration, ASecondLoadReplacesTheFirst) {
+TEST_F(MultiCalibrationLoader, ASecondLoadReplacesTheFirst) {
   ASSERT_EQ(load(mainForm({brown(), brown()})), 0);
   ASSERT_EQ(load(mainForm({kb()})), 0);
   EXPECT_THAT(record_.camera_names, ElementsAre("cam"));
@@ -257,15 +257,15 @@ struct FormCase {
   std::int32_t status;
 };
 
-class Forms : public LoadMultiCalibration, public testing::WithParamInterface<FormCase> {};
+class MultiCalibrationLoaderForms : public MultiCalibrationLoader, public testing::WithParamInterface<FormCase> {};
 
-TEST_P(Forms, AreChosenByTwoBytesAndTheSize) {
+TEST_P(MultiCalibrationLoaderForms, AreChosenByTwoBytesAndTheSize) {
   const FormCase& form = GetParam();
   const std::string start = byteText(form.first) + byteText(form.second);
   EXPECT_EQ(load(field(start.substr(0, form.size), form.size)), form.status);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Forms,
+INSTANTIATE_TEST_SUITE_P(Files, MultiCalibrationLoaderForms,
                          testing::Values(FormCase{"Empty", 0, 0, 0, polar_status::kNotSupported},
                                          FormCase{"OneByte", 1, 0, 1, polar_status::kNotSupported},
                                          FormCase{"TwoBytes", 1, 1, 2, polar_status::kNotSupported},
@@ -280,7 +280,7 @@ INSTANTIATE_TEST_SUITE_P(Files, Forms,
                                          FormCase{"TabledWrongCrc", 0, 1, 21091, polar_status::kCrcMismatch}),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(LoadMultiCalibration, TheTabledFormGivesTheMainFormsShape) {
+TEST_F(MultiCalibrationLoader, TheTabledFormGivesTheMainFormsShape) {
   Camera right = kb();
   right.first_coefficient = -50.0F;
   ASSERT_EQ(load(sealTabled(tabledEntries({brown(), right}))), 0);
@@ -294,7 +294,7 @@ TEST_F(LoadMultiCalibration, TheTabledFormGivesTheMainFormsShape) {
   EXPECT_EQ(std::string(block.begin(), block.end()), field(packed, 2016));
 }
 
-TEST_F(LoadMultiCalibration, TheTabledFormHoldsUpToNineBrownCameras) {
+TEST_F(MultiCalibrationLoader, TheTabledFormHoldsUpToNineBrownCameras) {
   EXPECT_EQ(load(sealTabled(tabledEntries(std::vector<Camera>(9, brown())))), 0);
   EXPECT_EQ(record_.entries.size(), 9U);
   std::string entries = tabledEntries(std::vector<Camera>(9, brown()));
@@ -302,12 +302,12 @@ TEST_F(LoadMultiCalibration, TheTabledFormHoldsUpToNineBrownCameras) {
   EXPECT_EQ(load(sealTabled(entries)), polar_status::kNotSupported) << "the tenth runs into the last byte";
 }
 
-TEST_F(LoadMultiCalibration, EntriesBeyondTheTabledFormAreNotSupported) {
+TEST_F(MultiCalibrationLoader, EntriesBeyondTheTabledFormAreNotSupported) {
   const std::string entries = field(header(0, 255), 21090);
   EXPECT_EQ(load(sealTabled(entries)), polar_status::kNotSupported);
 }
 
-TEST_F(LoadMultiCalibration, EachCellAndTheWholeOfTheTabledFormAreChecked) {
+TEST_F(MultiCalibrationLoader, EachCellAndTheWholeOfTheTabledFormAreChecked) {
   const std::string entries = tabledEntries({brown(), brown()});
   for (const std::size_t offset : {kBlockOffset + 2, kBlockOffset + 82, kBlockOffset + 2 + 23 * 81}) {
     EXPECT_EQ(load(sealTabled(flipped(entries, offset))), polar_status::kCrcMismatch) << offset;
@@ -318,20 +318,20 @@ TEST_F(LoadMultiCalibration, EachCellAndTheWholeOfTheTabledFormAreChecked) {
   }
 }
 
-TEST(LoadMultiCalibrationArguments, NullIs4096AndComesBeforeTheOptions) {
+TEST(MultiCalibrationLoaderArguments, NullIs4096AndComesBeforeTheOptions) {
   MultiCalibration record;
   EXPECT_EQ(loadMultiCalibration(nullptr, &record, 0), 4096);
   EXPECT_EQ(loadMultiCalibration("x.bin", nullptr, 0), 4096);
   EXPECT_EQ(loadMultiCalibration(nullptr, &record, 1), 4096);
 }
 
-TEST(LoadMultiCalibrationArguments, OptionsOtherThanZeroAre4098) {
+TEST(MultiCalibrationLoaderArguments, OptionsOtherThanZeroAre4098) {
   MultiCalibration record;
   EXPECT_EQ(loadMultiCalibration("/no/such/file.bin", &record, 1), 4098);
   EXPECT_EQ(loadMultiCalibration("/no/such/file.bin", &record, -1), 4098);
 }
 
-TEST(LoadMultiCalibrationArguments, AFileThatDoesNotOpenIsItsErrno) {
+TEST(MultiCalibrationLoaderArguments, AFileThatDoesNotOpenIsItsErrno) {
   const TempFolder folder;
   MultiCalibration record;
   EXPECT_EQ(loadMultiCalibration(folder.file("gone.bin").c_str(), &record, 0), ENOENT);
@@ -339,7 +339,7 @@ TEST(LoadMultiCalibrationArguments, AFileThatDoesNotOpenIsItsErrno) {
   EXPECT_EQ(loadMultiCalibration(folder.path().c_str(), &record, 0), EISDIR);
 }
 
-TEST_F(LoadMultiCalibration, WhatLiesBehindTheEntriesIsNotLookedAt) {
+TEST_F(MultiCalibrationLoader, WhatLiesBehindTheEntriesIsNotLookedAt) {
   const TempFolder folder;
   const std::vector<Camera> cameras(255, brown());
   const std::string path = folder.write("calib.bin", mainForm(cameras));
@@ -351,7 +351,7 @@ TEST_F(LoadMultiCalibration, WhatLiesBehindTheEntriesIsNotLookedAt) {
   EXPECT_THAT(record_.entries.back().extrinsics, ElementsAreArray(brown().extrinsics));
 }
 
-TEST_F(LoadMultiCalibration, DamagedFilesNeverDoMoreThanFail) {
+TEST_F(MultiCalibrationLoader, DamagedFilesNeverDoMoreThanFail) {
   std::mt19937 random(7);
   const std::vector<std::string> contents = {mainForm({brown(), mei()}), mainForm({kb(), ds(), brown()}),
                                              sealTabled(tabledEntries({ds(), kb()}))};

@@ -38,9 +38,9 @@ struct KeyCase {
 #name, [](const PolarConfig& config) { return static_cast<double>(config.name); } \
   }
 
-class WholeNumberKeys : public testing::TestWithParam<KeyCase> {};
+class PolarConfigReaderWholeNumberKeys : public testing::TestWithParam<KeyCase> {};
 
-TEST_P(WholeNumberKeys, SetTheirField) {
+TEST_P(PolarConfigReaderWholeNumberKeys, SetTheirField) {
   const Reading reading = read(std::string(GetParam().key) + ": 41");
   EXPECT_EQ(reading.status, 0);
   EXPECT_EQ(GetParam().field(reading.config), 41.0);
@@ -48,7 +48,7 @@ TEST_P(WholeNumberKeys, SetTheirField) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Keys, WholeNumberKeys,
+    Keys, PolarConfigReaderWholeNumberKeys,
     testing::Values(KEY(type), KEY(x_y), KEY(evaluation), KEY(savepolarline), KEY(evalu_model), KEY(crop),
                     KEY(cropped_cols), KEY(cropped_rows), KEY(allpoints_calc_switch), KEY(foursixmethod_swithch),
                     KEY(triangulate_residual_switch), KEY(triangulate_dis_switch), KEY(dy_bias_switch),
@@ -58,25 +58,25 @@ INSTANTIATE_TEST_SUITE_P(
                     KEY(PolPoint2_ID), KEY(PolPoint3_ID), KEY(PolPoint4_ID), KEY(oqc_switch), KEY(frame_work)),
     [](const auto& test) { return std::string(test.param.key); });
 
-class FractionKeys : public testing::TestWithParam<KeyCase> {};
+class PolarConfigReaderFractionKeys : public testing::TestWithParam<KeyCase> {};
 
-TEST_P(FractionKeys, SetTheirFieldInSinglePrecision) {
+TEST_P(PolarConfigReaderFractionKeys, SetTheirFieldInSinglePrecision) {
   const Reading reading = read(std::string(GetParam().key) + ": 0.1");
   EXPECT_EQ(GetParam().field(reading.config), static_cast<double>(0.1F));
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, FractionKeys,
+INSTANTIATE_TEST_SUITE_P(Keys, PolarConfigReaderFractionKeys,
                          testing::Values(KEY(f_scale), KEY(pattern_step), KEY(dy_bias_divid), KEY(tri_bias_divid)),
                          [](const auto& test) { return std::string(test.param.key); });
 
-class FlagKeys : public testing::TestWithParam<KeyCase> {};
+class PolarConfigReaderFlagKeys : public testing::TestWithParam<KeyCase> {};
 
-TEST_P(FlagKeys, SetTheirField) {
+TEST_P(PolarConfigReaderFlagKeys, SetTheirField) {
   EXPECT_EQ(GetParam().field(read(std::string(GetParam().key) + ": 1").config), 1.0);
   EXPECT_EQ(GetParam().field(read(std::string(GetParam().key) + ": 0").config), 0.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, FlagKeys,
+INSTANTIATE_TEST_SUITE_P(Keys, PolarConfigReaderFlagKeys,
                          testing::Values(KEY(eccentricity), KEY(discalswitch), KEY(discalsave), KEY(spaceRms_switch)),
                          [](const auto& test) { return std::string(test.param.key); });
 
@@ -85,24 +85,24 @@ struct PointCase {
   std::vector<double> PolarConfig::*field;
 };
 
-class PointKeys : public testing::TestWithParam<PointCase> {
+class PolarConfigReaderPointKeys : public testing::TestWithParam<PointCase> {
  protected:
   Reading readValue(const std::string& value) { return read(std::string(GetParam().key) + ":" + value); }
 };
 
-TEST_P(PointKeys, TakeThreeNumbers) {
+TEST_P(PolarConfigReaderPointKeys, TakeThreeNumbers) {
   const Reading reading = readValue(" [1.5,-2,3]");
   EXPECT_EQ(reading.status, 0);
   EXPECT_THAT(reading.config.*GetParam().field, ElementsAre(1.5, -2.0, 3.0));
 }
 
-TEST_P(PointKeys, AnotherCountEndsTheReading) {
+TEST_P(PolarConfigReaderPointKeys, AnotherCountEndsTheReading) {
   for (const char* value : {" [0,0]", " [0,0,0,0]", " []", "", " [0,0,0", " [1.0, 2.0, 3.0]", "\r"}) {
     EXPECT_EQ(readValue(value).status, 3) << value;
   }
 }
 
-TEST_P(PointKeys, ItemsCountNotTheirMeaning) {
+TEST_P(PolarConfigReaderPointKeys, ItemsCountNotTheirMeaning) {
   const Reading reading = readValue("[a,b,c]");
   EXPECT_EQ(reading.status, 0);
   EXPECT_THAT(reading.config.*GetParam().field, ElementsAre(0.0, 0.0, 0.0));
@@ -110,13 +110,13 @@ TEST_P(PointKeys, ItemsCountNotTheirMeaning) {
   EXPECT_EQ(readValue("[1,2,3,]").status, 0);
 }
 
-TEST_P(PointKeys, AbsentIsNoFailure) {
+TEST_P(PolarConfigReaderPointKeys, AbsentIsNoFailure) {
   const Reading reading = read("type: 1");
   EXPECT_EQ(reading.status, 0);
   EXPECT_THAT(reading.config.*GetParam().field, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, PointKeys,
+INSTANTIATE_TEST_SUITE_P(Keys, PolarConfigReaderPointKeys,
                          testing::Values(PointCase{"TriPoint1_GT", &PolarConfig::TriPoint1_GT},
                                          PointCase{"TriPoint2_GT", &PolarConfig::TriPoint2_GT},
                                          PointCase{"TriPoint3_GT", &PolarConfig::TriPoint3_GT},
@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, PointKeys,
                                          PointCase{"PolPoint4_GT", &PolarConfig::PolPoint4_GT}),
                          [](const auto& test) { return std::string(test.param.key); });
 
-TEST(ReadPolarConfig, ATextThatNamesNoFileIsTheConfigurationItself) {
+TEST(PolarConfigReader, ATextThatNamesNoFileIsTheConfigurationItself) {
   const Reading reading = read("x_y: 1");
   EXPECT_EQ(reading.status, 0);
   EXPECT_EQ(reading.config.x_y, 1);
@@ -135,14 +135,14 @@ TEST(ReadPolarConfig, ATextThatNamesNoFileIsTheConfigurationItself) {
   EXPECT_EQ(reading.printed, "");
 }
 
-TEST(ReadPolarConfig, ReadsAFileByEitherSeparator) {
+TEST(PolarConfigReader, ReadsAFileByEitherSeparator) {
   const TempFolder folder;
   folder.write("polar.txt", "x_y: 1\ntype: 2\n");
   EXPECT_EQ(read(folder.file("polar.txt")).config.type, 2);
   EXPECT_EQ(read(folder.path().string() + "\\polar.txt").config.type, 2);
 }
 
-TEST(ReadPolarConfig, WindowsLineEndsReadTheSame) {
+TEST(PolarConfigReader, WindowsLineEndsReadTheSame) {
   const TempFolder folder;
   const std::string text =
       "type: 3\r\n\r\n# comment\r\nf_scale: 1.5\r\ndiscalsave: 1\r\nTriPoint1_GT: [1,2,3]\r\nFrame_3D: [[1,2,3]]\r\n";
@@ -154,14 +154,14 @@ TEST(ReadPolarConfig, WindowsLineEndsReadTheSame) {
   EXPECT_THAT(config.Frame_3D, ElementsAre(ElementsAre(1, 2, 3)));
 }
 
-TEST(ReadPolarConfig, AnEmptyStringPrintsWithoutLineEndAndLeavesTheFolder) {
+TEST(PolarConfigReader, AnEmptyStringPrintsWithoutLineEndAndLeavesTheFolder) {
   const Reading reading = read("");
   EXPECT_EQ(reading.status, 0);
   EXPECT_EQ(reading.printed, "polarconfig is NULL");
   EXPECT_EQ(reading.config.result_folder, "");
 }
 
-TEST(ReadPolarConfig, AnEmptyFileLeavesTheRecord) {
+TEST(PolarConfigReader, AnEmptyFileLeavesTheRecord) {
   const TempFolder folder;
   const Reading reading = read(folder.write("polar.txt", ""));
   EXPECT_EQ(reading.status, 0);
@@ -169,7 +169,7 @@ TEST(ReadPolarConfig, AnEmptyFileLeavesTheRecord) {
   EXPECT_EQ(reading.config.result_folder, "");
 }
 
-TEST(ReadPolarConfig, AFileOfCommentsOnlyHasNoUsableLine) {
+TEST(PolarConfigReader, AFileOfCommentsOnlyHasNoUsableLine) {
   const TempFolder folder;
   const Reading reading = read(folder.write("polar.txt", "# type: 1\n# x_y: 1\n"));
   EXPECT_EQ(reading.status, 0);
@@ -178,24 +178,24 @@ TEST(ReadPolarConfig, AFileOfCommentsOnlyHasNoUsableLine) {
   EXPECT_EQ(read("/no/such/file").printed, "Read Polar file Fail!\n") << "a path that does not open is text too";
 }
 
-TEST(ReadPolarConfig, AFolderIsNoFile) {
+TEST(PolarConfigReader, AFolderIsNoFile) {
   const TempFolder folder;
   EXPECT_EQ(read(folder.path().string()).printed, "Read Polar file Fail!\n");
 }
 
-TEST(ReadPolarConfig, BlanksBeforeTheValueAndBehindTheKeyAreFree) {
+TEST(PolarConfigReader, BlanksBeforeTheValueAndBehindTheKeyAreFree) {
   EXPECT_EQ(read("f_scale:1.5").config.f_scale, 1.5F);
   EXPECT_EQ(read("f_scale :   1.5").config.f_scale, 1.5F);
   EXPECT_EQ(read(" f_scale: 1.5").config.f_scale, 1.0F);
 }
 
-TEST(ReadPolarConfig, AMissingOpeningBracketIsAccepted) {
+TEST(PolarConfigReader, AMissingOpeningBracketIsAccepted) {
   const Reading reading = read("TriPoint1_GT: 0,0,0]");
   EXPECT_EQ(reading.status, 0);
   EXPECT_THAT(reading.config.TriPoint1_GT, ElementsAre(0, 0, 0));
 }
 
-TEST(ReadPolarConfig, OnlyTheMisspeltKeysAreHonoured) {
+TEST(PolarConfigReader, OnlyTheMisspeltKeysAreHonoured) {
   const PolarConfig config = read(
                                  "tri_bias_savecsv_swithch: 1\ntir_bias_savecsv_switch: 1\ntri_bias_savepng_switch: 1\n"
                                  "foursixmethod_switch: 1\nallpointssavecsv_switch: 1\ndy_bias_savecsv_switch: 1\n"
@@ -211,7 +211,7 @@ TEST(ReadPolarConfig, OnlyTheMisspeltKeysAreHonoured) {
   EXPECT_EQ(config.type, 0);
 }
 
-TEST(ReadPolarConfig, ReadsTheListsOfTheRuns) {
+TEST(PolarConfigReader, ReadsTheListsOfTheRuns) {
   const PolarConfig config = read(
                                  "Cal_ID_DIS: [[1,2],[3,4]]\nFrame_3D: [[1.5,2,3],[4,5,6]]\nFrame_IRL: [[10.5,20]]\n"
                                  "Frame_IRR: [[30,40.5]]\nFrame_ID: [1,,3]\nFrame_ID_DIS: [[1,3]]\n")
@@ -228,7 +228,7 @@ const std::string kEveryStage =
     "type: 5\nTriPoint4_ID: 6\noqc_switch: 7\nCal_ID_DIS: [[1,2]]\nframe_work: 1\ntri_bias_divid: 2\nPolPoint1_ID: 9\n"
     "foursixmethod_swithch: 8\n";
 
-TEST(ReadPolarConfig, KeysBeforeTheStopKeepTheirValues) {
+TEST(PolarConfigReader, KeysBeforeTheStopKeepTheirValues) {
   const Reading reading = read(kEveryStage + "TriPoint1_GT: [1,2,3]\nTriPoint2_GT: [1]\nTriPoint3_GT: [1,2,3]\n");
   EXPECT_EQ(reading.status, 3);
   EXPECT_EQ(reading.printed, "");
@@ -242,7 +242,7 @@ TEST(ReadPolarConfig, KeysBeforeTheStopKeepTheirValues) {
   EXPECT_EQ(reading.config.result_folder, "");
 }
 
-TEST(ReadPolarConfig, ALateStopHasReadWhatComesBeforeIt) {
+TEST(PolarConfigReader, ALateStopHasReadWhatComesBeforeIt) {
   const Reading reading = read(kEveryStage + "PolPoint4_GT: [1]\n");
   EXPECT_EQ(reading.status, 3);
   EXPECT_EQ(reading.config.tri_bias_divid, 2.0F);
@@ -254,7 +254,7 @@ TEST(ReadPolarConfig, ALateStopHasReadWhatComesBeforeIt) {
   EXPECT_EQ(reading.config.result_folder, "");
 }
 
-TEST(ReadPolarConfig, TheResultFolderIsNoKey) {
+TEST(PolarConfigReader, TheResultFolderIsNoKey) {
   EXPECT_EQ(read("result_folder: here").config.result_folder, "out");
   PolarConfig config;
   config.result_folder = "old";
@@ -262,19 +262,19 @@ TEST(ReadPolarConfig, TheResultFolderIsNoKey) {
   EXPECT_EQ(config.result_folder, "");
 }
 
-TEST(ReadPolarConfig, AMissingBoardCheckSwitchMeansOn) {
+TEST(PolarConfigReader, AMissingBoardCheckSwitchMeansOn) {
   PolarConfig config;
   config.spaceRms_switch = false;
   ReadPolarConfig("type: 1", "", config);
   EXPECT_TRUE(config.spaceRms_switch);
 }
 
-TEST(ReadPolarConfig, AKeyWithoutValueKeepsItsField) {
+TEST(PolarConfigReader, AKeyWithoutValueKeepsItsField) {
   EXPECT_EQ(read("f_scale:\ntype: 2").config.f_scale, 1.0F);
   EXPECT_TRUE(read("spaceRms_switch:\ntype: 2").config.spaceRms_switch);
 }
 
-TEST(ReadPolarConfig, NumbersDoNotFollowTheProcessLocale) {
+TEST(PolarConfigReader, NumbersDoNotFollowTheProcessLocale) {
   const CommaLocale comma;
   const TempFolder folder;
   const PolarConfig config =
@@ -284,7 +284,7 @@ TEST(ReadPolarConfig, NumbersDoNotFollowTheProcessLocale) {
   EXPECT_THAT(config.TriPoint1_GT, ElementsAre(0.5, 1.5, 2.5));
 }
 
-TEST(ReadPolarConfig, AHugeTextAndNulBytesAreHarmless) {
+TEST(PolarConfigReader, AHugeTextAndNulBytesAreHarmless) {
   EXPECT_EQ(read("x: " + std::string(1 << 20, '[') + "\ntype: 4").config.type, 4);
   EXPECT_EQ(read("type: 4\n" + std::string(3, '\0') + ":\nx_y: 1").config.x_y, 1);
 }

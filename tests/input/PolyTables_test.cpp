@@ -9,14 +9,14 @@ struct GridCase {
   std::size_t most;
   std::size_t usable;
 };
-class UsableCells : public testing::TestWithParam<GridCase> {};
+class PolyTablesUsableCells : public testing::TestWithParam<GridCase> {};
 
-TEST_P(UsableCells, AreAllOrNone) {
+TEST_P(PolyTablesUsableCells, AreAllOrNone) {
   const auto& [cells_x, cells_y, most, usable] = GetParam();
   EXPECT_EQ(usableCells(cells_x, cells_y, most), usable);
 }
 
-INSTANTIATE_TEST_SUITE_P(Grids, UsableCells,
+INSTANTIATE_TEST_SUITE_P(Grids, PolyTablesUsableCells,
                          testing::Values(GridCase{6, 4, 25, 24}, GridCase{5, 5, 25, 25}, GridCase{13, 2, 25, 0},
                                          GridCase{0, 4, 25, 0}, GridCase{6, 0, 25, 0}, GridCase{255, 255, 25, 0}));
 

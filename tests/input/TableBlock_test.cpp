@@ -35,25 +35,25 @@ std::string flipped(std::string text, std::size_t offset) {
 const std::string kPlain = plainBlock(brown()) + byteText(crcOf(plainBlock(brown())));
 const std::string kTabled = tabledBlock(brown());
 
-TEST(PlainBlock, IsTakenAsItStands) {
+TEST(TableBlockPlain, IsTakenAsItStands) {
   const Reading reading = readBlock(readPlainBlock, kPlain);
   EXPECT_EQ(reading.status, polar_status::kSuccess);
   EXPECT_EQ(std::string(reading.block.begin(), reading.block.end()), kPlain.substr(0, 2016));
 }
 
-TEST(PlainBlock, AFlippedBitAnywhereIsSeen) {
+TEST(TableBlockPlain, AFlippedBitAnywhereIsSeen) {
   for (const std::size_t offset : {0U, 1U, 2U, 1001U, 2015U, 2016U}) {
     EXPECT_EQ(readBlock(readPlainBlock, flipped(kPlain, offset)).status, polar_status::kCrcMismatch) << offset;
   }
 }
 
-TEST(PlainBlock, AnEndInsideIsNotSupported) {
+TEST(TableBlockPlain, AnEndInsideIsNotSupported) {
   for (const std::size_t size : {0U, 1U, 2015U, 2016U}) {
     EXPECT_EQ(readBlock(readPlainBlock, kPlain.substr(0, size)).status, polar_status::kNotSupported) << size;
   }
 }
 
-TEST(TabledBlock, PacksItsCells) {
+TEST(TableBlockTabled, PacksItsCells) {
   const Reading reading = readBlock(readTabledBlock, kTabled);
   ASSERT_EQ(reading.status, polar_status::kSuccess);
   EXPECT_EQ(reading.block[0], 6);
@@ -65,20 +65,20 @@ TEST(TabledBlock, PacksItsCells) {
   EXPECT_TRUE(std::all_of(reading.block.begin() + 1922, reading.block.end(), [](auto byte) { return byte == 0; }));
 }
 
-TEST(TabledBlock, EachCellHasItsCrc) {
+TEST(TableBlockTabled, EachCellHasItsCrc) {
   for (std::size_t cell = 0; cell < 24; ++cell) {
     EXPECT_EQ(readBlock(readTabledBlock, flipped(kTabled, 2 + cell * 81)).status, polar_status::kCrcMismatch) << cell;
     EXPECT_EQ(readBlock(readTabledBlock, flipped(kTabled, 2 + cell * 81 + 80)).status, polar_status::kCrcMismatch);
   }
 }
 
-TEST(TabledBlock, GridAndFillerAreInNoCell) {
+TEST(TableBlockTabled, GridAndFillerAreInNoCell) {
   for (const std::size_t offset : {0U, 1U, 1946U, 2015U}) {
     EXPECT_EQ(readBlock(readTabledBlock, flipped(kTabled, offset)).status, polar_status::kSuccess) << offset;
   }
 }
 
-TEST(TabledBlock, AnEndInsideIsNotSupportedUnlessACellBeforeItIsWrong) {
+TEST(TableBlockTabled, AnEndInsideIsNotSupportedUnlessACellBeforeItIsWrong) {
   for (const std::size_t size : {0U, 1U, 82U, 1945U, 1946U, 2015U}) {
     EXPECT_EQ(readBlock(readTabledBlock, kTabled.substr(0, size)).status, polar_status::kNotSupported) << size;
   }

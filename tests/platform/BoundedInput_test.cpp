@@ -39,7 +39,7 @@ std::vector<std::string> linesOf(const std::string& text) {
   return lines;
 }
 
-TEST(NextLine, EndsAtEachLineFeed) {
+TEST(BoundedInputNextLine, EndsAtEachLineFeed) {
   using Lines = std::vector<std::string>;
   EXPECT_EQ(linesOf(""), Lines());
   EXPECT_EQ(linesOf("\n"), Lines{""});
@@ -47,7 +47,7 @@ TEST(NextLine, EndsAtEachLineFeed) {
   EXPECT_EQ(linesOf(" a \r\nb\r\n"), (Lines{" a \r", "b\r"}));
 }
 
-TEST(NextLine, TakesEveryOtherCharacterAsItIs) {
+TEST(BoundedInputNextLine, TakesEveryOtherCharacterAsItIs) {
   std::string all;
   for (int value = 0; value < 256; ++value) {
     if (value != '\n') all.push_back(static_cast<char>(value));
@@ -55,7 +55,7 @@ TEST(NextLine, TakesEveryOtherCharacterAsItIs) {
   EXPECT_EQ(linesOf(all + "\n" + all), (std::vector<std::string>{all, all}));
 }
 
-TEST(NextLine, AnyLengthIsRead) {
+TEST(BoundedInputNextLine, AnyLengthIsRead) {
   for (const std::size_t size : {4093U, 4094U, 4095U, 4096U, 4097U, 8189U, 8190U, 8191U, 8192U, 20000U}) {
     const std::string line(size, 'x');
     EXPECT_EQ(linesOf(line), std::vector<std::string>{line});
@@ -64,26 +64,26 @@ TEST(NextLine, AnyLengthIsRead) {
   }
 }
 
-TEST(NextLine, AFailedStreamHasNone) {
+TEST(BoundedInputNextLine, AFailedStreamHasNone) {
   std::ifstream stream = files::openInput("");
   std::string line = "before";
   EXPECT_FALSE(bounded::nextLine(stream, line));
   EXPECT_EQ(line, "");
 }
 
-TEST(NextLine, TheLongestOneIsRead) {
+TEST(BoundedInputNextLine, TheLongestOneIsRead) {
   const std::string longest(bounded::kLongestText, 'x');
   EXPECT_EQ(linesOf(longest + "\n" + longest), (std::vector<std::string>{longest, longest}));
 }
 
-TEST(NextLine, OneWithoutAnEndIsRefused) {
+TEST(BoundedInputNextLine, OneWithoutAnEndIsRefused) {
   Endless source;
   std::istream stream(&source);
   std::string line;
   EXPECT_THAT([&] { bounded::nextLine(stream, line); }, refuses());
 }
 
-TEST(ReadText, IsTheWholeRest) {
+TEST(BoundedInputReadText, IsTheWholeRest) {
   const std::string text("a\0b\n\xFF\r\n", 7);
   std::istringstream stream(text);
   EXPECT_EQ(bounded::readText(stream), text);
@@ -91,13 +91,13 @@ TEST(ReadText, IsTheWholeRest) {
   EXPECT_EQ(bounded::readText(closed), "");
 }
 
-TEST(ReadText, TheLongestOneIsRead) {
+TEST(BoundedInputReadText, TheLongestOneIsRead) {
   const std::string longest(bounded::kLongestText, '\n');
   std::istringstream stream(longest);
   EXPECT_EQ(bounded::readText(stream), longest);
 }
 
-TEST(ReadText, OneWithoutAnEndIsRefused) {
+TEST(BoundedInputReadText, OneWithoutAnEndIsRefused) {
   Endless source;
   std::istream stream(&source);
   EXPECT_THAT([&] { bounded::readText(stream); }, refuses());

@@ -13,17 +13,19 @@ struct NumberCase {
   double value;
 };
 
-class ToDouble : public testing::TestWithParam<NumberCase> {};
+class ClassicNumberToDouble : public testing::TestWithParam<NumberCase> {};
 
-TEST_P(ToDouble, GivesTheNumberAtTheStart) { EXPECT_EQ(classic::toDouble(GetParam().text), GetParam().value); }
+TEST_P(ClassicNumberToDouble, GivesTheNumberAtTheStart) {
+  EXPECT_EQ(classic::toDouble(GetParam().text), GetParam().value);
+}
 
-TEST_P(ToDouble, GivesTheSameInACommaLocale) {
+TEST_P(ClassicNumberToDouble, GivesTheSameInACommaLocale) {
   const CommaLocale comma;
   EXPECT_EQ(classic::toDouble(GetParam().text), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Texts, ToDouble,
+    Texts, ClassicNumberToDouble,
     testing::Values(NumberCase{"", 0.0}, NumberCase{"abc", 0.0}, NumberCase{"1.5", 1.5}, NumberCase{"  -2.25mm", -2.25},
                     NumberCase{"+3", 3.0}, NumberCase{"\t4\r", 4.0}, NumberCase{"1,5", 1.0}, NumberCase{"1e2", 100.0},
                     NumberCase{"7e", 7.0}, NumberCase{".5", 0.5}, NumberCase{"-", 0.0}, NumberCase{"0x10", 16.0},

@@ -18,7 +18,7 @@ TEST(ClassicStream, WritesPointsAndNoGroupsInACommaLocale) {
   EXPECT_EQ(stream.str(), "1234567 0.5");
 }
 
-TEST(CommaLocale, ReallyChangesOtherStreams) {
+TEST(ClassicStreamCommaLocale, ReallyChangesOtherStreams) {
   const CommaLocale comma;
   std::ostringstream stream;
   stream << 1000.5;

@@ -22,7 +22,7 @@ const std::string kXml = "<?xml version=\"1.0\"?>\n<opencv_storage>\n";
 /// Base64 of blanks, where the type of the numbers should stand.
 const std::string kNoType = "ICAgICAgICAgICAgICAgICAgICAgICAgAAAAAAAA";
 
-TEST(SyntaxOf, TheFirstCharactersTellBehindAByteOrderMark) {
+TEST(DocumentTrapsSyntaxOf, TheFirstCharactersTellBehindAByteOrderMark) {
   EXPECT_EQ(syntaxOf("{"), Syntax::kJson);
   EXPECT_EQ(syntaxOf("%YAML:1.0"), Syntax::kYaml);
   EXPECT_EQ(syntaxOf("<?xml"), Syntax::kXml);
@@ -31,7 +31,7 @@ TEST(SyntaxOf, TheFirstCharactersTellBehindAByteOrderMark) {
   EXPECT_EQ(syntaxOf(kMark + "<?xml version"), Syntax::kXml);
 }
 
-TEST(SyntaxOf, MarksFartherBehindDoNot) {
+TEST(DocumentTrapsSyntaxOf, MarksFartherBehindDoNot) {
   EXPECT_EQ(syntaxOf("{\"<?xml"), Syntax::kJson);
   EXPECT_EQ(syntaxOf("{ \"%YAML"), Syntax::kJson);
   for (const char* const text : {"", " {", "%YAM", "<?xm", "\n<?xml", "[", "a: 1"}) {
@@ -47,9 +47,9 @@ struct Trap {
 
 void PrintTo(const Trap& tested, std::ostream* stream) { *stream << tested.name; }
 
-class DocumentTrap : public testing::TestWithParam<Trap> {};
+class DocumentTrapsFound : public testing::TestWithParam<Trap> {};
 
-TEST_P(DocumentTrap, IsToldAndRefused) {
+TEST_P(DocumentTrapsFound, IsToldAndRefused) {
   const char* const told = trapIn(GetParam().text, syntaxOf(GetParam().text));
   ASSERT_NE(told, nullptr);
   EXPECT_STREQ(told, GetParam().told);
@@ -59,7 +59,7 @@ TEST_P(DocumentTrap, IsToldAndRefused) {
 
 constexpr const char* kBase64 = "base64 data";
 INSTANTIATE_TEST_SUITE_P(
-    Base64, DocumentTrap,
+    Base64, DocumentTrapsFound,
     testing::Values(
         Trap{"Json", "{\"a\":\"$base64$" + kNoType + "\"}", kBase64},
         Trap{"JsonWithTheMarkOfXml", "{\"<?xml\":\"$base64$" + kNoType + "\"}", kBase64},
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 constexpr const char* kTag = "an unfinished tag at its end";
 INSTANTIATE_TEST_SUITE_P(
-    Xml, DocumentTrap,
+    Xml, DocumentTrapsFound,
     testing::Values(
         Trap{"EqualsSignInTheHeader", "<?xml version=", kTag}, Trap{"EqualsSign", kXml + "<a b=", kTag},
         Trap{"EqualsSignAndBlanks", kXml + "<a b= \n\t\r\n", kTag},
@@ -84,14 +84,14 @@ INSTANTIATE_TEST_SUITE_P(
         Trap{"TheSameInSingleQuotes", kXml + "<a type_id='str'></a></opencv_storage>\n", "a text of a named type"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-INSTANTIATE_TEST_SUITE_P(HiddenBehindANul, DocumentTrap,
+INSTANTIATE_TEST_SUITE_P(HiddenBehindANul, DocumentTrapsFound,
                          testing::Values(Trap{"Json", "{\"a\": 7,\n" + kNul + "\"b\": 8\n}", "a NUL"},
                                          Trap{"Yaml", kYaml + "a: 7\nb:" + kNul + " 8\n", "a NUL"},
                                          Trap{"Xml", kXml + "<a>7</a><b>" + kNul + "8</b></opencv_storage>\n",
                                               "a NUL"}),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
-INSTANTIATE_TEST_SUITE_P(Yaml, DocumentTrap,
+INSTANTIATE_TEST_SUITE_P(Yaml, DocumentTrapsFound,
                          testing::Values(Trap{"Dash", kYaml + "a: 1\n...\n-1\n", "a dash behind its end"},
                                          Trap{"DashBehindAByteOrderMark", kMark + kYaml + "- 1\n...\n- 2",
                                               "a dash behind its end"}),
@@ -104,15 +104,15 @@ struct Harmless {
 
 void PrintTo(const Harmless& tested, std::ostream* stream) { *stream << tested.name; }
 
-class HarmlessDocument : public testing::TestWithParam<Harmless> {};
+class DocumentTrapsHarmless : public testing::TestWithParam<Harmless> {};
 
-TEST_P(HarmlessDocument, IsRead) {
+TEST_P(DocumentTrapsHarmless, IsRead) {
   const TempFolder folder;
   EXPECT_EQ(static_cast<int>(documents::openForReading(folder.write("a.json", GetParam().text))["a"]), 7);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    LikeTraps, HarmlessDocument,
+    LikeTraps, DocumentTrapsHarmless,
     testing::Values(Harmless{"Json", "{\"a\": 7, \"b\": \"binary str\", \"c\": \"... - !!binary $base64 =\"}"},
                     Harmless{"JsonThatNamesYaml", "{ \"%YAML\": 7, \"a\": 7 }"},
                     Harmless{"JsonWithNulsBehind", "{\"a\": 7}" + kNul + kNul},

@@ -34,7 +34,7 @@ struct Nesting {
 
 void PrintTo(const Nesting& tested, std::ostream* stream) { *stream << tested.name; }
 
-class NestedDocument : public testing::TestWithParam<Nesting> {
+class DocumentNested : public testing::TestWithParam<Nesting> {
  protected:
   TempFolder folder;
 
@@ -46,17 +46,17 @@ class NestedDocument : public testing::TestWithParam<Nesting> {
   }
 };
 
-TEST_P(NestedDocument, IsReadUpToTheLimitAndRefusedBeyond) {
+TEST_P(DocumentNested, IsReadUpToTheLimitAndRefusedBeyond) {
   const std::size_t most = (kMostOpenings - GetParam().fixed) / GetParam().each;
   EXPECT_TRUE(documents::openForReading(nested(most)).isOpened());
   EXPECT_THROW(documents::openForReading(nested(most + 1)), cv::Exception);
 }
 
-TEST_P(NestedDocument, OfAMillionLevelsDoesNotEndTheProcess) {
+TEST_P(DocumentNested, OfAMillionLevelsDoesNotEndTheProcess) {
   EXPECT_THROW(documents::openForReading(nested(1000000)), cv::Exception);
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, NestedDocument,
+INSTANTIATE_TEST_SUITE_P(Forms, DocumentNested,
                          testing::Values(Nesting{"JsonLists", R"({"a": )", "[", "", "]", "}", 1, 1},
                                          Nesting{"JsonMaps", R"({"a": )", R"({"b":)", "1", "}", "}", 1, 1},
                                          Nesting{"YamlLists", "%YAML:1.0\n---\na: ", "[", "", "]", "\n", 5, 1},

@@ -17,11 +17,13 @@ struct FolderCase {
   const char* folder;
 };
 
-class FolderOf : public testing::TestWithParam<FolderCase> {};
+class FilesFolderOf : public testing::TestWithParam<FolderCase> {};
 
-TEST_P(FolderOf, IsTheTextBeforeTheLastSeparator) { EXPECT_EQ(files::folderOf(GetParam().path), GetParam().folder); }
+TEST_P(FilesFolderOf, IsTheTextBeforeTheLastSeparator) {
+  EXPECT_EQ(files::folderOf(GetParam().path), GetParam().folder);
+}
 
-INSTANTIATE_TEST_SUITE_P(Paths, FolderOf,
+INSTANTIATE_TEST_SUITE_P(Paths, FilesFolderOf,
                          testing::Values(FolderCase{"a\\b\\list.txt", "a\\b"}, FolderCase{"list.txt", "list.txt"},
                                          FolderCase{"", ""}, FolderCase{"a\\", "a"}, FolderCase{"\\list.txt", ""}));
 
@@ -32,16 +34,16 @@ struct SplitCase {
   const char* extension;
 };
 
-class SplitPath : public testing::TestWithParam<SplitCase> {};
+class FilesSplitPath : public testing::TestWithParam<SplitCase> {};
 
-TEST_P(SplitPath, GivesThreePieces) {
+TEST_P(FilesSplitPath, GivesThreePieces) {
   const files::SplitName split = files::SplitPath(GetParam().path);
   EXPECT_EQ(split.folder, GetParam().folder);
   EXPECT_EQ(split.base, GetParam().base);
   EXPECT_EQ(split.extension, GetParam().extension);
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, SplitPath,
+INSTANTIATE_TEST_SUITE_P(Paths, FilesSplitPath,
                          testing::Values(SplitCase{"D:\\data\\list.txt", "D:\\data", "list", "txt"},
                                          SplitCase{"list.txt", ".\\", "list", "txt"},
                                          SplitCase{"a.b\\list", "a.b", "list", ""},
@@ -49,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Paths, SplitPath,
                                          SplitCase{"a\\.hidden", "a", "", "hidden"}, SplitCase{"", ".\\", "", ""},
                                          SplitCase{"a\\", "a", "", ""}));
 
-TEST(ExtensionOf, IsBehindTheLastDotOfTheWholePath) {
+TEST(FilesExtensionOf, IsBehindTheLastDotOfTheWholePath) {
   EXPECT_EQ(files::extensionOf("calib.tar.json"), "json");
   EXPECT_EQ(files::extensionOf("calib"), "");
   EXPECT_EQ(files::extensionOf("calib."), "");
@@ -57,18 +59,18 @@ TEST(ExtensionOf, IsBehindTheLastDotOfTheWholePath) {
 }
 
 #if !defined(_WIN32)
-TEST(FolderOf, TakesTheLastSeparatorOfEitherKind) {
+TEST(FilesFolderOf, TakesTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(files::folderOf("/data/set/list.txt"), "/data/set");
   EXPECT_EQ(files::folderOf("/data\\set/list.txt"), "/data\\set");
   EXPECT_EQ(files::folderOf("/data/set\\list.txt"), "/data/set");
 }
 
-TEST(SplitPath, TakesTheLastSeparatorOfEitherKind) { EXPECT_EQ(files::SplitPath("/data/l.txt").folder, "/data"); }
+TEST(FilesSplitPath, TakesTheLastSeparatorOfEitherKind) { EXPECT_EQ(files::SplitPath("/data/l.txt").folder, "/data"); }
 
-TEST(NativePath, HasTheSystemsSeparators) { EXPECT_EQ(files::nativePath("a\\b/c\\\\d"), "a/b/c//d"); }
+TEST(FilesNativePath, HasTheSystemsSeparators) { EXPECT_EQ(files::nativePath("a\\b/c\\\\d"), "a/b/c//d"); }
 #endif
 
-TEST(Exists, KnowsFilesAndFoldersByEitherSeparator) {
+TEST(FilesExists, KnowsFilesAndFoldersByEitherSeparator) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.path() / "sub");
   folder.write("sub/there.txt", "");
@@ -79,7 +81,7 @@ TEST(Exists, KnowsFilesAndFoldersByEitherSeparator) {
   EXPECT_FALSE(files::exists(""));
 }
 
-TEST(Exists, AStatusThatCannotBeToldIsAnErrorOfThatName) {
+TEST(FilesExists, AStatusThatCannotBeToldIsAnErrorOfThatName) {
   try {
     files::exists(std::string(100000, 'x'));
     FAIL() << "no exception";
@@ -89,25 +91,25 @@ TEST(Exists, AStatusThatCannotBeToldIsAnErrorOfThatName) {
   }
 }
 
-TEST(MakeFolder, MakesOneLevel) {
+TEST(FilesMakeFolder, MakesOneLevel) {
   const TempFolder folder;
   EXPECT_EQ(files::MakeFolder(folder.path().string() + "\\result"), 0);
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result"));
 }
 
-TEST(MakeFolder, WhatIsThereAlreadyIsSuccess) {
+TEST(FilesMakeFolder, WhatIsThereAlreadyIsSuccess) {
   const TempFolder folder;
   EXPECT_EQ(files::MakeFolder(folder.path().string()), 0);
   EXPECT_EQ(files::MakeFolder(folder.write("file", "")), 0);
 }
 
-TEST(MakeFolder, NeedsTheParent) {
+TEST(FilesMakeFolder, NeedsTheParent) {
   const TempFolder folder;
   EXPECT_NE(files::MakeFolder(folder.file("a/b")), 0);
   EXPECT_FALSE(folder.has("a"));
 }
 
-TEST(MakeFolder, APathWithBlanksMakesTheWrongFolders) {
+TEST(FilesMakeFolder, APathWithBlanksMakesTheWrongFolders) {
   const TempFolder folder;
   const std::string second = folder.file("second");
   EXPECT_EQ(files::MakeFolder(folder.file("first") + "  " + second), 0);
@@ -116,45 +118,45 @@ TEST(MakeFolder, APathWithBlanksMakesTheWrongFolders) {
   EXPECT_FALSE(folder.has("first  " + second));
 }
 
-TEST(MakeFolder, ATabIsABlankToo) {
+TEST(FilesMakeFolder, ATabIsABlankToo) {
   const TempFolder folder;
   EXPECT_EQ(files::MakeFolder(folder.file("first") + "\t" + folder.file("second")), 0);
   EXPECT_TRUE(folder.has("first"));
   EXPECT_TRUE(folder.has("second"));
 }
 
-TEST(MakeFolder, APathWithBlanksThatIsThereIsSuccess) {
+TEST(FilesMakeFolder, APathWithBlanksThatIsThereIsSuccess) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.path() / "my data");
   EXPECT_EQ(files::MakeFolder(folder.file("my data")), 0);
   EXPECT_FALSE(folder.has("my"));
 }
 
-TEST(MakeFolder, OneFailingWordIsFailureAndTheOthersAreMade) {
+TEST(FilesMakeFolder, OneFailingWordIsFailureAndTheOthersAreMade) {
   const TempFolder folder;
   EXPECT_NE(files::MakeFolder(folder.file("none/x") + " " + folder.file("made")), 0);
   EXPECT_TRUE(folder.has("made"));
 }
 
-TEST(MakeFolder, AWordThatIsThereAlreadyIsFailure) {
+TEST(FilesMakeFolder, AWordThatIsThereAlreadyIsFailure) {
   const TempFolder folder;
   EXPECT_NE(files::MakeFolder(folder.path().string() + " " + folder.file("made")), 0);
   EXPECT_TRUE(folder.has("made"));
 }
 
-TEST(MakeFolder, NoWordIsFailure) {
+TEST(FilesMakeFolder, NoWordIsFailure) {
   EXPECT_NE(files::MakeFolder(""), 0);
   EXPECT_NE(files::MakeFolder("  "), 0);
 }
 
-TEST(MakeFolder, NoCharacterStartsAnything) {
+TEST(FilesMakeFolder, NoCharacterStartsAnything) {
   const TempFolder folder;
   EXPECT_EQ(files::MakeFolder(folder.file("a;touch$(touch") + " " + folder.file("b)`&|")), 0);
   EXPECT_TRUE(folder.has("a;touch$(touch"));
   EXPECT_TRUE(folder.has("b)`&|"));
 }
 
-TEST(OpenInput, ReadsThroughBackslashesAndInTheClassicLocale) {
+TEST(FilesOpenInput, ReadsThroughBackslashesAndInTheClassicLocale) {
   const CommaLocale comma;
   const TempFolder folder;
   folder.write("n.txt", "1234.5");
@@ -165,7 +167,7 @@ TEST(OpenInput, ReadsThroughBackslashesAndInTheClassicLocale) {
   EXPECT_EQ(value, 1234.5);
 }
 
-TEST(OpenInput, WhatDoesNotOpenStaysFailed) {
+TEST(FilesOpenInput, WhatDoesNotOpenStaysFailed) {
   const TempFolder folder;
   for (const std::string& path :
        {std::string(), folder.file("gone"), folder.path().string(), std::string(100000, 'x')}) {
@@ -177,21 +179,21 @@ TEST(OpenInput, WhatDoesNotOpenStaysFailed) {
 }
 
 /// The system opens its own memory as a file, and cannot read the start of it.
-TEST(OpenInput, AReadThatFailsIsAnExceptionAndNoEnd) {
+TEST(FilesOpenInput, AReadThatFailsIsAnExceptionAndNoEnd) {
   std::ifstream stream = files::openInput("/proc/self/mem");
   ASSERT_TRUE(stream.is_open());
   std::string line;
   EXPECT_THROW(std::getline(stream, line), std::ios_base::failure);
 }
 
-TEST(OpenOutput, WritesThroughBackslashesAndInTheClassicLocale) {
+TEST(FilesOpenOutput, WritesThroughBackslashesAndInTheClassicLocale) {
   const CommaLocale comma;
   const TempFolder folder;
   files::openOutput(folder.path().string() + "\\n.txt") << 1234567 << ' ' << 0.5;
   EXPECT_EQ(folder.read("n.txt"), "1234567 0.5");
 }
 
-TEST(OpenOutput, ReplacesOrAppendsAsTheModeSays) {
+TEST(FilesOpenOutput, ReplacesOrAppendsAsTheModeSays) {
   const TempFolder folder;
   folder.write("n.txt", "old");
   files::openOutput(folder.file("n.txt"), std::ios::app) << "er";
@@ -200,14 +202,14 @@ TEST(OpenOutput, ReplacesOrAppendsAsTheModeSays) {
   EXPECT_EQ(folder.read("n.txt"), "new");
 }
 
-TEST(OpenOutput, WhatDoesNotOpenStaysFailed) {
+TEST(FilesOpenOutput, WhatDoesNotOpenStaysFailed) {
   const TempFolder folder;
   for (const std::string& path : {std::string(), folder.file("none/x"), folder.path().string()}) {
     EXPECT_TRUE(files::openOutput(path).fail());
   }
 }
 
-TEST(ReadBytes, GivesEveryByte) {
+TEST(FilesReadBytes, GivesEveryByte) {
   const TempFolder folder;
   std::string content(40000, '\0');
   for (std::size_t k = 0; k < content.size(); ++k) content[k] = static_cast<char>(k % 251);
@@ -218,28 +220,28 @@ TEST(ReadBytes, GivesEveryByte) {
 }
 
 #if !defined(_WIN32)
-TEST(ReadBytes, AFileWithABackslashInItsNameCannotBeReached) {
+TEST(FilesReadBytes, AFileWithABackslashInItsNameCannotBeReached) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes;
   EXPECT_EQ(files::readBytes(folder.write("a\\b", "content"), 50000, bytes), ENOENT);
 }
 #endif
 
-TEST(ReadBytes, TakesNoMoreThanItIsToldTo) {
+TEST(FilesReadBytes, TakesNoMoreThanItIsToldTo) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes;
   EXPECT_EQ(files::readBytes(folder.write("b", "abcd"), 3, bytes), 0);
   EXPECT_EQ(bytes, (std::vector<std::uint8_t>{'a', 'b', 'c'}));
 }
 
-TEST(ReadBytes, AnEmptyFileHasNoBytes) {
+TEST(FilesReadBytes, AnEmptyFileHasNoBytes) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes = {1};
   EXPECT_EQ(files::readBytes(folder.write("b", ""), 50000, bytes), 0);
   EXPECT_TRUE(bytes.empty());
 }
 
-TEST(ReadBytes, TellsTheErrorOfTheOpen) {
+TEST(FilesReadBytes, TellsTheErrorOfTheOpen) {
   const TempFolder folder;
   std::vector<std::uint8_t> bytes;
   EXPECT_EQ(files::readBytes(folder.file("gone"), 50000, bytes), ENOENT);
@@ -247,7 +249,7 @@ TEST(ReadBytes, TellsTheErrorOfTheOpen) {
   EXPECT_EQ(files::readBytes(folder.write("b", "") + "/below", 50000, bytes), ENOTDIR);
 }
 
-TEST(Images, KeepTheirPixelsThroughAFile) {
+TEST(FilesImages, KeepTheirPixelsThroughAFile) {
   const TempFolder folder;
   const cv::Mat image = (cv::Mat_<std::uint16_t>(1, 3) << 7, 1023, 65535);
   ASSERT_TRUE(files::writeImage(folder.path().string() + "\\i.png", image));
@@ -256,13 +258,13 @@ TEST(Images, KeepTheirPixelsThroughAFile) {
   EXPECT_EQ(cv::norm(image, read, cv::NORM_INF), 0.0);
 }
 
-TEST(Images, WhatIsNoImageIsEmpty) {
+TEST(FilesImages, WhatIsNoImageIsEmpty) {
   const TempFolder folder;
   EXPECT_TRUE(files::readImage(folder.file("gone.png")).empty());
   EXPECT_TRUE(files::readImage(folder.write("text.png", "no image")).empty());
 }
 
-TEST(Images, AFolderThatIsNotThereIsAFailedWrite) {
+TEST(FilesImages, AFolderThatIsNotThereIsAFailedWrite) {
   const TempFolder folder;
   EXPECT_FALSE(files::writeImage(folder.file("none/i.png"), cv::Mat::zeros(2, 2, CV_8UC1)));
 }

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-TEST(StretchTo8Bit, SpreadsTheImagesOwnRange) {
+TEST(PicturesStretchTo8Bit, SpreadsTheImagesOwnRange) {
   const cv::Mat image = (cv::Mat_<std::uint16_t>(1, 3) << 100, 151, 355);
   const cv::Mat stretched = pictures::stretchTo8Bit(image);
   ASSERT_EQ(stretched.type(), CV_8UC1);
@@ -12,20 +12,20 @@ TEST(StretchTo8Bit, SpreadsTheImagesOwnRange) {
   EXPECT_EQ(stretched.at<std::uint8_t>(0, 2), 255);
 }
 
-TEST(StretchTo8Bit, AConstantImageGivesZeros) {
+TEST(PicturesStretchTo8Bit, AConstantImageGivesZeros) {
   const cv::Mat stretched = pictures::stretchTo8Bit(cv::Mat(2, 3, CV_16UC1, cv::Scalar(700)));
   EXPECT_EQ(stretched.size(), cv::Size(3, 2));
   EXPECT_EQ(stretched.type(), CV_8UC1);
   EXPECT_EQ(cv::countNonZero(stretched), 0);
 }
 
-TEST(StretchTo8Bit, LeavesTheImageAlone) {
+TEST(PicturesStretchTo8Bit, LeavesTheImageAlone) {
   const cv::Mat image = (cv::Mat_<std::uint16_t>(1, 2) << 1, 2);
   pictures::stretchTo8Bit(image);
   EXPECT_EQ(image.at<std::uint16_t>(0, 1), 2);
 }
 
-TEST(SideBySide, FillsBothHalves) {
+TEST(PicturesSideBySide, FillsBothHalves) {
   const cv::Mat canvas =
       pictures::sideBySide(cv::Mat(2, 3, CV_8UC1, cv::Scalar(1)), cv::Mat(2, 3, CV_8UC1, cv::Scalar(2)), CV_8UC1);
   ASSERT_EQ(canvas.size(), cv::Size(6, 2));
@@ -40,9 +40,9 @@ struct MisfitCase {
   const char* rule;
 };
 
-class SideBySideMisfit : public testing::TestWithParam<MisfitCase> {};
+class PicturesSideBySideMisfit : public testing::TestWithParam<MisfitCase> {};
 
-TEST_P(SideBySideMisfit, ThrowsAndTellsTheRule) {
+TEST_P(PicturesSideBySideMisfit, ThrowsAndTellsTheRule) {
   const cv::Mat left(2, 3, CV_8UC1, cv::Scalar(1));
   const cv::Mat right(GetParam().right, GetParam().right_type, cv::Scalar::all(2));
   EXPECT_THAT([&] { pictures::sideBySide(left, right, CV_8UC1); },
@@ -50,7 +50,7 @@ TEST_P(SideBySideMisfit, ThrowsAndTellsTheRule) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Images, SideBySideMisfit,
+    Images, PicturesSideBySideMisfit,
     testing::Values(MisfitCase{"Wider", {4, 2}, CV_8UC1, "both halves have the left image's columns"},
                     MisfitCase{"Narrower", {2, 2}, CV_8UC1, "both halves have the left image's columns"},
                     MisfitCase{"Taller", {3, 3}, CV_8UC1, "both halves have the left image's rows"},
@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
                     MisfitCase{"SixteenBit", {3, 2}, CV_16UC1, "both halves have the picture's type"}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(SideBySide, AnotherTypeThanTheCanvasThrows) {
+TEST(PicturesSideBySide, AnotherTypeThanTheCanvasThrows) {
   const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
   EXPECT_THROW(pictures::sideBySide(image, image, CV_8UC3), cv::Exception);
 }

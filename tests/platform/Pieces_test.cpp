@@ -17,12 +17,12 @@ TEST(PiecesOf, AnEmptyTextHasNone) { EXPECT_THAT(piecesOf("", ','), IsEmpty()); 
 
 TEST(PiecesOf, ATextWithoutSeparatorIsOnePiece) { EXPECT_THAT(piecesOf(" a b ", ','), ElementsAre(" a b ")); }
 
-TEST(WordsOf, SplitsAtRunsOfEachBlank) {
+TEST(PiecesWordsOf, SplitsAtRunsOfEachBlank) {
   EXPECT_THAT(wordsOf("  a \t b\tc ", " \t"), ElementsAre("a", "b", "c"));
   EXPECT_THAT(wordsOf("a b", "\t"), ElementsAre("a b"));
 }
 
-TEST(WordsOf, BlanksAloneGiveNone) {
+TEST(PiecesWordsOf, BlanksAloneGiveNone) {
   EXPECT_THAT(wordsOf(" \t ", " \t"), IsEmpty());
   EXPECT_THAT(wordsOf("", " \t"), IsEmpty());
 }

@@ -23,15 +23,15 @@ struct Trap {
 
 void PrintTo(const Trap& tested, std::ostream* stream) { *stream << tested.name; }
 
-class YamlTrap : public testing::TestWithParam<Trap> {};
+class YamlTrapsFound : public testing::TestWithParam<Trap> {};
 
-TEST_P(YamlTrap, IsTold) {
+TEST_P(YamlTrapsFound, IsTold) {
   const char* const told = trapInYaml("%YAML:1.0\n" + std::string(GetParam().behindHeader));
   ASSERT_NE(told, nullptr);
   EXPECT_STREQ(told, GetParam().told);
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, YamlTrap,
+INSTANTIATE_TEST_SUITE_P(Places, YamlTrapsFound,
                          testing::Values(Trap{"DashBehindTheEnd", "---\na: 1\n...\n-1\n", kDash},
                                          Trap{"DashOnTheLineOfTheEnd", "---\na: 1\n... - b\n", kDash},
                                          Trap{"DashBehindACommentOrTwo", "---\na: 1\n...\n# b\n  # c\n - 1\n", kDash},
@@ -63,12 +63,14 @@ struct Text {
 
 void PrintTo(const Text& tested, std::ostream* stream) { *stream << tested.name; }
 
-class YamlText : public testing::TestWithParam<Text> {};
+class YamlTrapsText : public testing::TestWithParam<Text> {};
 
-TEST_P(YamlText, HasNoTrap) { EXPECT_STREQ(trapInYaml("%YAML:1.0\n" + std::string(GetParam().behindHeader)), nullptr); }
+TEST_P(YamlTrapsText, HasNoTrap) {
+  EXPECT_STREQ(trapInYaml("%YAML:1.0\n" + std::string(GetParam().behindHeader)), nullptr);
+}
 
 INSTANTIATE_TEST_SUITE_P(
-    Forms, YamlText,
+    Forms, YamlTrapsText,
     testing::Values(
         Text{"Empty", ""}, Text{"MarkOnly", "---"}, Text{"MarkAndEnd", "---\n..."},
         Text{"Map", "---\na: 1\nb: [1, -2,\n  -3]\nc:\n  - 1\n"}, Text{"MapWithoutAMark", "a: 1\n"},

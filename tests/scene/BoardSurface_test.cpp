@@ -24,14 +24,14 @@ struct Probe {
   double x, y, grey;
 };
 
-class SurfaceProbe : public testing::TestWithParam<Probe> {};
+class BoardSurfaceProbe : public testing::TestWithParam<Probe> {};
 
-TEST_P(SurfaceProbe, HasTheGrey) {
+TEST_P(BoardSurfaceProbe, HasTheGrey) {
   const Probe& probe = GetParam();
   EXPECT_EQ(BoardSurface(kBoard, plainOptics()).greyAt({probe.x, probe.y}), probe.grey);
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, SurfaceProbe,
+INSTANTIATE_TEST_SUITE_P(Places, BoardSurfaceProbe,
                          testing::Values(Probe{0, 0, 22},           // first dot
                                          Probe{5.99, 0, 22},        // just inside of it
                                          Probe{6.01, 0, 215},       // just outside

@@ -32,7 +32,7 @@ std::uint32_t wordAt(const std::vector<std::uint8_t>& bytes, std::size_t offset)
   return value;
 }
 
-TEST(Crc8, ByHand) {
+TEST(CalibrationBinaryCrc8, ByHand) {
   // 0x80 shifts once with the top bit set: 0x31 after the first step, then 0x62, 0xC4, 0xB9, 0x43, 0x86, 0x3D, 0x7A.
   const std::uint8_t top_bit[] = {0x80};
   EXPECT_EQ(scene::crc8(top_bit, 1), 0x7A);
@@ -48,15 +48,15 @@ struct SizeCase {
   std::size_t size;
 };
 
-class BinarySize : public testing::TestWithParam<SizeCase> {};
+class CalibrationBinarySize : public testing::TestWithParam<SizeCase> {};
 
-TEST_P(BinarySize, IsTheOneOfTheModels) {
+TEST_P(CalibrationBinarySize, IsTheOneOfTheModels) {
   std::vector<BinaryCamera> cameras;
   for (const std::string& model : GetParam().models) cameras.push_back(cameraOf(model));
   EXPECT_EQ(calibrationBinary(cameras).size(), GetParam().size);
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, BinarySize,
+INSTANTIATE_TEST_SUITE_P(Models, CalibrationBinarySize,
                          testing::Values(SizeCase{{"Brown"}, 2205}, SizeCase{{"KB"}, 2189}, SizeCase{{"DS"}, 2181},
                                          SizeCase{{"MEI"}, 2197}, SizeCase{{"Brown", "Brown"}, 4383},
                                          SizeCase{{"KB", "KB"}, 4351}, SizeCase{{"Brown", "KB"}, 4367},

@@ -72,7 +72,7 @@ struct NamedRig {
 
 void PrintTo(const NamedRig& named, std::ostream* stream) { *stream << named.name; }
 
-class EveryRig : public testing::TestWithParam<NamedRig> {};
+class IrradianceEveryRig : public testing::TestWithParam<NamedRig> {};
 
 /// The ink around a dot: area and centroid over the pixels within 1.2 times its ellipse and a pixel more.
 InkMoments inkAround(const cv::Mat& irradiance, const scene::ImagedEllipse& e) {
@@ -93,7 +93,7 @@ InkMoments inkAround(const cv::Mat& irradiance, const scene::ImagedEllipse& e) {
   return moments;
 }
 
-TEST_P(EveryRig, ImagedDotsHaveTheTruthsCentreAndArea) {
+TEST_P(IrradianceEveryRig, ImagedDotsHaveTheTruthsCentreAndArea) {
   scene::Scene scene;
   scene.rig = scene.given = GetParam().rig;
   scene.board.rows = 15;
@@ -115,7 +115,7 @@ TEST_P(EveryRig, ImagedDotsHaveTheTruthsCentreAndArea) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, EveryRig,
+INSTANTIATE_TEST_SUITE_P(Models, IrradianceEveryRig,
                          testing::Values(NamedRig{"Brown", scene::brownRig({640, 512, 60})},
                                          NamedRig{"Fisheye", scene::fisheyeRig({640, 512, 60})},
                                          NamedRig{"Poly", scene::polyRig({640, 512, 60})},

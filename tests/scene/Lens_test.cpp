@@ -25,19 +25,19 @@ Camera pinhole() {
   return camera;
 }
 
-TEST(SceneLens, PinholePixelByHand) {
+TEST(Lens, PinholePixelByHand) {
   const auto pixel = scene::project(pinhole(), {100.0, -50.0, 500.0});
   ASSERT_TRUE(pixel);
   EXPECT_DOUBLE_EQ(pixel->x, 440.0);
   EXPECT_DOUBLE_EQ(pixel->y, 179.0);
 }
 
-TEST(SceneLens, NothingBehindTheCameraIsSeen) {
+TEST(Lens, NothingBehindTheCameraIsSeen) {
   EXPECT_FALSE(scene::project(pinhole(), {1.0, 1.0, 0.0}));
   EXPECT_FALSE(scene::project(pinhole(), {1.0, 1.0, -5.0}));
 }
 
-TEST(SceneLens, BrownPointByHand) {
+TEST(Lens, BrownPointByHand) {
   Camera camera = pinhole();
   camera.lens = {0.1, 0.01, 0.001, 0.2, 0.02, 0.002, 0.01, 0.02};
   // x = 0.5, y = 1: r2 = 1.25, r4 = 1.5625, r6 = 1.953125.
@@ -47,7 +47,7 @@ TEST(SceneLens, BrownPointByHand) {
   EXPECT_NEAR(raw.y, factor * 1.0 + 2 * 0.02 * 0.5 + 0.01 * (1.25 + 2.0), 1e-15);
 }
 
-TEST(SceneLens, FisheyeAtFortyFiveDegrees) {
+TEST(Lens, FisheyeAtFortyFiveDegrees) {
   Camera camera = pinhole();
   camera.model = LensModel::kFisheye;
   camera.lens = {0.1, 0.0, 0.0, 0.01};
@@ -59,7 +59,7 @@ TEST(SceneLens, FisheyeAtFortyFiveDegrees) {
   EXPECT_NEAR(raw.y, 0.8 * radius, 1e-13);
 }
 
-TEST(SceneLens, FisheyeAxisStays) {
+TEST(Lens, FisheyeAxisStays) {
   Camera camera = pinhole();
   camera.model = LensModel::kFisheye;
   camera.lens = {0.1, 0.2, 0.3, 0.4};
@@ -75,9 +75,9 @@ struct NamedCamera {
 
 void PrintTo(const NamedCamera& named, std::ostream* stream) { *stream << named.name; }
 
-class EveryLens : public testing::TestWithParam<NamedCamera> {};
+class LensOfEveryKind : public testing::TestWithParam<NamedCamera> {};
 
-TEST_P(EveryLens, UndistortIsTheInverseOverTheWholeImage) {
+TEST_P(LensOfEveryKind, UndistortIsTheInverseOverTheWholeImage) {
   const Camera& camera = GetParam().camera;
   for (int v = 0; v <= camera.height; v += 16) {
     for (int u = 0; u <= camera.width; u += 16) {
@@ -94,7 +94,7 @@ TEST_P(EveryLens, UndistortIsTheInverseOverTheWholeImage) {
   }
 }
 
-TEST_P(EveryLens, DerivativeIsTheDifferenceQuotient) {
+TEST_P(LensOfEveryKind, DerivativeIsTheDifferenceQuotient) {
   const Camera& camera = GetParam().camera;
   const double h = 1e-6;
   for (const Point2 at : {Point2{0.11, -0.21}, Point2{-0.33, 0.05}, Point2{0.41, 0.3}}) {
@@ -110,13 +110,13 @@ TEST_P(EveryLens, DerivativeIsTheDifferenceQuotient) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, EveryLens,
+INSTANTIATE_TEST_SUITE_P(Models, LensOfEveryKind,
                          testing::Values(NamedCamera{"Brown", scene::brownRig({640, 512, 60}).left},
                                          NamedCamera{"Fisheye", scene::fisheyeRig({640, 400, 60}).right},
                                          NamedCamera{"Poly", scene::polyRig({640, 400, 60}).left}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(SceneLens, OutsideOfTheFieldThereIsNoRay) {
+TEST(Lens, OutsideOfTheFieldThereIsNoRay) {
   Camera camera = pinhole();
   camera.lens = {-0.5, 0, 0, 0, 0, 0, 0, 0};  // r (1 - r2 / 2) never exceeds 0.5443
   EXPECT_FALSE(scene::undistort(camera, {0.6, 0.0}));

@@ -37,13 +37,13 @@ double largestBorderStep(const Camera& camera) {
   return largest;
 }
 
-TEST(ScenePolyFit, CellsMeetAtTheirBorders) {
+TEST(PolyFit, CellsMeetAtTheirBorders) {
   const scene::StereoRig rig = scene::polyRig({1920, 1200, 60});
   EXPECT_LT(largestBorderStep(rig.left), 1e-4);
   EXPECT_LT(largestBorderStep(rig.right), 1e-4);
 }
 
-TEST(ScenePolyFit, TableHasTenCoefficientsACell) {
+TEST(PolyFit, TableHasTenCoefficientsACell) {
   const Camera camera = scene::polyRig({1920, 1200, 60}).left;
   EXPECT_EQ(camera.table.columns, 6);
   EXPECT_EQ(camera.table.rows, 4);
@@ -51,7 +51,7 @@ TEST(ScenePolyFit, TableHasTenCoefficientsACell) {
   EXPECT_EQ(camera.table.y.size(), 240U);
 }
 
-TEST(ScenePolyFit, ALensOfThirdDegreeIsReproduced) {
+TEST(PolyFit, ALensOfThirdDegreeIsReproduced) {
   Camera lens = scene::brownRig({640, 512, 60}).left;
   lens.lens = {-0.2, 0, 0, 0, 0, 0, 0.001, -0.002};  // third degree in x and y
   const Camera poly = scene::fitPolyCamera(lens, 3, 2);
@@ -60,7 +60,7 @@ TEST(ScenePolyFit, ALensOfThirdDegreeIsReproduced) {
   }
 }
 
-TEST(ScenePolyFit, TheStrongLensIsFollowedToATenthOfAPixel) {
+TEST(PolyFit, TheStrongLensIsFollowedToATenthOfAPixel) {
   Camera lens = scene::brownRig({1920, 1200, 60}).left;
   lens.lens = {-0.27, 0.11, -0.025, 0, 0, 0, 0, 0};
   const Camera poly = scene::fitPolyCamera(lens, 6, 4);
@@ -74,7 +74,7 @@ TEST(ScenePolyFit, TheStrongLensIsFollowedToATenthOfAPixel) {
   }
 }
 
-TEST(ScenePolyLens, OneCellByHand) {
+TEST(PolyFitLens, OneCellByHand) {
   Camera camera;
   camera.model = scene::LensModel::kPoly;
   camera.width = camera.height = 100;
@@ -90,7 +90,7 @@ TEST(ScenePolyLens, OneCellByHand) {
   EXPECT_DOUBLE_EQ(raw.y, 0.25 - taken_y);
 }
 
-TEST(ScenePolyLens, PointsOutsideTakeTheBorderCell) {
+TEST(PolyFitLens, PointsOutsideTakeTheBorderCell) {
   const Camera camera = scene::polyRig({1920, 1200, 60}).left;
   EXPECT_EQ(scene::polyCellIndex(camera, {-9.0, -9.0}), 0U);
   EXPECT_EQ(scene::polyCellIndex(camera, {9.0, -9.0}), 5U);
@@ -99,7 +99,7 @@ TEST(ScenePolyLens, PointsOutsideTakeTheBorderCell) {
   EXPECT_EQ(scene::polyCellIndex(camera, {std::nan(""), 9.0}), 18U);
 }
 
-TEST(ScenePolyBasis, GlobalCoefficientsGiveTheLocalPolynomial) {
+TEST(PolyFitBasis, GlobalCoefficientsGiveTheLocalPolynomial) {
   const scene::Box box{0.2, -0.1, 0.5, 0.3};
   const scene::Ten local{0.3, -1.0, 0.7, 0.2, -0.4, 0.9, 1.1, -0.6, 0.5, -0.8};
   const scene::Ten global = scene::globalCoefficients(box, local);

@@ -61,14 +61,14 @@ struct SmallestDot {
   double pixels;
 };
 
-class DotsAreLargeEnough : public testing::TestWithParam<SmallestDot> {};
+class PresetsDotsAreLargeEnough : public testing::TestWithParam<SmallestDot> {};
 
-TEST_P(DotsAreLargeEnough, ForTheImageSize) {
+TEST_P(PresetsDotsAreLargeEnough, ForTheImageSize) {
   EXPECT_GT(smallestDot(*makePreset(GetParam().preset)), GetParam().pixels);
 }
 
 // Half axes below which a detection of outlines on images of that width gets into trouble.
-INSTANTIATE_TEST_SUITE_P(Widths, DotsAreLargeEnough,
+INSTANTIATE_TEST_SUITE_P(Widths, PresetsDotsAreLargeEnough,
                          testing::Values(SmallestDot{"ring_320", 1.6}, SmallestDot{"ring_640", 2.6},
                                          SmallestDot{"big_1280", 5.7}, SmallestDot{"big_1280_bright", 11.0},
                                          SmallestDot{"fisheye_1280", 5.7}, SmallestDot{"poly_1920", 5.7},

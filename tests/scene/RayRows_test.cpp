@@ -19,9 +19,9 @@ struct NamedCamera {
 
 void PrintTo(const NamedCamera& named, std::ostream* stream) { *stream << named.name; }
 
-class RowsOf : public testing::TestWithParam<NamedCamera> {};
+class RayRowsOf : public testing::TestWithParam<NamedCamera> {};
 
-TEST_P(RowsOf, EveryRayComesBackToItsPixel) {
+TEST_P(RayRowsOf, EveryRayComesBackToItsPixel) {
   const Camera& camera = GetParam().camera;
   scene::RayRows rows(camera);
   for (int v = -1; v <= camera.height; ++v) {
@@ -36,7 +36,7 @@ TEST_P(RowsOf, EveryRayComesBackToItsPixel) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, RowsOf,
+INSTANTIATE_TEST_SUITE_P(Models, RayRowsOf,
                          testing::Values(NamedCamera{"Brown", scene::brownRig({320, 256, 60}).left},
                                          NamedCamera{"Fisheye", scene::fisheyeRig({320, 200, 60}).left},
                                          NamedCamera{"Poly", scene::polyRig({320, 200, 60}).left}),

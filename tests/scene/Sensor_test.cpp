@@ -117,14 +117,14 @@ TEST(Sensor, SameSeedSameBytes) {
   EXPECT_GT(cv::norm(a, scene::digitised(unevenImage(), optics, 6), cv::NORM_INF), 0.0);
 }
 
-TEST(SceneRandom, FirstNumbersOfTheGenerator) {
+TEST(SensorRandom, FirstNumbersOfTheGenerator) {
   // Published first outputs of SplitMix64 for the seed 1234567.
   scene::Random random(1234567);
   EXPECT_EQ(random.bits(), 6457827717110365317U);
   EXPECT_EQ(random.bits(), 3203168211198807973U);
 }
 
-TEST(SceneRandom, NormalHasMeanZeroAndDeviationOne) {
+TEST(SensorRandom, NormalHasMeanZeroAndDeviationOne) {
   scene::Random random(3);
   double sum = 0, squares = 0;
   const int count = 200000;

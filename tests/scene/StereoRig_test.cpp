@@ -17,7 +17,7 @@ struct Turn {
   Point3 of_x, of_y, of_z;  ///< Where the three axes go.
 };
 
-class QuarterTurn : public testing::TestWithParam<Turn> {};
+class StereoRigQuarterTurn : public testing::TestWithParam<Turn> {};
 
 void expectNear(const Point3& a, const Point3& b) {
   EXPECT_NEAR(a.x, b.x, 1e-15);
@@ -25,7 +25,7 @@ void expectNear(const Point3& a, const Point3& b) {
   EXPECT_NEAR(a.z, b.z, 1e-15);
 }
 
-TEST_P(QuarterTurn, MovesTheAxes) {
+TEST_P(StereoRigQuarterTurn, MovesTheAxes) {
   const scene::Matrix3 r = rotationFromAngles(GetParam().angles);
   expectNear(r * Point3{1, 0, 0}, GetParam().of_x);
   expectNear(r * Point3{0, 1, 0}, GetParam().of_y);
@@ -33,7 +33,7 @@ TEST_P(QuarterTurn, MovesTheAxes) {
 }
 
 // The last two tell the order: y first, then x, then z.
-INSTANTIATE_TEST_SUITE_P(Axes, QuarterTurn,
+INSTANTIATE_TEST_SUITE_P(Axes, StereoRigQuarterTurn,
                          testing::Values(Turn{{kQuarter, 0, 0}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0}},
                                          Turn{{0, kQuarter, 0}, {0, 0, -1}, {0, 1, 0}, {1, 0, 0}},
                                          Turn{{0, 0, kQuarter}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}},

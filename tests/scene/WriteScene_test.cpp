@@ -52,7 +52,7 @@ TEST(WriteScene, AFolderThatCannotBeMadeThrows) {
   EXPECT_THROW(scene::writeScene(*scene::makePreset("ring_320"), "/proc/none"), std::runtime_error);
 }
 
-TEST(CalibrationJson, ReadsBackThroughFileStorage) {
+TEST(WriteSceneCalibrationJson, ReadsBackThroughFileStorage) {
   const scene::StereoRig rig = scene::brownRig({640, 512, 60});
   const cv::FileStorage storage(scene::calibrationJson(rig), cv::FileStorage::READ | cv::FileStorage::MEMORY);
   EXPECT_EQ(static_cast<double>(storage["IR_L"]["Fx"]), rig.left.fx);
@@ -62,7 +62,7 @@ TEST(CalibrationJson, ReadsBackThroughFileStorage) {
   EXPECT_FALSE(storage["RGB"].empty());
 }
 
-TEST(CalibrationNumbers, OrderAndPadding) {
+TEST(WriteSceneCalibrationNumbers, OrderAndPadding) {
   const scene::StereoRig rig = scene::polyRig({640, 400, 60});
   const scene::CalibrationNumbers numbers = scene::calibrationNumbers(rig);
   EXPECT_EQ(numbers.left.intrinsics[2], rig.left.cx);
@@ -76,7 +76,7 @@ TEST(CalibrationNumbers, OrderAndPadding) {
   EXPECT_EQ(scene::calibrationNumbers(brown).left.intrinsics[11], brown.left.lens[7]);
 }
 
-TEST(CalibrationNumbers, RectifiedPairTellsTheDepth) {
+TEST(WriteSceneCalibrationNumbers, RectifiedPairTellsTheDepth) {
   scene::Scene scene = *scene::makePreset("rectified_1280");
   scene.rig.right.cx += 12.0;
   scene.given = scene.rig;
@@ -97,13 +97,13 @@ void expectBoard(const std::string& text) {
   EXPECT_EQ(static_cast<int>(board["detection_id"][0]), 0);
 }
 
-TEST(TargetText, StorageFormsAreReadable) {
+TEST(WriteSceneTargetText, StorageFormsAreReadable) {
   const scene::Scene scene = *scene::makePreset("big_1280");
   expectBoard(scene::targetJson(scene));
   expectBoard(scene::targetYaml(scene));
 }
 
-TEST(TargetText, IniHasALineAKey) {
+TEST(WriteSceneTargetText, IniHasALineAKey) {
   const std::string big = scene::targetIni(*scene::makePreset("big_2448_search"));
   EXPECT_NE(big.find("\nid_method: 1\n"), std::string::npos);
   EXPECT_NE(big.find("\ndetection_id: [0]\n"), std::string::npos);
@@ -112,7 +112,7 @@ TEST(TargetText, IniHasALineAKey) {
   EXPECT_EQ(ring.find("id_method"), std::string::npos);
 }
 
-TEST(PolarText, PointsStandTwoInFromTheCorners) {
+TEST(WriteScenePolarText, PointsStandTwoInFromTheCorners) {
   const std::string text = scene::polarText(*scene::makePreset("ring_320"));  // 15 x 17, step 17.5
   EXPECT_NE(text.find("TriPoint1_ID: 36\n"), std::string::npos);
   EXPECT_NE(text.find("PolPoint4_ID: 218\n"), std::string::npos);
@@ -121,7 +121,7 @@ TEST(PolarText, PointsStandTwoInFromTheCorners) {
   EXPECT_EQ(text.find(": ["), text.find(": [35,35,0]"));
 }
 
-TEST(PolarText, FrameRunHasItsPoints) {
+TEST(WriteScenePolarText, FrameRunHasItsPoints) {
   const scene::Scene scene = *scene::makePreset("frame_1280");
   const auto points = scene::framePoints(scene);
   ASSERT_EQ(points.size(), 8U);

@@ -97,9 +97,9 @@ TEST(LocalThreshold, FillBlobsChangesNothingHere) {
   EXPECT_EQ(cv::countNonZero(LocalThreshold(image, params) != filled), 0);
 }
 
-class TooSmall : public testing::TestWithParam<cv::Size> {};
+class LocalThresholdTooSmall : public testing::TestWithParam<cv::Size> {};
 
-TEST_P(TooSmall, NamesTheSizeAndTheLeastOne) {
+TEST_P(LocalThresholdTooSmall, NamesTheSizeAndTheLeastOne) {
   try {
     LocalThreshold(drawing::sheet(GetParam().width, GetParam().height), blocks(50));
     FAIL() << "nothing thrown";
@@ -109,7 +109,8 @@ TEST_P(TooSmall, NamesTheSizeAndTheLeastOne) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sides, TooSmall, testing::Values(cv::Size(99, 300), cv::Size(300, 99), cv::Size(99, 99)));
+INSTANTIATE_TEST_SUITE_P(Sides, LocalThresholdTooSmall,
+                         testing::Values(cv::Size(99, 300), cv::Size(300, 99), cv::Size(99, 99)));
 
 TEST(LocalThreshold, OneHundredPixelsAreEnough) {
   EXPECT_EQ(LocalThreshold(drawing::sheet(100, 100), blocks(100)).size(), cv::Size(100, 100));

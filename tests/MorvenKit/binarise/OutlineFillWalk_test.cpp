@@ -106,7 +106,7 @@ TEST(OutlineFillWalk, EachLevelHasItsOwnSheetAndTheLastDrawnIsTheResult) {
   EXPECT_EQ(image.at<uchar>(100, 250), 255);
 }
 
-TEST(InnermostContour, FollowsFirstChildren) {
+TEST(OutlineFillWalkInnermost, FollowsFirstChildren) {
   const auto tree = treeOf(
       {rounded(100, 100, 60, 90), rounded(100, 100, 50), rounded(80, 100, 12), rounded(120, 100, 12)}, {-1, 0, 1, 1});
   EXPECT_EQ(InnermostContour(tree, 0, {}), 2);
@@ -114,7 +114,7 @@ TEST(InnermostContour, FollowsFirstChildren) {
   EXPECT_EQ(InnermostContour(tree, 3, {}), 3);
 }
 
-TEST(InnermostContour, OnlyTheInnermostIsTested) {
+TEST(OutlineFillWalkInnermost, OnlyTheInnermostIsTested) {
   auto tree = treeOf({rounded(100, 100, 60, 20), rounded(100, 100, 50, 31)}, {-1, 0});
   EXPECT_EQ(InnermostContour(tree, 0, {}), 1);
   tree.contours[1].pop_back();

@@ -403,9 +403,9 @@ struct EdgeCase {
   cv::Point inwards;
 };
 
-class BoxAtTheEdge : public testing::TestWithParam<EdgeCase> {};
+class ClassifyContourTreeBoxAtTheEdge : public testing::TestWithParam<EdgeCase> {};
 
-TEST_P(BoxAtTheEdge, DropsTheEllipseAndHidesItsChildren) {
+TEST_P(ClassifyContourTreeBoxAtTheEdge, DropsTheEllipseAndHidesItsChildren) {
   const EdgeCase& c = GetParam();
   const Ellipses beyond = Scene().walk(parentAndChild(openCircle(c.x, c.y, c.gap), kInner), kBinary);
   EXPECT_TRUE(beyond.empty());
@@ -416,7 +416,7 @@ TEST_P(BoxAtTheEdge, DropsTheEllipseAndHidesItsChildren) {
   EXPECT_NEAR(within[0].semi_a, 30.0, 0.5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sides, BoxAtTheEdge,
+INSTANTIATE_TEST_SUITE_P(Sides, ClassifyContourTreeBoxAtTheEdge,
                          testing::Values(EdgeCase{"Left", 28, 80, 180, {1, 0}}, EdgeCase{"Right", 132, 80, 0, {-1, 0}},
                                          EdgeCase{"Top", 80, 28, 270, {0, 1}},
                                          EdgeCase{"Bottom", 80, 132, 90, {0, -1}}),
@@ -488,23 +488,23 @@ const cv::Mat kStrip = cv::Mat::zeros(120, 400, CV_8UC1);
 
 }  // namespace
 
-TEST(ClassifyByArea, BigDotsStandOutFromTheMean) {
+TEST(ClassifyContourTreeByArea, BigDotsStandOutFromTheMean) {
   EXPECT_EQ(classesInOrder(byArea().walk(discs({10, 10, 10, 10, 16, 10}), kStrip)),
             (std::vector<int>{kDot, kDot, kDot, kDot, kBigDot, kDot}));
 }
 
-TEST(ClassifyByArea, SpecksAreUnknown) {
+TEST(ClassifyContourTreeByArea, SpecksAreUnknown) {
   // Radius 6 has 32 points and a seventh of the area of radius 16.
   EXPECT_EQ(classesInOrder(byArea().walk(discs({16, 6, 16, 16, 16, 16}), kStrip)),
             (std::vector<int>{kDot, kUnknown, kDot, kDot, kDot, kDot}));
 }
 
-TEST(ClassifyByArea, FlatWalkCallsEverythingADot) {
+TEST(ClassifyContourTreeByArea, FlatWalkCallsEverythingADot) {
   EXPECT_EQ(classesInOrder(byArea().walk(discs({10, 10, 16, 6}), kStrip, ClassifyContourTreeFlat)),
             (std::vector<int>{0, 0, 0, 0}));
 }
 
-TEST(ClassifyByArea, WithoutABlobEverythingIsUnknown) {
+TEST(ClassifyContourTreeByArea, WithoutABlobEverythingIsUnknown) {
   // Longer than 300 points, so outside the mean, but short enough to be fitted.
   Scene scene = byArea();
   scene.grey = drawing::sheet(140, 140);
@@ -512,7 +512,7 @@ TEST(ClassifyByArea, WithoutABlobEverythingIsUnknown) {
             std::vector<int>{kUnknown});
 }
 
-TEST(ClassifyByArea, AThickOutlineIsMeasuredAtItsInnerBorder) {
+TEST(ClassifyContourTreeByArea, AThickOutlineIsMeasuredAtItsInnerBorder) {
   for (const auto rule : {ClassifyContourTree, ClassifyContourTreeFlat}) {
     Scene scene;
     scene.params.area_mode = true;
@@ -525,7 +525,7 @@ TEST(ClassifyByArea, AThickOutlineIsMeasuredAtItsInnerBorder) {
   }
 }
 
-TEST(ClassifyByArea, AThickOutlineCountsByTheAreaWithinIt) {
+TEST(ClassifyContourTreeByArea, AThickOutlineCountsByTheAreaWithinIt) {
   // Of radius 10 within, as the others are; its outer border has twice their area.
   ContourTree tree = discs({10, 10, 10, 14});
   const cv::Rect outer = cv::boundingRect(tree.points(3));
@@ -540,7 +540,7 @@ TEST(ClassifyByArea, AThickOutlineCountsByTheAreaWithinIt) {
   EXPECT_EQ(classesInOrder(byArea().walk(tree, kStrip)), (std::vector<int>{kBigDot, kBigDot, kBigDot, kUnknown}));
 }
 
-TEST(ClassifyByArea, AChildOfThirtyPointsStandsForNobody) {
+TEST(ClassifyContourTreeByArea, AChildOfThirtyPointsStandsForNobody) {
   Scene scene;
   scene.params.area_mode = true;
   Contour child;

@@ -54,12 +54,12 @@ struct TallyCase {
   ContourStatus expected;
 };
 
-class HopTally : public testing::TestWithParam<TallyCase> {};
+class HopScanTally : public testing::TestWithParam<TallyCase> {};
 
-TEST_P(HopTally, DecidesTheStatus) { EXPECT_EQ(Fan(GetParam().transitions).status(), GetParam().expected); }
+TEST_P(HopScanTally, DecidesTheStatus) { EXPECT_EQ(Fan(GetParam().transitions).status(), GetParam().expected); }
 
 INSTANTIATE_TEST_SUITE_P(
-    Rules, HopTally,
+    Rules, HopScanTally,
     testing::Values(TallyCase{"SixOfOneMakeADot", {1, 1, 1, 1, 1, 1, 0, 0}, kStatusDot},
                     TallyCase{"SixOfOneBeatTwoOfThree", {3, 1, 1, 1, 1, 1, 3, 1}, kStatusDot},
                     TallyCase{"FiveOfOneDoNot", {1, 1, 1, 1, 1, 0, 0, 0}, kStatusLost},

@@ -30,15 +30,15 @@ struct RefineCase {
   cv::Point2f expected;
 };
 
-class RefineCentre : public testing::TestWithParam<RefineCase> {};
+class RefineSubPixelCentre : public testing::TestWithParam<RefineCase> {};
 
-TEST_P(RefineCentre, ByHand) {
+TEST_P(RefineSubPixelCentre, ByHand) {
   const RefineCase& c = GetParam();
   const Points refined = RefineSubPixel(kOriginAndCentre, cross(c.centre, c.right, c.left, c.below, c.above));
   EXPECT_EQ(refined, (Points{{0, 0}, c.expected}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Neighbours, RefineCentre,
+INSTANTIATE_TEST_SUITE_P(Neighbours, RefineSubPixelCentre,
                          testing::Values(RefineCase{"AtTheLevelStays", 100, 200, 0, 200, 0, {2, 2}},
                                          RefineCase{"DarkTakesTheRightFirst", 80, 120, 200, 200, 200, {2.5F, 2}},
                                          RefineCase{"DarkTakesTheLeftSecond", 80, 90, 180, 200, 200, {1.8F, 2}},

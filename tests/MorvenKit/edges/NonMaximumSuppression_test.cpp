@@ -27,9 +27,9 @@ struct DirectionCase {
   float t;
 };
 
-class SuppressionDirection : public testing::TestWithParam<DirectionCase> {};
+class NonMaximumSuppressionDirection : public testing::TestWithParam<DirectionCase> {};
 
-TEST_P(SuppressionDirection, OnlyTheTwoNeighboursAcrossTheEdgeCount) {
+TEST_P(NonMaximumSuppressionDirection, OnlyTheTwoNeighboursAcrossTheEdgeCount) {
   const DirectionCase& c = GetParam();
   const cv::Point middle(1, 1);
   ASSERT_TRUE(stays(patch(c.ix, c.iy)));
@@ -67,7 +67,7 @@ TEST_P(SuppressionDirection, OnlyTheTwoNeighboursAcrossTheEdgeCount) {
 
 // Columns are x, rows y: (1, -1) is right and above.
 INSTANTIATE_TEST_SUITE_P(
-    Octants, SuppressionDirection,
+    Octants, NonMaximumSuppressionDirection,
     testing::Values(DirectionCase{4, -1, {-1, 1}, {-1, 0}, 0.25F}, DirectionCase{-4, 1, {-1, 1}, {-1, 0}, 0.25F},
                     DirectionCase{4, 0, {-1, 1}, {-1, 0}, 0.0F}, DirectionCase{-4, 0, {-1, 1}, {-1, 0}, 0.0F},
                     DirectionCase{1, -4, {-1, 1}, {0, 1}, 0.25F}, DirectionCase{-1, 4, {-1, 1}, {0, 1}, 0.25F},

@@ -54,9 +54,9 @@ TEST(ConicParams, AnUprightEllipseIsTurnedByAQuarter) {
   EXPECT_EQ(e.angle, CV_PI / 2);
 }
 
-class TurnedConic : public testing::TestWithParam<double> {};
+class ConicParamsTurned : public testing::TestWithParam<double> {};
 
-TEST_P(TurnedConic, GeometryComesBack) {
+TEST_P(ConicParamsTurned, GeometryComesBack) {
   const drawing::Outline truth{120.25, 77.5, 12.0, 7.0, GetParam()};
   for (const MeanStd& scale : {kUnit, MeanStd{118.0F, 79.0F, 8.5F, 5.25F}}) {
     Ellipse<double> e;
@@ -69,7 +69,7 @@ TEST_P(TurnedConic, GeometryComesBack) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Angles, TurnedConic, testing::Values(-1.4, -0.8, -0.3, 0.2, 0.6, 1.1, 1.5));
+INSTANTIATE_TEST_SUITE_P(Angles, ConicParamsTurned, testing::Values(-1.4, -0.8, -0.3, 0.2, 0.6, 1.1, 1.5));
 
 TEST(ConicParams, VanishingLeadThrows) {
   // 1 / sx^2 is 2.2e-16 at sx = 6.7e7.

@@ -103,9 +103,9 @@ TEST(EllipseFit, FivePointsSuffice) {
   EXPECT_NEAR(e.semi_a, kTruth.a, 1e-3);
 }
 
-class FitOfTurned : public testing::TestWithParam<double> {};
+class EllipseFitTurned : public testing::TestWithParam<double> {};
 
-TEST_P(FitOfTurned, GeometryComesBack) {
+TEST_P(EllipseFitTurned, GeometryComesBack) {
   drawing::Outline truth = kTruth;
   truth.angle = GetParam();
   const Points points = truth.points(60);
@@ -120,7 +120,7 @@ TEST_P(FitOfTurned, GeometryComesBack) {
   EXPECT_EQ(e.edge_points, points);
 }
 
-INSTANTIATE_TEST_SUITE_P(Angles, FitOfTurned, testing::Values(-1.2, -0.4, 0.3, 0.9, 1.5));
+INSTANTIATE_TEST_SUITE_P(Angles, EllipseFitTurned, testing::Values(-1.2, -0.4, 0.3, 0.9, 1.5));
 
 TEST(EllipseFit, PointsExactlyOnACircleGiveSigmaZero) {
   // Multiples of 3-4-5 triangles are exact in floats.

@@ -38,15 +38,15 @@ struct ResidualCase {
   float x, y, expected;
 };
 
-class RadialResidual : public testing::TestWithParam<ResidualCase> {};
+class TrimOutliersRadialResidual : public testing::TestWithParam<ResidualCase> {};
 
-TEST_P(RadialResidual, ByHand) {
+TEST_P(TrimOutliersRadialResidual, ByHand) {
   EXPECT_FLOAT_EQ(radialResidual(GetParam().x, GetParam().y, 5, 3), GetParam().expected);
 }
 
 // On the diagonal the ellipse 5, 3 is met at 15 / sqrt(34) in both coordinates; 2.5724787 each.
 INSTANTIATE_TEST_SUITE_P(
-    Branches, RadialResidual,
+    Branches, TrimOutliersRadialResidual,
     testing::Values(ResidualCase{"OnTheLongAxis", 6.5F, 0, 1.5F}, ResidualCase{"OnTheLongAxisLeft", -4, 0, 1},
                     ResidualCase{"OnTheShortAxis", 0, 4, 1}, ResidualCase{"OnTheShortAxisAbove", 0, -1, 2},
                     ResidualCase{"Centre", 0, 0, 5},

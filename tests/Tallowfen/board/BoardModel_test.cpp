@@ -37,13 +37,13 @@ Made make(const RingTargetConfig& config, const std::vector<cv::Point3f>& truth 
   return made;
 }
 
-TEST(DotCount, IsRowsTimesColumns) {
+TEST(BoardModelDotCount, IsRowsTimesColumns) {
   EXPECT_EQ(dotCountOf(board(71, 73)), 5183U);
   EXPECT_EQ(dotCountOf(board(0, 65535)), 0U);
   EXPECT_EQ(dotCountOf(board(65535, 256)), 16776960U) << "a long board is a board";
 }
 
-TEST(DotCount, TheLimitItselfIsAllowed) { EXPECT_EQ(dotCountOf(board(4096, 4096)), 16777216U); }
+TEST(BoardModelDotCount, TheLimitItselfIsAllowed) { EXPECT_EQ(dotCountOf(board(4096, 4096)), 16777216U); }
 
 struct TooLarge {
   const char* name;
@@ -51,9 +51,9 @@ struct TooLarge {
   const char* count;
 };
 
-class DotCountBeyond : public testing::TestWithParam<TooLarge> {};
+class BoardModelDotCountBeyond : public testing::TestWithParam<TooLarge> {};
 
-TEST_P(DotCountBeyond, IsRefusedWithTheCountAndTheLimit) {
+TEST_P(BoardModelDotCountBeyond, IsRefusedWithTheCountAndTheLimit) {
   try {
     dotCountOf(board(GetParam().rows, GetParam().cols));
     FAIL() << "no exception";
@@ -65,29 +65,31 @@ TEST_P(DotCountBeyond, IsRefusedWithTheCountAndTheLimit) {
 }
 
 // The largest board does not fit into 32 bits with a sign.
-INSTANTIATE_TEST_SUITE_P(Sizes, DotCountBeyond,
+INSTANTIATE_TEST_SUITE_P(Sizes, BoardModelDotCountBeyond,
                          testing::Values(TooLarge{"OneDotMore", 65281, 257, "16777217"},
                                          TooLarge{"OneRowMore", 4097, 4096, "16781312"},
                                          TooLarge{"TwentyThousand", 20000, 20000, "400000000"},
                                          TooLarge{"Largest", 65535, 65535, "4294836225"}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(CentreIndex, OfTheDefaultBoardIs2591) { EXPECT_EQ(centreIndexOf(board(71, 73, 1, 1)), 2591); }
+TEST(BoardModelCentreIndex, OfTheDefaultBoardIs2591) { EXPECT_EQ(centreIndexOf(board(71, 73, 1, 1)), 2591); }
 
-TEST(CentreIndex, OfEvenCountsIsTheFirstOfTheMiddleOnes) { EXPECT_EQ(centreIndexOf(board(4, 6, 1, 1)), 1 * 6 + 2); }
+TEST(BoardModelCentreIndex, OfEvenCountsIsTheFirstOfTheMiddleOnes) {
+  EXPECT_EQ(centreIndexOf(board(4, 6, 1, 1)), 1 * 6 + 2);
+}
 
-TEST(CentreIndex, OfNoBoardAndOfTheLargest) {
+TEST(BoardModelCentreIndex, OfNoBoardAndOfTheLargest) {
   EXPECT_EQ(centreIndexOf(board(0, 0, 1, 1)), 0);
   EXPECT_EQ(centreIndexOf(board(65535, 65535, 1, 1)), 32767 * 65536);
 }
 
-TEST(PointClass, MarkersOfTheTable) {
+TEST(BoardModelPointClass, MarkersOfTheTable) {
   for (const int index : {2137, 2364}) EXPECT_EQ(pointClassOfIndex(index), 4) << index;
   for (const int index : {1731, 3483, 3451, 1699, 2145, 2161, 3021, 3037})
     EXPECT_EQ(pointClassOfIndex(index), 1) << index;
 }
 
-TEST(PointClass, AnythingElseIsADot) {
+TEST(BoardModelPointClass, AnythingElseIsADot) {
   int dots = 0;
   for (int index = 0; index < 71 * 73; ++index) dots += pointClassOfIndex(index) == 0 ? 1 : 0;
   EXPECT_EQ(dots, 71 * 73 - 10);

@@ -49,24 +49,24 @@ TEST(MarkerLayout, SolidRingOfTheMixedBoardCutsTheQuarterAtOnce) {
   EXPECT_EQ(MarkerLayout(config, {true, true, false}, 1.0F)[0], Point(10, 14));
 }
 
-TEST(BigDotLayout, LastDotStandsOneColumnIn) {
+TEST(MarkerLayoutBigDots, LastDotStandsOneColumnIn) {
   EXPECT_THAT(BigDotLayout(exampleBigDotBoard(), 1, 1),
               ElementsAre(Point(16, 19), Point(20, 19), Point(20, 15), Point(17, 15)));
 }
 
-TEST(BigDotLayout, ScalesColumnsAndRowsApart) {
+TEST(MarkerLayoutBigDots, ScalesColumnsAndRowsApart) {
   EXPECT_THAT(BigDotLayout(exampleBigDotBoard(), 20, 15),
               ElementsAre(Point(320, 285), Point(400, 285), Point(400, 225), Point(340, 225)));
 }
 
-TEST(BigDotLayout, RectangleWiderThanTheBoardGoesNegative) {
+TEST(MarkerLayoutBigDots, RectangleWiderThanTheBoardGoesNegative) {
   kestrune::RingTargetConfig config = exampleBigDotBoard();
   config.inner_width = 42;  // (37 - 42) / 2 = -2, (37 + 42) / 2 - 1 = 38
   EXPECT_THAT(BigDotLayout(config, 10, 10),
               ElementsAre(Point(-20, 190), Point(380, 190), Point(380, 150), Point(-10, 150)));
 }
 
-TEST(BigDotLayout, LandMarksAreTakenAsTheyStand) {
+TEST(MarkerLayoutBigDots, LandMarksAreTakenAsTheyStand) {
   kestrune::RingTargetConfig config = exampleBigDotBoard();
   config.land_mark1_x = 1, config.land_mark1_y = 2, config.land_mark2_x = 3, config.land_mark2_y = 4;
   config.land_mark3_x = 5, config.land_mark3_y = 6, config.land_mark4_x = 65535, config.land_mark4_y = 8;

@@ -12,25 +12,25 @@ namespace {
 using kestrune::isStorageFile;
 using kestrune::openStorage;
 
-TEST(IsStorageFile, FourEndingsInSmallLetters) {
+TEST(StorageFileName, FourEndingsInSmallLetters) {
   for (const char* path : {"a.json", "a.xml", "a.yml", "a.yaml", "a.b.yml", "folder\\a.json", "/x.y/a.xml"}) {
     EXPECT_TRUE(isStorageFile(path)) << path;
   }
 }
 
-TEST(IsStorageFile, NothingElse) {
+TEST(StorageFileName, NothingElse) {
   for (const char* path : {"a.JSON", "a.Yml", "a.ini", "a.txt", "json", "a.json.gz", "a.yml ", "a.", "", "a.jsonx"}) {
     EXPECT_FALSE(isStorageFile(path)) << path;
   }
 }
 
-TEST(OpenStorage, AMissingFileDoesNotOpen) {
+TEST(StorageFileOpened, AMissingFileDoesNotOpen) {
   const TempFolder folder;
   cv::FileStorage storage;
   EXPECT_FALSE(openStorage(storage, folder.file("none.yml"), cv::FileStorage::READ, "text"));
 }
 
-TEST(OpenStorage, TheLibrarysExceptionBecomesNotAccessible) {
+TEST(StorageFileOpened, TheLibrarysExceptionBecomesNotAccessible) {
   const TempFolder folder;
   cv::FileStorage storage;
   try {
@@ -42,14 +42,14 @@ TEST(OpenStorage, TheLibrarysExceptionBecomesNotAccessible) {
   }
 }
 
-TEST(OpenStorage, DocumentOfNothingButBracketsIsNotAccessible) {
+TEST(StorageFileOpened, DocumentOfNothingButBracketsIsNotAccessible) {
   const TempFolder folder;
   cv::FileStorage storage;
   const std::string path = folder.write("deep.yml", "%YAML:1.0\n---\na: " + std::string(200000, '['));
   EXPECT_THROW(openStorage(storage, path, cv::FileStorage::READ, "operation"), std::system_error);
 }
 
-TEST(OpenStorage, FileOfTheNameInFrontOfAQuestionMarkIsLeftAlone) {
+TEST(StorageFileOpened, FileOfTheNameInFrontOfAQuestionMarkIsLeftAlone) {
   const TempFolder folder;
   folder.write("a", "kept");
   cv::FileStorage storage;
@@ -57,7 +57,7 @@ TEST(OpenStorage, FileOfTheNameInFrontOfAQuestionMarkIsLeftAlone) {
   EXPECT_EQ(folder.read("a"), "kept");
 }
 
-TEST(OpenStorage, TakesThePathsOwnSeparator) {
+TEST(StorageFileOpened, TakesThePathsOwnSeparator) {
   const TempFolder folder;
   folder.write("a.json", "{ \"a\": 1 }");
   cv::FileStorage storage;

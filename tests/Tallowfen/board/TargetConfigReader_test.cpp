@@ -113,16 +113,16 @@ struct StorageCase {
   const char* type_two;
 };
 
-class StorageForms : public testing::TestWithParam<StorageCase> {};
+class TargetConfigReaderForms : public testing::TestWithParam<StorageCase> {};
 
-TEST_P(StorageForms, EveryKeyOfABigDotBoardArrives) {
+TEST_P(TargetConfigReaderForms, EveryKeyOfABigDotBoardArrives) {
   const TempFolder folder;
   const RingTargetConfig config = readStorageConfig(folder.write(GetParam().file, GetParam().content));
   expectGeometry(config);
   expectDetectionKeys(config);
 }
 
-TEST_P(StorageForms, ARingBoardReadsItsGeometryOnly) {
+TEST_P(TargetConfigReaderForms, ARingBoardReadsItsGeometryOnly) {
   const TempFolder folder;
   const std::string content = replaced(GetParam().content, GetParam().type_three, GetParam().type_two);
   const RingTargetConfig config = readStorageConfig(folder.write(GetParam().file, content));
@@ -132,7 +132,7 @@ TEST_P(StorageForms, ARingBoardReadsItsGeometryOnly) {
   EXPECT_THAT(config.detection_id, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, StorageForms,
+INSTANTIATE_TEST_SUITE_P(Table, TargetConfigReaderForms,
                          testing::Values(StorageCase{"Json", "t.json", kJson, "\"board_type\": 3", "\"board_type\": 2"},
                                          StorageCase{"Yml", "t.yml", kYaml, "board_type:3", "board_type:2"},
                                          StorageCase{"Yaml", "t.yaml", kYaml, "board_type:3", "board_type:2"},
@@ -155,7 +155,7 @@ void expectError(const std::string& file, const std::string& content, DetectorEr
   }
 }
 
-TEST(StorageConfig, MissingKeysOfABigDotBoard) {
+TEST(TargetConfigReaderStorage, MissingKeysOfABigDotBoard) {
   const RingTargetConfig config = readJson(R"({ "patterns": [ { "board_type": 3 } ] })");
   EXPECT_EQ(config.board_type, 3);
   EXPECT_EQ(config.rows, 0);
@@ -165,40 +165,40 @@ TEST(StorageConfig, MissingKeysOfABigDotBoard) {
   EXPECT_THAT(config.detection_id, IsEmpty());
 }
 
-TEST(StorageConfig, ABlocksizeOfZeroIsTwoHundred) {
+TEST(TargetConfigReaderStorage, ABlocksizeOfZeroIsTwoHundred) {
   EXPECT_EQ(readJson(R"({ "patterns": [ { "board_type": 3, "bin_blocksize": 0 } ] })").bin_blocksize, 200);
 }
 
-TEST(StorageConfig, IntegersAreNarrowedWithoutARangeTest) {
+TEST(TargetConfigReaderStorage, IntegersAreNarrowedWithoutARangeTest) {
   const RingTargetConfig config = readJson(R"({ "patterns": [ { "board_type": 1, "rows": 65537, "cols": -1 } ] })");
   EXPECT_EQ(config.rows, 1);
   EXPECT_EQ(config.cols, 65535);
 }
 
-TEST(StorageConfig, OnlyTheFirstPatternCounts) {
+TEST(TargetConfigReaderStorage, OnlyTheFirstPatternCounts) {
   EXPECT_EQ(readJson(R"({ "patterns": [ { "board_type": 1, "rows": 3 }, { "board_type": 9, "rows": 4 } ] })").rows, 3);
 }
 
-TEST(StorageConfig, AMissingFileIsBadContent) {
+TEST(TargetConfigReaderStorage, AMissingFileIsBadContent) {
   expectError("none.json", "", DetectorErrc::kBadContent, "[RingTarget::loadConfig]");
 }
 
-TEST(StorageConfig, AMalformedDocumentIsNotAccessible) {
+TEST(TargetConfigReaderStorage, AMalformedDocumentIsNotAccessible) {
   expectError("t.json", "{ \"patterns\": [ {", DetectorErrc::kFileNotAccessible, "[RingTarget::loadConfig]");
 }
 
-TEST(StorageConfig, WithoutPatternsTheConfigurationIsBad) {
+TEST(TargetConfigReaderStorage, WithoutPatternsTheConfigurationIsBad) {
   expectError("t.json", R"({ "rows": 3 })", DetectorErrc::kBadConfiguration, "[");
 }
 
-TEST(StorageConfig, PatternsWithoutAFirstElementAreTheLibrarysException) {
+TEST(TargetConfigReaderStorage, PatternsWithoutAFirstElementAreTheLibrarysException) {
   const TempFolder folder;
   for (const char* content :
        {R"({ "patterns": 3 })", R"({ "patterns": [] })", R"({ "patterns": { "board_type": 2 } })"})
     EXPECT_THROW(readStorageConfig(folder.write("t.json", content)), cv::Exception) << content;
 }
 
-TEST(StorageConfig, AnUnknownBoardIsABadConfiguration) {
+TEST(TargetConfigReaderStorage, AnUnknownBoardIsABadConfiguration) {
   constexpr const char* kNotSupported = "[RingTarget::loadConfig:board is not supported";
   expectError("t.xml",
               "<?xml version=\"1.0\"?>\n<opencv_storage><patterns><_><board_type>4</board_type></_></patterns>"
@@ -207,14 +207,14 @@ TEST(StorageConfig, AnUnknownBoardIsABadConfiguration) {
   expectError("t.json", R"({ "patterns": [ { "rows": 3 } ] })", DetectorErrc::kBadConfiguration, kNotSupported);
 }
 
-TEST(TextConfig, EveryKeyOfABigDotBoardArrives) {
+TEST(TargetConfigReaderText, EveryKeyOfABigDotBoardArrives) {
   const auto config = readTextConfig(kText);
   ASSERT_TRUE(config);
   expectGeometry(*config);
   expectDetectionKeys(*config);
 }
 
-TEST(TextConfig, ReadsWindowsLineEnds) {
+TEST(TargetConfigReaderText, ReadsWindowsLineEnds) {
   std::string text;
   for (const char* at = kText; *at != '\0'; ++at) {
     if (*at == '\n') text += '\r';
@@ -226,7 +226,7 @@ TEST(TextConfig, ReadsWindowsLineEnds) {
   expectDetectionKeys(*config);
 }
 
-TEST(TextConfig, ARingBoardReadsItsGeometryOnly) {
+TEST(TargetConfigReaderText, ARingBoardReadsItsGeometryOnly) {
   for (const char* type : {"board_type: 1", "board_type: 2"}) {
     const auto config = readTextConfig(replaced(kText, "board_type: 3", type));
     ASSERT_TRUE(config);
@@ -237,7 +237,7 @@ TEST(TextConfig, ARingBoardReadsItsGeometryOnly) {
   }
 }
 
-TEST(TextConfig, MissingKeysOfABigDotBoard) {
+TEST(TargetConfigReaderText, MissingKeysOfABigDotBoard) {
   const auto config = readTextConfig("board_type: 3");
   ASSERT_TRUE(config);
   EXPECT_EQ(config->rows, 0);
@@ -247,32 +247,34 @@ TEST(TextConfig, MissingKeysOfABigDotBoard) {
   EXPECT_THAT(config->detection_id, ElementsAre(0));
 }
 
-TEST(TextConfig, ABlocksizeOfZeroIsTwoHundred) {
+TEST(TargetConfigReaderText, ABlocksizeOfZeroIsTwoHundred) {
   EXPECT_EQ(readTextConfig("board_type: 3\nbin_blocksize: 0")->bin_blocksize, 200);
 }
 
-TEST(TextConfig, IntegersAreNarrowedWithoutARangeTest) {
+TEST(TargetConfigReaderText, IntegersAreNarrowedWithoutARangeTest) {
   const auto config = readTextConfig("board_type: 2\nrows: 65537\ncols: -1");
   EXPECT_EQ(config->rows, 1);
   EXPECT_EQ(config->cols, 65535);
 }
 
-TEST(TextConfig, TheLastOfEqualKeysWins) { EXPECT_EQ(readTextConfig("board_type: 2\nrows: 3\nrows: 4")->rows, 4); }
+TEST(TargetConfigReaderText, TheLastOfEqualKeysWins) {
+  EXPECT_EQ(readTextConfig("board_type: 2\nrows: 3\nrows: 4")->rows, 4);
+}
 
-TEST(TextConfig, AnyOtherBoardMakesNoRecord) {
+TEST(TargetConfigReaderText, AnyOtherBoardMakesNoRecord) {
   for (const char* text : {"board_type: 4\nrows: 3", "board_type: 0", "board_type: -1", "rows: 3", "/a/path.txt", ""}) {
     EXPECT_FALSE(readTextConfig(text)) << text;
   }
 }
 
-TEST(ConfigText, AFileEndingInIniIsRead) {
+TEST(TargetConfigReaderConfigText, AFileEndingInIniIsRead) {
   const TempFolder folder;
   EXPECT_EQ(kestrune::configText(folder.write("t.ini", "a: 1\r\nb: 2")), "a: 1\r\nb: 2");
   EXPECT_EQ(kestrune::configText(folder.write("bikini", "a: 1")), "a: 1") << "three last characters, not an extension";
   EXPECT_EQ(kestrune::configText(folder.path().string() + "\\t.ini"), "a: 1\r\nb: 2");
 }
 
-TEST(ConfigText, AFileOfAnotherEndingIsTakenAsTheText) {
+TEST(TargetConfigReaderConfigText, AFileOfAnotherEndingIsTakenAsTheText) {
   const TempFolder folder;
   for (const char* name : {"t.txt", "t.INI", "t.ini "}) {
     const std::string path = folder.write(name, "a: 1");
@@ -280,12 +282,12 @@ TEST(ConfigText, AFileOfAnotherEndingIsTakenAsTheText) {
   }
 }
 
-TEST(ConfigText, WhatDoesNotOpenIsTheText) {
+TEST(TargetConfigReaderConfigText, WhatDoesNotOpenIsTheText) {
   EXPECT_EQ(kestrune::configText("a: 1\nb: 2"), "a: 1\nb: 2");
   EXPECT_EQ(kestrune::configText("/nowhere/t.ini"), "/nowhere/t.ini");
 }
 
-TEST(ConfigText, AnEmptyFileIsEmpty) {
+TEST(TargetConfigReaderConfigText, AnEmptyFileIsEmpty) {
   const TempFolder folder;
   EXPECT_EQ(kestrune::configText(folder.write("t.ini", "")), "");
 }

@@ -37,9 +37,9 @@ RingTargetConfig bigDotBoard() {
   return config;
 }
 
-class StorageFiles : public testing::TestWithParam<const char*> {};
+class TargetConfigWriterFiles : public testing::TestWithParam<const char*> {};
 
-TEST_P(StorageFiles, GeometryComesBackAndDetectionSettingsAreLost) {
+TEST_P(TargetConfigWriterFiles, GeometryComesBackAndDetectionSettingsAreLost) {
   const TempFolder folder;
   const std::string path = folder.file(std::string("saved.") + GetParam());
   writeStorageConfig(path, bigDotBoard());
@@ -61,7 +61,7 @@ TEST_P(StorageFiles, GeometryComesBackAndDetectionSettingsAreLost) {
   EXPECT_TRUE(read.detection_id.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Endings, StorageFiles, testing::Values("json", "xml", "yml", "yaml"),
+INSTANTIATE_TEST_SUITE_P(Endings, TargetConfigWriterFiles, testing::Values("json", "xml", "yml", "yaml"),
                          [](const auto& tested) { return std::string(tested.param); });
 
 TEST(TargetConfigWriter, KeysStandInTheirOrder) {

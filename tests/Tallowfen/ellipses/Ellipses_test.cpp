@@ -12,22 +12,22 @@ using kestrune::boardIndexOf;
 using kestrune::idOf;
 using kestrune::layerOf;
 
-TEST(PointId, HoldsTheIndexBelowTheLayer) {
+TEST(EllipsesPointId, HoldsTheIndexBelowTheLayer) {
   EXPECT_EQ(idOf(0, 2591), 2591);
   EXPECT_EQ(idOf(3, 2591), 3 * 65536 + 2591);
   EXPECT_EQ(boardIndexOf(3 * 65536 + 2591), 2591);
   EXPECT_EQ(layerOf(3 * 65536 + 2591), 3);
 }
 
-TEST(PointId, IndexIsCutToSixteenBits) {
+TEST(EllipsesPointId, IndexIsCutToSixteenBits) {
   EXPECT_EQ(idOf(1, 65536 + 7), 65536 + 7);
   EXPECT_EQ(idOf(1, -1), 65536 + 65535);
 }
 
-TEST(PointId, LayerHasEightBits) { EXPECT_EQ(layerOf(0x1234'5678), 0x34); }
+TEST(EllipsesPointId, LayerHasEightBits) { EXPECT_EQ(layerOf(0x1234'5678), 0x34); }
 
 // Many, as a sort that keeps no order keeps it in a short list all the same.
-TEST(LargestFirst, EqualOnesKeepTheirOrder) {
+TEST(EllipsesLargestFirst, EqualOnesKeepTheirOrder) {
   handmade::List list;
   for (int i = 0; i < 99; ++i) list.push_back(handmade::ellipse(i, 0, i % 3));
   kestrune::sortLargestFirst(list);

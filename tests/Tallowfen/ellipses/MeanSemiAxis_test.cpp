@@ -14,7 +14,7 @@ using kestrune::MeanSemiAxisNear;
 using kestrune::NearbyDots;
 using kestrune::RingTargetConfig;
 
-TEST(NearbyDots, RingBoardsReachFiveSemiAxes) {
+TEST(MeanSemiAxisNearbyDots, RingBoardsReachFiveSemiAxes) {
   for (const int type : {1, 2}) {
     RingTargetConfig config;
     config.board_type = type;
@@ -23,7 +23,7 @@ TEST(NearbyDots, RingBoardsReachFiveSemiAxes) {
   }
 }
 
-TEST(NearbyDots, OtherBoardsReachByTheDotsShareOfThePitch) {
+TEST(MeanSemiAxisNearbyDots, OtherBoardsReachByTheDotsShareOfThePitch) {
   for (const int type : {3, 4}) {
     RingTargetConfig config;
     config.board_type = type;
@@ -32,7 +32,7 @@ TEST(NearbyDots, OtherBoardsReachByTheDotsShareOfThePitch) {
   }
 }
 
-TEST(NearbyDots, SpeckLimitIsARealQuotientOfTheWidth) {
+TEST(MeanSemiAxisNearbyDots, SpeckLimitIsARealQuotientOfTheWidth) {
   EXPECT_EQ(kestrune::nearbyDotsOf({}, 640).least_semi_a, 2.0);
   EXPECT_EQ(kestrune::nearbyDotsOf({}, 320).least_semi_a, 1.0);
   EXPECT_EQ(kestrune::nearbyDotsOf({}, 2448).least_semi_a, 7.65);

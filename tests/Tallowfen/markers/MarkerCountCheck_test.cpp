@@ -132,7 +132,7 @@ struct RoundedSquare {
   int corner_pixels;  ///< Of each corner: what the square would hold with the other rounding.
 };
 
-class MarkerCountRounding : public testing::TestWithParam<RoundedSquare> {
+class MarkerCountCheckRounding : public testing::TestWithParam<RoundedSquare> {
  protected:
   /// Eight white pixels in the column in question, beside the middle of the image's left edge.
   cv::Mat picture() const {
@@ -146,7 +146,7 @@ class MarkerCountRounding : public testing::TestWithParam<RoundedSquare> {
 };
 
 // The odd one out by its count, unless the rounding makes it equal to the corners: then it would stay, as the first.
-TEST_P(MarkerCountRounding, TermsAreTakenFromLeftToRight) {
+TEST_P(MarkerCountCheckRounding, TermsAreTakenFromLeftToRight) {
   List across = corners(8);
   across.insert(across.begin(), ellipse(GetParam().centre, 200, GetParam().semi_a));
   EXPECT_TRUE(MarkerCountCheck(picture(), across, 4));
@@ -159,7 +159,7 @@ TEST_P(MarkerCountRounding, TermsAreTakenFromLeftToRight) {
 }
 
 // 41.8 - 8.8 - 2 is 31, 41.8 - 10.8 a little less. The other pair ends at 65, or just below it.
-INSTANTIATE_TEST_SUITE_P(Ends, MarkerCountRounding,
+INSTANTIATE_TEST_SUITE_P(Ends, MarkerCountCheckRounding,
                          testing::Values(RoundedSquare{"First", 41.8, 8.8, 30, 8},
                                          RoundedSquare{"Last", 54.49999999999999, 8.499999999999998, 64, 0}),
                          [](const auto& tested) { return tested.param.name; });

@@ -126,9 +126,9 @@ struct OutlineCase {
   bool taken;
 };
 
-class LargeDotsNearOutline : public testing::TestWithParam<OutlineCase> {};
+class MissedSolidNearOutline : public testing::TestWithParam<OutlineCase> {};
 
-TEST_P(LargeDotsNearOutline, AreTaken) {
+TEST_P(MissedSolidNearOutline, AreTaken) {
   const OutlineCase& given = GetParam();
   List dots = {ellipse(given.x, given.y, given.semi_a)};
   List unknowns;
@@ -138,7 +138,7 @@ TEST_P(LargeDotsNearOutline, AreTaken) {
 }
 
 // Box from (100, 100) to (300, 300), largest ring 4, reach of a dot of 5: 50 pixels.
-INSTANTIATE_TEST_SUITE_P(Table, LargeDotsNearOutline,
+INSTANTIATE_TEST_SUITE_P(Table, MissedSolidNearOutline,
                          testing::Values(OutlineCase{"NearTheLeft", 149, 200, 5, true},
                                          OutlineCase{"NearTheRight", 251, 200, 5, true},
                                          OutlineCase{"NearTheTop", 200, 51, 5, true},
@@ -152,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(Table, LargeDotsNearOutline,
                                          OutlineCase{"OutsideOfBothColumnsButInARow", 900, 101, 5, true}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(LargeDotsNearOutline, WithoutRingsOnlyTheBoxesOwnStartCounts) {
+TEST(MissedSolidNearOutline, WithoutRingsOnlyTheBoxesOwnStartCounts) {
   List dots = {ellipse(-20, 500, 5), ellipse(500, 500, 5)};
   List unknowns;
   kestrune::takeLargeDotsNearOutline({}, dots, unknowns);

@@ -86,9 +86,9 @@ struct LimitCase {
   bool quad;
 };
 
-class QuadSizeLimit : public testing::TestWithParam<LimitCase> {};
+class SplitBigDotsMidResolutionSizeLimit : public testing::TestWithParam<LimitCase> {};
 
-TEST_P(QuadSizeLimit, IsToldInTheLargestSemiAxis) {
+TEST_P(SplitBigDotsMidResolutionSizeLimit, IsToldInTheLargestSemiAxis) {
   // Corners of a kite, nothing longer than its diagonals.
   const auto& [name, semi_a, upright, across, quad] = GetParam();
   List list;
@@ -101,7 +101,7 @@ TEST_P(QuadSizeLimit, IsToldInTheLargestSemiAxis) {
 }
 
 // The longest must not exceed 16 semi-axes, the second 14: 160 and 140 both meet their limit at 10 exactly.
-INSTANTIATE_TEST_SUITE_P(Table, QuadSizeLimit,
+INSTANTIATE_TEST_SUITE_P(Table, SplitBigDotsMidResolutionSizeLimit,
                          testing::Values(LimitCase{"AtBothLimits", 10.0, 160, 140, true},
                                          LimitCase{"AboveThem", 9.999, 160, 140, false},
                                          LimitCase{"LongestAboveIts", 10.0, 161, 138, false},

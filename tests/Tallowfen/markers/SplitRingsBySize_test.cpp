@@ -27,9 +27,9 @@ constexpr double kSmall = 9.0;
 constexpr double kBig = 18.0;
 
 /// Lists over a field of dots, the context of an image 640 columns wide, and what one decision made of them.
-class SplitRings : public testing::Test {
+class SplitRingsBySizeTest : public testing::Test {
  protected:
-  SplitRings() { lists_.dots = dotGrid(21, 20.0, kDotSize); }
+  SplitRingsBySizeTest() { lists_.dots = dotGrid(21, 20.0, kDotSize); }
 
   bool run() {
     ConsoleCapture console;
@@ -67,13 +67,13 @@ class SplitRings : public testing::Test {
 
 kestrune::Ellipse solidAt(double x, double y, double semi_a) { return ellipse(x, y, semi_a, kSolidRing); }
 
-TEST_F(SplitRings, WithoutRingsItFailsInSilence) {
+TEST_F(SplitRingsBySizeTest, WithoutRingsItFailsInSilence) {
   lists_.solids = {solidAt(100, 150, kSmall)};
   EXPECT_FALSE(run());
   EXPECT_EQ(err_, "");
 }
 
-TEST_F(SplitRings, FourSmallRingsAndASmallSolid) {
+TEST_F(SplitRingsBySizeTest, FourSmallRingsAndASmallSolid) {
   lists_.rings = joined({ellipse(20, 20, kBig)}, corners(kSmall));
   lists_.solids = {solidAt(100, 150, kSmall), solidAt(380, 20, kBig)};
   EXPECT_TRUE(run());
@@ -84,7 +84,7 @@ TEST_F(SplitRings, FourSmallRingsAndASmallSolid) {
   EXPECT_THAT(centres(joinedDots()), ElementsAre(std::pair(20.0, 20.0), std::pair(380.0, 20.0)));
 }
 
-TEST_F(SplitRings, FourBigRingsAndABigSolid) {
+TEST_F(SplitRingsBySizeTest, FourBigRingsAndABigSolid) {
   lists_.rings = joined({ellipse(20, 20, kSmall)}, corners(kBig));
   lists_.solids = {solidAt(100, 150, kBig), solidAt(380, 20, kSmall), solidAt(20, 380, kSmall)};
   EXPECT_TRUE(run());
@@ -94,7 +94,7 @@ TEST_F(SplitRings, FourBigRingsAndABigSolid) {
   EXPECT_THAT(sizes(joinedDots()), ElementsAre(kSmall, kSmall, kSmall));
 }
 
-TEST_F(SplitRings, SmallMarkersGoBeforeBigOnes) {
+TEST_F(SplitRingsBySizeTest, SmallMarkersGoBeforeBigOnes) {
   lists_.rings = joined(corners(kBig), corners(kSmall));
   lists_.solids = {solidAt(100, 150, kBig), solidAt(100, 250, kSmall)};
   EXPECT_TRUE(run());
@@ -102,7 +102,7 @@ TEST_F(SplitRings, SmallMarkersGoBeforeBigOnes) {
   EXPECT_EQ(sizes(lists_.rings), sizes(corners(kSmall)));
 }
 
-TEST_F(SplitRings, TheRingsAreNotCutWhenTheSolidAlreadyFailed) {
+TEST_F(SplitRingsBySizeTest, TheRingsAreNotCutWhenTheSolidAlreadyFailed) {
   // Five small rings, one of them uncertain, and no small solid: the big markers win, and all five small rings join the
   // dots.
   lists_.rings = joined(corners(kSmall), {ellipse(200, 200, kSmall, 1, 0.9)});
@@ -113,14 +113,14 @@ TEST_F(SplitRings, TheRingsAreNotCutWhenTheSolidAlreadyFailed) {
   EXPECT_EQ(joinedDots().size(), 5U);
 }
 
-TEST_F(SplitRings, ARatioOfTwoExactlyIsADot) {
+TEST_F(SplitRingsBySizeTest, ARatioOfTwoExactlyIsADot) {
   lists_.rings = corners(2.0 * kDotSize);
   lists_.solids = {solidAt(100, 150, kBig)};
   EXPECT_FALSE(run());
   EXPECT_THAT(sizes(joined(lists_.dots, lists_.unknowns)), testing::IsSupersetOf(sizes(corners(2.0 * kDotSize))));
 }
 
-TEST_F(SplitRings, OfSeveralSmallSolidsTheGreatestAgainstItsDotsIsKept) {
+TEST_F(SplitRingsBySizeTest, OfSeveralSmallSolidsTheGreatestAgainstItsDotsIsKept) {
   lists_.rings = corners(kSmall);
   lists_.solids = {solidAt(100, 150, 8), solidAt(100, 250, 10), solidAt(200, 250, 9)};
   EXPECT_TRUE(run());
@@ -129,7 +129,7 @@ TEST_F(SplitRings, OfSeveralSmallSolidsTheGreatestAgainstItsDotsIsKept) {
   EXPECT_THAT(joinedDots(), IsEmpty());
 }
 
-TEST_F(SplitRings, AGreatSolidAmongGreatDotsIsNotTheGreatestAgainstThem) {
+TEST_F(SplitRingsBySizeTest, AGreatSolidAmongGreatDotsIsNotTheGreatestAgainstThem) {
   for (kestrune::Ellipse& dot : lists_.dots) {
     if (dot.x > 320) dot.semi_a = 8;
   }
@@ -139,7 +139,7 @@ TEST_F(SplitRings, AGreatSolidAmongGreatDotsIsNotTheGreatestAgainstThem) {
   EXPECT_THAT(sizes(lists_.solids), ElementsAre(9.0));
 }
 
-TEST_F(SplitRings, TheSizeComparedIsThatOfTheSamePositionAmongAllSolids) {
+TEST_F(SplitRingsBySizeTest, TheSizeComparedIsThatOfTheSamePositionAmongAllSolids) {
   // The big solid shifts the positions: 18 / 6 stands for the first small one, 8 / 6 for the second.
   lists_.rings = corners(kSmall);
   lists_.solids = {solidAt(380, 380, kBig), solidAt(100, 150, 8), solidAt(100, 250, 10)};
@@ -148,7 +148,7 @@ TEST_F(SplitRings, TheSizeComparedIsThatOfTheSamePositionAmongAllSolids) {
   EXPECT_THAT(sizes(joinedDots()), ElementsAre(kBig));
 }
 
-TEST_F(SplitRings, ASmallSolidIsFoundAmongTheUnknowns) {
+TEST_F(SplitRingsBySizeTest, ASmallSolidIsFoundAmongTheUnknowns) {
   lists_.rings = joined(corners(kSmall), {ellipse(380, 380, kBig)});
   lists_.unknowns = {ellipse(250, 30, kSmall), solidAt(100, 150, kSmall), ellipse(300, 200, 30)};
   EXPECT_TRUE(run());
@@ -159,7 +159,7 @@ TEST_F(SplitRings, ASmallSolidIsFoundAmongTheUnknowns) {
               ElementsAre(std::pair(380.0, 380.0), std::pair(250.0, 30.0), std::pair(300.0, 200.0)));
 }
 
-TEST_F(SplitRings, ASmallSolidSeenAsADotIsFound) {
+TEST_F(SplitRingsBySizeTest, ASmallSolidSeenAsADotIsFound) {
   // A plain blob larger than every ring, near the rings' outline, is looked at again.
   lists_.rings = corners(kSmall);
   lists_.dots.push_back(ellipse(100, 150, 9.5));
@@ -169,7 +169,7 @@ TEST_F(SplitRings, ASmallSolidSeenAsADotIsFound) {
   EXPECT_THAT(joinedDots(), IsEmpty());
 }
 
-TEST_F(SplitRings, ABigSolidIsFoundBetweenBigRings) {
+TEST_F(SplitRingsBySizeTest, ABigSolidIsFoundBetweenBigRings) {
   lists_.rings = joined(corners(kBig), {ellipse(20, 20, kSmall)});
   lists_.unknowns = {solidAt(100, 200, kBig), ellipse(350, 30, kSmall), ellipse(200, 350, 20)};
   EXPECT_TRUE(run());
@@ -179,7 +179,7 @@ TEST_F(SplitRings, ABigSolidIsFoundBetweenBigRings) {
               ElementsAre(std::pair(20.0, 20.0), std::pair(350.0, 30.0), std::pair(200.0, 350.0)));
 }
 
-TEST_F(SplitRings, ABigSolidIsFoundBeyondSmallRings) {
+TEST_F(SplitRingsBySizeTest, ABigSolidIsFoundBeyondSmallRings) {
   lists_.rings = corners(kSmall);
   lists_.unknowns = {solidAt(40, 100, kBig)};
   EXPECT_TRUE(run());
@@ -190,7 +190,7 @@ TEST_F(SplitRings, ABigSolidIsFoundBeyondSmallRings) {
   EXPECT_THAT(centres(joinedDots()), ElementsAre(std::pair(40.0, 100.0)));
 }
 
-TEST_F(SplitRings, ARecognisedBigSolidWithSmallRingsMakesAMixedBoard) {
+TEST_F(SplitRingsBySizeTest, ARecognisedBigSolidWithSmallRingsMakesAMixedBoard) {
   lists_.rings = corners(kSmall);
   lists_.solids = {solidAt(40, 100, kBig)};
   EXPECT_TRUE(run());
@@ -199,7 +199,7 @@ TEST_F(SplitRings, ARecognisedBigSolidWithSmallRingsMakesAMixedBoard) {
   EXPECT_THAT(joinedDots(), IsEmpty());
 }
 
-TEST_F(SplitRings, EachLookLeavesItsMissesInTheRest) {
+TEST_F(SplitRingsBySizeTest, EachLookLeavesItsMissesInTheRest) {
   lists_.rings = corners(kSmall);
   lists_.unknowns = {ellipse(200, 380, kBig), solidAt(40, 100, kBig)};
   EXPECT_TRUE(run());
@@ -208,32 +208,32 @@ TEST_F(SplitRings, EachLookLeavesItsMissesInTheRest) {
               ElementsAre(std::pair(200.0, 380.0), std::pair(40.0, 100.0), std::pair(200.0, 380.0)));
 }
 
-TEST_F(SplitRings, TwoBigSolidsWithSmallRingsFail) {
+TEST_F(SplitRingsBySizeTest, TwoBigSolidsWithSmallRingsFail) {
   lists_.rings = corners(kSmall);
   lists_.solids = {solidAt(40, 100, kBig), solidAt(40, 300, kBig)};
   expectFailure();
 }
 
-TEST_F(SplitRings, TwoMissedSmallSolidsFail) {
+TEST_F(SplitRingsBySizeTest, TwoMissedSmallSolidsFail) {
   lists_.rings = corners(kSmall);
   lists_.unknowns = {ellipse(100, 150, kSmall), ellipse(300, 150, kSmall)};
   expectFailure();
 }
 
-TEST_F(SplitRings, ThreeRingsFail) {
+TEST_F(SplitRingsBySizeTest, ThreeRingsFail) {
   lists_.rings = {ellipse(100, 100, kSmall), ellipse(300, 100, kSmall), ellipse(300, 300, kSmall)};
   lists_.solids = {solidAt(100, 150, kSmall)};
   expectFailure();
 }
 
-TEST_F(SplitRings, RingsOnALineFail) {
+TEST_F(SplitRingsBySizeTest, RingsOnALineFail) {
   lists_.rings = {ellipse(0, 100, kSmall), ellipse(100, 100, kSmall), ellipse(210, 100, kSmall),
                   ellipse(400, 100, kSmall)};
   lists_.solids = {solidAt(100, 150, kSmall)};
   expectFailure();
 }
 
-TEST_F(SplitRings, FiveSmallRingsAreCutToFour) {
+TEST_F(SplitRingsBySizeTest, FiveSmallRingsAreCutToFour) {
   lists_.rings = joined(corners(kSmall), {ellipse(200, 200, kSmall, 1, 0.9)});
   lists_.solids = {solidAt(100, 150, kSmall)};
   EXPECT_TRUE(run());
@@ -242,7 +242,7 @@ TEST_F(SplitRings, FiveSmallRingsAreCutToFour) {
   EXPECT_THAT(joinedDots(), IsEmpty());
 }
 
-TEST_F(SplitRings, TheBoardOfBigDotsKeepsItsFlag) {
+TEST_F(SplitRingsBySizeTest, TheBoardOfBigDotsKeepsItsFlag) {
   sizes_.big_dot_board = true;
   lists_.rings = corners(kSmall);
   lists_.solids = {solidAt(100, 150, kSmall)};

@@ -150,7 +150,7 @@ TEST_F(CoveredDots, MarkersFollowOneAnother) {
   EXPECT_EQ(all.size(), 13U) << "twice four: the marker's own cell is still its own";
 }
 
-TEST(ParallelogramCheck, MeanMustLieWithinFivePixels) {
+TEST(CoveredDotsParallelogram, MeanMustLieWithinFivePixels) {
   const Point ul(0, 0), ll(0, 40), ur(40, 0), lr(40, 40);
   EXPECT_TRUE(ParallelogramCheck({20, 20}, ul, ll, ur, lr));
   EXPECT_TRUE(ParallelogramCheck({24.99F, 20}, ul, ll, ur, lr));
@@ -159,18 +159,18 @@ TEST(ParallelogramCheck, MeanMustLieWithinFivePixels) {
 }
 
 // tan(4.9 degrees) * 40 = 3.429, tan(5.1 degrees) * 40 = 3.570. Moving both ends of the lower side keeps the mean near.
-TEST(ParallelogramCheck, OppositeSidesMayDifferByFiveDegrees) {
+TEST(CoveredDotsParallelogram, OppositeSidesMayDifferByFiveDegrees) {
   EXPECT_TRUE(ParallelogramCheck({20, 20}, {0, 0}, {0, 40}, {40, 0}, {40, 43.429F}));
   EXPECT_FALSE(ParallelogramCheck({20, 20}, {0, 0}, {0, 40}, {40, 0}, {40, 43.570F}));
   EXPECT_TRUE(ParallelogramCheck({20, 20}, {0, 0}, {0, 40}, {40, 0}, {43.429F, 40}));
   EXPECT_FALSE(ParallelogramCheck({20, 20}, {0, 0}, {0, 40}, {40, 0}, {43.570F, 40}));
 }
 
-TEST(ParallelogramCheck, SlantedParallelogramPasses) {
+TEST(CoveredDotsParallelogram, SlantedParallelogramPasses) {
   EXPECT_TRUE(ParallelogramCheck({30, 20}, {0, 0}, {20, 40}, {40, 0}, {60, 40}));
 }
 
-TEST(ParallelogramCheck, CoincidingCornersFail) {
+TEST(CoveredDotsParallelogram, CoincidingCornersFail) {
   EXPECT_FALSE(ParallelogramCheck({1, 1}, {1, 1}, {1, 1}, {1, 1}, {1, 1}));
 }
 

@@ -71,9 +71,9 @@ TEST(GrowGrid, OrderOfTheListIsKept) {
 
 // On a straight grid every prediction is the dot's own place, so that the displacement is what is tested. The numbers
 // of a large picture would round 0.3 pitches; 0.29 and 0.31 stay clear of that.
-class DisplacedDot : public testing::TestWithParam<std::pair<cv::Point2d, bool>> {};
+class GrowGridDisplacedDot : public testing::TestWithParam<std::pair<cv::Point2d, bool>> {};
 
-TEST_P(DisplacedDot, IsTakenWithinThreeTenthsOfThePitch) {
+TEST_P(GrowGridDisplacedDot, IsTakenWithinThreeTenthsOfThePitch) {
   const auto& [displacement, taken] = GetParam();
   BoardView view(11, 11, tiltedCamera(40, 0));
   Ellipse& dot = view.at(8, 7);
@@ -87,7 +87,7 @@ TEST_P(DisplacedDot, IsTakenWithinThreeTenthsOfThePitch) {
   EXPECT_EQ(result.points.size(), taken ? 121U : 120U) << "the dots around it are reached by other edges";
 }
 
-INSTANTIATE_TEST_SUITE_P(Displacements, DisplacedDot,
+INSTANTIATE_TEST_SUITE_P(Displacements, GrowGridDisplacedDot,
                          testing::Values(std::pair(cv::Point2d(0.29, 0), true), std::pair(cv::Point2d(0.31, 0), false),
                                          std::pair(cv::Point2d(0, -0.29), true),
                                          std::pair(cv::Point2d(0, -0.31), false),
@@ -216,9 +216,9 @@ TEST(GrowGrid, FirstNineSeedsCount) {
   EXPECT_EQ(wrongIds(view, result), 0);
 }
 
-class UselessSeeds : public testing::TestWithParam<std::vector<std::int32_t>> {};
+class GrowGridUselessSeeds : public testing::TestWithParam<std::vector<std::int32_t>> {};
 
-TEST_P(UselessSeeds, NumberNothing) {
+TEST_P(GrowGridUselessSeeds, NumberNothing) {
   BoardView view(3, 3, tiltedCamera(30, 0));
   NumberedPoints result;
   EXPECT_TRUE(GrowGrid(boardOf(3, 3), GetParam(), view.all, result));
@@ -226,7 +226,7 @@ TEST_P(UselessSeeds, NumberNothing) {
   EXPECT_EQ(result.unidentified.size(), 9U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lists, UselessSeeds,
+INSTANTIATE_TEST_SUITE_P(Lists, GrowGridUselessSeeds,
                          testing::Values(std::vector<std::int32_t>{}, std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 6, 7},
                                          std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 6, 7, 7},
                                          std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 6, 7, 9},

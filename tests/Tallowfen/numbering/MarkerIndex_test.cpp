@@ -51,7 +51,7 @@ std::set<BoardView::Cell> coveredBy(const Cells& big) {
   return covered;
 }
 
-class Rings : public testing::TestWithParam<std::tuple<RingBoard, int, double>> {
+class MarkerIndexRings : public testing::TestWithParam<std::tuple<RingBoard, int, double>> {
  protected:
   const RingBoard board = std::get<0>(GetParam());
   BoardView view{35, 37, tiltedCamera(30, std::get<1>(GetParam()), std::get<2>(GetParam())), coveredBy(board.big)};
@@ -63,7 +63,7 @@ class Rings : public testing::TestWithParam<std::tuple<RingBoard, int, double>> 
   }
 };
 
-TEST_P(Rings, AreFoundInTheOrderOfTheBoard) {
+TEST_P(MarkerIndexRings, AreFoundInTheOrderOfTheBoard) {
   MarkerSeeds seeds;
   ASSERT_TRUE(GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({3, 1, 4, 2}), view.all, seeds));
   ASSERT_EQ(seeds.marker_image_points.size(), 5U);
@@ -76,7 +76,7 @@ TEST_P(Rings, AreFoundInTheOrderOfTheBoard) {
   }
 }
 
-TEST_P(Rings, NumberTheWholeBoard) {
+TEST_P(MarkerIndexRings, NumberTheWholeBoard) {
   MarkerSeeds seeds;
   ASSERT_TRUE(GetCircleIndexRings(exampleBoard(), board.sizes, ellipses({0}), ellipses({2, 4, 3, 1}), view.all, seeds));
   const auto [column, row] = board.markers[0];
@@ -93,7 +93,7 @@ TEST_P(Rings, NumberTheWholeBoard) {
   EXPECT_LE(result.points.size(), board.most_points);
 }
 
-INSTANTIATE_TEST_SUITE_P(Boards, Rings,
+INSTANTIATE_TEST_SUITE_P(Boards, MarkerIndexRings,
                          testing::Combine(testing::Values(kSmall, kBig, kMixed), testing::Values(0, 1, 2, 3),
                                           testing::Values(0.0, 0.004)),
                          [](const auto& test) {
@@ -109,7 +109,7 @@ Ellipse at(double x, double y) {
   return ellipse;
 }
 
-TEST(RingMarkerIndex, SolidRingOffTheLineOfTheTwoNearestRings) {
+TEST(MarkerIndexRingMarkerIndex, SolidRingOffTheLineOfTheTwoNearestRings) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
   MarkerSeeds seeds;
@@ -120,7 +120,7 @@ TEST(RingMarkerIndex, SolidRingOffTheLineOfTheTwoNearestRings) {
 }
 
 // Seen from (0, 80), 60 px up: 0.97 is the cosine of 14.07 degrees, 15.04 px to the side.
-TEST(RingMarkerIndex, LineMayBendByFourteenDegrees) {
+TEST(MarkerIndexRingMarkerIndex, LineMayBendByFourteenDegrees) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   for (const double aside : {14.9, 15.2}) {
     std::vector<Ellipse> all = rings;
@@ -133,7 +133,7 @@ TEST(RingMarkerIndex, LineMayBendByFourteenDegrees) {
 }
 
 // There is no angle at a ring between the solid ring and a ring on the same spot: that counts as no line.
-TEST(RingMarkerIndex, SolidRingOnARingsCentreIsOffTheLine) {
+TEST(MarkerIndexRingMarkerIndex, SolidRingOnARingsCentreIsOffTheLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
   MarkerSeeds seeds;
@@ -143,7 +143,7 @@ TEST(RingMarkerIndex, SolidRingOnARingsCentreIsOffTheLine) {
   EXPECT_TRUE(seeds.marker_image_points.empty());
 }
 
-TEST(RingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
+TEST(MarkerIndexRingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(0, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
   MarkerSeeds seeds;
@@ -154,7 +154,7 @@ TEST(RingMarkerIndex, SolidRingWhereTwoRingsCoincideIsOffTheLine) {
 
 // Three rings are equally far from the solid ring and two of them coincide. Between these there is no angle, which
 // counts as the opposite direction, so that the third of the list stays the third.
-TEST(RingMarkerIndex, CoincidingRingsPointAway) {
+TEST(MarkerIndexRingMarkerIndex, CoincidingRingsPointAway) {
   const std::vector<Ellipse> rings = {at(-50, 5), at(100, 0), at(0, 100), at(100, 0)};
   std::vector<Ellipse> all = rings;
   MarkerSeeds seeds;
@@ -165,7 +165,7 @@ TEST(RingMarkerIndex, CoincidingRingsPointAway) {
   EXPECT_EQ(seeds.marker_image_points[3], cv::Point2f(100, 0));
 }
 
-TEST(RingMarkerIndex, BigSolidRingOfTheMixedBoardNeedsNoLine) {
+TEST(MarkerIndexRingMarkerIndex, BigSolidRingOfTheMixedBoardNeedsNoLine) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)};
   std::vector<Ellipse> all = rings;
   MarkerSeeds seeds;
@@ -175,7 +175,7 @@ TEST(RingMarkerIndex, BigSolidRingOfTheMixedBoardNeedsNoLine) {
   EXPECT_EQ(seeds.marker_image_points[4], cv::Point2f(0, 80));
 }
 
-TEST(RingMarkerIndex, EmptyListsFail) {
+TEST(MarkerIndexRingMarkerIndex, EmptyListsFail) {
   const std::vector<Ellipse> rings = {at(0, 0), at(100, 0), at(100, 80), at(0, 80)}, none;
   std::vector<Ellipse> all = rings, empty;
   MarkerSeeds seeds;
@@ -194,9 +194,9 @@ std::vector<Ellipse> bigDots(BoardView& view, const std::vector<std::size_t>& or
   return bigs;
 }
 
-class BigDots : public testing::TestWithParam<std::tuple<int, double>> {};
+class MarkerIndexBigDots : public testing::TestWithParam<std::tuple<int, double>> {};
 
-TEST_P(BigDots, NumberTheWholeBoard) {
+TEST_P(MarkerIndexBigDots, NumberTheWholeBoard) {
   BoardView view(35, 37, tiltedCamera(30, std::get<0>(GetParam()), std::get<1>(GetParam())));
   MarkerSeeds seeds;
   ASSERT_TRUE(GetCircleIndexBigDots(exampleBigDotBoard(), {}, bigDots(view, {2, 0, 3, 1}), view.all, seeds));
@@ -209,9 +209,10 @@ TEST_P(BigDots, NumberTheWholeBoard) {
   for (const auto& point : result.points) EXPECT_EQ(point.id, view.trueId(point));
 }
 
-INSTANTIATE_TEST_SUITE_P(Views, BigDots, testing::Combine(testing::Values(0, 1, 2, 3), testing::Values(0.0, 0.004)));
+INSTANTIATE_TEST_SUITE_P(Views, MarkerIndexBigDots,
+                         testing::Combine(testing::Values(0, 1, 2, 3), testing::Values(0.0, 0.004)));
 
-TEST(BigDotMarkerIndex, LandMarksStandForTheLayout) {
+TEST(MarkerIndexBigDotMarkerIndex, LandMarksStandForTheLayout) {
   BoardView view(35, 37, tiltedCamera(30, 0));
   kestrune::RingTargetConfig config = exampleBigDotBoard();
   config.inner_width = config.inner_height = 33;
@@ -223,7 +224,7 @@ TEST(BigDotMarkerIndex, LandMarksStandForTheLayout) {
   EXPECT_EQ(view.at(16, 19).id, 19 * 37 + 16);
 }
 
-TEST(BigDotMarkerIndex, WrongShapeFailsWithoutAWord) {
+TEST(MarkerIndexBigDotMarkerIndex, WrongShapeFailsWithoutAWord) {
   BoardView view(35, 37, tiltedCamera(30, 0));
   const std::vector<Ellipse> square = {view.at(4, 4), view.at(8, 4), view.at(8, 8), view.at(4, 8)};
   MarkerSeeds seeds;
@@ -232,7 +233,7 @@ TEST(BigDotMarkerIndex, WrongShapeFailsWithoutAWord) {
   EXPECT_EQ(console.err(), "");
 }
 
-TEST(BigDotMarkerIndex, ListsThatAreEmptyOrNotFourFail) {
+TEST(MarkerIndexBigDotMarkerIndex, ListsThatAreEmptyOrNotFourFail) {
   BoardView view(35, 37, tiltedCamera(30, 0));
   std::vector<Ellipse> none;
   MarkerSeeds seeds;

@@ -16,7 +16,7 @@ using kestrune::modelFromImage;
 using kestrune::nearestFive;
 using kestrune::truncated;
 
-TEST(NearestFive, HalvesGoAwayFromZero) {
+TEST(ModelCoordinatesNearestFive, HalvesGoAwayFromZero) {
   EXPECT_EQ(nearestFive(0.0F), 0);
   EXPECT_EQ(nearestFive(2.4F), 0);
   EXPECT_EQ(nearestFive(2.5F), 5);
@@ -28,21 +28,21 @@ TEST(NearestFive, HalvesGoAwayFromZero) {
   EXPECT_EQ(nearestFive(-12.5F), -15);
 }
 
-TEST(NearestFive, StaysWithinAnInteger) {
+TEST(ModelCoordinatesNearestFive, StaysWithinAnInteger) {
   EXPECT_EQ(nearestFive(1e20F), std::numeric_limits<int>::max());
   EXPECT_EQ(nearestFive(-1e20F), std::numeric_limits<int>::min());
   EXPECT_EQ(nearestFive(std::numeric_limits<float>::infinity()), std::numeric_limits<int>::max());
   EXPECT_EQ(nearestFive(std::numeric_limits<float>::quiet_NaN()), std::numeric_limits<int>::min());
 }
 
-TEST(Truncated, CutsTheFraction) {
+TEST(ModelCoordinatesTruncated, CutsTheFraction) {
   EXPECT_EQ(truncated(17.5F), 17);
   EXPECT_EQ(truncated(-17.5F), -17);
   EXPECT_EQ(truncated(2147483648.0F), std::numeric_limits<int>::max());
   EXPECT_EQ(truncated(-2147483648.0F), std::numeric_limits<int>::min());
 }
 
-TEST(ModelFromImage, FourPairsLayEveryDotOnTheModel) {
+TEST(ModelCoordinatesModelFromImage, FourPairsLayEveryDotOnTheModel) {
   const BoardView view(9, 11, tiltedCamera(30, 1, 0.01));
   std::vector<cv::Point2f> image, model;
   for (const auto& [column, row] : {std::pair(0, 0), {10, 0}, {10, 8}, {0, 8}}) {
@@ -78,7 +78,7 @@ double sumOfSquares(const std::vector<cv::Point2f>& mapped, const std::vector<cv
   return sum;
 }
 
-TEST(ModelFromImage, OutlyingPairIsNotLeftOut) {
+TEST(ModelCoordinatesModelFromImage, OutlyingPairIsNotLeftOut) {
   const OutlyingMarker given;
   const std::vector<cv::Point2f> mapped = modelFromImage(given.image, given.model, given.markers);
   const cv::Mat homography = cv::findHomography(given.image, given.model, 0, 3.0, cv::noArray(), 2000, 0.995);
@@ -92,7 +92,7 @@ TEST(ModelFromImage, OutlyingPairIsNotLeftOut) {
 }
 
 // The least sum of squares: every coefficient of the homography, moved to either side, makes it greater.
-TEST(ModelFromImage, SquaresInTheModelAreLeast) {
+TEST(ModelCoordinatesModelFromImage, SquaresInTheModelAreLeast) {
   const OutlyingMarker given;
   const auto mapped = modelFromImage(given.image, given.model, given.markers);
   const cv::Mat_<double> least = cv::findHomography(given.image, mapped);

@@ -50,22 +50,26 @@ std::vector<int> afterIds(const RingTargetConfig& config) {
   return ids(numbered);
 }
 
-TEST(FilterByIds, KeepsTheNamedIdsInTheOrderOfThePoints) {
+TEST(NumberedPointsFilterByIds, KeepsTheNamedIdsInTheOrderOfThePoints) {
   EXPECT_THAT(afterIds(keeping(1, {4, 1, 3, 99})), ElementsAre(1, 3, 4));
 }
 
-TEST(FilterByIds, AnIdNamedTwiceIsKeptTwice) {
+TEST(NumberedPointsFilterByIds, AnIdNamedTwiceIsKeptTwice) {
   EXPECT_THAT(afterIds(keeping(1, {2, 0, 2, 3})), ElementsAre(0, 2, 2, 3));
 }
 
-TEST(FilterByIds, ThreeIdsSwitchItOff) { EXPECT_THAT(afterIds(keeping(1, {4, 1, 3})), ElementsAre(0, 1, 2, 3, 4)); }
+TEST(NumberedPointsFilterByIds, ThreeIdsSwitchItOff) {
+  EXPECT_THAT(afterIds(keeping(1, {4, 1, 3})), ElementsAre(0, 1, 2, 3, 4));
+}
 
-TEST(FilterByIds, OnlyASwitchOfOneSwitchesItOn) {
+TEST(NumberedPointsFilterByIds, OnlyASwitchOfOneSwitchesItOn) {
   EXPECT_THAT(afterIds(keeping(0, {1, 1, 1, 1})), ElementsAre(0, 1, 2, 3, 4));
   EXPECT_THAT(afterIds(keeping(2, {1, 1, 1, 1})), ElementsAre(0, 1, 2, 3, 4));
 }
 
-TEST(FilterByIds, NoneOfTheIdsLeavesNothing) { EXPECT_THAT(afterIds(keeping(1, {7, 8, 9, 10})), IsEmpty()); }
+TEST(NumberedPointsFilterByIds, NoneOfTheIdsLeavesNothing) {
+  EXPECT_THAT(afterIds(keeping(1, {7, 8, 9, 10})), IsEmpty());
+}
 
 std::vector<int> afterRegion(const std::vector<float>& region, cv::Size working,
                              const std::vector<std::pair<double, double>>& centres) {
@@ -74,18 +78,18 @@ std::vector<int> afterRegion(const std::vector<float>& region, cv::Size working,
   return ids(numbered);
 }
 
-TEST(FilterByRegion, BoundsAreExclusive) {
+TEST(NumberedPointsFilterByRegion, BoundsAreExclusive) {
   EXPECT_THAT(afterRegion({0.25F, 0.75F, 0.25F, 0.75F}, {100, 80},
                           {{25, 40}, {25.5, 40}, {75, 40}, {74.5, 40}, {50, 20}, {50, 20.5}, {50, 60}, {50, 59.5}}),
               ElementsAre(1, 3, 5, 7));
 }
 
-TEST(FilterByRegion, OrderIsTwoBoundsOfXThenTwoOfY) {
+TEST(NumberedPointsFilterByRegion, OrderIsTwoBoundsOfXThenTwoOfY) {
   EXPECT_THAT(afterRegion({0.0F, 0.5F, 0.5F, 1.0F}, {100, 100}, {{25, 75}, {75, 25}, {25, 25}, {75, 75}}),
               ElementsAre(0));
 }
 
-TEST(FilterByRegion, BoundsAreSinglePrecisionProducts) {
+TEST(NumberedPointsFilterByRegion, BoundsAreSinglePrecisionProducts) {
   // 0.1F * 641 in single precision is 64.0999985, in double 64.10000095.
   const float bound = 0.1F * 641.0F;
   const double between = (static_cast<double>(bound) + static_cast<double>(0.1F) * 641.0) / 2.0;
@@ -94,15 +98,15 @@ TEST(FilterByRegion, BoundsAreSinglePrecisionProducts) {
   EXPECT_THAT(afterRegion({0.0F, 0.1F, 0.0F, 1.0F}, {641, 641}, {{between, 5}}), IsEmpty());
 }
 
-TEST(FilterByRegion, WholeRegionOfADoubledImageKeepsEveryPoint) {
+TEST(NumberedPointsFilterByRegion, WholeRegionOfADoubledImageKeepsEveryPoint) {
   EXPECT_THAT(afterRegion({0, 1, 0, 1}, {1280, 960}, {{1, 1}, {639, 479}, {320, 240}}), ElementsAre(0, 1, 2));
 }
 
-TEST(FilterByRegion, WholeRegionOfAHalvedImageKeepsTheUpperLeftQuarter) {
+TEST(NumberedPointsFilterByRegion, WholeRegionOfAHalvedImageKeepsTheUpperLeftQuarter) {
   EXPECT_THAT(afterRegion({0, 1, 0, 1}, {1024, 768}, {{1, 1}, {1023, 767}, {1025, 5}, {5, 769}}), ElementsAre(0, 1));
 }
 
-TEST(FilterByRegion, OffWithoutFourValues) {
+TEST(NumberedPointsFilterByRegion, OffWithoutFourValues) {
   EXPECT_THAT(afterRegion({}, {10, 10}, {{100, 100}}), ElementsAre(0));
   EXPECT_THAT(afterRegion({0, 0, 0}, {10, 10}, {{100, 100}}), ElementsAre(0));
 }

@@ -17,7 +17,7 @@ using kestrune::RingTargetConfig;
 
 const std::vector<BoardView::Cell> kBigDots = {{16, 19}, {20, 19}, {20, 15}, {17, 15}};
 
-class Search : public testing::Test {
+class SearchIndexTest : public testing::Test {
  protected:
   std::vector<Ellipse> bigDots() {
     std::vector<Ellipse> bigs;
@@ -39,7 +39,7 @@ class Search : public testing::Test {
 };
 
 // As long as no land mark is set all four are (0, 0), where the dot of id 0 stands.
-TEST_F(Search, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
+TEST_F(SearchIndexTest, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
   ASSERT_TRUE(run());
   EXPECT_EQ(result.points.size(), 1294U);
   EXPECT_EQ(result.identified_ellipses.size(), 1294U);
@@ -52,7 +52,7 @@ TEST_F(Search, NumbersEveryDotButTheOneOnTheUnsetLandMarks) {
 }
 
 // The four big dots alone would lay far dots off their grid points, by more than the reach of 8.
-TEST_F(Search, TheDotsNearTheBigOnesHelpToFindTheFarOnes) {
+TEST_F(SearchIndexTest, TheDotsNearTheBigOnesHelpToFindTheFarOnes) {
   std::vector<Ellipse> bigs = bigDots();
   bigs[0].x += 0.4;
   ASSERT_TRUE(GetCircleIndexBySearch(config, bigs, view.all, seeds, result));
@@ -60,7 +60,7 @@ TEST_F(Search, TheDotsNearTheBigOnesHelpToFindTheFarOnes) {
   expectTrueIds();
 }
 
-TEST_F(Search, DotsOnLandMarksAreLeftOut) {
+TEST_F(SearchIndexTest, DotsOnLandMarksAreLeftOut) {
   config.land_mark_switch = 1;
   config.land_mark1_x = 320, config.land_mark1_y = 380, config.land_mark2_x = 400, config.land_mark2_y = 380;
   config.land_mark3_x = 400, config.land_mark3_y = 300, config.land_mark4_x = 340, config.land_mark4_y = 300;
@@ -72,7 +72,7 @@ TEST_F(Search, DotsOnLandMarksAreLeftOut) {
 }
 
 // Only the layout takes the step in y as it is; land marks do without it, and the grid is square then.
-TEST_F(Search, LandMarksNumberASquareGridWithoutARowPitch) {
+TEST_F(SearchIndexTest, LandMarksNumberASquareGridWithoutARowPitch) {
   config.step_y = 0;
   config.land_mark_switch = 1;
   config.land_mark1_x = 320, config.land_mark1_y = 380, config.land_mark2_x = 400, config.land_mark2_y = 380;
@@ -83,7 +83,7 @@ TEST_F(Search, LandMarksNumberASquareGridWithoutARowPitch) {
   expectTrueIds();
 }
 
-TEST_F(Search, BoardOfTooManyDotsIsRefused) {
+TEST_F(SearchIndexTest, BoardOfTooManyDotsIsRefused) {
   config.rows = config.cols = 65535;
   try {
     run();
@@ -93,7 +93,7 @@ TEST_F(Search, BoardOfTooManyDotsIsRefused) {
   }
 }
 
-TEST_F(Search, LandMarksCountAlsoWhileTheLayoutDoesNotUseThem) {
+TEST_F(SearchIndexTest, LandMarksCountAlsoWhileTheLayoutDoesNotUseThem) {
   config.land_mark2_x = 100, config.land_mark2_y = 40;  // Column 5, row 2.
   ASSERT_TRUE(run());
   EXPECT_FALSE(hasId(0));
@@ -101,7 +101,7 @@ TEST_F(Search, LandMarksCountAlsoWhileTheLayoutDoesNotUseThem) {
   EXPECT_EQ(result.points.size(), 1293U);
 }
 
-TEST_F(Search, ColumnsAndRowsMayDifferInStep) {
+TEST_F(SearchIndexTest, ColumnsAndRowsMayDifferInStep) {
   config.step = 30;
   config.step_y = 20;
   ASSERT_TRUE(run());
@@ -110,7 +110,7 @@ TEST_F(Search, ColumnsAndRowsMayDifferInStep) {
 }
 
 // 1294 matches must exceed the halved count: of 2587 that is 1293, of 2588 it is 1294.
-TEST_F(Search, HalfOfTheEllipsesIsNotEnough) {
+TEST_F(SearchIndexTest, HalfOfTheEllipsesIsNotEnough) {
   for (int i = 0; i < 1292; ++i) view.all.push_back(view.dotAt(-20 - i % 7, -20 - i % 11));
   ASSERT_TRUE(run());
   EXPECT_EQ(result.points.size(), 1294U);
@@ -124,7 +124,7 @@ TEST_F(Search, HalfOfTheEllipsesIsNotEnough) {
 }
 
 // Eight model units are 0.4 pitches at a step of 20.
-TEST_F(Search, DotFarFromItsGridPointHasNoNumber) {
+TEST_F(SearchIndexTest, DotFarFromItsGridPointHasNoNumber) {
   view = BoardView(35, 37, tiltedCamera(30, 0));
   view.at(30, 30) = view.dotAt(30.38, 30);
   view.at(5, 30) = view.dotAt(5, 30.42);
@@ -134,7 +134,7 @@ TEST_F(Search, DotFarFromItsGridPointHasNoNumber) {
   EXPECT_EQ(result.points.size(), 1293U);
 }
 
-TEST_F(Search, GridPointGoesToTheFirstDotOfTheList) {
+TEST_F(SearchIndexTest, GridPointGoesToTheFirstDotOfTheList) {
   view.all.push_back(view.dotAt(30, 30));
   ASSERT_TRUE(run());
   EXPECT_EQ(result.points.size(), 1294U);
@@ -142,7 +142,7 @@ TEST_F(Search, GridPointGoesToTheFirstDotOfTheList) {
 }
 
 // A step of 10 lets 8 units reach two columns: the first free one in the rows' order wins, left before right.
-TEST_F(Search, FirstFreeGridPointWinsOverTheNearest) {
+TEST_F(SearchIndexTest, FirstFreeGridPointWinsOverTheNearest) {
   config.step = config.step_y = 10;
   view = BoardView(35, 37, tiltedCamera(30, 0));
   std::swap(view.all[3 * 37 + 3], view.all[0]);
@@ -153,7 +153,7 @@ TEST_F(Search, FirstFreeGridPointWinsOverTheNearest) {
   EXPECT_EQ(found->id, 2 * 37 + 2);
 }
 
-TEST_F(Search, ListsThatAreEmptyOrTooShortFail) {
+TEST_F(SearchIndexTest, ListsThatAreEmptyOrTooShortFail) {
   EXPECT_FALSE(GetCircleIndexBySearch(config, {}, view.all, seeds, result));
   EXPECT_FALSE(GetCircleIndexBySearch(config, bigDots(), {}, seeds, result));
   std::vector<Ellipse> three = bigDots();
@@ -161,14 +161,14 @@ TEST_F(Search, ListsThatAreEmptyOrTooShortFail) {
   EXPECT_FALSE(GetCircleIndexBySearch(config, three, view.all, seeds, result));
 }
 
-TEST_F(Search, WrongShapeFails) {
+TEST_F(SearchIndexTest, WrongShapeFails) {
   view = BoardView(35, 37, tiltedCamera(30, 0));
   EXPECT_FALSE(GetCircleIndexBySearch(config, {view.at(4, 4), view.at(8, 4), view.at(8, 8), view.at(4, 8)}, view.all,
                                       seeds, result));
 }
 
 // The layout takes the step in y as it is, so that all four markers fall on one line and no homography exists.
-TEST_F(Search, ZeroStepInYEndsInTheExceptionOfTheHomography) {
+TEST_F(SearchIndexTest, ZeroStepInYEndsInTheExceptionOfTheHomography) {
   config.step_y = 0;
   EXPECT_THROW(run(), cv::Exception);
 }

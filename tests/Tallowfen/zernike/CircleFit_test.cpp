@@ -75,9 +75,9 @@ TEST(CircleFit, FitIsTheDirectOne) {
   EXPECT_EQ(2 * ellipse->semi_b, std::min(direct.size.width, direct.size.height));
 }
 
-class TurnedEllipse : public testing::TestWithParam<double> {};
+class CircleFitTurnedEllipse : public testing::TestWithParam<double> {};
 
-TEST_P(TurnedEllipse, AngleIsThatOfTheLongAxis) {
+TEST_P(CircleFitTurnedEllipse, AngleIsThatOfTheLongAxis) {
   const double angle = GetParam() * CV_PI / 180;
   const auto ellipse = fitCircle(outlinePoints({30, 18, angle}));
   ASSERT_TRUE(ellipse);
@@ -86,19 +86,19 @@ TEST_P(TurnedEllipse, AngleIsThatOfTheLongAxis) {
   EXPECT_NEAR(std::abs(std::cos(ellipse->angle - angle)), 1, 1e-4);
 }
 
-INSTANTIATE_TEST_SUITE_P(Degrees, TurnedEllipse, testing::Values(5.0, 30.0, 60.0, 85.0, 100.0, 150.0, 175.0));
+INSTANTIATE_TEST_SUITE_P(Degrees, CircleFitTurnedEllipse, testing::Values(5.0, 30.0, 60.0, 85.0, 100.0, 150.0, 175.0));
 
-TEST(HasDotSize, WidthOfLessThanTwoFifthsOfTheHeightIsFlat) {
+TEST(CircleFitDotSize, WidthOfLessThanTwoFifthsOfTheHeightIsFlat) {
   EXPECT_FALSE(hasDotSize({39, 100}));
   EXPECT_TRUE(hasDotSize({40, 100}));
 }
 
-TEST(HasDotSize, HeightMayBeAsSmallAsItLikes) {
+TEST(CircleFitDotSize, HeightMayBeAsSmallAsItLikes) {
   EXPECT_TRUE(hasDotSize({100, 40}));
   EXPECT_TRUE(hasDotSize({100, 1}));
 }
 
-TEST(HasDotSize, BothSidesDecideOnHugeAndTiny) {
+TEST(CircleFitDotSize, BothSidesDecideOnHugeAndTiny) {
   EXPECT_FALSE(hasDotSize({321, 321}));
   EXPECT_TRUE(hasDotSize({320, 321}));
   EXPECT_TRUE(hasDotSize({321, 320}));
@@ -179,7 +179,7 @@ Points along(const Points& corners) {
 }
 
 // A box has pi w h / (w + h)^2, which is 0.4 where it is 0.176123 times as high as wide.
-TEST(DotOfFit, RoundnessMustReachTwoFifths) {
+TEST(CircleFitDot, RoundnessMustReachTwoFifths) {
   const auto isTaken = [](float height) {
     const cv::RotatedRect fit({50, height / 2}, {70, 70}, 0);
     return dotOfFit(fit, along({{0, 0}, {100, 0}, {100, height}, {0, height}})).has_value();
@@ -190,7 +190,7 @@ TEST(DotOfFit, RoundnessMustReachTwoFifths) {
 
 // A square of 40 px with a notch of 12 px: 20 deep it has 0.85 of its hull, which is less than 0.85 in single
 // precision.
-TEST(DotOfFit, ShareOfTheHullIsComparedInSinglePrecision) {
+TEST(CircleFitDot, ShareOfTheHullIsComparedInSinglePrecision) {
   const auto isTaken = [](float depth) {
     const float end = 40 - depth;
     const Points notched = along({{0, 0}, {40, 0}, {40, 40}, {26, 40}, {26, end}, {14, end}, {14, 40}, {0, 40}});
@@ -201,13 +201,13 @@ TEST(DotOfFit, ShareOfTheHullIsComparedInSinglePrecision) {
 }
 
 // Width 20 and height 10, not turned: e of (10, 0) is 100 / 25 - 1 = 3, e of (0, 5) is 25 / 100 - 1 = -0.75.
-TEST(AlgebraicResidual, WidthGoesWithYAndHeightWithX) {
+TEST(CircleFitAlgebraicResidual, WidthGoesWithYAndHeightWithX) {
   const cv::RotatedRect ellipse({50, 60}, {20, 10}, 0);
   EXPECT_NEAR(algebraicResidual({{60, 60}, {50, 65}}, ellipse), std::sqrt((9 + 0.5625) / 2), 1e-12);
 }
 
 // Turned by a right angle the same points lie on it: the width then stands upright for the formula.
-TEST(AlgebraicResidual, AngleTurnsThePointsBack) {
+TEST(CircleFitAlgebraicResidual, AngleTurnsThePointsBack) {
   const cv::RotatedRect ellipse({50, 60}, {20, 10}, 90);
   EXPECT_NEAR(algebraicResidual({{60, 60}, {50, 65}}, ellipse), 0, 1e-12);
   // By 30 degrees: the point at 10 px in the direction -60 degrees has X = 0, Y = -10.
@@ -216,7 +216,7 @@ TEST(AlgebraicResidual, AngleTurnsThePointsBack) {
   EXPECT_NEAR(algebraicResidual({point}, cv::RotatedRect({50, 60}, {20, 10}, 30)), 0, 1e-6);
 }
 
-TEST(DotOfFit, NothingOfAFitThatIsNotFinite) {
+TEST(CircleFitDot, NothingOfAFitThatIsNotFinite) {
   const Points points = outlinePoints({});
   const cv::RotatedRect good({100.25F, 80.5F}, {40, 40}, 0);
   ASSERT_TRUE(dotOfFit(good, points));
@@ -230,7 +230,7 @@ TEST(DotOfFit, NothingOfAFitThatIsNotFinite) {
 }
 
 // Evenly around, a fit of r times the radius has e = 1 / r^2 - 1 in every point: 2 at r = sqrt(1 / 3).
-TEST(DotOfFit, ResidualMustNotBeAboveTwo) {
+TEST(CircleFitDot, ResidualMustNotBeAboveTwo) {
   const Points points = outlinePoints({});
   const auto scaled = [](double r) {
     const auto side = static_cast<float>(40 * r);
@@ -243,7 +243,7 @@ TEST(DotOfFit, ResidualMustNotBeAboveTwo) {
 
 // Around (0, 0), with a width and a height of 16, e is (x^2 + y^2 - 64) / 64. The numerators here are 81, 105, 170,
 // 217, 105, 82 and 58, whose squares add up to 7 * 128^2: the root mean square of e is 2, without any rounding.
-TEST(DotOfFit, ResidualOfExactlyTwoIsTaken) {
+TEST(CircleFitDot, ResidualOfExactlyTwoIsTaken) {
   const Points points = {{12, -1}, {13, 0}, {15, 3}, {16, 5}, {12, 5}, {11, 5}, {11, 1}};
   const cv::RotatedRect fit({0, 0}, {16, 16}, 0);
   ASSERT_EQ(algebraicResidual(points, fit), 2.0);
@@ -252,7 +252,7 @@ TEST(DotOfFit, ResidualOfExactlyTwoIsTaken) {
 }
 
 // Without height, 0 / 0 for points that stand straight across the centre. Such a residual is not above the limit.
-TEST(DotOfFit, ResidualThatIsNotANumberIsNotAboveTheLimit) {
+TEST(CircleFitDot, ResidualThatIsNotANumberIsNotAboveTheLimit) {
   Points points = outlinePoints({});
   for (auto& p : points) p -= cv::Point2f(100.25F, 80.5F);
   points[25].x = 0;
@@ -267,7 +267,7 @@ TEST(DotOfFit, ResidualThatIsNotANumberIsNotAboveTheLimit) {
   EXPECT_FALSE(dotOfFit(flat, points));
 }
 
-TEST(AlgebraicResidual, NotANumberForAFitThatFailed) {
+TEST(CircleFitAlgebraicResidual, NotANumberForAFitThatFailed) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
   EXPECT_TRUE(std::isnan(algebraicResidual({{1, 1}}, cv::RotatedRect({nan, 0}, {20, 20}, 0))));
 }

@@ -18,9 +18,9 @@ struct LimitsCase {
   double least;
 };
 
-class DotRange : public testing::TestWithParam<LimitsCase> {};
+class DotContourDotRange : public testing::TestWithParam<LimitsCase> {};
 
-TEST_P(DotRange, EndsOfTheLengthBelongToIt) {
+TEST_P(DotContourDotRange, EndsOfTheLengthBelongToIt) {
   const LimitsCase& c = GetParam();
   EXPECT_FALSE(c.limits.admitLength(c.fewest - 1));
   EXPECT_TRUE(c.limits.admitLength(c.fewest));
@@ -28,7 +28,7 @@ TEST_P(DotRange, EndsOfTheLengthBelongToIt) {
   EXPECT_FALSE(c.limits.admitLength(501));
 }
 
-TEST_P(DotRange, EndsOfTheCircularityBelongToIt) {
+TEST_P(DotContourDotRange, EndsOfTheCircularityBelongToIt) {
   const LimitsCase& c = GetParam();
   EXPECT_FALSE(c.limits.admitCircularity(std::nextafter(c.least, 0.0)));
   EXPECT_TRUE(c.limits.admitCircularity(c.least));
@@ -36,12 +36,12 @@ TEST_P(DotRange, EndsOfTheCircularityBelongToIt) {
   EXPECT_FALSE(c.limits.admitCircularity(std::nextafter(1.25, 2.0)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Limits, DotRange,
+INSTANTIATE_TEST_SUITE_P(Limits, DotContourDotRange,
                          testing::Values(LimitsCase{"Counted", kCountedDots, 60, 0.6000000238418579},
                                          LimitsCase{"Fitted", kFittedDots, 30, 0.30000001192092896}),
                          [](const auto& entry) { return entry.param.name; });
 
-TEST(Circularity, ByHand) {
+TEST(DotContourCircularity, ByHand) {
   EXPECT_NEAR(circularityOf({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), CV_PI / 4, 1e-12);
   EXPECT_EQ(circularityOf({{5, 5}}), 0);
 }

@@ -59,7 +59,7 @@ cv::Mat_<int> aboveMean(const cv::Mat& grey, int block) {
 
 // Bright pixels lie above their mean less 2.5. OpenCV cuts that number to 2 for the dark ones, so that two below the
 // mean is white by either rule.
-TEST(FindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
+TEST(PolarityCheckFindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
   const cv::Mat grey = noisySlope();
   for (const int block : {37, 21}) {
     const cv::Mat_<int> above = aboveMean(grey, block);
@@ -76,7 +76,7 @@ TEST(FindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
 }
 
 // Outlines of one level and the holes in them, every pixel of each: what stands in a hole has no parent.
-TEST(FindContoursByLocalMean, OutlinesHaveTwoLevels) {
+TEST(PolarityCheckFindContoursByLocalMean, OutlinesHaveTwoLevels) {
   cv::Mat bin;
   std::vector<Contour> contours(3), expected;
   std::vector<cv::Vec4i> hierarchy(5), relatives;
@@ -143,10 +143,10 @@ struct OutlineCase {
   bool counted;
 };
 
-class OutlineOfADot : public testing::TestWithParam<OutlineCase> {};
+class PolarityCheckOutlineOfADot : public testing::TestWithParam<OutlineCase> {};
 
 // Ten of the same, of which none has a parent: all count or none.
-TEST_P(OutlineOfADot, CountsWithinTheLimits) {
+TEST_P(PolarityCheckOutlineOfADot, CountsWithinTheLimits) {
   const cv::Mat grey(60, 60, CV_8UC1, cv::Scalar(128));
   cv::Mat bin(60, 60, CV_8UC1, cv::Scalar(7));
   std::vector<Contour> contours(10, GetParam().contour), candidates;
@@ -159,7 +159,7 @@ TEST_P(OutlineOfADot, CountsWithinTheLimits) {
 }
 
 // Boxes of 80 x 28 and 80 x 27 have circularities of 0.603 and 0.593.
-INSTANTIATE_TEST_SUITE_P(Ends, OutlineOfADot,
+INSTANTIATE_TEST_SUITE_P(Ends, PolarityCheckOutlineOfADot,
                          testing::Values(OutlineCase{"SixtyPoints", boxOutline(15, 15), true},
                                          OutlineCase{"FiftyNinePoints", onePointLess(boxOutline(15, 15)), false},
                                          OutlineCase{"FiveHundredPoints", boxOutline(125, 125), true},

@@ -169,7 +169,7 @@ TEST(SubPixelCircleDetector, SmallDotsAreLeftOut) {
   EXPECT_EQ(detect(discs(6.5, 25, 215)).size(), 16U);
 }
 
-TEST(CanBeDot, FromThirtyToFiveHundredPoints) {
+TEST(SubPixelCircleDetectorCanBeDot, FromThirtyToFiveHundredPoints) {
   const cv::Vec4i top = cv::Vec4i::all(-1);
   const auto thirty = boxOutline(8, 7), most = boxOutline(125, 125);
   EXPECT_FALSE(canBeDot(onePointLess(thirty), top));
@@ -179,13 +179,13 @@ TEST(CanBeDot, FromThirtyToFiveHundredPoints) {
 }
 
 // Boxes of 80 x 10 and 80 x 9 have circularities of 0.310 and 0.286.
-TEST(CanBeDot, MustBeRoundEnough) {
+TEST(SubPixelCircleDetectorCanBeDot, MustBeRoundEnough) {
   const cv::Vec4i top = cv::Vec4i::all(-1);
   EXPECT_TRUE(canBeDot(boxOutline(80, 10), top));
   EXPECT_FALSE(canBeDot(boxOutline(80, 9), top));
 }
 
-TEST(CanBeDot, OnlyWithoutAParent) {
+TEST(SubPixelCircleDetectorCanBeDot, OnlyWithoutAParent) {
   EXPECT_TRUE(canBeDot(boxOutline(15, 15), {3, 4, 5, -1}));
   EXPECT_FALSE(canBeDot(boxOutline(15, 15), {-1, -1, -1, 0}));
 }

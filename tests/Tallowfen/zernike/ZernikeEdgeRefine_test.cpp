@@ -21,12 +21,12 @@ constexpr int kCentre = 15;
 // Eight times the same point, since fewer make no contour.
 EdgePoints refineAt(const cv::Mat& image, cv::Point point) { return ZernikeEdgeRefine(image, {Contour(8, point)}, 7); }
 
-class StepEdge : public testing::TestWithParam<std::tuple<double, double>> {};
+class ZernikeEdgeRefineStepEdge : public testing::TestWithParam<std::tuple<double, double>> {};
 
 // The moments are those of the unit disk, the pixels are squares that stand out of it: this leaves less than 0.08 px
 // near the point. What has to hold is that the point lies on the edge, straight across from where the contour
 // was.
-TEST_P(StepEdge, IsFoundToAFractionOfAPixel) {
+TEST_P(ZernikeEdgeRefineStepEdge, IsFoundToAFractionOfAPixel) {
   const auto [distance, degrees] = GetParam();
   const double angle = degrees * CV_PI / 180;
   const EdgePoints edges = refineAt(renderStep(kSide, distance, angle, 40, 200), {kCentre, kCentre});
@@ -38,7 +38,7 @@ TEST_P(StepEdge, IsFoundToAFractionOfAPixel) {
   EXPECT_NEAR(aside, 0, 0.08);
 }
 
-INSTANTIATE_TEST_SUITE_P(DistancesAndDirections, StepEdge,
+INSTANTIATE_TEST_SUITE_P(DistancesAndDirections, ZernikeEdgeRefineStepEdge,
                          testing::Combine(testing::Values(-1.3, -0.6, -0.25, 0.0, 0.1, 0.4, 0.8, 1.2),
                                           testing::Values(0.0, 17.0, 45.0, 90.0, 135.0, 180.0, 211.0, 270.0, 330.0)));
 
@@ -95,7 +95,7 @@ TEST(ZernikeEdgeRefine, StepsTooFarFromThePointGiveNoEdge) {
 }
 
 // Without a radial moment the edge passes through the point and k is 1.5 times the first moment.
-TEST(EdgePoint, StepMustBeAboveTheLimit) {
+TEST(ZernikeEdgeRefineEdgePoint, StepMustBeAboveTheLimit) {
   const auto isTaken = [](double x) { return edgePoint({15, 15}, {x, 0, 0}, 7).has_value(); };
   double limit = 1.27 / 1.5;
   while (limit * 1.5 < 1.27) limit = std::nextafter(limit, 1.0);
@@ -110,7 +110,7 @@ TEST(EdgePoint, StepMustBeAboveTheLimit) {
 }
 
 // Off the point, k grows by 1 / (1 - l^2)^1.5: at l = 0.6 that is 1 / 0.512.
-TEST(EdgePoint, StepIsMeasuredAtItsDistance) {
+TEST(ZernikeEdgeRefineEdgePoint, StepIsMeasuredAtItsDistance) {
   const auto isTaken = [](double k) {
     const double x = k * 0.512 / 1.5;
     return edgePoint({15, 15}, {0, x, 0.6 * x}, 7).has_value();
@@ -120,7 +120,7 @@ TEST(EdgePoint, StepIsMeasuredAtItsDistance) {
 }
 
 // A first moment of 8 leaves the quotient exact.
-TEST(EdgePoint, DistanceMustBeBelowTheLimit) {
+TEST(ZernikeEdgeRefineEdgePoint, DistanceMustBeBelowTheLimit) {
   const auto isTaken = [](double l) { return edgePoint({15, 15}, {8, 0, 8 * l}, 7).has_value(); };
   const double limit = 1 / std::sqrt(2.0);
   for (const double sign : {-1.0, 1.0}) {
@@ -131,14 +131,14 @@ TEST(EdgePoint, DistanceMustBeBelowTheLimit) {
 }
 
 // The first moment (3, 4) is 5 long in the direction (0.6, 0.8); l = 2.5 / 5, half of the 3.5 px.
-TEST(EdgePoint, LiesAlongTheFirstMoment) {
+TEST(ZernikeEdgeRefineEdgePoint, LiesAlongTheFirstMoment) {
   const auto edge = edgePoint({15, 20}, {3, 4, 2.5}, 7);
   ASSERT_TRUE(edge);
   EXPECT_NEAR(edge->x, 15 + 0.6 * 1.75, 1e-12);
   EXPECT_NEAR(edge->y, 20 + 0.8 * 1.75, 1e-12);
 }
 
-TEST(EdgePoint, FlatNeighbourhoodHasNone) {
+TEST(ZernikeEdgeRefineEdgePoint, FlatNeighbourhoodHasNone) {
   EXPECT_FALSE(edgePoint({15, 15}, {0, 0, 0}, 7));
   EXPECT_FALSE(edgePoint({15, 15}, {0, 0, 3}, 7));
 }
@@ -148,17 +148,17 @@ struct BorderCase {
   bool taken;
 };
 
-class BorderPoint : public testing::TestWithParam<BorderCase> {};
+class ZernikeEdgeRefineBorderPoint : public testing::TestWithParam<BorderCase> {};
 
 // Bright wherever x + y is large, so that an edge passes each of the points tried.
-TEST_P(BorderPoint, NeedsFourPixelsToTheEdgeOfTheImage) {
+TEST_P(ZernikeEdgeRefineBorderPoint, NeedsFourPixelsToTheEdgeOfTheImage) {
   const cv::Point point = GetParam().point;
   const cv::Mat image =
       renderShape({40, 30}, 200, 40, [&](double x, double y) { return x + y > point.x + point.y + 0.3; });
   EXPECT_EQ(refineAt(image, point).size(), GetParam().taken ? 1U : 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllSides, BorderPoint,
+INSTANTIATE_TEST_SUITE_P(AllSides, ZernikeEdgeRefineBorderPoint,
                          testing::Values(BorderCase{{4, 15}, true}, BorderCase{{3, 15}, false},
                                          BorderCase{{20, 4}, true}, BorderCase{{20, 3}, false},
                                          BorderCase{{35, 15}, true}, BorderCase{{36, 15}, false},

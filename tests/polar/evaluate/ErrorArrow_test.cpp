@@ -17,9 +17,9 @@ struct ArrowCase {
   int tip;  ///< Row of the arrow's end: 40.6 and 300 times the error, rounded.
 };
 
-class ResidualArrow : public testing::TestWithParam<ArrowCase> {};
+class ErrorArrowResidualArrow : public testing::TestWithParam<ArrowCase> {};
 
-TEST_P(ResidualArrow, PointsDownThreeHundredTimesTheError) {
+TEST_P(ErrorArrowResidualArrow, PointsDownThreeHundredTimesTheError) {
   const ArrowCase& arrow = GetParam();
   const cv::Mat image(120, 60, CV_8UC3, cv::Scalar(70, 80, 90));
   cv::Mat picture = image.clone();
@@ -36,7 +36,7 @@ TEST_P(ResidualArrow, PointsDownThreeHundredTimesTheError) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Limits, ResidualArrow,
+    Limits, ErrorArrowResidualArrow,
     testing::Values(ArrowCase{"NoneIsGreen", 0.0, kGreen, 41}, ArrowCase{"SmallIsGreen", 0.02, kGreen, 47},
                     ArrowCase{"JustBelow", 0.0299999, kGreen, 50}, ArrowCase{"AtTheLimitRed", 0.03, kRed, 50},
                     ArrowCase{"LargeIsRed", 0.1, kRed, 71}, ArrowCase{"BeyondThePicture", 5.0, kRed, 1541}),

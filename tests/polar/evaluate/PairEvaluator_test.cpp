@@ -32,9 +32,9 @@ TEST(PairEvaluator, UsableFollowsTheCountOfSharedPoints) {
   EXPECT_EQ(evaluator.usable, 1);
 }
 
-class MeasurementForm : public testing::TestWithParam<std::int32_t> {};
+class PairEvaluatorMeasurementForm : public testing::TestWithParam<std::int32_t> {};
 
-TEST_P(MeasurementForm, FollowsTheModel) {
+TEST_P(PairEvaluatorMeasurementForm, FollowsTheModel) {
   EvaluatorFixture fixture;
   fixture.shared(3, {1, 2}, {3, 4});
   fixture.measured = -6;
@@ -45,7 +45,7 @@ TEST_P(MeasurementForm, FollowsTheModel) {
   EXPECT_EQ(pair.left_points.size(), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(FullAndDetection, MeasurementForm, testing::Values(0, 1));
+INSTANTIATE_TEST_SUITE_P(FullAndDetection, PairEvaluatorMeasurementForm, testing::Values(0, 1));
 
 TEST(PairEvaluator, AnyOtherModelMeasuresNothing) {
   EvaluatorFixture fixture;

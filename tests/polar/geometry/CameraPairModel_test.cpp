@@ -16,7 +16,7 @@ PinholeCameraIntrinsicsPOL shiftCamera(float x, float y) {
   return PinholeCameraIntrinsicsPOL(640, 480, 500, 500, 320, 240, 1.0, tables);
 }
 
-TEST(BrownPairModel, TakesEachSidesOwnEightCoefficients) {
+TEST(CameraPairModelBrown, TakesEachSidesOwnEightCoefficients) {
   // Radial coefficient k1 alone: x (1 + k1 r^2).
   CameraFloats left{};
   CameraFloats right{};
@@ -28,7 +28,7 @@ TEST(BrownPairModel, TakesEachSidesOwnEightCoefficients) {
   EXPECT_FALSE(model.marksFailures());
 }
 
-TEST(BrownPairModel, ReadsTheTangentialPairLast) {
+TEST(CameraPairModelBrown, ReadsTheTangentialPairLast) {
   CameraFloats camera{};
   camera.p1 = 0.125F;
   camera.p2 = 0.25F;
@@ -38,7 +38,7 @@ TEST(BrownPairModel, ReadsTheTangentialPairLast) {
   EXPECT_DOUBLE_EQ(raw.y, 1.0 + 2 * 0.25 * 0.5 + 0.125 * (1.25 + 2 * 1.0));
 }
 
-TEST(BrownPairModel, UndistortsWhatItDistorted) {
+TEST(CameraPairModelBrown, UndistortsWhatItDistorted) {
   CameraFloats camera{};
   camera.k1 = -0.1F;
   camera.p1 = 0.001F;
@@ -49,7 +49,7 @@ TEST(BrownPairModel, UndistortsWhatItDistorted) {
   EXPECT_NEAR(ideal.y, -0.2, 2e-6);
 }
 
-TEST(ObjectPairModel, AsksEachSidesOwnCamera) {
+TEST(CameraPairModelObject, AsksEachSidesOwnCamera) {
   const auto left = shiftCamera(0.25F, 0.0F);
   const auto right = shiftCamera(0.0F, -0.5F);
   const ObjectPairModel model(left, right);

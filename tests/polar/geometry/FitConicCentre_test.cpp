@@ -24,16 +24,16 @@ std::vector<cv::Point2f> outline(const EllipseCase& e, int count) {
   return points;
 }
 
-class KnownEllipse : public testing::TestWithParam<EllipseCase> {};
+class FitConicCentreKnownEllipse : public testing::TestWithParam<EllipseCase> {};
 
-TEST_P(KnownEllipse, GivesItsCentre) {
+TEST_P(FitConicCentreKnownEllipse, GivesItsCentre) {
   cv::Point2f centre(-1, -1);
   EXPECT_EQ(FitConicCentre(outline(GetParam(), 24), centre), 1);
   EXPECT_NEAR(centre.x, GetParam().x, 0.01);
   EXPECT_NEAR(centre.y, GetParam().y, 0.01);
 }
 
-INSTANTIATE_TEST_SUITE_P(Shapes, KnownEllipse,
+INSTANTIATE_TEST_SUITE_P(Shapes, FitConicCentreKnownEllipse,
                          testing::Values(EllipseCase{"Circle", 50, 60, 10, 10, 0},
                                          EllipseCase{"Lying", 120.25, 80.5, 14, 7, 0},
                                          EllipseCase{"Turned", 200, 150.75, 12, 8, 0.7},

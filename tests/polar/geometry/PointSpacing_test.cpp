@@ -106,14 +106,14 @@ struct LargestCase {
   std::vector<CloudPoint> cloud;  // True step 10.
   float largest;
 };
-class LargestOfAll : public ::testing::TestWithParam<LargestCase> {};
+class PointSpacingLargestOfAll : public ::testing::TestWithParam<LargestCase> {};
 
-TEST_P(LargestOfAll, ComparesTheRowsLargestWithTheColumnsSmallest) {
+TEST_P(PointSpacingLargestOfAll, ComparesTheRowsLargestWithTheColumnsSmallest) {
   EXPECT_EQ(spacingFigures(GetParam().cloud, 10.0F).all.max, GetParam().largest);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Cases, LargestOfAll,
+    Cases, PointSpacingLargestOfAll,
     ::testing::Values(
         LargestCase{"RowsAboveColumnsSmallestHideTheColumnsLargest", {withDistances(16, 15), withDistances(16, 30)}, 6},
         LargestCase{"RowsBelowColumnsSmallest", {withDistances(14, 15), withDistances(14, 30)}, 20},

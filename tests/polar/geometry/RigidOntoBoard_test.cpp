@@ -29,9 +29,9 @@ TEST(RigidOntoBoard, FindsTheMotionOfAMovedSet) {
   EXPECT_LT((motion.t - t).norm(), 1e-13);
 }
 
-class MirroredSet : public ::testing::TestWithParam<int> {};
+class RigidOntoBoardMirroredSet : public ::testing::TestWithParam<int> {};
 
-TEST_P(MirroredSet, GivesAProperRotation) {
+TEST_P(RigidOntoBoardMirroredSet, GivesAProperRotation) {
   // The reflection itself would fit without any error; the best proper rotation turns the shortest axis over as well.
   Eigen::Matrix3d mirror = Eigen::Matrix3d::Identity();
   mirror(GetParam(), GetParam()) = -1.0;
@@ -43,7 +43,7 @@ TEST_P(MirroredSet, GivesAProperRotation) {
   EXPECT_LT((motion.t - Eigen::Vector3d(1, 2, 3)).norm(), 1e-14);
 }
 
-INSTANTIATE_TEST_SUITE_P(Axes, MirroredSet, ::testing::Values(0, 1, 2));
+INSTANTIATE_TEST_SUITE_P(Axes, RigidOntoBoardMirroredSet, ::testing::Values(0, 1, 2));
 
 TEST(RigidOntoBoard, CoplanarBoardGivesAProperRotation) {
   Points plane = axisCross();

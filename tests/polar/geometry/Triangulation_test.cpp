@@ -193,7 +193,7 @@ TEST(Triangulation, MissingCameraMatrixIsAnError) {
   EXPECT_THROW(TriangulatePair({1, 2}, {3, 4}, cameras, ScriptedModel()), cv::Exception);
 }
 
-TEST(Prediction, GoesThroughTheLensAndTheMatrixOfItsOwnSide) {
+TEST(TriangulationPrediction, GoesThroughTheLensAndTheMatrixOfItsOwnSide) {
   const cv::Mat K = plainCameras().left_K;
   const ScriptedModel model;
   const cv::Point2f right = predictRightPixel({50.0F, -20.0F, 400.0F}, K, model);
@@ -203,7 +203,7 @@ TEST(Prediction, GoesThroughTheLensAndTheMatrixOfItsOwnSide) {
   EXPECT_EQ(left.x, static_cast<float>(0.125 * 700.3 + 320.7));
 }
 
-TEST(Prediction, ZeroPointIsMarkedOnTheRightOfAModelThatMarksFailures) {
+TEST(TriangulationPrediction, ZeroPointIsMarkedOnTheRightOfAModelThatMarksFailures) {
   const cv::Mat K = plainCameras().left_K;
   ScriptedModel model;
   EXPECT_EQ(predictRightPixel({0, 0, 0}, K, model), cv::Point2f(0, 0));
@@ -212,7 +212,7 @@ TEST(Prediction, ZeroPointIsMarkedOnTheRightOfAModelThatMarksFailures) {
   EXPECT_TRUE(std::isnan(predictRightPixel({0, 0, 0}, K, model).x));
 }
 
-TEST(Prediction, IdealCoordinatesReachTheLensInSinglePrecision) {
+TEST(TriangulationPrediction, IdealCoordinatesReachTheLensInSinglePrecision) {
   const cv::Mat K = plainCameras().left_K;
   const ScriptedModel model;
   const cv::Point3f point(50.1F, -20.3F, 403.7F);

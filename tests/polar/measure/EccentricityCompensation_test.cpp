@@ -44,9 +44,9 @@ TEST(EccentricityCompensation, OutlineOfATiltedCircleGivesTheImageOfItsCentre) {
   EXPECT_GT(std::hypot(600 * ellipse.x + 320 - truth.x, 610 * ellipse.y + 250 - truth.y), 0.2);
 }
 
-class FewEdgePoints : public testing::TestWithParam<int> {};
+class EccentricityCompensationFewEdgePoints : public testing::TestWithParam<int> {};
 
-TEST_P(FewEdgePoints, EndAtTheImageOfTheTurnedOrigin) {
+TEST_P(EccentricityCompensationFewEdgePoints, EndAtTheImageOfTheTurnedOrigin) {
   // The pixel (0, 0) of the turned view, carried back by K R K^-1.
   const TiltedCircle circle;
   const cv::Vec3d p = kK * circle.R() * kK.inv() * cv::Vec3d(0, 0, 1);
@@ -58,6 +58,6 @@ TEST_P(FewEdgePoints, EndAtTheImageOfTheTurnedOrigin) {
   EXPECT_GT(cv::norm(cv::Point2d(compensated) - circle.seen(circle.centre)), 100.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Counts, FewEdgePoints, testing::Values(0, 1, 4));
+INSTANTIATE_TEST_SUITE_P(Counts, EccentricityCompensationFewEdgePoints, testing::Values(0, 1, 4));
 
 }  // namespace

@@ -28,16 +28,16 @@ TEST(ImageNormalisation, ColoursAreTakenAsBlueGreenRed) {
   EXPECT_EQ(normaliseTo8Bit(four).type(), CV_8UC1);
 }
 
-class UntouchedType : public testing::TestWithParam<int> {};
+class ImageNormalisationUntouchedType : public testing::TestWithParam<int> {};
 
-TEST_P(UntouchedType, ComesBackAsItIs) {
+TEST_P(ImageNormalisationUntouchedType, ComesBackAsItIs) {
   const cv::Mat image(3, 4, GetParam(), cv::Scalar(9));
   const cv::Mat result = normaliseTo8Bit(image);
   EXPECT_EQ(result.type(), GetParam());
   EXPECT_EQ(result.data, image.data);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, UntouchedType, testing::Values(CV_8UC1, CV_16UC3, CV_32FC1, CV_8UC2));
+INSTANTIATE_TEST_SUITE_P(Types, ImageNormalisationUntouchedType, testing::Values(CV_8UC1, CV_16UC3, CV_32FC1, CV_8UC2));
 
 TEST(ImageNormalisation, EmptyStaysEmpty) { EXPECT_TRUE(normaliseTo8Bit(cv::Mat(0, 0, CV_16UC1)).empty()); }
 

@@ -42,19 +42,19 @@ TEST(MeasurementCanvas, EmptyImageLeavesItBlack) {
 }
 
 /// A pair of differing grey images and the picture that they make side by side.
-struct MarkedCanvas : testing::Test {
+struct MeasurementCanvasMarked : testing::Test {
   cv::Mat left = cv::Mat(120, 200, CV_8UC1, cv::Scalar(40));
   cv::Mat right = cv::Mat(120, 200, CV_8UC1, cv::Scalar(90));
   cv::Mat expected = cv::Mat(120, 400, CV_8UC3, cv::Scalar::all(40));
   MeasurementCanvas canvas = MeasurementCanvas(left, right);
 
-  MarkedCanvas() { expected.colRange(200, 400).setTo(cv::Scalar::all(90)); }
+  MeasurementCanvasMarked() { expected.colRange(200, 400).setTo(cv::Scalar::all(90)); }
   void expectPicture() const { EXPECT_EQ(cv::norm(canvas.picture(), expected, cv::NORM_INF), 0.0); }
 };
 
-TEST_F(MarkedCanvas, UnmarkedItIsTheTwoImages) { expectPicture(); }
+TEST_F(MeasurementCanvasMarked, UnmarkedItIsTheTwoImages) { expectPicture(); }
 
-TEST_F(MarkedCanvas, ChosenPointGetsACircleAndItsId) {
+TEST_F(MeasurementCanvasMarked, ChosenPointGetsACircleAndItsId) {
   const cv::Scalar red(0, 0, 255);
   canvas.markPoint(Side::kLeft, 7, {30.6, 80.4});
   cv::circle(expected, {31, 80}, 2, red, 1, cv::LINE_8);
@@ -66,7 +66,7 @@ TEST_F(MarkedCanvas, ChosenPointGetsACircleAndItsId) {
   expectPicture();
 }
 
-TEST_F(MarkedCanvas, PointsMoveToTheRightInSinglePrecision) {
+TEST_F(MeasurementCanvasMarked, PointsMoveToTheRightInSinglePrecision) {
   // As a float 51.499992, plus 200, is a tie that ends at 251.5.
   const cv::Scalar red(0, 0, 255);
   canvas.markPoint(Side::kRight, 1, {51.499992, 60});
@@ -75,7 +75,7 @@ TEST_F(MarkedCanvas, PointsMoveToTheRightInSinglePrecision) {
   expectPicture();
 }
 
-TEST_F(MarkedCanvas, EdgesAreGreenOnTheLeftAndBlueOnTheRight) {
+TEST_F(MeasurementCanvasMarked, EdgesAreGreenOnTheLeftAndBlueOnTheRight) {
   canvas.markEdge(Side::kLeft, {{20.4F, 30.6F}, {60.0F, 70.0F}});
   cv::circle(expected, {20, 31}, 1, cv::Scalar(0, 255, 0), 1, cv::LINE_8);
   cv::circle(expected, {60, 70}, 1, cv::Scalar(0, 255, 0), 1, cv::LINE_8);

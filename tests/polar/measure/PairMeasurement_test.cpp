@@ -294,9 +294,9 @@ TEST_F(PairMeasurement, PoseIsTakenThroughTheLensOfEachSide) {
   }
 }
 
-class ChosenPoint : public PairMeasurement, public testing::WithParamInterface<int> {};
+class PairMeasurementChosenPoint : public PairMeasurement, public testing::WithParamInterface<int> {};
 
-TEST_P(ChosenPoint, IsMarkedInBothHalves) {
+TEST_P(PairMeasurementChosenPoint, IsMarkedInBothHalves) {
   const std::array<std::int32_t*, 4> ids = {&config.TriPoint1_ID, &config.TriPoint2_ID, &config.TriPoint3_ID,
                                             &config.TriPoint4_ID};
   for (std::int32_t* id : ids) *id = -7;
@@ -316,6 +316,6 @@ TEST_P(ChosenPoint, IsMarkedInBothHalves) {
   EXPECT_EQ(redAround(rendered.truth().dots.at(100).ellipse_left.centre, 0), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, ChosenPoint, testing::Values(0, 1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(Keys, PairMeasurementChosenPoint, testing::Values(0, 1, 2, 3));
 
 }  // namespace

@@ -8,15 +8,15 @@
 
 namespace {
 
-struct Frames : ::testing::Test, RunFixture {
-  Frames() { config.frame_work = 1; }
+struct FrameRun : ::testing::Test, RunFixture {
+  FrameRun() { config.frame_work = 1; }
   std::int32_t run() {
     applyConfig();
     return core.FrameRun(arguments, calib);
   }
 };
 
-TEST_F(Frames, FailingFrameStillMakesARecordARowAndAReport) {
+TEST_F(FrameRun, FailingFrameStillMakesARecordARowAndAReport) {
   pairs(2, 400, 300);  // No board in the images and no frame points asked for.
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.records.size(), 2U);
@@ -25,14 +25,14 @@ TEST_F(Frames, FailingFrameStillMakesARecordARowAndAReport) {
             "id \nImages_num_: 1_PolarVersion_: 1.3.3\nImages_num_: 2_PolarVersion_: 1.3.3\n\n");
 }
 
-TEST_F(Frames, SecondRunReplacesTheFirstsTable) {
+TEST_F(FrameRun, SecondRunReplacesTheFirstsTable) {
   folder.write("frame_result.csv", "old");
   pairs(0);
   run();
   EXPECT_EQ(folder.read("frame_result.csv"), "id \n\n");
 }
 
-TEST_F(Frames, PolyWithoutTablesHasTheImageTextHere) {
+TEST_F(FrameRun, PolyWithoutTablesHasTheImageTextHere) {
   pairs(1);
   arguments.images.pop_back();
   config.type = 3;
@@ -40,35 +40,35 @@ TEST_F(Frames, PolyWithoutTablesHasTheImageTextHere) {
   EXPECT_EQ(core.errorText, "Read image Error!");
 }
 
-TEST_F(Frames, NoStereoSet) {
+TEST_F(FrameRun, NoStereoSet) {
   arguments.images.resize(3);
   EXPECT_EQ(run(), polar_status::kImages);
   EXPECT_EQ(core.errorText, "Read image Error!");
   EXPECT_EQ(folder.read("frame_result.csv"), "id \n");
 }
 
-TEST_F(Frames, EmptyImageEndsTheRun) {
+TEST_F(FrameRun, EmptyImageEndsTheRun) {
   pairs(1);
   arguments.images[0][0] = cv::Mat();
   EXPECT_EQ(run(), polar_status::kImages);
   EXPECT_THAT(console.out(), ::testing::HasSubstr("The image is empty!\n"));
 }
 
-TEST_F(Frames, CallbackStops) {
+TEST_F(FrameRun, CallbackStops) {
   pairs(1);
   stop_at = 0.003F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
   EXPECT_EQ(core.errorText, "Callback Terminated!");
 }
 
-TEST_F(Frames, NoFolderAndNoPictureWhateverTheSwitchesSay) {
+TEST_F(FrameRun, NoFolderAndNoPictureWhateverTheSwitchesSay) {
   config.savepolarline = config.dy_bias_switch = 1;
   pairs(1, 400, 300);
   EXPECT_EQ(run(), 0);
   EXPECT_FALSE(folder.has("result"));
 }
 
-TEST_F(Frames, CropShiftAddsUpHereToo) {
+TEST_F(FrameRun, CropShiftAddsUpHereToo) {
   pairs(2, 400, 300);
   config.crop = 1;
   config.cropped_cols = 390;
@@ -78,7 +78,7 @@ TEST_F(Frames, CropShiftAddsUpHereToo) {
   EXPECT_EQ(core.right.K.at<double>(1, 2), 16.0 - 2 * 10);
 }
 
-TEST_F(Frames, ShortFrameListsFailOnTheAccess) {
+TEST_F(FrameRun, ShortFrameListsFailOnTheAccess) {
   config.Frame_ID = {1, 2};
   config.Frame_IRL = {{10.0, 10.0}};
   config.Frame_IRR = {{10.0, 10.0}};
@@ -87,7 +87,7 @@ TEST_F(Frames, ShortFrameListsFailOnTheAccess) {
   EXPECT_THROW(core.FrameRun(arguments, calib), std::out_of_range);
 }
 
-TEST_F(Frames, LensIsTheTablesOfAPolyRunAndTheCoefficientsOfAnyOther) {
+TEST_F(FrameRun, LensIsTheTablesOfAPolyRunAndTheCoefficientsOfAnyOther) {
   // Two points 420 apart at a distance of 1000, seen without a lens: the other model's lens must play no part.
   const cv::Mat image = discs(discGrid());
   arguments.images = {{image}, {image}};
@@ -114,7 +114,7 @@ TEST_F(Frames, LensIsTheTablesOfAPolyRunAndTheCoefficientsOfAnyOther) {
   EXPECT_GT(std::abs(errorWith(1, 0.2, 0.0F)), 1.0);
 }
 
-TEST_F(Frames, HeaderIsFormedOnlyForAFile) {
+TEST_F(FrameRun, HeaderIsFormedOnlyForAFile) {
   config.Frame_ID_DIS = {{1}};
   config.result_folder.clear();
   pairs(0);

@@ -11,7 +11,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-struct ImageSet : ::testing::Test, RunFixture {
+struct ImageSetRun : ::testing::Test, RunFixture {
   std::int32_t run() {
     applyConfig();
     return core.ImageSetRun(arguments, calib);
@@ -20,14 +20,14 @@ struct ImageSet : ::testing::Test, RunFixture {
 
 constexpr const char* kBareRow = "_PolarVersion_: 1.3.3\n";
 
-TEST_F(ImageSet, ProgressOfThreePairsIsFormedInSinglePrecision) {
+TEST_F(ImageSetRun, ProgressOfThreePairsIsFormedInSinglePrecision) {
   pairs(3);
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(reported, (std::vector<float>{0.003F, 33.0029983520507812F, 66.0029983520507812F, 99.0029983520507812F}));
   EXPECT_EQ(core.records.size(), 3U);
 }
 
-TEST_F(ImageSet, OnePairReports99003) {
+TEST_F(ImageSetRun, OnePairReports99003) {
   pairs(1);
   EXPECT_EQ(run(), 0);
   ASSERT_EQ(reported.size(), 2U);
@@ -36,14 +36,14 @@ TEST_F(ImageSet, OnePairReports99003) {
   EXPECT_THAT(console.out(), HasSubstr("\t-----callback:99.003\n"));
 }
 
-TEST_F(ImageSet, SummaryEndsInAnEmptyLine) {
+TEST_F(ImageSetRun, SummaryEndsInAnEmptyLine) {
   pairs(2);
   run();
   EXPECT_EQ(folder.read("align_data_0.csv"),
             std::string("id \nImages_num_: 1") + kBareRow + "Images_num_: 2" + kBareRow + "\n");
 }
 
-TEST_F(ImageSet, ThirdRunOnAFolderWritesTheThirdFile) {
+TEST_F(ImageSetRun, ThirdRunOnAFolderWritesTheThirdFile) {
   folder.write("align_data_0.csv", "old");
   folder.write("align_data_1.csv", "older");
   pairs(1);
@@ -52,7 +52,7 @@ TEST_F(ImageSet, ThirdRunOnAFolderWritesTheThirdFile) {
   EXPECT_EQ(folder.read("align_data_0.csv"), "old");
 }
 
-TEST_F(ImageSet, OtherEvaluationValuesMakeRecordsWithoutAFile) {
+TEST_F(ImageSetRun, OtherEvaluationValuesMakeRecordsWithoutAFile) {
   pairs(2);
   config.evaluation = 2;
   EXPECT_EQ(run(), 0);
@@ -60,14 +60,14 @@ TEST_F(ImageSet, OtherEvaluationValuesMakeRecordsWithoutAFile) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST_F(ImageSet, NoFolderWithoutSavedPolarLines) {
+TEST_F(ImageSetRun, NoFolderWithoutSavedPolarLines) {
   config.dy_bias_switch = 1;
   pairs(1, 400, 300);
   run();
   EXPECT_FALSE(folder.has("result"));
 }
 
-TEST_F(ImageSet, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
+TEST_F(ImageSetRun, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
   config.savepolarline = 1;
   config.foursixmethod_swithch = 1;
   pairs(1, 400, 300);
@@ -77,7 +77,7 @@ TEST_F(ImageSet, SavedPolarLinesMakeThreeFoldersEvenIfTheyFailLater) {
   EXPECT_TRUE(folder.has("result_right/0_right.png"));
 }
 
-TEST_F(ImageSet, SavedPicturesAreLeftRightAndBothWithTheirLines) {
+TEST_F(ImageSetRun, SavedPicturesAreLeftRightAndBothWithTheirLines) {
   config.savepolarline = 1;
   config.foursixmethod_swithch = 1;
   config.type = 5;  // Unwarped.
@@ -99,7 +99,7 @@ TEST_F(ImageSet, SavedPicturesAreLeftRightAndBothWithTheirLines) {
   EXPECT_TRUE(isAll(both(cv::Rect(120, 65, 120, 25)), {200, 200, 200}));
 }
 
-TEST_F(ImageSet, FolderThatCannotBeMadeEndsTheRun) {
+TEST_F(ImageSetRun, FolderThatCannotBeMadeEndsTheRun) {
   config.savepolarline = 1;
   config.result_folder = folder.file("missing/below");
   pairs(1);
@@ -108,7 +108,7 @@ TEST_F(ImageSet, FolderThatCannotBeMadeEndsTheRun) {
   EXPECT_EQ(console.out(), "Make result file error!\n");
 }
 
-TEST_F(ImageSet, AllThreeFoldersAreTriedBeforeTheVerdict) {
+TEST_F(ImageSetRun, AllThreeFoldersAreTriedBeforeTheVerdict) {
   config.savepolarline = 1;
   folder.write("result_left", "a file is found by the test for existence, so this one counts as made");
   pairs(0);
@@ -117,7 +117,7 @@ TEST_F(ImageSet, AllThreeFoldersAreTriedBeforeTheVerdict) {
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "result_right"));
 }
 
-TEST_F(ImageSet, FoldersMadeBesideTheOneThatFailsRemain) {
+TEST_F(ImageSetRun, FoldersMadeBesideTheOneThatFailsRemain) {
   config.savepolarline = 1;
   std::filesystem::create_symlink(folder.path() / "nowhere", folder.path() / "result");
   pairs(0);
@@ -127,9 +127,9 @@ TEST_F(ImageSet, FoldersMadeBesideTheOneThatFailsRemain) {
   EXPECT_FALSE(folder.has("align_data_0.csv"));
 }
 
-class WrongNumberOfLists : public ::testing::TestWithParam<std::size_t> {};
+class ImageSetRunWrongNumberOfLists : public ::testing::TestWithParam<std::size_t> {};
 
-TEST_P(WrongNumberOfLists, IsNoStereoSetAndTouchesNoFile) {
+TEST_P(ImageSetRunWrongNumberOfLists, IsNoStereoSetAndTouchesNoFile) {
   RunFixture f;
   f.applyConfig();
   f.arguments.images.resize(GetParam());
@@ -139,9 +139,9 @@ TEST_P(WrongNumberOfLists, IsNoStereoSetAndTouchesNoFile) {
   EXPECT_TRUE(f.reported.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Lists, WrongNumberOfLists, ::testing::Values(0U, 1U, 3U));
+INSTANTIATE_TEST_SUITE_P(Lists, ImageSetRunWrongNumberOfLists, ::testing::Values(0U, 1U, 3U));
 
-TEST_F(ImageSet, EmptyImageEndsTheRunAndLeavesTheSummarySoFar) {
+TEST_F(ImageSetRun, EmptyImageEndsTheRunAndLeavesTheSummarySoFar) {
   pairs(3);
   arguments.images[1][1] = cv::Mat();
   EXPECT_EQ(run(), polar_status::kImages);
@@ -150,21 +150,21 @@ TEST_F(ImageSet, EmptyImageEndsTheRunAndLeavesTheSummarySoFar) {
   EXPECT_EQ(folder.read("align_data_0.csv"), std::string("id \nImages_num_: 1") + kBareRow);
 }
 
-TEST_F(ImageSet, ShorterRightListFailsOnTheAccess) {
+TEST_F(ImageSetRun, ShorterRightListFailsOnTheAccess) {
   pairs(2);
   arguments.images[1].pop_back();
   applyConfig();
   EXPECT_THROW(core.ImageSetRun(arguments, calib), std::out_of_range);
 }
 
-TEST_F(ImageSet, NoPairsIsSuccessWithoutRecords) {
+TEST_F(ImageSetRun, NoPairsIsSuccessWithoutRecords) {
   pairs(0);
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(folder.read("align_data_0.csv"), "id \n\n");
   EXPECT_EQ(reported, std::vector<float>{0.003F});
 }
 
-TEST_F(ImageSet, PolyWithoutTablesFailsAfterTheSummaryWasMade) {
+TEST_F(ImageSetRun, PolyWithoutTablesFailsAfterTheSummaryWasMade) {
   pairs(1);
   config.type = 3;
   calib.left.poly_nx = calib.left.poly_ny = calib.right.poly_nx = 1;
@@ -174,7 +174,7 @@ TEST_F(ImageSet, PolyWithoutTablesFailsAfterTheSummaryWasMade) {
   EXPECT_TRUE(reported.empty());
 }
 
-TEST_F(ImageSet, CallbackStopsBeforeTheFirstPair) {
+TEST_F(ImageSetRun, CallbackStopsBeforeTheFirstPair) {
   pairs(1);
   stop_at = 0.003F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
@@ -182,7 +182,7 @@ TEST_F(ImageSet, CallbackStopsBeforeTheFirstPair) {
   EXPECT_TRUE(core.records.empty());
 }
 
-TEST_F(ImageSet, CallbackStopsAfterAPairWhichThenGetsNoRecord) {
+TEST_F(ImageSetRun, CallbackStopsAfterAPairWhichThenGetsNoRecord) {
   pairs(3);
   stop_at = 60.0F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
@@ -190,14 +190,14 @@ TEST_F(ImageSet, CallbackStopsAfterAPairWhichThenGetsNoRecord) {
   EXPECT_EQ(folder.read("align_data_0.csv"), std::string("id \nImages_num_: 1") + kBareRow);
 }
 
-TEST_F(ImageSet, NullCallbackIsNone) {
+TEST_F(ImageSetRun, NullCallbackIsNone) {
   pairs(1);
   arguments.progress = nullptr;
   EXPECT_EQ(run(), 0);
   EXPECT_TRUE(reported.empty());
 }
 
-TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
+TEST_F(ImageSetRun, CropShiftAddsUpOverTheSet) {
   pairs(3);
   config.crop = 1;
   config.cropped_cols = 31;  // dx = (40 - 31) / 2 = 4
@@ -210,7 +210,7 @@ TEST_F(ImageSet, CropShiftAddsUpOverTheSet) {
   EXPECT_EQ(arguments.images[0][0].cols, 40);
 }
 
-TEST_F(ImageSet, CropIsTakenForEachImageByItself) {
+TEST_F(ImageSetRun, CropIsTakenForEachImageByItself) {
   pairs(1);
   arguments.images[1][0] = cv::Mat(35, 50, CV_8UC1, cv::Scalar(90));
   config.crop = 1;
@@ -226,9 +226,9 @@ TEST_F(ImageSet, CropIsTakenForEachImageByItself) {
 struct BadCrop {
   int cols, rows;
 };
-class ImpossibleCrop : public ::testing::TestWithParam<BadCrop> {};
+class ImageSetRunImpossibleCrop : public ::testing::TestWithParam<BadCrop> {};
 
-TEST_P(ImpossibleCrop, RaisesTheLibrarysException) {
+TEST_P(ImageSetRunImpossibleCrop, RaisesTheLibrarysException) {
   RunFixture f;
   f.pairs(1);
   f.applyConfig();
@@ -239,11 +239,11 @@ TEST_P(ImpossibleCrop, RaisesTheLibrarysException) {
   EXPECT_THROW(f.core.ImageSetRun(f.arguments, f.calib), cv::Exception);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, ImpossibleCrop,
+INSTANTIATE_TEST_SUITE_P(Sizes, ImageSetRunImpossibleCrop,
                          ::testing::Values(BadCrop{0, 10}, BadCrop{10, 0}, BadCrop{-1, 10}, BadCrop{41, 10},
                                            BadCrop{10, 31}));
 
-TEST_F(ImageSet, FailedTriangulationGivesThePairUp) {
+TEST_F(ImageSetRun, FailedTriangulationGivesThePairUp) {
   config.triangulate_dis_switch = 1;
   pairs(2, 400, 300);  // Grey images without a board.
   EXPECT_EQ(run(), 0);
@@ -252,7 +252,7 @@ TEST_F(ImageSet, FailedTriangulationGivesThePairUp) {
   EXPECT_THAT(console.out(), HasSubstr("CalTriangulateRepBrown\n"));
 }
 
-TEST_F(ImageSet, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
+TEST_F(ImageSetRun, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
   config.triangulate_residual_switch = 1;
   config.discalsave = true;
   pairs(2, 400, 300);
@@ -262,7 +262,7 @@ TEST_F(ImageSet, FailedTriangulationEndsTheRunWhereTheSwitchSaysSo) {
       << "without its last line end";
 }
 
-TEST_F(ImageSet, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {
+TEST_F(ImageSetRun, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {
   config.triangulate_residual_switch = 1;
   config.discalsave = true;
   arguments.targetConfigPath = "";
@@ -271,7 +271,7 @@ TEST_F(ImageSet, TargetThatCannotBeLoadedLeavesItsTextAndStatus) {
   EXPECT_EQ(core.errorText, " Fail init camera model! ");
 }
 
-TEST_F(ImageSet, GivenUpRowDisparityAndBoardCheckLosePairsOnly) {
+TEST_F(ImageSetRun, GivenUpRowDisparityAndBoardCheckLosePairsOnly) {
   config.dy_bias_switch = 1;
   pairs(1, 400, 300);
   EXPECT_EQ(run(), 0);
@@ -283,7 +283,7 @@ TEST_F(ImageSet, GivenUpRowDisparityAndBoardCheckLosePairsOnly) {
   EXPECT_THAT(console.out(), HasSubstr("distortion model: Brown\n"));
 }
 
-TEST_F(ImageSet, OutputWithoutAPictureListFailsOnTheAccess) {
+TEST_F(ImageSetRun, OutputWithoutAPictureListFailsOnTheAccess) {
   config.dy_bias_switch = 1;
   config.x_y = 7;
   pairs(1);

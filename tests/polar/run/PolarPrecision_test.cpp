@@ -8,7 +8,7 @@
 
 namespace {
 
-struct OneCall : ::testing::Test {
+struct PolarPrecisionOneCall : ::testing::Test {
   ConsoleCapture console;
   PolarPrecision precision;
   ImagePairList images{{cv::Mat(10, 10, CV_8UC1, cv::Scalar(0))}, {cv::Mat(10, 10, CV_8UC1, cv::Scalar(0))}};
@@ -18,23 +18,23 @@ struct OneCall : ::testing::Test {
     reported.push_back(value);
     return !(value >= stop_at);
   };
-  OneCall() { precision.config.spaceRms_switch = false; }
+  PolarPrecisionOneCall() { precision.config.spaceRms_switch = false; }
   std::int32_t run() { return precision.RunImageSet("board_type: 2", images, StereoCalibParams{}, &progress); }
 };
 
-TEST_F(OneCall, FetchingNoResultsLeavesTheCallersVector) {
+TEST_F(PolarPrecisionOneCall, FetchingNoResultsLeavesTheCallersVector) {
   std::vector<PolarResultRecord> mine(2);
   EXPECT_EQ(precision.FetchResults(mine), polar_status::kNoResults);
   EXPECT_EQ(mine.size(), 2U);
 }
 
-TEST_F(OneCall, FetchingIntoItselfIsHarmless) {
+TEST_F(PolarPrecisionOneCall, FetchingIntoItselfIsHarmless) {
   ASSERT_EQ(run(), 0);
   EXPECT_EQ(precision.FetchResults(precision.results), 0);
   EXPECT_EQ(precision.results.size(), 1U);
 }
 
-TEST_F(OneCall, SuccessExportsTheRecords) {
+TEST_F(PolarPrecisionOneCall, SuccessExportsTheRecords) {
   ASSERT_EQ(run(), 0);
   EXPECT_EQ(reported, (std::vector<float>{0.002F, 0.003F, 99.003F}));
   EXPECT_EQ(precision.results.size(), 1U);
@@ -42,7 +42,7 @@ TEST_F(OneCall, SuccessExportsTheRecords) {
   EXPECT_THAT(console.out(), ::testing::HasSubstr("\t-----callback:0.0553\n"));
 }
 
-TEST_F(OneCall, FailureExportsNothingEvenAfterFinishedPairs) {
+TEST_F(PolarPrecisionOneCall, FailureExportsNothingEvenAfterFinishedPairs) {
   images[0].push_back(images[0][0]);
   images[1].emplace_back();
   EXPECT_EQ(run(), polar_status::kImages);
@@ -50,14 +50,14 @@ TEST_F(OneCall, FailureExportsNothingEvenAfterFinishedPairs) {
   EXPECT_EQ(precision.lastError(), "Read image Error!");
 }
 
-TEST_F(OneCall, CallbackAtTheStartLetsNoRunBegin) {
+TEST_F(PolarPrecisionOneCall, CallbackAtTheStartLetsNoRunBegin) {
   stop_at = 0.002F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
   EXPECT_EQ(precision.lastError(), "Callback Terminated");
   EXPECT_EQ(reported, std::vector<float>{0.002F});
 }
 
-TEST_F(OneCall, ObjectWithoutACoreAnswersMinusOne) {
+TEST_F(PolarPrecisionOneCall, ObjectWithoutACoreAnswersMinusOne) {
   PolarPrecision bare(nullptr);
   EXPECT_EQ(bare.RunImageSet("", images, StereoCalibParams{}, nullptr), polar_status::kNoCore);
   EXPECT_EQ(bare.RunFrames("", images, StereoCalibParams{}, nullptr), polar_status::kNoCore);
@@ -65,13 +65,13 @@ TEST_F(OneCall, ObjectWithoutACoreAnswersMinusOne) {
   EXPECT_TRUE(console.out().empty());
 }
 
-TEST_F(OneCall, RunsWorkOnACopyOfTheConfiguration) {
+TEST_F(PolarPrecisionOneCall, RunsWorkOnACopyOfTheConfiguration) {
   ASSERT_EQ(run(), 0);
   EXPECT_FALSE(precision.config.spaceRms_switch);
   EXPECT_EQ(precision.config.f_scale, 1.0F);
 }
 
-TEST_F(OneCall, BoardPointsOfTheCallReachFramesAndImageSetsOnly) {
+TEST_F(PolarPrecisionOneCall, BoardPointsOfTheCallReachFramesAndImageSetsOnly) {
   precision.config.dy_bias_switch = 1;
   precision.config.type = 5;  // Unwarped.
   precision.boardPoints.resize(15);
@@ -88,7 +88,7 @@ TEST_F(OneCall, BoardPointsOfTheCallReachFramesAndImageSetsOnly) {
   EXPECT_THAT(printedBy([&] { precision.RunRectified(target, images, {}, nullptr); }), HasSubstr("board Normal mode"));
 }
 
-TEST_F(OneCall, CallersCalibrationChangesItsOrderAndBringsTheBoard) {
+TEST_F(PolarPrecisionOneCall, CallersCalibrationChangesItsOrderAndBringsTheBoard) {
   ExportedCalibParams mine;
   mine.left.intrinsics[0] = 1;
   mine.left.width = 640.9;

@@ -15,7 +15,7 @@
 
 namespace {
 
-struct Rectified : ::testing::Test, RunFixture {
+struct RectificationRun : ::testing::Test, RunFixture {
   RectifiedGeometry geometry;
   std::int32_t run() {
     applyConfig();
@@ -23,27 +23,27 @@ struct Rectified : ::testing::Test, RunFixture {
   }
 };
 
-TEST_F(Rectified, SecondRunReplacesTheTable) {
+TEST_F(RectificationRun, SecondRunReplacesTheTable) {
   folder.write("align_data.csv", "old");
   pairs(1);
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3\n\n");
 }
 
-TEST_F(Rectified, RowHasOneCellMoreThanTheHeaderWithTheBoardCheckOn) {
+TEST_F(RectificationRun, RowHasOneCellMoreThanTheHeaderWithTheBoardCheckOn) {
   config.spaceRms_switch = true;
   pairs(1);
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3,0\n\n");
 }
 
-TEST_F(Rectified, FailedChecksLeaveAHeaderOnlyFile) {
+TEST_F(RectificationRun, FailedChecksLeaveAHeaderOnlyFile) {
   arguments.images.resize(1);
   EXPECT_EQ(run(), polar_status::kImages);
   EXPECT_EQ(folder.read("align_data.csv"), "id \n");
 }
 
-TEST_F(Rectified, OqcSwitchAloneStartsNothing) {
+TEST_F(RectificationRun, OqcSwitchAloneStartsNothing) {
   config.oqc_switch = 1;
   config.Cal_ID_DIS = {{0, 1}};
   pairs(1, 400, 300);
@@ -54,11 +54,11 @@ TEST_F(Rectified, OqcSwitchAloneStartsNothing) {
 }
 
 /// A rendered pair that opens the point cloud, with the ids of two dots beside each other in the middle of the board.
-struct RectifiedBoard : Rectified {
+struct RectificationRunBoard : RectificationRun {
   std::int32_t first = 0;
   std::size_t dots = 0;
 
-  RectifiedBoard() {
+  RectificationRunBoard() {
     const scene::Scene scene = *scene::makePreset("big_640", {.pairs = 1, .seed = {}, .read_noise = {}});
     const scene::ImagePair images = scene::renderPair(scene, 0);
     arguments.images = {{images.left}, {images.right}};
@@ -72,7 +72,7 @@ struct RectifiedBoard : Rectified {
   }
 };
 
-TEST_F(RectifiedBoard, IdDistancesAreTakenAgainstTheCallersBoard) {
+TEST_F(RectificationRunBoard, IdDistancesAreTakenAgainstTheCallersBoard) {
   config.Cal_ID_DIS = {{first, first + 1}};
   // One point more than the board has dots, so that the detection keeps its own board.
   geometry.boardPoints.resize(dots + 1);
@@ -85,7 +85,7 @@ TEST_F(RectifiedBoard, IdDistancesAreTakenAgainstTheCallersBoard) {
   EXPECT_NEAR(core.records[1].id_dis.at(0), core.records[0].id_dis[0] - 10.0, 1e-3);
 }
 
-TEST_F(RectifiedBoard, AnyOneOfTheCloudsSwitchesOpensItBesideTheRowDisparity) {
+TEST_F(RectificationRunBoard, AnyOneOfTheCloudsSwitchesOpensItBesideTheRowDisparity) {
   config.dy_bias_switch = 1;
   config.foursixmethod_swithch = config.oqc_switch = 0;
   ASSERT_EQ(run(), 0);
@@ -110,7 +110,7 @@ TEST_F(RectifiedBoard, AnyOneOfTheCloudsSwitchesOpensItBesideTheRowDisparity) {
   EXPECT_EQ(core.errorText, "Fail detect foursix method point1");
 }
 
-TEST_F(RectifiedBoard, MissingPointOfAGroupGivesThePairUp) {
+TEST_F(RectificationRunBoard, MissingPointOfAGroupGivesThePairUp) {
   config.Cal_ID_DIS = {{5000, first}};
   EXPECT_EQ(run(), 0);
   EXPECT_TRUE(core.records.empty());
@@ -118,7 +118,7 @@ TEST_F(RectifiedBoard, MissingPointOfAGroupGivesThePairUp) {
   EXPECT_EQ(reported, std::vector<float>{0.003F});
 }
 
-TEST_F(RectifiedBoard, TableSwitchOpensTheCloudBehindTheRowDifferencesOnly) {
+TEST_F(RectificationRunBoard, TableSwitchOpensTheCloudBehindTheRowDifferencesOnly) {
   config.foursixmethod_swithch = 0;
   config.oqc_switch = 0;
   config.allpointssavecsv_swithch = 1;
@@ -143,7 +143,7 @@ std::vector<std::array<double, 4>> rowsOf(const std::string& table) {
   return rows;
 }
 
-TEST_F(RectifiedBoard, FiveNumbersReachTheCloudInTheirPlaces) {
+TEST_F(RectificationRunBoard, FiveNumbersReachTheCloudInTheirPlaces) {
   config.oqc_switch = 0;
   config.allpointssavecsv_swithch = 1;
   geometry.baseline = 100.0;
@@ -169,14 +169,14 @@ TEST_F(RectifiedBoard, FiveNumbersReachTheCloudInTheirPlaces) {
   }
 }
 
-TEST_F(Rectified, TypeHasNoEffect) {
+TEST_F(RectificationRun, TypeHasNoEffect) {
   config.type = 3;
   pairs(1);
   EXPECT_EQ(run(), 0);
   EXPECT_EQ(core.records.size(), 1U);
 }
 
-TEST_F(Rectified, CropNeedsNoMatrices) {
+TEST_F(RectificationRun, CropNeedsNoMatrices) {
   config.crop = 1;
   config.cropped_cols = 20;
   config.cropped_rows = 10;
@@ -185,7 +185,7 @@ TEST_F(Rectified, CropNeedsNoMatrices) {
   EXPECT_TRUE(core.left.K.empty());
 }
 
-TEST_F(Rectified, GivenUpPairsDoNotCountInTheProgress) {
+TEST_F(RectificationRun, GivenUpPairsDoNotCountInTheProgress) {
   config.dy_bias_switch = 1;
   pairs(2, 400, 300);
   EXPECT_EQ(run(), 0);
@@ -193,7 +193,7 @@ TEST_F(Rectified, GivenUpPairsDoNotCountInTheProgress) {
   EXPECT_TRUE(core.records.empty());
 }
 
-TEST_F(Rectified, TriangulationSwitchesOpenHeaderGroupsOnly) {
+TEST_F(RectificationRun, TriangulationSwitchesOpenHeaderGroupsOnly) {
   config.triangulate_dis_switch = config.triangulate_residual_switch = 1;
   pairs(1);
   EXPECT_EQ(run(), 0);
@@ -203,7 +203,7 @@ TEST_F(Rectified, TriangulationSwitchesOpenHeaderGroupsOnly) {
             "Images_num_: 1_PolarVersion_: 1.3.3,0,0,0,0,0,0,0,0,0,0,0,0\n\n");
 }
 
-TEST_F(Rectified, EmptyImageAndCallbackEndTheRun) {
+TEST_F(RectificationRun, EmptyImageAndCallbackEndTheRun) {
   pairs(1);
   stop_at = 0.003F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
@@ -212,7 +212,7 @@ TEST_F(Rectified, EmptyImageAndCallbackEndTheRun) {
   EXPECT_EQ(run(), polar_status::kImages);
 }
 
-TEST_F(Rectified, CallbackBehindAPairLeavesTheRowsBeforeAndNoLastLineEnd) {
+TEST_F(RectificationRun, CallbackBehindAPairLeavesTheRowsBeforeAndNoLastLineEnd) {
   pairs(3);
   stop_at = 60.0F;
   EXPECT_EQ(run(), polar_status::kStoppedByCallback);
@@ -221,7 +221,7 @@ TEST_F(Rectified, CallbackBehindAPairLeavesTheRowsBeforeAndNoLastLineEnd) {
   EXPECT_EQ(folder.read("align_data.csv"), "id \nImages_num_: 1_PolarVersion_: 1.3.3\n");
 }
 
-TEST_F(Rectified, EccentricityIsNotCompensatedHere) {
+TEST_F(RectificationRun, EccentricityIsNotCompensatedHere) {
   const scene::Scene scene = *scene::makePreset("big_640", {.pairs = 1, .seed = {}, .read_noise = {}});
   const scene::ImagePair images = scene::renderPair(scene, 0);
   arguments.images = {{images.left}, {images.right}};

@@ -19,9 +19,9 @@ struct Expected {
   std::int32_t type;
   CameraFloats left, right;
 };
-class CamerasByType : public ::testing::TestWithParam<Expected>, public RunFixture {};
+class RunCamerasByType : public ::testing::TestWithParam<Expected>, public RunFixture {};
 
-TEST_P(CamerasByType, TakesWhatTheModelHasUseFor) {
+TEST_P(RunCamerasByType, TakesWhatTheModelHasUseFor) {
   calib.left.poly_nx = calib.left.poly_ny = calib.right.poly_nx = calib.right.poly_ny = 1;
   calib.extrinsics = {0.1, 0.2, 0.3, 4, 5, 6};
   ASSERT_TRUE(load(*this, GetParam().type));
@@ -32,7 +32,7 @@ TEST_P(CamerasByType, TakesWhatTheModelHasUseFor) {
   EXPECT_EQ(core.T.at<double>(1, 0), 5.0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, CamerasByType,
+INSTANTIATE_TEST_SUITE_P(Types, RunCamerasByType,
                          ::testing::Values(Expected{0,
                                                     {100, 101, 20, 15, 0.1F, 0.2F, 0.3F, 0.4F, 0, 0, 0.7F, 0.8F},
                                                     {110, 111, 21, 16, 1.1F, 1.2F, 1.3F, 1.4F, 0, 0, 1.7F, 1.8F}},
@@ -47,9 +47,9 @@ INSTANTIATE_TEST_SUITE_P(Types, CamerasByType,
                                                {100, 101, 20, 15, 0.1F, 0.2F, 0.3F, 0.4F, 0.5F, 0.6F, 0.7F, 0.8F},
                                                {110, 111, 21, 16, 1.1F, 1.2F, 1.3F, 1.4F, 1.5F, 1.6F, 1.7F, 1.8F}}));
 
-class UnknownType : public ::testing::TestWithParam<std::int32_t>, public RunFixture {};
+class RunCamerasUnknownType : public ::testing::TestWithParam<std::int32_t>, public RunFixture {};
 
-TEST_P(UnknownType, LoadsNothingAndGoesOn) {
+TEST_P(RunCamerasUnknownType, LoadsNothingAndGoesOn) {
   calib.extrinsics = {0.1, 0.2, 0.3, 4, 5, 6};
   ASSERT_TRUE(load(*this, GetParam()));
   EXPECT_EQ(core.left_dist, CameraFloats{});
@@ -57,7 +57,7 @@ TEST_P(UnknownType, LoadsNothingAndGoesOn) {
   EXPECT_TRUE(core.left.K.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, UnknownType, ::testing::Values(-1, 4, 5));
+INSTANTIATE_TEST_SUITE_P(Types, RunCamerasUnknownType, ::testing::Values(-1, 4, 5));
 
 TEST(RunCameras, EveryTableMustBeThere) {
   for (int missing = 0; missing < 4; ++missing) {

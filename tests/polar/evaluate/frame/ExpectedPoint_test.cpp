@@ -19,9 +19,9 @@ struct DistanceCase {
   double x, y;
   bool taken;
 };
-class SearchRadius : public ::testing::TestWithParam<DistanceCase> {};
+class ExpectedPointSearchRadius : public ::testing::TestWithParam<DistanceCase> {};
 
-TEST_P(SearchRadius, IsOpen) {
+TEST_P(ExpectedPointSearchRadius, IsOpen) {
   Point result = at(1, 2, 77);
   EXPECT_EQ(MatchExpectedPoint({500, 400}, {at(GetParam().x, GetParam().y)}, 3, result), GetParam().taken);
   EXPECT_EQ(result.id, GetParam().taken ? 3 : 77);
@@ -29,7 +29,7 @@ TEST_P(SearchRadius, IsOpen) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Distances, SearchRadius,
+    Distances, ExpectedPointSearchRadius,
     ::testing::Values(DistanceCase{"HundredExactlyTakesNone", 560, 480, false},
                       DistanceCase{"JustInside", 560, 479.99, true}, DistanceCase{"JustOutside", 560, 480.01, false},
                       DistanceCase{"InsideByLessThanSinglePrecisionTells", 599.9999999, 400, false}),

@@ -190,15 +190,15 @@ struct RangeCase {
   const char* name;
   std::function<void(PolarConfig&)> change;
 };
-class OutOfRange : public FrameEvaluation, public ::testing::WithParamInterface<RangeCase> {};
+class FrameEvaluationOutOfRange : public FrameEvaluation, public ::testing::WithParamInterface<RangeCase> {};
 
-TEST_P(OutOfRange, IsRefused) {
+TEST_P(FrameEvaluationOutOfRange, IsRefused) {
   GetParam().change(config);
   PairEvaluator target = evaluator();
   EXPECT_THROW(evaluate(target), std::out_of_range);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, OutOfRange,
+INSTANTIATE_TEST_SUITE_P(Cases, FrameEvaluationOutOfRange,
                          ::testing::Values(RangeCase{"IdsCountFromOne",
                                                      [](PolarConfig& c) {
                                                        c.Frame_ID_DIS = {{0, 1}};

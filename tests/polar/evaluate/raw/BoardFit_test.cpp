@@ -9,16 +9,16 @@
 
 namespace {
 
-TEST(ProjectionRms, WithoutLimitEveryDistanceCounts) {
+TEST(BoardFitProjectionRms, WithoutLimitEveryDistanceCounts) {
   EXPECT_EQ(projectionRms({3.0, 4.0, 5.0, 50.0}, std::numeric_limits<double>::infinity()),
             static_cast<float>(std::sqrt(2550.0 / 4.0)));
 }
 
-TEST(ProjectionRms, DistancesAboveTheLimitAreLeftOutOfSumAndCount) {
+TEST(BoardFitProjectionRms, DistancesAboveTheLimitAreLeftOutOfSumAndCount) {
   EXPECT_EQ(projectionRms({3.0, 4.0, 5.0, 5.0001}, 5.0), static_cast<float>(std::sqrt(50.0 / 3.0)));
 }
 
-TEST(ProjectionRms, NoKeptDistanceIsNoNumber) { EXPECT_TRUE(std::isnan(projectionRms({7.0}, 5.0))); }
+TEST(BoardFitProjectionRms, NoKeptDistanceIsNoNumber) { EXPECT_TRUE(std::isnan(projectionRms({7.0}, 5.0))); }
 
 struct BoardFit : testing::Test {
   ExactPair exact;

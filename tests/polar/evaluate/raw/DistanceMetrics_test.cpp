@@ -232,8 +232,8 @@ TEST_F(DistanceMetrics, IdOutsideTheBoardIsAnError) {
 }
 
 /// One point of 144 seen four pixels off in both images, along the columns.
-struct OutlierPair : DistanceMetrics {
-  OutlierPair() {
+struct DistanceMetricsOutlierPair : DistanceMetrics {
+  DistanceMetricsOutlierPair() {
     exact.makeBoard(12, 12);
     takeLensesOff();
     exact.seeBoard();
@@ -244,7 +244,7 @@ struct OutlierPair : DistanceMetrics {
   }
 };
 
-TEST_F(OutlierPair, BrownFormFindsItAndNamesIt) {
+TEST_F(DistanceMetricsOutlierPair, BrownFormFindsItAndNamesIt) {
   chooseCorners();
   PairEvaluator evaluator = exact.exactEvaluator();
   EXPECT_EQ(brown(evaluator), -13);
@@ -255,7 +255,7 @@ TEST_F(OutlierPair, BrownFormFindsItAndNamesIt) {
   EXPECT_GT(evaluator.figures.gt_rms, 0.9F) << "no distance is left out";
 }
 
-TEST_F(OutlierPair, PolynomialFormDoesNotSearchAndLeavesLargeDistancesOut) {
+TEST_F(DistanceMetricsOutlierPair, PolynomialFormDoesNotSearchAndLeavesLargeDistancesOut) {
   PairEvaluator evaluator = exact.exactEvaluator();
   EXPECT_EQ(poly(evaluator), 0);
   EXPECT_EQ(exact.console.out().find("outlier"), std::string::npos);

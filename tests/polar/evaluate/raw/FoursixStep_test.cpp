@@ -45,9 +45,9 @@ TEST_F(FoursixStep, StoresErrorsAndExtremes) {
   EXPECT_EQ(evaluator.figures.tri_dis, (std::array<float, 8>{1, 0, 0, 1, diagonal, diagonal, 0, 1}));
 }
 
-class FoursixMissing : public FoursixStep, public testing::WithParamInterface<int> {};
+class FoursixStepMissing : public FoursixStep, public testing::WithParamInterface<int> {};
 
-TEST_P(FoursixMissing, FirstMissingPointIsNamedAndNothingStored) {
+TEST_P(FoursixStepMissing, FirstMissingPointIsNamedAndNothingStored) {
   for (std::int32_t k = 0; k < GetParam(); ++k) point(10 + k, {7.0F * static_cast<float>(k), 0, 100});
   for (const FoursixRules& rules : {kBrown, kPoly}) {
     PairEvaluator evaluator = fixture.evaluator();
@@ -58,7 +58,7 @@ TEST_P(FoursixMissing, FirstMissingPointIsNamedAndNothingStored) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Points, FoursixMissing, testing::Values(0, 1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(Points, FoursixStepMissing, testing::Values(0, 1, 2, 3));
 
 TEST_F(FoursixStep, PolynomialFormTakesAFailedPointAtTheOriginForFound) {
   rectangle();

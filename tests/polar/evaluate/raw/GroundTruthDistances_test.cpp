@@ -100,8 +100,8 @@ TEST_F(GroundTruthDistances, SumsOverAllPairsStayInSinglePrecision) {
 }
 
 /// Records and true places without any order in them.
-struct ScatteredPoints : GroundTruthDistances {
-  ScatteredPoints() {
+struct GroundTruthDistancesScatteredPoints : GroundTruthDistances {
+  GroundTruthDistancesScatteredPoints() {
     records.clear();
     truth.clear();
     for (std::int32_t id = 0; id < 40; ++id) {
@@ -113,7 +113,7 @@ struct ScatteredPoints : GroundTruthDistances {
   static cv::Point3f place(const PairPointRecord& record) { return {record.x, record.y, record.z}; }
 };
 
-TEST_F(ScatteredPoints, LengthsAreSquaredAndRootedInDouble) {
+TEST_F(GroundTruthDistancesScatteredPoints, LengthsAreSquaredAndRootedInDouble) {
   const auto wideLength = [](const cv::Point3f& d) { return static_cast<float>(cv::norm(cv::Point3d(d))); };
   const auto narrowLength = [](const cv::Point3f& d) { return std::sqrt(d.x * d.x + d.y * d.y + d.z * d.z); };
   PairEvaluator evaluator = fixture.evaluator();
@@ -131,7 +131,7 @@ TEST_F(ScatteredPoints, LengthsAreSquaredAndRootedInDouble) {
   EXPECT_GT(told_apart, 50);
 }
 
-TEST_F(ScatteredPoints, FiguresOfTheWholePairAreSummedInSinglePrecision) {
+TEST_F(GroundTruthDistancesScatteredPoints, FiguresOfTheWholePairAreSummedInSinglePrecision) {
   records[1].z += 1500.0F;  // Its large errors swallow the small ones of the others.
   PairEvaluator evaluator = fixture.evaluator();
   evaluate(evaluator);

@@ -167,9 +167,9 @@ TEST_F(PointCloud, FourPointsByHand) {
   for (std::size_t k = 0; k < expected.size(); ++k) EXPECT_FLOAT_EQ(target.figures.pol_dis[k], expected[k]) << k;
 }
 
-struct MissingFour : public PointCloud, public ::testing::WithParamInterface<int> {};
+struct PointCloudMissingFour : public PointCloud, public ::testing::WithParamInterface<int> {};
 
-TEST_P(MissingFour, FirstMissingPointEndsTheEvaluation) {
+TEST_P(PointCloudMissingFour, FirstMissingPointEndsTheEvaluation) {
   grid();
   fourPoints();
   config.allpoints_calc_switch = 1;
@@ -186,7 +186,7 @@ TEST_P(MissingFour, FirstMissingPointEndsTheEvaluation) {
   EXPECT_EQ(target.figures.allpoints_means, 3.0F);
 }
 
-INSTANTIATE_TEST_SUITE_P(Points, MissingFour, ::testing::Values(1, 2, 3, 4));
+INSTANTIATE_TEST_SUITE_P(Points, PointCloudMissingFour, ::testing::Values(1, 2, 3, 4));
 
 TEST_F(PointCloud, ARealPointWhoseSumTruncatesToZeroCountsAsMissing) {
   pointAt(0, 0, 0);

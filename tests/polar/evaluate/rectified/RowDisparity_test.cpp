@@ -142,9 +142,9 @@ struct SwitchCase {
   std::int32_t value;
   bool with_folder;
 };
-class NothingToWrite : public RowDisparity, public ::testing::WithParamInterface<SwitchCase> {};
+class RowDisparityNothingToWrite : public RowDisparity, public ::testing::WithParamInterface<SwitchCase> {};
 
-TEST_P(NothingToWrite, LeavesTheFolderEmpty) {
+TEST_P(RowDisparityNothingToWrite, LeavesTheFolderEmpty) {
   threePoints();
   config.dy_bias_savecsv_swithch = GetParam().value;
   config.dy_bias_savepng_swithch = GetParam().value;
@@ -154,7 +154,7 @@ TEST_P(NothingToWrite, LeavesTheFolderEmpty) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Switches, NothingToWrite,
+INSTANTIATE_TEST_SUITE_P(Switches, RowDisparityNothingToWrite,
                          ::testing::Values(SwitchCase{0, true}, SwitchCase{2, true}, SwitchCase{1, false}));
 
 TEST_F(RowDisparity, ATableThatWillNotOpenIsNoError) {
