@@ -20,3 +20,10 @@ if(PLP_SANITIZE)
   target_compile_options(plp_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(plp_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# For tests and for programs that only call others: their own code need not be fast, and optimising it is much of the build.
+add_library(plp_unoptimised INTERFACE)
+target_link_libraries(plp_unoptimised INTERFACE plp_options)
+if(NOT MSVC)
+  target_compile_options(plp_unoptimised INTERFACE $<$<OR:$<CONFIG:Release>,$<BOOL:${PLP_SANITIZE}>>:-O0>)
+endif()

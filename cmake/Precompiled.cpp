@@ -1,0 +1,2 @@
+// The source of targets that are there for their precompiled headers only.
+int main() {}
