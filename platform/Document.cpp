@@ -33,13 +33,7 @@ cv::FileStorage openForReading(const std::string& path) {
   std::ifstream stream = files::openInput(path, std::ios::in | std::ios::binary);
   if (!stream.is_open()) return {};
   const std::string text = bounded::readText(stream);
-  const Syntax syntax = syntaxOf(text);
-  const std::size_t openings = openingsOf(text, syntax);
-  if (openings > kMostOpenings) {
-    CV_Error_(cv::Error::StsParseError,
-              ("%s opens %zu brackets, tags or keys, the most is %zu", path.c_str(), openings, kMostOpenings));
-  }
-  if (const char* const trap = trapIn(text, syntax)) {
+  if (const char* const trap = trapIn(text)) {
     CV_Error_(cv::Error::StsParseError, ("%s has %s, which is not read", path.c_str(), trap));
   }
   return parsed(path);

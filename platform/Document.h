@@ -1,20 +1,14 @@
 #pragma once
 
-#include <cstddef>
 #include <opencv2/core/persistence.hpp>
 #include <string>
 
 /// JSON, YAML and XML documents.
 namespace documents {
 
-/// Most marks of a document that may open a further level: brackets, tags, and in YAML dashes and colons. The parser
-/// goes down a level of the stack with each, so that a file of nothing but brackets would end the process; this many
-/// need 3 MB at most, and no real document comes near.
-inline constexpr std::size_t kMostOpenings = 10000;
-
 /// Opens a document for reading; it is not open when there is no such file, or a folder in its place. A document that
-/// cannot be parsed, that holds more than `kMostOpenings` or what OpenCV's parser does not come back from, is a
-/// `cv::Exception`, one of more characters than `bounded::kLongestText` a `std::length_error`.
+/// cannot be parsed, or that holds what OpenCV's parser does not come back from, is a `cv::Exception`, one of more
+/// characters than `bounded::kLongestText` a `std::length_error`.
 cv::FileStorage openForReading(const std::string& path);
 
 /// Opens a document for writing, in the syntax of the name's extension; it is not open when it cannot be made.

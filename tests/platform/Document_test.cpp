@@ -9,11 +9,12 @@
 #include <string>
 
 #include "platform/BoundedInput.h"
+#include "platform/TrapNames.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-using documents::kMostOpenings;
+using documents::kMostLevels;
 
 std::string repeated(const std::string& text, std::size_t count) {
   std::string result;
@@ -21,15 +22,19 @@ std::string repeated(const std::string& text, std::size_t count) {
   return result;
 }
 
+const std::string kYaml = "%YAML:1.0\n---\n";
+const std::string kXml = "<?xml version=\"1.0\"?>\n<opencv_storage>\n";
+
+/// A document of levels inside each other.
 struct Nesting {
   const char* name;
-  const char* before;
+  std::string before;
   const char* opening;
   const char* core;
   const char* closing;
+  std::string between;  ///< Behind the levels, in front of as many again.
   const char* behind;
-  std::size_t fixed;  ///< Openings of the text around.
-  std::size_t each;   ///< Openings of one level.
+  std::size_t around;  ///< Levels of the text around.
 };
 
 void PrintTo(const Nesting& tested, std::ostream* stream) { *stream << tested.name; }
@@ -38,59 +43,128 @@ class DocumentNested : public testing::TestWithParam<Nesting> {
  protected:
   TempFolder folder;
 
+  std::string levels(std::size_t count) const {
+    return repeated(GetParam().opening, count) + GetParam().core + repeated(GetParam().closing, count);
+  }
+
   /// The extension has no say in what the document is.
-  std::string nested(std::size_t levels) const {
-    const Nesting& form = GetParam();
-    return folder.write("a.json", form.before + repeated(form.opening, levels) + form.core +
-                                      repeated(form.closing, levels) + form.behind);
+  cv::FileStorage opened(const std::string& levels) const {
+    return documents::openForReading(folder.write("a.json", GetParam().before + levels + GetParam().behind));
   }
 };
 
 TEST_P(DocumentNested, IsReadUpToTheLimitAndRefusedBeyond) {
-  const std::size_t most = (kMostOpenings - GetParam().fixed) / GetParam().each;
-  EXPECT_TRUE(documents::openForReading(nested(most)).isOpened());
-  EXPECT_THROW(documents::openForReading(nested(most + 1)), cv::Exception);
+  const std::size_t most = kMostLevels - GetParam().around;
+  EXPECT_TRUE(opened(levels(most)).isOpened());
+  EXPECT_THROW(opened(levels(most + 1)), cv::Exception);
 }
 
-TEST_P(DocumentNested, OfAMillionLevelsDoesNotEndTheProcess) {
-  EXPECT_THROW(documents::openForReading(nested(1000000)), cv::Exception);
+TEST_P(DocumentNested, OfAMillionLevelsDoesNotEndTheProcess) { EXPECT_THROW(opened(levels(1000000)), cv::Exception); }
+
+TEST_P(DocumentNested, ClosedLevelsDoNotCount) {
+  const std::string most = levels(kMostLevels - GetParam().around);
+  EXPECT_TRUE(opened(most + GetParam().between + most).isOpened());
+  EXPECT_THROW(opened(most + GetParam().between + GetParam().opening + most + GetParam().closing), cv::Exception);
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, DocumentNested,
-                         testing::Values(Nesting{"JsonLists", R"({"a": )", "[", "", "]", "}", 1, 1},
-                                         Nesting{"JsonMaps", R"({"a": )", R"({"b":)", "1", "}", "}", 1, 1},
-                                         Nesting{"YamlLists", "%YAML:1.0\n---\na: ", "[", "", "]", "\n", 5, 1},
-                                         Nesting{"YamlDashes", "%YAML:1.0\n---\na:\n ", "- ", "1", "", "\n", 5, 1},
-                                         Nesting{"Xml", "<?xml version=\"1.0\"?>\n<opencv_storage>\n", "<a>", "",
-                                                 "</a>", "</opencv_storage>\n", 3, 2}),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+/// Levels by ever deeper lines.
+std::string indentedDashes(std::size_t count) {
+  std::string result;
+  for (std::size_t k = 0; k < count; ++k) result += std::string(k, ' ') + "-\n";
+  return result;
+}
 
-TEST(Document, BracketsInQuotesCountAndClosingOnesDoNotHelp) {
+INSTANTIATE_TEST_SUITE_P(
+    Forms, DocumentNested,
+    testing::Values(Nesting{"JsonLists", R"({"a": [)", "[", "", "]", ", ", "]}", 2},
+                    Nesting{"JsonMaps", R"({"a": [)", R"({"b":)", "1", "}", ", ", "]}", 2},
+                    Nesting{"YamlLists", kYaml + "a: [", "[", "1", "]", ", ", "]\n", 2},
+                    Nesting{"YamlMaps", kYaml + "a: [", "{b: ", "1", "}", ", ", "]\n", 2},
+                    Nesting{"YamlDashes", kYaml + "a:\n - ", "- ", "1", "", "\n - ", "\n", 2},
+                    Nesting{"YamlDashesBehindLines", kYaml + indentedDashes(1000) + std::string(1000, ' ') + "- ", "- ",
+                            "1", "", "\n" + std::string(1000, ' ') + "- ", "\n", 1001},
+                    Nesting{"YamlKeys", kYaml + "a:\n - ", "b: ", "1", "", "\n - ", "\n", 2},
+                    Nesting{"YamlRoots", kYaml, "b: ", "1", "", "\n...\n---\n", "\n", 0},
+                    Nesting{"Xml", kXml, "<a>", "1", "</a>", " ", "</opencv_storage>\n", 1},
+                    Nesting{"XmlLists", kXml + "<a>", "<_>", "1", "</_>", "", "</a></opencv_storage>\n", 2}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+/// A document of "a" with more entries side by side than levels may be inside each other.
+struct Row {
+  const char* name;
+  std::string before;
+  std::string (*entry)(const std::string& number);
+  const char* behind;
+};
+
+void PrintTo(const Row& tested, std::ostream* stream) { *stream << tested.name; }
+
+class DocumentRowOfEntries : public testing::TestWithParam<Row> {};
+
+/// Of a list of one, or a map of one, what is inside.
+int numberIn(const cv::FileNode& node) {
+  return node.isSeq() || node.isMap() ? numberIn(*node.begin()) : static_cast<int>(node);
+}
+
+TEST_P(DocumentRowOfEntries, IsReadWhole) {
+  constexpr std::size_t kCount = kMostLevels + 1;
+  std::string text = GetParam().before;
+  for (std::size_t k = 0; k < kCount; ++k) text += GetParam().entry(std::to_string(k));
   const TempFolder folder;
-  const auto listOf = [&](const char* item, std::size_t count) {
-    return folder.write("a.json", "{\"a\": [1" + repeated(item, count) + "]}");
-  };
-  EXPECT_TRUE(documents::openForReading(listOf(", []", kMostOpenings - 2)).isOpened());
-  EXPECT_THROW(documents::openForReading(listOf(", []", kMostOpenings - 1)), cv::Exception);
-  EXPECT_THROW(documents::openForReading(listOf(", \"]\", [\"[\"]", kMostOpenings / 2)), cv::Exception);
+  const cv::FileStorage document = documents::openForReading(folder.write("a.json", text + GetParam().behind));
+  const cv::FileNode entries = document["a"];
+  ASSERT_EQ(entries.size(), kCount);
+  int expected = 0;
+  for (const cv::FileNode& entry : entries) ASSERT_EQ(numberIn(entry), expected++);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, DocumentRowOfEntries,
+    testing::Values(
+        Row{"JsonLists", "{\"a\": [", [](const std::string& k) { return "[" + k + "],"; }, "]}"},
+        Row{"JsonMaps", "{\"a\": [", [](const std::string& k) { return "{\"b\": " + k + "},\n"; }, "]}"},
+        Row{"JsonMembers", "{\"a\": {", [](const std::string& k) { return "\"b" + k + "\": " + k + ","; }, "}}"},
+        Row{"YamlItems", kYaml + "a:\n", [](const std::string& k) { return "  - " + k + "\n"; }, ""},
+        Row{"YamlItemsOfMaps", kYaml + "a:\n", [](const std::string& k) { return "  - b: " + k + "\n"; }, ""},
+        Row{"YamlKeys", kYaml + "a:\n", [](const std::string& k) { return "  b" + k + ": " + k + "\n"; }, ""},
+        Row{"YamlKeysOfLists", kYaml + "a:\n", [](const std::string& k) { return "  b" + k + ":\n    - " + k + "\n"; },
+            ""},
+        Row{"YamlLists", kYaml + "a: [", [](const std::string& k) { return (k == "0" ? "[" : ", [") + k + "]"; },
+            "]\n"},
+        Row{"XmlElements", kXml + "<a>", [](const std::string& k) { return "<_>" + k + "</_>"; },
+            "</a></opencv_storage>"},
+        Row{"XmlMembers", kXml + "<a>", [](const std::string& k) { return "<b" + k + ">" + k + "</b" + k + ">\n"; },
+            "</a></opencv_storage>"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(Document, NumbersMayBeAsManyAsTheyLike) {
   const TempFolder folder;
   const std::string numbers = repeated(", -1.5e-05", 15000) + repeated(", -.5", 15000);
   const std::string xml = repeated(" -1.5e-05", 15000) + repeated(" -.5", 15000);
-  for (const std::string& text :
-       {"{\"a\": [1" + numbers + "]}", "%YAML:1.0\n---\na: [1" + numbers + "]\n",
-        "<?xml version=\"1.0\"?>\n<opencv_storage>\n<a>1" + xml + "</a></opencv_storage>\n"}) {
+  for (const std::string& text : {"{\"a\": [1" + numbers + "]}", kYaml + "a: [1" + numbers + "]\n",
+                                  kXml + "<a>1" + xml + "</a></opencv_storage>\n"}) {
     EXPECT_EQ(documents::openForReading(folder.write("a.json", text))["a"].size(), 30001U) << text.substr(0, 20);
   }
 }
 
-TEST(Document, MarksOfAnotherSyntaxMayBeAsManyAsTheyLike) {
+/// Marks of levels, in quotes and in a comment. A text has less than 4096 characters.
+TEST(Document, MarksInTextsAndCommentsAreNoLevels) {
   const TempFolder folder;
-  const std::string json = "{\"a\": 7, \"b\": \"" + repeated("<", 4000) + "\", \"c\": \"" + repeated("<", 4000) +
-                           "\", \"d\": \"" + repeated("-:", 2000) + "\"}";
-  EXPECT_EQ(static_cast<int>(documents::openForReading(folder.write("a.json", json))["a"]), 7);
+  const std::string marks = repeated("[{", 2000);
+  const auto rowOf = [](const std::string& text) { return repeated(text + ", ", 5); };
+  const std::string yaml = repeated("# [{ - a:\n", 3000) + "a: 7\nb: [" + rowOf("'" + marks + "'") +
+                           rowOf("\"" + marks + "\"") + rowOf("c" + marks) + "{" + marks + ": 1} ]\n" + "d" +
+                           repeated("[{", 9000) + ": 1\n";
+  const std::string text = "<_>\"" + repeated("&lt;", 1000) + "\"</_>";
+  for (const std::string& document : {"{ /*" + repeated("[{", 6000) + "*/ \"a\": 7, \"b\": [" +
+                                          rowOf("\"" + marks + "\"") + "], \"" + repeated("[{", 6000) + "\": 1 }",
+                                      kYaml + yaml,
+                                      kXml + "<!--" + repeated("<c>", 11000) + "--><a b='" + repeated("<c>", 11000) +
+                                          "'>7</a><b>" + repeated(text, 11) + "</b></opencv_storage>"}) {
+    const cv::FileStorage opened = documents::openForReading(folder.write("a.json", document));
+    EXPECT_EQ(static_cast<int>(opened["a"]), 7) << document.substr(0, 20);
+    EXPECT_GE(opened["b"].size(), 5U) << document.substr(0, 20);
+  }
 }
 
 void expectRefusal(const std::string& content, const std::string& told) {
@@ -104,8 +178,9 @@ void expectRefusal(const std::string& content, const std::string& told) {
   }
 }
 
-TEST(Document, RefusalNamesCountAndLimit) {
-  expectRefusal(std::string(20000, '{'), "opens 20000 brackets, tags or keys, the most is 10000");
+TEST(Document, RefusalNamesTheLimit) {
+  EXPECT_EQ(kMostLevels, 10000U);
+  expectRefusal("{\"a\":" + std::string(20000, '['), "a.json has more than 10000 levels inside each other");
 }
 
 TEST(Document, RefusalNamesTheTrap) { expectRefusal("{\"a\":\"$base64$", "a.json has base64 data, which is not read"); }
