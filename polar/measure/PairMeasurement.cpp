@@ -90,7 +90,7 @@ class Measurement {
     console::line("use eccentricity!");
     const BoardPose pose = estimateBoardPose(target, points, side.camera);
     printPose(side.side, pose.report);
-    const auto place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4);
+    auto* const place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4);
     std::copy(pose.report.begin(), pose.report.end(), place);
     return {side.camera.K, pose.R};
   }

@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Places, YamlTrapsFound,
                                          Trap{"LineLeftBehindDotsFartherRight", "---\n  a:\n    ...\n b: 1\n", kLeft}),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
-INSTANTIATE_TEST_SUITE_P(Base64, YamlTrap,
+INSTANTIATE_TEST_SUITE_P(Base64, YamlTrapsFound,
                          testing::Values(Trap{"Value", "---\na: !!binary |\n  AA\n", kBase64},
                                          Trap{"ValueWithACaret", "---\na: !^binary |\n", kBase64},
                                          Trap{"ValueOfTheFullType", "---\na: !<tag:yaml.org,2002:binary>|\n", kBase64},
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(Base64, YamlTrap,
                          [](const auto& tested) { return std::string(tested.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
-    Base64Behind, YamlTrap,
+    Base64Behind, YamlTrapsFound,
     testing::Values(
         Trap{"KeyOfABracket", "---\na: {[b: !!binary }\n", kBase64},
         Trap{"KeyOfAQuote", "---\na: {\"b: !!binary }\n", kBase64},
@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return std::string(tested.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
-    Base64BehindTheEscape, YamlTrap,
+    Base64BehindTheEscape, YamlTrapsFound,
     testing::Values(Trap{"OctalNumber", "---\na: [\"\\x41\" # \", !!binary ]\n", kBase64},
                     Trap{"OctalNumberOfOneDigit", "---\na: [\"\\x7\" # \", !!binary ]\n", kBase64},
                     Trap{"OctalNumberBehindABlank", "---\na: [\"\\x 7\" # \", !!binary ]\n", kBase64},
@@ -159,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return std::string(tested.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
-    Likenesses, YamlText,
+    Likenesses, YamlTrapsText,
     testing::Values(Text{"Comment", "---\na: 1 # !!binary\n# !!binary\n"},
                     Text{"Text", "---\na: b !!binary\nc: [d !!binary, e: !!binary]\n"},
                     Text{"Quoted", "---\na: '!!binary'\nb: [\"!!binary\"]\n"},
