@@ -138,16 +138,16 @@ struct View {
 
 inline View viewFrom(const Board& board, Bytes& bytes) {
   // A row for each road of the detection: enlarged four times, twice, as it is, halved.
-  struct Road {
+  struct Width {
     int least_width;
     double pitch;
   };
-  constexpr std::array<Road, 6> kRoads = {{{60, 13}, {60, 13}, {321, 15}, {641, 20}, {2048, 34}, {2048, 34}}};
-  const Road road = kRoads.at(static_cast<std::size_t>(bytes.upTo(5)));
-  const double pitch = road.pitch * bytes.around(1.0, 0.4);
+  constexpr std::array<Width, 6> kWidths = {{{60, 13}, {60, 13}, {321, 15}, {641, 20}, {2048, 34}, {2048, 34}}};
+  const Width width = kWidths.at(static_cast<std::size_t>(bytes.upTo(5)));
+  const double pitch = width.pitch * bytes.around(1.0, 0.4);
   const double half_width = (board.config.cols + 1) * pitch / 2;
   const double half_height = (board.config.rows + 1) * pitch / 2;
-  const cv::Size size(std::clamp(static_cast<int>(2 * half_width), road.least_width, 2100),
+  const cv::Size size(std::clamp(static_cast<int>(2 * half_width), width.least_width, 2100),
                       std::clamp(static_cast<int>(2 * half_height), 40, 500));
   const double roll = bytes.around(0.0, 0.4) + bytes.upTo(3) * CV_PI / 2;
   const cv::Matx33d to_centre(1, 0, -(board.config.cols - 1) / 2.0, 0, 1, -(board.config.rows - 1) / 2.0, 0, 0, 1);

@@ -22,7 +22,7 @@ NUMBER = re.compile(r"(?<![\w.])(0[xX][0-9A-Fa-f]+|\d+\.\d*(?:e[-+]?\d+)?|\d+e[-
 ODD_SIZES = [
     re.compile(r"\bcv::GaussianBlur\([^;]*?(?:cv::Size\(|\{)(\d+), (\d+)[)}]"),
     re.compile(r"\bcv::(?:medianBlur|adaptiveThreshold)\([^;]*?, (\d+)(?:, [\d.]+)?\);"),
-    re.compile(r"\bk\w*(?:Block|Kernel|Aperture) = (\d+);"),
+    re.compile(r"\bk\w*(?:Block|Kernel|Aperture|Smoothing|ZernikeSize) = (\d+);"),
 ]
 STATEMENT = re.compile(r"(?:[\w:.\[\]]|->|\(\))+(?: [-+*/|&]?= |\(|$).*|(?:\+\+|--)[\w.]+|[\w.]+(?:\+\+|--)", re.DOTALL)
 EXIT = re.compile(r"\b(?:return|throw|break|continue)\b")

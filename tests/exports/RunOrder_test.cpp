@@ -10,41 +10,41 @@ namespace {
 
 using console_lines::stepsOf;
 
-using Stations = std::vector<std::string>;
+using Steps = std::vector<std::string>;
 
-Stations together(std::initializer_list<Stations> parts) {
-  Stations all;
-  for (const Stations& part : parts) all.insert(all.end(), part.begin(), part.end());
+Steps together(std::initializer_list<Steps> parts) {
+  Steps all;
+  for (const Steps& part : parts) all.insert(all.end(), part.begin(), part.end());
   return all;
 }
 
-const Stations kLoaded = {"--------Load Parameters OK", "--------Initialization Parameters OK"};
+const Steps kLoaded = {"--------Load Parameters OK", "--------Initialization Parameters OK"};
 /// A target is set up with the board's points, then each image is told of.
-const Stations kMeasured = {"Calibration board GT mode", "detect point num :", "detect point num :"};
-const Stations kCompensated = {"Calibration board GT mode",
-                               "detect point num :",
-                               "use eccentricity!",
-                               "ir_left_rx:",
-                               "ir_left_ry:",
-                               "ir_left_rz:",
-                               "ir_left_dis:",
-                               "detect point num :",
-                               "use eccentricity!",
-                               "ir_right_rx:",
-                               "ir_right_ry:",
-                               "ir_right_rz:",
-                               "ir_right_dis:"};
-const Stations kCompared = {"dis_rms:",   "zero_dis:",  "nor_rms:",   "icp_rx:",      "icp_ry:", "icp_rz:",
-                            "icp_x_rms:", "icp_y_rms:", "icp_z_rms:", "icp_nor_rms:", "gt_rms:"};
-const Stations kRectified = {" Virtual camera cx:", " Virtual camera cy:", " Virtual camera f:"};
+const Steps kMeasured = {"Calibration board GT mode", "detect point num :", "detect point num :"};
+const Steps kCompensated = {"Calibration board GT mode",
+                            "detect point num :",
+                            "use eccentricity!",
+                            "ir_left_rx:",
+                            "ir_left_ry:",
+                            "ir_left_rz:",
+                            "ir_left_dis:",
+                            "detect point num :",
+                            "use eccentricity!",
+                            "ir_right_rx:",
+                            "ir_right_ry:",
+                            "ir_right_rz:",
+                            "ir_right_dis:"};
+const Steps kCompared = {"dis_rms:",   "zero_dis:",  "nor_rms:",   "icp_rx:",      "icp_ry:", "icp_rz:",
+                         "icp_x_rms:", "icp_y_rms:", "icp_z_rms:", "icp_nor_rms:", "gt_rms:"};
+const Steps kRectified = {" Virtual camera cx:", " Virtual camera cy:", " Virtual camera f:"};
 
-Stations finished(int number) { return {"--------LoadImageFrames ------" + std::to_string(number)}; }
+Steps finished(int number) { return {"--------LoadImageFrames ------" + std::to_string(number)}; }
 
 TEST(RunOrder, ImageSetTriangulatesRectifiesJudgesTheRectifiedPairAndThenTheBoard) {
   MemoryRun two(MemoryRun::twoPairs());
   const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"}}));
   ASSERT_EQ(run.status, 0);
-  const Stations later = together({kRectified, kMeasured, kMeasured, {"distortion model: Brown"}, kMeasured});
+  const Steps later = together({kRectified, kMeasured, kMeasured, {"distortion model: Brown"}, kMeasured});
   EXPECT_EQ(stepsOf(run.out), together({kLoaded,
                                         {"CalTriangulateRepBrown"},
                                         kCompensated,
@@ -80,7 +80,7 @@ TEST(RunOrder, FrameMeasuresItsBoardAndThenTellsItsDistances) {
   const RunOutcome run = two.run(two.set.polarWith({{"eccentricity", "1"}}));
   ASSERT_EQ(run.status, 0);
   // The second target, which finds the frame's points, has no board of the caller's.
-  const Stations frame =
+  const Steps frame =
       together({kCompensated, {"Calibration board Normal mode", "1---2:", "1---8:", "3---6:", "4---5:", "2---7:"}});
   EXPECT_EQ(stepsOf(run.out), together({kLoaded, frame, finished(1), frame, finished(2)}));
 }
@@ -138,7 +138,7 @@ TEST_P(RunOrderBlankImage, EndsTheMeasurementOfItsPair) {
   two.blank(GetParam().blank, 0);
   const RunOutcome run = two.run(two.set.polarText());
   EXPECT_EQ(run.status, polar_status::kTooFewDetected);
-  Stations expected = together({kLoaded, {"CalTriangulateRepBrown"}, {"Calibration board GT mode"}});
+  Steps expected = together({kLoaded, {"CalTriangulateRepBrown"}, {"Calibration board GT mode"}});
   expected.insert(expected.end(), GetParam().told, "detect point num :");
   EXPECT_EQ(stepsOf(run.out), expected);
 }

@@ -171,7 +171,7 @@ TEST_F(SizeLimitsBoards, OfTooManyDotsAreRefusedByCountAndLimit) {
 }
 
 /// A way of a pair through the run, as lines of the configuration.
-struct Road {
+struct Case {
   const char* name;
   const char* lines;
 };
@@ -185,11 +185,11 @@ constexpr const char* kEverything =
     "TriPoint2_GT: [0,0,0]\nTriPoint3_GT: [0,0,0]\nTriPoint4_GT: [0,0,0]\nPolPoint1_GT: [0,0,0]\nPolPoint2_GT: "
     "[0,0,0]\nPolPoint3_GT: [0,0,0]\nPolPoint4_GT: [0,0,0]\nCal_ID_DIS: [[36,48],[206,218]]\nf_scale: 1\n";
 
-// A pair that fails its triangulation goes no further, so the later evaluations have roads of their own.
+// A pair that fails its triangulation goes no further, so the later evaluations have cases of their own.
 constexpr const char* kMeasuredFirst = "type: 1\ndiscalsave: 1\n";
 constexpr const char* kRectifiedFirst = "type: 1\ntriangulate_residual_switch: 0\ntriangulate_dis_switch: 0\n";
 
-const std::vector<Road> kFurtherRoads = {
+const std::vector<Case> kFurtherCases = {
     {"first failure gives the pair up", "type: 0\n"},
     {"rectified, turned, scaled",
      "type: 0\nx_y: 1\nf_scale: 1.2\ntriangulate_residual_switch: 0\ntriangulate_dis_switch: 0\n"},
@@ -267,11 +267,11 @@ TEST_P(SizeLimitsImages, EndEveryRoadLawfully) {
   const auto answerOn = [&](const char* road) { return run(std::string(kEverything) + road, kTarget, left, right); };
   EXPECT_EQ(answerOn(kMeasuredFirst).status, GetParam().measured);
   EXPECT_EQ(answerOn(kRectifiedFirst).status, GetParam().rectified);
-  for (const Road& road : kFurtherRoads) {
-    const Answer answer = answerOn(road.lines);
-    EXPECT_TRUE(answer.isLawful()) << road.name << " " << answer.status.value_or(0);
+  for (const Case& one : kFurtherCases) {
+    const Answer answer = answerOn(one.lines);
+    EXPECT_TRUE(answer.isLawful()) << one.name << " " << answer.status.value_or(0);
     if (left.empty() || right.empty()) {
-      EXPECT_EQ(answer.status, polar_status::kImages) << road.name;
+      EXPECT_EQ(answer.status, polar_status::kImages) << one.name;
     }
   }
 }

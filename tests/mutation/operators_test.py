@@ -55,6 +55,8 @@ class Operators(unittest.TestCase):
         self.expect("odd size", "cv::medianBlur(a, b, 5);", "cv::medianBlur(a, b, 7);")
         self.expect("odd size", "cv::adaptiveThreshold(a, b, 255, m, t, 37, 2.5);", "cv::adaptiveThreshold(a, b, 255, m, t, 39, 2.5);")
         self.expect("odd size", "constexpr int kMeanBlock = 37;", "constexpr int kMeanBlock = 39;")
+        self.expect("odd size", "constexpr int kEdgeSmoothing = 5;", "constexpr int kEdgeSmoothing = 7;")
+        self.expect("odd size", "constexpr int kZernikeSize = 7;", "constexpr int kZernikeSize = 9;")
         self.expect("odd size", "cv::Size(3, 3); constexpr int kMostBlocks = 9;")
 
     def test_conditions(self):

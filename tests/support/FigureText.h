@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// Every figure of a run's records in full precision: two texts are equal when no bit of a figure differs. What is no
-/// number is equal to itself here.
+/// Every figure of a run's records in full precision: two texts are equal when no bit of a figure differs. A NaN is
+/// equal to itself here.
 class FigureText {
  public:
   static std::string of(const std::vector<PolarResultRecord>& records) {
@@ -40,18 +40,21 @@ class FigureText {
   }
 
   void add(const PolarResultRecord& record) {
+    // By name, so that a new field of the record does not compile until it is compared, too.
+    const auto& [tri_mean, tri_min, tri_max, tri_rms, tri_dis, dy_means, dy_min, dy_max, pol_dis, id_dis, dis_rms,
+                 nor_rms, detect_canvas, zero_dis, PoseReport, pairPoints, icp_x_rms, icp_y_rms, icp_z_rms, icp_nor_rms,
+                 frameValues, gt_rms, space_rms] = record;
     for (const double value :
-         {record.tri_mean, record.tri_min, record.tri_max, record.tri_rms, record.dy_means, record.dy_min,
-          record.dy_max, record.dis_rms, record.nor_rms, record.zero_dis, record.gt_rms, record.space_rms})
+         {tri_mean, tri_min, tri_max, tri_rms, dy_means, dy_min, dy_max, dis_rms, nor_rms, zero_dis, gt_rms, space_rms})
       put(value);
-    for (const float value : {record.icp_x_rms, record.icp_y_rms, record.icp_z_rms, record.icp_nor_rms}) put(value);
-    putAll(record.tri_dis);
-    putAll(record.pol_dis);
-    putAll(record.id_dis);
-    putAll(record.PoseReport);
-    putAll(record.frameValues);
-    stream_ << record.detect_canvas.rows << ' ' << record.detect_canvas.cols << '\n';
-    for (const TriPointRecord& point : record.pairPoints) add(point);
+    for (const float value : {icp_x_rms, icp_y_rms, icp_z_rms, icp_nor_rms}) put(value);
+    putAll(tri_dis);
+    putAll(pol_dis);
+    putAll(id_dis);
+    putAll(PoseReport);
+    putAll(frameValues);
+    stream_ << detect_canvas.rows << ' ' << detect_canvas.cols << '\n';
+    for (const TriPointRecord& point : pairPoints) add(point);
   }
 
   std::ostringstream stream_;

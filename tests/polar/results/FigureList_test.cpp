@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -64,6 +66,18 @@ TEST(FigureList, ColumnOfASummaryHasASwitchAndAHeading) {
     EXPECT_EQ(column.is_on != nullptr, has_column) << figure.name;
     EXPECT_EQ(std::string(column.heading).starts_with(',') || column.name_entries != nullptr, has_column)
         << figure.name;
+  });
+}
+
+/// The page abbreviates the headings that differ in their ends only.
+TEST(FigureList, HeadingsAreThoseOfThePageOnResultFiles) {
+  std::ifstream file(RESULT_FILES_PAGE);
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_FALSE(page.empty()) << RESULT_FILES_PAGE;
+  figure_list::forEach([&](auto figure) {
+    const std::string heading = figure.column.heading;
+    const std::string first = heading.substr(0, heading.find(',', 1));
+    EXPECT_NE(page.find(first), std::string::npos) << figure.name;
   });
 }
 

@@ -233,4 +233,11 @@ TEST_F(RectificationRun, EccentricityIsNotCompensatedHere) {
   EXPECT_EQ(console.out().find("use eccentricity!"), std::string::npos);
 }
 
+TEST_F(RectificationRun, LongerRightListIsFineSinceTheLeftOneCounts) {
+  pairs(2);
+  arguments.images[1].emplace_back();
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.records.size(), 2U);
+}
+
 }  // namespace
