@@ -1,4 +1,3 @@
-#include <utility>
 
 #include "PolarLinePrecision.h"
 #include "exports/ErrorChannel.h"

@@ -24,7 +24,7 @@ std::int32_t failWith(const PolarPrecision& precision, std::int32_t status) {
 }
 
 // The number is a constant of the line; the callback gets another.
-void printLoaded(Clock::time_point start) { printTimedLine(run_texts::kLoaded, start, 0.045); }
+void printLoaded(Clock::time_point start) { printTimedLine(run_texts::kLoaded, start, run_texts::kLoadedInLog); }
 
 bool stoppedAt(const ProgressCallback* progress, float percentage) {
   if (progress == nullptr || (*progress)(percentage)) return false;

@@ -30,7 +30,7 @@ struct PolarConfig {
   std::int32_t dy_bias_savecsv_swithch = 0;   ///< Table of the row differences.
   std::int32_t tri_bias_savepng_swithch = 0;  ///< Picture of the triangulation residuals.
   std::int32_t dy_bias_savepng_swithch = 0;   ///< Picture of the row differences.
-  std::int32_t pattern_rows = 0;              ///< Board rows of the all-points spacing.
+  std::int32_t pattern_rows = 0;              ///< Not read: configurations carry it.
   std::int32_t pattern_cols = 0;              ///< Board columns of the all-points spacing.
   float pattern_step = 0.0F;                  ///< True spacing, board unit.
   float dy_bias_divid = 0.0F;                 ///< Limit of a row difference, pixels.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <ostream>
 #include <sstream>
 #include <utility>

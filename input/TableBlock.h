@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <tuple>
 
 #include "input/PackedReader.h"
 #include "input/PolyTables.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -9,13 +8,19 @@
 #include <string>
 #include <vector>
 
+#include "camera/CameraFloats.h"
 #include "camera/CameraIntrinsicsBase.h"
-#include "camera/CameraMatrices.h"
 #include "input/PolarConfig.h"
 #include "polar/measure/PairMeasurement.h"
 #include "polar/results/PairFigures.h"
 #include "polar/results/PairRecords.h"
 #include "polar/results/PairStatus.h"
+
+/// Geometry of images that were rectified outside the library, in single precision.
+struct RectifiedFloats {
+  float focal = 0.0F, baseline = 0.0F, cx = 0.0F, cy = 0.0F;
+  float disparity_offset = 0.0F;
+};
 
 /// The evaluations of one run and the figures of its current pair. Lives from before the first pair to the end of the
 /// run; a figure keeps its value until an evaluation that comes to its end replaces it.
@@ -28,18 +33,18 @@ class PairEvaluator {
   // What a run sets before its first pair.
   CameraFloats right_dist{};             ///< Right camera: fx, fy, cx, cy, k1 to k6, p1, p2.
   CameraFloats left_dist{};              ///< Left camera.
-  std::array<float, 5> rectified{};      ///< Focal, baseline, cx, cy, disparity offset of images rectified outside.
+  RectifiedFloats rectified;             ///< Geometry of images rectified outside.
   std::string result_folder;             ///< Empty: nothing is written.
   std::vector<cv::Point3f> boardPoints;  ///< True positions by id.
 
   // What changes from pair to pair.
   std::int32_t image_id = 0;  ///< Number of the current pair in file names.
-  std::int32_t usable = 1;    ///< 1 after a measurement with enough points; cleared when too few are shared.
+  std::int32_t usable = 1;    ///< 0 after a measurement with too few shared points. Nothing in the library reads it.
   bool eccentricity = false;  ///< Compensate the eccentricity of imaged centres; the run switches it off for good.
   std::string errorText;      ///< Last error of an evaluation.
 
   /// Replaces the measurement of the images when set: first argument 0 for the full measurement, 1 for detection only.
-  /// For evaluations of points that come from elsewhere.
+  /// Tests set it, to evaluate points of their own.
   std::function<PairStatus(std::int32_t evalu_model, MeasuredPair& pair)> measurement;
 
   const PolarConfig& config() const { return *config_; }
@@ -65,8 +70,9 @@ class PairEvaluator {
                             const CameraIntrinsicsBase& right_camera);
 
   // --- Rectified pair (rectified/)
-  /// `variance_x`, `variance_y`: variances of the absolute column and row differences.
+  /// `variance_x`, `variance_y`: variances of the absolute column and row differences; no run reads them.
   PairStatus CheckRowDisparity(const PairInput& rectified_pair, float& variance_x, float& variance_y);
+  /// `left_points`, `right_points`: the shared pixels; no run reads them.
   PairStatus CheckPointCloud(const PairInput& rectified_pair, const cv::Mat& Q, std::vector<cv::Point2f>& left_points,
                              std::vector<cv::Point2f>& right_points, std::vector<CloudPoint>& cloud);
   /// For images rectified outside the library.

@@ -3,8 +3,8 @@
 #include <opencv2/core.hpp>
 
 #include "camera/BrownModel.h"
+#include "camera/CameraFloats.h"
 #include "camera/CameraIntrinsicsBase.h"
-#include "camera/CameraMatrices.h"
 
 /// Camera matrices and extrinsics that an evaluation works with: X_right = R X_left + T.
 struct EvaluationCameras {

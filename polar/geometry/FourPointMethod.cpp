@@ -32,9 +32,11 @@ std::array<float, 6> distanceErrors(const Measured& points, const Truth& truth) 
 }
 
 void replaceImplausible(const Measured& points, std::array<float, 6>& errors) {
+  constexpr float kImplausible = 100.0F;  // Signed: an error far below 0 stays, which is meant.
+  constexpr float kReplacement = 0.001F;
   const auto atOrigin = [&](std::size_t k) { return points[k] == cv::Point3f(0.0F, 0.0F, 0.0F); };
   for (std::size_t k = 0; k < kPairs.size(); ++k) {
-    if (errors[k] > 100.0F || atOrigin(kPairs[k][0]) || atOrigin(kPairs[k][1])) errors[k] = 0.001F;
+    if (errors[k] > kImplausible || atOrigin(kPairs[k][0]) || atOrigin(kPairs[k][1])) errors[k] = kReplacement;
   }
 }
 

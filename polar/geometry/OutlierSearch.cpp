@@ -46,6 +46,7 @@ std::optional<std::size_t> findOutlier(const std::vector<double>& values) {
   const std::int32_t mean = wholeMean(values);
   const double deviation = deviationFrom(mean, values);
   const std::size_t picked = indexOfLargest(values);
-  if (std::abs(values[picked]) > 10.0 * deviation + mean) return picked;
+  constexpr double kDeviations = 10.0;
+  if (std::abs(values[picked]) > kDeviations * deviation + mean) return picked;
   return std::nullopt;
 }

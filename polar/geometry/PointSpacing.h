@@ -7,9 +7,9 @@
 
 /// Spacings in one direction against the true step, board unit.
 struct SpacingFigures {
-  float mean_error = 0.0F;  ///< Absolute difference of the mean spacing and the step; not a number without spacings.
-  float variance = 0.0F;    ///< Population variance about the list's own mean.
-  float min = 100.0F;       ///< Smallest absolute error; 100 without spacings.
+  float mean_error = 0.0F;  ///< Absolute difference of the mean spacing and the step; NaN without spacings.
+  float variance = 0.0F;    ///< Population variance about the list's own mean. Nothing in the library reads it.
+  float min = 100.0F;       ///< Smallest absolute error; 100 without spacings, and at most: it is meant.
   float max = 0.0F;         ///< Largest absolute error; 0 without spacings.
 };
 

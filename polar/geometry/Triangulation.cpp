@@ -79,7 +79,7 @@ void reportFailures(const UndistortedPair& pair, const cv::Point2f& pixel_left, 
 }
 
 /// The point of the left frame that both undistorted pixels see. Its components are narrowed before the division, its
-/// fourth is not. An undistortion that ran away leaves equations without finite numbers: the point is none then, as the
+/// fourth is not. An undistortion that ran away leaves equations without finite numbers: the point is NaN then, as the
 /// decomposition would leave its matrices unset.
 Eigen::Vector3d linearPoint(const UndistortedPair& pair, const Projection& left, const Projection& right) {
   Eigen::Matrix4d equations;

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <opencv2/core.hpp>
-#include <vector>
 
 #include "Tallowfen/src/RingTarget.h"
 

@@ -24,14 +24,14 @@ MeasurementCanvas::MeasurementCanvas(const cv::Mat& left_image, const cv::Mat& r
 void MeasurementCanvas::markPoint(Side side, std::int32_t id, const cv::Point2d& centre) {
   const cv::Scalar red(0, 0, 255);
   const cv::Point2f place(static_cast<float>(centre.x) + shiftOf(side), static_cast<float>(centre.y));
-  cv::circle(picture_, cv::Point(place), 2, red, 1, 8);
+  cv::circle(picture_, cv::Point(place), 2, red, 1, cv::LINE_8);
   cv::putText(picture_, std::to_string(id), cv::Point(place + cv::Point2f(20.0F, 5.0F)), cv::FONT_HERSHEY_SIMPLEX, 1.0,
-              red, 1, 8);
+              red, 1, cv::LINE_8);
 }
 
 void MeasurementCanvas::markEdge(Side side, const std::vector<cv::Point2f>& edge_pixels) {
   const cv::Scalar colour = side == Side::kLeft ? cv::Scalar(0, 255, 0) : cv::Scalar(255, 0, 0);
   for (const cv::Point2f& pixel : edge_pixels) {
-    cv::circle(picture_, cv::Point(pixel + cv::Point2f(shiftOf(side), 0.0F)), 1, colour, 1, 8);
+    cv::circle(picture_, cv::Point(pixel + cv::Point2f(shiftOf(side), 0.0F)), 1, colour, 1, cv::LINE_8);
   }
 }

@@ -1,6 +1,8 @@
 #include "polar/measure/PairMeasurement.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"
@@ -15,7 +17,11 @@ namespace {
 
 using kestrune::RingTarget;
 
+/// With fewer detected dots an image is not measured: a pose wants six.
 constexpr std::size_t kLeastDetected = 6;
+/// True positions of no more dots are not handed to the target. One more than the target itself would take: it is
+/// meant.
+constexpr std::size_t kTooFewBoardPoints = 6;
 
 /// One image of the pair under measurement.
 struct SideImage {
@@ -90,7 +96,7 @@ class Measurement {
     console::line("use eccentricity!");
     const BoardPose pose = estimateBoardPose(target, points, side.camera);
     printPose(side.side, pose.report);
-    auto* const place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : 4);
+    auto* const place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : pose.report.size());
     std::copy(pose.report.begin(), pose.report.end(), place);
     return {side.camera.K, pose.R};
   }
@@ -105,7 +111,7 @@ class Measurement {
 PairStatus measurePairPoints(const MeasurementSettings& settings, const PairInput& input, MeasuredPair& pair,
                              PairFigures& figures, std::string& errorText) {
   const auto target = std::make_shared<RingTarget>();
-  if (settings.boardPoints.size() > 6) target->setBoardPoints(settings.boardPoints);
+  if (settings.boardPoints.size() > kTooFewBoardPoints) target->setBoardPoints(settings.boardPoints);
   if (!target->loadConfig(input.targetConfigPath)) {
     errorText = " Fail init camera model! ";
     return polar_status::kTargetConfig;

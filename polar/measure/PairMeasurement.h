@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "camera/CameraMatrices.h"
+#include "camera/CameraFloats.h"
 #include "input/PolarConfig.h"
 #include "polar/geometry/CameraPairModel.h"
 #include "polar/results/PairFigures.h"

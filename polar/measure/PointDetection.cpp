@@ -1,5 +1,7 @@
 #include "polar/measure/PointDetection.h"
 
+#include <memory>
+
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"
 #include "platform/Console.h"

@@ -10,9 +10,9 @@ inline constexpr PairStatus kMeasurementFailed = 1;
 /// A point of a configured group is missing in the cloud.
 inline constexpr PairStatus kGroupPointMissing = 12;
 
-/// With fewer shared points a raw pair is not evaluated.
+/// With fewer shared points a raw pair is not evaluated. As many as the measurement wants of one image.
 inline constexpr std::size_t kLeastSharedRaw = 6;
 /// With fewer shared points a rectified pair is not evaluated.
 inline constexpr std::size_t kLeastSharedRectified = 3;
-/// With fewer known points a board is not compared with.
+/// With fewer known points a board is not compared with: a list of so few is not that of a board.
 inline constexpr std::size_t kLeastBoardPoints = 31;

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <fstream>
 #include <string>
 
 #include "PolarLinePrecision/Status.h"
@@ -22,9 +23,10 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
   PairEvaluator evaluator = makeEvaluator(*this);
   if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
-  if (!reportProgress(*this, arguments.progress, 0.003F)) return polar_status::kStoppedByCallback;
+  if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
-  // A camera without tables stands for its side's Brown model, so that the evaluation goes one way for both.
+  // Without tables a Brown camera of that side takes the place of the polynomial one, so that the evaluation goes one
+  // way for both.
   const BrownCamera left_brown(left_dist);
   const BrownCamera right_brown(right_dist);
   const bool poly = lensModel() == LensModel::kPoly;

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -137,7 +138,7 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
     errorText = run_texts::kReadPolyError;
     return polar_status::kPolyTables;
   }
-  if (!reportProgress(*this, arguments.progress, 0.003F)) return polar_status::kStoppedByCallback;
+  if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
   PairEvaluator evaluator = makeEvaluator(*this);
   const WalkRules rules{.counts_given_up = true, .writes_every_row = false};

@@ -84,7 +84,7 @@ std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvalu
                        std::chrono::steady_clock::time_point start, const WalkRules& rules,
                        const PairEvaluation& evaluate) {
   const std::size_t pairs = arguments.images[0].size();
-  const float step = 99.0F / static_cast<float>(pairs);
+  const float step = run_texts::kAllPairsPercent / static_cast<float>(pairs);
   std::int32_t pair_count = 0;
   for (std::size_t index = 0; index < pairs; ++index) {
     evaluator.image_id = pair_count;
@@ -96,7 +96,7 @@ std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvalu
     }
 
     ++pair_count;
-    const float percentage = static_cast<float>(pair_count) * step + 0.003F;
+    const float percentage = static_cast<float>(pair_count) * step + run_texts::kRunBegunPercent;
     printTimedLine(run_texts::kPairDone + std::to_string(pair_count), start, percentage);
     if (!reportProgress(core, arguments.progress, percentage)) return polar_status::kStoppedByCallback;
 

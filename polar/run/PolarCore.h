@@ -42,7 +42,7 @@ class PolarCore {
   CameraFloats left_dist{};            ///< Left camera.
   std::array<float, 3> rotation{};     ///< Extrinsic angles, radians.
   std::array<float, 3> translation{};  ///< Extrinsic translation.
-  CameraMatrices left, right;          ///< `left_K`, `left_D`, `right_K`, `right_D`.
+  CameraMatrices left, right;          ///< Matrix and distortion of each camera.
   cv::Mat R;                           ///< 3x3: X_right = R X_left + T.
   cv::Mat T;                           ///< 3x1.
   cv::Mat Q;                           ///< 4x4 reprojection matrix of the last rectified pair.

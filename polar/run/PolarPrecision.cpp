@@ -43,8 +43,8 @@ std::int32_t PolarPrecision::runCore(const ProgressCallback* progress, Prepare p
   const auto start = std::chrono::steady_clock::now();
   InitCore();
   prepare();
-  printTimedLine(run_texts::kInitialised, start, 0.0553);
-  if (progress != nullptr && !(*progress)(0.002F)) {
+  printTimedLine(run_texts::kInitialised, start, run_texts::kInitialisedInLog);
+  if (progress != nullptr && !(*progress)(run_texts::kInitialisedPercent)) {
     errorText = run_texts::kCallTerminated;
     return polar_status::kStoppedByCallback;
   }

@@ -1,5 +1,5 @@
 #include <chrono>
-#include <string>
+#include <fstream>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Files.h"
@@ -7,6 +7,7 @@
 #include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
 #include "polar/run/PolarCore.h"
+#include "polar/run/RunTexts.h"
 
 namespace {
 
@@ -56,7 +57,7 @@ std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const Re
   PairEvaluator evaluator = makeRectifiedEvaluator(*this, geometry);
   if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
-  if (!reportProgress(*this, arguments.progress, 0.003F)) return polar_status::kStoppedByCallback;
+  if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
   return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{},
                    [&](std::size_t /*index*/, const PairInput& pair) {

@@ -3,7 +3,8 @@
 #include <chrono>
 #include <string>
 
-/// Every text of the runs: the error texts that callers read, and the lines of the log on the console.
+/// Every text of the runs themselves: their error texts and the lines of their log. Those of an evaluation stand with
+/// it.
 namespace run_texts {
 
 // Error texts.
@@ -25,6 +26,14 @@ inline constexpr const char* kChecksBoardPoly = "distortion model: POLY";
 inline constexpr const char* kLoaded = "--------Load Parameters OK";
 inline constexpr const char* kInitialised = "--------Initialization Parameters OK";
 inline constexpr const char* kPairDone = "--------LoadImageFrames ------";  ///< With the pair's number behind it.
+
+// What the callback gets, per cent; the pairs share what lies between the last of these and 99.
+inline constexpr float kInitialisedPercent = 0.002F;
+inline constexpr float kRunBegunPercent = 0.003F;
+inline constexpr float kAllPairsPercent = 99.0F;
+// What the first two lines of the log say instead; that they differ is meant.
+inline constexpr double kLoadedInLog = 0.045;
+inline constexpr double kInitialisedInLog = 0.0553;
 
 }  // namespace run_texts
 

@@ -15,7 +15,7 @@ cv::Point2f centreOf(const kestrune::morvenkit::CtrlPoint<double>& point) {
 }
 
 void drawCircle(cv::Mat& picture, const cv::Point2f& centre, int radius, const cv::Scalar& colour) {
-  cv::circle(picture, cv::Point(centre), radius, colour, 1, 8);
+  cv::circle(picture, cv::Point(centre), radius, colour, 1, cv::LINE_8);
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ void drawMatched(cv::Mat& picture, const Points& points) {
     const cv::Point2f centre = centreOf(point);
     drawCircle(picture, centre, 2, kRed);
     cv::putText(picture, std::to_string(point.id), cv::Point(centre + cv::Point2f(5.0F, 5.0F)),
-                cv::FONT_HERSHEY_SIMPLEX, 2.0, kRed, 2, 8);
+                cv::FONT_HERSHEY_SIMPLEX, 2.0, kRed, 2, cv::LINE_8);
   }
 }
 

@@ -1,4 +1,6 @@
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <fstream>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"

@@ -1,5 +1,6 @@
 #include "polar/evaluate/raw/BoardFit.h"
 
+#include <array>
 #include <cmath>
 
 #include "polar/geometry/RigidAlignment.h"

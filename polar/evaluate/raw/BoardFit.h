@@ -19,5 +19,5 @@ struct LeftCamera {
 std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Point3f>& truth, const LeftCamera& camera,
                                   DistanceTables& tables);
 
-/// Root mean square of the distances that are not above `limit`; not a number without any. Pixels.
+/// Root mean square of the distances that are not above `limit`; NaN without any. Pixels.
 float projectionRms(const std::vector<double>& distances, double limit);

@@ -1,22 +1,45 @@
-#include "polar/evaluate/raw/DistanceMetrics.h"
-
+#include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"
+#include "polar/evaluate/PairEvaluator.h"
 #include "polar/evaluate/raw/BoardFit.h"
+#include "polar/evaluate/raw/FoursixStep.h"
 #include "polar/evaluate/raw/GroundTruthDistances.h"
 #include "polar/geometry/OutlierSearch.h"
 #include "polar/geometry/PairTriangulation.h"
 
 namespace {
 
+/// Where the distance evaluations of the two lens models part.
+struct DistanceRules {
+  bool board_check_table = false;  ///< Write the figures of each point to the board check table.
+  double projection_limit = 0.0;   ///< Distances of the fitted board above this are left out of `gt_rms`, pixels.
+  bool outlier_search = false;     ///< A point that stands out from the fit ends the evaluation.
+  FoursixRules foursix;
+};
+
+// That the two differ is meant, in each point.
 DistanceRules brownRules() {
-  return {true, std::numeric_limits<double>::infinity(), true, {cv::Point3f(0.0F, 0.0F, 0.0F), 0, false}};
+  return {.board_check_table = true,
+          .projection_limit = std::numeric_limits<double>::infinity(),
+          .outlier_search = true,
+          .foursix = {.initial = {0.0F, 0.0F, 0.0F}, .missing_sum = 0, .replaces_implausible = false}};
 }
 
-DistanceRules polyRules() { return {false, 5.0, false, {cv::Point3f(10.0F, 10.0F, 10.0F), 30, true}}; }
+DistanceRules polyRules() {
+  constexpr float kUnfound = 10.0F;  // Failed points stand at the origin, so points that are not there stand elsewhere.
+  return {.board_check_table = false,
+          .projection_limit = 5.0,
+          .outlier_search = false,
+          .foursix = {.initial = {kUnfound, kUnfound, kUnfound},
+                      .missing_sum = static_cast<std::int32_t>(3 * kUnfound),
+                      .replaces_implausible = true}};
+}
 
 bool passesResidual(PairEvaluator& evaluator, const cv::Mat& right_image, const MeasuredPair& pair,
                     TriangulatedPair& triangulated) {
@@ -36,7 +59,8 @@ std::vector<cv::Point3f> trueBoard(const PairEvaluator& evaluator, const std::ve
 }
 
 PairStatus searchOutlier(PairEvaluator& evaluator, std::vector<double> distances) {
-  for (double& distance : distances) distance *= 1000;
+  constexpr double kThousandths = 1000.0;  // The search drops fractions, so it looks at thousandths of a pixel.
+  for (double& distance : distances) distance *= kThousandths;
   const auto outlier = findOutlier(distances);
   if (!outlier) return polar_status::kSuccess;
   const std::string id = std::to_string(evaluator.figures.pairPoints[*outlier].id);
@@ -62,8 +86,8 @@ PairStatus compareWithBoard(PairEvaluator& evaluator, std::vector<PairPointRecor
   return rules.outlier_search ? searchOutlier(evaluator, std::move(distances)) : polar_status::kSuccess;
 }
 
-}  // namespace
-
+/// Measures and triangulates a raw pair and judges it by its residuals, by the board's true distances and by the six
+/// distances of four points, each under its switch.
 PairStatus evaluateRawPair(PairEvaluator& evaluator, const PairInput& raw, const CameraPairModel& model,
                            const DistanceRules& rules) {
   const PolarConfig& config = evaluator.config();
@@ -85,6 +109,8 @@ PairStatus evaluateRawPair(PairEvaluator& evaluator, const PairInput& raw, const
   if (config.triangulate_dis_switch == 0) return polar_status::kSuccess;
   return evaluateFoursix(evaluator, measured, triangulated.points_left, rules.foursix);
 }
+
+}  // namespace
 
 PairStatus PairEvaluator::CalTriangulateRepBrown(const PairInput& raw) {
   return evaluateRawPair(*this, raw, BrownPairModel(left_dist, right_dist), brownRules());

@@ -1,5 +1,7 @@
 #include "polar/evaluate/raw/FoursixStep.h"
 
+#include <array>
+
 #include "PolarLinePrecision/Status.h"
 #include "polar/geometry/FourPointMethod.h"
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <opencv2/imgproc.hpp>
 
 #include "platform/Files.h"
@@ -9,8 +10,10 @@
 
 namespace {
 
-/// Residuals above this do not count, pixels. Not configurable.
+/// Residuals above this do not count, pixels: wrong matches, not misalignments. Not configurable.
 constexpr double kOutlierLimit = 5.0;
+/// With fewer points there is no statistic.
+constexpr std::size_t kLeastPoints = 3;
 
 /// What the residuals that count add up to.
 struct Residuals {
@@ -26,7 +29,7 @@ double distanceOf(const cv::Point2f& measured, const cv::Point2f& predicted) {
   return std::sqrt(static_cast<double>(dx) * dx + static_cast<double>(dy) * dy);
 }
 
-/// Ascending, what is not a number behind all numbers, so that the order is a lawful one for any input.
+/// Ascending, NaN last, so that any input has an order.
 bool ascending(double a, double b) { return std::isnan(b) ? !std::isnan(a) : a < b; }
 
 }  // namespace
@@ -34,7 +37,7 @@ bool ascending(double a, double b) { return std::isnan(b) ? !std::isnan(a) : a <
 bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<cv::Point2f>& measured_right,
                                   const std::vector<cv::Point2f>& predicted_right, std::vector<float>& errors) {
   const std::size_t count = measured_right.size();
-  if (count < 3 || predicted_right.size() != count) return false;
+  if (count < kLeastPoints || predicted_right.size() != count) return false;
   errors.assign(count, 0.0F);
 
   const bool saves_picture = config().tri_bias_savepng_swithch == 1;

@@ -1,3 +1,5 @@
+#include <array>
+#include <fstream>
 #include <functional>
 
 #include "PolarLinePrecision/Status.h"
@@ -23,7 +25,7 @@ cv::Point3f reprojectByMatrix(const cv::Mat& Q, const cv::Point2f& pixel_left, c
 
 /// In single precision throughout. The difference is right less left, the opposite of the reprojection by matrix: the
 /// caller's baseline and offset carry the sign.
-cv::Point3f reprojectByNumbers(const std::array<float, 5>& rectified, const cv::Point2f& pixel_left,
+cv::Point3f reprojectByNumbers(const RectifiedFloats& rectified, const cv::Point2f& pixel_left,
                                const cv::Point2f& pixel_right) {
   const auto& [focal, baseline, cx, cy, disparity_offset] = rectified;
   const float z = (focal * baseline) / (pixel_right.x - pixel_left.x + disparity_offset);

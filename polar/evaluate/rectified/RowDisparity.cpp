@@ -1,4 +1,5 @@
 #include <cmath>
+#include <fstream>
 #include <limits>
 #include <opencv2/imgproc.hpp>
 

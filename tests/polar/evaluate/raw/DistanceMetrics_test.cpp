@@ -1,5 +1,3 @@
-#include "polar/evaluate/raw/DistanceMetrics.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
