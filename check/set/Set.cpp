@@ -1,0 +1,82 @@
+#include "polarline/set.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <system_error>
+
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Close {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Throws unless the path is a file with content that opens.
+void requireFile(const std::string& path) {
+  std::error_code failure;
+  const fs::file_status status = fs::status(path, failure);
+  if (!fs::exists(status)) throw InputError(path, failure && failure != std::errc::no_such_file_or_directory
+                                                      ? failure.message()
+                                                      : "there is no such file");
+  if (fs::is_directory(status)) throw InputError(path, "is a folder; a file was wanted");
+  const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
+  if (!file) throw InputError(path, std::strerror(errno));
+  if (std::fgetc(file.get()) == EOF) throw InputError(path, "is empty");
+}
+
+/// The first of the names that the folder has; empty for none.
+std::string found(const std::string& folder, std::initializer_list<const char*> names) {
+  for (const char* name : names) {
+    const std::string path = (fs::path(folder) / name).string();
+    std::error_code ignored;
+    if (fs::exists(path, ignored)) return path;
+  }
+  return {};
+}
+
+std::string listOf(std::initializer_list<const char*> names) {
+  std::string list;
+  for (const char* name : names) list += (list.empty() ? "" : ", ") + std::string(name);
+  return list;
+}
+
+void complete(std::string& path, const std::string& folder, const char* what, bool needed,
+              std::initializer_list<const char*> names) {
+  if (path.empty() && !folder.empty()) path = found(folder, names);
+  if (!path.empty()) return requireFile(path);
+  if (needed) throw InputError(folder, std::string("has no ") + what + " (" + listOf(names) + ")");
+}
+
+void requireFolder(const std::string& folder) {
+  std::error_code failure;
+  const fs::file_status status = fs::status(folder, failure);
+  if (!fs::exists(status)) throw InputError(folder, "there is no such folder");
+  if (!fs::is_directory(status)) throw InputError(folder, "is no folder; a folder with the files of a set was wanted");
+}
+
+}  // namespace
+
+Set openSet(const Set& named) {
+  Set set = named;
+  if (!set.folder.empty()) requireFolder(set.folder);
+  complete(set.polar, set.folder, "polar configuration", true, {"polar.txt"});
+  complete(set.target, set.folder, "description of the board", true,
+           {"target.ini", "target.json", "target.yml", "target.yaml", "target.xml"});
+  complete(set.rectified, set.folder, "geometry of rectified pairs", false, {"rectified.txt"});
+  const bool calibrated = set.rectified.empty();
+  complete(set.calibration, set.folder, "calibration", calibrated, {"calib.json", "calib.bin"});
+  complete(set.list, set.folder, "image list", true, {"list.txt"});
+  complete(set.board, set.folder, "true positions of the dots", false, {"board_gt.txt"});
+  complete(set.limits, set.folder, "limits", false, {"limits.txt"});
+  return set;
+}
+
+}  // namespace polarline

@@ -1,0 +1,142 @@
+#include "platform/WholeFile.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <mutex>
+#include <set>
+#include <string>
+#include <system_error>
+
+#include "polarline/errors.h"
+
+#if defined(_WIN32)
+#include <io.h>
+#include <process.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace whole_file {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What is being written, for `abandonAll`.
+struct Unfinished {
+  std::mutex mutex;
+  std::set<fs::path> paths;
+};
+
+Unfinished& unfinished() {
+  static Unfinished all;
+  return all;
+}
+
+std::string textOf(int error) { return std::generic_category().message(error); }
+
+std::string nameOf(const fs::path& path) { return path.string(); }
+
+/// A name beside the place that nobody else has.
+fs::path beside(const fs::path& place) {
+  static std::atomic<unsigned> count{0};
+#if defined(_WIN32)
+  const int process = _getpid();
+#else
+  const int process = getpid();
+#endif
+  fs::path name = place.filename();
+  name += ".partial-" + std::to_string(process) + "-" + std::to_string(count++);
+  return place.parent_path() / name;
+}
+
+fs::path withoutLastSeparator(const fs::path& place) { return place.has_filename() ? place : place.parent_path(); }
+
+bool synced(std::FILE* file) {
+#if defined(_WIN32)
+  return _commit(_fileno(file)) == 0;
+#else
+  return fsync(fileno(file)) == 0 || errno == EINVAL || errno == ENOTSUP;  // A device has nothing to sync.
+#endif
+}
+
+std::FILE* opened(const fs::path& path) {
+#if defined(_WIN32)
+  return _wfopen(path.c_str(), L"wb");
+#else
+  return std::fopen(path.c_str(), "wb");
+#endif
+}
+
+/// 0, or the error.
+int contentWritten(const fs::path& path, std::string_view content) {
+  std::FILE* const file = opened(path);
+  if (file == nullptr) return errno;
+  int error = 0;
+  if (std::fwrite(content.data(), 1, content.size(), file) != content.size() || std::fflush(file) != 0) error = errno;
+  if (error == 0 && !synced(file)) error = errno;
+  if (std::fclose(file) != 0 && error == 0) error = errno;
+  return error;
+}
+
+bool isDevice(const fs::path& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+}
+
+void add(const fs::path& path) {
+  const std::lock_guard lock(unfinished().mutex);
+  unfinished().paths.insert(path);
+}
+
+void forget(const fs::path& path) {
+  const std::lock_guard lock(unfinished().mutex);
+  unfinished().paths.erase(path);
+}
+
+void removeAndForget(const fs::path& path) {
+  std::error_code ignored;
+  fs::remove_all(path, ignored);
+  forget(path);
+}
+
+}  // namespace
+
+void write(const fs::path& path, std::string_view content) {
+  if (isDevice(path)) {
+    if (const int error = contentWritten(path, content); error != 0)
+      throw polarline::OutputError(nameOf(path), textOf(error));
+    return;
+  }
+  const fs::path partial = beside(path);
+  add(partial);
+  int error = contentWritten(partial, content);
+  if (error == 0) {
+    const std::lock_guard lock(unfinished().mutex);  // Whole and in its place, or gone: nothing in between.
+    std::error_code failure;
+    fs::rename(partial, path, failure);
+    error = failure.value();
+  }
+  if (error == 0) return forget(partial);
+  removeAndForget(partial);
+  throw polarline::OutputError(nameOf(path), textOf(error));
+}
+
+PartialFolder::PartialFolder(const fs::path& place) : path_(beside(withoutLastSeparator(place))) {
+  std::error_code failure;
+  add(path_);
+  if (fs::create_directory(path_, failure)) return;
+  forget(path_);
+  throw polarline::OutputError(nameOf(place), failure ? failure.message() : "cannot be made");
+}
+
+PartialFolder::~PartialFolder() { removeAndForget(path_); }
+
+void abandonAll() {
+  unfinished().mutex.lock();  // Never unlocked: nothing may be written any more.
+  std::error_code ignored;
+  for (const fs::path& path : unfinished().paths) fs::remove_all(path, ignored);
+}
+
+}  // namespace whole_file

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+/// Files and folders that appear whole or not at all: written beside their place under another name, synced, renamed.
+/// Paths are the system's own, of any bytes. Failures throw `polarline::OutputError`, and nothing half stays.
+namespace whole_file {
+
+/// Writes the content in place of an earlier file. A device such as /dev/full is written directly.
+void write(const std::filesystem::path& path, std::string_view content);
+
+/// A folder under another name beside its place, gone at the end of the object's life.
+class PartialFolder {
+ public:
+  /// Makes the folder; those above its place must be there.
+  explicit PartialFolder(const std::filesystem::path& place);
+  PartialFolder(const PartialFolder&) = delete;
+  PartialFolder& operator=(const PartialFolder&) = delete;
+  ~PartialFolder();
+
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// Removes whatever is being written at this moment and keeps every later writer waiting: the last call before a
+/// process ends at a signal, from any thread.
+void abandonAll();
+
+}  // namespace whole_file

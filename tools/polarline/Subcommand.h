@@ -1,0 +1,43 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace command {
+
+/// What the command returns, the same for every subcommand.
+enum ExitCode : std::uint8_t {
+  kDone = 0,
+  kLimitExceeded = 1,
+  kUnusable = 2,    ///< The command line or an input.
+  kNoFigure = 3,    ///< The run ended without one.
+  kNotWritten = 4,  ///< A result.
+  kInterrupted = 130,
+};
+
+/// A subcommand: its options, and what it does when they have been parsed; the result is the exit code.
+struct Subcommand {
+  CLI::App* app = nullptr;
+  std::function<int()> run;
+};
+
+/// Every subcommand, in the order of the help. A new one is a file of its own and a line in Subcommands.cpp.
+std::vector<Subcommand> addSubcommands(CLI::App& polarline);
+
+/// The options that each subcommand with a result has.
+struct ResultOptions {
+  std::string json;    ///< Where the JSON document goes: a path, "-" for standard output, empty for nowhere.
+  bool quiet = false;  ///< Nothing but failures.
+};
+void addResultOptions(CLI::App& app, ResultOptions& options);
+
+/// Ends the help of a subcommand with an example, which a test runs: a command line that begins with "polarline".
+void addExample(CLI::App& app, const std::string& example);
+
+/// Puts a text at a path, whole or not at all; "-" is standard output. Throws `polarline::OutputError`.
+void deliver(const std::string& path, const std::string& text);
+
+}  // namespace command

@@ -1,0 +1,7 @@
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+
+std::vector<Subcommand> addSubcommands(CLI::App& /*polarline*/) { return {}; }
+
+}  // namespace command
