@@ -64,7 +64,7 @@ std::int32_t CalPolarLinePrecision(const char* polarConfigPath, const char* targ
   ImagePairList images;
   precision->ReadImageList(imageList, images);  // A failed list shows later, as a set that is not two lists.
 
-  status = precision->RunImageSet(targetConfig, std::move(images), calib, &kAlwaysGoOn);
+  status = precision->RunImageSet({targetConfig, std::move(images), &kAlwaysGoOn}, calib);
   if (status != polar_status::kSuccess) return failWith(*precision, status);
   return precision->FetchResults(*results);
 }
@@ -86,8 +86,9 @@ std::int32_t CalPolarLinePrecisionOutMat(const char* polarConfigPath, const char
   precision->ConvertCalibParams(calibration, calib);
   printLoaded(start);
   return runBetweenReports(*precision, progress, *results, [&] {
-    return precision->frameWork() != 0 ? precision->RunFrames(targetConfig, std::move(images), calib, progress)
-                                       : precision->RunImageSet(targetConfig, std::move(images), calib, progress);
+    const RunArguments arguments{targetConfig, std::move(images), progress};
+    return precision->frameWork() != 0 ? precision->RunFrames(arguments, calib)
+                                       : precision->RunImageSet(arguments, calib);
   });
 }
 
@@ -108,7 +109,7 @@ std::int32_t CalRecificationPrecision(const char* polarConfigPath, const char* t
   ImagePairList images;
   precision->ReadImageList(imageList, images);
   return runBetweenReports(*precision, &kAlwaysGoOn, *results, [&] {
-    return precision->RunRectified(targetConfig, std::move(images), geometry, &kAlwaysGoOn);
+    return precision->RunRectified({targetConfig, std::move(images), &kAlwaysGoOn}, geometry);
   });
 }
 

@@ -23,9 +23,9 @@ struct Close {
 void requireFile(const std::string& path) {
   std::error_code failure;
   const fs::file_status status = fs::status(path, failure);
-  if (!fs::exists(status)) throw InputError(path, failure && failure != std::errc::no_such_file_or_directory
-                                                      ? failure.message()
-                                                      : "there is no such file");
+  if (!fs::exists(status))
+    throw InputError(
+        path, failure && failure != std::errc::no_such_file_or_directory ? failure.message() : "there is no such file");
   if (fs::is_directory(status)) throw InputError(path, "is a folder; a file was wanted");
   const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
   if (!file) throw InputError(path, std::strerror(errno));

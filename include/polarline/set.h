@@ -19,9 +19,10 @@ struct Set {
   std::string rectified;    ///< Geometry of pairs that were rectified elsewhere; empty for all others.
 };
 
-/// Completes a set: each file that `named` leaves empty is the folder's own, `polar.txt`, `target.ini|json|yml|yaml|xml`,
-/// `calib.json|bin`, `list.txt`, and, where they are there, `board_gt.txt`, `limits.txt`, `rectified.txt`.
-/// Throws `InputError` that names the file which is missing, empty, not readable or no file.
+/// Completes a set: each file that `named` leaves empty is the folder's own, `polar.txt`,
+/// `target.ini|json|yml|yaml|xml`, `calib.json|bin`, `list.txt`, and, where they are there, `board_gt.txt`,
+/// `limits.txt`, `rectified.txt`. Throws `InputError` that names the file which is missing, empty, not readable or no
+/// file.
 POLARLINE_API Set openSet(const Set& named);
 
 /// A line of the image list.

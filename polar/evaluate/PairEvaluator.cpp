@@ -11,6 +11,12 @@ PairEvaluator::PairEvaluator(std::shared_ptr<const PolarConfig> configuration)
       config_(std::move(configuration)) {}
 
 PairStatus PairEvaluator::measure(const PairInput& input, MeasuredPair& pair) {
+  seen.measurement = measureAs(input, pair);
+  seen.found = pair.found;
+  return seen.measurement;
+}
+
+PairStatus PairEvaluator::measureAs(const PairInput& input, MeasuredPair& pair) {
   if (input.evalu_model == 0) return MeasurePairPoints(input, pair);
   if (input.evalu_model == 1) return DetectPairPoints(input, pair);
   return polar_status::kSuccess;

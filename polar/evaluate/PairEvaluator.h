@@ -13,6 +13,7 @@
 #include "input/PolarConfig.h"
 #include "polar/measure/PairMeasurement.h"
 #include "polar/results/PairFigures.h"
+#include "polar/results/PairObservation.h"
 #include "polar/results/PairRecords.h"
 #include "polar/results/PairStatus.h"
 
@@ -29,6 +30,7 @@ class PairEvaluator {
   explicit PairEvaluator(std::shared_ptr<const PolarConfig> configuration);
 
   PairFigures figures;
+  PairObservation seen;  ///< Written only: no evaluation reads it, but for whether it is filled already.
 
   // What a run sets before its first pair.
   CameraFloats right_dist{};             ///< Right camera: fx, fy, cx, cy, k1 to k6, p1, p2.
@@ -84,5 +86,7 @@ class PairEvaluator {
                                const CameraIntrinsicsBase& right_camera);
 
  private:
+  PairStatus measureAs(const PairInput& input, MeasuredPair& pair);
+
   std::shared_ptr<const PolarConfig> config_;
 };

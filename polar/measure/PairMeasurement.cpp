@@ -29,6 +29,7 @@ struct SideImage {
   const cv::Mat& image;
   PoseCamera camera;
   PointsById& by_id;
+  std::size_t& found;
 };
 
 /// The camera with its eight coefficients in the order of OpenCV: k1, k2, p1, p2, k3, k4, k5, k6.
@@ -79,6 +80,7 @@ class Measurement {
     RingTarget::Points points;
     RingTarget::Points unidentified;
     target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
+    side.found = points.size();
     console::line("detect point num : ", points.size());
     if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
 
@@ -98,6 +100,7 @@ class Measurement {
     printPose(side.side, pose.report);
     auto* const place = figures_.PoseReport.begin() + (side.side == Side::kLeft ? 0 : pose.report.size());
     std::copy(pose.report.begin(), pose.report.end(), place);
+    if (side.side == Side::kRight) figures_.setMeasured(FigureGroup::kPose);
     return {side.camera.K, pose.R};
   }
 
@@ -118,9 +121,9 @@ PairStatus measurePairPoints(const MeasurementSettings& settings, const PairInpu
   }
   MeasurementCanvas canvas(input.left_image, input.right_image);
   const SideImage left = {Side::kLeft, input.left_image, poseCamera(input.cameras.left_K, settings.left_dist),
-                          pair.left_by_id};
+                          pair.left_by_id, pair.found[0]};
   const SideImage right = {Side::kRight, input.right_image, poseCamera(input.cameras.right_K, settings.right_dist),
-                           pair.right_by_id};
+                           pair.right_by_id, pair.found[1]};
   Measurement measurement(settings, canvas, figures);
   for (const SideImage* side : {&left, &right}) {
     if (side->image.empty()) {
@@ -131,6 +134,7 @@ PairStatus measurePairPoints(const MeasurementSettings& settings, const PairInpu
     if (status != polar_status::kSuccess) return status;
   }
   figures.detect_canvas = canvas.picture();
+  figures.setMeasured(FigureGroup::kPicture);
   appendShared(pair);
   dropUnshared(pair);
   return polar_status::kSuccess;

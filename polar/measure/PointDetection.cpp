@@ -10,7 +10,7 @@
 
 namespace {
 
-void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& by_id) {
+void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& by_id, std::size_t& found) {
   if (image.empty()) {
     console::line("load image failed");
     return;
@@ -18,6 +18,7 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
   kestrune::RingTarget::Points points;
   kestrune::RingTarget::Points unidentified;
   target.detect(normaliseTo8Bit(image), points, unidentified, cv::Mat());
+  found = points.size();
   for (const auto& point : points) {
     keepFirst(by_id, point.id, cv::Point2f(static_cast<float>(point.x), static_cast<float>(point.y)));
   }
@@ -28,8 +29,8 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
 PairStatus detectPairPoints(const PairInput& input, MeasuredPair& pair) {
   const auto target = std::make_shared<kestrune::RingTarget>();
   target->loadConfig(input.targetConfigPath);
-  detectSide(*target, input.left_image, pair.left_by_id);
-  detectSide(*target, input.right_image, pair.right_by_id);
+  detectSide(*target, input.left_image, pair.left_by_id, pair.found[0]);
+  detectSide(*target, input.right_image, pair.right_by_id, pair.found[1]);
   appendShared(pair);
   return polar_status::kSuccess;
 }

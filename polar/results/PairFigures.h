@@ -1,10 +1,31 @@
 #pragma once
 
 #include <array>
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
 #include <opencv2/core.hpp>
 #include <vector>
 
 #include "polar/results/PairRecords.h"
+
+/// Figures that come together: all of a group are measured, or none.
+enum class FigureGroup : std::uint8_t {
+  kResiduals,  ///< tri_mean and its like
+  kTriDis,
+  kRows,  ///< dy_means and its like
+  kPolDis,
+  kSpacing,  ///< allpoints_means and its like
+  kIdDis,
+  kDistances,   ///< dis_rms, nor_rms, zero_dis and the shared points
+  kAlignment,   ///< icp_x_rms and its like
+  kProjection,  ///< gt_rms
+  kPose,
+  kFrame,
+  kSpace,
+  kPicture,
+};
+inline constexpr std::size_t kFigureGroups = 13;
 
 /// The figures of a pair as they are measured, before they widen on their way to the caller. What each means, where it
 /// is written and under which switch stands in `FigureList.h`. A figure keeps its value until an evaluation that comes
@@ -27,4 +48,9 @@ struct PairFigures {
   std::vector<double> frameValues;
   float gt_rms = 0.0F;
   double space_rms = 0.0;
+
+  /// The groups that the current pair measured itself; the values of the others are of an earlier pair, or none.
+  std::bitset<kFigureGroups> measured;
+  void setMeasured(FigureGroup group) { measured.set(static_cast<std::size_t>(group)); }
+  bool isMeasured(FigureGroup group) const { return measured.test(static_cast<std::size_t>(group)); }
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <opencv2/core.hpp>
@@ -16,6 +18,7 @@ struct MeasuredPair {
   std::vector<cv::Point2f> right_points;
   PointsById left_by_id;
   PointsById right_by_id;
+  std::array<std::size_t, 2> found{};  ///< Numbered dots of the left and the right image; for observers.
 };
 
 /// One shared point as the evaluations keep it during a run.

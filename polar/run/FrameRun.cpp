@@ -21,7 +21,7 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
     return polar_status::kPolyTables;
   }
   PairEvaluator evaluator = makeEvaluator(*this);
-  if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
+  if (!isStereoSet(*this, arguments)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
   if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
@@ -38,6 +38,7 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
   return walkPairs(*this, arguments, evaluator, summary, start, rules,
                    [&](std::size_t /*index*/, const PairInput& raw) {
                      // A failing frame still makes a record, a row and a report.
+                     evaluator.seen.evaluation = "frame";
                      evaluator.CalFramePrecision(raw, left_object, right_object);
                      return PairResult{};
                    });

@@ -30,18 +30,21 @@ class ImageSetPair {
     if (config_.triangulate_dis_switch != 0 || config_.triangulate_residual_switch != 0) {
       const PairStatus status = triangulate(raw);
       if (status != 0 && config_.discalsave) return {PairOutcome::kEndRun, keepError(status)};
-      if (status != 0) return giveUp();
+      if (status != 0) return giveUp(status);
     }
     if (config_.dy_bias_switch != 0 || config_.foursixmethod_swithch != 0) {
       const RectifiedPair rectified = rectify(raw);
       save(rectified, index);
       const PairInput pair{raw.evalu_model, raw.targetConfigPath, rectified.left, rectified.right};
-      if (config_.dy_bias_switch != 0 && rowDisparity(pair) != 0) return giveUp();
-      if ((config_.foursixmethod_swithch != 0 || config_.allpointssavecsv_swithch != 0) && pointCloud(pair) != 0)
-        return giveUp();
+      if (config_.dy_bias_switch != 0) {
+        if (const PairStatus status = rowDisparity(pair); status != 0) return giveUp(status);
+      }
+      if (config_.foursixmethod_swithch != 0 || config_.allpointssavecsv_swithch != 0) {
+        if (const PairStatus status = pointCloud(pair); status != 0) return giveUp(status);
+      }
     }
-    if (config_.spaceRms_switch && boardCheck(raw) != 0) return giveUp();
-    return kPairFinished;
+    const PairStatus status = config_.spaceRms_switch ? boardCheck(raw) : 0;
+    return status == 0 ? kPairFinished : giveUp(status);
   }
 
  private:
@@ -52,12 +55,13 @@ class ImageSetPair {
     return status;
   }
 
-  PairResult giveUp() {
+  PairResult giveUp(PairStatus status) {
     core_.errorText = evaluator_.errorText;
-    return {PairOutcome::kGivenUp, 0};
+    return {PairOutcome::kGivenUp, status};
   }
 
   PairStatus triangulate(const PairInput& raw) {
+    evaluator_.seen.evaluation = "triangulation";
     console::line(isPoly() ? run_texts::kTriangulatesPoly : run_texts::kTriangulatesBrown);
     return isPoly() ? evaluator_.CalTriangulateRepPOLY(raw, core_.left_camera, core_.right_camera)
                     : evaluator_.CalTriangulateRepBrown(raw);
@@ -83,6 +87,7 @@ class ImageSetPair {
   // rectified is measured with it in its first pair only. That is meant.
   PairStatus rowDisparity(const PairInput& rectified) {
     evaluator_.eccentricity = false;
+    evaluator_.seen.evaluation = "rows";
     float variance_x = 0.0F;
     float variance_y = 0.0F;
     return evaluator_.CheckRowDisparity(rectified, variance_x, variance_y);
@@ -90,6 +95,7 @@ class ImageSetPair {
 
   PairStatus pointCloud(const PairInput& rectified) {
     evaluator_.eccentricity = false;
+    evaluator_.seen.evaluation = "cloud";
     std::vector<cv::Point2f> left_points;
     std::vector<cv::Point2f> right_points;
     std::vector<CloudPoint> cloud;
@@ -97,6 +103,7 @@ class ImageSetPair {
   }
 
   PairStatus boardCheck(const PairInput& raw) {
+    evaluator_.seen.evaluation = "board";
     console::line(isPoly() ? run_texts::kChecksBoardPoly : run_texts::kChecksBoardBrown);
     return isPoly() ? evaluator_.CheckBoardPoly(raw, core_.left_camera, core_.right_camera)
                     : evaluator_.CheckBoardBrown(raw);
@@ -119,7 +126,7 @@ bool makeResultFolders(const std::string& result_dir) {
 }  // namespace
 
 std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoCalibParams& calib) {
-  if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
+  if (!isStereoSet(*this, arguments)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
 
   std::string result_dir;

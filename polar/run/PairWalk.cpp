@@ -39,10 +39,18 @@ std::int32_t failOnImages(PolarCore& core) {
   return polar_status::kImages;
 }
 
+std::size_t pairCount(const RunArguments& arguments) {
+  return arguments.source == nullptr ? arguments.images[0].size() : arguments.source->pairs();
+}
+
+std::pair<cv::Mat, cv::Mat> imagesOf(const RunArguments& arguments, std::size_t index) {
+  if (arguments.source != nullptr) return arguments.source->take(index);
+  return {arguments.images[0][index], arguments.images[1].at(index)};
+}
+
 /// The pair at a position, with the cameras as the crop leaves them; none when an image is empty.
 std::optional<PairInput> takePair(PolarCore& core, const RunArguments& arguments, std::size_t index) {
-  cv::Mat left_image = arguments.images[0][index];
-  cv::Mat right_image = arguments.images[1].at(index);
+  auto [left_image, right_image] = imagesOf(arguments, index);
   if (left_image.empty() || right_image.empty()) {
     console::line(run_texts::kImageEmpty);
     return std::nullopt;
@@ -68,8 +76,8 @@ PairResult evaluatePair(PolarCore& core, const RunArguments& arguments, std::siz
 
 }  // namespace
 
-bool isStereoSet(PolarCore& core, const ImagePairList& images) {
-  if (images.size() == 2) return true;
+bool isStereoSet(PolarCore& core, const RunArguments& arguments) {
+  if (arguments.source != nullptr || arguments.images.size() == 2) return true;
   failOnImages(core);
   return false;
 }
@@ -83,12 +91,17 @@ bool reportProgress(PolarCore& core, const ProgressCallback* progress, float per
 std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvaluator& evaluator, std::ostream& summary,
                        std::chrono::steady_clock::time_point start, const WalkRules& rules,
                        const PairEvaluation& evaluate) {
-  const std::size_t pairs = arguments.images[0].size();
+  const std::size_t pairs = pairCount(arguments);
   const float step = run_texts::kAllPairsPercent / static_cast<float>(pairs);
   std::int32_t pair_count = 0;
   for (std::size_t index = 0; index < pairs; ++index) {
     evaluator.image_id = pair_count;
+    evaluator.figures.measured.reset();
+    evaluator.seen = {};
     const PairResult result = evaluatePair(core, arguments, index, evaluate);
+    if (arguments.observer != nullptr) {
+      arguments.observer->pairDone(index, result.outcome == PairOutcome::kFinished, result.status, evaluator);
+    }
     if (result.outcome == PairOutcome::kEndRun) return result.status;
     if (result.outcome == PairOutcome::kGivenUp) {
       pair_count += rules.counts_given_up ? 1 : 0;
@@ -100,7 +113,7 @@ std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvalu
     printTimedLine(run_texts::kPairDone + std::to_string(pair_count), start, percentage);
     if (!reportProgress(core, arguments.progress, percentage)) return polar_status::kStoppedByCallback;
 
-    FillResultRecord(evaluator.figures, core.records.emplace_back());
+    if (arguments.observer == nullptr) FillResultRecord(evaluator.figures, core.records.emplace_back());
     if (rules.writes_every_row || core.config->evaluation != 0) {
       WriteResultRow(*core.config, evaluator.figures, summary, index);
     }

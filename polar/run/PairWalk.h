@@ -17,7 +17,7 @@ enum class PairOutcome : std::uint8_t {
 
 struct PairResult {
   PairOutcome outcome = PairOutcome::kFinished;
-  std::int32_t status = 0;  ///< Read for `kEndRun` only.
+  std::int32_t status = 0;  ///< The run's for `kEndRun`; of a pair given up what ended its evaluations.
 };
 
 /// How the runs differ in their walk.
@@ -27,7 +27,7 @@ struct WalkRules {
 };
 
 /// Whether the set is one list a side; otherwise the core has its error text and the run ends with -8.
-bool isStereoSet(PolarCore& core, const ImagePairList& images);
+bool isStereoSet(PolarCore& core, const RunArguments& arguments);
 
 /// Tells the callback, if there is one; false: the core has its error text and the run ends with 35.
 bool reportProgress(PolarCore& core, const ProgressCallback* progress, float percentage);

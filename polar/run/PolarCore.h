@@ -6,6 +6,7 @@
 #include <opencv2/core.hpp>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "PolarLinePrecision/BoardRecords.h"
@@ -17,11 +18,40 @@
 #include "input/StereoCalibParams.h"
 #include "polar/results/PairFigures.h"
 
+class PairEvaluator;
+
+/// The images of a run that need not be in memory at once.
+class ImageSource {
+ public:
+  ImageSource() = default;
+  ImageSource(const ImageSource&) = delete;
+  ImageSource& operator=(const ImageSource&) = delete;
+  virtual ~ImageSource() = default;
+
+  virtual std::size_t pairs() const = 0;
+  /// The left and the right image of a pair, empty where one cannot be had. Asked for once each, in rising order.
+  virtual std::pair<cv::Mat, cv::Mat> take(std::size_t index) = 0;
+};
+
+/// Sees each pair when the run is done with it.
+class RunObserver {
+ public:
+  RunObserver() = default;
+  RunObserver(const RunObserver&) = delete;
+  RunObserver& operator=(const RunObserver&) = delete;
+  virtual ~RunObserver() = default;
+
+  /// `status`: what ended the evaluations of a pair that was given up or with which the run ends; otherwise 0.
+  virtual void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) = 0;
+};
+
 /// What a run is given beside its configuration and its calibration.
 struct RunArguments {
   std::string targetConfigPath;
   ImagePairList images;
   const ProgressCallback* progress = nullptr;  ///< May be null.
+  ImageSource* source = nullptr;               ///< Takes the place of `images`; may be null.
+  RunObserver* observer = nullptr;             ///< May be null. Takes the place of the run's records.
 };
 
 /// The rectified geometry in the run's form.

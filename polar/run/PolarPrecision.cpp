@@ -54,31 +54,21 @@ std::int32_t PolarPrecision::runCore(const ProgressCallback* progress, Prepare p
   return status;
 }
 
-std::int32_t PolarPrecision::RunImageSet(const std::string& targetConfigPath, ImagePairList images,
-                                         const StereoCalibParams& calib, const ProgressCallback* progress) {
+std::int32_t PolarPrecision::RunImageSet(const RunArguments& arguments, const StereoCalibParams& calib) {
   return runCore(
-      progress, [this] { core_->boardPoints = boardPoints; },
-      [&](PolarCore& core) {
-        return core.ImageSetRun({targetConfigPath, std::move(images), progress}, calib);
-      });
+      arguments.progress, [this] { core_->boardPoints = boardPoints; },
+      [&](PolarCore& core) { return core.ImageSetRun(arguments, calib); });
 }
 
-std::int32_t PolarPrecision::RunFrames(const std::string& targetConfigPath, ImagePairList images,
-                                       const StereoCalibParams& calib, const ProgressCallback* progress) {
+std::int32_t PolarPrecision::RunFrames(const RunArguments& arguments, const StereoCalibParams& calib) {
   return runCore(
-      progress, [this] { core_->boardPoints = boardPoints; },
-      [&](PolarCore& core) {
-        return core.FrameRun({targetConfigPath, std::move(images), progress}, calib);
-      });
+      arguments.progress, [this] { core_->boardPoints = boardPoints; },
+      [&](PolarCore& core) { return core.FrameRun(arguments, calib); });
 }
 
-std::int32_t PolarPrecision::RunRectified(const std::string& targetConfigPath, ImagePairList images,
-                                          const RectifiedGeometry& geometry, const ProgressCallback* progress) {
+std::int32_t PolarPrecision::RunRectified(const RunArguments& arguments, const RectifiedGeometry& geometry) {
   return runCore(
-      progress, [] {},
-      [&](PolarCore& core) {
-        return core.RectificationRun({targetConfigPath, std::move(images), progress}, geometry);
-      });
+      arguments.progress, [] {}, [&](PolarCore& core) { return core.RectificationRun(arguments, geometry); });
 }
 
 std::int32_t PolarPrecision::TempCompensateRun(const std::string& /*targetConfigPath*/, const ImagePairList& /*images*/,

@@ -31,12 +31,9 @@ class PolarPrecision {
   std::int32_t ConvertCalibParams(const ExportedCalibParams& source, StereoCalibParams& calib);
 
   // Runs. On status 0 the records are in `results`; otherwise the run's error text is in `errorText`.
-  std::int32_t RunImageSet(const std::string& targetConfigPath, ImagePairList images, const StereoCalibParams& calib,
-                           const ProgressCallback* progress);
-  std::int32_t RunFrames(const std::string& targetConfigPath, ImagePairList images, const StereoCalibParams& calib,
-                         const ProgressCallback* progress);
-  std::int32_t RunRectified(const std::string& targetConfigPath, ImagePairList images,
-                            const RectifiedGeometry& geometry, const ProgressCallback* progress);
+  std::int32_t RunImageSet(const RunArguments& arguments, const StereoCalibParams& calib);
+  std::int32_t RunFrames(const RunArguments& arguments, const StereoCalibParams& calib);
+  std::int32_t RunRectified(const RunArguments& arguments, const RectifiedGeometry& geometry);
   /// The place for deriving temperature coefficients; there is no model yet, so it only takes its inputs. Returns 0.
   std::int32_t TempCompensateRun(const std::string& targetConfigPath, const ImagePairList& images,
                                  const StereoCalibParams& calib);

@@ -23,12 +23,14 @@ PairEvaluator makeRectifiedEvaluator(const PolarCore& core, const RectifiedGeome
 }
 
 PairStatus rowDisparity(const PairInput& pair, PairEvaluator& evaluator) {
+  evaluator.seen.evaluation = "rows";
   float variance_x = 0.0F;
   float variance_y = 0.0F;
   return evaluator.CheckRowDisparity(pair, variance_x, variance_y);
 }
 
 PairStatus pointCloud(const PairInput& pair, PairEvaluator& evaluator) {
+  evaluator.seen.evaluation = "cloud";
   std::vector<cv::Point2f> left_points;
   std::vector<cv::Point2f> right_points;
   std::vector<CloudPoint> cloud;
@@ -55,14 +57,15 @@ std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const Re
   std::ofstream summary = files::openOutput(summaryPath(*config, kRectifiedSummary));
   writeRectifiedHeader(summary, *config);
   PairEvaluator evaluator = makeRectifiedEvaluator(*this, geometry);
-  if (!isStereoSet(*this, arguments.images)) return polar_status::kImages;
+  if (!isStereoSet(*this, arguments)) return polar_status::kImages;
   const auto start = std::chrono::steady_clock::now();
   if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
   return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{},
                    [&](std::size_t /*index*/, const PairInput& pair) {
-                     if (evaluatePair(pair, evaluator) == 0) return PairResult{};
+                     const PairStatus status = evaluatePair(pair, evaluator);
+                     if (status == 0) return PairResult{};
                      errorText = evaluator.errorText;
-                     return PairResult{PairOutcome::kGivenUp, 0};
+                     return PairResult{PairOutcome::kGivenUp, status};
                    });
 }

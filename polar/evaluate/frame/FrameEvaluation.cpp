@@ -48,6 +48,7 @@ void judgeDistances(PairEvaluator& evaluator) {
     console::line(a, "---", b, ": ", error);
     evaluator.figures.frameValues.push_back(error);
   }
+  evaluator.figures.setMeasured(FigureGroup::kFrame);
 }
 
 /// Triangulates into `pairPoints` and gives the predicted right pixels.
@@ -57,7 +58,9 @@ std::vector<cv::Point2f> triangulateFrame(PairEvaluator& evaluator, const Measur
   evaluator.figures.pairPoints = std::move(triangulated.records);
   for (std::size_t k = 0; k < evaluator.figures.pairPoints.size(); ++k) {
     evaluator.figures.pairPoints[k].id = evaluator.config().Frame_ID[k];
+    evaluator.seen.raw.push_back({evaluator.config().Frame_ID[k], pair.left_points[k], pair.right_points[k]});
   }
+  evaluator.seen.positions = std::move(triangulated.points_left);
   return std::move(triangulated.predicted_right);
 }
 
@@ -66,6 +69,7 @@ bool passesResidual(PairEvaluator& evaluator, const cv::Mat& right_image, const 
   std::vector<float> errors;
   if (!evaluator.CheckResidual(right_image, pair.right_points, predicted_right, errors)) return false;
   for (std::size_t k = 0; k < errors.size(); ++k) evaluator.figures.pairPoints[k].right_err = errors[k];
+  evaluator.seen.residuals = std::move(errors);
   return true;
 }
 
@@ -82,6 +86,7 @@ PairStatus PairEvaluator::CalFramePrecision(const PairInput& raw, const CameraIn
   target->loadConfig(raw.targetConfigPath);
   const FrameSide left = findFramePoints(*target, raw.left_image, {config().Frame_ID, config().Frame_IRL});
   const FrameSide right = findFramePoints(*target, raw.right_image, {config().Frame_ID, config().Frame_IRR});
+  figures.setMeasured(FigureGroup::kPicture);
   figures.detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
 
   console::useFixedNotation();

@@ -69,11 +69,17 @@ PairStatus checkBoard(PairEvaluator& evaluator, const PairInput& raw, const Came
     return kMeasurementFailed;
   }
   if (!evaluator.enoughShared(pair, kLeastSharedRaw)) return polar_status::kTooFewShared;
-  const std::vector<PairPointRecord> records = triangulateShared(pair, raw.cameras, model).records;
+  const TriangulatedPair triangulated = triangulateShared(pair, raw.cameras, model);
+  const std::vector<PairPointRecord>& records = triangulated.records;
+  if (evaluator.seen.raw.empty()) {  // The triangulation has told it otherwise, with its residuals.
+    evaluator.seen.raw = sharedDots(pair);
+    evaluator.seen.positions = triangulated.points_left;
+  }
   if (!evaluator.config().spaceRms_switch || evaluator.boardPoints.size() < kLeastBoardPoints) {
     return polar_status::kSuccess;
   }
   evaluator.figures.space_rms = fitOntoBoard(records, evaluator.boardPoints, table);
+  evaluator.figures.setMeasured(FigureGroup::kSpace);
   return polar_status::kSuccess;
 }
 

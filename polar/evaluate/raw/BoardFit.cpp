@@ -30,6 +30,7 @@ std::vector<cv::Point3f> alignedBoard(PairFigures& figures, const std::vector<cv
   figures.icp_y_rms = rms[1];
   figures.icp_z_rms = rms[2];
   figures.icp_nor_rms = rms[3];
+  figures.setMeasured(FigureGroup::kAlignment);
   return aligned;
 }
 

@@ -46,6 +46,7 @@ bool passesResidual(PairEvaluator& evaluator, const cv::Mat& right_image, const 
   std::vector<float> errors;
   if (!evaluator.CheckResidual(right_image, pair.right_points, triangulated.predicted_right, errors)) return false;
   for (std::size_t i = 0; i < triangulated.records.size(); ++i) triangulated.records[i].right_err = errors[i];
+  evaluator.seen.residuals = std::move(errors);
   return true;
 }
 
@@ -82,6 +83,7 @@ PairStatus compareWithBoard(PairEvaluator& evaluator, std::vector<PairPointRecor
     distances = fitAndProject(evaluator.figures, truth, {left_K, model}, tables);
   }
   evaluator.figures.gt_rms = projectionRms(distances, rules.projection_limit);
+  evaluator.figures.setMeasured(FigureGroup::kProjection);
   console::line("gt_rms:", evaluator.figures.gt_rms);
   return rules.outlier_search ? searchOutlier(evaluator, std::move(distances)) : polar_status::kSuccess;
 }
@@ -98,6 +100,8 @@ PairStatus evaluateRawPair(PairEvaluator& evaluator, const PairInput& raw, const
 
   console::useFixedNotation();
   TriangulatedPair triangulated = triangulateShared(measured, raw.cameras, model);
+  evaluator.seen.raw = sharedDots(measured);
+  evaluator.seen.positions = triangulated.points_left;
   if (config.triangulate_residual_switch != 0 && !passesResidual(evaluator, raw.right_image, measured, triangulated)) {
     return polar_status::kTooFewShared;
   }

@@ -39,5 +39,6 @@ PairStatus evaluateFoursix(PairEvaluator& evaluator, const MeasuredPair& pair,
       points, {config.TriPoint1_GT, config.TriPoint2_GT, config.TriPoint3_GT, config.TriPoint4_GT});
   if (rules.replaces_implausible) four_points::replaceImplausible(points, errors);
   evaluator.figures.tri_dis = four_points::withExtremes(errors);
+  evaluator.figures.setMeasured(FigureGroup::kTriDis);
   return polar_status::kSuccess;
 }

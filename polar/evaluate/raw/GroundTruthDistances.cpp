@@ -81,6 +81,7 @@ void evaluateDistances(PairFigures& figures, const std::vector<cv::Point3f>& tru
   figures.dis_rms = rootMean(sums.squares, sums.pairs);
   figures.nor_rms = rootMean(sums.relative_squares, sums.pairs);
   figures.zero_dis = sums.ranges / static_cast<float>(records.size());
+  figures.setMeasured(FigureGroup::kDistances);
   console::line("dis_rms: ", figures.dis_rms);
   console::line("zero_dis:", figures.zero_dis);
   console::line("nor_rms:", figures.nor_rms);

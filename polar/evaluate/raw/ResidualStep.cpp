@@ -73,5 +73,6 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
   figures.tri_max = static_cast<float>(residuals.kept.back());
   figures.tri_rms = static_cast<float>(std::sqrt(residuals.square_sum / kept));
   figures.tri_ratio = static_cast<float>(residuals.within) / static_cast<float>(residuals.kept.size());
+  figures.setMeasured(FigureGroup::kResiduals);
   return true;
 }

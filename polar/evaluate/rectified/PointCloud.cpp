@@ -62,6 +62,7 @@ PairStatus compareFourPoints(PairEvaluator& evaluator, const std::vector<CloudPo
   }
   evaluator.figures.pol_dis = four_points::withExtremes(four_points::distanceErrors(
       points, {config.PolPoint1_GT, config.PolPoint2_GT, config.PolPoint3_GT, config.PolPoint4_GT}));
+  evaluator.figures.setMeasured(FigureGroup::kPolDis);
   return polar_status::kSuccess;
 }
 
@@ -79,6 +80,7 @@ PairStatus makeCloud(PairEvaluator& evaluator, const PairInput& rectified_pair, 
   if (measured != polar_status::kSuccess) return kMeasurementFailed;
   if (!enough) return polar_status::kTooFewShared;
 
+  evaluator.seen.rectified = sharedDots(pair);
   reprojectShared(evaluator, pair, reproject, cloud);
   if (evaluator.config().foursixmethod_swithch != 1) return polar_status::kSuccess;
   return compareFourPoints(evaluator, cloud);
@@ -100,6 +102,7 @@ PairStatus PairEvaluator::CheckPointCloud(const PairInput& rectified_pair, const
   figures.allpoints_means = all.mean_error;
   figures.allpoint_max = all.max;
   figures.allpoints_min = all.min;
+  figures.setMeasured(FigureGroup::kSpacing);
   return polar_status::kSuccess;
 }
 
@@ -111,5 +114,7 @@ PairStatus PairEvaluator::CheckPointCloudGroups(const PairInput& rectified_pair,
   };
   const PairStatus status = makeCloud(*this, rectified_pair, reproject, left_points, right_points, cloud);
   if (status != polar_status::kSuccess || config().oqc_switch != 1) return status;
-  return evaluateIdDistances(config().Cal_ID_DIS, cloud, boardPoints, figures.id_dis);
+  const PairStatus compared = evaluateIdDistances(config().Cal_ID_DIS, cloud, boardPoints, figures.id_dis);
+  if (compared == polar_status::kSuccess) figures.setMeasured(FigureGroup::kIdDis);
+  return compared;
 }

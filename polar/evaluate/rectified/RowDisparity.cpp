@@ -57,6 +57,7 @@ PairStatus PairEvaluator::CheckRowDisparity(const PairInput& rectified_pair, flo
   MeasuredPair pair;
   if (measure(rectified_pair, pair) != polar_status::kSuccess) return kMeasurementFailed;
   if (!enoughShared(pair, kLeastSharedRectified)) return polar_status::kTooFewShared;
+  seen.rectified = sharedDots(pair);
 
   const auto outputPath = [this](std::int32_t saved, const char* suffix) {
     return saved == 1 ? pairFile(result_folder, image_id, suffix) : std::string();
@@ -76,5 +77,6 @@ PairStatus PairEvaluator::CheckRowDisparity(const PairInput& rectified_pair, flo
   figures.dy_min = differences.smallest;
   figures.dy_max = differences.largest;
   figures.dy_ratio = static_cast<float>(differences.over_limit) / static_cast<float>(differences.abs_dy.size());
+  figures.setMeasured(FigureGroup::kRows);
   return polar_status::kSuccess;
 }

@@ -19,7 +19,7 @@ struct PolarPrecisionOneCall : ::testing::Test {
     return !(value >= stop_at);
   };
   PolarPrecisionOneCall() { precision.config.spaceRms_switch = false; }
-  std::int32_t run() { return precision.RunImageSet("board_type: 2", images, StereoCalibParams{}, &progress); }
+  std::int32_t run() { return precision.RunImageSet({"board_type: 2", images, &progress}, StereoCalibParams{}); }
 };
 
 TEST_F(PolarPrecisionOneCall, FetchingNoResultsLeavesTheCallersVector) {
@@ -59,9 +59,9 @@ TEST_F(PolarPrecisionOneCall, CallbackAtTheStartLetsNoRunBegin) {
 
 TEST_F(PolarPrecisionOneCall, ObjectWithoutACoreAnswersMinusOne) {
   PolarPrecision bare(nullptr);
-  EXPECT_EQ(bare.RunImageSet("", images, StereoCalibParams{}, nullptr), polar_status::kNoCore);
-  EXPECT_EQ(bare.RunFrames("", images, StereoCalibParams{}, nullptr), polar_status::kNoCore);
-  EXPECT_EQ(bare.RunRectified("", images, RectifiedGeometry{}, nullptr), polar_status::kNoCore);
+  EXPECT_EQ(bare.RunImageSet({"", images}, StereoCalibParams{}), polar_status::kNoCore);
+  EXPECT_EQ(bare.RunFrames({"", images}, StereoCalibParams{}), polar_status::kNoCore);
+  EXPECT_EQ(bare.RunRectified({"", images}, RectifiedGeometry{}), polar_status::kNoCore);
   EXPECT_TRUE(console.out().empty());
 }
 
@@ -83,9 +83,18 @@ TEST_F(PolarPrecisionOneCall, BoardPointsOfTheCallReachFramesAndImageSetsOnly) {
     return console.out().substr(before);
   };
   using ::testing::HasSubstr;
-  EXPECT_THAT(printedBy([&] { precision.RunImageSet(target, images, {}, nullptr); }), HasSubstr("board GT mode"));
-  EXPECT_THAT(printedBy([&] { precision.RunFrames(target, images, {}, nullptr); }), HasSubstr("board GT mode"));
-  EXPECT_THAT(printedBy([&] { precision.RunRectified(target, images, {}, nullptr); }), HasSubstr("board Normal mode"));
+  EXPECT_THAT(printedBy([&] {
+                precision.RunImageSet({target, images}, StereoCalibParams{});
+              }),
+              HasSubstr("board GT mode"));
+  EXPECT_THAT(printedBy([&] {
+                precision.RunFrames({target, images}, StereoCalibParams{});
+              }),
+              HasSubstr("board GT mode"));
+  EXPECT_THAT(printedBy([&] {
+                precision.RunRectified({target, images}, RectifiedGeometry{});
+              }),
+              HasSubstr("board Normal mode"));
 }
 
 TEST_F(PolarPrecisionOneCall, CallersCalibrationChangesItsOrderAndBringsTheBoard) {
