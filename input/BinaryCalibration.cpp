@@ -41,12 +41,9 @@ void readCamera(const MultiCalibrationEntry& entry, CameraCalib& camera) {
 
 }  // namespace
 
-void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
+std::int32_t loadStereoCalibration(const std::string& path, StereoCalibParams& calib) {
   MultiCalibration record;
-  // Meant: a failed load is only reported. The cameras are zero then, and a run fails where it needs them.
-  if (loadMultiCalibration(path.c_str(), &record, 0) != polar_status::kSuccess) {
-    console::line("Read Poly Fail!");
-  }
+  const std::int32_t status = loadMultiCalibration(path.c_str(), &record, 0);
   record.entries.resize(std::max(record.entries.size(), std::size_t{2}));
   const MultiCalibrationEntry& left = record.entries[0];
   const MultiCalibrationEntry& right = record.entries[1];
@@ -57,5 +54,11 @@ void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
   const std::size_t cells = std::size_t{calib.left.poly_nx} * calib.left.poly_ny;
   readCells(left.table_block, cells, calib.left);
   readCells(right.table_block, cells, calib.right);
+  return status;
+}
+
+void readBinaryCalibration(const std::string& path, StereoCalibParams& calib) {
+  // Meant: a failed load is only reported. The cameras are zero then, and a run fails where it needs them.
+  if (loadStereoCalibration(path, calib) != polar_status::kSuccess) console::line("Read Poly Fail!");
   writePolyTableFiles(files::folderOf(path), calib);
 }

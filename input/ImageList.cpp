@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <istream>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include "platform/Console.h"
@@ -40,28 +41,47 @@ std::size_t cameraCount(const std::string& header) {
   return header.starts_with('#') ? wordsOf(header.substr(1), kBlanks).size() : 0;
 }
 
-std::int32_t fail(const std::string& text) {
-  console::err() << text << std::flush;
-  return kFailed;
+/// The rows behind the header, up to the first that is wrong.
+void readRows(std::istream& stream, ImageNames& names) {
+  for (std::string line = nextLine(stream); stream; line = nextLine(stream)) {
+    std::vector<std::string> row = wordsOf(line, kBlanks);
+    if (row.empty()) names.failure = "ParseContentLine failed!\n";
+    if (!row.empty() && row.size() != names.cameras) {
+      names.failure = "fname pairs does not agree with number of camera!\n";
+    }
+    if (!names.failure.empty()) return;
+    names.rows.push_back(std::move(row));
+  }
 }
 
 }  // namespace
 
-std::int32_t ReadImageList(const std::string& path, ImagePairList& images) {
-  images.clear();
+ImageNames ReadImageNames(const std::string& path) {
+  ImageNames names;
   std::ifstream stream = files::openInput(path);
-  if (!stream.is_open()) return fail(cv::format("Open %s to read failed!\n", path.c_str()));
-  const std::size_t cameras = cameraCount(nextLine(stream));
-  if (cameras == 0) return fail("ParseHeaderLine failed!\n");
-  images.resize(cameras);
-  const std::string folder = files::SplitPath(path).folder + files::kPathSeparator;
-  for (std::string line = nextLine(stream); stream; line = nextLine(stream)) {
-    const std::vector<std::string> names = wordsOf(line, kBlanks);
-    if (names.empty()) return fail("ParseContentLine failed!\n");
-    if (names.size() != cameras) return fail("fname pairs does not agree with number of camera!\n");
-    for (std::size_t camera = 0; camera < cameras; ++camera) {
-      images[camera].push_back(files::readImage(folder + names[camera]));
+  if (!stream.is_open()) {
+    names.failure = cv::format("Open %s to read failed!\n", path.c_str());
+    return names;
+  }
+  names.cameras = cameraCount(nextLine(stream));
+  names.folder = files::SplitPath(path).folder + files::kPathSeparator;
+  if (names.cameras == 0) {
+    names.failure = "ParseHeaderLine failed!\n";
+  } else {
+    readRows(stream, names);
+  }
+  return names;
+}
+
+std::int32_t ReadImageList(const std::string& path, ImagePairList& images) {
+  const ImageNames names = ReadImageNames(path);
+  images.assign(names.cameras, {});
+  for (const std::vector<std::string>& row : names.rows) {
+    for (std::size_t camera = 0; camera < names.cameras; ++camera) {
+      images[camera].push_back(files::readImage(names.folder + row[camera]));
     }
   }
-  return kRead;
+  if (names.failure.empty()) return kRead;
+  console::err() << names.failure << std::flush;
+  return kFailed;
 }

@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "polarline/errors.h"
 
@@ -68,17 +69,6 @@ std::FILE* opened(const fs::path& path) {
 #endif
 }
 
-/// 0, or the error.
-int contentWritten(const fs::path& path, std::string_view content) {
-  std::FILE* const file = opened(path);
-  if (file == nullptr) return errno;
-  int error = 0;
-  if (std::fwrite(content.data(), 1, content.size(), file) != content.size() || std::fflush(file) != 0) error = errno;
-  if (error == 0 && !synced(file)) error = errno;
-  if (std::fclose(file) != 0 && error == 0) error = errno;
-  return error;
-}
-
 bool isDevice(const fs::path& path) {
   std::error_code ignored;
   const fs::file_status status = fs::status(path, ignored);
@@ -103,24 +93,46 @@ void removeAndForget(const fs::path& path) {
 
 }  // namespace
 
-void write(const fs::path& path, std::string_view content) {
-  if (isDevice(path)) {
-    if (const int error = contentWritten(path, content); error != 0)
-      throw polarline::OutputError(nameOf(path), textOf(error));
-    return;
-  }
-  const fs::path partial = beside(path);
-  add(partial);
-  int error = contentWritten(partial, content);
-  if (error == 0) {
+PartialFile::PartialFile(const fs::path& place) : place_(place), written_(isDevice(place) ? place : beside(place)) {
+  if (written_ != place_) add(written_);
+  file_ = opened(written_);
+  if (file_ != nullptr) return;
+  const int error = errno;
+  forget(written_);
+  fail(error);
+}
+
+PartialFile::~PartialFile() {
+  if (file_ == nullptr) return;
+  std::fclose(file_);
+  if (written_ != place_) removeAndForget(written_);
+}
+
+void PartialFile::fail(int error) const { throw polarline::OutputError(nameOf(place_), textOf(error)); }
+
+void PartialFile::append(std::string_view content) {
+  if (std::fwrite(content.data(), 1, content.size(), file_) != content.size()) fail(errno);
+}
+
+void PartialFile::commit() {
+  if (std::fflush(file_) != 0 || !synced(file_)) fail(errno);
+  std::error_code failure;
+  if (std::fclose(std::exchange(file_, nullptr)) != 0) failure.assign(errno, std::generic_category());
+  if (written_ == place_ && !failure) return;
+  {
     const std::lock_guard lock(unfinished().mutex);  // Whole and in its place, or gone: nothing in between.
-    std::error_code failure;
-    fs::rename(partial, path, failure);
-    error = failure.value();
+    if (!failure) fs::rename(written_, place_, failure);
+    if (!failure) unfinished().paths.erase(written_);
   }
-  if (error == 0) return forget(partial);
-  removeAndForget(partial);
-  throw polarline::OutputError(nameOf(path), textOf(error));
+  if (!failure) return;
+  if (written_ != place_) removeAndForget(written_);
+  throw polarline::OutputError(nameOf(place_), failure.message());
+}
+
+void write(const fs::path& path, std::string_view content) {
+  PartialFile file(path);
+  file.append(content);
+  file.commit();
 }
 
 PartialFolder::PartialFolder(const fs::path& place) : path_(beside(withoutLastSeparator(place))) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <filesystem>
 #include <string_view>
 
@@ -7,8 +8,28 @@
 /// Paths are the system's own, of any bytes. Failures throw `polarline::OutputError`, and nothing half stays.
 namespace whole_file {
 
-/// Writes the content in place of an earlier file. A device such as /dev/full is written directly.
+/// Writes the content in place of an earlier file.
 void write(const std::filesystem::path& path, std::string_view content);
+
+/// A file that is written piece by piece beside its place; `commit` puts it there, without it nothing stays. A device
+/// is written directly.
+class PartialFile {
+ public:
+  explicit PartialFile(const std::filesystem::path& place);
+  PartialFile(const PartialFile&) = delete;
+  PartialFile& operator=(const PartialFile&) = delete;
+  ~PartialFile();
+
+  void append(std::string_view content);
+  void commit();
+
+ private:
+  [[noreturn]] void fail(int error) const;
+
+  std::filesystem::path place_;
+  std::filesystem::path written_;  ///< The place itself for a device.
+  std::FILE* file_ = nullptr;
+};
 
 /// A folder under another name beside its place, gone at the end of the object's life.
 class PartialFolder {

@@ -8,6 +8,8 @@
 #include <memory>
 #include <system_error>
 
+#include "input/ImageList.h"
+#include "platform/Files.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -77,6 +79,29 @@ Set openSet(const Set& named) {
   complete(set.board, set.folder, "true positions of the dots", false, {"board_gt.txt"});
   complete(set.limits, set.folder, "limits", false, {"limits.txt"});
   return set;
+}
+
+std::vector<ListedPair> listedPairs(const std::string& list) {
+  constexpr std::size_t kFirstLine = 2;  // Below the header.
+  const ImageNames names = ReadImageNames(list);
+  std::vector<ListedPair> pairs;
+  for (const std::vector<std::string>& row : names.rows) {
+    if (names.cameras != 2)
+      throw InputError(list, "line 1: names " + std::to_string(names.cameras) + " cameras; 2 were wanted (#L R)");
+    pairs.push_back({pairs.size() + kFirstLine, row[0], row[1], names.folder});
+  }
+  const std::string place = list + ", line " + std::to_string(pairs.size() + kFirstLine);
+  if (names.cameras == 0) throw InputError(list + ", line 1", "no header; '#L R' was wanted");
+  if (!names.failure.empty()) throw InputError(place, "two file names were wanted, without blanks in them");
+  if (pairs.empty()) throw InputError(list, "lists no pair");
+  for (const ListedPair& pair : pairs) {
+    for (const std::string& name : {pair.left, pair.right}) {
+      std::error_code ignored;
+      if (!fs::exists(files::nativePath(pair.folder + name), ignored))
+        throw InputError(list + ", line " + std::to_string(pair.line), "there is no picture " + name);
+    }
+  }
+  return pairs;
 }
 
 }  // namespace polarline

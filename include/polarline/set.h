@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ struct ListedPair {
   std::size_t line = 0;  ///< From 1.
   std::string left;      ///< As written.
   std::string right;
+  std::string folder;  ///< What the names are relative to, with its separator.
 };
 
 /// The pairs of an image list. Throws `InputError` with the line for a list that is no list of pairs, and for a picture

@@ -19,13 +19,13 @@ struct SharedDot {
 /// What the evaluations of the current pair saw on their way to its figures, for those who observe a run. No figure
 /// depends on it. It begins empty with each pair; what was not measured stays so.
 struct PairObservation {
-  const char* evaluation = "";              ///< The last one that began: "triangulation", "rows", "cloud", "board", "frame".
-  PairStatus measurement = 0;               ///< Of the last measurement.
-  std::array<std::size_t, 2> found{};       ///< Numbered dots of the left and the right image in that; 0 behind a failure.
-  std::vector<SharedDot> raw;               ///< Dots of the raw pair, in ascending id.
-  std::vector<cv::Point3f> positions;       ///< Of the raw dots: left camera frame, board unit.
-  std::vector<float> residuals;             ///< Of the raw dots: pixels in the right image, 0 where nothing was predicted.
-  std::vector<SharedDot> rectified;         ///< Dots of the rectified pair, in ascending id.
+  const char* evaluation = "";         ///< The last one that began: "triangulation", "rows", "cloud", "board", "frame".
+  PairStatus measurement = 0;          ///< Of the last measurement.
+  std::array<std::size_t, 2> found{};  ///< Numbered dots of the left and the right image in that; 0 behind a failure.
+  std::vector<SharedDot> raw;          ///< Dots of the raw pair, in ascending id.
+  std::vector<cv::Point3f> positions;  ///< Of the raw dots: left camera frame, board unit.
+  std::vector<float> residuals;        ///< Of the raw dots: pixels in the right image, 0 where nothing was predicted.
+  std::vector<SharedDot> rectified;    ///< Dots of the rectified pair, in ascending id.
 };
 
 /// The dots of the ids that both maps hold.

@@ -24,6 +24,9 @@ struct Subcommand {
   std::function<int()> run;
 };
 
+Subcommand addCheck(CLI::App& polarline);
+Subcommand addExplain(CLI::App& polarline);
+
 /// Every subcommand, in the order of the help. A new one is a file of its own and a line in Subcommands.cpp.
 std::vector<Subcommand> addSubcommands(CLI::App& polarline);
 

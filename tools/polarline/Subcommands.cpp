@@ -2,6 +2,11 @@
 
 namespace command {
 
-std::vector<Subcommand> addSubcommands(CLI::App& /*polarline*/) { return {}; }
+std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
+  return {
+      addCheck(polarline),
+      addExplain(polarline),
+  };
+}
 
 }  // namespace command

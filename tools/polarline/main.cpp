@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <opencv2/core/utils/logger.hpp>
 #include <vector>
 
 #include "polarline/errors.h"
+#include "tools/polarline/Interruption.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace {
@@ -33,7 +35,10 @@ int failed(int code, const std::exception& error) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  cv::utils::logging::setLogLevel(
+      cv::utils::logging::LOG_LEVEL_SILENT);  // What matters of it is said in our own words.
   try {
+    command::watchForInterruption();
     return run(argc, argv);
   } catch (const polarline::InputError& error) {
     return failed(command::kUnusable, error);

@@ -1,0 +1,135 @@
+#include "check/document/JsonText.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <iterator>
+
+namespace polarline {
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+/// Bytes of the UTF-8 character that begins there (RFC 3629); 0 where none does.
+std::size_t utf8Length(std::string_view text) {
+  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+  const auto follows = [&](std::size_t k, unsigned low = 0x80U, unsigned high = 0xBFU) {
+    return k < text.size() && byte(k) >= low && byte(k) <= high;
+  };
+  const unsigned lead = byte(0);
+  if (lead < 0x80U) return 1;
+  if (lead >= 0xC2U && lead <= 0xDFU) return follows(1) ? 2 : 0;
+  if (lead >= 0xE0U && lead <= 0xEFU) {
+    const unsigned low = lead == 0xE0U ? 0xA0U : 0x80U;   // Shorter forms exist.
+    const unsigned high = lead == 0xEDU ? 0x9FU : 0xBFU;  // Surrogates are no characters.
+    return follows(1, low, high) && follows(2) ? 3 : 0;
+  }
+  if (lead >= 0xF0U && lead <= 0xF4U) {
+    const unsigned low = lead == 0xF0U ? 0x90U : 0x80U;
+    const unsigned high = lead == 0xF4U ? 0x8FU : 0xBFU;
+    return follows(1, low, high) && follows(2) && follows(3) ? 4 : 0;
+  }
+  return 0;
+}
+
+void appendQuoted(std::string& out, std::string_view text) {
+  out += '"';
+  while (!text.empty()) {
+    const std::size_t length = utf8Length(text);
+    const char first = text[0];
+    if (length == 0) {
+      out += kReplacement;
+    } else if (first == '"' || first == '\\') {
+      out += '\\';
+      out += first;
+    } else if (static_cast<unsigned char>(first) < 0x20U) {
+      fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned>(first));
+    } else {
+      out += text.substr(0, length);
+    }
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  out += '"';
+}
+
+}  // namespace
+
+void JsonText::newLine() {
+  constexpr std::size_t kMostIndented = 3;  // Deeper down a line is long enough.
+  if (open_.size() > kMostIndented) return;
+  text_ += '\n';
+  text_.append(2 * open_.size(), ' ');
+}
+
+void JsonText::separate() {
+  if (is_behind_key_) {
+    is_behind_key_ = false;
+    return;
+  }
+  if (!is_first_) text_ += ',';
+  if (!open_.empty() && open_.back() == '}') newLine();
+  is_first_ = false;
+}
+
+JsonText& JsonText::object() {
+  separate();
+  text_ += '{';
+  open_.push_back('}');
+  is_first_ = true;
+  return *this;
+}
+
+JsonText& JsonText::array() {
+  separate();
+  text_ += '[';
+  open_.push_back(']');
+  is_first_ = true;
+  return *this;
+}
+
+JsonText& JsonText::end() {
+  const char bracket = open_.back();
+  open_.pop_back();
+  if (bracket == '}' && !is_first_) newLine();
+  text_ += bracket;
+  is_first_ = false;
+  return *this;
+}
+
+JsonText& JsonText::key(std::string_view name) {
+  separate();
+  appendQuoted(text_, name);
+  text_ += ": ";
+  is_behind_key_ = true;
+  return *this;
+}
+
+JsonText& JsonText::raw(std::string_view json) {
+  separate();
+  text_ += json;
+  return *this;
+}
+
+JsonText& JsonText::value(std::string_view text) {
+  separate();
+  appendQuoted(text_, text);
+  return *this;
+}
+
+JsonText& JsonText::value(double number) { return std::isfinite(number) ? raw(fmt::format("{}", number)) : null(); }
+
+JsonText& JsonText::value(float number) { return std::isfinite(number) ? raw(fmt::format("{}", number)) : null(); }
+
+JsonText& JsonText::value(std::int64_t number) { return raw(fmt::format("{}", number)); }
+
+JsonText& JsonText::value(bool truth) { return raw(truth ? "true" : "false"); }
+
+JsonText& JsonText::null() { return raw("null"); }
+
+std::string JsonText::take() {
+  std::string taken;
+  taken.swap(text_);
+  return taken;
+}
+
+}  // namespace polarline

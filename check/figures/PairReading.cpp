@@ -1,0 +1,148 @@
+#include "check/figures/PairReading.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <memory>
+
+#include "polar/results/FigureList.h"
+#include "polar/results/PairStatus.h"
+#include "PolarLinePrecision/Status.h"
+#include "polarline/explain.h"
+
+namespace polarline {
+namespace {
+
+constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+
+void takeValues(double value, Figure& figure) { figure.values = {value}; }
+
+void takeValues(float value, Figure& figure) {
+  figure.is_single = true;
+  figure.values = {static_cast<double>(value)};
+}
+
+void takeValues(const std::array<float, 8>& values, Figure& figure) {
+  figure.is_single = figure.is_list = true;
+  figure.values.assign(values.begin(), values.end());
+}
+
+void takeValues(const std::vector<double>& values, Figure& figure) {
+  figure.is_list = true;
+  figure.values = values;
+}
+
+/// Sets a list's entry for each dot, at the place of its id.
+class PointTable {
+ public:
+  explicit PointTable(const PairObservation& seen) {
+    for (const auto* dots : {&seen.raw, &seen.rectified}) {
+      for (const SharedDot& dot : *dots) place_.emplace(dot.id, 0);
+    }
+    std::size_t next = 0;
+    for (auto& [id, place] : place_) {
+      place = next++;
+      points.id.push_back(id);
+    }
+  }
+
+  template <typename ValueOf>
+  void fill(std::vector<float>& list, const std::vector<SharedDot>& dots, const ValueOf& valueOf) {
+    list.assign(points.id.size(), kNone);
+    for (std::size_t k = 0; k < dots.size(); ++k) list[place_.at(dots[k].id)] = valueOf(dots[k], k);
+  }
+
+  PairPoints points;
+
+ private:
+  std::map<std::int32_t, std::size_t> place_;
+};
+
+PairPoints pointsOf(const PairObservation& seen) {
+  PointTable table(seen);
+  PairPoints& points = table.points;
+  const auto position = [&](std::size_t k) { return k < seen.positions.size() ? seen.positions[k] : cv::Point3f(kNone, kNone, kNone); };
+  table.fill(points.left_x, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.left.x; });
+  table.fill(points.left_y, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.left.y; });
+  table.fill(points.right_x, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.right.x; });
+  table.fill(points.right_y, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.right.y; });
+  table.fill(points.x, seen.raw, [&](const SharedDot&, std::size_t k) { return position(k).x; });
+  table.fill(points.y, seen.raw, [&](const SharedDot&, std::size_t k) { return position(k).y; });
+  table.fill(points.z, seen.raw, [&](const SharedDot&, std::size_t k) { return position(k).z; });
+  table.fill(points.residual, seen.raw,
+             [&](const SharedDot&, std::size_t k) { return k < seen.residuals.size() ? seen.residuals[k] : kNone; });
+  table.fill(points.rectified_left_x, seen.rectified, [](const SharedDot& dot, std::size_t) { return dot.left.x; });
+  table.fill(points.rectified_left_y, seen.rectified, [](const SharedDot& dot, std::size_t) { return dot.left.y; });
+  table.fill(points.rectified_right_x, seen.rectified, [](const SharedDot& dot, std::size_t) { return dot.right.x; });
+  table.fill(points.rectified_right_y, seen.rectified, [](const SharedDot& dot, std::size_t) { return dot.right.y; });
+  table.fill(points.dy, seen.rectified, [](const SharedDot& dot, std::size_t) { return dot.left.y - dot.right.y; });
+  return std::move(table.points);
+}
+
+/// Of a detection that found too few dots: the first picture with too few ends the measurement.
+std::string sideOf(const PairObservation& seen) {
+  if (seen.measurement != polar_status::kTooFewDetected) return {};
+  return seen.found[0] < kLeastSharedRaw ? "left" : "right";
+}
+
+std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {
+  const PairObservation& seen = evaluator.seen;
+  if (reason.code == polar_status::kTooFewDetected) {
+    return std::to_string(seen.found[reason.side == "left" ? 0 : 1]) + " dots were found in the " + reason.side +
+           " picture; 6 are needed";
+  }
+  if (reason.code == polar_status::kTooFewShared) {
+    return std::to_string(seen.raw.empty() ? seen.rectified.size() : seen.raw.size()) +
+           " dots are in both pictures, or no residual could be taken";
+  }
+  if (!evaluator.errorText.empty() && reason.code != kGroupPointMissing) return evaluator.errorText;
+  const auto explained = explain(std::to_string(reason.code));
+  return explained ? explained->meaning : "status " + std::to_string(reason.code);
+}
+
+Reason reasonOf(std::int32_t status, const PairEvaluator& evaluator) {
+  const PairObservation& seen = evaluator.seen;
+  Reason reason;
+  // The rows and the cloud say only that the measurement failed; it knows more.
+  reason.code = status == kMeasurementFailed && seen.measurement != 0 ? seen.measurement : status;
+  reason.side = sideOf(seen);
+  reason.step = seen.evaluation;
+  reason.text = textOf(reason, evaluator);
+  return reason;
+}
+
+}  // namespace
+
+std::vector<std::string> figureNames() {
+  const PairEvaluator nothing(std::make_shared<const PolarConfig>());
+  std::vector<std::string> names;
+  for (const Figure& figure : PairReading().read(true, 0, nothing).figures) names.emplace_back(figure.name);
+  return names;
+}
+
+PairCheck PairReading::read(bool finished, std::int32_t status, const PairEvaluator& evaluator) {
+  PairCheck pair;
+  pair.finished = finished;
+  pair.found_left = evaluator.seen.found[0];
+  pair.found_right = evaluator.seen.found[1];
+  if (!finished) pair.reason = reasonOf(status, evaluator);
+  figure_list::forEach([&](auto entry) {
+    Figure figure;
+    figure.name = entry.name;
+    figure.unit = entry.unit;
+    figure.meaning = entry.meaning;
+    if constexpr (requires { takeValues(entry.valueIn(evaluator.figures), figure); }) {
+      takeValues(entry.valueIn(evaluator.figures), figure);
+      figure.is_own = evaluator.figures.isMeasured(entry.kGroup);
+      figure.is_carried = !figure.is_own && measured_before_.test(static_cast<std::size_t>(entry.kGroup));
+      if (!figure.is_own) figure.values.clear();
+      pair.figures.push_back(std::move(figure));
+    }
+  });
+  pair.points = pointsOf(evaluator.seen);
+  measured_before_ |= evaluator.figures.measured;
+  return pair;
+}
+
+}  // namespace polarline

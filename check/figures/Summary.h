@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "polarline/check.h"
+
+namespace polarline {
+
+/// The name of an entry of a figure: `dy_means`, `tri_dis[3]`.
+std::string entryName(const Figure& figure, std::size_t entry);
+
+/// What the finished pairs that measured a figure come to, in the order of the figures. Values that are no numbers do
+/// not count.
+std::vector<FigureSummary> summaryOf(const std::vector<PairCheck>& pairs);
+
+}  // namespace polarline

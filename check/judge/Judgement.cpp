@@ -1,0 +1,136 @@
+#include "check/judge/Judgement.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+
+#include "check/figures/PairReading.h"
+#include "check/figures/Summary.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+constexpr const char* kPairs = "pairs";
+constexpr const char* kFinished = "finished";
+constexpr const char* kGivenUp = "given_up";
+
+/// Numbers of the run itself.
+std::optional<double> countOf(const std::string& name, const Check& check) {
+  if (name == kPairs) return static_cast<double>(check.pairs.size());
+  if (name == kFinished) return static_cast<double>(check.finished());
+  if (name == kGivenUp) return static_cast<double>(check.pairs.size() - check.finished());
+  return std::nullopt;
+}
+
+/// How far a value is beyond the bound; inside it is below 0.
+double excess(const Limit& limit, double value) {
+  const double judged = limit.is_absolute ? std::abs(value) : value;
+  const bool is_upper =
+      limit.comparison == Limit::Comparison::kLess || limit.comparison == Limit::Comparison::kLessOrEqual;
+  return is_upper ? judged - limit.bound : limit.bound - judged;
+}
+
+LimitResult outcome(const Limit& limit, std::optional<double> value, int pair, const std::string& why) {
+  return {limit.text, value, pair, value.has_value() && holds(limit, *value), why};
+}
+
+LimitResult unmeasured(const Limit& limit, const std::string& why) { return {limit.text, std::nullopt, -1, false, why}; }
+
+/// The worst of the values that one limit judges.
+class Worst {
+ public:
+  explicit Worst(const Limit& limit) : limit_(limit) {}
+
+  void add(const Figure& figure, std::size_t entry, std::size_t pair) {
+    const double value = figure.values[entry];
+    const bool counts = !std::isnan(value);
+    if (value_ && (!std::isfinite(*value_) || (counts && excess(limit_, value) <= excess(limit_, *value_)))) return;
+    value_ = value;
+    pair_ = static_cast<int>(pair);
+    name_ = entryName(figure, entry);
+    is_single_ = figure.is_single;
+  }
+  LimitResult result() const {
+    const std::string number = is_single_ ? fmt::format("{}", static_cast<float>(*value_)) : fmt::format("{}", *value_);
+    return outcome(limit_, value_, pair_, fmt::format("{} is {} in pair {}", name_, number, pair_));
+  }
+
+ private:
+  const Limit& limit_;
+  std::optional<double> value_;
+  int pair_ = -1;
+  std::string name_;
+  bool is_single_ = false;
+};
+
+LimitResult judgePairs(const Limit& limit, const Check& check) {
+  Worst worst(limit);
+  for (const PairCheck& pair : check.pairs) {
+    if (!pair.finished) continue;
+    const Figure* const figure = pair.figure(limit.figure);
+    const std::size_t entries = figure == nullptr ? 0 : figure->values.size();
+    if (entries == 0 || limit.entry.value_or(0) >= entries)
+      return unmeasured(limit, fmt::format("pair {} did not measure it", pair.index));
+    const std::size_t first = limit.entry.value_or(0);
+    const std::size_t last = limit.entry.value_or(entries - 1);
+    for (std::size_t k = first; k <= last; ++k) worst.add(*figure, k, pair.index);
+  }
+  return check.finished() == 0 ? unmeasured(limit, "no pair was finished") : worst.result();
+}
+
+double statisticOf(const FigureSummary& summary, const std::string& name) {
+  if (name == "mean") return summary.mean;
+  if (name == "sd") return summary.sd;
+  return name == "min" ? summary.min : summary.max;
+}
+
+LimitResult judgeSummary(const Limit& limit, const Check& check) {
+  const std::string wanted = limit.entry ? fmt::format("{}[{}]", limit.figure, *limit.entry) : limit.figure;
+  const auto found = std::ranges::find(check.summary, wanted, &FigureSummary::name);
+  if (found == check.summary.end()) return unmeasured(limit, "no pair measured " + wanted);
+  const double value = statisticOf(*found, limit.statistic);
+  return outcome(limit, value, -1,
+                 fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, value));
+}
+
+LimitResult judgeOne(const Limit& limit, const Check& check) {
+  if (const auto count = countOf(limit.figure, check)) return outcome(limit, count, -1, fmt::format("{} is {}", limit.figure, *count));
+  return limit.statistic.empty() ? judgePairs(limit, check) : judgeSummary(limit, check);
+}
+
+}  // namespace
+
+std::vector<std::string> limitNames() {
+  std::vector<std::string> names = figureNames();
+  names.insert(names.end(), {kPairs, kFinished, kGivenUp});
+  return names;
+}
+
+std::vector<Limit> readLimits(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  std::vector<Limit> limits;
+  std::string line;
+  for (int number = 1; std::getline(stream, line); ++number) {
+    if (line.ends_with('\r')) line.pop_back();
+    const std::size_t begin = line.find_first_not_of(" \t");
+    if (begin == std::string::npos || line[begin] == '#') continue;
+    try {
+      limits.push_back(parseLimit(line));
+    } catch (const InputError& error) {
+      throw InputError(fmt::format("{}, line {}", path, number), error.what());
+    }
+  }
+  return limits;
+}
+
+std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check) {
+  std::vector<LimitResult> results;
+  results.reserve(limits.size());
+  for (const Limit& limit : limits) results.push_back(judgeOne(limit, check));
+  return results;
+}
+
+}  // namespace polarline

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vector>
+
+#include "check/judge/Limit.h"
+#include "polarline/check.h"
+
+namespace polarline {
+
+/// The limits of a file, one a line; blank lines and lines that begin with # are left out. Throws `InputError` with
+/// the line.
+std::vector<Limit> readLimits(const std::string& path);
+
+/// Judges every limit on the finished pairs of a check whose summary is made. A limit that a finished pair can't be
+/// judged by, because it did not measure the figure, does not hold.
+std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check);
+
+}  // namespace polarline

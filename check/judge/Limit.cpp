@@ -1,0 +1,84 @@
+#include "check/judge/Limit.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <regex>
+#include <vector>
+
+#include "check/judge/Names.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+/// Submatches of the one form that a limit has.
+enum Part : std::uint8_t { kWhole, kBar, kSummary, kName, kEntry, kStatistic, kClosingBar, kOperator, kBound };
+
+const std::regex& form() {
+  static const std::regex limit(
+      R"(\s*(\|)?\s*(summary\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(\S+)\s*)");
+  return limit;
+}
+
+[[noreturn]] void refuse(const std::string& text, const std::string& problem) {
+  throw InputError("limit '" + text + "'", problem);
+}
+
+double numberOf(const std::string& text, const std::string& written) {
+  double value = 0.0;
+  const char* const end = written.data() + written.size();
+  const auto [rest, error] = std::from_chars(written.data(), end, value);
+  if (error != std::errc() || rest != end || !std::isfinite(value))
+    refuse(text, "'" + written + "' is no number; a decimal number such as 0.1 was wanted");
+  return value;
+}
+
+Limit::Comparison comparisonOf(const std::string& written) {
+  using enum Limit::Comparison;
+  if (written == "<=") return kLessOrEqual;
+  if (written == ">=") return kGreaterOrEqual;
+  return written == "<" ? kLess : kGreater;
+}
+
+}  // namespace
+
+Limit parseLimit(const std::string& text) {
+  std::smatch part;
+  if (!std::regex_match(text, part, form()) || part[kBar].matched != part[kClosingBar].matched ||
+      part[kSummary].matched != part[kStatistic].matched) {
+    refuse(text, "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5 or "
+                 "summary.dy_means.mean<=0.1");
+  }
+  Limit limit;
+  limit.text = text;
+  limit.figure = part[kName].str();
+  if (!std::ranges::count(limitNames(), limit.figure)) {
+    refuse(text, "there is no figure '" + limit.figure + "'" + offer(nearest(limit.figure, limitNames())));
+  }
+  if (part[kEntry].matched) limit.entry = static_cast<std::size_t>(std::stoul(part[kEntry].str()));
+  limit.statistic = part[kStatistic].str();
+  limit.is_absolute = part[kBar].matched;
+  limit.comparison = comparisonOf(part[kOperator].str());
+  limit.bound = numberOf(text, part[kBound].str());
+  return limit;
+}
+
+bool holds(const Limit& limit, double value) {
+  const double judged = limit.is_absolute ? std::abs(value) : value;
+  switch (limit.comparison) {
+    case Limit::Comparison::kLess:
+      return judged < limit.bound;
+    case Limit::Comparison::kLessOrEqual:
+      return judged <= limit.bound;
+    case Limit::Comparison::kGreater:
+      return judged > limit.bound;
+    case Limit::Comparison::kGreaterOrEqual:
+      return judged >= limit.bound;
+  }
+  return false;
+}
+
+void requireLimit(const std::string& text) { parseLimit(text); }
+
+}  // namespace polarline

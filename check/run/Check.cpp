@@ -1,0 +1,264 @@
+#include "polarline/check.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <sstream>
+
+#include "PolarLinePrecision/Status.h"
+#include "check/figures/PairReading.h"
+#include "check/figures/Summary.h"
+#include "check/judge/Judgement.h"
+#include "check/run/Inputs.h"
+#include "check/run/OutFolder.h"
+#include "check/set/Fingerprint.h"
+#include "check/set/PictureSource.h"
+#include "input/BoardGroundTruthReader.h"
+#include "platform/Console.h"
+#include "platform/Files.h"
+#include "polar/run/PolarPrecision.h"
+#include "polarline/errors.h"
+#include "polarline/explain.h"
+
+namespace polarline {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+enum ExitCode : std::uint8_t { kDone, kLimitExceeded, kUnusable, kNoFigure, kNotWritten, kInterrupted = 130 };
+
+/// Leaves the library from within an observer.
+struct Interruption {};
+
+int exitCodeOf(std::int32_t status) {
+  switch (status) {
+    case polar_status::kSuccess:
+      return kDone;
+    case polar_status::kImages:
+    case polar_status::kPolyTables:
+    case polar_status::kTargetConfig:
+      return kUnusable;
+    case polar_status::kResultFolder:
+      return kNotWritten;
+    default:
+      return kNoFigure;
+  }
+}
+
+Status statusOf(const std::string& code, const std::string& text, int exit_code) {
+  Status status;
+  const auto explained = explain(code);
+  if (explained) status = {std::nullopt, explained->name, explained->meaning, explained->advice, false, exit_code};
+  if (!text.empty()) status.text = text;
+  return status;
+}
+
+Status statusOf(std::int32_t code, const std::string& error_text) {
+  Status status = statusOf(std::to_string(code), "", exitCodeOf(code));
+  status.code = code;
+  if (code == polar_status::kSuccess) status.text.clear();
+  if (code != polar_status::kSuccess && !error_text.empty()) status.text += " (" + error_text + ")";
+  return status;
+}
+
+std::string textOf(const std::exception& error) {
+  const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
+  std::istringstream words(opencv != nullptr && !opencv->err.empty() ? opencv->err : error.what());
+  std::string line;  // OpenCV breaks its texts into several.
+  for (std::string word; words >> word;) line += (line.empty() ? "" : " ") + word;
+  return line;
+}
+
+/// One check from its inputs to its verdict.
+class SetCheck final : public RunObserver {
+ public:
+  SetCheck(const Set& set, const CheckOptions& options) : set_(set), options_(options) {}
+
+  Check run();
+  void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) override;
+
+ private:
+  void readInputs();
+  void choosePairs();
+  std::int32_t runLibrary(PolarPrecision& precision);
+  void runWith(OutFolder& out);
+  void explainPictures();
+  void conclude();
+  void goOn() const {
+    if (options_.go_on && !options_.go_on()) throw Interruption{};
+  }
+
+  Set set_;
+  const CheckOptions& options_;
+  Check check_;
+  PolarConfig config_;
+  StereoCalibParams calib_;
+  RectifiedParams rectified_;
+  BoardGroundTruth board_;
+  std::vector<Limit> limits_;
+  std::size_t first_pair_ = 0;
+  std::unique_ptr<ListedPictures> pictures_;
+  PairReading reading_;
+  bool picture_failed_ = false;
+};
+
+void SetCheck::readInputs() {
+  for (const std::string& text : options_.limits) limits_.push_back(parseLimit(text));
+  set_ = openSet(set_);
+  if (!set_.limits.empty()) {
+    const std::vector<Limit> of_set = readLimits(set_.limits);
+    limits_.insert(limits_.end(), of_set.begin(), of_set.end());
+  }
+  config_ = readPolar(set_.polar, options_.settings, check_.warnings);
+  check_.settings = settingsOf(config_);
+  check_.board = readBoard(set_.target);
+  if (!set_.board.empty()) ReadBoardTxt(set_.board, board_);
+  check_.board.points = board_.size();
+  if (set_.rectified.empty()) {
+    calib_ = readCalibration(set_.calibration);
+    check_.cameras = camerasOf(config_.type, calib_);
+  } else {
+    rectified_ = readRectified(set_.rectified);
+    rectified_.boardPoints.assign(board_.begin(), board_.end());
+    check_.cameras = camerasOf(rectified_);
+  }
+  choosePairs();
+  for (const auto& [role, path] : {std::pair{"polar", &set_.polar}, {"target", &set_.target}, {"calibration", &set_.calibration},
+                                   {"list", &set_.list}, {"board", &set_.board}, {"limits", &set_.limits}, {"rectified", &set_.rectified}}) {
+    if (!path->empty()) check_.inputs.push_back({role, *path, sha256OfFile(*path)});
+  }
+}
+
+void SetCheck::choosePairs() {
+  std::vector<ListedPair> listed = listedPairs(set_.list);
+  if (options_.pairs) {
+    const auto [first, last] = *options_.pairs;
+    if (first > last || last >= listed.size())
+      throw InputError("pairs " + std::to_string(first) + "-" + std::to_string(last),
+                       "the list has the pairs 0-" + std::to_string(listed.size() - 1));
+    listed = {listed.begin() + static_cast<std::ptrdiff_t>(first), listed.begin() + static_cast<std::ptrdiff_t>(last) + 1};
+    first_pair_ = first;
+  }
+  pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_);
+}
+
+void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {
+  const ListedPair& listed = pictures_->listed(index);
+  if (!finished && status == polar_status::kImages && *evaluator.seen.evaluation == '\0') {
+    picture_failed_ = true;
+    return;
+  }
+  PairCheck pair = reading_.read(finished, status, evaluator);
+  pair.index = first_pair_ + index;
+  pair.left = listed.left;
+  pair.right = listed.right;
+  check_.pairs.push_back(std::move(pair));
+  if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
+  if (!options_.keep_points) check_.pairs.back().points = {};
+  goOn();
+}
+
+std::int32_t SetCheck::runLibrary(PolarPrecision& precision) {
+  RunArguments arguments;
+  arguments.targetConfigPath = set_.target;
+  arguments.source = pictures_.get();
+  arguments.observer = this;
+  if (!set_.rectified.empty()) return precision.RunRectified(arguments, rectifiedGeometry(rectified_));
+  return precision.frameWork() != 0 ? precision.RunFrames(arguments, calib_) : precision.RunImageSet(arguments, calib_);
+}
+
+void SetCheck::runWith(OutFolder& out) {
+  PolarPrecision precision;
+  precision.config = config_;
+  precision.config.result_folder = out.resultFolder(config_);
+  precision.boardPoints = board_;
+  std::int32_t status = runLibrary(precision);
+  if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
+  check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
+  if (picture_failed_) explainPictures();
+  if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
+}
+
+/// Names the picture that ended the run.
+void SetCheck::explainPictures() {
+  const std::size_t failed = check_.pairs.size();
+  const ListedPair& listed = pictures_->listed(failed);
+  for (const bool left : {true, false}) {
+    const std::string path = pictures_->pathOf(failed, left);
+    if (files::readImage(path).empty()) {
+      std::error_code ignored;
+      const bool is_there = std::filesystem::is_regular_file(path, ignored) && !sha256OfFile(path).empty();
+      check_.status.text = fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
+                                       is_there ? "can't be decoded" : "can't be read");
+      check_.status.retry = !is_there;
+      return;
+    }
+  }
+}
+
+void SetCheck::conclude() {
+  check_.summary = summaryOf(check_.pairs);
+  check_.limits = judge(limits_, check_);
+  const bool all_hold = std::ranges::all_of(check_.limits, &LimitResult::holds);
+  if (check_.status.exit_code != kDone) return;
+  check_.verdict = all_hold ? Verdict::kPass : Verdict::kFail;
+  if (!all_hold) check_.status.exit_code = kLimitExceeded;
+}
+
+Check SetCheck::run() {
+  const auto start = Clock::now();
+  check_.started = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
+  check_.folder = set_.folder;
+  const std::filesystem::path folder = std::filesystem::path(set_.folder).lexically_normal();
+  check_.name = (folder.has_filename() ? folder : folder.parent_path()).filename().string();
+  std::ostream nowhere(nullptr);
+  const console::Redirection quiet(nowhere, nowhere);  // The lines of the library are for its own callers.
+  try {
+    readInputs();
+    OutFolder out(options_.out);
+    goOn();
+    if (options_.on_start) options_.on_start(check_);
+    runWith(out);
+  } catch (const Interruption&) {
+    check_.status = statusOf("35", "", kInterrupted);
+  } catch (const InputError& error) {
+    check_.status = statusOf("input", error.what(), kUnusable);
+  } catch (const OutputError& error) {
+    check_.status = statusOf("output", error.what(), kNotWritten);
+    check_.status.retry = true;
+  } catch (const std::exception& error) {
+    const std::string pair = pictures_ ? fmt::format("pair {}: ", first_pair_ + check_.pairs.size()) : "";
+    check_.status = statusOf("exception", pair + textOf(error), kNoFigure);
+  }
+  if (pictures_) {
+    check_.cameras.width = pictures_->size().width;
+    check_.cameras.height = pictures_->size().height;
+    const std::vector<SetInput> pictures = pictures_->inputs();
+    check_.inputs.insert(check_.inputs.end(), pictures.begin(), pictures.end());
+    check_.id = fingerprint(check_.inputs);
+  }
+  conclude();
+  check_.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+  return std::move(check_);
+}
+
+}  // namespace
+
+const Figure* PairCheck::figure(const std::string& name) const {
+  const auto found = std::ranges::find_if(figures, [&](const Figure& each) { return name == each.name; });
+  return found == figures.end() ? nullptr : &*found;
+}
+
+std::size_t Check::finished() const {
+  return static_cast<std::size_t>(std::ranges::count_if(pairs, &PairCheck::finished));
+}
+
+Check check(const Set& set, const CheckOptions& options) { return SetCheck(set, options).run(); }
+
+}  // namespace polarline

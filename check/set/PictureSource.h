@@ -1,0 +1,47 @@
+#pragma once
+
+#include <future>
+#include <string>
+#include <vector>
+
+#include "polar/run/PolarCore.h"
+#include "polarline/check.h"
+#include "polarline/set.h"
+
+namespace polarline {
+
+/// The pictures of a list, read and decoded ahead by a thread of its own while the pair before is evaluated: no more
+/// than two pairs are held at once.
+class ListedPictures final : public ImageSource {
+ public:
+  /// `first`: position of the first of the pairs in its list; the roles of the inputs count from there.
+  ListedPictures(std::vector<ListedPair> pairs, std::size_t first);
+
+  std::size_t pairs() const override { return pairs_.size(); }
+  std::pair<cv::Mat, cv::Mat> take(std::size_t index) override;
+
+  const ListedPair& listed(std::size_t index) const { return pairs_.at(index); }
+  /// The place of a pair's side in the list, for messages.
+  std::string pathOf(std::size_t index, bool left) const;
+  /// Of the first left picture; empty while none was read.
+  const cv::Size& size() const { return size_; }
+  bool hasColour() const { return has_colour_; }
+  /// Every picture with its hash; those that no run took are hashed now.
+  std::vector<SetInput> inputs();
+
+ private:
+  struct Pictures {
+    cv::Mat left, right;
+    std::string left_hash, right_hash;
+  };
+  Pictures read(std::size_t index) const;
+
+  std::vector<ListedPair> pairs_;
+  std::size_t first_ = 0;
+  std::future<Pictures> ahead_;
+  std::vector<SetInput> inputs_;
+  cv::Size size_;
+  bool has_colour_ = false;
+};
+
+}  // namespace polarline

@@ -1,0 +1,204 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <map>
+#include <opencv2/core.hpp>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "polarline/api.h"
+#include "polarline/set.h"
+#include "polarline/warning.h"
+
+/// Judging a set: a run of the library over its pairs, what the run yields, and whether it keeps its limits. The
+/// figures are those of the library's own exports, to the last bit.
+namespace polarline {
+
+/// A figure of one pair. Lists (`tri_dis`, `id_dis` and the like) have several values.
+struct Figure {
+  const char* name = "";
+  const char* unit = "";
+  const char* meaning = "";
+  std::vector<double> values;  ///< Empty unless the pair measured the figure itself.
+  bool is_list = false;
+  bool is_single = false;   ///< The values came in single precision: they read back to the same float.
+  bool is_own = false;      ///< The pair measured it.
+  bool is_carried = false;  ///< The library's record repeats the value of an earlier pair.
+};
+
+/// The dots that both pictures of a pair show, one entry an id in every list, ascending. What was not measured is not a
+/// number.
+struct PairPoints {
+  std::vector<std::int32_t> id;
+  std::vector<float> left_x, left_y, right_x, right_y;  ///< Pixels of the pictures.
+  std::vector<float> x, y, z;                           ///< Triangulated: left camera frame, board unit.
+  std::vector<float> residual;                          ///< Of the triangulation: pixels of the right picture.
+  std::vector<float> rectified_left_x, rectified_left_y, rectified_right_x, rectified_right_y;
+  std::vector<float> dy;  ///< Signed row difference of the rectified pair, left less right, pixels.
+};
+
+/// Why a pair was given up.
+struct Reason {
+  std::int32_t code = 0;  ///< A status of the library.
+  std::string text;       ///< In words.
+  std::string side;       ///< "left", "right", or empty where it is both or neither.
+  std::string step;       ///< The evaluation or the step of the detection that failed.
+};
+
+struct PairCheck {
+  std::size_t index = 0;  ///< Position in the list, from 0.
+  std::string left;       ///< Names of the pictures, as the list has them.
+  std::string right;
+  bool finished = false;  ///< Otherwise given up.
+  Reason reason;          ///< Of a pair given up.
+  std::vector<Figure> figures;
+  std::size_t found_left = 0;  ///< Numbered dots in the last measured pictures.
+  std::size_t found_right = 0;
+  PairPoints points;
+
+  /// None for a name that is no figure.
+  const Figure* figure(const std::string& name) const;
+};
+
+/// What the finished pairs that measured a figure come to. Of lists each entry has a name of its own, `tri_dis[0]`.
+struct FigureSummary {
+  std::string name;
+  std::string unit;
+  std::size_t count = 0;  ///< Pairs that measured it.
+  double mean = 0.0;
+  double sd = 0.0;  ///< Of the sample (n - 1); not a number for one pair.
+  double min = 0.0;
+  double max = 0.0;
+  std::size_t worst_pair = 0;  ///< `index` of the pair whose value is farthest from 0.
+};
+
+struct LimitResult {
+  std::string text;             ///< As it was given.
+  std::optional<double> value;  ///< The one farthest beyond the limit, or nearest to it; none: nobody measured it.
+  int pair = -1;                ///< Whose value it is; -1 for one of the whole run.
+  bool holds = false;
+  std::string why;  ///< In words.
+};
+
+enum class Verdict : std::uint8_t {
+  kPass,   ///< The run has figures, and every limit holds.
+  kFail,   ///< A limit is exceeded.
+  kError,  ///< There is nothing to judge.
+};
+
+/// How a check ended.
+struct Status {
+  std::optional<std::int32_t> code;  ///< Of the library; none where it was not asked, or left by an exception.
+  std::string name = "success";
+  std::string text;    ///< What happened; empty on success.
+  std::string advice;  ///< What to do; empty on success.
+  bool retry = false;  ///< It may succeed when tried again.
+  int exit_code = 0;   ///< Of the command: 0, 1, 2, 3, 4 or 130.
+};
+
+/// A file that a check reads.
+struct SetInput {
+  std::string role;    ///< "polar", "target", "calibration", "list", "board", "limits", "rectified", "left/0", "right/0".
+  std::string path;    ///< As it was opened.
+  std::string sha256;  ///< Of the content; empty where it could not be read.
+};
+
+struct CameraNumbers {
+  double fx = 0.0, fy = 0.0, cx = 0.0, cy = 0.0;
+  std::vector<double> coefficients;  ///< K1 to K6, P1, P2.
+};
+
+/// The cameras of the run.
+struct Cameras {
+  int type = 0;
+  std::string model;  ///< "brown5", "brown8", "fisheye", "poly", "rectified" or "other".
+  int width = 0;      ///< Of the first left picture; 0 while none was read.
+  int height = 0;
+  CameraNumbers left, right;
+  std::vector<double> extrinsics;  ///< RX, RY, RZ (radians), TX, TY, TZ (board unit); empty for rectified pairs.
+};
+
+struct BoardInfo {
+  int type = 0;
+  int rows = 0, cols = 0;
+  double step = 0.0, step_y = 0.0;  ///< Board unit.
+  std::size_t points = 0;           ///< True positions that the set has.
+};
+
+/// A key of the polar configuration as the run took it, its value written as JSON.
+struct Setting {
+  std::string key;
+  std::string json;
+};
+
+struct Check {
+  std::string started;  ///< UTC, ISO 8601.
+  double seconds = 0.0;
+  std::string name;    ///< The last folder of the set's path.
+  std::string folder;  ///< Of the set.
+  std::string id;      ///< SHA-256 over the inputs' roles and contents; the same wherever the set lies.
+  std::vector<SetInput> inputs;
+  Status status;
+  std::vector<Setting> settings;
+  BoardInfo board;
+  Cameras cameras;
+  std::vector<PairCheck> pairs;
+  std::vector<FigureSummary> summary;
+  std::vector<LimitResult> limits;
+  Verdict verdict = Verdict::kError;
+  std::vector<Warning> warnings;
+
+  std::size_t finished() const;
+};
+
+/// What a check does beyond running the set. Nothing here changes a figure, but for `settings`.
+struct CheckOptions {
+  std::vector<std::string> limits;    ///< "FIGURE OP VALUE", besides those of the set's file.
+  std::vector<std::string> settings;  ///< "KEY=VALUE": keys of the polar configuration for this run.
+  std::string out;                    ///< Folder for the library's own files; empty: none is written.
+  std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.
+  bool keep_points = true;                                   ///< Otherwise `PairCheck::points` is empty after `on_pair`.
+  /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
+  std::function<void(const Check&)> on_start;
+  /// Called with each pair when the run is done with it, and the number of pairs of the run.
+  std::function<void(const PairCheck&, std::size_t count)> on_pair;
+  /// Asked between pairs; false ends the run, its status is then "interrupted".
+  std::function<bool()> go_on;
+};
+
+/// Checks a set. Failures do not throw: they are the status of the result, with what was measured before them.
+POLARLINE_API Check check(const Set& set, const CheckOptions& options = {});
+
+/// The names that a limit may judge: figures, "pairs", "finished", "given_up".
+POLARLINE_API std::vector<std::string> limitNames();
+
+/// Throws `InputError` for a limit that does not parse or names no figure; the nearest names are offered.
+POLARLINE_API void requireLimit(const std::string& text);
+
+/// The JSON document of a check, schema "polarline-check/1".
+POLARLINE_API std::string toJson(const Check& check);
+
+/// Writes the document piece by piece while the check runs, so that no pair need be kept.
+class POLARLINE_API CheckDocument {
+ public:
+  using Sink = std::function<void(const std::string&)>;
+
+  explicit CheckDocument(Sink sink);
+  CheckDocument(const CheckDocument&) = delete;
+  CheckDocument& operator=(const CheckDocument&) = delete;
+  ~CheckDocument();
+
+  void add(const PairCheck& pair);
+  /// Everything else. The pairs of `check` count as added.
+  void finish(const Check& check);
+
+ private:
+  class Writer;
+  Writer* writer_;
+};
+
+}  // namespace polarline

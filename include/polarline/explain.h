@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "polarline/api.h"
+
+namespace polarline {
+
+/// A status, a warning or an exit code in words.
+struct Explanation {
+  std::string code;     ///< As it is shown: "-9", "too_few_shared", "exit 3".
+  std::string name;     ///< A stable word.
+  std::string meaning;  ///< A sentence.
+  std::string advice;   ///< What to do.
+};
+
+/// Everything that can be explained: statuses of the library, warnings, exit codes of the command.
+POLARLINE_API const std::vector<Explanation>& explanations();
+
+/// By code or name; none for what nobody says.
+POLARLINE_API std::optional<Explanation> explain(const std::string& code);
+
+}  // namespace polarline

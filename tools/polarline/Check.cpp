@@ -1,0 +1,159 @@
+#include "polarline/check.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <cstdio>
+#include <memory>
+
+#include "platform/WholeFile.h"
+#include "polarline/errors.h"
+#include "tools/polarline/CheckTable.h"
+#include "tools/polarline/Interruption.h"
+#include "tools/polarline/Subcommand.h"
+#include "tools/polarline/Terminal.h"
+
+namespace command {
+namespace {
+
+struct Arguments {
+  polarline::Set set;
+  polarline::CheckOptions options;
+  ResultOptions result;
+  std::string pairs;
+};
+
+/// "3" or "3-7".
+void takePairs(Arguments& arguments) {
+  if (arguments.pairs.empty()) return;
+  std::size_t first = 0;
+  std::size_t last = 0;
+  int used = 0;
+  const char* const text = arguments.pairs.c_str();
+  const int fields = std::sscanf(text, "%zu%n-%zu%n", &first, &used, &last, &used);
+  if (fields < 1 || static_cast<std::size_t>(used) != arguments.pairs.size() || text[0] == '-')
+    throw polarline::InputError("--pairs " + arguments.pairs, "A-B was wanted, such as 0-9");
+  arguments.options.pairs = {first, fields == 1 ? first : last};
+}
+
+/// What the command says while the check runs, and behind it.
+class Speaker {
+ public:
+  explicit Speaker(const ResultOptions& result)
+      : is_quiet_(result.quiet || result.json == "-"),
+        shows_progress_(!is_quiet_ && terminal::isTerminal(stderr) && !terminal::isTerminal(stdout)),
+        table_(terminal::width(stdout), terminal::hasColours(stdout)) {}
+
+  void begin(const polarline::Check& check) { say(table_.header(check)); }
+  void pair(const polarline::PairCheck& pair, std::size_t count) {
+    say(table_.row(pair));
+    ++done_;
+    if (shows_progress_) progress(count);
+  }
+  void end(const polarline::Check& check) {
+    if (shows_progress_) fmt::print(stderr, "\r\x1b[K");
+    if (check.verdict != polarline::Verdict::kError) return say(table_.conclusion(check));
+    if (!is_quiet_ && !check.pairs.empty()) say(table_.conclusion(check));
+    else fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
+  }
+
+ private:
+  void say(const std::string& text) const {
+    if (is_quiet_) return;
+    std::fputs(text.c_str(), stdout);
+    std::fflush(stdout);
+  }
+  void progress(std::size_t count) const {
+    const double passed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    const double left = passed / static_cast<double>(done_) * static_cast<double>(count - done_);
+    fmt::print(stderr, "\rpair {} of {}, {:.0f} s left \x1b[K", done_, count, left);
+  }
+
+  bool is_quiet_;
+  bool shows_progress_;
+  CheckTable table_;
+  std::size_t done_ = 0;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+/// The document at its place: written while the check runs.
+class DocumentFile {
+ public:
+  explicit DocumentFile(const std::string& path) : path_(path) {
+    if (path.empty()) return;
+    if (path != "-") file_ = std::make_unique<whole_file::PartialFile>(path);
+    document_ = std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { write(piece); });
+  }
+  bool isWanted() const { return document_ != nullptr; }
+  void add(const polarline::PairCheck& pair) {
+    if (document_) document_->add(pair);
+  }
+  void finish(const polarline::Check& check) {
+    if (!document_) return;
+    document_->finish(check);
+    if (file_) file_->commit();
+  }
+
+ private:
+  void write(const std::string& piece) const {
+    if (file_) return file_->append(piece);
+    deliver(path_, piece);
+  }
+
+  std::string path_;
+  std::unique_ptr<whole_file::PartialFile> file_;
+  std::unique_ptr<polarline::CheckDocument> document_;
+};
+
+int runCheck(Arguments& arguments) {
+  takePairs(arguments);
+  Speaker speaker(arguments.result);
+  DocumentFile document(arguments.result.json);
+  polarline::CheckOptions& options = arguments.options;
+  options.keep_points = false;
+  options.go_on = [] { return !interrupted(); };
+  options.on_start = [&](const polarline::Check& check) { speaker.begin(check); };
+  options.on_pair = [&](const polarline::PairCheck& pair, std::size_t count) {
+    document.add(pair);
+    speaker.pair(pair, count);
+  };
+  const polarline::Check check = polarline::check(arguments.set, options);
+  if (check.status.exit_code == kInterrupted) return kInterrupted;
+  document.finish(check);
+  speaker.end(check);
+  return check.status.exit_code;
+}
+
+void addSetOptions(CLI::App& app, polarline::Set& set) {
+  app.add_option("SET", set.folder, "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt");
+  app.add_option("--polar", set.polar, "Polar configuration in place of the set's")->type_name("FILE");
+  app.add_option("--target", set.target, "Description of the board in place of the set's")->type_name("FILE");
+  app.add_option("--calibration", set.calibration, "Calibration in place of the set's")->type_name("FILE");
+  app.add_option("--list", set.list, "Image list in place of the set's")->type_name("FILE");
+  app.add_option("--board", set.board, "True positions of the dots in place of the set's")->type_name("FILE");
+  app.add_option("--limits", set.limits, "File of limits in place of the set's")->type_name("FILE");
+}
+
+}  // namespace
+
+Subcommand addCheck(CLI::App& polarline) {
+  CLI::App* const app = polarline.add_subcommand("check", "Runs a set, prints its figures, ends with the verdict");
+  const auto arguments = std::make_shared<Arguments>();
+  addSetOptions(*app, arguments->set);
+  app->add_option("--limit", arguments->options.limits,
+                  "FIGURE OP VALUE, such as 'dy_means<=0.1', '|tri_dis[0]|<=0.5', 'summary.dy_means.mean<=0.1', "
+                  "'given_up<=0'; repeatable")
+      ->type_name("LIMIT")
+      ->allow_extra_args(false);
+  app->add_option("--out", arguments->options.out, "Folder for the library's own files; without it none is written")
+      ->type_name("FOLDER");
+  app->add_option("--pairs", arguments->pairs, "Only the pairs A to B of the list, counted from 0")->type_name("A-B");
+  app->add_option("--set", arguments->options.settings, "A key of the polar configuration for this run; repeatable")
+      ->type_name("KEY=VALUE")
+      ->allow_extra_args(false);
+  addResultOptions(*app, arguments->result);
+  addExample(*app, "polarline check my_set --limit 'dy_means<=0.1' --json result.json");
+  return {app, [arguments] { return runCheck(*arguments); }};
+}
+
+}  // namespace command

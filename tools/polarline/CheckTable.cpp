@@ -1,0 +1,145 @@
+#include "tools/polarline/CheckTable.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+namespace command {
+namespace {
+
+using polarline::Check;
+using polarline::Figure;
+using polarline::LimitResult;
+using polarline::PairCheck;
+
+constexpr const char* kRed = "31";
+constexpr const char* kGreen = "32";
+constexpr const char* kBold = "1";
+
+constexpr std::size_t kIndexWidth = 5;
+constexpr std::size_t kStateWidth = 10;
+constexpr std::size_t kFigureWidth = 12;
+
+/// In the order in which one wants to see them.
+constexpr std::array kMainFigures = {"dy_means", "dy_max", "tri_rms",  "dis_rms",     "space_rms",
+                                     "gt_rms",   "tri_max", "nor_rms", "icp_nor_rms", "allpoints_means"};
+
+std::string shown(double value) {
+  return value != 0.0 && (std::abs(value) < 1e-4 || std::abs(value) >= 1e6) ? fmt::format("{:.3g}", value)
+                                                                           : fmt::format("{:.4f}", value);
+}
+
+/// Lines of at most `width` columns, broken at blanks, the later ones moved in.
+std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+  std::string lines;
+  std::string line;
+  std::size_t begin = 0;
+  while (begin <= text.size()) {
+    const std::size_t end = std::min(text.find(' ', begin), text.size());
+    const std::string word = text.substr(begin, end - begin);
+    if (!line.empty() && line.size() + 1 + word.size() > width && line.find_first_not_of(' ') != std::string::npos) {
+      lines += line + "\n";
+      line = std::string(indent, ' ') + word;
+    } else {
+      line += (line.empty() ? "" : " ") + word;
+    }
+    begin = end + 1;
+  }
+  return lines + line + "\n";
+}
+
+const polarline::FigureSummary* summaryOf(const Check& check, const std::string& name) {
+  const auto found = std::ranges::find(check.summary, name, &polarline::FigureSummary::name);
+  return found == check.summary.end() ? nullptr : &*found;
+}
+
+std::string worstPair(const Check& check) {
+  for (const char* name : kMainFigures) {
+    const auto* const summary = summaryOf(check, name);
+    if (summary == nullptr) continue;
+    return fmt::format("Worst pair: {} ({} {} {}); mean over {} pairs {} {}.", summary->worst_pair, name,
+                       shown(std::max(std::abs(summary->min), std::abs(summary->max))), summary->unit, summary->count,
+                       shown(summary->mean), summary->unit);
+  }
+  return {};
+}
+
+std::string verdictText(const Check& check) {
+  switch (check.verdict) {
+    case polarline::Verdict::kPass:
+      return check.limits.empty() ? "No limits were given: there are figures, and nothing was judged."
+                                  : fmt::format("PASS: all {} limits hold.", check.limits.size());
+    case polarline::Verdict::kFail:
+      return fmt::format("FAIL: {} of {} limits are exceeded.",
+                         std::ranges::count(check.limits, false, &LimitResult::holds), check.limits.size());
+    case polarline::Verdict::kError:
+      return fmt::format("ERROR: {}", check.status.text);
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string CheckTable::coloured(const std::string& text, const char* code) const {
+  return has_colours_ ? fmt::format("\x1b[{}m{}\x1b[0m", code, text) : text;
+}
+
+std::string CheckTable::header(const Check& check) const {
+  const polarline::BoardInfo& board = check.board;
+  return wrapped(fmt::format("{}: board of {} x {} dots, step {}; lens model {}", check.name, board.cols, board.rows,
+                             static_cast<float>(board.step), check.cameras.model),
+                 width_, 2);
+}
+
+void CheckTable::chooseColumns(const PairCheck& pair) {
+  has_columns_ = true;
+  std::size_t used = kIndexWidth + kStateWidth;
+  for (const char* name : kMainFigures) {
+    const Figure* const figure = pair.figure(name);
+    if (figure == nullptr || !figure->is_own || figure->is_list || used + kFigureWidth > width_) continue;
+    columns_.emplace_back(name);
+    used += kFigureWidth;
+  }
+}
+
+std::string CheckTable::row(const PairCheck& pair) {
+  std::string text;
+  if (!has_columns_ && pair.finished) {
+    chooseColumns(pair);
+    text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
+    for (const std::string& name : columns_) text += fmt::format("{:>{}}", name.substr(0, kFigureWidth - 1), kFigureWidth);
+    text = coloured(text, kBold) + "\n";
+  }
+  text += fmt::format("{:>{}} {:<{}}", pair.index, kIndexWidth - 1, pair.finished ? "finished" : "given up", kStateWidth);
+  if (!pair.finished) {
+    const std::string where = pair.reason.step.empty() ? "" : " (" + pair.reason.step + ")";
+    return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);
+  }
+  for (const std::string& name : columns_) {
+    const Figure* const figure = pair.figure(name);
+    const bool has_value = figure != nullptr && !figure->values.empty();
+    text += fmt::format("{:>{}}", has_value ? shown(figure->values[0]) : "-", kFigureWidth);
+  }
+  return text + "\n";
+}
+
+std::string CheckTable::conclusion(const Check& check) const {
+  std::string text = "\n";
+  if (!check.pairs.empty()) {
+    text += wrapped(fmt::format("{} of {} pairs finished.", check.finished(), check.pairs.size()), width_, 2);
+    if (check.finished() > 0) text += wrapped(worstPair(check), width_, 2);
+  }
+  for (const LimitResult& limit : check.limits) {
+    const std::string mark = limit.holds ? coloured("holds   ", kGreen) : coloured("EXCEEDED", kRed);
+    text += mark + " " + wrapped(fmt::format("{}: {}", limit.text, limit.why), width_ - 9, 4);
+  }
+  for (const polarline::Warning& warning : check.warnings) {
+    text += wrapped("Warning: " + warning.text + " " + warning.advice, width_, 2);
+  }
+  text += coloured(wrapped(verdictText(check), width_, 2), check.verdict == polarline::Verdict::kPass ? kGreen : kRed);
+  if (check.verdict == polarline::Verdict::kError) text += wrapped(check.status.advice, width_, 2);
+  return text;
+}
+
+}  // namespace command

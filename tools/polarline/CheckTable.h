@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+#include "polarline/check.h"
+
+namespace command {
+
+/// A check as a person reads it on a terminal: a line a pair, the worst pair, the limits, the verdict and why.
+class CheckTable {
+ public:
+  /// `width`: columns that a line may take.
+  CheckTable(std::size_t width, bool has_colours) : width_(width), has_colours_(has_colours) {}
+
+  std::string header(const polarline::Check& check) const;
+  /// A pair's line; the column headings stand above the first one.
+  std::string row(const polarline::PairCheck& pair);
+  /// What stands below the pairs.
+  std::string conclusion(const polarline::Check& check) const;
+
+ private:
+  /// The figures that get a column: the first ones, of those that the pair measured, for which there is room.
+  void chooseColumns(const polarline::PairCheck& pair);
+  std::string coloured(const std::string& text, const char* code) const;
+
+  std::size_t width_;
+  bool has_colours_;
+  bool has_columns_ = false;
+  std::vector<std::string> columns_;
+};
+
+}  // namespace command
