@@ -7,11 +7,11 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-using TreeWalk = void (*)(const ContourWalkInput&, std::vector<Ellipse<double>>&);
+using TreeWalk = ContourCounts (*)(const ContourWalkInput&, std::vector<Ellipse<double>>&);
 
 /// The assertions' texts are what the caller reads; they name the arguments as the callers know them.
-void detectBy(TreeWalk walk, const EllipseDetectorParams& params, cv::InputArray image,
-              std::vector<Ellipse<double>>& ellipses, cv::OutputArray binary, cv::InputArray mask) {
+ContourCounts detectBy(TreeWalk walk, const EllipseDetectorParams& params, cv::InputArray image,
+                       std::vector<Ellipse<double>>& ellipses, cv::OutputArray binary, cv::InputArray mask) {
   CV_Assert(image.type() == CV_8UC1);
   CV_Assert(!image.empty());
   if (!mask.empty()) {
@@ -23,21 +23,21 @@ void detectBy(TreeWalk walk, const EllipseDetectorParams& params, cv::InputArray
   const cv::Mat traced = Binarize(grey, params);
   traced.copyTo(binary);
   const ContourTree tree = findContourTree(traced);
-  walk({params, tree, grey, traced, allowed}, ellipses);
+  return walk({params, tree, grey, traced, allowed}, ellipses);
 }
 
 }  // namespace
 
 template <typename T>
-void EllipseDetector<T>::detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
-                                cv::InputArray mask) const {
-  detectBy(ClassifyContourTree, params, image, ellipses, binary, mask);
+ContourCounts EllipseDetector<T>::detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses,
+                                         cv::OutputArray binary, cv::InputArray mask) const {
+  return detectBy(ClassifyContourTree, params, image, ellipses, binary, mask);
 }
 
 template <typename T>
-void EllipseDetector<T>::detectframework(cv::InputArray image, std::vector<Ellipse<T>>& ellipses,
-                                         cv::OutputArray binary, cv::InputArray mask) const {
-  detectBy(ClassifyContourTreeFlat, params, image, ellipses, binary, mask);
+ContourCounts EllipseDetector<T>::detectframework(cv::InputArray image, std::vector<Ellipse<T>>& ellipses,
+                                                  cv::OutputArray binary, cv::InputArray mask) const {
+  return detectBy(ClassifyContourTreeFlat, params, image, ellipses, binary, mask);
 }
 
 template class EllipseDetector<double>;

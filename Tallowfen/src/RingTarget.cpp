@@ -97,6 +97,7 @@ bool RingTarget::startDetection(const cv::Mat& image, const cv::Mat& mask, const
   unidentified_ellipses_.clear();
   points.clear();
   unidentified.clear();
+  trace_ = DetectionTrace();
   checkMask(mask, image, operation);
   if (image.type() != CV_8UC1) {
     console::err() << "[RingTarget::detect] Error: input image wrong type.\n";
@@ -126,28 +127,48 @@ void RingTarget::handLimitsToDetector() {
 RingTarget::Ellipses RingTarget::findMarkedEllipses(const cv::Mat& image, const cv::Mat& mask) {
   Ellipses ellipses;
   const WorkingScale scale = workingScaleOf(image.size());
+  trace_.working_size = scale.size;
   if (scale.resized) {
     cv::Mat binary;
-    detector_->detect(workingImage(image, scale), ellipses, binary, mask);
+    trace_.contours = detector_->detect(workingImage(image, scale), ellipses, binary, mask);
+    trace_.binary = binary;
     binary_image_ = binary;
     mapToImage(scale, ellipses);
   } else {
-    SubPixelCircleDetector(image, ellipses);
+    const CircleSearch search = SubPixelCircleDetector(image, ellipses);
+    trace_.contours = search.contours;
+    trace_.binary = search.binary;
     SplitBigDotsMidResolution(ellipses);
   }
   return ellipses;
 }
 
+/// Without an ellipse the detection stopped before it looked for markers, though it did look. What was numbered and is
+/// gone was filtered out.
+void RingTarget::traceEnd(std::size_t kept) {
+  trace_.kept = kept;
+  if (trace_.contours.traced == 0) {
+    trace_.step = DetectionStep::kContours;
+  } else if (trace_.ellipses.empty()) {
+    trace_.step = DetectionStep::kEllipses;
+  } else if (kept > 0) {
+    trace_.step = DetectionStep::kDone;
+  } else if (trace_.numbered > 0) {
+    trace_.step = DetectionStep::kFilter;
+  }
+}
+
 bool RingTarget::detect(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) {
   if (!startDetection(image, mask, "kestrune::RingTarget::detect", points, unidentified)) return false;
-  const Ellipses ellipses = findMarkedEllipses(image, mask);
+  trace_.ellipses = findMarkedEllipses(image, mask);
   const MarkerContext context{nearbyDotsOf(config_, last_image_.cols), binary_image_};
   NumberedPoints numbered;
-  const bool found = numberBoard(config_, context, ellipses, mask, marker_sizes_, numbered);
+  const bool found = numberBoard(config_, context, trace_.ellipses, mask, marker_sizes_, numbered, trace_);
   if (found) {
     filterByIds(config_, numbered);
     filterByRegion(detection_region_, workingScaleOf(image.size()).size, numbered);
   }
+  traceEnd(numbered.points.size());
   points = std::move(numbered.points);
   unidentified = std::move(numbered.unidentified);
   identified_ellipses_ = std::move(numbered.identified_ellipses);
@@ -157,13 +178,17 @@ bool RingTarget::detect(const cv::Mat& image, Points& points, Points& unidentifi
 
 bool RingTarget::detectframework(const cv::Mat& image, Points& points, Points& unidentified, const cv::Mat& mask) {
   if (!startDetection(image, mask, "kestrune::RingTarget::detectframework", points, unidentified)) return false;
-  Ellipses ellipses;
+  Ellipses& ellipses = trace_.ellipses;
   const WorkingScale scale = workingScaleOf(image.size());
+  trace_.working_size = scale.size;
   cv::Mat binary;
-  detector_->detectframework(workingImage(image, scale), ellipses, binary, mask);
+  trace_.contours = detector_->detectframework(workingImage(image, scale), ellipses, binary, mask);
+  trace_.binary = binary;
   binary_image_ = binary;
   mapToImage(scale, ellipses);
   points.assign(ellipses.begin(), ellipses.end());
+  trace_.classes.dots = points.size();
+  traceEnd(points.size());
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <opencv2/core.hpp>
@@ -12,6 +13,7 @@
 #include "Tallowfen/src/board/MarkerLayout.h"
 #include "Tallowfen/src/board/RingTargetConfig.h"
 #include "Tallowfen/src/ellipses/Ellipses.h"
+#include "Tallowfen/src/trace/DetectionTrace.h"
 
 namespace kestrune {
 
@@ -43,6 +45,8 @@ class RingTarget : public morvenkit::CalibTarget {
   const Ellipses& unidentifiedEllipses() const { return unidentified_ellipses_; }
   /// Of the last detection that recognised the markers.
   const MarkerSizes& markerSizes() const { return marker_sizes_; }
+  /// What the last detection saw and where it stopped. Nothing in the detection depends on it.
+  const DetectionTrace& trace() const { return trace_; }
 
  private:
   void buildBoardModel(const std::vector<RingTargetConfig>& patterns);
@@ -52,6 +56,7 @@ class RingTarget : public morvenkit::CalibTarget {
   void handLimitsToDetector();
   /// Classified ellipses in image pixels.
   Ellipses findMarkedEllipses(const cv::Mat& image, const cv::Mat& mask);
+  void traceEnd(std::size_t kept);
 
   RingTargetConfig config_;
   std::vector<RingTargetConfig> patterns_;
@@ -64,6 +69,7 @@ class RingTarget : public morvenkit::CalibTarget {
   cv::Mat last_image_;
   cv::Mat binary_image_;
   std::vector<float> detection_region_;
+  DetectionTrace trace_;
 };
 
 }  // namespace kestrune

@@ -4,6 +4,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "MorvenKit/ContourCounts.h"
 #include "MorvenKit/Ellipse.h"
 
 namespace kestrune::morvenkit {
@@ -29,13 +30,14 @@ class EllipseDetector {
   EllipseDetectorParams params;
 
   /// Appends every accepted ellipse with its class. `binary` gets the two-valued image. Throws `cv::Exception` for an
-  /// image that is not 8-bit one-channel, an empty one, and a mask of another size or type.
-  void detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
-              cv::InputArray mask) const;
+  /// image that is not 8-bit one-channel, an empty one, and a mask of another size or type. Returns what became of the
+  /// contours.
+  ContourCounts detect(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
+                       cv::InputArray mask) const;
 
   /// The same without classification: every class is 0.
-  void detectframework(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
-                       cv::InputArray mask) const;
+  ContourCounts detectframework(cv::InputArray image, std::vector<Ellipse<T>>& ellipses, cv::OutputArray binary,
+                                cv::InputArray mask) const;
 };
 
 extern template class EllipseDetector<double>;

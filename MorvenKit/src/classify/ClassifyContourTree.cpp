@@ -28,7 +28,17 @@ using StatusRule = std::function<int(int index, const Contour& outline)>;
 class ContourWalk {
  public:
   ContourWalk(const ContourWalkInput& input, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
-      : in_(input), rule_(std::move(rule)), ellipses_(ellipses) {}
+      : in_(input), rule_(std::move(rule)), ellipses_(ellipses) {
+    counts_.traced = input.tree.contours.size();
+  }
+
+  ContourCounts walk() {
+    walkSiblings(0);
+    return counts_;
+  }
+
+ private:
+  enum class Next { kSibling, kChildren };
 
   void walkSiblings(int first) {
     for (int index = first; in_.tree.holds(index); index = in_.tree.next(index)) {
@@ -36,23 +46,26 @@ class ContourWalk {
     }
   }
 
- private:
-  enum class Next { kSibling, kChildren };
-
   Next examine(int index) {
     const Contour& contour = in_.tree.points(index);
-    if (isTooShort(contour.size())) return Next::kSibling;
-    if (!isRoundContour(contour, in_.params)) return Next::kChildren;
+    if (isTooShort(contour.size())) return counted(counts_.too_short, Next::kSibling);
+    if (!isRoundContour(contour, in_.params)) return counted(counts_.not_round, Next::kChildren);
     const Contour& outline = outlineOf(index);
     const int status = rule_(index, outline);
     std::vector<cv::Point2f> refined = RefineSubPixel(outline, in_.grey);
     const bool complete = refined.size() == outline.size();
     Ellipse<double> ellipse = fitEllipseRobust(std::move(refined));
-    if (isMaskedOut(ellipse) || !isFitted(ellipse)) return Next::kChildren;
+    if (isMaskedOut(ellipse) || !isFitted(ellipse)) return counted(counts_.not_fitted, Next::kChildren);
     ellipse.point_class = classOfStatus(status);
-    if (complete && in_.params.max_sigma > ellipse.sigma && liesWithin(ellipse, in_.grey.size()))
-      ellipses_.push_back(std::move(ellipse));
-    return Next::kSibling;
+    if (!complete || !(in_.params.max_sigma > ellipse.sigma) || !liesWithin(ellipse, in_.grey.size()))
+      return counted(counts_.inexact, Next::kSibling);
+    ellipses_.push_back(std::move(ellipse));
+    return counted(counts_.accepted, Next::kSibling);
+  }
+
+  static Next counted(std::size_t& count, Next next) {
+    ++count;
+    return next;
   }
 
   std::size_t shortest() const { return in_.params.area_mode ? kShortestBlob : kShortestByHops; }
@@ -86,6 +99,7 @@ class ContourWalk {
   const ContourWalkInput& in_;
   StatusRule rule_;
   std::vector<Ellipse<double>>& ellipses_;
+  ContourCounts counts_;
 };
 
 StatusRule areaRule(const ContourWalkInput& input) {
@@ -103,14 +117,14 @@ StatusRule hopRule(const ContourWalkInput& input) {
 
 }  // namespace
 
-void ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
+ContourCounts ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
   StatusRule rule = input.params.area_mode ? areaRule(input) : hopRule(input);
-  ContourWalk(input, std::move(rule), ellipses).walkSiblings(0);
+  return ContourWalk(input, std::move(rule), ellipses).walk();
 }
 
-void ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
+ContourCounts ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
   const auto rule = [](int /*index*/, const Contour& /*outline*/) { return static_cast<int>(kStatusDot); };
-  ContourWalk(input, rule, ellipses).walkSiblings(0);
+  return ContourWalk(input, rule, ellipses).walk();
 }
 
 }  // namespace kestrune::morvenkit

@@ -20,10 +20,10 @@ struct ContourWalkInput {
 /// Goes over the tree from contour 0 and appends an ellipse for each contour that has one, with the class by the
 /// transitions on its rays, or by its area with `area_mode`. In the place of a contour that is not round, masked out or
 /// not fitted come its children. One that is too short, or is fitted whether or not it passes the last checks, hides
-/// everything within.
-void ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
+/// everything within. Returns what became of the contours.
+ContourCounts ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
 
 /// The same without classification: every class is `kDot`.
-void ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
+ContourCounts ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses);
 
 }  // namespace kestrune::morvenkit

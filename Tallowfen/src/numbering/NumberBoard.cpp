@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <ostream>
 
+#include "Tallowfen/src/ellipses/Centres.h"
 #include "Tallowfen/src/ellipses/EllipsesByClass.h"
+#include "Tallowfen/src/markers/RingSizes.h"
 #include "Tallowfen/src/markers/SelectBigDots.h"
 #include "Tallowfen/src/markers/SplitRingsBySize.h"
 #include "Tallowfen/src/numbering/GrowGrid.h"
@@ -41,12 +43,56 @@ bool GetCircleIndex(const RingTargetConfig& config, const MarkerSizes& sizes, co
   return true;
 }
 
+/// Where a numbering that found the markers stopped: their order in the picture is settled before any seed is looked
+/// for.
+DetectionStep stepOf(const RingTargetConfig& config, const MarkerSeeds& seeds, const NumberedPoints& numbered) {
+  if (!numbered.points.empty()) return DetectionStep::kDone;
+  if (seeds.marker_image_points.empty()) return DetectionStep::kArrangement;
+  if (config.board_type == kBigDotBoard && config.id_method == kIdsBySearch) return DetectionStep::kSearch;
+  return seeds.seed_indices.empty() ? DetectionStep::kSeed : DetectionStep::kGrowth;
+}
+
+void noteClasses(const EllipsesByClass& lists, DetectionTrace& trace) {
+  trace.classes = {lists.dots.size(), lists.rings.size(), lists.solids.size(), lists.bigs.size(),
+                   lists.unknowns.size()};
+}
+
+/// The lists are those before the recognition, which changes them.
+void noteRings(const MarkerContext& context, EllipsesByClass lists, DetectionTrace& trace) {
+  const RingSizes rings = sortRingsBySize(context.nearby, lists);
+  trace.rings = {rings.small_rings.size(), rings.big_rings.size(), rings.small_solids.size(), rings.big_solids.size()};
+}
+
+void noteMarkers(const RingTargetConfig& config, const EllipsesByClass& lists, DetectionTrace& trace) {
+  std::vector<Ellipse> markers = lists.bigs;
+  if (config.board_type != kBigDotBoard) {
+    markers = lists.solids;
+    markers.insert(markers.end(), lists.rings.begin(), lists.rings.end());
+  }
+  trace.markers = centresOf(markers);
+}
+
+void noteNumbering(const RingTargetConfig& config, const MarkerSeeds& seeds, const NumberedPoints& numbered,
+                   DetectionTrace& trace) {
+  trace.step = stepOf(config, seeds, numbered);
+  trace.fullest_block = seeds.fullest_block;
+  trace.matches = seeds.matches;
+  trace.numbered = numbered.points.size();
+}
+
 }  // namespace
 
 bool numberBoard(const RingTargetConfig& config, const MarkerContext& context, const std::vector<Ellipse>& ellipses,
-                 const cv::Mat& mask, MarkerSizes& sizes, NumberedPoints& numbered) {
+                 const cv::Mat& mask, MarkerSizes& sizes, NumberedPoints& numbered, DetectionTrace& trace) {
+  trace.step = DetectionStep::kMarkers;
   EllipsesByClass lists = sortByClass(ellipses, mask);
-  if (!recogniseMarkers(config, context, lists, sizes)) return false;
+  noteClasses(lists, trace);
+  if (!recogniseMarkers(config, context, lists, sizes)) {
+    if (config.board_type != kBigDotBoard) noteRings(context, sortByClass(ellipses, mask), trace);
+    return false;
+  }
+  noteMarkers(config, lists, trace);
+  trace.step = DetectionStep::kArrangement;
   // Meant: on a ring board all that was detected is numbered, also what has no class or is masked out.
   std::vector<Ellipse> all = ellipses;
   if (config.board_type == kBigDotBoard) {
@@ -55,6 +101,7 @@ bool numberBoard(const RingTargetConfig& config, const MarkerContext& context, c
   }
   MarkerSeeds seeds;
   if (!GetCircleIndex(config, sizes, lists, all, seeds, numbered)) {
+    noteNumbering(config, seeds, numbered, trace);
     console::err() << "Failed in GetCircleIndex()\n";
     return false;
   }
@@ -62,6 +109,7 @@ bool numberBoard(const RingTargetConfig& config, const MarkerContext& context, c
     console::err() << "RingTarget:grow neighbor fail\n";
     return false;
   }
+  noteNumbering(config, seeds, numbered, trace);
   return true;
 }
 

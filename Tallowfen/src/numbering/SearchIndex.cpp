@@ -116,6 +116,7 @@ bool GetCircleIndexBySearch(const RingTargetConfig& config, const std::vector<El
   const auto indices = gridIndices(config, pairs, all, grid);
   std::size_t matches = 0;
   for (const auto& index : indices) matches += index ? 1U : 0U;
+  seeds.matches = matches;
   if (matches <= all.size() / 2) return true;
   for (std::size_t i = 0; i < all.size(); ++i) {
     if (indices[i]) addNumbered(all[i], *indices[i], result);

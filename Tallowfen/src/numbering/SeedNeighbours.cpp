@@ -1,5 +1,6 @@
 #include "Tallowfen/src/numbering/SeedNeighbours.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -46,6 +47,7 @@ bool SeedNeighbours(const RingTargetConfig& config, const MarkerSizes& sizes, co
   seeds.seed_indices.clear();
   for (const cv::Point2f& marker : seeds.marker_model_points) {
     std::vector<std::int32_t> members = numberBlock(marker, cells, all);
+    seeds.fullest_block = std::max(seeds.fullest_block, members.size());
     if (members.size() < kBlockSize) continue;
     seeds.seed_indices = std::move(members);
     break;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <opencv2/core.hpp>
 #include <vector>
@@ -15,6 +16,8 @@ struct MarkerSeeds {
   std::vector<cv::Point2f> marker_image_points;  ///< Pixels.
   std::vector<cv::Point2f> marker_model_points;  ///< Board columns and rows times the layout's scale.
   std::vector<std::int32_t> seed_indices;        ///< Positions in the ellipse list of the 3 x 3 seed block, row by row.
+  std::size_t fullest_block = 0;                 ///< Of the blocks that were tried, up to 9. Only told.
+  std::size_t matches = 0;                       ///< Ellipses that a search found in the grid. Only told.
 };
 
 /// Looks for the first marker of `seeds.marker_model_points` (`kGridStep` units from dot to dot) whose 3 x 3 block of

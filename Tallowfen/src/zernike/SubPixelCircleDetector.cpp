@@ -30,15 +30,24 @@ cv::Mat smoothedGrey(const cv::Mat& image) {
   return smoothed;
 }
 
-std::vector<Contour> dotContours(const cv::Mat& grey) {
-  cv::Mat bin;
+void countRefused(const Contour& contour, const cv::Vec4i& relatives, morvenkit::ContourCounts& counts) {
+  if (!isTopLevel(relatives)) return;
+  ++(contour.size() < kFittedDots.fewest_points ? counts.too_short : counts.not_round);
+}
+
+std::vector<Contour> dotContours(const cv::Mat& grey, CircleSearch& search) {
   std::vector<Contour> contours, candidates;
   std::vector<cv::Vec4i> hierarchy;
-  findContoursByLocalMean(grey, kMeanBlock, cv::THRESH_BINARY, bin, contours, hierarchy);
-  PolarityCheck(grey, bin, contours, candidates, hierarchy, kMeanBlock);
+  findContoursByLocalMean(grey, kMeanBlock, cv::THRESH_BINARY, search.binary, contours, hierarchy);
+  PolarityCheck(grey, search.binary, contours, candidates, hierarchy, kMeanBlock);
+  search.contours.traced = contours.size();
   std::vector<Contour> kept;
   for (std::size_t i = 0; i < contours.size(); ++i) {
-    if (canBeDot(contours[i], hierarchy[i])) kept.push_back(std::move(contours[i]));
+    if (canBeDot(contours[i], hierarchy[i])) {
+      kept.push_back(std::move(contours[i]));
+    } else {
+      countRefused(contours[i], hierarchy[i], search.contours);
+    }
   }
   return kept;
 }
@@ -49,14 +58,19 @@ bool canBeDot(const Contour& contour, const cv::Vec4i& relatives) {
   return isTopLevel(relatives) && isDot(contour, kFittedDots);
 }
 
-void SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& ellipses) {
+CircleSearch SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& ellipses) {
   ellipses.clear();
+  CircleSearch search;
   const cv::Mat grey = smoothedGrey(image);
-  for (const std::vector<cv::Point2d>& edge : ZernikeEdgeRefine(grey, dotContours(grey), kZernikeSize)) {
+  const std::vector<Contour> dots = dotContours(grey, search);
+  for (const std::vector<cv::Point2d>& edge : ZernikeEdgeRefine(grey, dots, kZernikeSize)) {
     const std::vector<cv::Point2f> narrowed(edge.begin(), edge.end());
     std::optional<Ellipse> ellipse = fitCircle(narrowed);
     if (ellipse) ellipses.push_back(std::move(*ellipse));
   }
+  search.contours.accepted = ellipses.size();
+  search.contours.not_fitted = dots.size() - ellipses.size();
+  return search;
 }
 
 }  // namespace kestrune

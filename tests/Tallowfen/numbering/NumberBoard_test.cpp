@@ -77,6 +77,7 @@ struct Numbered {
   bool passed = false;
   NumberedPoints result;
   MarkerSizes sizes;
+  kestrune::DetectionTrace trace;
   std::string err;
 };
 
@@ -84,7 +85,7 @@ Numbered number(const RingTargetConfig& config, const List& all, const cv::Mat& 
   Numbered numbered;
   const ConsoleCapture console;
   const kestrune::MarkerContext context{kestrune::nearbyDotsOf(config, 640), {}};
-  numbered.passed = kestrune::numberBoard(config, context, all, mask, numbered.sizes, numbered.result);
+  numbered.passed = kestrune::numberBoard(config, context, all, mask, numbered.sizes, numbered.result, numbered.trace);
   numbered.err = console.err();
   return numbered;
 }
