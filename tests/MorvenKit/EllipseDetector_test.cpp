@@ -147,6 +147,34 @@ TEST(EllipseDetector, AreaModeTellsBigDots) {
   EXPECT_EQ(classCounts(found)[kBigDot], 1);
 }
 
+// A disc of some 68 border pixels, a disc of some 23 and a bar. The border of the sheet itself is the fourth contour,
+// too long for a mark.
+TEST(EllipseDetector, TellsWhatBecameOfTheContours) {
+  cv::Mat image = drawing::sheet(420, 330);
+  drawing::dot(image, 100.3, 100.2, 12);
+  drawing::dot(image, 300.3, 100.2, 4);
+  EllipseDetector<double> one;
+  one.params.min_radius = 8;  // 40 pixels.
+  Ellipses found;
+  cv::Mat binary, mask(330, 420, CV_8UC1, cv::Scalar(255));
+  kestrune::morvenkit::ContourCounts counts = one.detect(image, found, binary, mask);
+  EXPECT_EQ(counts.traced, 3U);
+  EXPECT_EQ(counts.too_short, 1U);
+  EXPECT_EQ(counts.not_round, 1U);
+  EXPECT_EQ(counts.not_fitted, 0U);
+  EXPECT_EQ(counts.inexact, 0U);
+  EXPECT_EQ(counts.accepted, 1U);
+  EXPECT_EQ(one.detectframework(image, found, binary, mask).accepted, 1U);
+  mask.at<uchar>(100, 100) = 0;
+  counts = one.detect(image, found, binary, mask);
+  EXPECT_EQ(counts.not_fitted, 1U);
+  EXPECT_EQ(counts.accepted, 0U);
+  one.params.max_sigma = 1e-9;
+  counts = one.detect(image, found, binary, cv::Mat());
+  EXPECT_EQ(counts.inexact, 1U);
+  EXPECT_EQ(counts.accepted, 0U);
+}
+
 TEST(EllipseDetector, MethodOutsideTheTableFindsNothing) {
   EllipseDetector<double> one;
   one.params.bin_method = 3;

@@ -19,6 +19,7 @@
 
 namespace {
 
+using kestrune::DetectionStep;
 using kestrune::RingTarget;
 using scene::BoardKind;
 
@@ -245,6 +246,101 @@ TEST(RingTargetDetectionBySearch, FindsTheIdsWithoutGrowth) {
   // The dot of id 0 equals the unset land marks.
   EXPECT_EQ(detection.points.size(), view.count() - 1);
   EXPECT_LT(worstOf(view, detection.points), 0.15);
+}
+
+struct TraceCase {
+  const char* name;
+  BoardKind kind;
+  int width, height;
+  cv::Size working;
+  std::size_t dots, rings, solid_rings, big_dots;
+};
+
+class RingTargetDetectionTrace : public testing::TestWithParam<TraceCase> {};
+
+// 21 x 23 marks; the markers take the places of dots.
+TEST_P(RingTargetDetectionTrace, OfAFoundBoardCountsItsMarks) {
+  const TraceCase& given = GetParam();
+  const View view(given.kind, given.width, given.height);
+  Detection detection;
+  detection.load(view.config());
+  detection.detect(view.image());
+  const kestrune::DetectionTrace& trace = detection.target.trace();
+  EXPECT_EQ(trace.step, DetectionStep::kDone);
+  EXPECT_EQ(trace.working_size, given.working);
+  EXPECT_EQ(trace.binary.size(), given.working);
+  EXPECT_EQ(trace.classes.dots, given.dots);
+  EXPECT_EQ(trace.classes.rings, given.rings);
+  EXPECT_EQ(trace.classes.solid_rings, given.solid_rings);
+  EXPECT_EQ(trace.classes.big_dots, given.big_dots);
+  EXPECT_EQ(trace.contours.accepted, trace.ellipses.size());
+  EXPECT_GE(trace.contours.traced, trace.ellipses.size());
+  EXPECT_EQ(trace.markers.size(), given.rings + given.solid_rings + given.big_dots);
+  EXPECT_EQ(trace.numbered, detection.points.size());
+  EXPECT_EQ(trace.kept, detection.points.size());
+  EXPECT_EQ(trace.fullest_block, 9U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Boards, RingTargetDetectionTrace,
+    testing::Values(TraceCase{"Rings320", BoardKind::kSmallRings, 320, 256, {1280, 1024}, 478, 4, 1, 0},
+                    TraceCase{"BigDots640", BoardKind::kBigDots, 640, 512, {1280, 1024}, 479, 0, 0, 4},
+                    TraceCase{"BigDots800", BoardKind::kBigDots, 800, 640, {800, 640}, 479, 0, 0, 4},
+                    TraceCase{"BigDots2048", BoardKind::kBigDots, 2048, 1100, {1024, 550}, 479, 0, 0, 4}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(RingTargetDetectionTraceStep, IsTheOneWhereItStopped) {
+  const View rings(BoardKind::kSmallRings, 320, 256);
+  const View dots(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.detect(dots.image());
+  EXPECT_EQ(detection.target.trace().step, DetectionStep::kImage) << "of a target that is not configured";
+  detection.load(dots.config());
+  const auto stepIn = [&detection](const cv::Mat& image) {
+    detection.detect(image);
+    return detection.target.trace().step;
+  };
+  EXPECT_EQ(stepIn(dots.image()), DetectionStep::kDone);
+  EXPECT_EQ(stepIn(cv::Mat(256, 320, CV_8UC3)), DetectionStep::kImage);
+  EXPECT_TRUE(detection.target.trace().ellipses.empty()) << "not those of the image before";
+  EXPECT_THROW(detection.detect(cv::Mat(20, 20, CV_8UC1, cv::Scalar(9))), cv::Exception);
+  EXPECT_EQ(detection.target.trace().step, DetectionStep::kImage);
+  detection.load(rings.config());
+  EXPECT_EQ(stepIn(dots.image()), DetectionStep::kMarkers);
+  EXPECT_GT(detection.target.trace().ellipses.size(), 400U);
+  detection.load(dots.config());
+  detection.target.setDetectionRegion({0.9F, 0.91F, 0.9F, 0.91F});
+  EXPECT_EQ(stepIn(dots.image()), DetectionStep::kFilter);
+  EXPECT_EQ(detection.target.trace().numbered, dots.count());
+  EXPECT_EQ(detection.target.trace().kept, 0U);
+}
+
+TEST(RingTargetDetectionTraceStep, WithoutContoursAndEllipsesIsTheirs) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.configWith("bin_method: 3\n"));
+  detection.detect(view.image());
+  EXPECT_EQ(detection.target.trace().step, DetectionStep::kContours);
+  detection.load(view.configWith("min_radius: 1000\n"));
+  detection.detect(view.image());
+  const kestrune::DetectionTrace& trace = detection.target.trace();
+  EXPECT_EQ(trace.step, DetectionStep::kEllipses);
+  EXPECT_GT(trace.contours.traced, 0U);
+  EXPECT_GT(trace.contours.too_short, 0U);
+  EXPECT_EQ(trace.contours.accepted, 0U);
+}
+
+// The last thing that a frame needs is the ellipses.
+TEST(RingTargetDetectionTraceStep, OfAFrameIsDoneWithTheFirstEllipse) {
+  const View view(BoardKind::kBigDots, 320, 256);
+  Detection detection;
+  detection.load(view.config());
+  detection.target.detectframework(view.image(), detection.points, detection.unidentified, {});
+  EXPECT_EQ(detection.target.trace().step, DetectionStep::kDone);
+  EXPECT_EQ(detection.target.trace().kept, detection.points.size());
+  detection.target.detectframework(cv::Mat(256, 320, CV_8UC1, cv::Scalar(215)), detection.points,
+                                   detection.unidentified, {});
+  EXPECT_NE(detection.target.trace().step, DetectionStep::kDone);
 }
 
 struct RefusingLimit {

@@ -10,6 +10,7 @@ namespace {
 
 using handmade::ellipse;
 using handmade::List;
+using kestrune::DetectionStep;
 using kestrune::MarkerSizes;
 using kestrune::NumberedPoints;
 using kestrune::RingTargetConfig;
@@ -197,6 +198,72 @@ TEST(NumberBoard, ABigDotBoardWithoutBigDotsTellsRingsAndSolids) {
   const Numbered numbered = number(boardOf(3), smallRingBoard());
   EXPECT_FALSE(numbered.passed);
   EXPECT_EQ(numbered.err, "Invalid big circles at the same size : 4 and 1(should be 3) \n");
+}
+
+TEST(NumberBoardTrace, OfAWholeBoardCountsClassesMarkersAndPoints) {
+  const kestrune::DetectionTrace trace = number(boardOf(2), smallRingBoard()).trace;
+  EXPECT_EQ(trace.step, DetectionStep::kDone);
+  EXPECT_EQ(trace.classes.dots, static_cast<std::size_t>(kSide * kSide - 5));
+  EXPECT_EQ(trace.classes.rings, 4U);
+  EXPECT_EQ(trace.classes.solid_rings, 1U);
+  EXPECT_EQ(trace.classes.big_dots + trace.classes.unknown, 0U);
+  EXPECT_EQ(trace.markers.size(), 5U);
+  EXPECT_EQ(trace.markers.at(0), cv::Point2f(50 + 3 * 20, 40 + 4 * 20)) << "the solid ring comes first";
+  EXPECT_EQ(trace.fullest_block, 9U);
+  EXPECT_EQ(trace.numbered, static_cast<std::size_t>(kSide * kSide));
+}
+
+TEST(NumberBoardTrace, OfMissingRingsCountsThemBySize) {
+  List all = smallRingBoard();
+  mark(all, 7, 7, kDot, 5);
+  mark(all, 3, 7, kRing, 15);  // Three times its dots.
+  const kestrune::DetectionTrace trace = number(boardOf(2), all).trace;
+  EXPECT_EQ(trace.step, DetectionStep::kMarkers);
+  EXPECT_EQ(trace.classes.rings, 3U);
+  EXPECT_EQ(trace.rings.small_rings, 2U);
+  EXPECT_EQ(trace.rings.big_rings, 1U);
+  EXPECT_EQ(trace.rings.small_solid_rings, 1U);
+  EXPECT_EQ(trace.rings.big_solid_rings, 0U);
+  EXPECT_TRUE(trace.markers.empty());
+}
+
+TEST(NumberBoardTrace, OfMarkersOutOfPlaceEndsWithTheirArrangement) {
+  List big_dots = bigDotBoard();
+  mark(big_dots, 4, 3, kDot, 5);
+  mark(big_dots, 3, 3, kBigDot, 8);
+  EXPECT_EQ(number(boardOf(3), big_dots).trace.step, DetectionStep::kArrangement);
+  List rings = smallRingBoard();
+  mark(rings, 3, 4, kDot, 5);
+  mark(rings, 5, 4, kSolidRing, 8);  // Not on the left side.
+  EXPECT_EQ(number(boardOf(2), rings).trace.step, DetectionStep::kArrangement);
+}
+
+// A dot beside each marker is missing: each block holds eight.
+TEST(NumberBoardTrace, WithoutAWholeBlockEndsWithTheSeed) {
+  List all = bigDotBoard();
+  for (const auto& [column, row] : {std::pair(8, 8), std::pair(8, 2), std::pair(4, 2), std::pair(3, 8)}) {
+    all[static_cast<std::size_t>(row * kSide + column)].x = -1000;  // Far off the board.
+  }
+  const kestrune::DetectionTrace trace = number(boardOf(3), all).trace;
+  EXPECT_EQ(trace.step, DetectionStep::kSeed);
+  EXPECT_EQ(trace.fullest_block, 8U);
+  EXPECT_EQ(trace.markers.size(), 4U);
+  EXPECT_EQ(trace.numbered, 0U);
+}
+
+TEST(NumberBoardTrace, OfASearchTellsTheMatches) {
+  RingTargetConfig config = boardOf(3);
+  config.id_method = 1;
+  const kestrune::DetectionTrace found = number(config, bigDotBoard()).trace;
+  EXPECT_EQ(found.step, DetectionStep::kDone);
+  EXPECT_EQ(found.matches, static_cast<std::size_t>(kSide * kSide - 1));
+  // Twice as many dots beside the board as on it.
+  List all = bigDotBoard();
+  for (int i = 0; i < 2 * kSide * kSide; ++i) all.push_back(ellipse(-500 - 20.0 * i, 40, 5));
+  const kestrune::DetectionTrace lost = number(config, all).trace;
+  EXPECT_EQ(lost.step, DetectionStep::kSearch);
+  EXPECT_EQ(lost.matches, static_cast<std::size_t>(kSide * kSide - 1));
+  EXPECT_EQ(lost.numbered, 0U);
 }
 
 TEST(NumberBoard, AFailedIndexIsTold) {

@@ -55,6 +55,24 @@ TEST(SubPixelCircleDetector, DarkDotsOnBright) {
   }
 }
 
+// A speck of 2 x 2 pixels has no outline of 30 points, a bar no roundness.
+TEST(SubPixelCircleDetector, TellsWhatBecameOfTheContours) {
+  cv::Mat image = discs(12, 25, 215);
+  image(cv::Rect(10, 10, 2, 2)) = 25;
+  image(cv::Rect(64, 60, 4, 110)) = 25;
+  const ConsoleCapture console;
+  std::vector<Ellipse> ellipses;
+  const kestrune::CircleSearch search = SubPixelCircleDetector(image, ellipses);
+  EXPECT_EQ(search.contours.accepted, 16U);
+  EXPECT_EQ(search.contours.too_short, 1U);
+  EXPECT_EQ(search.contours.not_round, 1U);
+  EXPECT_EQ(search.contours.not_fitted, 0U);
+  EXPECT_EQ(search.contours.traced, 18U);
+  EXPECT_EQ(search.binary.size(), image.size());
+  EXPECT_EQ(search.binary.at<std::uint8_t>(40, 40), 255) << "dots are white";
+  EXPECT_EQ(search.binary.at<std::uint8_t>(3, 3), 0);
+}
+
 TEST(SubPixelCircleDetector, BrightDotsOnDark) {
   const std::vector<Ellipse> ellipses = detect(discs(12, 215, 25));
   EXPECT_EQ(ellipses.size(), 16U);
