@@ -21,7 +21,8 @@ struct Size {
 /// One camera. Pixel centres are at whole numbers. Brown (Brown 1966, with the denominator of later practice): with
 /// r^2 = x^2 + y^2 of the ideal normalised point,
 ///   x' = x (1 + k0 r^2 + k1 r^4 + k2 r^6) / (1 + k3 r^2 + k4 r^4 + k5 r^6) + 2 p1 x y + p2 (r^2 + 2 x^2), y' alike.
-/// Fisheye (Kannala and Brandt 2006): the distance from the axis is t (1 + k0 t^2 + k1 t^4 + k2 t^6 + k3 t^8), t the angle.
+/// Fisheye (Kannala and Brandt 2006): the distance from the axis is t (1 + k0 t^2 + k1 t^4 + k2 t^6 + k3 t^8), t the
+/// angle.
 struct Camera {
   Size size;
   double fx = 0.0;  ///< Pixels, as the other three.
@@ -71,9 +72,10 @@ struct ImportedCalibration {
 };
 
 /// Reads the calibration of a pair that another tool wrote: one file, or one for each camera (the left one first) and,
-/// with OpenCV, one for the pose. Throws `InputError` with the file and the key for what is no such calibration, and for one
-/// that ours can't hold exactly: nothing is approximated.
-POLARLINE_API ImportedCalibration importCalibration(const std::vector<std::string>& files, const ImportOptions& options);
+/// with OpenCV, one for the pose. Throws `InputError` with the file and the key for what is no such calibration, and
+/// for one that ours can't hold exactly: nothing is approximated.
+POLARLINE_API ImportedCalibration importCalibration(const std::vector<std::string>& files,
+                                                    const ImportOptions& options);
 
 /// Our JSON calibration. The library reads the same doubles from it; type and sizes are not in it.
 POLARLINE_API std::string calibrationJson(const Calibration& calibration);

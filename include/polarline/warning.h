@@ -4,8 +4,8 @@
 
 namespace polarline {
 
-/// Something that a user should look at, although the work went on. Each code is a word of its own in snake_case that does
-/// not change from version to version.
+/// Something that a user should look at, although the work went on. Each code is a word of its own in snake_case that
+/// does not change from version to version.
 struct Warning {
   std::string code;
   std::string text;    ///< What was found, and where.

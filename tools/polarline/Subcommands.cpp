@@ -6,6 +6,7 @@ std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
   return {
       addCheck(polarline),
       addExplain(polarline),
+      addImport(polarline),
   };
 }
 

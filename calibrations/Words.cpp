@@ -1,0 +1,53 @@
+#include <charconv>
+#include <cmath>
+
+#include "calibrations/document/Shown.h"
+#include "polarline/calibration.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+constexpr int kLongestSide = 65535;
+
+/// Takes a side from the front of a text; 0 for none.
+int takeSide(std::string_view& text) {
+  int side = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), side);
+  if (error != std::errc{} || side > kLongestSide) return 0;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  return side;
+}
+
+}  // namespace
+
+std::string typeName(int type) {
+  switch (type) {
+    case 0:
+      return "Brown, K1 to K3";
+    case 1:
+      return "Brown, K1 to K6";
+    case 2:
+      return "fisheye";
+    default:
+      return "unknown";
+  }
+}
+
+double baselineOf(const Calibration& calibration) {
+  return std::hypot(calibration.tx, calibration.ty, calibration.tz);
+}
+
+Size sizeOf(const std::string& text) {
+  std::string_view rest = text;
+  const int width = takeSide(rest);
+  const bool isSeparated = rest.starts_with('x');
+  if (isSeparated) rest.remove_prefix(1);
+  const int height = takeSide(rest);
+  if (width < 1 || height < 1 || !isSeparated || !rest.empty()) {
+    throw InputError("found " + calibrations::shown(text) + "; a size such as 640x480 was wanted");
+  }
+  return {width, height};
+}
+
+}  // namespace polarline

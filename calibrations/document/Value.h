@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calibrations {
+
+/// What a document holds, whatever its syntax: nothing, a text (numbers stay as they are written), a list or a map.
+struct Value {
+  enum class Kind : std::uint8_t { kNothing, kText, kList, kMap };
+
+  Kind kind = Kind::kNothing;
+  std::string text;
+  std::vector<Value> items;
+  std::vector<std::pair<std::string, Value>> members;  ///< In the order of the document, each key once.
+
+  /// Null where there is no such member, and in what is no map.
+  const Value* member(const std::string& key) const;
+
+  /// Values in it, itself included.
+  std::size_t count() const;
+};
+
+}  // namespace calibrations

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+#include "calibrations/geometry/Pose.h"
+#include "polarline/calibration.h"
+
+namespace calibrations {
+
+enum class Lens : std::uint8_t { kBrown, kFisheye };
+
+/// A camera as a format tells it.
+struct SourceCamera {
+  polarline::Camera camera;
+  Lens lens = Lens::kBrown;
+};
+
+/// A pair as a format tells it, in the unit of the file.
+struct SourcePair {
+  SourceCamera left;
+  SourceCamera right;
+  Pose right_from_left;
+  double deviation = 0.0;  ///< Of the printed rotation that was farthest from one.
+};
+
+}  // namespace calibrations
