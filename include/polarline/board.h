@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -95,8 +94,8 @@ POLARLINE_API std::vector<BoardPoint> boardPoints(const BoardDescription& board)
 /// The same as a text list of board points: a line of x, y and z each.
 POLARLINE_API std::string boardGroundTruthText(const BoardDescription& board);
 
-/// How many ids the detector can report when the whole board is in a good picture. A mixed board may lose up to 16 of
-/// them.
+/// How many ids the detector can report at most, when the whole board is in a good picture. Small boards with big rings
+/// lose some more where the rings cut dots off the rim, and mixed boards may lose up to 16.
 POLARLINE_API int detectablePoints(const BoardDescription& board);
 
 /// Sheets of paper. The board lies across or upright, as it fits.
@@ -104,6 +103,9 @@ enum class Paper { kA4, kA3, kA2, kA1, kFit /**< As large as the board wants it.
 
 /// Forms of a printed board.
 enum class BoardFormat { kSvg, kPdf, kPng };
+
+/// The form that a file's name asks for by its ending (.svg, .pdf, .png, of any case); "-" is SVG. Throws `InputError`.
+POLARLINE_API BoardFormat boardFormat(const std::string& path);
 
 /// How a board is printed.
 struct BoardPrint {
@@ -126,5 +128,12 @@ struct PrintedBoard {
 /// small print. Throws `InputError` for what `checkBoard` refuses, for a sheet that is too small (with the sizes that
 /// were found and wanted) and for a PNG of too few or too many pixels.
 POLARLINE_API PrintedBoard printBoard(const BoardDescription& board, const BoardPrint& print);
+
+/// What was printed, in a sentence: board, sheet, points, and what to look at.
+POLARLINE_API std::string boardSummary(const BoardDescription& board, const PrintedBoard& printed);
+
+/// The same as a JSON document: `schema` "polarline-board/1", `board` (`spec`, `type`, `rows`, `cols`, `step`,
+/// `step_y`, `points`, `detectable_points`) and `sheet` (`paper`, `width_mm`, `height_mm`, `ruler_mm`).
+POLARLINE_API std::string boardJson(const BoardDescription& board, const PrintedBoard& printed);
 
 }  // namespace polarline

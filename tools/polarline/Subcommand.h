@@ -31,6 +31,7 @@ Subcommand addExplain(CLI::App& polarline);
 std::vector<Subcommand> addSubcommands(CLI::App& polarline);
 
 Subcommand addImport(CLI::App& polarline);
+Subcommand addBoard(CLI::App& polarline);
 
 /// The options that each subcommand with a result has.
 struct ResultOptions {

@@ -7,6 +7,7 @@ std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
       addCheck(polarline),
       addExplain(polarline),
       addImport(polarline),
+      addBoard(polarline),
   };
 }
 

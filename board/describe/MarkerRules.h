@@ -1,0 +1,16 @@
+#pragma once
+
+#include "polarline/board.h"
+
+namespace boards {
+
+/// Throws `InputError` with the reason if the markers can't be told apart or the numbering can't begin at one of them:
+/// they must stand on the board, keep apart, be in the order in which the detector tells them apart, and one of them
+/// must have all eight neighbours.
+void checkMarkers(const polarline::BoardDescription& board);
+
+/// Whether a whole block of nine stands around a marker, each place with one point only: there the numbering begins.
+/// Beside big markers the detector makes up the covered dots, and beside small ones too if the solid ring is big.
+bool hasSeedBlock(const polarline::BoardDescription& board);
+
+}  // namespace boards

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "polarline/board.h"
+
+namespace boards {
+
+/// A marker and the place of the grid where it stands.
+struct Marker {
+  polarline::BoardPlace place;
+  polarline::BoardMarkRadii radii;
+  bool big = false;  ///< The four dots right beside it are not drawn.
+};
+
+/// The markers where the detector looks for them, in its order. Ring boards: the solid ring, then the rings clockwise
+/// from the upper left one. Big dots: lower left, lower right, upper right, upper left, or the land marks.
+std::vector<Marker> markersOf(const polarline::BoardDescription& board);
+
+/// What stands at a place of the grid.
+struct Mark {
+  polarline::BoardPlace place;
+  bool drawn = true;                ///< False right beside a big marker, whose ink would run into it.
+  polarline::BoardMarkRadii radii;  ///< In pitches.
+};
+
+/// Every place of the grid by id. Precondition: the markers stand on the board.
+std::vector<Mark> marksOf(const polarline::BoardDescription& board);
+
+}  // namespace boards
