@@ -77,7 +77,8 @@ void setPose(Calibration& calibration, const calibrations::Pose& pose, double fa
 /// What the lengths of the file are multiplied with.
 double factorOf(const calibrations::Pose& pose, const ImportOptions& options, const std::string& file) {
   const double length = cv::norm(pose.T);
-  if (length < kShortestBaseline) throw InputError(file, fmt::format("found a baseline of {}; two cameras apart were wanted", length));
+  if (length < kShortestBaseline)
+    throw InputError(file, fmt::format("found a baseline of {}; two cameras apart were wanted", length));
   const double factor = options.baseline ? *options.baseline / length : options.scale;
   if (!(length * factor >= kShortestBaseline && length * factor <= kLongestBaseline)) {
     throw InputError(file, fmt::format("found a baseline of {} x {}; one from {} to {} was wanted", length, factor,
@@ -90,9 +91,9 @@ void setSize(Camera& camera, const ImportOptions& options, const char* name, std
   if (!options.size) return;
   const auto [width, height] = std::exchange(camera.size, *options.size);
   if (width == 0 || (width == camera.size.width && height == camera.size.height)) return;
-  warnings.push_back(calibrations::warning(
-      "image_size_overridden",
-      fmt::format("{}: {}x{} in the file, {}x{} was said", name, width, height, camera.size.width, camera.size.height)));
+  warnings.push_back(
+      calibrations::warning("image_size_overridden", fmt::format("{}: {}x{} in the file, {}x{} was said", name, width,
+                                                                 height, camera.size.width, camera.size.height)));
 }
 
 }  // namespace
@@ -117,8 +118,8 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
   setSize(calibration.right, options, "right", imported.warnings);
   setPose(calibration, pair.right_from_left, factorOf(pair.right_from_left, options, files.front()));
   if (pair.deviation > kRoundedRotation) {
-    imported.warnings.push_back(calibrations::warning(
-        "rounded_rotation", fmt::format("a printed rotation is off by {:.2g}", pair.deviation)));
+    imported.warnings.push_back(
+        calibrations::warning("rounded_rotation", fmt::format("a printed rotation is off by {:.2g}", pair.deviation)));
   }
   const std::vector<Warning> odd = calibrations::oddities(calibration);
   imported.warnings.insert(imported.warnings.end(), odd.begin(), odd.end());

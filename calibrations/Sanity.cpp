@@ -33,15 +33,17 @@ void checkPicture(const polarline::Camera& camera, const char* name, Warnings& w
 void checkLens(const polarline::Camera& camera, bool is_fisheye, const char* name, Warnings& warnings) {
   const double largest = std::abs(std::ranges::max(camera.k, {}, [](double k) { return std::abs(k); }));
   if (is_fisheye && largest > kLargestFisheyeCoefficient) {
-    warnings.push_back(warning(
-        "suspect_coefficients",
-        fmt::format("{}: coefficients up to {:.3g}; rational coefficients under the label of a fisheye?", name, largest)));
+    warnings.push_back(
+        warning("suspect_coefficients",
+                fmt::format("{}: coefficients up to {:.3g}; rational coefficients under the label of a fisheye?", name,
+                            largest)));
   }
   if (const std::optional<Fold> fold = foldInside(camera, is_fisheye)) {
-    warnings.push_back(warning(
-        "distortion_folds",
-        fmt::format("{}: the distortion turns back at the normalised {} {:.3f} (imaged at {:.3f}), the corner of the picture is at {:.3f}",
-                    name, is_fisheye ? "angle" : "radius", fold->ideal, fold->imaged, fold->corner)));
+    warnings.push_back(
+        warning("distortion_folds",
+                fmt::format("{}: the distortion turns back at the normalised {} {:.3f} (imaged at {:.3f}), the corner "
+                            "of the picture is at {:.3f}",
+                            name, is_fisheye ? "angle" : "radius", fold->ideal, fold->imaged, fold->corner)));
   }
 }
 

@@ -10,7 +10,8 @@ const std::vector<WarningCode>& warningCodes() {
       {"no_image_size", "The calibration does not say how large the pictures are.",
        "Say it with --size WxH, so that the principal point and the distortion can be checked."},
       {"image_size_overridden", "The size that was said is not the one in the file.",
-       "Make sure that the pictures are neither scaled nor cut against those of the calibration: nothing is converted."},
+       "Make sure that the pictures are neither scaled nor cut against those of the calibration: nothing is "
+       "converted."},
       {"unlike_image_sizes", "The pictures of the two cameras are not of one size.",
        "Use pictures of one size, and calibrate with them: the library evaluates both cameras alike."},
       {"second_camera_on_the_left", "The second camera stands on the left of the first (TX above 0).",
@@ -23,7 +24,8 @@ const std::vector<WarningCode>& warningCodes() {
        "Calibrate again with dots up to the corners, or with fewer coefficients."},
       {"suspect_coefficients", "The coefficients of a fisheye are too large for one.",
        "Find out which lens model they were made with: rational coefficients are often labelled as a fisheye."},
-      {"rounded_rotation", "A printed rotation is less exact than its digits should make it; the nearest one was taken.",
+      {"rounded_rotation",
+       "A printed rotation is less exact than its digits should make it; the nearest one was taken.",
        "Take the file as the calibration wrote it, with all its digits."},
   };
   return codes;

@@ -34,9 +34,7 @@ std::string typeName(int type) {
   }
 }
 
-double baselineOf(const Calibration& calibration) {
-  return std::hypot(calibration.tx, calibration.ty, calibration.tz);
-}
+double baselineOf(const Calibration& calibration) { return std::hypot(calibration.tx, calibration.ty, calibration.tz); }
 
 Size sizeOf(const std::string& text) {
   std::string_view rest = text;

@@ -116,13 +116,15 @@ std::vector<double> Node::numbers(std::size_t count) const {
 }
 
 std::vector<double> Node::matrix(std::size_t rows, std::size_t cols) const {
-  if (isMap() && (at("rows").number() != static_cast<double>(rows) || at("cols").number() != static_cast<double>(cols))) {
+  if (isMap() &&
+      (at("rows").number() != static_cast<double>(rows) || at("cols").number() != static_cast<double>(cols))) {
     refuse("found a matrix of " + at("rows").text() + " x " + at("cols").text() + "; " + shape(rows, cols) +
            " was wanted");
   }
   if (isList() && !value_->items.empty() && value_->items.front().kind == Value::Kind::kList) {
     const std::vector<Node> lines = items();
-    if (lines.size() != rows) refuse("found " + std::to_string(lines.size()) + " rows; " + shape(rows, cols) + " was wanted");
+    if (lines.size() != rows)
+      refuse("found " + std::to_string(lines.size()) + " rows; " + shape(rows, cols) + " was wanted");
     for (const Node& line : lines) line.numbers(cols);
   }
   return numbers(rows * cols);

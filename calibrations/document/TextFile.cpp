@@ -19,9 +19,8 @@ void requireFile(const std::string& path) {
   std::error_code failure;
   const fs::file_status status = fs::status(fs::path(path), failure);
   if (!fs::exists(status)) {
-    throw polarline::InputError(path, failure && failure != std::errc::no_such_file_or_directory
-                                          ? failure.message()
-                                          : "there is no such file");
+    throw polarline::InputError(
+        path, failure && failure != std::errc::no_such_file_or_directory ? failure.message() : "there is no such file");
   }
   if (fs::is_directory(status)) throw polarline::InputError(path, "is a folder; a calibration file was wanted");
 }
@@ -33,8 +32,8 @@ std::string bytesOf(const std::string& path) {
   try {
     return bounded::readText(stream);
   } catch (const std::length_error&) {
-    throw polarline::InputError(path, "is longer than " + std::to_string(bounded::kLongestText) +
-                                          " characters; a calibration file was wanted");
+    throw polarline::InputError(
+        path, "is longer than " + std::to_string(bounded::kLongestText) + " characters; a calibration file was wanted");
   }
 }
 

@@ -89,8 +89,8 @@ class Events : public YAML::EventHandler {
 
 std::vector<Value> valuesOfYaml(const std::string& text, const std::string& path) {
   if (text.size() > kLongestYaml) {
-    throw polarline::InputError(path, "is longer than " + std::to_string(kLongestYaml) +
-                                          " characters; a calibration file was wanted");
+    throw polarline::InputError(
+        path, "is longer than " + std::to_string(kLongestYaml) + " characters; a calibration file was wanted");
   }
   std::istringstream stream(text);
   Events events;

@@ -49,7 +49,8 @@ Pose poseOf(const Node& node) {
 Node entry(const Node& root, const char* name, std::size_t camera) {
   const std::vector<Node> entries = root.at(name).items();
   if (camera < entries.size()) return entries[camera];
-  root.at(name).refuse(fmt::format("has no camera {}, but {} camera(s); the two of a pair were wanted", camera, entries.size()));
+  root.at(name).refuse(
+      fmt::format("has no camera {}, but {} camera(s); the two of a pair were wanted", camera, entries.size()));
 }
 
 }  // namespace

@@ -15,7 +15,8 @@ constexpr double kLongestSide = 65535;
 constexpr double kShortestFocal = 1e-3;
 
 void requireFocal(const char* name, double value, const Node& node) {
-  if (value < kShortestFocal) node.refuse(fmt::format("found the focal length {} = {}; one above 0 was wanted", name, value));
+  if (value < kShortestFocal)
+    node.refuse(fmt::format("found the focal length {} = {}; one above 0 was wanted", name, value));
 }
 
 void requireNone(const std::vector<double>& coefficients, std::size_t first, std::size_t end, const char* what,
@@ -77,7 +78,8 @@ void setFisheye(SourceCamera& camera, const std::vector<double>& coefficients, c
 
 polarline::Size sizeOf(double width, double height, const Node& node) {
   if (!isSide(width) || !isSide(height)) {
-    node.refuse(fmt::format("found an image of {} x {}; whole sides up to {} were wanted", width, height, kLongestSide));
+    node.refuse(
+        fmt::format("found an image of {} x {}; whole sides up to {} were wanted", width, height, kLongestSide));
   }
   if (width == 0.0 || height == 0.0) return {};
   return {static_cast<int>(width), static_cast<int>(height)};
@@ -89,9 +91,10 @@ polarline::Size sizeOf(const Node& node) {
 }
 
 void refuseModel(const Node& node, const std::string& model) {
-  node.refuse("the camera model " + shown(model) +
-              " has no exact counterpart among Brown (K1 to K6, P1, P2) and the equidistant fisheye (K1 to K4); calibrate "
-              "again with one of these");
+  node.refuse(
+      "the camera model " + shown(model) +
+      " has no exact counterpart among Brown (K1 to K6, P1, P2) and the equidistant fisheye (K1 to K4); calibrate "
+      "again with one of these");
 }
 
 }  // namespace calibrations

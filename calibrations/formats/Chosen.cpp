@@ -20,7 +20,8 @@ CameraDocuments cameraDocuments(const std::vector<Document>& documents, const po
   const Chosen cameras = chosen(options);
   const std::size_t last = std::max(cameras.left, cameras.right);
   if (last >= documents.size() || (!options.pair && documents.size() != 2)) {
-    const std::string wanted = options.pair ? "one of each camera up to " + std::to_string(last) : "the left and the right one";
+    const std::string wanted =
+        options.pair ? "one of each camera up to " + std::to_string(last) : "the left and the right one";
     throw polarline::InputError(documents.front().place,
                                 "found " + std::to_string(documents.size()) + " camera(s); " + wanted + " were wanted");
   }

@@ -44,8 +44,8 @@ const Format& formatOf(const Documents& documents, const std::string& name) {
   }
   for (const Document& each : documents) {
     if (name.empty() && nameOf(each) != wanted) {
-      throw polarline::InputError(each.place, std::string("is of ") + nameOf(each) + ", the file before it of " + wanted +
-                                                  "; files of one format were wanted");
+      throw polarline::InputError(each.place, std::string("is of ") + nameOf(each) + ", the file before it of " +
+                                                  wanted + "; files of one format were wanted");
     }
   }
   return *format;

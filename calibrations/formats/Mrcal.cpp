@@ -14,7 +14,8 @@ struct Model {
   const char* name;
   std::size_t coefficients;
 };
-constexpr std::array<Model, 5> kModels = {{{"PINHOLE", 0}, {"OPENCV4", 4}, {"OPENCV5", 5}, {"OPENCV8", 8}, {"OPENCV12", 12}}};
+constexpr std::array<Model, 5> kModels = {
+    {{"PINHOLE", 0}, {"OPENCV4", 4}, {"OPENCV5", 5}, {"OPENCV8", 8}, {"OPENCV12", 12}}};
 
 /// The older name of the same models, DISTORTION_NONE for the pinhole.
 std::string modelOf(const Node& node) {
@@ -28,7 +29,8 @@ std::string modelOf(const Node& node) {
 
 SourceCamera cameraOf(const Node& root) {
   const Node lens = root.at({"lensmodel", "lens_model", "distortion_model"});
-  const auto* const model = std::ranges::find_if(kModels, [name = modelOf(lens)](const Model& each) { return each.name == name; });
+  const auto* const model =
+      std::ranges::find_if(kModels, [name = modelOf(lens)](const Model& each) { return each.name == name; });
   if (model == kModels.end()) refuseModel(lens, lens.text());
   const Node intrinsics = root.at("intrinsics");
   const std::vector<double> values = intrinsics.numbers(4 + model->coefficients);

@@ -13,7 +13,8 @@ using Names = std::initializer_list<const char*>;
 /// What each thing is called: by OpenCV's own sample first, then by programs around it.
 constexpr Names kMatrixLeft = {"M1", "K1", "camera_matrix_left", "cameraMatrix1", "left_camera_matrix"};
 constexpr Names kMatrixRight = {"M2", "K2", "camera_matrix_right", "cameraMatrix2", "right_camera_matrix"};
-constexpr Names kLensLeft = {"D1", "dist_coeffs_left", "distortion_coeffs_left", "distCoeffs1", "left_distortion_coefficients"};
+constexpr Names kLensLeft = {"D1", "dist_coeffs_left", "distortion_coeffs_left", "distCoeffs1",
+                             "left_distortion_coefficients"};
 constexpr Names kLensRight = {"D2", "dist_coeffs_right", "distortion_coeffs_right", "distCoeffs2",
                               "right_distortion_coefficients"};
 constexpr Names kMatrix = {"K", "M", "camera_matrix", "cameraMatrix"};
@@ -45,7 +46,9 @@ SourceCamera cameraOf(const Node& document, Names matrix, Names lens, const pola
   const std::vector<double> coefficients = node.numbers();
   const std::string model = modelIn(document, options);
   if (model.empty() && coefficients.size() == 4) {
-    node.refuse("has four coefficients, which may be of a Brown or of a fisheye lens; say which (--model brown or --model fisheye)");
+    node.refuse(
+        "has four coefficients, which may be of a Brown or of a fisheye lens; say which (--model brown or --model "
+        "fisheye)");
   }
   if (model == "fisheye") {
     setFisheye(source, coefficients, node);
@@ -81,7 +84,8 @@ SourcePair readOpenCv(const Documents& documents, const polarline::ImportOptions
     pair.left = cameraOf(singles[0], kMatrix, kLens, options);
     pair.right = cameraOf(singles[1], kMatrix, kLens, options);
   } else {
-    const Node cameras = having(documents, kMatrixLeft).empty() ? Node(documents.front()) : only(documents, kMatrixLeft);
+    const Node cameras =
+        having(documents, kMatrixLeft).empty() ? Node(documents.front()) : only(documents, kMatrixLeft);
     pair.left = cameraOf(cameras, kMatrixLeft, kLensLeft, options);
     pair.right = cameraOf(cameras, kMatrixRight, kLensRight, options);
   }

@@ -16,7 +16,8 @@ double numberIn(const Node& node, const char* name) {
 
 SourceCamera cameraOf(const Node& node) {
   SourceCamera source;
-  setPinhole(source.camera, {numberIn(node, "Fx"), numberIn(node, "Fy"), numberIn(node, "Cx"), numberIn(node, "Cy")}, node);
+  setPinhole(source.camera, {numberIn(node, "Fx"), numberIn(node, "Fy"), numberIn(node, "Cx"), numberIn(node, "Cy")},
+             node);
   constexpr std::array<const char*, 6> kNames = {"K1", "K2", "K3", "K4", "K5", "K6"};
   for (std::size_t k = 0; k < kNames.size(); ++k) source.camera.k.at(k) = numberIn(node, kNames.at(k));
   source.camera.p1 = numberIn(node, "P1");
@@ -33,7 +34,9 @@ bool isBrown(const polarline::Camera& camera) {
 Lens lensOf(const SourcePair& pair, const Node& root, const std::string& model) {
   const bool onlyBrown = isBrown(pair.left.camera) || isBrown(pair.right.camera);
   if (model.empty() && !onlyBrown) {
-    root.refuse("may be of a Brown or of a fisheye lens, as K5, K6, P1 and P2 are 0; say which (--model brown or --model fisheye)");
+    root.refuse(
+        "may be of a Brown or of a fisheye lens, as K5, K6, P1 and P2 are 0; say which (--model brown or --model "
+        "fisheye)");
   }
   if (model == "fisheye" && onlyBrown) root.refuse("has K5, K6, P1 or P2, which no fisheye has");
   return model == "fisheye" ? Lens::kFisheye : Lens::kBrown;

@@ -12,8 +12,9 @@ namespace {
 cv::Matx33d nearestOf(const cv::Matx33d& printed, const Node& node, double& deviation) {
   const std::optional<cv::Matx33d> nearest = nearestRotation(printed);
   if (!nearest) {
-    node.refuse(fmt::format("is no rotation: |M'M - I| reaches {:.3g} and the determinant is {:.3g}; at most {} and 1 were wanted",
-                            deviationOf(printed), cv::determinant(printed), kMostDeviation));
+    node.refuse(fmt::format(
+        "is no rotation: |M'M - I| reaches {:.3g} and the determinant is {:.3g}; at most {} and 1 were wanted",
+        deviationOf(printed), cv::determinant(printed), kMostDeviation));
   }
   deviation = std::max(deviation, deviationOf(printed));
   return *nearest;

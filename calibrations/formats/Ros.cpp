@@ -61,7 +61,8 @@ Projection projectionOf(const Node& node) {
   Projection projection;
   const std::vector<double> p = node.matrix(3, 4);
   std::ranges::copy(p, projection.p.begin());
-  projection.isSound = p[0] > 0.0 && p[5] > 0.0 && p[1] == 0.0 && p[4] == 0.0 && p[8] == 0.0 && p[9] == 0.0 && p[10] == 1.0;
+  projection.isSound =
+      p[0] > 0.0 && p[5] > 0.0 && p[1] == 0.0 && p[4] == 0.0 && p[8] == 0.0 && p[9] == 0.0 && p[10] == 1.0;
   return projection;
 }
 
@@ -72,9 +73,11 @@ cv::Vec3d rectifiedTranslation(const Node& left, const Node& right, bool lengthI
   const Projection p_right = projectionOf(right);
   if (p_left.isSound && p_right.isSound) return p_right.origin() - p_left.origin();
   if (!lengthIsKnown) {
-    (p_left.isSound ? right : left).refuse(
-        "is no [fx' 0 cx' ..; 0 fy' cy' ..; 0 0 1 ..] but was overwritten, as by camera_matrix * rectification_matrix: the "
-        "length of the baseline is lost; say it (--baseline)");
+    (p_left.isSound ? right : left)
+        .refuse(
+            "is no [fx' 0 cx' ..; 0 fy' cy' ..; 0 0 1 ..] but was overwritten, as by camera_matrix * "
+            "rectification_matrix: the "
+            "length of the baseline is lost; say it (--baseline)");
   }
   const cv::Vec3d difference = p_right.last() - p_left.last();
   if (cv::countNonZero(difference) > 1) right.refuse("was overwritten and does not tell the direction of the baseline");
@@ -94,7 +97,8 @@ SourcePair readRos(const Documents& documents, const polarline::ImportOptions& o
   const cv::Matx33d rectified_from_right = rotationOf(right.at("rectification_matrix"), pair.deviation);
   const Node p_right = right.at("projection_matrix");
   const cv::Vec3d t = rectifiedTranslation(left.at("projection_matrix"), p_right, options.baseline.has_value());
-  if (cv::norm(t) == 0.0) p_right.refuse("has no baseline, as of a camera that was calibrated alone; those of a pair were wanted");
+  if (cv::norm(t) == 0.0)
+    p_right.refuse("has no baseline, as of a camera that was calibrated alone; those of a pair were wanted");
   pair.right_from_left.R = rectified_from_right.t() * rectified_from_left;
   pair.right_from_left.T = rectified_from_right.t() * t;
   return pair;

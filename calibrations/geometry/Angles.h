@@ -13,8 +13,8 @@ struct Angles {
 
 cv::Matx33d rotationOf(const Angles& angles);
 
-/// The inverse. rx is within a quarter turn; where it is one (hypot(R20, R22) below 1e-9) only the sum or the difference
-/// of the other two is told, and ry is 0.
+/// The inverse. rx is within a quarter turn; where it is one (hypot(R20, R22) below 1e-9) only the sum or the
+/// difference of the other two is told, and ry is 0.
 Angles anglesOf(const cv::Matx33d& rotation);
 
 }  // namespace calibrations

@@ -48,8 +48,8 @@ class JsonText {
   void newLine();
 
   std::string text_;
-  std::vector<char> open_;     ///< The closing brackets, innermost last.
-  bool is_first_ = true;       ///< Of the innermost object or array.
+  std::vector<char> open_;  ///< The closing brackets, innermost last.
+  bool is_first_ = true;    ///< Of the innermost object or array.
   bool is_behind_key_ = false;
 };
 

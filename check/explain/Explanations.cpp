@@ -18,7 +18,8 @@ std::vector<Explanation> statuses() {
       {"8", "no_figures", "The run ended without one finished pair.",
        "Read the reason of each pair above; 'polarline detect IMAGE --target FILE' shows what is seen in one picture."},
       {"35", "interrupted", "The run was stopped from outside.", "Run it again."},
-      {"4096", "null_argument", "The loader of binary calibrations was given nothing.", "This is a fault of the caller."},
+      {"4096", "null_argument", "The loader of binary calibrations was given nothing.",
+       "This is a fault of the caller."},
       {"4097", "wrong_checksum", "A check sum of the binary calibration file is wrong: the file is damaged.",
        "Write or copy the file again."},
       {"4098", "not_supported", "The binary calibration file is of a form that is not read, or is cut off.",
@@ -53,7 +54,8 @@ std::vector<Explanation> statuses() {
 std::vector<Explanation> exceptions() {
   return {
       {"exception", "exception", "A library below ended the run with an exception, whose text is told.",
-       "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot take "
+       "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot "
+       "take "
        "(colour with triangulate_residual_switch, a crop beyond the picture)."},
       {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
        "Mend the file that the text names."},
@@ -69,7 +71,8 @@ std::vector<Explanation> exits() {
       {"exit 2", "unusable", "The command line or an input can't be used.",
        "The message names the file, what was found and what was wanted."},
       {"exit 3", "no_figure", "The run ended without a figure.", "The message tells status and advice."},
-      {"exit 4", "result_not_written", "A result could not be written.", "Try again when there is space and the right to write."},
+      {"exit 4", "result_not_written", "A result could not be written.",
+       "Try again when there is space and the right to write."},
       {"exit 130", "stopped", "Interrupted; nothing half was left.", "Run it again."},
   };
 }
@@ -77,7 +80,8 @@ std::vector<Explanation> exits() {
 std::vector<Explanation> checkWarnings() {
   return {
       {"unknown_key", "unknown_key", "The polar configuration has a key that nothing reads.",
-       "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not expect."},
+       "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not "
+       "expect."},
       {"no_limits", "no_limits", "No limit was given, so that the verdict says only that there are figures.",
        "Give --limit 'dy_means<=0.1', or write limits.txt."},
       {"no_board_truth", "no_board_truth",
@@ -107,9 +111,8 @@ const std::vector<Explanation>& explanations() {
 
 std::optional<Explanation> explain(const std::string& code) {
   const auto& list = explanations();
-  const auto found = std::ranges::find_if(list, [&](const Explanation& each) {
-    return each.code == code || each.name == code;
-  });
+  const auto found =
+      std::ranges::find_if(list, [&](const Explanation& each) { return each.code == code || each.name == code; });
   if (found == list.end()) return std::nullopt;
   return *found;
 }

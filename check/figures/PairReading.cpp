@@ -6,9 +6,9 @@
 #include <map>
 #include <memory>
 
+#include "PolarLinePrecision/Status.h"
 #include "polar/results/FigureList.h"
 #include "polar/results/PairStatus.h"
-#include "PolarLinePrecision/Status.h"
 #include "polarline/explain.h"
 
 namespace polarline {
@@ -62,7 +62,9 @@ class PointTable {
 PairPoints pointsOf(const PairObservation& seen) {
   PointTable table(seen);
   PairPoints& points = table.points;
-  const auto position = [&](std::size_t k) { return k < seen.positions.size() ? seen.positions[k] : cv::Point3f(kNone, kNone, kNone); };
+  const auto position = [&](std::size_t k) {
+    return k < seen.positions.size() ? seen.positions[k] : cv::Point3f(kNone, kNone, kNone);
+  };
   table.fill(points.left_x, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.left.x; });
   table.fill(points.left_y, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.left.y; });
   table.fill(points.right_x, seen.raw, [](const SharedDot& dot, std::size_t) { return dot.right.x; });
@@ -107,7 +109,8 @@ Reason reasonOf(std::int32_t status, const PairEvaluator& evaluator) {
   // The rows and the cloud say only that the measurement failed; it knows more.
   reason.code = status == kMeasurementFailed && seen.measurement != 0 ? seen.measurement : status;
   reason.side = sideOf(seen);
-  reason.step = seen.evaluation;
+  const char* const stopped_at = reason.side.empty() ? "" : seen.steps[reason.side == "left" ? 0 : 1];
+  reason.step = *stopped_at == '\0' ? seen.evaluation : stopped_at;
   reason.text = textOf(reason, evaluator);
   return reason;
 }

@@ -37,7 +37,9 @@ LimitResult outcome(const Limit& limit, std::optional<double> value, int pair, c
   return {limit.text, value, pair, value.has_value() && holds(limit, *value), why};
 }
 
-LimitResult unmeasured(const Limit& limit, const std::string& why) { return {limit.text, std::nullopt, -1, false, why}; }
+LimitResult unmeasured(const Limit& limit, const std::string& why) {
+  return {limit.text, std::nullopt, -1, false, why};
+}
 
 /// The worst of the values that one limit judges.
 class Worst {
@@ -97,7 +99,8 @@ LimitResult judgeSummary(const Limit& limit, const Check& check) {
 }
 
 LimitResult judgeOne(const Limit& limit, const Check& check) {
-  if (const auto count = countOf(limit.figure, check)) return outcome(limit, count, -1, fmt::format("{} is {}", limit.figure, *count));
+  if (const auto count = countOf(limit.figure, check))
+    return outcome(limit, count, -1, fmt::format("{} is {}", limit.figure, *count));
   return limit.statistic.empty() ? judgePairs(limit, check) : judgeSummary(limit, check);
 }
 

@@ -47,8 +47,9 @@ Limit parseLimit(const std::string& text) {
   std::smatch part;
   if (!std::regex_match(text, part, form()) || part[kBar].matched != part[kClosingBar].matched ||
       part[kSummary].matched != part[kStatistic].matched) {
-    refuse(text, "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5 or "
-                 "summary.dy_means.mean<=0.1");
+    refuse(text,
+           "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5 or "
+           "summary.dy_means.mean<=0.1");
   }
   Limit limit;
   limit.text = text;

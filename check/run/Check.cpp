@@ -129,8 +129,13 @@ void SetCheck::readInputs() {
     check_.cameras = camerasOf(rectified_);
   }
   choosePairs();
-  for (const auto& [role, path] : {std::pair{"polar", &set_.polar}, {"target", &set_.target}, {"calibration", &set_.calibration},
-                                   {"list", &set_.list}, {"board", &set_.board}, {"limits", &set_.limits}, {"rectified", &set_.rectified}}) {
+  for (const auto& [role, path] : {std::pair{"polar", &set_.polar},
+                                   {"target", &set_.target},
+                                   {"calibration", &set_.calibration},
+                                   {"list", &set_.list},
+                                   {"board", &set_.board},
+                                   {"limits", &set_.limits},
+                                   {"rectified", &set_.rectified}}) {
     if (!path->empty()) check_.inputs.push_back({role, *path, sha256OfFile(*path)});
   }
 }
@@ -142,7 +147,8 @@ void SetCheck::choosePairs() {
     if (first > last || last >= listed.size())
       throw InputError("pairs " + std::to_string(first) + "-" + std::to_string(last),
                        "the list has the pairs 0-" + std::to_string(listed.size() - 1));
-    listed = {listed.begin() + static_cast<std::ptrdiff_t>(first), listed.begin() + static_cast<std::ptrdiff_t>(last) + 1};
+    listed = {listed.begin() + static_cast<std::ptrdiff_t>(first),
+              listed.begin() + static_cast<std::ptrdiff_t>(last) + 1};
     first_pair_ = first;
   }
   pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_);
@@ -194,8 +200,9 @@ void SetCheck::explainPictures() {
     if (files::readImage(path).empty()) {
       std::error_code ignored;
       const bool is_there = std::filesystem::is_regular_file(path, ignored) && !sha256OfFile(path).empty();
-      check_.status.text = fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
-                                       is_there ? "can't be decoded" : "can't be read");
+      check_.status.text =
+          fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
+                      is_there ? "can't be decoded" : "can't be read");
       check_.status.retry = !is_there;
       return;
     }
@@ -213,7 +220,8 @@ void SetCheck::conclude() {
 
 Check SetCheck::run() {
   const auto start = Clock::now();
-  check_.started = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
+  check_.started = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}",
+                               fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
   check_.folder = set_.folder;
   const std::filesystem::path folder = std::filesystem::path(set_.folder).lexically_normal();
   check_.name = (folder.has_filename() ? folder : folder.parent_path()).filename().string();

@@ -35,7 +35,8 @@ std::vector<std::string> keyNames() {
 void requireKey(const std::string& key, const std::string& setting) {
   const std::vector<std::string> names = keyNames();
   if (std::ranges::count(names, key) == 0)
-    throw InputError("setting '" + setting + "'", "the polar configuration has no key '" + key + "'" + offer(nearest(key, names)));
+    throw InputError("setting '" + setting + "'",
+                     "the polar configuration has no key '" + key + "'" + offer(nearest(key, names)));
 }
 
 /// The lines that take the place of those of the file: of equal keys the last one wins.
@@ -133,7 +134,8 @@ StereoCalibParams readCalibration(const std::string& path) {
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
   for (const CameraCalib* camera : {&calib.left, &calib.right}) {
     if (camera->intrinsics[0] == 0.0 || camera->intrinsics[1] == 0.0)
-      throw InputError(path, std::string("the ") + (camera == &calib.left ? "left" : "right") + " camera has no focal length (Fx, Fy)");
+      throw InputError(path, std::string("the ") + (camera == &calib.left ? "left" : "right") +
+                                 " camera has no focal length (Fx, Fy)");
   }
   // As the exports hand it on: through the caller's record.
   ExportedCalibParams exported;
@@ -152,7 +154,8 @@ RectifiedParams readRectified(const std::string& path) {
   numbers.imbue(std::locale::classic());
   char comma = ',';
   for (double& number : n) {
-    if (comma != ',' || !(numbers >> number)) throw InputError(path, "five numbers by commas were wanted: focal, baseline, cx, cy, disparity offset");
+    if (comma != ',' || !(numbers >> number))
+      throw InputError(path, "five numbers by commas were wanted: focal, baseline, cx, cy, disparity offset");
     numbers >> comma;
   }
   RectifiedParams rectified;

@@ -102,8 +102,8 @@ struct Status {
 
 /// A file that a check reads.
 struct SetInput {
-  std::string role;    ///< "polar", "target", "calibration", "list", "board", "limits", "rectified", "left/0", "right/0".
-  std::string path;    ///< As it was opened.
+  std::string role;  ///< "polar", "target", "calibration", "list", "board", "limits", "rectified", "left/0", "right/0".
+  std::string path;  ///< As it was opened.
   std::string sha256;  ///< Of the content; empty where it could not be read.
 };
 
@@ -161,7 +161,7 @@ struct CheckOptions {
   std::vector<std::string> settings;  ///< "KEY=VALUE": keys of the polar configuration for this run.
   std::string out;                    ///< Folder for the library's own files; empty: none is written.
   std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.
-  bool keep_points = true;                                   ///< Otherwise `PairCheck::points` is empty after `on_pair`.
+  bool keep_points = true;  ///< Otherwise `PairCheck::points` is empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;
   /// Called with each pair when the run is done with it, and the number of pairs of the run.

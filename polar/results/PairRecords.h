@@ -18,7 +18,10 @@ struct MeasuredPair {
   std::vector<cv::Point2f> right_points;
   PointsById left_by_id;
   PointsById right_by_id;
-  std::array<std::size_t, 2> found{};  ///< Numbered dots of the left and the right image; for observers.
+
+  // For observers, of the left and the right image.
+  std::array<std::size_t, 2> found{};        ///< Numbered dots.
+  std::array<const char*, 2> steps{"", ""};  ///< Where the detection ended; empty where there was none.
 };
 
 /// One shared point as the evaluations keep it during a run.

@@ -53,8 +53,10 @@ class Speaker {
   void end(const polarline::Check& check) {
     if (shows_progress_) fmt::print(stderr, "\r\x1b[K");
     if (check.verdict != polarline::Verdict::kError) return say(table_.conclusion(check));
-    if (!is_quiet_ && !check.pairs.empty()) say(table_.conclusion(check));
-    else fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
+    if (!is_quiet_ && !check.pairs.empty())
+      say(table_.conclusion(check));
+    else
+      fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
   }
 
  private:
@@ -125,7 +127,8 @@ int runCheck(Arguments& arguments) {
 }
 
 void addSetOptions(CLI::App& app, polarline::Set& set) {
-  app.add_option("SET", set.folder, "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt");
+  app.add_option("SET", set.folder,
+                 "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt");
   app.add_option("--polar", set.polar, "Polar configuration in place of the set's")->type_name("FILE");
   app.add_option("--target", set.target, "Description of the board in place of the set's")->type_name("FILE");
   app.add_option("--calibration", set.calibration, "Calibration in place of the set's")->type_name("FILE");

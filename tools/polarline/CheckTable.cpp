@@ -22,12 +22,12 @@ constexpr std::size_t kStateWidth = 10;
 constexpr std::size_t kFigureWidth = 12;
 
 /// In the order in which one wants to see them.
-constexpr std::array kMainFigures = {"dy_means", "dy_max", "tri_rms",  "dis_rms",     "space_rms",
+constexpr std::array kMainFigures = {"dy_means", "dy_max",  "tri_rms", "dis_rms",     "space_rms",
                                      "gt_rms",   "tri_max", "nor_rms", "icp_nor_rms", "allpoints_means"};
 
 std::string shown(double value) {
   return value != 0.0 && (std::abs(value) < 1e-4 || std::abs(value) >= 1e6) ? fmt::format("{:.3g}", value)
-                                                                           : fmt::format("{:.4f}", value);
+                                                                            : fmt::format("{:.4f}", value);
 }
 
 /// Lines of at most `width` columns, broken at blanks, the later ones moved in.
@@ -108,10 +108,12 @@ std::string CheckTable::row(const PairCheck& pair) {
   if (!has_columns_ && pair.finished) {
     chooseColumns(pair);
     text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
-    for (const std::string& name : columns_) text += fmt::format("{:>{}}", name.substr(0, kFigureWidth - 1), kFigureWidth);
+    for (const std::string& name : columns_)
+      text += fmt::format("{:>{}}", name.substr(0, kFigureWidth - 1), kFigureWidth);
     text = coloured(text, kBold) + "\n";
   }
-  text += fmt::format("{:>{}} {:<{}}", pair.index, kIndexWidth - 1, pair.finished ? "finished" : "given up", kStateWidth);
+  text +=
+      fmt::format("{:>{}} {:<{}}", pair.index, kIndexWidth - 1, pair.finished ? "finished" : "given up", kStateWidth);
   if (!pair.finished) {
     const std::string where = pair.reason.step.empty() ? "" : " (" + pair.reason.step + ")";
     return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);

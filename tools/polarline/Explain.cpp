@@ -22,7 +22,9 @@ int runExplain(const std::string& code) {
     return kDone;
   }
   const auto found = polarline::explain(code);
-  if (!found) throw polarline::InputError("'" + code + "'", "no status, warning or exit code is called so; 'polarline explain' lists them");
+  if (!found)
+    throw polarline::InputError("'" + code + "'",
+                                "no status, warning or exit code is called so; 'polarline explain' lists them");
   show(*found);
   return kDone;
 }
@@ -30,9 +32,11 @@ int runExplain(const std::string& code) {
 }  // namespace
 
 Subcommand addExplain(CLI::App& polarline) {
-  CLI::App* const app = polarline.add_subcommand("explain", "Says what a status, warning or exit code means and what to do");
+  CLI::App* const app =
+      polarline.add_subcommand("explain", "Says what a status, warning or exit code means and what to do");
   const auto code = std::make_shared<std::string>();
-  app->add_option("CODE", *code, "A number or word that the command or the library has told; without it all are listed");
+  app->add_option("CODE", *code,
+                  "A number or word that the command or the library has told; without it all are listed");
   app->allow_extras(false)->prefix_command(false);
   addExample(*app, "polarline explain too_few_shared");
   return {app, [code] { return runExplain(*code); }};

@@ -28,10 +28,10 @@ std::string pictureOf(const polarline::Camera& camera) {
 
 std::string summary(const polarline::ImportedCalibration& imported) {
   const polarline::Calibration& calibration = imported.calibration;
-  std::string text = fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {:.7g}\n",
-                                 imported.format, calibration.type, polarline::typeName(calibration.type),
-                                 pictureOf(calibration.left), pictureOf(calibration.right),
-                                 polarline::baselineOf(calibration));
+  std::string text =
+      fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {:.7g}\n", imported.format,
+                  calibration.type, polarline::typeName(calibration.type), pictureOf(calibration.left),
+                  pictureOf(calibration.right), polarline::baselineOf(calibration));
   for (const polarline::Warning& each : imported.warnings) {
     text += fmt::format("warning   {} ({})\n          {}\n", each.text, each.code, each.advice);
   }
@@ -65,20 +65,24 @@ Subcommand addImport(CLI::App& polarline) {
   const auto command = std::make_shared<ImportCommand>();
   app->add_option("FILES", command->files, "The calibration: one file, or one for each camera, the left one first")
       ->required();
-  app->add_option("-o,--output", command->output, "Where the calibration goes, a path that ends in .json; - is standard output")
+  app->add_option("-o,--output", command->output,
+                  "Where the calibration goes, a path that ends in .json; - is standard output")
       ->type_name("FILE");
   app->add_option("--to", command->to, "What is written: polarline (ours) or opencv")
       ->check(CLI::IsMember({"polarline", "opencv"}))
       ->capture_default_str();
   app->add_option("--format", command->options.format,
                   "opencv, ros, kalibr, basalt, mrcal, euroc or polarline, where the content does not tell");
-  app->add_option("--scale", command->options.scale, "Board units in a unit of the file: 1000 from metres to millimetres")
+  app->add_option("--scale", command->options.scale,
+                  "Board units in a unit of the file: 1000 from metres to millimetres")
       ->capture_default_str();
   app->add_option("--model", command->options.model, "brown or fisheye, where the file does not tell");
   app->add_option("--size", command->size, "Size of the pictures, where the file does not tell")->type_name("WxH");
-  command->has_baseline =
-      app->add_option("--baseline", command->baseline, "Length between the cameras in the board unit, where the file lost it");
-  app->add_option("--pair", command->pair, "Which cameras of several are left and right, from 0")->expected(2)->type_name("I J");
+  command->has_baseline = app->add_option("--baseline", command->baseline,
+                                          "Length between the cameras in the board unit, where the file lost it");
+  app->add_option("--pair", command->pair, "Which cameras of several are left and right, from 0")
+      ->expected(2)
+      ->type_name("I J");
   app->add_flag("--swap", command->options.swap, "Exchange left and right");
   addResultOptions(*app, command->result);
   addExample(*app, "polarline import camchain.yaml --scale 1000 -o calib.json");
