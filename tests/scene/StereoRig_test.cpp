@@ -47,4 +47,12 @@ TEST(StereoRig, RightIsTurnedThenMoved) {
   expectNear(scene::rightFromLeft(rig, {10, 0, 100}), {-60, 11, 102});
 }
 
+TEST(StereoRig, AnglesOfARotationAreThoseThatMadeIt) {
+  const scene::Angles made{0.3, -1.2, 2.5};
+  const scene::Angles found = scene::anglesFromRotation(scene::rotationFromAngles(made));
+  EXPECT_NEAR(found.rx, made.rx, 1e-15);
+  EXPECT_NEAR(found.ry, made.ry, 1e-15);
+  EXPECT_NEAR(found.rz, made.rz, 1e-15);
+}
+
 }  // namespace

@@ -21,6 +21,8 @@ struct PolyTable {
   int rows = 0;
   std::vector<float> x;  ///< What is taken off the first coordinate.
   std::vector<float> y;  ///< What is taken off the second coordinate.
+
+  bool operator==(const PolyTable&) const = default;
 };
 
 /// A camera: image size in pixels, focal lengths and principal point in pixels, lens. The centre of the upper left
@@ -35,6 +37,8 @@ struct Camera {
   double cy = 0.0;
   std::array<double, 8> lens{};  ///< Brown: K1 to K6, P1, P2. Fisheye: the first four. Poly: unused.
   PolyTable table;               ///< Poly only.
+
+  bool operator==(const Camera&) const = default;
 };
 
 inline Point2 pixelFromRaw(const Camera& camera, Point2 raw) {

@@ -9,24 +9,6 @@ namespace {
 
 constexpr int kOutlinePoints = 64;
 
-/// A pixel of the outline, relative to the reference, and its derivative along the outline's parameter.
-struct OutlinePoint {
-  Point2 at;
-  Point2 along;
-};
-
-OutlinePoint outlinePoint(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
-                          double radius, double t) {
-  const Point3 point =
-      transformed(camera_from_board, centre_board + Point3{radius * std::cos(t), radius * std::sin(t), 0.0});
-  const Point3 move = camera_from_board.rotation * Point3{-radius * std::sin(t), radius * std::cos(t), 0.0};
-  const Point2 ideal{point.x / point.z, point.y / point.z};
-  const Point2 ideal_along{(move.x - ideal.x * move.z) / point.z, (move.y - ideal.y * move.z) / point.z};
-  const RawPoint raw = distort(camera, ideal);
-  const Point2 raw_along = raw.by_ideal * ideal_along;
-  return {pixelFromRaw(camera, raw.point), {camera.fx * raw_along.x, camera.fy * raw_along.y}};
-}
-
 /// Integrals over the enclosed area, of 1, x, y, xx, xy, yy.
 struct Moments {
   double area = 0, x = 0, y = 0, xx = 0, xy = 0, yy = 0;
@@ -57,18 +39,34 @@ ImagedEllipse ellipseOf(const Moments& m, Point2 reference) {
 
 }  // namespace
 
-ImagedEllipse imagedEllipse(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
-                            double radius) {
+OutlinePoint outlinePoint(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
+                          double radius, double t) {
+  const Point3 point =
+      transformed(camera_from_board, centre_board + Point3{radius * std::cos(t), radius * std::sin(t), 0.0});
+  const Point3 move = camera_from_board.rotation * Point3{-radius * std::sin(t), radius * std::cos(t), 0.0};
+  const Point2 ideal{point.x / point.z, point.y / point.z};
+  const Point2 ideal_along{(move.x - ideal.x * move.z) / point.z, (move.y - ideal.y * move.z) / point.z};
+  const RawPoint raw = distort(camera, ideal);
+  const Point2 raw_along = raw.by_ideal * ideal_along;
+  return {pixelFromRaw(camera, raw.point), {camera.fx * raw_along.x, camera.fy * raw_along.y}};
+}
+
+ImagedEllipse ellipseWithin(const std::function<OutlinePoint(double)>& outline) {
   constexpr double kStep = 2.0 * std::numbers::pi / kOutlinePoints;
   // Moments are taken about a point nearby: about the image's corner their differences would lose digits.
-  const Point2 reference = outlinePoint(camera, camera_from_board, centre_board, radius, 0.0).at;
+  const Point2 reference = outline(0.0).at;
   Moments moments;
   for (int k = 0; k < kOutlinePoints; ++k) {
-    OutlinePoint point = outlinePoint(camera, camera_from_board, centre_board, radius, k * kStep);
+    OutlinePoint point = outline(k * kStep);
     point.at = point.at - reference;
     moments.add(point, kStep);
   }
   return ellipseOf(moments, reference);
+}
+
+ImagedEllipse imagedEllipse(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
+                            double radius) {
+  return ellipseWithin([&](double t) { return outlinePoint(camera, camera_from_board, centre_board, radius, t); });
 }
 
 Point2 idealEllipseCentre(const Pose& camera_from_board, const Point3& centre_board, double radius) {

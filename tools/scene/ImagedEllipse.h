@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "tools/scene/Camera.h"
 #include "tools/scene/Pose.h"
 
@@ -15,9 +17,22 @@ struct ImagedEllipse {
   double area = 0.0;
 };
 
-/// The image of a circle on the board, traced through the lens: the moments of the area that it encloses, by Green's
-/// theorem over the outline with the exact derivative, so that a few dozen points give all digits. Without lens the
-/// figure is an ellipse and this is it. Precondition: the whole circle is in front of the camera.
+/// A point of a closed outline and its derivative along the outline's parameter, which runs from 0 to 2 pi.
+struct OutlinePoint {
+  Point2 at;
+  Point2 along;
+};
+
+/// The ellipse of an outline's area: its moments by Green's theorem, with the exact derivative, so that a few dozen
+/// points give all digits.
+ImagedEllipse ellipseWithin(const std::function<OutlinePoint(double)>& outline);
+
+/// A circle's outline in the image, pixels. Precondition: the point is in front of the camera.
+OutlinePoint outlinePoint(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
+                          double radius, double t);
+
+/// The image of a circle on the board, traced through the lens. Without lens the figure is an ellipse and this
+/// is it. Precondition: the whole circle is in front of the camera.
 ImagedEllipse imagedEllipse(const Camera& camera, const Pose& camera_from_board, const Point3& centre_board,
                             double radius);
 

@@ -1,5 +1,7 @@
 #include "tools/scene/StereoRig.h"
 
+#include <algorithm>
+
 namespace scene {
 
 Matrix3 rotationFromAngles(const Angles& angles) {
@@ -10,6 +12,11 @@ Matrix3 rotationFromAngles(const Angles& angles) {
   const Matrix3 about_y{{cy, 0, sy, 0, 1, 0, -sy, 0, cy}};
   const Matrix3 about_z{{cz, -sz, 0, sz, cz, 0, 0, 0, 1}};
   return about_z * about_x * about_y;
+}
+
+Angles anglesFromRotation(const Matrix3& r) {
+  return {std::asin(std::clamp(r.at(2, 1), -1.0, 1.0)), std::atan2(-r.at(2, 0), r.at(2, 2)),
+          std::atan2(-r.at(0, 1), r.at(1, 1))};
 }
 
 Point3 rightFromLeft(const StereoRig& rig, const Point3& point_left) {

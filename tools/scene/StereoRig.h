@@ -15,6 +15,9 @@ struct Angles {
 /// files' meaning.
 Matrix3 rotationFromAngles(const Angles& angles);
 
+/// The angles of such a rotation. Precondition: the turn about x is less than a quarter.
+Angles anglesFromRotation(const Matrix3& rotation);
+
 /// Two cameras. X_right = R X_left + T, with R from `right_from_left_angles` and T = `right_from_left_translation` in
 /// millimetres.
 struct StereoRig {

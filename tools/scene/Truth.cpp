@@ -3,6 +3,7 @@
 #include "tools/scene/BoardMarks.h"
 #include "tools/scene/IdealRectification.h"
 #include "tools/scene/Lens.h"
+#include "tools/scene/RectifiedCentre.h"
 
 namespace scene {
 namespace {
@@ -12,19 +13,14 @@ bool inside(const Camera& camera, const ImagedEllipse& e) {
          e.centre.y + e.semi_a < camera.height - 1.0;
 }
 
-Pose turned(const Matrix3& rotation, const Pose& pose) {
-  return {rotation * pose.rotation, rotation * pose.translation};
-}
-
-/// The poses of the board in the frames that the truth is told in.
+/// The poses of the board in the cameras' frames, and the turns of the given calibration.
 struct Views {
-  Pose left, right, rectified_left, rectified_right;
+  Pose left, right;
+  IdealRectification turn;
 };
 
 Views viewsOf(const Scene& scene, const Pose& left_from_board) {
-  const Pose right_from_board = rightFromBoard(scene.rig, left_from_board);
-  const IdealRectification turn = idealRectification(scene.given);
-  return {left_from_board, right_from_board, turned(turn.left, left_from_board), turned(turn.right, right_from_board)};
+  return {left_from_board, rightFromBoard(scene.rig, left_from_board), idealRectification(scene.given)};
 }
 
 DotTruth dotTruth(const Scene& scene, const Views& views, double focal, const Mark& mark) {
@@ -39,8 +35,9 @@ DotTruth dotTruth(const Scene& scene, const Views& views, double focal, const Ma
   dot.ellipse_left = imagedEllipse(scene.rig.left, views.left, centre, radius);
   dot.ellipse_right = imagedEllipse(scene.rig.right, views.right, centre, radius);
   dot.in_view = inside(scene.rig.left, dot.ellipse_left) && inside(scene.rig.right, dot.ellipse_right);
-  dot.rectified_left = idealEllipseCentre(views.rectified_left, centre, radius);
-  dot.rectified_right = idealEllipseCentre(views.rectified_right, centre, radius);
+  dot.rectified_left = rectifiedCentre({scene.rig.left, scene.given.left, views.turn.left}, views.left, centre, radius);
+  dot.rectified_right =
+      rectifiedCentre({scene.rig.right, scene.given.right, views.turn.right}, views.right, centre, radius);
   dot.row_difference = focal * (dot.rectified_left.y - dot.rectified_right.y);
   return dot;
 }

@@ -31,8 +31,8 @@ struct PairTruth {
   std::vector<DotTruth> dots;  ///< One a grid place, by id.
 };
 
-/// The truth of the index-th pair. The given calibration may turn or shift the cameras wrongly; its lenses are taken to
-/// be the true ones. Precondition: `index` is a pose of the scene, and the board is in front of both cameras.
+/// The truth of the index-th pair. The given calibration may differ from the cameras in everything but the model and
+/// the size. Precondition: `index` is a pose of the scene, and the board is in front of both cameras.
 PairTruth pairTruth(const Scene& scene, std::size_t index);
 
 }  // namespace scene
