@@ -22,4 +22,10 @@ struct Optics {
   int supersampling = 12;  ///< A pixel that an edge crosses takes this number squared of samples.
 };
 
+/// Sets the read noise, in greys; 0 takes the shot noise away too.
+inline void setNoise(Optics& optics, double read_noise) {
+  optics.read_noise = read_noise;
+  if (read_noise == 0.0) optics.shot_noise = 0.0;
+}
+
 }  // namespace scene

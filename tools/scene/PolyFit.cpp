@@ -143,4 +143,9 @@ Camera fitPolyCamera(const Camera& lens, int columns, int rows) {
   return poly;
 }
 
+Camera fittedPolyCamera(Camera lens) {
+  lens.model = LensModel::kBrown;
+  return fitPolyCamera(lens, lens.table.columns, lens.table.rows);
+}
+
 }  // namespace scene

@@ -11,4 +11,8 @@ namespace scene {
 /// rows at least 1 and columns x rows at most 25, what a calibration file can hold.
 Camera fitPolyCamera(const Camera& lens, int columns, int rows);
 
+/// A polynomial camera that has Brown's coefficients of the lens in `lens`, and in its table only the number of cells:
+/// the same with the table fitted.
+Camera fittedPolyCamera(Camera lens);
+
 }  // namespace scene

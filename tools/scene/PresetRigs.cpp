@@ -1,12 +1,10 @@
 #include "tools/scene/PresetRigs.h"
 
 #include "tools/scene/PolyFit.h"
+#include "tools/scene/Single.h"
 
 namespace scene {
 namespace {
-
-/// The nearest number that single precision holds.
-double single(double value) { return static_cast<double>(static_cast<float>(value)); }
 
 void roundToSingle(Camera& camera) {
   for (double* value : {&camera.fx, &camera.fy, &camera.cx, &camera.cy}) *value = single(*value);
@@ -51,14 +49,21 @@ StereoRig fisheyeRig(const RigSize& size) {
   return rigOf(size, left, right);
 }
 
-StereoRig polyRig(const RigSize& size) {
+StereoRig polyLenses(const RigSize& size) {
   Camera left = bareCamera(size, 0.89, 0.006, -0.004);
   Camera right = bareCamera(size, 0.892, -0.005, 0.003);
   left.lens = {-0.27, 0.11, -0.025, 0.0, 0.0, 0.0, 0.0006, -0.0004};
   right.lens = {-0.262, 0.105, -0.022, 0.0, 0.0, 0.0, -0.0005, 0.0003};
-  StereoRig rig = rigOf(size, left, right);
-  rig.left = fitPolyCamera(rig.left, 6, 4);
-  rig.right = fitPolyCamera(rig.right, 6, 4);
+  left.model = right.model = LensModel::kPoly;
+  left.table.columns = right.table.columns = 6;
+  left.table.rows = right.table.rows = 4;
+  return rigOf(size, left, right);
+}
+
+StereoRig polyRig(const RigSize& size) {
+  StereoRig rig = polyLenses(size);
+  rig.left = fittedPolyCamera(rig.left);
+  rig.right = fittedPolyCamera(rig.right);
   return rig;
 }
 

@@ -19,7 +19,10 @@ StereoRig brownRig(const RigSize& size);
 /// Two fisheyes, focal length 0.625 widths: some 100 degrees across the diagonal.
 StereoRig fisheyeRig(const RigSize& size);
 
-/// Two cameras of 6 x 4 polynomial cells, fitted to strong barrel lenses of 0.89 widths.
+/// Strong barrel lenses of 0.89 widths, to which 6 x 4 polynomial cells are still to be fitted.
+StereoRig polyLenses(const RigSize& size);
+
+/// The same with the cells fitted.
 StereoRig polyRig(const RigSize& size);
 
 /// Two equal pinholes, the right one moved along x only: images that need no rectification.

@@ -3,9 +3,9 @@
 #include <array>
 #include <numbers>
 
-#include "tools/scene/PoseFit.h"
 #include "tools/scene/PresetBoards.h"
 #include "tools/scene/PresetRigs.h"
+#include "tools/scene/Single.h"
 
 namespace scene {
 namespace {
@@ -20,7 +20,7 @@ enum class Tilt { kLittle, kUsual };
 
 /// A preset before its poses are found.
 struct Draft {
-  Scene scene;
+  SceneRecipe recipe;
   int pairs = 1;
   double fill = 0.92;
   Tilt tilt = Tilt::kUsual;
@@ -28,8 +28,8 @@ struct Draft {
 
 Draft draft(const StereoRig& rig, const Board& board, int pairs) {
   Draft d;
-  d.scene.rig = d.scene.given = rig;
-  d.scene.board = board;
+  d.recipe.rig = rig;
+  d.recipe.board = board;
   d.pairs = pairs;
   return d;
 }
@@ -48,74 +48,70 @@ Draft defaultBoard() {
 
 Draft threeChannels() {
   Draft d = draft(brownRig(k640), smallRingBoard(), 1);
-  d.scene.optics.channels = 3;
+  d.recipe.optics.channels = 3;
   return d;
 }
 
 Draft tenBits() {
   Draft d = draft(brownRig(k1280), bigDotBoard(29, 31), 1);
-  d.scene.optics.bits = 10;
+  d.recipe.optics.bits = 10;
   return d;
 }
 
 Draft brightDots() {
   // Bright dots count from some 60 outline points on, so they must be large and alike.
   Draft d = little(draft(brownRig(k1280), bigDotBoard(17, 19), 1));
-  d.scene.optics.paper = 25.0;
-  d.scene.optics.ink = 215.0;
-  d.scene.optics.surround = 40.0;
+  d.recipe.optics.paper = 25.0;
+  d.recipe.optics.ink = 215.0;
+  d.recipe.optics.surround = 40.0;
   return d;
 }
 
 Draft searchNumbering() {
   Draft d = little(draft(brownRig(k2448), bigDotBoard(35, 37), 1));
-  d.scene.settings.id_method = 1;
+  d.recipe.settings.id_method = 1;
   return d;
 }
 
 Draft binarisation(int method) {
   Draft d = little(draft(brownRig(k2448), method == 1 ? bigDotBoard(15, 17) : bigDotBoard(35, 37), 1));
-  d.scene.settings.bin_method = method;
+  d.recipe.settings.bin_method = method;
   // The edge binarisation keeps a fixed share of all pixels: few dots, and nothing else that has an edge.
   if (method == 1) {
     d.fill = 0.7;
-    d.scene.optics.surround = d.scene.optics.paper;
-    d.scene.optics.texture = 0.0;
+    d.recipe.optics.surround = d.recipe.optics.paper;
+    d.recipe.optics.texture = 0.0;
   }
   return d;
 }
 
 Draft fisheye() {
   Draft d = draft(fisheyeRig({1280, 800, 50.0}), bigDotBoard(13, 21), 2);
-  d.scene.settings.type = 2;
-  d.scene.settings.f_scale = 0.75;
+  d.recipe.settings.f_scale = 0.75;
   return d;
 }
 
-Draft polynomial() {
-  Draft d = draft(polyRig({1920, 1200, 60.0}), bigDotBoard(27, 41), 2);
-  d.scene.settings.type = 3;
-  return d;
-}
+Draft polynomial() { return draft(polyLenses({1920, 1200, 60.0}), bigDotBoard(27, 41), 2); }
 
 Draft misaligned() {
   constexpr double kOff = 0.05 * std::numbers::pi / 180.0;
   Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 2);
-  Angles& angles = d.scene.given.right_from_left_angles;
-  angles.rx = static_cast<double>(static_cast<float>(angles.rx + kOff));
-  angles.rz = static_cast<double>(static_cast<float>(angles.rz + kOff));
+  d.recipe.given = d.recipe.rig;
+  Angles& angles = d.recipe.given->right_from_left_angles;
+  angles.rx = single(angles.rx + kOff);
+  angles.rz = single(angles.rz + kOff);
   return d;
 }
 
 Draft rectified() {
   Draft d = draft(rectifiedRig(k1280), bigDotBoard(21, 23), 3);
-  d.scene.settings.rectified = true;
+  d.recipe.settings.rectified = true;
   return d;
 }
 
 Draft frame() {
   Draft d = draft(brownRig(k1280), bigDotBoard(21, 23), 1);
-  d.scene.settings.frame_ids = {26, 56, 85, 110, 347, 377, 406, 431};
+  d.recipe.settings.frame_ids = {26, 56, 85, 110, 347, 377, 406, 431};
   return d;
 }
 
@@ -171,15 +167,13 @@ PoseWish wishOf(Tilt tilt, int index, double fill) {
   return wish;
 }
 
-Scene finished(Draft d, const PresetOptions& options) {
+SceneRecipe finished(const Draft& d, const PresetOptions& options) {
+  SceneRecipe recipe = d.recipe;
   const int pairs = options.pairs.value_or(d.pairs);
-  for (int index = 0; index < pairs; ++index) {
-    d.scene.left_from_board.push_back(fitPose(d.scene.rig, d.scene.board, wishOf(d.tilt, index, d.fill)));
-  }
-  d.scene.seed = options.seed.value_or(d.scene.seed);
-  d.scene.optics.read_noise = options.read_noise.value_or(d.scene.optics.read_noise);
-  if (d.scene.optics.read_noise == 0.0) d.scene.optics.shot_noise = 0.0;
-  return d.scene;
+  for (int index = 0; index < pairs; ++index) recipe.poses.emplace_back(wishOf(d.tilt, index, d.fill));
+  recipe.seed = options.seed.value_or(recipe.seed);
+  if (options.read_noise) setNoise(recipe.optics, *options.read_noise);
+  return recipe;
 }
 
 }  // namespace
@@ -198,15 +192,21 @@ std::vector<std::string> presetNames() {
   return names;
 }
 
-std::optional<Scene> makePreset(const std::string& name, const PresetOptions& options) {
+std::optional<SceneRecipe> presetRecipe(const std::string& name, const PresetOptions& options) {
   for (const Preset& preset : kPresets) {
     if (name != preset.name) continue;
-    Scene scene = finished(preset.make(), options);
-    scene.name = preset.name;
-    scene.note = preset.note;
-    return scene;
+    SceneRecipe recipe = finished(preset.make(), options);
+    recipe.name = preset.name;
+    recipe.note = preset.note;
+    return recipe;
   }
   return std::nullopt;
+}
+
+std::optional<Scene> makePreset(const std::string& name, const PresetOptions& options) {
+  const std::optional<SceneRecipe> recipe = presetRecipe(name, options);
+  if (!recipe) return std::nullopt;
+  return sceneOf(*recipe);
 }
 
 }  // namespace scene

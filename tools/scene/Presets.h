@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/scene/Scene.h"
+#include "tools/scene/SceneRecipe.h"
 
 namespace scene {
 
@@ -25,6 +25,9 @@ std::vector<PresetInfo> presetInfos();
 
 /// The names only, in the same order.
 std::vector<std::string> presetNames();
+
+/// What the scene of that name is made from; empty when there is none.
+std::optional<SceneRecipe> presetRecipe(const std::string& name, const PresetOptions& options = {});
 
 /// The scene of that name; empty when there is none.
 std::optional<Scene> makePreset(const std::string& name, const PresetOptions& options = {});
