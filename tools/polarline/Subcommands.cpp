@@ -10,5 +10,8 @@ std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
       addBoard(polarline),
   };
 }
+Subcommand addSimulate(CLI::App& polarline);
+
+std::vector<Subcommand> addSubcommands(CLI::App& polarline) { return {addSimulate(polarline)}; }
 
 }  // namespace command

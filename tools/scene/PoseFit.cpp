@@ -45,6 +45,24 @@ View viewOf(const Camera& camera, const std::vector<Point3>& border_camera) {
   return view;
 }
 
+struct Views {
+  View left, right;
+};
+
+/// `border` is relative to the board's centre, `centre` in the left camera's frame.
+Views viewsOf(const StereoRig& rig, const std::vector<Point3>& border, const Matrix3& rotation, const Point3& centre) {
+  std::vector<Point3> border_left, border_right;
+  for (const Point3& point : border) {
+    border_left.push_back(rotation * point + centre);
+    border_right.push_back(rightFromLeft(rig, border_left.back()));
+  }
+  return {viewOf(rig.left, border_left), viewOf(rig.right, border_right)};
+}
+
+Point3 firstToCentre(const Board& board) {
+  return {(board.cols - 1) / 2.0 * board.step, (board.rows - 1) / 2.0 * rowStep(board), 0.0};
+}
+
 }  // namespace
 
 Pose fitPose(const StereoRig& rig, const Board& board, const PoseWish& wish) {
@@ -52,21 +70,20 @@ Pose fitPose(const StereoRig& rig, const Board& board, const PoseWish& wish) {
   const std::vector<Point3> border = borderOf(board);
   Point3 centre{0.0, 0.0, 4.0 * board.step * std::max(board.cols, board.rows)};
   for (int step = 0; step < kSteps; ++step) {
-    std::vector<Point3> border_left, border_right;
-    for (const Point3& point : border) {
-      border_left.push_back(rotation * point + centre);
-      border_right.push_back(rightFromLeft(rig, border_left.back()));
-    }
-    const View left = viewOf(rig.left, border_left);
-    const View right = viewOf(rig.right, border_right);
+    const auto [left, right] = viewsOf(rig, border, rotation, centre);
     const double off_x = (left.left + left.right + right.left + right.right) / 4.0;
     const double off_y = (left.top + left.bottom + right.top + right.bottom) / 4.0;
     centre.x -= off_x * rig.left.width / 2.0 * centre.z / rig.left.fx;
     centre.y -= off_y * rig.left.height / 2.0 * centre.z / rig.left.fy;
     centre.z *= std::max(left.reach(), right.reach()) / wish.fill;
   }
-  const Point3 first_to_centre{(board.cols - 1) / 2.0 * board.step, (board.rows - 1) / 2.0 * rowStep(board), 0.0};
-  return {rotation, centre - rotation * first_to_centre};
+  return {rotation, centre - rotation * firstToCentre(board)};
+}
+
+double reachOf(const StereoRig& rig, const Board& board, const Pose& left_from_board) {
+  const Point3 centre = transformed(left_from_board, firstToCentre(board));
+  const Views views = viewsOf(rig, borderOf(board), left_from_board.rotation, centre);
+  return std::max(views.left.reach(), views.right.reach());
 }
 
 }  // namespace scene

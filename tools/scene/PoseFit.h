@@ -20,4 +20,7 @@ struct PoseWish {
 /// lets it come. Precondition: the board can be brought so into both images.
 Pose fitPose(const StereoRig& rig, const Board& board, const PoseWish& wish);
 
+/// The largest reach of the paper's outline from either image's centre, as a share of half the image's size.
+double reachOf(const StereoRig& rig, const Board& board, const Pose& left_from_board);
+
 }  // namespace scene

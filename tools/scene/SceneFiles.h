@@ -3,8 +3,8 @@
 #include <opencv2/core.hpp>
 #include <string>
 
-/// The file system as the renderer uses it: the system's own paths. Every failure throws std::runtime_error that names
-/// the path.
+/// The file system as the renderer uses it: the system's own paths. Every failure throws polarline::OutputError that
+/// names the path.
 namespace scene {
 
 /// Makes the folder and those above it; no failure if it is there.

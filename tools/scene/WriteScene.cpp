@@ -27,35 +27,39 @@ std::string rectifiedText(const StereoRig& rig) {
                      n.disparity_offset);
 }
 
-void writeImages(const Scene& scene, const std::string& folder) {
+std::string listText(const Scene& scene) {
   std::string list = "#L R\n";
-  for (std::size_t index = 0; index < scene.left_from_board.size(); ++index) {
-    const ImagePair pair = renderPair(scene, index);
-    writePng(fmt::format("{}/left_{}.png", folder, index), pair.left);
-    writePng(fmt::format("{}/right_{}.png", folder, index), pair.right);
+  for (std::size_t index = 0; index < scene.left_from_board.size(); ++index)
     list += fmt::format("left_{}.png right_{}.png\n", index, index);
-  }
-  writeFile(folder + "/list.txt", list);
+  return list;
 }
 
-void writeCalibration(const Scene& scene, const std::string& folder) {
-  writeCalibrationBinary(folder + "/calib.bin", binaryCameras(scene.given));
-  if (scene.given.left.model != LensModel::kPoly) writeFile(folder + "/calib.json", calibrationJson(scene.given));
-  if (scene.settings.rectified) writeFile(folder + "/rectified.txt", rectifiedText(scene.given));
+std::string binaryText(const StereoRig& rig) {
+  const std::vector<std::uint8_t> bytes = calibrationBinary(binaryCameras(rig));
+  return {bytes.begin(), bytes.end()};
 }
 
 }  // namespace
 
-void writeScene(const Scene& scene, const std::string& folder) {
+std::vector<SetFile> setFiles(const Scene& scene) {
+  std::vector<SetFile> files{{"calib.bin", binaryText(scene.given)}, {"target.ini", targetIni(scene)},
+                             {"target.json", targetJson(scene)},     {"target.yml", targetYaml(scene)},
+                             {"polar.txt", polarText(scene)},        {"board_gt.txt", boardText(scene.board)},
+                             {"list.txt", listText(scene)},          {"truth.json", truthJson(scene)}};
+  if (scene.given.left.model != LensModel::kPoly) files.push_back({"calib.json", calibrationJson(scene.given)});
+  if (scene.settings.rectified) files.push_back({"rectified.txt", rectifiedText(scene.given)});
+  return files;
+}
+
+void writeScene(const Scene& scene, const std::string& folder, const PairsDone& done) {
   makeFolder(folder);
-  writeImages(scene, folder);
-  writeCalibration(scene, folder);
-  writeFile(folder + "/target.ini", targetIni(scene));
-  writeFile(folder + "/target.json", targetJson(scene));
-  writeFile(folder + "/target.yml", targetYaml(scene));
-  writeFile(folder + "/polar.txt", polarText(scene));
-  writeFile(folder + "/board_gt.txt", boardText(scene.board));
-  writeFile(folder + "/truth.json", truthJson(scene));
+  for (const SetFile& file : setFiles(scene)) writeFile(folder + "/" + file.name, file.content);
+  for (std::size_t index = 0; index < scene.left_from_board.size(); ++index) {
+    const ImagePair pair = renderPair(scene, index);
+    writePng(fmt::format("{}/left_{}.png", folder, index), pair.left);
+    writePng(fmt::format("{}/right_{}.png", folder, index), pair.right);
+    if (done) done(index + 1);
+  }
 }
 
 }  // namespace scene

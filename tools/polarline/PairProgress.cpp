@@ -1,0 +1,27 @@
+#include "tools/polarline/PairProgress.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+#include "tools/polarline/Terminal.h"
+
+namespace command {
+
+PairProgress::PairProgress(bool quiet) : visible_(!quiet && terminal::isTerminal(stderr)) {}
+
+void PairProgress::show(std::size_t done, std::size_t all) {
+  if (!visible_ || done == 0) return;
+  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
+  const double left = passed.count() / static_cast<double>(done) * static_cast<double>(all - done);
+  fmt::print(stderr, "\rpair {} of {}, {:.0f} s left\033[K", done, all, left);
+  std::fflush(stderr);
+  shown_ = true;
+}
+
+void PairProgress::clear() {
+  if (shown_) fmt::print(stderr, "\r\033[K");
+  shown_ = false;
+}
+
+}  // namespace command

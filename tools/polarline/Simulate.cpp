@@ -1,0 +1,89 @@
+#include "polarline/simulate.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "platform/WholeFile.h"
+#include "polarline/errors.h"
+#include "tools/polarline/PairProgress.h"
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+namespace {
+
+struct Request {
+  std::string scene, folder;
+  bool list = false;
+  bool print = false;
+  polarline::SimulateOptions options;
+  ResultOptions result;
+};
+
+int listed() {
+  std::string text;
+  for (const polarline::PresetInfo& info : polarline::presets())
+    text += fmt::format("{:<20}{}\n", info.name, info.note);
+  deliver("-", text);
+  return kDone;
+}
+
+void tell(const Request& request, const polarline::SimulatedSet& set) {
+  const bool json_on_output = request.result.json == "-";
+  if (!request.result.quiet && !json_on_output)
+    deliver("-", fmt::format("{}: {} {} in {}\n", set.name, set.pairs, set.pairs == 1 ? "pair" : "pairs", set.folder));
+  if (request.result.json.empty()) return;
+  const nlohmann::ordered_json json{{"schema", "polarline-simulate/1"},
+                                    {"scene", request.scene},
+                                    {"name", set.name},
+                                    {"folder", set.folder},
+                                    {"pairs", set.pairs},
+                                    {"seed", set.seed}};
+  deliver(request.result.json, json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+}
+
+int simulated(const Request& request) {
+  const whole_file::PartialFolder scratch(request.folder);  // Known to whoever clears up at a signal.
+  polarline::SimulateOptions options = request.options;
+  options.scratch = scratch.path().string();
+  PairProgress progress(request.result.quiet);
+  options.progress = [&](std::size_t done, std::size_t all) { progress.show(done, all); };
+  const polarline::SimulatedSet set = polarline::simulate(request.scene, request.folder, options);
+  progress.clear();
+  tell(request, set);
+  return kDone;
+}
+
+int run(const Request& request) {
+  if (request.list) return listed();
+  if (request.scene.empty()) throw polarline::InputError("SCENE", "found none, wanted a preset or a scene file");
+  if (request.print) {
+    deliver("-", polarline::sceneFile(request.scene, request.options));
+    return kDone;
+  }
+  if (request.folder.empty()) throw polarline::InputError("FOLDER", "found none, wanted the folder of the set");
+  return simulated(request);
+}
+
+}  // namespace
+
+Subcommand addSimulate(CLI::App& polarline) {
+  CLI::App* app = polarline.add_subcommand("simulate", "Renders a set of pictures with exact truth");
+  const auto request = std::make_shared<Request>();
+  app->add_option("SCENE", request->scene, "A preset (--list shows them) or a scene file");
+  app->add_option("FOLDER", request->folder, "Where the set goes: a new or an empty folder");
+  app->add_flag("--list", request->list, "Show the presets");
+  app->add_flag("--print-scene", request->print, "Print SCENE as a scene file that tells everything, to change it");
+  app->add_option("--pairs", request->options.pairs, "Pairs of pictures, 1 to 1000")->type_name("N");
+  app->add_option("--seed", request->options.seed, "Seed of the noise")->type_name("N");
+  app->add_option("--noise", request->options.noise, "Read noise in greys; 0 takes all noise away")->type_name("GREYS");
+  app->add_flag("--force", request->options.force, "Write into a folder that is not empty");
+  addResultOptions(*app, request->result);
+  addExample(*app, "polarline simulate ring_320 simulated --pairs 1 --force");
+  return {app, [request] { return run(*request); }};
+}
+
+}  // namespace command
