@@ -1,0 +1,202 @@
+#include "tools/scene/SceneFile.h"
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "polarline/errors.h"
+#include "support/TempFolder.h"
+#include "tools/scene/SceneChecks.h"
+#include "tools/scene/TruthJson.h"
+
+namespace {
+
+using scene::parsedScene;
+using scene::SceneRecipe;
+
+SceneRecipe parsed(const std::string& text) { return parsedScene(text, "scene.json", {}); }
+
+/// The message of what is refused, by the reader or by the checks.
+std::string refusal(const std::string& text) {
+  try {
+    const SceneRecipe recipe = parsed(text);
+    scene::checkRecipe(recipe, "scene.json");
+    scene::checkPoses(recipe, scene::sceneOf(recipe), "scene.json");
+  } catch (const polarline::InputError& error) {
+    return error.what();
+  }
+  return "accepted";
+}
+
+TEST(SceneFile, NothingIsTheUsualPreset) {
+  const SceneRecipe recipe = parsed("{}");
+  EXPECT_EQ(recipe.name, "ring_640");
+  EXPECT_EQ(recipe.poses.size(), 3U);
+}
+
+TEST(SceneFile, KeysReplaceWhatThePresetSays) {
+  const SceneRecipe recipe = parsed(R"({"preset": "big_640", "name": "mine", "seed": 18446744073709551615,
+      "board": {"rows": 23, "dot_radius": 0.25}, "optics": {"bits": 12, "channel_gain": [1, 0.5, 0.25]},
+      "settings": {"f_scale": 0.8, "id_method": 1}, "misalignment": {"baseline_z": -1.5}})");
+  EXPECT_EQ(recipe.name, "mine");
+  EXPECT_EQ(recipe.seed, 18446744073709551615U);
+  EXPECT_EQ(recipe.board.rows, 23);
+  EXPECT_EQ(recipe.board.cols, 23);
+  EXPECT_EQ(recipe.board.kind, scene::BoardKind::kBigDots);
+  EXPECT_EQ(recipe.board.dot_radius, 0.25);
+  EXPECT_EQ(recipe.optics.bits, 12);
+  EXPECT_EQ(recipe.optics.channel_gain[2], 0.25);
+  EXPECT_EQ(recipe.settings.f_scale, 0.8);
+  EXPECT_EQ(recipe.settings.id_method, 1);
+  EXPECT_EQ(recipe.misalignment.baseline_z, -1.5);
+}
+
+TEST(SceneFile, EveryPresetPrintedMakesTheSameSceneToTheLastDigit) {
+  for (const std::string& name : scene::presetNames()) {
+    const SceneRecipe printed = parsed(scene::sceneText(*scene::presetRecipe(name)));
+    EXPECT_EQ(scene::sceneText(printed), scene::sceneText(*scene::presetRecipe(name))) << name;
+    // The truth tells the board, the optics, the cameras, the poses and every dot.
+    EXPECT_EQ(scene::truthJson(scene::sceneOf(printed)), scene::truthJson(*scene::makePreset(name))) << name;
+  }
+}
+
+TEST(SceneFile, AnotherSizeKeepsTheFieldOfView) {
+  const SceneRecipe recipe = parsed(R"({"preset": "rectified_1280", "rig": {"width": 640, "height": 256}})");
+  // 1280 x 1024: fx = 0.9 x 1280 = 1152, cx = 0.496 x 1280 = 634.88, cy = 512 + 0.002 x 1280 = 514.56
+  EXPECT_FLOAT_EQ(static_cast<float>(recipe.rig.right.fx), 576.0F);
+  EXPECT_FLOAT_EQ(static_cast<float>(recipe.rig.right.cx), 317.44F);
+  EXPECT_FLOAT_EQ(static_cast<float>(recipe.rig.right.cy), 128.64F);
+}
+
+TEST(SceneFile, FocalLengthAndBaselineStandForSeveralNumbers) {
+  const SceneRecipe recipe = parsed(R"({"preset": "rectified_1280", "rig": {"focal": 576, "baseline": 80.5}})");
+  EXPECT_EQ(recipe.rig.left.fy, 576.0);
+  EXPECT_EQ(recipe.rig.right.fx, 576.0);
+  EXPECT_EQ(recipe.rig.right_from_left_translation.x, -80.5);
+}
+
+TEST(SceneFile, AnglesAreDegreesAndTheCalibrationIsSinglePrecision) {
+  const SceneRecipe recipe = parsed(R"({"rig": {"rotation": [0, 0, 30], "left": {"k1": 0.1}}})");
+  EXPECT_EQ(recipe.rig.right_from_left_angles.rz, static_cast<double>(static_cast<float>(std::numbers::pi / 6.0)));
+  EXPECT_EQ(recipe.rig.left.lens[0], static_cast<double>(0.1F));
+}
+
+TEST(SceneFile, AnotherLensModelBeginsWithoutCoefficients) {
+  const SceneRecipe fisheye = parsed(R"({"rig": {"model": "fisheye", "right": {"k2": 0.5}}})");
+  EXPECT_EQ(fisheye.rig.left.lens, (std::array<double, 8>{}));
+  EXPECT_EQ(fisheye.rig.right.lens[1], 0.5);
+  EXPECT_EQ(scene::sceneOf(fisheye).settings.type, 2);
+  EXPECT_EQ(scene::sceneOf(parsed(R"({"rig": {"model": "poly"}})")).rig.left.table.x.size(), 4U * 4U * 10U);
+}
+
+TEST(SceneFile, APlacedPoseIsTakenAsItIs) {
+  const scene::Scene made =
+      scene::sceneOf(parsed(R"({"poses": [{"rotation": [0, 0, 90], "translation": [10, 20, 900]}]})"));
+  ASSERT_EQ(made.left_from_board.size(), 1U);
+  const scene::Point3 point = scene::transformed(made.left_from_board[0], {100.0, 0.0, 0.0});
+  EXPECT_NEAR(point.x, 10.0, 1e-12);
+  EXPECT_NEAR(point.y, 120.0, 1e-12);
+  EXPECT_EQ(point.z, 900.0);
+}
+
+TEST(SceneFile, PosesTakeTurnsWhereThereAreMorePairs) {
+  const std::string two = R"("poses": [{"roll": 1}, {"roll": 2}])";
+  const auto roll = [](const SceneRecipe& recipe, std::size_t index) {
+    return std::get<scene::PoseWish>(recipe.poses.at(index)).roll;
+  };
+  const SceneRecipe three = parsed("{\"pairs\": 3, " + two + "}");
+  ASSERT_EQ(three.poses.size(), 3U);
+  EXPECT_EQ(roll(three, 1), 2.0);
+  EXPECT_EQ(roll(three, 2), 1.0);
+  const SceneRecipe one = parsedScene("{\"pairs\": 3, " + two + "}", "", {.pairs = 1, .seed = {}, .read_noise = {}});
+  EXPECT_EQ(one.poses.size(), 1U);
+}
+
+TEST(SceneFile, OptionsWinOverTheFile) {
+  const SceneRecipe recipe =
+      parsedScene(R"({"seed": 3, "noise": 2.5})", "", {.pairs = 2, .seed = 9, .read_noise = 0.0});
+  EXPECT_EQ(recipe.poses.size(), 2U);
+  EXPECT_EQ(recipe.seed, 9U);
+  EXPECT_EQ(recipe.optics.read_noise, 0.0);
+  EXPECT_EQ(recipe.optics.shot_noise, 0.0);
+  EXPECT_EQ(parsed(R"({"noise": 2.5})").optics.read_noise, 2.5);
+}
+
+TEST(SceneFile, GivenIsTheCalibrationAndTheRigTakesThePictures) {
+  const scene::Scene made = scene::sceneOf(parsed(R"({"given": {"right": {"cy": 250}}})"));
+  EXPECT_EQ(made.given.right.cy, 250.0);
+  EXPECT_NE(made.rig.right.cy, 250.0);
+  const scene::Scene off = scene::sceneOf(parsed(R"({"misalignment": {"row_offset": 0.5}})"));
+  EXPECT_EQ(off.rig.right.cy, off.given.right.cy + 0.5);
+}
+
+struct Refused {
+  const char* text;
+  const char* message;  ///< Or how it begins.
+};
+
+class SceneFileRefuses : public testing::TestWithParam<Refused> {};
+
+TEST_P(SceneFileRefuses, WithThePlaceWhatWasFoundAndWhatWasWanted) {
+  EXPECT_EQ(refusal(GetParam().text).substr(0, std::string(GetParam().message).size()), GetParam().message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, SceneFileRefuses,
+    testing::Values(
+        Refused{"", "scene.json: line 1: found no JSON"},
+        Refused{"{\n\"seed\": 1,\n}", "scene.json: line 3: found no JSON"},
+        Refused{"[]", "scene.json: found no JSON object"}, Refused{R"({"seed": 1e999})", "scene.json: found no JSON"},
+        Refused{R"({"schema": "polarline-scene/2"})",
+                "scene.json: schema: found \"polarline-scene/2\", wanted one of polarline-scene/1"},
+        Refused{R"({"preset": "ring"})", "scene.json: preset: found \"ring\", wanted one of ring_320, ring_640"},
+        Refused{R"({"pairs": 0})", "scene.json: pairs: found 0, wanted a whole number from 1 to 1000"},
+        Refused{R"({"seed": -1})", "scene.json: seed: found -1, wanted a whole number from 0 to 18446744073709551615"},
+        Refused{R"({"board": []})", "scene.json: board: found [], wanted an object"},
+        Refused{R"({"board": {"rows": "35"}})",
+                "scene.json: board.rows: found \"35\", wanted a whole number from 5 to 255"},
+        Refused{R"({"board": {"rows": 35.5}})", "scene.json: board.rows: found 35.5, wanted a whole number"},
+        Refused{R"({"board": {"rowz": 35}})",
+                "scene.json: board.rowz: found a key that nothing reads, wanted one of kind, rows, cols"},
+        Refused{R"({"board": {"rows": 5, "rows": 7}})", "scene.json: rows: found twice in an object, wanted once"},
+        Refused{R"({"board": {"kind": "rings"}})",
+                "scene.json: board.kind: found \"rings\", wanted one of small_rings, big_rings, mixed_rings, big_dots"},
+        Refused{R"({"board": {"small_ring": {"outer": 0}}})",
+                "scene.json: board.small_ring.outer: found 0, wanted a number from 0.01 to 2"},
+        Refused{R"({"board": {"inner_width": 39}})", "scene.json: board: found a marker in row 14, column -1, wanted"},
+        Refused{R"({"rig": {"rotation": [1, 2]}})",
+                "scene.json: rig.rotation: found [1,2], wanted a list of 3 numbers"},
+        Refused{R"({"rig": {"rotation": [1, 2, null]}})", "scene.json: rig.rotation[2]: found null, wanted a number"},
+        Refused{R"({"rig": {"cells": {"columns": 3}}})", "scene.json: rig.cells: found a key that nothing reads"},
+        Refused{R"({"rig": {"model": "poly", "cells": {"columns": 6, "rows": 5}}})",
+                "scene.json: rig.cells: found 6 x 5 cells, wanted at most 25"},
+        Refused{R"({"rig": {"translation": [1, -60, 0]}})",
+                "scene.json: rig.translation: found [1, -60, 0], wanted a right camera"},
+        Refused{R"({"given": {"width": 320}})", "scene.json: given: found another lens model or image size"},
+        Refused{R"({"given": {}, "misalignment": {"k1": 0.1}})", "scene.json: misalignment: found beside \"given\""},
+        Refused{R"({"poses": []})", "scene.json: poses: found [], wanted a list of 1 to 1000 objects"},
+        Refused{R"({"poses": [{}, {"fill": 2}]})",
+                "scene.json: poses[1].fill: found 2, wanted a number from 0.05 to 1"},
+        Refused{R"({"poses": [{"rotation": [0, 0, 0], "tilt_x": 3}]})",
+                "scene.json: poses[0].tilt_x: found a key that nothing reads"},
+        Refused{R"({"poses": [{"translation": [0, 0, -500]}]})",
+                "scene.json: poses[0]: found the board beside or behind a camera"},
+        Refused{R"({"rig": {"rotation": [0, 40, 0]}, "poses": [{"fill": 0.3}]})",
+                "scene.json: poses[0]: found a board"},
+        Refused{R"({"name": "a\nb: 1"})",
+                "scene.json: name: found \"a\\nb: 1\", wanted a text without control characters"},
+        Refused{R"({"optics": {"channels": 2}})", "scene.json: optics.channels: found 2, wanted 1 or 3"},
+        Refused{R"({"settings": {"rectified": 1}})", "scene.json: settings.rectified: found 1, wanted true or false"},
+        Refused{R"({"settings": {"rectified": true}})", "scene.json: settings.rectified: found true, wanted cameras"},
+        Refused{R"({"preset": "frame_1280", "settings": {"frame_ids": [483]}})",
+                "scene.json: settings.frame_ids: found 483, wanted ids from 0 to 482"}));
+
+TEST(SceneFile, AFileThatCannotBeReadIsNamed) {
+  const TempFolder folder;
+  EXPECT_THROW(scene::readScene(folder.file("none.json"), {}), polarline::InputError);
+  EXPECT_THROW(scene::readScene(folder.path().string(), {}), polarline::InputError);
+  EXPECT_THROW(scene::readScene("/dev/zero", {}), polarline::InputError);
+  EXPECT_EQ(scene::readScene(folder.write("blank name.json", "{\"name\": \"x\"}"), {}).name, "x");
+}
+
+}  // namespace
