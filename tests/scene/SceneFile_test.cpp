@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <nlohmann/json.hpp>
 #include <numbers>
 
 #include "polarline/errors.h"
+#include "support/SchemaCheck.h"
 #include "support/TempFolder.h"
 #include "tools/scene/SceneChecks.h"
 #include "tools/scene/TruthJson.h"
@@ -130,9 +133,13 @@ TEST(SceneFile, GivenIsTheCalibrationAndTheRigTakesThePictures) {
   EXPECT_EQ(off.rig.right.cy, off.given.right.cy + 0.5);
 }
 
+/// A schema knows nothing of what keys must be to each other.
+enum class BySchema { kToo, kNot };
+
 struct Refused {
   const char* text;
   const char* message;  ///< Or how it begins.
+  BySchema by_schema = BySchema::kToo;
 };
 
 class SceneFileRefuses : public testing::TestWithParam<Refused> {};
@@ -158,38 +165,102 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{R"({"board": {"rows": 35.5}})", "scene.json: board.rows: found 35.5, wanted a whole number"},
         Refused{R"({"board": {"rowz": 35}})",
                 "scene.json: board.rowz: found a key that nothing reads, wanted one of kind, rows, cols"},
-        Refused{R"({"board": {"rows": 5, "rows": 7}})", "scene.json: rows: found twice in an object, wanted once"},
+        Refused{R"({"board": {"rows": 5, "rows": 7}})", "scene.json: rows: found twice in an object, wanted once",
+                BySchema::kNot},
         Refused{R"({"board": {"kind": "rings"}})",
                 "scene.json: board.kind: found \"rings\", wanted one of small_rings, big_rings, mixed_rings, big_dots"},
         Refused{R"({"board": {"small_ring": {"outer": 0}}})",
                 "scene.json: board.small_ring.outer: found 0, wanted a number from 0.01 to 2"},
-        Refused{R"({"board": {"inner_width": 39}})", "scene.json: board: found a marker in row 14, column -1, wanted"},
+        Refused{R"({"board": {"inner_width": 39}})", "scene.json: board: found a marker in row 14, column -1, wanted",
+                BySchema::kNot},
         Refused{R"({"rig": {"rotation": [1, 2]}})",
                 "scene.json: rig.rotation: found [1,2], wanted a list of 3 numbers"},
         Refused{R"({"rig": {"rotation": [1, 2, null]}})", "scene.json: rig.rotation[2]: found null, wanted a number"},
-        Refused{R"({"rig": {"cells": {"columns": 3}}})", "scene.json: rig.cells: found a key that nothing reads"},
+        Refused{R"({"rig": {"cells": {"columns": 3}}})", "scene.json: rig.cells: found a key that nothing reads",
+                BySchema::kNot},
         Refused{R"({"rig": {"model": "poly", "cells": {"columns": 6, "rows": 5}}})",
-                "scene.json: rig.cells: found 6 x 5 cells, wanted at most 25"},
+                "scene.json: rig.cells: found 6 x 5 cells, wanted at most 25", BySchema::kNot},
         Refused{R"({"rig": {"translation": [1, -60, 0]}})",
-                "scene.json: rig.translation: found [1, -60, 0], wanted a right camera"},
-        Refused{R"({"given": {"width": 320}})", "scene.json: given: found another lens model or image size"},
-        Refused{R"({"given": {}, "misalignment": {"k1": 0.1}})", "scene.json: misalignment: found beside \"given\""},
+                "scene.json: rig.translation: found [1, -60, 0], wanted a right camera", BySchema::kNot},
+        Refused{R"({"given": {"width": 320}})", "scene.json: given: found another lens model or image size",
+                BySchema::kNot},
+        Refused{R"({"given": {}, "misalignment": {"k1": 0.1}})", "scene.json: misalignment: found beside \"given\"",
+                BySchema::kNot},
         Refused{R"({"poses": []})", "scene.json: poses: found [], wanted a list of 1 to 1000 objects"},
         Refused{R"({"poses": [{}, {"fill": 2}]})",
                 "scene.json: poses[1].fill: found 2, wanted a number from 0.05 to 1"},
         Refused{R"({"poses": [{"rotation": [0, 0, 0], "tilt_x": 3}]})",
                 "scene.json: poses[0].tilt_x: found a key that nothing reads"},
         Refused{R"({"poses": [{"translation": [0, 0, -500]}]})",
-                "scene.json: poses[0]: found the board beside or behind a camera"},
-        Refused{R"({"rig": {"rotation": [0, 40, 0]}, "poses": [{"fill": 0.3}]})",
-                "scene.json: poses[0]: found a board"},
+                "scene.json: poses[0]: found the board beside or behind a camera", BySchema::kNot},
+        Refused{R"({"rig": {"rotation": [0, 40, 0]}, "poses": [{"fill": 0.3}]})", "scene.json: poses[0]: found a board",
+                BySchema::kNot},
         Refused{R"({"name": "a\nb: 1"})",
                 "scene.json: name: found \"a\\nb: 1\", wanted a text without control characters"},
         Refused{R"({"optics": {"channels": 2}})", "scene.json: optics.channels: found 2, wanted 1 or 3"},
         Refused{R"({"settings": {"rectified": 1}})", "scene.json: settings.rectified: found 1, wanted true or false"},
-        Refused{R"({"settings": {"rectified": true}})", "scene.json: settings.rectified: found true, wanted cameras"},
+        Refused{R"({"settings": {"rectified": true}})", "scene.json: settings.rectified: found true, wanted cameras",
+                BySchema::kNot},
         Refused{R"({"preset": "frame_1280", "settings": {"frame_ids": [483]}})",
-                "scene.json: settings.frame_ids: found 483, wanted ids from 0 to 482"}));
+                "scene.json: settings.frame_ids: found 483, wanted ids from 0 to 482", BySchema::kNot}));
+
+/// The published schema.
+const SchemaCheck& schema() {
+  static const SchemaCheck check(nlohmann::ordered_json::parse(TempFolder::contentOf(SCENE_SCHEMA)));
+  return check;
+}
+
+TEST(SceneFileSchema, DescribesEveryPrintedPreset) {
+  for (const std::string& name : scene::presetNames()) {
+    const std::string text = scene::sceneText(*scene::presetRecipe(name));
+    EXPECT_EQ(schema().problem(nlohmann::ordered_json::parse(text)), "") << name;
+    EXPECT_EQ(schema().problem({{"preset", name}}), "");
+  }
+}
+
+/// Every key that the schema describes, set to the least that it allows, alone in its objects.
+void addLeast(const nlohmann::ordered_json& root, const nlohmann::ordered_json& rule,
+              const std::function<void(nlohmann::ordered_json)>& add) {
+  if (rule.contains("$ref"))
+    return addLeast(root, root.at(nlohmann::ordered_json::json_pointer(rule["$ref"].get<std::string>().substr(1))),
+                    add);
+  if (rule.contains("properties")) {
+    for (const auto& [key, member] : rule["properties"].items())
+      addLeast(root, member, [&add, name = key](const auto& least) { add({{name, least}}); });
+  } else if (rule.contains("anyOf")) {
+    for (const auto& each : rule["anyOf"]) addLeast(root, each, add);
+  } else if (rule.value("type", "") == "array") {
+    const auto count = rule.value("minItems", std::size_t{0});
+    addLeast(root, rule["items"],
+             [&](const auto& least) { add(nlohmann::ordered_json(nlohmann::ordered_json::array_t(count, least))); });
+  } else if (rule.contains("enum")) {
+    add(rule["enum"][0]);
+  } else {
+    const std::string type = rule.value("type", "");
+    add(rule.contains("const") ? rule["const"]
+        : type == "string"     ? nlohmann::ordered_json("text")
+        : type == "boolean"    ? nlohmann::ordered_json(false)
+                               : rule["minimum"]);
+  }
+}
+
+TEST(SceneFileSchema, DescribesNothingThatTheReaderDoesNotTake) {
+  const auto root = nlohmann::ordered_json::parse(TempFolder::contentOf(SCENE_SCHEMA));
+  std::size_t keys = 0;
+  addLeast(root, root, [&](nlohmann::ordered_json document) {
+    const std::string text = document.dump();
+    if (text.find("cells") != std::string::npos) document.begin().value()["model"] = "poly";
+    EXPECT_NO_THROW(parsed(document.dump())) << text;
+    ++keys;
+  });
+  EXPECT_GT(keys, 100U);
+}
+
+TEST_P(SceneFileRefuses, AsTheSchemaDoesUnlessItIsBeyondOne) {
+  const auto document = nlohmann::ordered_json::parse(GetParam().text, nullptr, false);
+  const bool refused = document.is_discarded() || !schema().problem(document).empty();
+  EXPECT_EQ(refused, GetParam().by_schema == BySchema::kToo) << schema().problem(document);
+}
 
 TEST(SceneFile, AFileThatCannotBeReadIsNamed) {
   const TempFolder folder;
