@@ -71,4 +71,19 @@ POLARLINE_API Simulated simulateImages(const std::string& scene, const SimulateO
 /// `InputError`.
 POLARLINE_API std::string sceneFile(const std::string& scene, const SimulateOptions& options = {});
 
+/// What a library without any error would measure of a pair by the calibration given, of the dots that are drawn and
+/// wholly in both pictures. Named as the figures of the record are.
+struct TrueFigures {
+  std::size_t points = 0;
+  double dy_means = 0.0;  ///< Of the absolute row differences, pixels.
+  double dy_min = 0.0;
+  double dy_max = 0.0;
+  double zero_dis = 0.0;            ///< Mean distance of the dots from the left camera, board unit.
+  std::array<double, 6> pol_dis{};  ///< Measured less true length between the four points of the polar configuration:
+                                    ///< 1-2, 1-3, 2-4, 3-4, 1-4, 2-3; board unit.
+};
+
+/// The true figures of a simulated set, one a pair, from its truth.json. Throws `InputError`.
+POLARLINE_API std::vector<TrueFigures> truthOf(const std::string& folder);
+
 }  // namespace polarline

@@ -270,4 +270,13 @@ TEST(SceneFile, AFileThatCannotBeReadIsNamed) {
   EXPECT_EQ(scene::readScene(folder.write("blank name.json", "{\"name\": \"x\"}"), {}).name, "x");
 }
 
+TEST(SceneFile, TheExampleOfThePageIsOne) {
+  const std::string page = TempFolder::contentOf(SCENE_PAGE);
+  const std::size_t begin = page.find("```json") + 7;
+  const SceneRecipe recipe = parsed(page.substr(begin, page.find("```", begin) - begin));
+  EXPECT_EQ(recipe.name, "looks_down");
+  EXPECT_EQ(recipe.misalignment.row_offset, -0.4);
+  EXPECT_EQ(refusal(page.substr(begin, page.find("```", begin) - begin)), "accepted");
+}
+
 }  // namespace

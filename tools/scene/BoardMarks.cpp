@@ -73,6 +73,12 @@ std::vector<Mark> marksOf(const Board& board) {
 
 Point3 gridPoint(const Board& board, int column, int row) { return {column * board.step, row * rowStep(board), 0.0}; }
 
+std::array<int, 4> innerCornerIds(const Board& board) {
+  const int right = board.cols - 3;
+  const int lower = (board.rows - 3) * board.cols;
+  return {2 * board.cols + 2, 2 * board.cols + right, lower + 2, lower + right};
+}
+
 std::vector<Point3> boardPoints(const Board& board) {
   std::vector<Point3> points;
   for (const Mark& mark : marksOf(board)) points.push_back(gridPoint(board, mark.column, mark.row));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "tools/scene/Board.h"
@@ -33,6 +34,10 @@ std::vector<Mark> marksOf(const Board& board);
 
 /// The centre of a grid place, board frame, millimetres.
 Point3 gridPoint(const Board& board, int column, int row);
+
+/// Ids of the places two in from the board's corners: upper left, upper right, lower left, lower right. Precondition:
+/// at least three rows and columns.
+std::array<int, 4> innerCornerIds(const Board& board);
 
 /// All grid places by id, board frame, millimetres.
 std::vector<Point3> boardPoints(const Board& board);

@@ -12,15 +12,9 @@ namespace {
 
 std::string line(const std::string& key, const std::string& value) { return key + ": " + value + "\n"; }
 
-std::array<int, 4> cornerIds(const Board& board) {
-  const int right = board.cols - 3;
-  const int lower = (board.rows - 3) * board.cols;
-  return {2 * board.cols + 2, 2 * board.cols + right, lower + 2, lower + right};
-}
-
 /// The keys of the four points, for the prefix "Tri" or "Pol".
 std::string fourPoints(const Board& board, const std::string& prefix) {
-  const std::array<int, 4> ids = cornerIds(board);
+  const std::array<int, 4> ids = innerCornerIds(board);
   std::string text;
   for (std::size_t k = 0; k < 4; ++k)
     text += line(fmt::format("{}Point{}_ID", prefix, k + 1), fmt::format("{}", ids.at(k)));
@@ -59,7 +53,7 @@ std::string generalKeys(const Scene& scene) {
 }  // namespace
 
 std::string polarText(const Scene& scene) {
-  const std::array<int, 4> ids = cornerIds(scene.board);
+  const std::array<int, 4> ids = innerCornerIds(scene.board);
   const bool frame = !scene.settings.frame_ids.empty();
   std::string text = fmt::format("# {}\n", scene.name) + generalKeys(scene) + fourPoints(scene.board, "Tri") +
                      "tri_bias_savepng_swithch: 1\ntri_bias_divid: 0.1\ntir_bias_savecsv_swithch: 1\n"

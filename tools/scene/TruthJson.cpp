@@ -5,6 +5,7 @@
 #include "tools/scene/BoardMarks.h"
 #include "tools/scene/CalibrationJson.h"
 #include "tools/scene/Reachable.h"
+#include "tools/scene/TrueFigures.h"
 #include "tools/scene/Truth.h"
 
 namespace scene {
@@ -65,12 +66,19 @@ Json dotJson(const DotTruth& d) {
           d.row_difference};
 }
 
+Json figuresJson(const TrueFigures& f) {
+  return {{"points", f.points}, {"dy_means", f.dy_means}, {"dy_min", f.dy_min},
+          {"dy_max", f.dy_max}, {"zero_dis", f.zero_dis}, {"pol_dis", f.pol_dis}};
+}
+
 Json pairJson(const Scene& scene, std::size_t index) {
   const PairTruth truth = pairTruth(scene, index);
   Json dots = Json::array();
   for (const DotTruth& dot : truth.dots) dots.push_back(dotJson(dot));
-  return {
-      {"left_from_board", poseJson(truth.left_from_board)}, {"rectified_focal", truth.rectified_focal}, {"dots", dots}};
+  return {{"left_from_board", poseJson(truth.left_from_board)},
+          {"rectified_focal", truth.rectified_focal},
+          {"figures", figuresJson(trueFigures(scene, truth))},
+          {"dots", dots}};
 }
 
 }  // namespace
