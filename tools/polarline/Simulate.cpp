@@ -23,11 +23,19 @@ struct Request {
   ResultOptions result;
 };
 
-int listed() {
+std::string jsonText(const nlohmann::ordered_json& json) {
+  return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+int listed(const ResultOptions& result) {
   std::string text;
-  for (const polarline::PresetInfo& info : polarline::presets())
+  nlohmann::ordered_json json{{"schema", "polarline-presets/1"}, {"presets", nlohmann::ordered_json::array()}};
+  for (const polarline::PresetInfo& info : polarline::presets()) {
     text += fmt::format("{:<20}{}\n", info.name, info.note);
-  deliver("-", text);
+    json["presets"].push_back({{"name", info.name}, {"note", info.note}});
+  }
+  if (!result.quiet && result.json != "-") deliver("-", text);
+  if (!result.json.empty()) deliver(result.json, jsonText(json));
   return kDone;
 }
 
@@ -42,7 +50,7 @@ void tell(const Request& request, const polarline::SimulatedSet& set) {
                                     {"folder", set.folder},
                                     {"pairs", set.pairs},
                                     {"seed", set.seed}};
-  deliver(request.result.json, json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+  deliver(request.result.json, jsonText(json));
 }
 
 int simulated(const Request& request) {
@@ -58,7 +66,7 @@ int simulated(const Request& request) {
 }
 
 int run(const Request& request) {
-  if (request.list) return listed();
+  if (request.list) return listed(request.result);
   if (request.scene.empty()) throw polarline::InputError("SCENE", "found none, wanted a preset or a scene file");
   if (request.print) {
     deliver("-", polarline::sceneFile(request.scene, request.options));
@@ -82,7 +90,7 @@ Subcommand addSimulate(CLI::App& polarline) {
   app->add_option("--noise", request->options.noise, "Read noise in greys; 0 takes all noise away")->type_name("GREYS");
   app->add_flag("--force", request->options.force, "Write into a folder that is not empty");
   addResultOptions(*app, request->result);
-  addExample(*app, "polarline simulate ring_320 simulated --pairs 1 --force");
+  addExample(*app, "polarline simulate ring_320 simulated --pairs 1");
   return {app, [request] { return run(*request); }};
 }
 
