@@ -152,6 +152,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "scene.json: rig.cells: found 6 x 5 cells, wanted at most 25", BySchema::kNot},
         Refused{R"({"rig": {"translation": [1, -60, 0]}})",
                 "scene.json: rig.translation: found [1, -60, 0], wanted a right camera", BySchema::kNot},
+        Refused{R"({"rig": {"focal": 1000000}})", "scene.json: rig.left: found focal lengths of 1000000 and",
+                BySchema::kNot},
         Refused{R"({"given": {"width": 320}})", "scene.json: given: found another lens model or image size",
                 BySchema::kNot},
         Refused{R"({"given": {}, "misalignment": {"k1": 0.1}})", "scene.json: misalignment: found beside \"given\"",

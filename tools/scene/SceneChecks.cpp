@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include "polarline/errors.h"
 #include "tools/scene/BoardMarks.h"
 
@@ -23,7 +26,19 @@ void checkBoard(const Board& board, const std::string& place) {
   }
 }
 
+/// What `focal`, `width` and `height` made of the numbers of a camera.
+void checkCamera(const Camera& camera, const std::string& place, const std::string& key) {
+  const double shorter = std::min(camera.fx, camera.fy);
+  const double longer = std::max(camera.fx, camera.fy);
+  demand(shorter >= 1.0 && longer <= 1e6, place, key,
+         fmt::format("found focal lengths of {} and {}, wanted 1 to 1000000", camera.fx, camera.fy));
+  demand(std::max(std::abs(camera.cx), std::abs(camera.cy)) <= 1e5, place, key,
+         fmt::format("found the principal point ({}, {}), wanted one within 100000 pixels", camera.cx, camera.cy));
+}
+
 void checkRig(const StereoRig& rig, const std::string& place, const std::string& key) {
+  checkCamera(rig.left, place, key + ".left");
+  checkCamera(rig.right, place, key + ".right");
   const Point3& t = rig.right_from_left_translation;
   demand(std::abs(t.x) > std::abs(t.y), place, key + ".translation",
          fmt::format("found [{}, {}, {}], wanted a right camera that stands beside the left one", t.x, t.y, t.z));
