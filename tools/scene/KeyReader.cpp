@@ -109,15 +109,15 @@ void KeyReader::integers(const char* key, std::vector<int>& values, Span span) {
   for (const Json& each : *found) values.push_back(integerOf(fmt::format("{}[{}]", key, values.size()), each, span));
 }
 
-void KeyReader::members(const std::string& key, const Json& found, const Members& members) const {
+void KeyReader::readMembers(const std::string& key, const Json& found, const Members& members) const {
   if (!found.is_object()) refuse(key, found, "an object");
   KeyReader inner(found, file_, path_ + key + ".");
   members(inner);
   inner.finish();
 }
 
-void KeyReader::object(const char* key, const Members& each) {
-  if (const Json* found = find(key)) members(key, *found, each);
+void KeyReader::object(const char* key, const Members& members) {
+  if (const Json* found = find(key)) readMembers(key, *found, members);
 }
 
 void KeyReader::list(const char* key, std::size_t /*size*/, const std::function<void(std::size_t)>& resize,
@@ -128,7 +128,7 @@ void KeyReader::list(const char* key, std::size_t /*size*/, const std::function<
     refuse(key, *found, fmt::format("a list of 1 to {} objects", kMostPairs));
   resize(found->size());
   for (std::size_t k = 0; k < found->size(); ++k)
-    members(fmt::format("{}[{}]", key, k), (*found)[k], [&](Fields& fields) { element(fields, k); });
+    readMembers(fmt::format("{}[{}]", key, k), (*found)[k], [&](Fields& fields) { element(fields, k); });
 }
 
 void KeyReader::finish() const {

@@ -39,7 +39,7 @@ class KeyReader : public Fields {
   [[noreturn]] void refuse(const std::string& key, const Json& found, const std::string& wanted) const;
   double numberOf(const std::string& key, const Json& found, Span span) const;
   int integerOf(const std::string& key, const Json& found, Span span) const;
-  void members(const std::string& key, const Json& found, const Members& members) const;
+  void readMembers(const std::string& key, const Json& found, const Members& members) const;
 
   const Json& object_;
   std::string file_, path_;

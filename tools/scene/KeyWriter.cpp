@@ -10,7 +10,7 @@ namespace {
 double shortest(double value, Span span) {
   if (!span.single) return value;
   std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value)).ptr;
+  const auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value)).ptr;
   double shortened = 0.0;
   std::from_chars(digits.data(), end, shortened);
   return shortened;

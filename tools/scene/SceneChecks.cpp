@@ -65,13 +65,14 @@ std::vector<Point3> corners(const Board& board) {
 
 bool inFront(const Scene& scene, const Pose& left_from_board) {
   const Pose right_from_board = rightFromBoard(scene.rig, left_from_board);
-  for (const Point3& corner : corners(scene.board)) {
-    // Nearer than a step the outline of a dot may reach behind the camera.
-    const double nearest = scene.board.step;
-    if (!(transformed(left_from_board, corner).z > nearest && transformed(right_from_board, corner).z > nearest))
-      return false;
-  }
-  return true;
+  // Nearer than that the outline of a mark, up to two steps wide, may reach behind the camera.
+  const double nearest = 3.0 * std::max(scene.board.step, rowStep(scene.board));
+  const auto far_enough = [&](const Pose& pose, const Point3& corner) {
+    return transformed(pose, corner).z > nearest;
+  };
+  return std::ranges::all_of(corners(scene.board), [&](const Point3& corner) {
+    return far_enough(left_from_board, corner) && far_enough(right_from_board, corner);
+  });
 }
 
 }  // namespace

@@ -49,7 +49,8 @@ void opticsFields(Fields& f, Optics& o) {
   f.number("shot_noise", o.shot_noise, {0.0, 255.0});
   f.integer("bits", o.bits, {8, 16});
   f.integer("channels", o.channels, {1, 3});
-  f.numbers("channel_gain", {&o.channel_gain[0], &o.channel_gain[1], &o.channel_gain[2]}, {0.0, 10.0});
+  auto& [blue, green, red] = o.channel_gain;
+  f.numbers("channel_gain", {&blue, &green, &red}, {0.0, 10.0});
   f.integer("supersampling", o.supersampling, {1, 64});
 }
 
