@@ -67,9 +67,7 @@ bool inFront(const Scene& scene, const Pose& left_from_board) {
   const Pose right_from_board = rightFromBoard(scene.rig, left_from_board);
   // Nearer than that the outline of a mark, up to two steps wide, may reach behind the camera.
   const double nearest = 3.0 * std::max(scene.board.step, rowStep(scene.board));
-  const auto far_enough = [&](const Pose& pose, const Point3& corner) {
-    return transformed(pose, corner).z > nearest;
-  };
+  const auto far_enough = [&](const Pose& pose, const Point3& corner) { return transformed(pose, corner).z > nearest; };
   return std::ranges::all_of(corners(scene.board), [&](const Point3& corner) {
     return far_enough(left_from_board, corner) && far_enough(right_from_board, corner);
   });
