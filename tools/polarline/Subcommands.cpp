@@ -4,14 +4,12 @@ namespace command {
 
 std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
   return {
-      addCheck(polarline),
-      addExplain(polarline),
       addImport(polarline),
+      addCheck(polarline),
       addBoard(polarline),
+      addSimulate(polarline),
+      addExplain(polarline),
   };
 }
-Subcommand addSimulate(CLI::App& polarline);
-
-std::vector<Subcommand> addSubcommands(CLI::App& polarline) { return {addSimulate(polarline)}; }
 
 }  // namespace command
