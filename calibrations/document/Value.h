@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace calibrations {
@@ -14,8 +13,8 @@ struct Value {
 
   Kind kind = Kind::kNothing;
   std::string text;
-  std::vector<Value> items;
-  std::vector<std::pair<std::string, Value>> members;  ///< In the order of the document, each key once.
+  std::vector<Value> items;       ///< Of a list or a map, in the order of the document.
+  std::vector<std::string> keys;  ///< Of a map, as many as items, each once.
 
   /// Null where there is no such member, and in what is no map.
   const Value* member(const std::string& key) const;

@@ -49,10 +49,8 @@ bool ValueBuilder::wantsKey() const {
 const Value& ValueBuilder::add(Value value) {
   if (open_.empty()) return whole_.emplace(std::move(value));
   Open& outer = open_.back();
-  if (outer.value.kind == Value::Kind::kList) return outer.value.items.emplace_back(std::move(value));
-  outer.value.members.emplace_back(std::move(outer.key).value_or(""), std::move(value));
-  outer.key.reset();
-  return outer.value.members.back().second;
+  if (outer.key) outer.value.keys.push_back(*std::exchange(outer.key, std::nullopt));
+  return outer.value.items.emplace_back(std::move(value));
 }
 
 std::optional<Value> ValueBuilder::take() {

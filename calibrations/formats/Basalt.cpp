@@ -67,7 +67,8 @@ SourcePair readBasalt(const Documents& documents, const polarline::ImportOptions
     pair.left.camera.size = sizeOf(entry(root, "resolution", left));
     pair.right.camera.size = sizeOf(entry(root, "resolution", right));
   }
-  pair.right_from_left = inverse(poseOf(entry(root, "T_imu_cam", right))) * poseOf(entry(root, "T_imu_cam", left));
+  const Pose body_from_left = poseOf(entry(root, "T_imu_cam", left));
+  pair.right_from_left = inverse(poseOf(entry(root, "T_imu_cam", right))) * body_from_left;
   return pair;
 }
 

@@ -42,7 +42,10 @@ Pose laterFromEarlier(const std::vector<Node>& cameras, std::size_t earlier, std
   Pose pose;
   for (std::size_t k = earlier + 1; k <= later; ++k) {
     const auto link = cameras[k].find("T_cn_cnm1");
-    if (!link) return fromBody(cameras[later], deviation) * inverse(fromBody(cameras[earlier], deviation));
+    if (!link) {
+      const Pose later_from_body = fromBody(cameras[later], deviation);
+      return later_from_body * inverse(fromBody(cameras[earlier], deviation));
+    }
     pose = poseOf(*link, deviation) * pose;
   }
   return pose;
