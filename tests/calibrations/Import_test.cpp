@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <functional>
+#include <tuple>
 
 #include "Imported.h"
 #include "Layouts.h"
@@ -171,6 +172,33 @@ TEST_P(ImportOfEachFormat, MayBeNamed) {
 
 TEST_P(ImportOfEachFormat, WarnsOfNothingButTheSize) {
   for (const std::string& code : codesOf(result())) EXPECT_EQ(code, GetParam().hasSize ? "" : "no_image_size");
+}
+
+TEST_P(ImportOfEachFormat, ComesBackFromOpenCv) {
+  const Calibration there = result().calibration;
+  const Calibration back = imported({polarline::openCvText(there)}).calibration;
+  EXPECT_EQ(back.type, there.type);
+  for (const auto& [is, was] : {std::pair(back.left, there.left), std::pair(back.right, there.right)}) {
+    EXPECT_EQ(std::tie(is.fx, is.fy, is.cx, is.cy, is.k, is.p1, is.p2),
+              std::tie(was.fx, was.fy, was.cx, was.cy, was.k, was.p1, was.p2));
+    EXPECT_EQ(std::tie(is.size.width, is.size.height), std::tie(was.size.width, was.size.height));
+  }
+  EXPECT_EQ(std::tie(back.tx, back.ty, back.tz), std::tie(there.tx, there.ty, there.tz));
+  EXPECT_NEAR(back.rx, there.rx, 1e-15);
+  EXPECT_NEAR(back.ry, there.ry, 1e-15);
+  EXPECT_NEAR(back.rz, there.rz, 1e-15);
+}
+
+TEST_P(ImportOfEachFormat, ComesBackFromOurJson) {
+  const Calibration there = result().calibration;
+  ImportOptions options;
+  options.model = there.type == 2 ? "fisheye" : "brown";
+  const Calibration back = imported({polarline::calibrationJson(there)}, options).calibration;
+  EXPECT_EQ(back.type, there.type);
+  EXPECT_EQ(std::tie(back.left.k, back.right.p2, back.tx), std::tie(there.left.k, there.right.p2, there.tx));
+  EXPECT_NEAR(back.rx, there.rx, 1e-15);
+  EXPECT_NEAR(back.ry, there.ry, 1e-15);
+  EXPECT_NEAR(back.rz, there.rz, 1e-15);
 }
 
 /// Every file cut short anywhere is refused, or is a whole calibration all the same, and nothing worse happens.
