@@ -53,9 +53,4 @@ const Value& ValueBuilder::add(Value value) {
   return outer.value.items.emplace_back(std::move(value));
 }
 
-std::optional<Value> ValueBuilder::take() {
-  count_ = 0;
-  return std::exchange(whole_, std::nullopt);
-}
-
 }  // namespace calibrations

@@ -3,6 +3,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "calibrations/document/Value.h"
@@ -15,8 +16,9 @@ class UnreadableValue : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Builds one value from what a parser reports, piece by piece, and bounds it: no document nests deeper than
-/// `kDeepest` or holds more than `kMost` values, however often it repeats itself. Throws `UnreadableValue`.
+/// Builds values from what a parser reports, piece by piece, and bounds them: none nests deeper than `kDeepest`, and all
+/// documents of a file together hold no more than `kMost`, however often they repeat themselves. Throws
+/// `UnreadableValue`.
 class ValueBuilder {
  public:
   static constexpr std::size_t kDeepest = 32;
@@ -34,8 +36,8 @@ class ValueBuilder {
 
   /// Whether the next piece is a key of a map.
   bool wantsKey() const;
-  /// The value, when it is whole.
-  std::optional<Value> take();
+  /// The value, when it is whole. The next one may follow.
+  std::optional<Value> take() { return std::exchange(whole_, std::nullopt); }
 
  private:
   struct Open {

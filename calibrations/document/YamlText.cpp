@@ -23,6 +23,9 @@ class Events : public YAML::EventHandler {
 
   void OnDocumentStart(const YAML::Mark& mark) override {
     note(mark);
+    // The parser takes some characters for an empty document, and stays where it is for ever.
+    if (mark.pos == begin_) throw UnreadableValue("a character that begins no value");
+    begin_ = mark.pos;
     anchored_.clear();
   }
   void OnDocumentEnd() override {
@@ -77,6 +80,7 @@ class Events : public YAML::EventHandler {
   }
 
   ValueBuilder builder_;
+  int begin_ = -1;  ///< Where the document begins.
   std::vector<YAML::anchor_t> open_;
   std::map<YAML::anchor_t, Value> anchored_;
 };

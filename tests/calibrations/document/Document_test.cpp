@@ -49,7 +49,7 @@ TEST(DocumentPlace, SaysWhichOfSeveral) {
 }
 
 TEST(DocumentRoot, IsAMap) {
-  for (const char* text : {"[1, 2]", "text", "<?xml version=\"1.0\"?>\n<opencv_storage></opencv_storage>"}) {
+  for (const char* text : {"[1, 2]", "text", "<?xml version=\"1.0\"?>"}) {
     EXPECT_THROW(documentsOf(text), polarline::InputError) << text;
   }
 }

@@ -51,16 +51,17 @@ TEST_P(NodeNumberRefused, WithWhatWasFound) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, NodeNumberRefused,
-    testing::Values(
-        NoNumber{"x", ": found 'x'; a number was wanted"}, NoNumber{"1x", ": found '1x'; a number was wanted"},
-        NoNumber{"1,5", ": found '1'; a number was wanted"}, NoNumber{"0x10", ": found '0x10'; a number was wanted"},
-        NoNumber{"nan", ": found 'nan'; a finite number was wanted"},
-        NoNumber{".nan", ": found '.nan'; a number was wanted"},
-        NoNumber{"-inf", ": found '-inf'; a finite number was wanted"},
-        NoNumber{"1e999", ": found '1e999'; a finite number was wanted"},
-        NoNumber{"1000000001", ": found '1000000001'; a calibration holds no number beyond 1e9"},
-        NoNumber{"''", ": found ''; a number was wanted"}, NoNumber{"[1, 2]", ": found 2 numbers; 1 were wanted"},
-        NoNumber{"[~]", "[0]: found nothing; a number was wanted"}, NoNumber{"{c: 1}", ": has no data"}));
+    testing::Values(NoNumber{"x", ": found 'x'; a number was wanted"},
+                    NoNumber{"1x", ": found '1x'; a number was wanted"},
+                    NoNumber{"0x10", ": found '0x10'; a number was wanted"},
+                    NoNumber{"nan", ": found 'nan'; a finite number was wanted"},
+                    NoNumber{".nan", ": found '.nan'; a number was wanted"},
+                    NoNumber{"-inf", ": found '-inf'; a finite number was wanted"},
+                    NoNumber{"1e999", ": found '1e999'; a finite number was wanted"},
+                    NoNumber{"1000000001", ": found '1000000001'; a calibration holds no number beyond 1e9"},
+                    NoNumber{"''", ": found ''; a number was wanted"},
+                    NoNumber{"[1, 2]", ": found 2 numbers; 1 were wanted"},
+                    NoNumber{"[~]", "[0]: found nothing; a number was wanted"}, NoNumber{"{c: 1}", ": has no data"}));
 
 TEST(NodeNumberLocale, DoesNotMatter) {
   const CommaLocale locale;

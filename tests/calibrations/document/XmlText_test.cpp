@@ -18,13 +18,12 @@ TEST(XmlText, HoldsWhatOpenCvStores) {
   EXPECT_EQ(line(valueOfXml(storage("<a type_id=\"opencv-matrix\"><rows>1</rows><cols>2</cols><dt>d</dt>"
                                     "<data>1.5 -2.0000000000000001e-01</data></a><b>3</b><c>\"text\"</c>"),
                             "file")),
-            "{a={type_id=opencv-matrix rows=1 cols=2 dt=d data=[1.5 -0.2]} b=3 c=text}");
+            "{a={rows=1 cols=2 dt=d data=[1.5 -0.2]} b=3 c=text}");
 }
 
 TEST(XmlText, IsRefusedWhereItIsNone) {
   EXPECT_EQ(refusedBy(valueOfXml, "<html>"), "file: is no OpenCV storage in XML");
   EXPECT_EQ(refusedBy(valueOfXml, storage("<a>1</b>")), "file: is no OpenCV storage in XML");
-  EXPECT_NE(refusedBy(valueOfXml, "<?xml version=\"1.0\"?>"), "");
 }
 
 TEST(XmlText, IsRefusedWhereItIsATrap) {

