@@ -43,7 +43,7 @@ Size sizeOf(const std::string& text) {
   if (isSeparated) rest.remove_prefix(1);
   const int height = takeSide(rest);
   if (width < 1 || height < 1 || !isSeparated || !rest.empty()) {
-    throw InputError("found " + calibrations::shown(text) + "; a size such as 640x480 was wanted");
+    throw InputError("--size", "found " + calibrations::shown(text) + "; a size such as 640x480 was wanted");
   }
   return {width, height};
 }

@@ -1,5 +1,8 @@
 #include "calibrations/document/Document.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <string_view>
 
 #include "calibrations/document/JsonText.h"
@@ -57,8 +60,7 @@ std::vector<Document> readDocuments(const std::string& path) {
   std::vector<Document> documents;
   std::vector<Value> values = valuesOf(text, syntax, path);
   for (Value& value : values) {
-    const std::string number = std::to_string(documents.size() + 1);
-    const std::string place = values.size() == 1 ? path : path + ": document " + number;
+    const std::string place = values.size() == 1 ? path : fmt::format("{}: document {}", path, documents.size() + 1);
     if (value.kind != Value::Kind::kMap) throw polarline::InputError(place, "holds no keys; a calibration was wanted");
     documents.push_back({place, syntax, std::move(value)});
   }

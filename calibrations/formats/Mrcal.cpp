@@ -1,5 +1,4 @@
-#include <fmt/format.h>
-
+#include <algorithm>
 #include <array>
 #include <opencv2/calib3d.hpp>
 
@@ -19,7 +18,7 @@ constexpr std::array<Model, 5> kModels = {
 
 /// The older name of the same models, DISTORTION_NONE for the pinhole.
 std::string modelOf(const Node& node) {
-  const std::string text = node.text();
+  std::string text = node.text();
   if (text == "DISTORTION_NONE") return "PINHOLE";
   for (const char* prefix : {"LENSMODEL_", "DISTORTION_"}) {
     if (text.starts_with(prefix)) return text.substr(std::string(prefix).size());

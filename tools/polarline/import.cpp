@@ -83,6 +83,7 @@ Subcommand addImport(CLI::App& polarline) {
   app->add_option("--pair", command->pair, "Which cameras of several are left and right, from 0")
       ->expected(2)
       ->type_name("I J");
+      ->type_name("N");
   app->add_flag("--swap", command->options.swap, "Exchange left and right");
   addResultOptions(*app, command->result);
   addExample(*app, "polarline import camchain.yaml --scale 1000 -o calib.json");
