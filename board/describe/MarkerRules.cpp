@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Tallowfen/src/markers/OrderQuad.h"
+#include "board/describe/SeedBlock.h"
 #include "board/marks/BoardMarks.h"
 #include "board/marks/DetectorConfig.h"
 #include "polarline/errors.h"
@@ -24,6 +25,7 @@ using polarline::InputError;
 
 /// What one must lead by where the detector takes the nearest or the farthest, so that a slanted view keeps the order.
 constexpr double kLead = 1.05;
+constexpr double kFarthestLead = 1.04;  ///< Of a rectangle of 17 x 13 dots and of smaller ones.
 
 std::string named(const BoardPlace& place) { return fmt::format("({}, {})", place.column, place.row); }
 
@@ -37,8 +39,7 @@ double distance(const BoardDescription& board, const BoardPlace& a, const BoardP
 
 void checkOnBoard(const BoardDescription& board, const std::vector<Marker>& markers) {
   for (const Marker& marker : markers) {
-    const auto& [column, row] = marker.place;
-    if (column >= 0 && column < board.cols && row >= 0 && row < board.rows) continue;
+    if (isOn(board, marker.place)) continue;
     throw InputError("board", fmt::format("a marker would stand at column and row {}, beyond the board's {} x {} dots: "
                                           "the rectangle of the markers is too large",
                                           named(marker.place), board.cols, board.rows));
@@ -106,10 +107,10 @@ void checkBigDots(const BoardDescription& board, const std::vector<Marker>& mark
                                   " can't be told apart: wanted three of them on corners of a rectangle and the fourth "
                                   "beside its corner");
   }
-  if (farthestLead(points) < kLead) {
+  if (farthestLead(points) < kFarthestLead) {
     throw InputError("board", "the four big dots " + placesText(board, points) +
                                   " would be mistaken for each other in a slanted view: one must be the farthest from "
-                                  "their mean by 5 %. A smaller rectangle, such as 5 x 5, would do");
+                                  "their mean by 4 %. A smaller rectangle, such as 5 x 5, would do");
   }
   if (ordered != points) {
     throw InputError("board", "the land marks are not in the detector's order: found " + placesText(board, points) +
@@ -117,67 +118,14 @@ void checkBigDots(const BoardDescription& board, const std::vector<Marker>& mark
   }
 }
 
-/// How many points stand in each cell of the grid.
-class CellCounts {
- public:
-  explicit CellCounts(const BoardDescription& board) : cols_(board.cols), rows_(board.rows) {
-    for (const Mark& mark : marksOf(board)) counts_.push_back(mark.drawn ? 1 : 0);
-  }
-
-  [[nodiscard]] int at(int column, int row) const { return inside(column, row) ? counts_[index(column, row)] : 0; }
-  void add(int column, int row) {
-    if (inside(column, row)) ++counts_[index(column, row)];
-  }
-
- private:
-  [[nodiscard]] bool inside(int column, int row) const {
-    return column >= 0 && column < cols_ && row >= 0 && row < rows_;
-  }
-  [[nodiscard]] std::size_t index(int column, int row) const { return static_cast<std::size_t>(row * cols_ + column); }
-
-  int cols_, rows_;
-  std::vector<int> counts_;
-};
-
-/// The dots that a big marker covers are made up if its diagonal neighbours are there.
-void makeUpCovered(CellCounts& cells, const BoardPlace& at) {
-  for (const int x : {-1, 1}) {
-    for (const int y : {-1, 1}) {
-      if (cells.at(at.column + x, at.row + y) != 1) return;
-    }
-  }
-  cells.add(at.column - 1, at.row);
-  cells.add(at.column + 1, at.row);
-  cells.add(at.column, at.row - 1);
-  cells.add(at.column, at.row + 1);
-}
-
-bool isWholeBlock(const CellCounts& cells, const BoardPlace& at) {
-  for (int row = at.row - 1; row <= at.row + 1; ++row) {
-    for (int column = at.column - 1; column <= at.column + 1; ++column) {
-      if (cells.at(column, row) != 1) return false;
-    }
-  }
-  return true;
-}
-
 }  // namespace
-
-bool hasSeedBlock(const BoardDescription& board) {
-  const std::vector<Marker> markers = markersOf(board);
-  CellCounts cells(board);
-  if (markerSizes(board).solid_big) {
-    for (const Marker& marker : markers) makeUpCovered(cells, marker.place);
-  }
-  return std::ranges::any_of(markers, [&](const Marker& marker) { return isWholeBlock(cells, marker.place); });
-}
 
 void checkMarkers(const BoardDescription& board) {
   const std::vector<Marker> markers = markersOf(board);
   checkOnBoard(board, markers);
   checkApart(board, markers);
   isRingBoard(board) ? checkRings(board, markers) : checkBigDots(board, markers);
-  if (board.numbering == polarline::BoardNumbering::kGrowth && !hasSeedBlock(board)) {
+  if (board.numbering == polarline::BoardNumbering::kGrowth && !seedMarker(board)) {
     throw InputError(
         "board",
         "no marker has all its eight neighbours to itself, so the numbering can't begin: the markers stand "

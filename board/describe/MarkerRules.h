@@ -9,8 +9,4 @@ namespace boards {
 /// must have all eight neighbours.
 void checkMarkers(const polarline::BoardDescription& board);
 
-/// Whether a whole block of nine stands around a marker, each place with one point only: there the numbering begins.
-/// Beside big markers the detector makes up the covered dots, and beside small ones too if the solid ring is big.
-bool hasSeedBlock(const polarline::BoardDescription& board);
-
 }  // namespace boards

@@ -1,6 +1,5 @@
 #include "board/marks/BoardMarks.h"
 
-#include <array>
 #include <cstddef>
 #include <opencv2/core.hpp>
 
@@ -43,6 +42,16 @@ std::vector<Marker> markersOf(const BoardDescription& board) {
   return isRingBoard(board) ? ringMarkers(board) : bigDotMarkers(board);
 }
 
+std::vector<BoardPlace> coveredBy(const Marker& marker) {
+  if (!marker.big) return {};
+  const auto& [column, row] = marker.place;
+  return {{column - 1, row}, {column + 1, row}, {column, row - 1}, {column, row + 1}};
+}
+
+bool isOn(const BoardDescription& board, const BoardPlace& place) {
+  return place.column >= 0 && place.column < board.cols && place.row >= 0 && place.row < board.rows;
+}
+
 std::vector<Mark> marksOf(const BoardDescription& board) {
   std::vector<Mark> marks;
   for (int row = 0; row < board.rows; ++row) {
@@ -50,19 +59,16 @@ std::vector<Mark> marksOf(const BoardDescription& board) {
       marks.push_back({{column, row}, true, {board.dot_radius, 0.0, 0.0}});
     }
   }
-  const auto at = [&](int column, int row) -> Mark& {
-    return marks.at(static_cast<std::size_t>(row * board.cols + column));
+  const auto at = [&](const BoardPlace& place) -> Mark& {
+    return marks.at(static_cast<std::size_t>(place.row * board.cols + place.column));
   };
-  constexpr std::array<BoardPlace, 4> kBeside = {{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
-  for (const Marker& marker : markersOf(board)) {
-    at(marker.place.column, marker.place.row).radii = marker.radii;
-    if (!marker.big) continue;
-    for (const BoardPlace& step : kBeside) {
-      const int column = marker.place.column + step.column;
-      const int row = marker.place.row + step.row;
-      if (column >= 0 && column < board.cols && row >= 0 && row < board.rows) at(column, row).drawn = false;
+  const std::vector<Marker> markers = markersOf(board);
+  for (const Marker& marker : markers) {
+    for (const BoardPlace& place : coveredBy(marker)) {
+      if (isOn(board, place)) at(place).drawn = false;
     }
   }
+  for (const Marker& marker : markers) at(marker.place) = {marker.place, true, marker.radii};
   return marks;
 }
 

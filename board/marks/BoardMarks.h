@@ -17,6 +17,11 @@ struct Marker {
 /// from the upper left one. Big dots: lower left, lower right, upper right, upper left, or the land marks.
 std::vector<Marker> markersOf(const polarline::BoardDescription& board);
 
+/// The places right beside a big marker, whether the board has them or not; none for all other markers.
+std::vector<polarline::BoardPlace> coveredBy(const Marker& marker);
+
+bool isOn(const polarline::BoardDescription& board, const polarline::BoardPlace& place);
+
 /// What stands at a place of the grid.
 struct Mark {
   polarline::BoardPlace place;

@@ -68,7 +68,7 @@ ChosenPaper choosePaper(const BoardDescription& board, Paper paper, int lines_of
   if (const auto sheet = placedOn(size, wanted)) return {size.name, *sheet};
   throw polarline::InputError(
       "paper",
-      fmt::format("found {}, {} x {} mm; the board wants {:.1f} x {:.1f} mm with its margin and ruler. {}", size.name,
+      fmt::format("found {}, {} x {} mm; the board wants {:.1f} x {:.1f} mm with its margin and ruler; {}", size.name,
                   size.width, size.height, wanted.width, wanted.height, adviceFor(board, size, lines_of_print)));
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "polarline/errors.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace command {
@@ -30,6 +31,9 @@ struct Options {
 };
 
 int run(const Options& options) {
+  if (options.output == "-" && options.result.json == "-") {
+    throw polarline::InputError("--json", "standard output is taken by --output; wanted one of them in a file");
+  }
   const polarline::BoardDescription board = options.target.empty()
                                                 ? polarline::parseBoard(options.board)
                                                 : polarline::readBoard(options.target, kRings.at(options.rings));
@@ -72,7 +76,7 @@ Subcommand addBoard(CLI::App& polarline) {
   app->add_option("--title", options->print.title, "Title, printed below the ruler")->type_name("TEXT");
   app->add_option("--dpi", options->print.dpi, "Dots per inch of a PNG")->capture_default_str();
   addResultOptions(*app, options->result);
-  addExample(*app, "polarline board --board rings-small:17x15:15 --paper A3 -o board.pdf");
+  addExample(*app, "polarline board --board rings-small:17x15:14 --paper A3 -o board.pdf");
   return {app, [options] { return run(*options); }};
 }
 
