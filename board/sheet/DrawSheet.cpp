@@ -14,6 +14,7 @@
 #include "board/sheet/PaperSizes.h"
 #include "board/sheet/PrintableText.h"
 #include "board/sheet/SheetLayout.h"
+#include "board/sheet/TextWidth.h"
 #include "polarline/errors.h"
 
 namespace boards {
@@ -78,14 +79,14 @@ class SheetPen {
   }
 
   Sheet finished(const std::string& title) {
+    for (const Caption& caption : sheet_.captions) addRails(caption);
     sheet_.title = title;
     return std::move(sheet_);
   }
 
  private:
   static constexpr double kLineWidth = 0.25;
-  static constexpr double kDescent = 0.25;     ///< What letters reach below their line, in fonts.
-  static constexpr double kLetterWidth = 0.6;  ///< Of a mean letter, in fonts.
+  static constexpr double kDescent = 0.25;  ///< What letters reach below their line, in fonts.
 
   [[nodiscard]] double xOf(int column) const { return first_x_ + column * board_.step; }
 
@@ -98,16 +99,29 @@ class SheetPen {
     sheet_.captions.push_back({x, y, layout_.font, text});
   }
 
+  /// Joins the letters at their feet and at the height of capitals. A round letter that stands for itself is a ring to
+  /// the detector, and with a full stop beside it one of the right size.
+  void addRails(const Caption& caption) {
+    constexpr double kThickness = 0.1;
+    constexpr double kFeet = 0.06;
+    constexpr double kCapitals = 0.76;
+    constexpr double kOverhang = 0.3;
+    const double width = (textWidth(caption.text) + 2.0 * kOverhang) * caption.size;
+    for (const double above : {kFeet, kCapitals}) {
+      sheet_.bars.push_back(
+          {caption.x - width / 2.0, caption.y - above * caption.size, width, kThickness * caption.size});
+    }
+  }
+
   /// The font with which a line stays on the sheet, down to one that can still be read.
   [[nodiscard]] double fontFor(const std::string& line) const {
     constexpr double kSmallest = 0.8;
     const double room = sheet_.width - 2.0 * kPaperRim;
-    const double letters = static_cast<double>(characters(line));
-    const double font = std::min(layout_.font, room / (kLetterWidth * std::max(letters, 1.0)));
+    const double font = std::min(layout_.font, room / (textWidth(line) + 1.0));
     if (font >= kSmallest) return font;
-    throw polarline::InputError(
-        "title", fmt::format("found {} letters, wanted at most {:.0f} on a sheet that is {} mm wide", letters,
-                             room / (kLetterWidth * kSmallest), sheet_.width));
+    throw polarline::InputError("title",
+                                fmt::format("found a line of {:.0f} mm in the smallest print, wanted at most {} mm",
+                                            textWidth(line) * kSmallest, room));
   }
 
   const BoardDescription& board_;

@@ -1,6 +1,7 @@
 #include "board/sheet/PrintableText.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace boards {
@@ -52,10 +53,6 @@ std::string printable(std::string_view text) {
     text.remove_prefix(length);
   }
   return clean;
-}
-
-std::size_t characters(std::string_view text) {
-  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continues));
 }
 
 }  // namespace boards

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -8,8 +7,5 @@ namespace boards {
 
 /// The text as UTF-8 that every printed form takes: bytes that are none become U+FFFD, control characters blanks.
 std::string printable(std::string_view text);
-
-/// Characters of clean UTF-8.
-std::size_t characters(std::string_view text);
 
 }  // namespace boards

@@ -36,7 +36,7 @@ struct Sheet {
   double width = 0.0;
   double height = 0.0;
   std::vector<Disc> discs;
-  std::vector<Bar> bars;
+  std::vector<Bar> bars;  ///< The ruler, its line first, then what joins the letters.
   std::vector<Caption> captions;
 };
 

@@ -21,7 +21,7 @@ TEST_P(MarkerRulesRefused, GivesTheReason) {
 INSTANTIATE_TEST_SUITE_P(
     , MarkerRulesRefused,
     testing::Values(
-        Refused{"rings-small:15x15:20:inner=17x7", "column and row (-1, 4), beyond the board's 15 x 15 dots"},
+        Refused{"rings-small:15x15:20:inner=17x7", "column and row (-1, 6), beyond the board's 15 x 15 dots"},
         Refused{"rings-small:17x15:20:inner=9x5", "the marks at (4, 6) and (4, 5) would touch"},
         Refused{"rings-big:21x19:20:outter=13x5", "would touch"}, Refused{"dots:35x37:20:step_y=14", "would touch"},
         Refused{"rings-small:35x37:20:inner=9x13", "the rings can't be told apart"},

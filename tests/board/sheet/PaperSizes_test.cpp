@@ -32,9 +32,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"dots:19x11:10", Paper::kA3, "A3", 420, 297},  // Fits both ways, wider than high.
                     Case{"dots:11x19:10", Paper::kA3, "A3", 297, 420},  // The other way round.
                     Case{"rings-small:25x23:14", Paper::kA2, "A2", 420, 594},  // 400.4 mm wide, 409 high.
-                    Case{"rings-big:39x25:19.5", Paper::kA1, "A1", 841, 594},
-                    // (8 + 4.6) steps of ink and margin; the ruler with its numbers is wider.
-                    Case{"dots:9x9:5", Paper::kFit, "own size", 130, 93}));
+                    Case{"rings-big:39x25:19", Paper::kA1, "A1", 841, 594},
+                    // 63 mm of ink and margin; the ruler with its numbers is wider. Print of 1.8 mm on lines of
+                    // 2.7: 7.7 above, 2.7 + 4 + 3 x 2.7 + 5 below.
+                    Case{"dots:9x9:5", Paper::kFit, "own size", 130, 91}));
 
 TEST(PaperSizes, RefuseWithTheSizesAndTheSmallestSheetThatDoes) {
   // 16 x 14 steps between the centres, 0.6 of ink and 4 of margin: 309 mm wide.
@@ -46,7 +47,7 @@ TEST(PaperSizes, RefuseWithTheSizesAndTheSmallestSheetThatDoes) {
 TEST(PaperSizes, TellTheStepThatFits) {
   const auto board = polarline::parseBoard("rings-small:35x37:20");
   expectRefused([&] { boards::choosePaper(board, Paper::kA1, 2); }, "no sheet up to A1 takes it");
-  // 40.6 steps of 14.5 mm would be 588.7 of the 594 mm; of 14.6 mm 592.8; of 14.7 mm 596.8.
+  // 34 steps between the centres, 0.6 of ink and 4 of margin: 38.6 steps of 15.38 mm are 593.67 of the 594 mm.
   expectRefused([&] { boards::choosePaper(board, Paper::kA1, 2); }, "A1 takes a step of up to 15.38");
   EXPECT_NO_THROW(boards::choosePaper(polarline::parseBoard("rings-small:35x37:15.38"), Paper::kA1, 2));
   EXPECT_THROW(boards::choosePaper(polarline::parseBoard("rings-small:35x37:15.39"), Paper::kA1, 2),

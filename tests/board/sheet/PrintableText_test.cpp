@@ -30,11 +30,4 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"\xED\xA0\x80", kBad + kBad + kBad}, Case{"\xEF\xBF\xBE", kBad + kBad + kBad},
                     Case{"\xF4\x90\x80\x80", kBad + kBad + kBad + kBad}, Case{"\xE2\x98 x", kBad + kBad + " x"}));
 
-TEST(PrintableText, CountsCharacters) {
-  EXPECT_EQ(boards::characters("abc"), 3U);
-  EXPECT_EQ(boards::characters("Gr\xC3\xB6\xC3\x9F"
-                               "e \xE2\x98\x83"),
-            7U);
-}
-
 }  // namespace
