@@ -64,6 +64,18 @@ void checkSizes(const BoardDescription& board) {
   if (!sizes.solid_big) checkRadii("small solid ring", board.small_solid, dot, kLeastSmall, kMostSmall);
 }
 
+/// The detector keeps land marks in 16 bits.
+void checkLandMarks(const BoardDescription& board) {
+  constexpr int kMost = 65535;
+  const boards::LandMarkUnit unit = boards::landMarkUnit(board);
+  for (const BoardPlace& mark : board.land_marks) {
+    require(mark.column <= kMost / std::max(unit.x, 1) && mark.row <= kMost / std::max(unit.y, 1),
+            fmt::format("a land mark at ({}, {}) can't be told to the detector: found {} units for each column and {} "
+                        "for each row, wanted at most {} in all",
+                        mark.column, mark.row, unit.x, unit.y, kMost));
+  }
+}
+
 void checkNumbering(const BoardDescription& board) {
   const bool big_dots_only = board.numbering == BoardNumbering::kGrowth && board.land_marks.empty();
   require(!boards::isRingBoard(board) || big_dots_only, "ring boards have no land marks and no numbering by search");
@@ -86,6 +98,7 @@ void checkBoard(const BoardDescription& board) {
   checkGrid(board);
   checkSizes(board);
   checkNumbering(board);
+  checkLandMarks(board);
   boards::checkMarkers(board);
 }
 

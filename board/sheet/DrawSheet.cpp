@@ -139,9 +139,20 @@ std::vector<std::string> smallPrint(const BoardDescription& board, const std::st
   return title.empty() ? std::vector{words, version} : std::vector{title, words, version};
 }
 
+void requirePrintable(const BoardDescription& board) {
+  constexpr double kSmallestDot = 0.3;
+  const double dot = 2.0 * board.dot_radius * board.step;
+  if (dot >= kSmallestDot) return;
+  throw polarline::InputError("board",
+                              fmt::format("found dots of {:.3g} mm at a step of {}, wanted at least {} mm; a board "
+                                          "unit is printed as a millimetre",
+                                          dot, board.step, kSmallestDot));
+}
+
 }  // namespace
 
 Sheet drawSheet(const BoardDescription& board, const polarline::BoardPrint& print) {
+  requirePrintable(board);
   const std::string title = printable(print.title);
   const std::vector<std::string> lines = smallPrint(board, title);
   const int line_count = static_cast<int>(lines.size());

@@ -59,11 +59,22 @@ std::string adviceFor(const BoardDescription& board, const PaperSize& paper, int
   return advice;
 }
 
+/// Whole millimetres, as large as a page of a PDF may be.
+ChosenPaper ownSize(const Extent& wanted) {
+  constexpr double kLongest = 5080.0;
+  const Extent size{std::ceil(wanted.width), std::ceil(wanted.height)};
+  if (std::max(size.width, size.height) <= kLongest) return {"own size", size};
+  throw polarline::InputError("paper",
+                              fmt::format("the board wants {} x {} mm, a board unit being a millimetre; wanted "
+                                          "at most {} mm",
+                                          size.width, size.height, kLongest));
+}
+
 }  // namespace
 
 ChosenPaper choosePaper(const BoardDescription& board, Paper paper, int lines_of_print) {
   const Extent wanted = wantedExtent(layOut(board, lines_of_print));
-  if (paper == Paper::kFit) return {"own size", {std::ceil(wanted.width), std::ceil(wanted.height)}};
+  if (paper == Paper::kFit) return ownSize(wanted);
   const PaperSize& size = *std::ranges::find(kPaperSizes, paper, &PaperSize::paper);
   if (const auto sheet = placedOn(size, wanted)) return {size.name, *sheet};
   throw polarline::InputError(

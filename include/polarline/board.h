@@ -126,7 +126,7 @@ struct PrintedBoard {
 /// Draws the board in true size, a board unit being taken as a millimetre: the dots and markers as the detector wants
 /// them, two pitches of white around them, beyond that the ids of the corners, a ruler of 100 units and the title in
 /// small print. Throws `InputError` for what `checkBoard` refuses, for a sheet that is too small (with the sizes that
-/// were found and wanted) and for a PNG of too few or too many pixels.
+/// were found and wanted), for dots too small to print, a title too long, and for a PNG of too few or too many pixels.
 POLARLINE_API PrintedBoard printBoard(const BoardDescription& board, const BoardPrint& print);
 
 /// What was printed, in a sentence: board, sheet, points, and what to look at.

@@ -60,7 +60,7 @@ Subcommand addBoard(CLI::App& polarline) {
       ->add_option(
           "--board", options->board,
           "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots, and NAME "
-          "inner, outter, step_y, dot, numbering or marks")
+          "inner, outter, step_y, dot, numbering or marks; a board unit is a millimetre")
       ->type_name("SPEC");
   source->require_option(1);
   app->add_option("-o,--output", options->output, "File to write: .svg, .pdf or .png; - is an SVG on standard output")
@@ -68,9 +68,9 @@ Subcommand addBoard(CLI::App& polarline) {
       ->type_name("FILE");
   app->add_option("--rings", options->rings, "Rings to draw on a ring board of --target: small, big or mixed")
       ->check(CLI::IsMember(kRings))
+      ->excludes(board)
       ->capture_default_str();
-  app->add_option("--paper", options->paper,
-                  "A4, A3, A2, A1, or fit for the board's own size; a board unit is a millimetre")
+  app->add_option("--paper", options->paper, "A4, A3, A2, A1, or fit for the board's own size")
       ->check(CLI::IsMember(kPapers))
       ->capture_default_str();
   app->add_option("--title", options->print.title, "Title, printed below the ruler")->type_name("TEXT");

@@ -57,6 +57,12 @@ INSTANTIATE_TEST_SUITE_P(
                 "ring boards have no land marks"},
         Refused{"ThreeLandMarks", kDots, [](auto& board) { board.land_marks.resize(3); },
                 "found 3 land marks, wanted 4"},
+        Refused{"LandMarkOfTooManyUnits", "dots:35x37:20:numbering=search",
+                [](auto& board) {
+                  board.step = board.step_y = 3000.0;
+                  board.land_marks = {{15, 22}, {19, 22}, {19, 18}, {16, 18}};
+                },
+                "a land mark at (15, 22) can't be told to the detector"},
         Refused{"SearchByHalves", "dots:35x37:20:numbering=search", [](auto& board) { board.step = 17.5; },
                 "found step 17.5 and step_y 20"},
         Refused{"SearchTooNear", "dots:35x37:20:numbering=search", [](auto& board) { board.step = board.step_y = 8.0; },

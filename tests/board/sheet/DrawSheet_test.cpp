@@ -117,6 +117,12 @@ TEST(DrawSheet, PrintsTitleWordsAndVersion) {
   EXPECT_EQ(sheet.title, "Line 3 \xEF\xBF\xBD");
 }
 
+TEST(DrawSheet, RefusesABoardInMetres) {
+  expectRefused(
+      [] { boards::drawSheet(polarline::parseBoard("dots:9x9:0.02"), {}); },
+      "found dots of 0.012 mm at a step of 0.02, wanted at least 0.3 mm; a board unit is printed as a millimetre");
+}
+
 TEST(DrawSheet, JoinsTheLettersOfEachCaption) {
   const Sheet sheet = boards::drawSheet(polarline::parseBoard("dots:9x9:20"), {});
   ASSERT_EQ(sheet.bars.size(), 12 + 2 * sheet.captions.size());

@@ -44,6 +44,11 @@ TEST(PaperSizes, RefuseWithTheSizesAndTheSmallestSheetThatDoes) {
   expectRefused([&] { boards::choosePaper(board, Paper::kA4, 2); }, "A2 is the smallest sheet that takes it");
 }
 
+TEST(PaperSizes, AreNoLargerThanAPage) {
+  expectRefused([] { boards::choosePaper(polarline::parseBoard("dots:35x37:200"), Paper::kFit, 2); },
+                "wanted at most 5080 mm");
+}
+
 TEST(PaperSizes, TellTheStepThatFits) {
   const auto board = polarline::parseBoard("rings-small:35x37:20");
   expectRefused([&] { boards::choosePaper(board, Paper::kA1, 2); }, "no sheet up to A1 takes it");
