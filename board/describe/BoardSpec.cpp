@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -130,7 +132,7 @@ std::string marksText(const std::vector<BoardPlace>& marks) {
 }  // namespace
 
 BoardDescription parseBoard(const std::string& spec) {
-  const BoardDescription board = SpecReader(spec).read();
+  BoardDescription board = SpecReader(spec).read();
   checkBoard(board);
   return board;
 }

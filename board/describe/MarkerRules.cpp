@@ -100,6 +100,7 @@ double farthestLead(const std::vector<cv::Point2f>& points) {
 /// The big dots are told apart by their shape alone.
 void checkBigDots(const BoardDescription& board, const std::vector<Marker>& markers) {
   std::vector<cv::Point2f> points;
+  points.reserve(markers.size());
   for (const Marker& marker : markers) points.emplace_back(truePoint(board, marker.place));
   std::vector<cv::Point2f> ordered;
   if (!kestrune::OrderQuad(points, ordered)) {

@@ -19,16 +19,12 @@ class PointCounts {
     for (const Mark& mark : marksOf(board)) counts_.push_back(mark.drawn ? 1 : 0);
   }
 
-  [[nodiscard]] int at(const BoardPlace& place) const { return isOn(board_, place) ? counts_[index(place)] : 0; }
+  [[nodiscard]] int at(const BoardPlace& place) const { return isOn(board_, place) ? counts_[idOf(board_, place)] : 0; }
   void add(const BoardPlace& place) {
-    if (isOn(board_, place)) ++counts_[index(place)];
+    if (isOn(board_, place)) ++counts_[idOf(board_, place)];
   }
 
  private:
-  [[nodiscard]] std::size_t index(const BoardPlace& place) const {
-    return static_cast<std::size_t>(place.row * board_.cols + place.column);
-  }
-
   const BoardDescription& board_;
   std::vector<int> counts_;
 };

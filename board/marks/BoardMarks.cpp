@@ -52,6 +52,11 @@ bool isOn(const BoardDescription& board, const BoardPlace& place) {
   return place.column >= 0 && place.column < board.cols && place.row >= 0 && place.row < board.rows;
 }
 
+std::size_t idOf(const BoardDescription& board, const BoardPlace& place) {
+  const int id = place.row * board.cols + place.column;
+  return static_cast<std::size_t>(id);
+}
+
 std::vector<Mark> marksOf(const BoardDescription& board) {
   std::vector<Mark> marks;
   for (int row = 0; row < board.rows; ++row) {
@@ -59,9 +64,7 @@ std::vector<Mark> marksOf(const BoardDescription& board) {
       marks.push_back({{column, row}, true, {board.dot_radius, 0.0, 0.0}});
     }
   }
-  const auto at = [&](const BoardPlace& place) -> Mark& {
-    return marks.at(static_cast<std::size_t>(place.row * board.cols + place.column));
-  };
+  const auto at = [&](const BoardPlace& place) -> Mark& { return marks.at(idOf(board, place)); };
   const std::vector<Marker> markers = markersOf(board);
   for (const Marker& marker : markers) {
     for (const BoardPlace& place : coveredBy(marker)) {

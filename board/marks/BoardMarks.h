@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "polarline/board.h"
@@ -21,6 +22,9 @@ std::vector<Marker> markersOf(const polarline::BoardDescription& board);
 std::vector<polarline::BoardPlace> coveredBy(const Marker& marker);
 
 bool isOn(const polarline::BoardDescription& board, const polarline::BoardPlace& place);
+
+/// The id of a place on the board.
+std::size_t idOf(const polarline::BoardDescription& board, const polarline::BoardPlace& place);
 
 /// What stands at a place of the grid.
 struct Mark {

@@ -1,6 +1,7 @@
 #include "board/sheet/PrintableText.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -20,7 +21,7 @@ std::size_t lengthOf(unsigned char first) {
 }
 
 std::uint32_t codeOf(std::string_view sequence) {
-  constexpr unsigned kMasks[] = {0, 0x7FU, 0x1FU, 0x0FU, 0x07U};
+  constexpr std::array<unsigned, 5> kMasks = {0, 0x7FU, 0x1FU, 0x0FU, 0x07U};
   std::uint32_t code = static_cast<unsigned char>(sequence[0]) & kMasks[sequence.size()];
   for (const char byte : sequence.substr(1)) code = (code << 6U) | (static_cast<unsigned char>(byte) & 0x3FU);
   return code;
@@ -28,7 +29,7 @@ std::uint32_t codeOf(std::string_view sequence) {
 
 /// Neither written longer than it needs, nor half of a pair, nor one of the two that are no characters, nor too large.
 bool isCharacter(std::uint32_t code, std::size_t length) {
-  constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  constexpr std::array<std::uint32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
   const bool surrogate = code >= 0xD800 && code < 0xE000;
   return code >= kLeast[length] && !surrogate && code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
 }

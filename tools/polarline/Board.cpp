@@ -56,19 +56,18 @@ Subcommand addBoard(CLI::App& polarline) {
   auto* const source = app->add_option_group("Board", "Which board");
   source->add_option("--target", options->target, "Target configuration (.ini, .json, .yml, .yaml, .xml)")
       ->type_name("FILE");
-  source
-      ->add_option(
-          "--board", options->board,
-          "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots, and NAME "
-          "inner, outter, step_y, dot, numbering or marks; a board unit is a millimetre")
-      ->type_name("SPEC");
+  CLI::Option* const words = source->add_option(
+      "--board", options->board,
+      "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots, and NAME "
+      "inner, outter, step_y, dot, numbering or marks; a board unit is a millimetre");
+  words->type_name("SPEC");
   source->require_option(1);
   app->add_option("-o,--output", options->output, "File to write: .svg, .pdf or .png; - is an SVG on standard output")
       ->required()
       ->type_name("FILE");
   app->add_option("--rings", options->rings, "Rings to draw on a ring board of --target: small, big or mixed")
       ->check(CLI::IsMember(kRings))
-      ->excludes(board)
+      ->excludes(words)
       ->capture_default_str();
   app->add_option("--paper", options->paper, "A4, A3, A2, A1, or fit for the board's own size")
       ->check(CLI::IsMember(kPapers))
