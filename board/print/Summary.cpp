@@ -11,7 +11,7 @@ namespace polarline {
 
 std::string boardSummary(const BoardDescription& board, const PrintedBoard& printed) {
   return fmt::format(
-      "{}, {} of {} ids to be detected, on {} ({} x {} mm). Print it at 100 %: the ruler must measure {} mm.",
+      "{}, up to {} of {} ids to be detected, on {} ({} x {} mm). Print it at 100 %: the ruler must measure {} mm.",
       boardSpec(board), detectablePoints(board), board.rows * board.cols, printed.paper, printed.width, printed.height,
       boards::kRulerLength);
 }

@@ -95,7 +95,7 @@ POLARLINE_API std::vector<BoardPoint> boardPoints(const BoardDescription& board)
 POLARLINE_API std::string boardGroundTruthText(const BoardDescription& board);
 
 /// How many ids the detector can report at most, when the whole board is in a good picture. Small boards with big rings
-/// lose some more where the rings cut dots off the rim, and mixed boards may lose up to 16.
+/// lose some more where the rings cut dots off the rim, and mixed boards may lose some at each small ring.
 POLARLINE_API int detectablePoints(const BoardDescription& board);
 
 /// Sheets of paper. The board lies across or upright, as it fits.

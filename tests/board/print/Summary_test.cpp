@@ -12,7 +12,7 @@ TEST(Summary, SaysBoardSheetAndWhatToLookAt) {
   const auto printed = polarline::printBoard(board, {});
   const std::string text = polarline::boardSummary(board, printed);
   EXPECT_TRUE(
-      text.starts_with("rings-big:35x37:20:inner=9x7:outter=17x13, 1275 of 1295 ids to be detected, on own size"))
+      text.starts_with("rings-big:35x37:20:inner=9x7:outter=17x13, up to 1275 of 1295 ids to be detected, on own size"))
       << text;
   EXPECT_TRUE(text.ends_with("Print it at 100 %: the ruler must measure 100 mm.")) << text;
 }
