@@ -1,0 +1,83 @@
+#include "check/picture/DotSize.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+namespace {
+
+using kestrune::morvenkit::PointClass;
+
+/// Border pixels of a drawn circle for each pixel of its radius.
+constexpr double kBorderPerRadius = 4.0 * std::numbers::sqrt2;
+/// Shortest outline of a dot of a big dot board.
+constexpr double kShortestDot = 30.0;
+/// In pixels of `max_radius` and `min_radius`: an outline is shorter than the one and as long as the other.
+constexpr double kLongestPerRadius = 8.5;
+constexpr double kShortestPerRadius = 5.0;
+/// The big dots of a board are about half as large again as its dots, and must be found too.
+constexpr double kBigDotSize = 1.5;
+/// In pictures that are searched as they are, larger dots are hollowed by the threshold's block of 37 pixels.
+constexpr double kMostAsItIs = 27.0;
+/// Beside a ring only dots larger than this share of the columns count.
+constexpr double kColumnsPerRadius = 320.0;
+/// In searched pixels: smaller dots of a ring board leave no room for the rings' hollows and cores. Measured on
+/// rendered boards.
+constexpr double kLeastBesideRingsEnlarged = 4.0;
+/// So near to an end of the range a dot here or there is lost.
+constexpr double kNear = 1.1;
+
+DotRange rangeOnBigDotBoards(const SeenPicture& seen) {
+  const double pixels = pixelsPerSearched(seen);
+  if (isSearchedAsItIs(seen)) return {kShortestDot / kBorderPerRadius, kMostAsItIs};
+  const double shortest = std::max(kShortestDot, kShortestPerRadius * seen.config.min_radius);
+  const double longest = kLongestPerRadius * seen.config.max_radius;
+  return {shortest / kBorderPerRadius * pixels, longest / kBorderPerRadius / kBigDotSize * pixels};
+}
+
+DotRange rangeOnRingBoards(const SeenPicture& seen) {
+  if (isSearchedAsItIs(seen)) return {};
+  const double pixels = pixelsPerSearched(seen);
+  const double longest = kLongestPerRadius * kestrune::morvenkit::EllipseDetectorParams().max_radius;
+  const double least = pixels < 1.0 ? std::max(kLeastBesideRingsEnlarged * pixels, seen.size.width / kColumnsPerRadius)
+                                    : seen.size.width / kColumnsPerRadius;
+  return {least, longest / kBorderPerRadius * pixels};
+}
+
+}  // namespace
+
+DotRange dotRangeOf(const SeenPicture& seen) {
+  return isBigDotBoard(seen) ? rangeOnBigDotBoards(seen) : rangeOnRingBoards(seen);
+}
+
+double medianDotRadius(const kestrune::DetectionTrace& trace) {
+  std::vector<double> radii;
+  for (const bool dots_only : {true, false}) {
+    for (const auto& ellipse : trace.ellipses) {
+      if (!dots_only || ellipse.point_class == PointClass::kDot) radii.push_back(ellipse.semi_a);
+    }
+    if (!radii.empty()) break;
+  }
+  if (radii.empty()) return 0.0;
+  const auto middle = radii.begin() + static_cast<std::ptrdiff_t>(radii.size() / 2);
+  std::nth_element(radii.begin(), middle, radii.end());
+  return *middle;
+}
+
+void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings) {
+  const DotRange range = dotRangeOf(seen);
+  if (seen.dot_radius == 0.0 || range.most == 0.0) return;
+  const std::string fact = fmt::format(
+      "the dots have a radius of {:.1f} pixels; in a picture of {} columns, searched at {} x {}, dots of {:.1f} "
+      "to {:.1f} pixels are found",
+      seen.dot_radius, seen.size.width, seen.trace.working_size.width, seen.trace.working_size.height, range.least,
+      range.most);
+  if (seen.dot_radius < kNear * range.least) {
+    warnings.push_back({"dots_too_small", fact, "move the board nearer, or take a board with fewer and larger dots"});
+  } else if (seen.dot_radius * kNear > range.most) {
+    warnings.push_back({"dots_too_large", fact, "move the board away, or take a board with smaller dots"});
+  }
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <vector>
+
+#include "check/picture/SeenPicture.h"
+#include "polarline/detect.h"
+
+/// Radii of dots that are found in pictures of one width, pixels of the picture.
+struct DotRange {
+  double least = 0.0;
+  double most = 0.0;
+};
+
+/// Of this board in this picture. The limits follow from the outlines that the detector takes, told in their pixels at
+/// the scale of the search (a circle has 4 sqrt(2) for each pixel of its radius), and for ring boards from the dots
+/// that count beside a marker. Empty where no size is found: ring boards in pictures that are searched as they are.
+DotRange dotRangeOf(const SeenPicture& seen);
+
+/// Median semi-axis of the dots, of all ellipses where none is a dot; 0 without ellipses.
+double medianDotRadius(const kestrune::DetectionTrace& trace);
+
+/// Warns of dots near the ends of the range or beyond.
+void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings);

@@ -1,0 +1,34 @@
+#include <filesystem>
+#include <opencv2/imgcodecs.hpp>
+#include <system_error>
+#include <vector>
+
+#include "platform/Files.h"
+#include "polarline/detect.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+
+cv::Mat readPicture(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::file_status status = std::filesystem::status(path, failure);
+  if (!std::filesystem::exists(status)) throw InputError(path, "there is no such file");
+  if (std::filesystem::is_directory(status)) throw InputError(path, "is a folder; a picture was wanted");
+  cv::Mat image;
+  try {
+    image = files::readImage(path);
+  } catch (const cv::Exception& error) {
+    throw InputError(path, "can't be read as a picture: " + error.err);
+  }
+  if (image.empty())
+    throw InputError(path, "can't be read as a picture (of a format such as PNG, TIFF, BMP, PGM, JPEG)");
+  return image;
+}
+
+std::string pngOf(const cv::Mat& picture) {
+  std::vector<unsigned char> bytes;
+  cv::imencode(".png", picture, bytes);
+  return {bytes.begin(), bytes.end()};
+}
+
+}  // namespace polarline
