@@ -15,6 +15,8 @@ constexpr double kFaded = 0.7;
 constexpr double kLightened = 50.0;
 /// Pixels a side that a canvas has at most by enlarging.
 constexpr int kLargestCanvas = 4096;
+/// Pixels of the canvas that the radius of a dot has at least.
+constexpr double kLeastRadius = 8.0;
 /// Of coordinates: a sixteenth of a pixel.
 constexpr int kShift = 4;
 
@@ -84,8 +86,8 @@ cv::Size Canvas::sizeOf(const std::string& text) const {
   return size + cv::Size(2 * thickness_ + 2, 2 * thickness_ + 2);
 }
 
-int factorFor(const cv::Size& image, double length, double wanted) {
+int factorFor(const cv::Size& image, double dot_radius) {
   const int side = std::max({image.width, image.height, 1});
   const int most = std::max(1, kLargestCanvas / side);
-  return length > 0.0 ? std::clamp(static_cast<int>(std::ceil(wanted / length)), 1, most) : 1;
+  return dot_radius > 0.0 ? std::clamp(static_cast<int>(std::ceil(kLeastRadius / dot_radius)), 1, most) : 1;
 }

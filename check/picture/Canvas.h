@@ -31,6 +31,6 @@ class Canvas {
   int thickness_;
 };
 
-/// How often an image is enlarged so that what is `length` pixels of the image becomes `wanted` of the canvas: a whole
-/// number, 1 at least, and the canvas stays within what can be looked at.
-int factorFor(const cv::Size& image, double length, double wanted);
+/// How often an image is enlarged so that outlines and centres of dots of this radius, pixels, can be told apart: a
+/// whole number, 1 at least, and the canvas stays within what can be looked at.
+int factorFor(const cv::Size& image, double dot_radius);

@@ -126,7 +126,15 @@ Detection detect(const cv::Mat& image, const std::string& target) {
   RingTarget::Points points;
   const std::string exception = search(ring_target, image, points);
   const kestrune::DetectionTrace& trace = ring_target.trace();
-  return toldOf({ring_target.config(), trace, image.size(), image.type(), exception, medianDotRadius(trace)}, points);
+  const kestrune::MarkerSizes& sizes = ring_target.markerSizes();
+  const SeenPicture seen = {ring_target.config(),
+                            trace,
+                            image.size(),
+                            image.type(),
+                            exception,
+                            medianDotRadius(ring_target),
+                            sizes.solid_big && !sizes.rings_small};
+  return toldOf(seen, points);
 }
 
 }  // namespace polarline

@@ -28,7 +28,9 @@ std::string detectionTable(const Detection& detection) {
   for (const DetectionStage& stage : detection.stages) line(stage.name, stage.state, stage.text);
   line(detection.found ? "found" : "not found", "", detection.text);
   if (detection.found && !detection.missing.empty())
-    line("missing", "", counted(detection.missing.size(), "dot") + ", ids " + missingOf(detection));
+    line("missing", "",
+         counted(detection.missing.size(), "dot") + (detection.missing.size() == 1 ? ", id " : ", ids ") +
+             missingOf(detection));
   if (detection.dot_radius > 0.0)
     line("dots", "", fmt::format("radius {:.1f} pixels of the picture (median)", detection.dot_radius));
   if (!detection.advice.empty()) line("advice", "", detection.advice);

@@ -88,6 +88,14 @@ DetectionWords filterWords(const SeenPicture& seen) {
           "correct detection_id in the target, or switch detection_switch off"};
 }
 
+DetectionWords foundWords(const SeenPicture& seen) {
+  const std::size_t all = static_cast<std::size_t>(seen.config.rows) * seen.config.cols;
+  std::string text = fmt::format("{} numbered of {}", seen.trace.kept, counted(all, "dot"));
+  if (seen.big_rings && seen.trace.kept < all)
+    text += "; big rings cover the dots beside them, so that 20 of such a board have no number";
+  return {text, ""};
+}
+
 }  // namespace
 
 DetectionWords wordsOf(const SeenPicture& seen) {
@@ -113,7 +121,5 @@ DetectionWords wordsOf(const SeenPicture& seen) {
     case DetectionStep::kDone:
       break;
   }
-  return {fmt::format("{} numbered of {}", seen.trace.kept,
-                      counted(static_cast<std::size_t>(seen.config.rows) * seen.config.cols, "dot")),
-          ""};
+  return foundWords(seen);
 }

@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstddef>
 #include <numbers>
 
 namespace {
@@ -24,9 +22,10 @@ constexpr double kBigDotSize = 1.5;
 constexpr double kMostAsItIs = 27.0;
 /// Beside a ring only dots larger than this share of the columns count.
 constexpr double kColumnsPerRadius = 320.0;
-/// In searched pixels: smaller dots of a ring board leave no room for the rings' hollows and cores. Measured on
-/// rendered boards.
-constexpr double kLeastBesideRingsEnlarged = 4.0;
+/// Smaller dots of a ring board go with rings whose hollows and cores are lost, in pictures that are searched at four
+/// times their size and at twice. Measured on rendered boards.
+constexpr double kLeastAtFourTimes = 1.6;
+constexpr double kLeastAtTwice = 2.0;
 /// So near to an end of the range a dot here or there is lost.
 constexpr double kNear = 1.1;
 
@@ -42,9 +41,30 @@ DotRange rangeOnRingBoards(const SeenPicture& seen) {
   if (isSearchedAsItIs(seen)) return {};
   const double pixels = pixelsPerSearched(seen);
   const double longest = kLongestPerRadius * kestrune::morvenkit::EllipseDetectorParams().max_radius;
-  const double least = pixels < 1.0 ? std::max(kLeastBesideRingsEnlarged * pixels, seen.size.width / kColumnsPerRadius)
-                                    : seen.size.width / kColumnsPerRadius;
-  return {least, longest / kBorderPerRadius * pixels};
+  const double counted = seen.size.width / kColumnsPerRadius;
+  const double drawn = pixels < 0.5 ? kLeastAtFourTimes : pixels < 1.0 ? kLeastAtTwice : 0.0;
+  return {std::max(counted, drawn), longest / kBorderPerRadius * pixels};
+}
+
+bool isDot(const kestrune::Ellipse& ellipse) { return ellipse.point_class == PointClass::kDot; }
+bool anyEllipse(const kestrune::Ellipse& /*ellipse*/) { return true; }
+
+/// Half of the radii together are of smaller ellipses.
+double weightedMedian(const kestrune::RingTarget::Ellipses& ellipses, bool (*counts)(const kestrune::Ellipse&)) {
+  std::vector<double> radii;
+  double whole = 0.0;
+  for (const auto& ellipse : ellipses) {
+    if (!counts(ellipse) || !(ellipse.semi_a > 0.0)) continue;  // Made-up dots have no outline.
+    radii.push_back(ellipse.semi_a);
+    whole += ellipse.semi_a;
+  }
+  std::ranges::sort(radii);
+  double below = 0.0;
+  for (const double radius : radii) {
+    below += radius;
+    if (2.0 * below >= whole) return radius;
+  }
+  return 0.0;
 }
 
 }  // namespace
@@ -53,18 +73,11 @@ DotRange dotRangeOf(const SeenPicture& seen) {
   return isBigDotBoard(seen) ? rangeOnBigDotBoards(seen) : rangeOnRingBoards(seen);
 }
 
-double medianDotRadius(const kestrune::DetectionTrace& trace) {
-  std::vector<double> radii;
-  for (const bool dots_only : {true, false}) {
-    for (const auto& ellipse : trace.ellipses) {
-      if (!dots_only || ellipse.point_class == PointClass::kDot) radii.push_back(ellipse.semi_a);
-    }
-    if (!radii.empty()) break;
-  }
-  if (radii.empty()) return 0.0;
-  const auto middle = radii.begin() + static_cast<std::ptrdiff_t>(radii.size() / 2);
-  std::nth_element(radii.begin(), middle, radii.end());
-  return *middle;
+double medianDotRadius(const kestrune::RingTarget& target) {
+  if (!target.identifiedEllipses().empty()) return weightedMedian(target.identifiedEllipses(), anyEllipse);
+  const auto& all = target.trace().ellipses;
+  const double of_dots = weightedMedian(all, isDot);
+  return of_dots > 0.0 ? of_dots : weightedMedian(all, anyEllipse);
 }
 
 void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings) {

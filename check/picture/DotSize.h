@@ -16,8 +16,9 @@ struct DotRange {
 /// that count beside a marker. Empty where no size is found: ring boards in pictures that are searched as they are.
 DotRange dotRangeOf(const SeenPicture& seen);
 
-/// Median semi-axis of the dots, of all ellipses where none is a dot; 0 without ellipses.
-double medianDotRadius(const kestrune::DetectionTrace& trace);
+/// Median semi-axis of the ellipses, pixels: of those numbered, or, with none numbered, of the dots, or else of all.
+/// The median is weighted by size, as specks can outnumber the dots. 0 without ellipses.
+double medianDotRadius(const kestrune::RingTarget& target);
 
 /// Warns of dots near the ends of the range or beyond.
 void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings);

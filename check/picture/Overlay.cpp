@@ -1,13 +1,15 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cmath>
-#include <map>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "check/picture/Canvas.h"
-#include "check/picture/Colours.h"
 #include "check/picture/LabelLayout.h"
+#include "check/picture/LabelMesh.h"
+#include "check/picture/Legend.h"
+#include "check/picture/MissingPlaces.h"
 #include "polarline/detect.h"
 
 namespace polarline {
@@ -17,27 +19,10 @@ const cv::Scalar kRowColour(200, 140, 0);
 const cv::Scalar kDotColour(0, 140, 0);
 const cv::Scalar kUnnumberedColour(0, 0, 230);
 const cv::Scalar kMarkerColour(200, 0, 200);
+const cv::Scalar kMissingColour(0, 130, 255);
 const cv::Scalar kLetterColour(80, 255, 255);
-/// Canvas pixels that a dot's radius has at least, so that its outline and centre can be told apart.
-constexpr double kLeastRadius = 6.0;
-/// Every n-th row and column is labelled first, from the widest mesh down to every dot.
-constexpr int kWidestMesh = 16;
-
-/// The dots in the order in which their ids are wanted: the board's corners, then ever finer meshes.
-std::vector<const Dot*> byImportance(const Detection& detection) {
-  const auto rank = [&board = detection.board](const Dot& dot) {
-    const bool at_side = dot.column == 0 || dot.column == board.columns - 1;
-    if (at_side && (dot.row == 0 || dot.row == board.rows - 1)) return 0;
-    int level = 1;
-    for (int mesh = kWidestMesh; mesh > 1; mesh /= 2, ++level)
-      if (dot.row % mesh == 0 && dot.column % mesh == 0) return level;
-    return level;
-  };
-  std::vector<const Dot*> dots;
-  for (const Dot& dot : detection.dots) dots.push_back(&dot);
-  std::ranges::stable_sort(dots, {}, [&](const Dot* dot) { return rank(*dot); });
-  return dots;
-}
+/// Between two ids, canvas pixels.
+constexpr int kBetweenIds = 8;
 
 void drawRows(const Detection& detection, Canvas& canvas) {
   for (std::size_t i = 1; i < detection.dots.size(); ++i) {
@@ -58,9 +43,16 @@ void drawEllipses(const Detection& detection, Canvas& canvas) {
   }
 }
 
+void drawMissing(const Detection& detection, Canvas& canvas) {
+  for (const cv::Point2d& place : missingPlaces(detection)) canvas.cross(place, detection.dot_radius, kMissingColour);
+}
+
 void drawIds(const Detection& detection, Canvas& canvas) {
+  const cv::Size widest = canvas.sizeOf(std::to_string(detection.board.rows * detection.board.columns));
+  const cv::Size2d room((widest.width + kBetweenIds) / static_cast<double>(canvas.factor()),
+                        widest.height / static_cast<double>(canvas.factor()));
   std::vector<LabelWish> wishes;
-  for (const Dot* dot : byImportance(detection)) {
+  for (const Dot* dot : labelledDots(detection, room)) {
     const std::string id = std::to_string(dot->id);
     const cv::Point2d place = canvas.at({dot->x, dot->y});
     wishes.push_back({id, {cvRound(place.x), cvRound(place.y)}, canvas.sizeOf(id)});
@@ -69,17 +61,29 @@ void drawIds(const Detection& detection, Canvas& canvas) {
     canvas.text(label.text, {label.box.x, label.box.br().y}, kLetterColour);
 }
 
+std::string titleOf(const Detection& detection) {
+  const int all = detection.board.rows * detection.board.columns;
+  return fmt::format("{} of {} dots numbered; id = row * {} + column", detection.dots.size(), all,
+                     detection.board.columns);
+}
+
 }  // namespace
 
 cv::Mat overlay(const cv::Mat& image, const Detection& detection) {
   if (image.empty()) return {};
-  Canvas canvas(image, factorFor(image.size(), detection.dot_radius, kLeastRadius));
+  Canvas canvas(image, factorFor(image.size(), detection.dot_radius));
   drawRows(detection, canvas);
   drawEllipses(detection, canvas);
+  drawMissing(detection, canvas);
   const double reach = 3.0 / canvas.factor();
   for (const Dot& dot : detection.dots) canvas.cross({dot.x, dot.y}, reach, kDotColour);
   drawIds(detection, canvas);
-  return canvas.picture();
+  return withLegend(canvas.picture(), titleOf(detection),
+                    {{"numbered dots", kDotColour},
+                     {"markers", kMarkerColour},
+                     {"rows of the board", kRowColour},
+                     {fmt::format("{} missing", detection.missing.size()), kMissingColour},
+                     {"ellipses without a number", kUnnumberedColour}});
 }
 
 }  // namespace polarline

@@ -13,6 +13,7 @@ struct SeenPicture {
   int type = CV_8UC1;       ///< Of its pixels, as they are stored.
   std::string exception;    ///< OpenCV's words where it ended a step; empty otherwise.
   double dot_radius = 0.0;  ///< Median, pixels of the picture; 0 without dots.
+  bool big_rings = false;   ///< The four rings are those of the outer rectangle.
 };
 
 inline bool isBigDotBoard(const SeenPicture& seen) { return seen.config.board_type == kestrune::kBigDotBoard; }

@@ -119,6 +119,13 @@ POLARLINE_API cv::Mat ellipsesPicture(const cv::Mat& image, const Detection& det
 /// A picture as the content of a PNG file. Precondition: 8-bit, not empty.
 POLARLINE_API std::string pngOf(const cv::Mat& picture);
 
+/// Writes the pictures of a detection into a folder, which is made where there is none: NAME_overlay.png where dots
+/// were found; where none were, NAME_ellipses.png and NAME_binary.png; with `all` the three of them. A picture of which
+/// there is nothing is left out. Returns the paths written. Throws `OutputError`.
+POLARLINE_API std::vector<std::string> writePictures(const cv::Mat& image, const Detection& detection,
+                                                     const std::string& folder, const std::string& name,
+                                                     bool all = false);
+
 /// The dots as CSV: the line "id,row,column,x,y", then a line a dot; each number reads back to the same double.
 POLARLINE_API std::string pointsCsv(const Detection& detection);
 

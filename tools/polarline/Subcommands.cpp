@@ -4,6 +4,9 @@ namespace command {
 
 std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
   return {
+      addCheck(polarline),
+      addExplain(polarline),
+      addDetect(polarline),
       addImport(polarline),
       addCheck(polarline),
       addBoard(polarline),

@@ -1,0 +1,55 @@
+#include "check/picture/LabelMesh.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace {
+
+using polarline::Detection;
+using polarline::Dot;
+
+constexpr std::array<int, 7> kMeshes = {1, 2, 5, 10, 20, 50, 100};
+
+/// Median distance of two dots that follow one another in a row; 0 without any.
+double pitchOf(const Detection& detection) {
+  std::vector<double> distances;
+  for (std::size_t i = 1; i < detection.dots.size(); ++i) {
+    const Dot& before = detection.dots[i - 1];
+    const Dot& dot = detection.dots[i];
+    if (dot.id == before.id + 1 && dot.row == before.row)
+      distances.push_back(std::hypot(dot.x - before.x, dot.y - before.y));
+  }
+  if (distances.empty()) return 0.0;
+  const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
+  std::ranges::nth_element(distances, middle);
+  return *middle;
+}
+
+int meshFor(double pitch, double wanted) {
+  for (const int mesh : kMeshes)
+    if (mesh * pitch >= wanted) return mesh;
+  return kMeshes.back();
+}
+
+bool isCorner(const polarline::DetectedBoard& board, const Dot& dot) {
+  return (dot.row == 0 || dot.row == board.rows - 1) && (dot.column == 0 || dot.column == board.columns - 1);
+}
+
+}  // namespace
+
+std::vector<const Dot*> labelledDots(const Detection& detection, const cv::Size2d& id_size) {
+  const int mesh = meshFor(pitchOf(detection), std::max(id_size.width, id_size.height));
+  std::vector<const Dot*> corners;
+  std::vector<const Dot*> others;
+  for (const Dot& dot : detection.dots) {
+    if (isCorner(detection.board, dot)) {
+      corners.push_back(&dot);
+    } else if (dot.row % mesh == 0 && dot.column % mesh == 0) {
+      others.push_back(&dot);
+    }
+  }
+  corners.insert(corners.end(), others.begin(), others.end());
+  return corners;
+}

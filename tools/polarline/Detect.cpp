@@ -1,0 +1,86 @@
+#include "polarline/detect.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "polarline/errors.h"
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+namespace {
+
+struct Options {
+  std::string image;
+  std::string target;
+  std::string out;
+  std::string csv;
+  bool all_pictures = false;
+  ResultOptions result;
+
+  bool usesStandardOutput() const { return csv == "-" || result.json == "-"; }
+};
+
+void deliverDocuments(const Options& options, const polarline::Detection& detection) {
+  if (options.csv == "-" && options.result.json == "-")
+    throw polarline::InputError("--csv and --json can't both be standard output");
+  if (!options.csv.empty()) deliver(options.csv, pointsCsv(detection));
+  if (!options.result.json.empty())
+    deliver(options.result.json, detectionJson(detection, options.image, options.target));
+}
+
+std::vector<std::string> deliverPictures(const Options& options, const cv::Mat& image,
+                                         const polarline::Detection& detection) {
+  if (options.out.empty()) return {};
+  const std::string name = std::filesystem::path(options.image).stem().string();
+  return writePictures(image, detection, options.out, name, options.all_pictures);
+}
+
+void tell(const Options& options, const polarline::Detection& detection, const std::vector<std::string>& pictures) {
+  if (options.result.quiet || options.usesStandardOutput()) {
+    if (!detection.found)
+      fmt::print(stderr, "polarline: {}: {}\nadvice: {}\n", options.image, detection.text, detection.advice);
+    return;
+  }
+  std::string text = detectionTable(detection);
+  for (const std::string& picture : pictures) text += fmt::format("{:<12} {:<12} {}\n", "written", "", picture);
+  if (!detection.found && options.out.empty())
+    text +=
+        fmt::format("{:<12} {:<12} --out FOLDER writes the ellipses by class and the binary picture\n", "pictures", "");
+  deliver("-", text);
+}
+
+int run(const Options& options) {
+  const cv::Mat image = polarline::readPicture(options.image);
+  const polarline::Detection detection = polarline::detect(image, options.target);
+  deliverDocuments(options, detection);
+  tell(options, detection, deliverPictures(options, image, detection));
+  return detection.found ? kDone : kNoFigure;
+}
+
+}  // namespace
+
+Subcommand addDetect(CLI::App& polarline) {
+  CLI::App* const app = polarline.add_subcommand(
+      "detect", "What the detector sees in one picture: the dots with their numbers, or the step where it stopped");
+  const auto options = std::make_shared<Options>();
+  app->add_option("image", options->image, "Picture: 8-bit grey or colour, or 16-bit grey")
+      ->required()
+      ->type_name("IMAGE");
+  app->add_option("--target", options->target, "Description of the board: target.ini, .json, .yml, .yaml or .xml")
+      ->required()
+      ->type_name("FILE");
+  app->add_option("--out", options->out,
+                  "Write NAME_overlay.png there; if nothing was found, NAME_ellipses.png and NAME_binary.png")
+      ->type_name("FOLDER");
+  app->add_flag("--all-pictures", options->all_pictures, "With --out: write all three pictures in any case");
+  app->add_option("--csv", options->csv, "Write the dots as CSV: id, row, column, x, y; - is standard output")
+      ->type_name("FILE");
+  addResultOptions(*app, options->result);
+  addExample(*app, "polarline detect scene/L_000.png --target scene/target.ini --out seen");
+  return {app, [options] { return run(*options); }};
+}
+
+}  // namespace command
