@@ -11,6 +11,8 @@ using polarline::Detection;
 using polarline::Dot;
 
 constexpr std::array<int, 7> kMeshes = {1, 2, 5, 10, 20, 50, 100};
+/// More ids hide the picture, whatever its size.
+constexpr std::size_t kMostIds = 1000;
 
 /// Median distance of two dots that follow one another in a row; 0 without any.
 double pitchOf(const Detection& detection) {
@@ -27,9 +29,11 @@ double pitchOf(const Detection& detection) {
   return *middle;
 }
 
-int meshFor(double pitch, double wanted) {
-  for (const int mesh : kMeshes)
-    if (mesh * pitch >= wanted) return mesh;
+int meshFor(std::size_t dots, double pitch, double wanted) {
+  for (const int mesh : kMeshes) {
+    const auto each = static_cast<std::size_t>(mesh) * static_cast<std::size_t>(mesh);
+    if (mesh * pitch >= wanted && dots / each <= kMostIds) return mesh;
+  }
   return kMeshes.back();
 }
 
@@ -40,7 +44,7 @@ bool isCorner(const polarline::DetectedBoard& board, const Dot& dot) {
 }  // namespace
 
 std::vector<const Dot*> labelledDots(const Detection& detection, const cv::Size2d& id_size) {
-  const int mesh = meshFor(pitchOf(detection), std::max(id_size.width, id_size.height));
+  const int mesh = meshFor(detection.dots.size(), pitchOf(detection), std::max(id_size.width, id_size.height));
   std::vector<const Dot*> corners;
   std::vector<const Dot*> others;
   for (const Dot& dot : detection.dots) {

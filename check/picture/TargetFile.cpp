@@ -8,6 +8,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "MorvenKit/ErrorCategories.h"
 #include "polarline/errors.h"
 
 namespace {
@@ -34,11 +35,19 @@ void requireReadable(const std::string& path) {
                                 "is no target by its name; one that ends in ini, json, yml, yaml or xml was wanted");
 }
 
+const char* problemOf(const std::error_code& code) {
+  using kestrune::morvenkit::DetectorErrc;
+  if (code == make_error_code(DetectorErrc::kBadConfiguration)) {
+    return "can't be used as a target: the first record of \"patterns\" with a board_type of 1, 2 or 3 was wanted";
+  }
+  return "can't be used as a target: a readable, well-formed JSON, YAML or XML document was wanted";
+}
+
 bool configure(const std::string& target, const std::string& place, kestrune::RingTarget& into) {
   try {
     return into.loadConfig(target);
   } catch (const std::system_error& error) {
-    throw polarline::InputError(place, std::string("can't be used as a target: ") + error.code().message());
+    throw polarline::InputError(place, problemOf(error.code()));
   } catch (const cv::Exception& error) {
     throw polarline::InputError(place, "can't be used as a target: " + error.err);
   }
