@@ -15,10 +15,10 @@ DetectionWords imageWords(const SeenPicture& seen) {
   if (seen.size.empty()) return {"the picture is empty", "make sure that the file was written whole"};
   const std::string size = fmt::format("{} x {} pixels", seen.size.width, seen.size.height);
   if (!seen.exception.empty()) {
-    return {
-        fmt::format("the picture of {} can't be searched: {}", size, seen.exception),
-        "use a larger picture; for a big dot board look at bin_blocksize too, which must not exceed the width that is "
-        "searched"};
+    const char* const block =
+        ", and look at bin_blocksize in the target, which must not exceed the width that is searched";
+    return {fmt::format("the picture of {} can't be searched: {}", size, seen.exception),
+            std::string("use a larger picture") + (isBigDotBoard(seen) ? block : "")};
   }
   return {fmt::format(
               "the picture of {} has pixels of {}; 8-bit pixels of 1, 3 or 4 channels or 16-bit pixels of 1 channel "
@@ -45,12 +45,13 @@ std::string sizesFound(const SeenPicture& seen) {
 
 DetectionWords ellipseWords(const SeenPicture& seen) {
   const auto& contours = seen.trace.contours;
-  return {fmt::format("none of {} became an ellipse: {} too short, {} too long or not round, {} of no mark's shape, {} "
+  const char* const limits =
+      "; look at min_radius, max_radius, max_sigma, min_circularity and bin_method in the target too";
+  return {fmt::format("of {} none became an ellipse: {} too short, {} too long or not round, {} of no mark's shape, {} "
                       "inexact or over the picture's edge{}",
                       counted(contours.traced, "outline"), contours.too_short, contours.not_round, contours.not_fitted,
                       contours.inexact, sizesFound(seen)),
-          "make sure that the board is in view, sharp and lit; for a big dot board look at min_radius, max_radius, "
-          "max_sigma, min_circularity and bin_method too"};
+          std::string("make sure that the board is in view, sharp and lit") + (isBigDotBoard(seen) ? limits : "")};
 }
 
 DetectionWords seedWords(const SeenPicture& seen) {

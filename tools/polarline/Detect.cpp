@@ -79,7 +79,7 @@ Subcommand addDetect(CLI::App& polarline) {
   app->add_option("--csv", options->csv, "Write the dots as CSV: id, row, column, x, y; - is standard output")
       ->type_name("FILE");
   addResultOptions(*app, options->result);
-  addExample(*app, "polarline detect scene/L_000.png --target scene/target.ini --out seen");
+  addExample(*app, "polarline detect my_set/left_0.png --target my_set/target.ini --out seen");
   return {app, [options] { return run(*options); }};
 }
 
