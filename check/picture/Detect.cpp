@@ -75,6 +75,8 @@ void fillContours(const kestrune::morvenkit::ContourCounts& counts, polarline::D
                         counts.not_fitted, counts.inexact,   counts.accepted};
 }
 
+int placesOf(const polarline::DetectedBoard& board) { return board.rows * board.columns; }
+
 void fillDots(const RingTarget::Points& points, polarline::Detection& detection) {
   const int columns = std::max(1, detection.board.columns);
   std::set<int> seen;
@@ -83,8 +85,7 @@ void fillDots(const RingTarget::Points& points, polarline::Detection& detection)
     seen.insert(point.id);
   }
   std::ranges::stable_sort(detection.dots, {}, &polarline::Dot::id);
-  const int all = detection.board.rows * detection.board.columns;
-  for (int id = 0; id < all; ++id) {
+  for (int id = 0; id < placesOf(detection.board); ++id) {
     if (!seen.contains(id)) detection.missing.push_back(id);
   }
 }
@@ -93,25 +94,18 @@ polarline::DetectedBoard boardOf(const kestrune::RingTargetConfig& config) {
   return {config.board_type, config.rows, config.cols, config.step, kestrune::rowPitchOf(config)};
 }
 
-polarline::Detection toldOf(const SeenPicture& seen, const RingTarget::Points& points) {
-  polarline::Detection detection;
-  detection.found = !points.empty();
-  detection.step = nameOf(seen.trace.step);
+bool hasBigRings(const RingTarget& target) {
+  return target.markerSizes().solid_big && !target.markerSizes().rings_small;
+}
+
+void fillWords(const SeenPicture& seen, polarline::Detection& detection) {
   DetectionWords words = wordsOf(seen);
+  detection.step = nameOf(seen.trace.step);
   detection.text = std::move(words.text);
   detection.advice = std::move(words.advice);
-  detection.board = boardOf(seen.config);
-  detection.size = seen.size;
-  detection.working_size = seen.trace.working_size;
-  detection.dot_radius = seen.dot_radius;
-  detection.binary = seen.trace.binary;
-  fillContours(seen.trace.contours, detection);
-  fillEllipses(seen.trace, detection);
-  fillDots(points, detection);
   detection.stages = stagesOf(seen);
   warnOfDotSize(seen, detection.warnings);
   warnOfIds(detection);
-  return detection;
 }
 
 }  // namespace
@@ -126,15 +120,20 @@ Detection detect(const cv::Mat& image, const std::string& target) {
   RingTarget::Points points;
   const std::string exception = search(ring_target, image, points);
   const kestrune::DetectionTrace& trace = ring_target.trace();
-  const kestrune::MarkerSizes& sizes = ring_target.markerSizes();
-  const SeenPicture seen = {ring_target.config(),
-                            trace,
-                            image.size(),
-                            image.type(),
-                            exception,
-                            medianDotRadius(ring_target),
-                            sizes.solid_big && !sizes.rings_small};
-  return toldOf(seen, points);
+  Detection detection;
+  detection.found = !points.empty();
+  detection.board = boardOf(ring_target.config());
+  detection.size = image.size();
+  detection.working_size = trace.working_size;
+  detection.dot_radius = medianDotRadius(ring_target);
+  detection.binary = trace.binary;
+  fillContours(trace.contours, detection);
+  fillEllipses(trace, detection);
+  fillDots(points, detection);
+  fillWords({ring_target.config(), trace, image.size(), image.type(), exception, detection.dot_radius,
+             static_cast<std::size_t>(placesOf(detection.board)) - detection.missing.size(), hasBigRings(ring_target)},
+            detection);
+  return detection;
 }
 
 }  // namespace polarline

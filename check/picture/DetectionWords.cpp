@@ -91,8 +91,8 @@ DetectionWords filterWords(const SeenPicture& seen) {
 
 DetectionWords foundWords(const SeenPicture& seen) {
   const std::size_t all = static_cast<std::size_t>(seen.config.rows) * seen.config.cols;
-  std::string text = fmt::format("{} numbered of {}", seen.trace.kept, counted(all, "dot"));
-  if (seen.big_rings && seen.trace.kept < all)
+  std::string text = fmt::format("{} numbered of {}", seen.places, counted(all, "dot"));
+  if (seen.big_rings && seen.places < all)
     text += "; big rings cover the dots beside them, so that 20 of such a board have no number";
   return {text, ""};
 }

@@ -84,9 +84,10 @@ DetectionWords bigDotWords(const SeenPicture& seen) {
   }
   if (classes.big_dots < kBigDots)
     return {notRecognised(fmt::format("{} big dots are needed, {}", kBigDots, found)), advice};
-  return {notRecognised(fmt::format("{} big dots of one size are needed, {}, of which fewer than {} of the largest are "
-                                    "within a seventh of their mean size",
-                                    kBigDots, found, kBigDots)),
+  return {notRecognised(
+              fmt::format("{} big dots of one size are needed; {} by area, but of the eight largest fewer than {} "
+                          "are within a seventh of the mean of the first four",
+                          kBigDots, found, kBigDots)),
           "look for large dark marks beside the board, cover or crop them, or view the board less slanted"};
 }
 

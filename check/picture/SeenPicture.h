@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <opencv2/core.hpp>
 #include <string>
 
@@ -13,6 +14,7 @@ struct SeenPicture {
   int type = CV_8UC1;       ///< Of its pixels, as they are stored.
   std::string exception;    ///< OpenCV's words where it ended a step; empty otherwise.
   double dot_radius = 0.0;  ///< Median, pixels of the picture; 0 without dots.
+  std::size_t places = 0;   ///< Places of the board that a dot was numbered for.
   bool big_rings = false;   ///< The four rings are those of the outer rectangle.
 };
 

@@ -47,8 +47,10 @@ bool GetCircleIndex(const RingTargetConfig& config, const MarkerSizes& sizes, co
 /// for.
 DetectionStep stepOf(const RingTargetConfig& config, const MarkerSeeds& seeds, const NumberedPoints& numbered) {
   if (!numbered.points.empty()) return DetectionStep::kDone;
+  const bool chooses = config.board_type == kBigDotBoard;
+  if (chooses && config.id_method != kIdsByGrowth && config.id_method != kIdsBySearch) return DetectionStep::kSeed;
   if (seeds.marker_image_points.empty()) return DetectionStep::kArrangement;
-  if (config.board_type == kBigDotBoard && config.id_method == kIdsBySearch) return DetectionStep::kSearch;
+  if (chooses && config.id_method == kIdsBySearch) return DetectionStep::kSearch;
   return seeds.seed_indices.empty() ? DetectionStep::kSeed : DetectionStep::kGrowth;
 }
 

@@ -17,7 +17,7 @@ enum class DetectionStep : std::uint8_t {
   kEllipses,     ///< No contour became an ellipse.
   kMarkers,      ///< The markers were not recognised among the ellipses.
   kArrangement,  ///< The markers don't stand as the board's do.
-  kSeed,         ///< No marker has a whole block of 3 x 3 around it to begin the numbering with.
+  kSeed,         ///< No marker has a whole block of 3 x 3 around it to begin the numbering with, or none is looked for.
   kGrowth,       ///< The numbering from the seed gave no point.
   kSearch,       ///< Too few ellipses stand in the board's grid (numbering by search).
   kFilter,       ///< Everything numbered was taken out, by the ids or the region that are wanted.

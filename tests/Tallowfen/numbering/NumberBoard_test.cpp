@@ -251,6 +251,12 @@ TEST(NumberBoardTrace, WithoutAWholeBlockEndsWithTheSeed) {
   EXPECT_EQ(trace.numbered, 0U);
 }
 
+TEST(NumberBoardTrace, OfAnyOtherNumberingEndsWithTheSeed) {
+  RingTargetConfig config = boardOf(3);
+  config.id_method = 2;
+  EXPECT_EQ(number(config, bigDotBoard()).trace.step, DetectionStep::kSeed);
+}
+
 TEST(NumberBoardTrace, OfASearchTellsTheMatches) {
   RingTargetConfig config = boardOf(3);
   config.id_method = 1;
