@@ -31,9 +31,8 @@ std::string ringSizes(const kestrune::RingCounts& rings) {
   return fmt::format(
       "{} rings on the corners of a rectangle and {} solid ring of the right place are needed, sized by the dots "
       "beside "
-      "them; found were {} small and {} big, {} small and {} big",
-      kRings, kSolidRings, rings.small_rings, counted(rings.big_rings, "ring"), rings.small_solid_rings,
-      counted(rings.big_solid_rings, "solid ring"));
+      "them; found were {} small and {} big among the rings, {} small and {} big among the solid rings",
+      kRings, kSolidRings, rings.small_rings, rings.big_rings, rings.small_solid_rings, rings.big_solid_rings);
 }
 
 DetectionWords unsizedRings(const SeenPicture& seen) {

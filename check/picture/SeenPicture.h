@@ -12,7 +12,7 @@ struct SeenPicture {
   const kestrune::DetectionTrace& trace;
   cv::Size size;            ///< Of the picture.
   int type = CV_8UC1;       ///< Of its pixels, as they are stored.
-  std::string exception;    ///< OpenCV's words where it ended a step; empty otherwise.
+  std::string exception{};  ///< OpenCV's words where it ended a step; empty otherwise.
   double dot_radius = 0.0;  ///< Median, pixels of the picture; 0 without dots.
   std::size_t places = 0;   ///< Places of the board that a dot was numbered for.
   bool big_rings = false;   ///< The four rings are those of the outer rectangle.

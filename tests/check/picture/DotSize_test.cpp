@@ -1,0 +1,77 @@
+#include "check/picture/DotSize.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+kestrune::RingTargetConfig boardOf(std::int32_t type) {
+  kestrune::RingTargetConfig config;
+  config.board_type = type;
+  return config;
+}
+
+kestrune::DetectionTrace searchedAt(const cv::Size& size) {
+  kestrune::DetectionTrace trace;
+  trace.working_size = size;
+  return trace;
+}
+
+struct RangeCase {
+  const char* name;
+  std::int32_t type;
+  cv::Size size, searched;
+  double least, most;
+};
+
+class DotSizeRange : public testing::TestWithParam<RangeCase> {};
+
+// A circle of radius r has an outline of about 5.66 r pixels. Big dot boards: 30 pixels at least, 425 for a big dot
+// of 1.5 radii. Ring boards: 1 pixel for 320 columns, 425 pixels.
+TEST_P(DotSizeRange, FollowsFromTheOutlinesAtTheScaleOfTheSearch) {
+  const RangeCase& given = GetParam();
+  const kestrune::RingTargetConfig config = boardOf(given.type);
+  const kestrune::DetectionTrace trace = searchedAt(given.searched);
+  const DotRange range = dotRangeOf({config, trace, given.size, CV_8UC1, "", 0.0, 0, false});
+  EXPECT_NEAR(range.least, given.least, 0.05);
+  EXPECT_NEAR(range.most, given.most, 0.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Widths, DotSizeRange,
+                         testing::Values(RangeCase{"BigDots320", 3, {320, 256}, {1280, 1024}, 1.33, 12.5},
+                                         RangeCase{"BigDots640", 3, {640, 512}, {1280, 1024}, 2.65, 25},
+                                         RangeCase{"BigDots1280", 3, {1280, 800}, {1280, 800}, 5.3, 27},
+                                         RangeCase{"BigDots2448", 3, {2448, 2048}, {1224, 1024}, 10.6, 100.2},
+                                         RangeCase{"Rings320", 2, {320, 256}, {1280, 1024}, 1.6, 18.8},
+                                         RangeCase{"Rings640", 2, {640, 512}, {1280, 1024}, 2.0, 37.6},
+                                         RangeCase{"Rings1280", 2, {1280, 800}, {1280, 800}, 0, 0},
+                                         RangeCase{"Rings4096", 2, {4096, 3072}, {2048, 1536}, 12.8, 150.3}),
+                         [](const auto& tested) { return tested.param.name; });
+
+std::vector<std::string> codesOf(double radius) {
+  const kestrune::RingTargetConfig config = boardOf(2);
+  const kestrune::DetectionTrace trace = searchedAt({2048, 1536});
+  std::vector<polarline::DetectionWarning> warnings;
+  warnOfDotSize({config, trace, {4096, 3072}, CV_8UC1, "", radius, 0, false}, warnings);
+  std::vector<std::string> codes;
+  for (const auto& warning : warnings) {
+    codes.push_back(warning.code);
+    EXPECT_THAT(warning.text,
+                testing::HasSubstr("in a picture of 4096 columns, searched at 2048 x 1536, dots of 12.8 to "
+                                   "150.3 pixels are found"));
+  }
+  return codes;
+}
+
+TEST(DotSize, NearTheEndsOfTheRangeIsWarnedOf) {
+  EXPECT_THAT(codesOf(9.5), testing::ElementsAre("dots_too_small"));
+  EXPECT_THAT(codesOf(14.0), testing::ElementsAre("dots_too_small")) << "within a tenth";
+  EXPECT_THAT(codesOf(14.2), testing::IsEmpty());
+  EXPECT_THAT(codesOf(136.0), testing::IsEmpty());
+  EXPECT_THAT(codesOf(140.0), testing::ElementsAre("dots_too_large"));
+  EXPECT_THAT(codesOf(0.0), testing::IsEmpty()) << "without dots";
+}
+
+}  // namespace
