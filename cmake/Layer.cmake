@@ -44,4 +44,5 @@ function(plp_layer name)
     list(TRANSFORM arg_OFFERS PREPEND ${name}/ OUTPUT_VARIABLE offered)
   endif()
   set_target_properties(${name} PROPERTIES PLP_SEEN_ABOVE "${seen};${offered}")
+  set_property(GLOBAL APPEND PROPERTY PLP_LAYERS ${name})  # Bottom to top.
 endfunction()
