@@ -61,7 +61,7 @@ struct PairCheck {
   PairPoints points;
 
   /// None for a name that is no figure.
-  const Figure* figure(const std::string& name) const;
+  POLARLINE_API const Figure* figure(const std::string& name) const;
 };
 
 /// What the finished pairs that measured a figure come to. Of lists each entry has a name of its own, `tri_dis[0]`.
@@ -152,7 +152,7 @@ struct Check {
   Verdict verdict = Verdict::kError;
   std::vector<Warning> warnings;
 
-  std::size_t finished() const;
+  POLARLINE_API std::size_t finished() const;
 };
 
 /// What a check does beyond running the set. Nothing here changes a figure, but for `settings`.
