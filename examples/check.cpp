@@ -10,7 +10,8 @@ int main(int argc, char** argv) {
   polarline::CheckOptions options;
   options.limits.assign(argv + 2, argv + argc);
   const polarline::Check check = polarline::check(set, options);
-  if (check.verdict == polarline::Verdict::kError) std::cerr << check.status.text << "\n" << check.status.advice << "\n";
+  if (check.verdict == polarline::Verdict::kError)
+    std::cerr << check.status.text << "\n" << check.status.advice << "\n";
   for (const polarline::FigureSummary& figure : check.summary)
     if (figure.name == "dy_means") std::cout << "mean |dy| " << figure.mean << " px\n";
   if (check.verdict != polarline::Verdict::kError)

@@ -16,8 +16,8 @@ class UnreadableValue : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Builds values from what a parser reports, piece by piece, and bounds them: none nests deeper than `kDeepest`, and all
-/// documents of a file together hold no more than `kMost`, however often they repeat themselves. Throws
+/// Builds values from what a parser reports, piece by piece, and bounds them: none nests deeper than `kDeepest`, and
+/// all documents of a file together hold no more than `kMost`, however often they repeat themselves. Throws
 /// `UnreadableValue`.
 class ValueBuilder {
  public:

@@ -26,16 +26,13 @@ struct Subcommand {
 
 Subcommand addImport(CLI::App& polarline);
 Subcommand addCheck(CLI::App& polarline);
+Subcommand addDetect(CLI::App& polarline);
 Subcommand addBoard(CLI::App& polarline);
 Subcommand addSimulate(CLI::App& polarline);
 Subcommand addExplain(CLI::App& polarline);
 
 /// Every subcommand, in the order of the help. A new one is a file of its own and a line in Subcommands.cpp.
 std::vector<Subcommand> addSubcommands(CLI::App& polarline);
-
-Subcommand addImport(CLI::App& polarline);
-Subcommand addBoard(CLI::App& polarline);
-Subcommand addDetect(CLI::App& polarline);
 
 /// The options that each subcommand with a result has.
 struct ResultOptions {

@@ -4,14 +4,8 @@ namespace command {
 
 std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
   return {
-      addCheck(polarline),
-      addExplain(polarline),
-      addDetect(polarline),
-      addImport(polarline),
-      addCheck(polarline),
-      addBoard(polarline),
-      addSimulate(polarline),
-      addExplain(polarline),
+      addImport(polarline), addCheck(polarline),    addDetect(polarline),
+      addBoard(polarline),  addSimulate(polarline), addExplain(polarline),
   };
 }
 

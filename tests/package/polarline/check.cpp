@@ -1,4 +1,5 @@
-// check SET: the figures of a set by polarline::check, to the last bit. Fails unless the failure of a set that isn't there can be caught.
+// check SET: the figures of a set by polarline::check, to the last bit. Fails unless the failure of a set that isn't
+// there can be caught.
 #include <polarline/check.h>
 #include <polarline/errors.h>
 

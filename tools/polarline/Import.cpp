@@ -82,7 +82,6 @@ Subcommand addImport(CLI::App& polarline) {
                                           "Length between the cameras in the board unit, where the file lost it");
   app->add_option("--pair", command->pair, "Which cameras of several are left and right, from 0")
       ->expected(2)
-      ->type_name("I J");
       ->type_name("N");
   app->add_flag("--swap", command->options.swap, "Exchange left and right");
   addResultOptions(*app, command->result);
