@@ -5,6 +5,7 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
+#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -131,6 +132,42 @@ TEST(PrintBoard, IsDetectedInALargePicture) {
     expectEveryId(board, detectedIds(polarline::targetIni(board), grey), picture.first(), pixels);
   }
 }
+
+struct PaperCase {
+  polarline::Paper paper;
+  const char* name;
+  double short_side, long_side;
+};
+
+class PrintBoardPaper : public testing::TestWithParam<PaperCase> {};
+
+TEST_P(PrintBoardPaper, IsTheSheetOfEveryForm) {
+  const BoardDescription board = polarline::parseBoard("dots:15x9:12");  // Wider than high: the sheets lie.
+  polarline::BoardPrint print;
+  print.paper = GetParam().paper;
+  print.dpi = 50.8;  // Two pixels to the millimetre.
+  const polarline::PrintedBoard svg = polarline::printBoard(board, print);
+  EXPECT_EQ(svg.paper, GetParam().name);
+  EXPECT_EQ(SvgPicture(svg.bytes).width, GetParam().long_side);
+  EXPECT_EQ(SvgPicture(svg.bytes).height, GetParam().short_side);
+  print.format = BoardFormat::kPdf;
+  std::smatch box;
+  const std::string pdf = polarline::printBoard(board, print).bytes;
+  ASSERT_TRUE(std::regex_search(pdf, box, std::regex("/MediaBox \\[ 0 0 ([0-9.]+) ([0-9.]+) \\]")));
+  EXPECT_NEAR(std::stod(box[1].str()), GetParam().long_side / 25.4 * 72.0, 0.01);
+  EXPECT_NEAR(std::stod(box[2].str()), GetParam().short_side / 25.4 * 72.0, 0.01);
+  print.format = BoardFormat::kPng;
+  const std::string png = polarline::printBoard(board, print).bytes;
+  const cv::Mat grey = cv::imdecode(std::vector<uchar>(png.begin(), png.end()), cv::IMREAD_UNCHANGED);
+  EXPECT_NEAR(grey.cols, 2.0 * GetParam().long_side, 1.0);
+  EXPECT_NEAR(grey.rows, 2.0 * GetParam().short_side, 1.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(, PrintBoardPaper,
+                         testing::Values(PaperCase{polarline::Paper::kA4, "A4", 210, 297},
+                                         PaperCase{polarline::Paper::kA3, "A3", 297, 420},
+                                         PaperCase{polarline::Paper::kA2, "A2", 420, 594},
+                                         PaperCase{polarline::Paper::kA1, "A1", 594, 841}));
 
 TEST(PrintBoard, RefusesWhatCanNotBeNumbered) {
   BoardDescription board = polarline::parseBoard("dots:35x37:20");
