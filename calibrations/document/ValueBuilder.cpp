@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "calibrations/document/Shown.h"
+
 namespace calibrations {
 
 void ValueBuilder::countMore(std::size_t count) {
@@ -25,7 +27,9 @@ const Value& ValueBuilder::end() {
 
 void ValueBuilder::key(const std::string& key) {
   Open& map = open_.back();
-  if (map.value.member(key) != nullptr) throw UnreadableValue("the key '" + key + "' twice");
+  if (map.value.keys.size() == kMostKeys)
+    throw UnreadableValue("more than " + std::to_string(kMostKeys) + " keys in one map");
+  if (map.value.member(key) != nullptr) throw UnreadableValue("the key " + shown(key) + " twice");
   map.key = key;
 }
 

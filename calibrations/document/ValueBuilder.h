@@ -23,6 +23,7 @@ class ValueBuilder {
  public:
   static constexpr std::size_t kDeepest = 32;
   static constexpr std::size_t kMost = 200000;
+  static constexpr std::size_t kMostKeys = 1000;  ///< Of one map, which is searched from its first.
 
   void beginList() { begin(Value::Kind::kList); }
   void beginMap() { begin(Value::Kind::kMap); }

@@ -40,7 +40,7 @@ class Events : public YAML::EventHandler {
   void OnAlias(const YAML::Mark& mark, YAML::anchor_t anchor) override {
     note(mark);
     const auto found = anchored_.find(anchor);
-    if (found == anchored_.end()) throw UnreadableValue("an alias that stands in its own anchor");
+    if (found == anchored_.end()) throw UnreadableValue("an alias of nothing before it");
     if (builder_.wantsKey()) throw UnreadableValue("an alias as a key");
     builder_.again(found->second);
   }

@@ -27,8 +27,9 @@ const char* nameOf(const Document& document) {
   if (root.has("T_BS")) return "euroc";
   const bool isRosCamera = root.has("camera_matrix") && root.has("distortion_model");
   if (isRosCamera || hasAny(root, {"projection_matrix", "rectification_matrix"})) return "ros";
-  if (hasAny(root, {"M1", "M2", "D1", "D2", "K1", "K2", "K", "D", "R", "T", "camera_matrix", "camera_matrix_left",
-                    "camera_matrix_right", "cameraMatrix1", "rotation_matrix", "translation_vector"})) {
+  if (hasAny(root,
+             {"M1", "M2", "D1", "D2", "K1", "K2", "K", "D", "R", "T", "camera_matrix", "camera_matrix_left",
+              "camera_matrix_right", "cameraMatrix1", "left_camera_matrix", "rotation_matrix", "translation_vector"})) {
     return "opencv";
   }
   throw polarline::InputError(document.place, "is no calibration that is known; one of " + allNames() + " was wanted");

@@ -52,6 +52,16 @@ TEST(ValueBuilder, BoundsTheCount) {
   EXPECT_THROW(builder.text("1"), UnreadableValue);
 }
 
+TEST(ValueBuilder, BoundsTheKeys) {
+  ValueBuilder builder;
+  builder.beginMap();
+  for (std::size_t k = 0; k < ValueBuilder::kMostKeys; ++k) {
+    builder.key(std::to_string(k));
+    builder.nothing();
+  }
+  EXPECT_THROW(builder.key("more"), UnreadableValue);
+}
+
 TEST(ValueBuilder, CountsWhatIsRepeatedWhole) {
   ValueBuilder builder;
   builder.beginList();

@@ -53,7 +53,7 @@ TEST(YamlText, IsRefusedWhereItIsNoYaml) {
 
 TEST(YamlText, IsRefusedWhereItIsATrap) {
   EXPECT_EQ(refused("a: 1\nb: 2\na: 3\n"), "file: line 3: has the key 'a' twice, which is not read");
-  EXPECT_EQ(refused("a: &x [1, *x]\n"), "file: line 1: has an alias that stands in its own anchor, which is not read");
+  EXPECT_EQ(refused("a: &x [1, *x]\n"), "file: line 1: has an alias of nothing before it, which is not read");
   EXPECT_EQ(refused("a: &x b\n*x : 1\n"), "file: line 2: has an alias as a key, which is not read");
   EXPECT_EQ(refused("? [1, 2]\n: 3\n"), "file: line 1: has a list or a map as a key, which is not read");
   EXPECT_EQ(refused(std::string(33, '[') + std::string(33, ']')),
