@@ -271,6 +271,19 @@ TEST(DetectSearch, WithTooFewInTheGridTellsHowMany) {
   EXPECT_THAT(detection.text, HasSubstr("more than half of 483 ellipses must stand in the board's grid, 80 do"));
 }
 
+// A board that fills a little of 640 columns: its dots have less than the 2.7 pixels that big dot boards need.
+TEST(DetectDotSize, OfDotsTooSmallForTheScaleIsWarnedWithNumbers) {
+  const BoardPicture picture(BoardKind::kBigDots, 640, 512, 0.4);
+  const double radius = picture.radiusOf(BoardPicture::kAll / 2 + 3);
+  ASSERT_LT(radius, 2.65);
+  const Detection detection = detect(picture.image(), picture.target());
+  ASSERT_FALSE(detection.warnings.empty()) << detection.text;
+  EXPECT_EQ(detection.warnings[0].code, "dots_too_small");
+  EXPECT_THAT(detection.warnings[0].text,
+              HasSubstr("in a picture of 640 columns, searched at 1280 x 1024, dots of 2.7 to"));
+  EXPECT_NEAR(detection.dot_radius, radius, 0.6);
+}
+
 TEST(DetectImage, ThatCantBeSearchedIsToldWithItsSizeAndType) {
   const std::string target = BoardPicture(BoardKind::kBigDots, 320, 256).target();
   const auto textOf = [&target](const cv::Mat& image) {
