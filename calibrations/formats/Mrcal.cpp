@@ -62,7 +62,8 @@ SourcePair readMrcal(const Documents& documents, const polarline::ImportOptions&
   SourcePair pair;
   pair.left = cameraOf(left);
   pair.right = cameraOf(right);
-  pair.right_from_left = poseOf(right) * inverse(poseOf(left));
+  const Pose left_from_reference = poseOf(left);
+  pair.right_from_left = poseOf(right) * inverse(left_from_reference);
   return pair;
 }
 
