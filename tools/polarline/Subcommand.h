@@ -34,6 +34,9 @@ Subcommand addExplain(CLI::App& polarline);
 /// Every subcommand, in the order of the help. A new one is a file of its own and a line in Subcommands.cpp.
 std::vector<Subcommand> addSubcommands(CLI::App& polarline);
 
+/// The whole command: its name, what it says of itself, and every subcommand.
+std::vector<Subcommand> describe(CLI::App& polarline);
+
 /// The options that each subcommand with a result has.
 struct ResultOptions {
   std::string json;    ///< Where the JSON document goes: a path, "-" for standard output, empty for nowhere.

@@ -13,11 +13,8 @@
 namespace {
 
 int run(int argc, char** argv) {
-  CLI::App polarline("Judges how well a calibrated stereo camera pair is aligned, from pictures of a board of dots.");
-  polarline.name("polarline");
-  polarline.require_subcommand(1);
-  polarline.set_version_flag("--version", PLP_VERSION);
-  const std::vector<command::Subcommand> subcommands = command::addSubcommands(polarline);
+  CLI::App polarline;
+  const std::vector<command::Subcommand> subcommands = command::describe(polarline);
   try {
     polarline.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,0 +1,14 @@
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+
+std::vector<Subcommand> describe(CLI::App& polarline) {
+  polarline.name("polarline");
+  polarline.description(
+      "Judges how well a calibrated stereo camera pair is aligned, from pictures of a board of dots.");
+  polarline.require_subcommand(1);
+  polarline.set_version_flag("--version", PLP_VERSION);
+  return addSubcommands(polarline);
+}
+
+}  // namespace command
