@@ -54,9 +54,12 @@ void appendQuoted(std::string& out, std::string_view text) {
 
 }  // namespace
 
-void JsonText::newLine() {
+bool JsonText::isInLines() const {
   constexpr std::size_t kMostIndented = 3;  // Deeper down a line is long enough.
-  if (open_.size() > kMostIndented) return;
+  return open_.size() <= kMostIndented && open_.back() == '}';
+}
+
+void JsonText::newLine() {
   text_ += '\n';
   text_.append(2 * open_.size(), ' ');
 }
@@ -67,7 +70,11 @@ void JsonText::separate() {
     return;
   }
   if (!is_first_) text_ += ',';
-  if (!open_.empty() && open_.back() == '}') newLine();
+  if (!open_.empty() && isInLines()) {
+    newLine();
+  } else if (!is_first_) {
+    text_ += ' ';
+  }
   is_first_ = false;
 }
 
@@ -89,8 +96,9 @@ JsonText& JsonText::array() {
 
 JsonText& JsonText::end() {
   const char bracket = open_.back();
+  const bool ends_lines = isInLines() && !is_first_;
   open_.pop_back();
-  if (bracket == '}' && !is_first_) newLine();
+  if (ends_lines) newLine();
   text_ += bracket;
   is_first_ = false;
   return *this;

@@ -45,6 +45,8 @@ class JsonText {
 
  private:
   void separate();
+  /// Whether each member of the innermost object has a line of its own.
+  bool isInLines() const;
   void newLine();
 
   std::string text_;
