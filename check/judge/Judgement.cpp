@@ -41,6 +41,13 @@ LimitResult unmeasured(const Limit& limit, const std::string& why) {
   return {limit.text, std::nullopt, -1, false, why};
 }
 
+/// Whether a pair's figure was measured and keeps a limit on its entries.
+bool keeps(const Limit& limit, const Figure& figure) {
+  if (limit.entry) return *limit.entry < figure.values.size() && holds(limit, figure.values[*limit.entry]);
+  return !figure.values.empty() &&
+         std::ranges::all_of(figure.values, [&](double value) { return holds(limit, value); });
+}
+
 /// The worst of the values that one limit judges.
 class Worst {
  public:
@@ -127,6 +134,17 @@ std::vector<Limit> readLimits(const std::string& path) {
     }
   }
   return limits;
+}
+
+void mark(const std::vector<Limit>& limits, PairCheck& pair) {
+  for (const Limit& limit : limits) {
+    if (!limit.statistic.empty()) continue;
+    const auto figure =
+        std::ranges::find_if(pair.figures, [&](const Figure& each) { return limit.figure == each.name; });
+    if (figure == pair.figures.end()) continue;
+    figure->is_limited = true;
+    figure->exceeds = figure->exceeds || (pair.finished && !keeps(limit, *figure));
+  }
 }
 
 std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check) {

@@ -11,6 +11,9 @@ namespace polarline {
 /// the line.
 std::vector<Limit> readLimits(const std::string& path);
 
+/// Says of each figure of a pair whether a limit judges it, and whether the pair exceeds that.
+void mark(const std::vector<Limit>& limits, PairCheck& pair);
+
 /// Judges every limit on the finished pairs of a check whose summary is made. A limit that a finished pair can't be
 /// judged by, because it did not measure the figure, does not hold.
 std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check);

@@ -28,6 +28,8 @@ struct Figure {
   bool is_single = false;   ///< The values came in single precision: they read back to the same float.
   bool is_own = false;      ///< The pair measured it.
   bool is_carried = false;  ///< The library's record repeats the value of an earlier pair.
+  bool is_limited = false;  ///< A limit judges it in each pair.
+  bool exceeds = false;     ///< The pair is finished, and its value does not keep such a limit.
 };
 
 /// The dots that both pictures of a pair show, one entry an id in every list, ascending. What was not measured is not a
