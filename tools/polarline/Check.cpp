@@ -41,34 +41,40 @@ class Speaker {
  public:
   explicit Speaker(const ResultOptions& result)
       : is_quiet_(result.quiet || result.json == "-"),
-        shows_progress_(!is_quiet_ && terminal::isTerminal(stderr) && !terminal::isTerminal(stdout)),
+        shows_progress_(!is_quiet_ && terminal::isTerminal(stderr)),
         table_(terminal::width(stdout), terminal::hasColours(stdout)) {}
 
   void begin(const polarline::Check& check) { say(table_.header(check)); }
   void pair(const polarline::PairCheck& pair, std::size_t count) {
+    clearProgress();
     say(table_.row(pair));
     ++done_;
-    if (shows_progress_) progress(count);
+    if (shows_progress_ && done_ < count) progress(count);
   }
   void end(const polarline::Check& check) {
-    if (shows_progress_) fmt::print(stderr, "\r\x1b[K");
+    clearProgress();
     if (check.verdict != polarline::Verdict::kError) return say(table_.conclusion(check));
     if (!is_quiet_ && !check.pairs.empty())
       say(table_.conclusion(check));
     else
       fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
   }
+  void interrupted() const {
+    clearProgress();
+    fmt::print(stderr, "polarline: interrupted; nothing was written\n");
+  }
 
  private:
   void say(const std::string& text) const {
-    if (is_quiet_) return;
-    std::fputs(text.c_str(), stdout);
-    std::fflush(stdout);
+    if (!is_quiet_) deliver("-", text);
+  }
+  void clearProgress() const {
+    if (shows_progress_) fmt::print(stderr, "\r\x1b[K");
   }
   void progress(std::size_t count) const {
     const double passed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
     const double left = passed / static_cast<double>(done_) * static_cast<double>(count - done_);
-    fmt::print(stderr, "\rpair {} of {}, {:.0f} s left \x1b[K", done_, count, left);
+    fmt::print(stderr, "pair {} of {}, {:.0f} s left", done_, count, left);
   }
 
   bool is_quiet_;
@@ -120,7 +126,10 @@ int runCheck(Arguments& arguments) {
     speaker.pair(pair, count);
   };
   const polarline::Check check = polarline::check(arguments.set, options);
-  if (check.status.exit_code == kInterrupted) return kInterrupted;
+  if (check.status.exit_code == kInterrupted) {
+    speaker.interrupted();
+    return kInterrupted;
+  }
   document.finish(check);
   speaker.end(check);
   return check.status.exit_code;

@@ -21,6 +21,7 @@ sigset_t endingSignals() {
   sigemptyset(&signals);
   sigaddset(&signals, SIGINT);
   sigaddset(&signals, SIGTERM);
+  sigaddset(&signals, SIGHUP);
   return signals;
 }
 
@@ -38,6 +39,9 @@ void waitForSignal() {
 }  // namespace
 
 void watchForInterruption() {
+  // A reader that is gone or a file that may not grow ends a write with a failure, not the process in the middle of it.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   const sigset_t signals = endingSignals();
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);  // In every thread; one waits for them.
   std::thread(waitForSignal).detach();

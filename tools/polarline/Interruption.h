@@ -2,8 +2,8 @@
 
 namespace command {
 
-/// Takes SIGINT and SIGTERM: the process goes on until its next look at `interrupted()`, for half a second at most;
-/// then what is half written is removed and the process ends with 130. Call before any thread is started.
+/// Takes SIGINT, SIGTERM and SIGHUP: the process goes on until its next look at `interrupted()`, for half a second at
+/// most; then what is half written is removed and the process ends with 130. Call before any thread is started.
 void watchForInterruption();
 
 bool interrupted();
