@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace command {
 namespace {
@@ -30,19 +31,25 @@ std::string shown(double value) {
                                                                             : fmt::format("{:.4f}", value);
 }
 
+/// Of a list the value that tells most.
+double farthest(const std::vector<double>& values) {
+  return *std::ranges::max_element(values, {}, [](double value) { return std::abs(value); });
+}
+
 /// Lines of at most `width` columns, broken at blanks, the later ones moved in.
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
   std::string lines;
-  std::string line;
-  std::size_t begin = 0;
+  std::string line(std::min(text.find_first_not_of(' '), text.size()), ' ');  // The first line keeps its own indent.
+  std::size_t begin = line.size();
   while (begin <= text.size()) {
     const std::size_t end = std::min(text.find(' ', begin), text.size());
     const std::string word = text.substr(begin, end - begin);
-    if (!line.empty() && line.size() + 1 + word.size() > width && line.find_first_not_of(' ') != std::string::npos) {
+    const bool has_words = line.find_first_not_of(' ') != std::string::npos;
+    if (has_words && line.size() + 1 + word.size() > width) {
       lines += line + "\n";
       line = std::string(indent, ' ') + word;
     } else {
-      line += (line.empty() ? "" : " ") + word;
+      line += (has_words ? " " : "") + word;
     }
     begin = end + 1;
   }
@@ -58,9 +65,11 @@ std::string worstPair(const Check& check) {
   for (const char* name : kMainFigures) {
     const auto* const summary = summaryOf(check, name);
     if (summary == nullptr) continue;
-    return fmt::format("Worst pair: {} ({} {} {}); mean over {} pairs {} {}.", summary->worst_pair, name,
-                       shown(std::max(std::abs(summary->min), std::abs(summary->max))), summary->unit, summary->count,
-                       shown(summary->mean), summary->unit);
+    const std::string worst = shown(std::max(std::abs(summary->min), std::abs(summary->max)));
+    const std::string mean = summary->count == 1 ? ""
+                                                 : fmt::format("; mean over {} pairs {} {}", summary->count,
+                                                               shown(summary->mean), summary->unit);
+    return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, name, worst, summary->unit, mean);
   }
   return {};
 }
@@ -94,13 +103,25 @@ std::string CheckTable::header(const Check& check) const {
 
 void CheckTable::chooseColumns(const PairCheck& pair) {
   has_columns_ = true;
-  std::size_t used = kIndexWidth + kStateWidth;
+  const std::size_t room = (width_ - std::min(width_, kIndexWidth + kStateWidth)) / kFigureWidth;
+  const auto add = [&](const std::string& name) {
+    if (columns_.size() < room && std::ranges::count(columns_, name) == 0) columns_.push_back(name);
+  };
+  for (const Figure& figure : pair.figures) {
+    if (figure.is_limited) add(figure.name);
+  }
   for (const char* name : kMainFigures) {
     const Figure* const figure = pair.figure(name);
-    if (figure == nullptr || !figure->is_own || figure->is_list || used + kFigureWidth > width_) continue;
-    columns_.emplace_back(name);
-    used += kFigureWidth;
+    if (figure != nullptr && figure->is_own && !figure->is_list) add(name);
   }
+}
+
+std::string CheckTable::cell(const Figure* figure) const {
+  const bool exceeds = figure != nullptr && figure->exceeds;
+  const std::string text =
+      (figure == nullptr || figure->values.empty() ? "-" : shown(farthest(figure->values))) + (exceeds ? "!" : " ");
+  const std::string padded = fmt::format("{:>{}}", text, kFigureWidth);
+  return exceeds ? coloured(padded, kRed) : padded;
 }
 
 std::string CheckTable::row(const PairCheck& pair) {
@@ -109,7 +130,7 @@ std::string CheckTable::row(const PairCheck& pair) {
     chooseColumns(pair);
     text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
     for (const std::string& name : columns_)
-      text += fmt::format("{:>{}}", name.substr(0, kFigureWidth - 1), kFigureWidth);
+      text += fmt::format("{:>{}} ", name.substr(0, kFigureWidth - 2), kFigureWidth - 1);
     text = coloured(text, kBold) + "\n";
   }
   text +=
@@ -119,9 +140,7 @@ std::string CheckTable::row(const PairCheck& pair) {
     return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);
   }
   for (const std::string& name : columns_) {
-    const Figure* const figure = pair.figure(name);
-    const bool has_value = figure != nullptr && !figure->values.empty();
-    text += fmt::format("{:>{}}", has_value ? shown(figure->values[0]) : "-", kFigureWidth);
+    text += cell(pair.figure(name));
   }
   return text + "\n";
 }

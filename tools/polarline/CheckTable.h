@@ -20,8 +20,11 @@ class CheckTable {
   std::string conclusion(const polarline::Check& check) const;
 
  private:
-  /// The figures that get a column: the first ones, of those that the pair measured, for which there is room.
+  /// The figures that get a column, as far as there is room: those with a limit, then the main ones that the pair
+  /// measured.
   void chooseColumns(const polarline::PairCheck& pair);
+  /// The value, with a mark where it exceeds a limit.
+  std::string cell(const polarline::Figure* figure) const;
   std::string coloured(const std::string& text, const char* code) const;
 
   std::size_t width_;
