@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "calibrations/Warnings.h"
 #include "polarline/explain.h"
 
 namespace polarline {
@@ -25,6 +26,10 @@ std::vector<Explanation> statuses() {
       {"4098", "not_supported", "The binary calibration file is of a form that is not read, or is cut off.",
        "Compare it with docs/formats/calibration_binary.md."},
       {"-1", "no_core", "There was no memory for the run.", "Close other programs and run it again."},
+      {"-2", "compensation_calibration", "The computation of compensation coefficients could not read the calibration.",
+       "See docs/formats/calibration_json.md."},
+      {"-3", "compensation_list", "The computation of compensation coefficients could not read the image list.",
+       "See docs/formats/image_list.md."},
       {"-4", "calibration_unreadable", "The JSON calibration does not open or has no pair of cameras.",
        "It needs IR_L, IR_R and RGB, or DEPTH and RGB: see docs/formats/calibration_json.md."},
       {"-5", "target_unusable", "The description of the board could not be loaded.",
@@ -55,8 +60,7 @@ std::vector<Explanation> exceptions() {
   return {
       {"exception", "exception", "A library below ended the run with an exception, whose text is told.",
        "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot "
-       "take "
-       "(colour with triangulate_residual_switch, a crop beyond the picture)."},
+       "take (colour with triangulate_residual_switch, a crop beyond the picture)."},
       {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
        "Mend the file that the text names."},
       {"output", "not_written", "A result could not be written.",
@@ -81,22 +85,32 @@ std::vector<Explanation> checkWarnings() {
   return {
       {"unknown_key", "unknown_key", "The polar configuration has a key that nothing reads.",
        "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not "
-       "expect."},
-      {"no_limits", "no_limits", "No limit was given, so that the verdict says only that there are figures.",
-       "Give --limit 'dy_means<=0.1', or write limits.txt."},
+       "expect. Or take the line out."},
       {"no_board_truth", "no_board_truth",
        "The set has no true positions of the dots, so that distances and the fit of the board are not judged.",
        "Write board_gt.txt: x y z of each dot, by id."},
-      {"picture_size", "picture_size", "The pictures are not of the size that the calibration tells.",
-       "Take the calibration of this camera at this size."},
+      {"board_truth_short", "board_truth_short", "The set has fewer true positions than the board has dots.",
+       "Write a line x y z for each dot, by id; the file may have been cut off."},
+      {"picture_size", "picture_size",
+       "The pictures are not of one size, or not of the size that the calibration tells.",
+       "Take the pictures of one pair of cameras, and the calibration of these cameras at this size."},
       {"colour_pictures", "colour_pictures", "The pictures have colour; the residual step takes grey ones only.",
        "Convert them to grey, or set triangulate_residual_switch to 0."},
   };
 }
 
+std::vector<Explanation> calibrationWarnings() {
+  std::vector<Explanation> list;
+  for (const calibrations::WarningCode& each : calibrations::warningCodes()) {
+    list.push_back({each.code, each.code, each.meaning, each.advice});
+  }
+  return list;
+}
+
 std::vector<Explanation> all() {
   std::vector<Explanation> list;
-  for (std::vector<Explanation>& part : std::vector{exits(), statuses(), exceptions(), checkWarnings()}) {
+  for (std::vector<Explanation>& part :
+       std::vector{exits(), statuses(), exceptions(), checkWarnings(), calibrationWarnings()}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

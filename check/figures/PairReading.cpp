@@ -99,7 +99,8 @@ std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {
            " dots are in both pictures, or no residual could be taken";
   }
   if (!evaluator.errorText.empty() && reason.code != kGroupPointMissing) return evaluator.errorText;
-  const auto explained = explain(std::to_string(reason.code));
+  // A run's status 1 is another thing.
+  const auto explained = explain(reason.code == kMeasurementFailed ? "1 in a pair" : std::to_string(reason.code));
   return explained ? explained->meaning : "status " + std::to_string(reason.code);
 }
 

@@ -17,9 +17,9 @@
 #include "check/judge/Judgement.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
+#include "check/run/PictureWarnings.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/PictureSource.h"
-#include "input/BoardGroundTruthReader.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
@@ -75,6 +75,13 @@ std::string textOf(const std::exception& error) {
   return line;
 }
 
+/// The last folder of a path; "." and ".." are called by what they are.
+std::string nameOf(const std::string& path) {
+  if (path.empty()) return {};
+  const std::filesystem::path folder = std::filesystem::absolute(path).lexically_normal();
+  return (folder.has_filename() ? folder : folder.parent_path()).filename().string();
+}
+
 /// One check from its inputs to its verdict.
 class SetCheck final : public RunObserver {
  public:
@@ -89,6 +96,10 @@ class SetCheck final : public RunObserver {
   std::int32_t runLibrary(PolarPrecision& precision);
   void runWith(OutFolder& out);
   void explainPictures();
+  void nameLastPair();
+  void explainException(const std::exception& error);
+  void lookAtPictures(std::size_t index);
+  void addPictures();
   void conclude();
   void goOn() const {
     if (options_.go_on && !options_.go_on()) throw Interruption{};
@@ -104,6 +115,7 @@ class SetCheck final : public RunObserver {
   std::vector<Limit> limits_;
   std::size_t first_pair_ = 0;
   std::unique_ptr<ListedPictures> pictures_;
+  PictureWarnings picture_warnings_;
   PairReading reading_;
   bool picture_failed_ = false;
 };
@@ -118,8 +130,9 @@ void SetCheck::readInputs() {
   config_ = readPolar(set_.polar, options_.settings, check_.warnings);
   check_.settings = settingsOf(config_);
   check_.board = readBoard(set_.target);
-  if (!set_.board.empty()) ReadBoardTxt(set_.board, board_);
+  if (!set_.board.empty()) board_ = readBoardTruth(set_.board);
   check_.board.points = board_.size();
+  warnOfBoardTruth(set_.board, config_, check_.board, check_.warnings);
   if (set_.rectified.empty()) {
     calib_ = readCalibration(set_.calibration);
     check_.cameras = camerasOf(config_.type, calib_);
@@ -152,6 +165,12 @@ void SetCheck::choosePairs() {
     first_pair_ = first;
   }
   pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_);
+  picture_warnings_.begin(config_, calib_);
+}
+
+void SetCheck::lookAtPictures(std::size_t index) {
+  picture_warnings_.look(static_cast<int>(first_pair_ + index), pictures_->listed(index), pictures_->lastSizes(),
+                         pictures_->hasColour());
 }
 
 void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {
@@ -160,10 +179,12 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
     picture_failed_ = true;
     return;
   }
+  lookAtPictures(index);
   PairCheck pair = reading_.read(finished, status, evaluator);
   pair.index = first_pair_ + index;
   pair.left = listed.left;
   pair.right = listed.right;
+  mark(limits_, pair);
   check_.pairs.push_back(std::move(pair));
   if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
   if (!options_.keep_points) check_.pairs.back().points = {};
@@ -188,7 +209,15 @@ void SetCheck::runWith(OutFolder& out) {
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
   if (picture_failed_) explainPictures();
+  if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair();
   if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
+}
+
+/// Some configurations let the first pair that can't be evaluated end the run.
+void SetCheck::nameLastPair() {
+  const PairCheck& last = check_.pairs.back();
+  if (check_.status.code != last.reason.code) return;
+  check_.status.text = fmt::format("pair {}, which ended the run: {}", last.index, last.reason.text);
 }
 
 /// Names the picture that ended the run.
@@ -209,6 +238,34 @@ void SetCheck::explainPictures() {
   }
 }
 
+/// An exception leaves the run with a pair that nobody has told of yet.
+void SetCheck::explainException(const std::exception& error) {
+  if (!pictures_ || check_.pairs.size() == pictures_->pairs()) {
+    check_.status = statusOf("exception", textOf(error), kNoFigure);
+    return;
+  }
+  const std::size_t failed = check_.pairs.size();
+  const std::string pair = fmt::format("pair {}: ", first_pair_ + failed);
+  const auto& sizes = pictures_->lastSizes();
+  if (sizes[0] == sizes[1]) {
+    check_.status = statusOf("exception", pair + textOf(error), kNoFigure);
+  } else {
+    const std::string found = pair + sizesOf(pictures_->listed(failed), sizes) + "; two of one size were wanted";
+    check_.status = statusOf("input", found, kUnusable);
+  }
+  if (!sizes[0].empty()) lookAtPictures(failed);
+}
+
+void SetCheck::addPictures() {
+  if (!pictures_ || check_.status.exit_code == kInterrupted) return;  // Nobody waits for hashes then.
+  check_.cameras.width = pictures_->size().width;
+  check_.cameras.height = pictures_->size().height;
+  const std::vector<SetInput> pictures = pictures_->inputs();
+  check_.inputs.insert(check_.inputs.end(), pictures.begin(), pictures.end());
+  check_.id = fingerprint(check_.inputs);
+  check_.warnings.insert(check_.warnings.end(), picture_warnings_.warnings.begin(), picture_warnings_.warnings.end());
+}
+
 void SetCheck::conclude() {
   check_.summary = summaryOf(check_.pairs);
   check_.limits = judge(limits_, check_);
@@ -223,8 +280,7 @@ Check SetCheck::run() {
   check_.started = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}",
                                fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
   check_.folder = set_.folder;
-  const std::filesystem::path folder = std::filesystem::path(set_.folder).lexically_normal();
-  check_.name = (folder.has_filename() ? folder : folder.parent_path()).filename().string();
+  check_.name = nameOf(set_.folder);
   std::ostream nowhere(nullptr);
   const console::Redirection quiet(nowhere, nowhere);  // The lines of the library are for its own callers.
   try {
@@ -241,16 +297,9 @@ Check SetCheck::run() {
     check_.status = statusOf("output", error.what(), kNotWritten);
     check_.status.retry = true;
   } catch (const std::exception& error) {
-    const std::string pair = pictures_ ? fmt::format("pair {}: ", first_pair_ + check_.pairs.size()) : "";
-    check_.status = statusOf("exception", pair + textOf(error), kNoFigure);
+    explainException(error);
   }
-  if (pictures_) {
-    check_.cameras.width = pictures_->size().width;
-    check_.cameras.height = pictures_->size().height;
-    const std::vector<SetInput> pictures = pictures_->inputs();
-    check_.inputs.insert(check_.inputs.end(), pictures.begin(), pictures.end());
-    check_.id = fingerprint(check_.inputs);
-  }
+  addPictures();
   conclude();
   check_.seconds = std::chrono::duration<double>(Clock::now() - start).count();
   return std::move(check_);

@@ -10,8 +10,10 @@
 #include "PolarLinePrecision/Status.h"
 #include "Tallowfen/src/RingTarget.h"
 #include "camera/LensModel.h"
+#include "check/explain/WarningOf.h"
 #include "check/judge/Names.h"
 #include "input/BinaryCalibration.h"
+#include "input/BoardGroundTruthReader.h"
 #include "input/CalibrationConversion.h"
 #include "input/CalibrationReader.h"
 #include "input/KeyValueText.h"
@@ -25,6 +27,9 @@
 
 namespace polarline {
 namespace {
+
+/// Characters of a line that a message repeats.
+constexpr std::size_t kMostShown = 40;
 
 std::vector<std::string> keyNames() {
   std::vector<std::string> names;
@@ -63,8 +68,8 @@ void warnOfUnknown(const KeyValueTable& table, const std::string& path, std::vec
   const std::vector<std::string> names = keyNames();
   for (const auto& [key, value] : table) {
     if (std::ranges::count(names, key) != 0) continue;
-    warnings.push_back({"unknown_key", path + ": nothing reads the key '" + key + "'" + offer(nearest(key, names)),
-                        "Mend its spelling or take the line out."});
+    warnings.push_back(
+        warningOf("unknown_key", path + ": nothing reads the key '" + key + "'" + offer(nearest(key, names))));
   }
 }
 
@@ -165,6 +170,38 @@ RectifiedParams readRectified(const std::string& path) {
   rectified.cy = n[3];
   rectified.disparity_offset = n[4];
   return rectified;
+}
+
+BoardGroundTruth readBoardTruth(const std::string& path) {
+  std::istringstream lines(contentOf(path));
+  std::string line;
+  for (int number = 1; std::getline(lines, line); ++number) {
+    std::istringstream words(line);
+    words.imbue(std::locale::classic());
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+    const bool is_blank = line.find_first_not_of(" \t\r") == std::string::npos;
+    if (!is_blank && !(words >> x >> y >> z))
+      throw InputError(fmt::format("{}, line {}", path, number),
+                       "'" + line.substr(0, kMostShown) + "' was found; three numbers x y z were wanted");
+  }
+  BoardGroundTruth points;
+  ReadBoardTxt(path, points);
+  return points;
+}
+
+void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
+                      std::vector<Warning>& warnings) {
+  if (!config.discalswitch && !config.spaceRms_switch) return;
+  const std::size_t dots = static_cast<std::size_t>(board.rows) * static_cast<std::size_t>(board.cols);
+  if (path.empty()) {
+    warnings.push_back(
+        warningOf("no_board_truth", "discalswitch or spaceRms_switch is on, and there is no board_gt.txt"));
+  } else if (board.points < dots && config.frame_work == 0) {
+    warnings.push_back(warningOf("board_truth_short",
+                                 fmt::format("{}: {} positions; the board has {} dots", path, board.points, dots)));
+  }
 }
 
 std::vector<Setting> settingsOf(const PolarConfig& config) {

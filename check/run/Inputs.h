@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "PolarLinePrecision/BoardRecords.h"
 #include "PolarLinePrecision/CalibrationRecords.h"
 #include "input/PolarConfig.h"
 #include "input/StereoCalibParams.h"
@@ -22,6 +23,13 @@ StereoCalibParams readCalibration(const std::string& path);
 /// The five numbers of pairs that were rectified elsewhere: focal, baseline, cx, cy, disparity offset, by commas;
 /// lines that begin with # are left out.
 RectifiedParams readRectified(const std::string& path);
+
+/// True positions of the dots by id. Throws for a line that is not three numbers, unless it is empty.
+BoardGroundTruth readBoardTruth(const std::string& path);
+
+/// Warns of evaluations that want true positions which the set does not have.
+void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
+                      std::vector<Warning>& warnings);
 
 /// Every key with its value, in the order of the list of keys.
 std::vector<Setting> settingsOf(const PolarConfig& config);

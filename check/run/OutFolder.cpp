@@ -1,5 +1,6 @@
 #include "check/run/OutFolder.h"
 
+#include <fstream>
 #include <regex>
 #include <system_error>
 #include <vector>
@@ -15,11 +16,13 @@ void require(const std::error_code& failure, const fs::path& path) {
   if (failure) throw OutputError(path.string(), failure.message());
 }
 
-/// The library's writers do not tell of a full disk: one more file does.
-void requireSpace(const fs::path& folder) {
+/// The library's writers do not tell of a full disk: one more file does. `out` is the folder that users know.
+void requireSpace(const fs::path& folder, const fs::path& out) {
   constexpr std::size_t kProbe = std::size_t{1} << 16U;
   const fs::path probe = folder / "space";
-  whole_file::write(probe, std::string(kProbe, ' '));
+  std::ofstream stream(probe, std::ios::binary);
+  stream << std::string(kProbe, ' ') << std::flush;
+  if (!stream) throw OutputError(out.string(), "the files of the run could not be written; is there space left?");
   fs::remove(probe);
 }
 
@@ -78,7 +81,7 @@ std::string OutFolder::resultFolder(const PolarConfig& config) const {
 
 void OutFolder::commit() {
   if (!partial_) return;
-  requireSpace(partial_->path());
+  requireSpace(partial_->path(), out_);
   std::error_code failure;
   fs::create_directory(out_, failure);
   require(failure, out_);

@@ -27,6 +27,7 @@ std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {
   const std::string number = std::to_string(first_ + index);
   inputs_.push_back({"left/" + number, pathOf(index, true), std::move(pictures.left_hash)});
   inputs_.push_back({"right/" + number, pathOf(index, false), std::move(pictures.right_hash)});
+  last_sizes_ = {pictures.left.size(), pictures.right.size()};
   if (size_.empty()) size_ = pictures.left.size();
   has_colour_ = has_colour_ || pictures.left.channels() > 1 || pictures.right.channels() > 1;
   return {std::move(pictures.left), std::move(pictures.right)};

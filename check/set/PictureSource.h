@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <future>
 #include <string>
 #include <vector>
@@ -25,6 +26,8 @@ class ListedPictures final : public ImageSource {
   std::string pathOf(std::size_t index, bool left) const;
   /// Of the first left picture; empty while none was read.
   const cv::Size& size() const { return size_; }
+  /// Of the pictures that were taken last; empty where one can't be had.
+  const std::array<cv::Size, 2>& lastSizes() const { return last_sizes_; }
   bool hasColour() const { return has_colour_; }
   /// Every picture with its hash; those that no run took are hashed now.
   std::vector<SetInput> inputs();
@@ -41,6 +44,7 @@ class ListedPictures final : public ImageSource {
   std::future<Pictures> ahead_;
   std::vector<SetInput> inputs_;
   cv::Size size_;
+  std::array<cv::Size, 2> last_sizes_;
   bool has_colour_ = false;
 };
 

@@ -1,0 +1,51 @@
+#include "check/run/PictureWarnings.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "check/explain/WarningOf.h"
+
+namespace polarline {
+namespace {
+
+cv::Size sizeOf(const CameraCalib& camera) { return {static_cast<int>(camera.width), static_cast<int>(camera.height)}; }
+
+std::string shown(const cv::Size& size) { return fmt::format("{} x {}", size.width, size.height); }
+
+}  // namespace
+
+std::string sizesOf(const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {
+  return fmt::format("{} is {}, {} is {} pixels", pair.left, shown(sizes[0]), pair.right, shown(sizes[1]));
+}
+
+void PictureWarnings::begin(const PolarConfig& config, const StereoCalibParams& calib) {
+  takes_grey_only_ = config.triangulate_residual_switch != 0;
+  calibrated_ = {sizeOf(calib.left), sizeOf(calib.right)};
+}
+
+void PictureWarnings::look(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes, bool has_colour) {
+  if (has_colour && takes_grey_only_)
+    warn("colour_pictures", index, fmt::format("{} or {} has colour", pair.left, pair.right));
+  if (!sizes[0].empty() && !sizes[1].empty()) lookAtSizes(index, pair, sizes);
+}
+
+void PictureWarnings::lookAtSizes(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {
+  if (first_[0].empty()) first_ = sizes;
+  if (sizes[0] != sizes[1]) return warn("picture_size", index, sizesOf(pair, sizes));
+  for (const std::size_t side : {0U, 1U}) {
+    const cv::Size& wanted = calibrated_.at(side).empty() ? first_.at(side) : calibrated_.at(side);
+    if (sizes.at(side) == wanted) continue;
+    const char* const who = calibrated_.at(side).empty() ? "the pictures before are" : "the calibration is for";
+    return warn("picture_size", index,
+                fmt::format("{} is {} pixels; {} {}", side == 0 ? pair.left : pair.right, shown(sizes.at(side)), who,
+                            shown(wanted)));
+  }
+}
+
+void PictureWarnings::warn(const std::string& code, int index, const std::string& text) {
+  if (std::ranges::count(warnings, code, &Warning::code) != 0) return;
+  warnings.push_back(warningOf(code, text, index));
+}
+
+}  // namespace polarline
