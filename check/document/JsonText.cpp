@@ -32,6 +32,12 @@ std::size_t utf8Length(std::string_view text) {
   return 0;
 }
 
+/// The fewest digits that read back to the number. Readers take "-0" for a whole number, which has no such thing.
+template <typename Number>
+std::string shortest(Number number) {
+  return number == 0 && std::signbit(number) ? "-0.0" : fmt::format("{}", number);
+}
+
 void appendQuoted(std::string& out, std::string_view text) {
   out += '"';
   while (!text.empty()) {
@@ -124,9 +130,9 @@ JsonText& JsonText::value(std::string_view text) {
   return *this;
 }
 
-JsonText& JsonText::value(double number) { return std::isfinite(number) ? raw(fmt::format("{}", number)) : null(); }
+JsonText& JsonText::value(double number) { return std::isfinite(number) ? raw(shortest(number)) : null(); }
 
-JsonText& JsonText::value(float number) { return std::isfinite(number) ? raw(fmt::format("{}", number)) : null(); }
+JsonText& JsonText::value(float number) { return std::isfinite(number) ? raw(shortest(number)) : null(); }
 
 JsonText& JsonText::value(std::int64_t number) { return raw(fmt::format("{}", number)); }
 

@@ -64,7 +64,5 @@ struct CopiedSet {
     named.folder = folder.string();
     return named;
   }
-  polarline::Check check(const polarline::CheckOptions& options = {}) const {
-    return polarline::check(set(), options);
-  }
+  polarline::Check check(const polarline::CheckOptions& options = {}) const { return polarline::check(set(), options); }
 };

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <PolarLinePrecision.h>
+
+#include <bit>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/CopiedSet.h"
+
+/// The same set through the exported functions, for comparison with a check.
+namespace export_run {
+
+inline RunOutcome of(const CopiedSet& set, const std::string& out = "") {
+  RunOutcome outcome;
+  const ConsoleCapture console;
+  ExportedCalibParams calibration;
+  ReadCalibParams(set.file("calib.json"), &calibration);
+  ReadBoardGTFromTxt(set.file("board_gt.txt"), &calibration.boardPoints);
+  ImagePairList images;
+  ReadCalibImagelist(set.file("list.txt"), &images);
+  const std::string polar = set.read("polar.txt");
+  outcome.status = CalPolarLinePrecisionOutMat(polar.c_str(), set.file("target.ini").c_str(), calibration, images,
+                                               &outcome.records, nullptr, out.c_str());
+  outcome.error_text = errorText();
+  return outcome;
+}
+
+/// The figures of a record by their names, floats widened.
+inline std::map<std::string, std::vector<double>> figuresOf(const PolarResultRecord& record) {
+  const auto list = [](const auto& values) { return std::vector<double>(values.begin(), values.end()); };
+  return {{"tri_mean", {record.tri_mean}},
+          {"tri_min", {record.tri_min}},
+          {"tri_max", {record.tri_max}},
+          {"tri_rms", {record.tri_rms}},
+          {"tri_dis", list(record.tri_dis)},
+          {"dy_means", {record.dy_means}},
+          {"dy_min", {record.dy_min}},
+          {"dy_max", {record.dy_max}},
+          {"pol_dis", list(record.pol_dis)},
+          {"id_dis", list(record.id_dis)},
+          {"dis_rms", {record.dis_rms}},
+          {"nor_rms", {record.nor_rms}},
+          {"zero_dis", {record.zero_dis}},
+          {"PoseReport", list(record.PoseReport)},
+          {"icp_x_rms", {record.icp_x_rms}},
+          {"icp_y_rms", {record.icp_y_rms}},
+          {"icp_z_rms", {record.icp_z_rms}},
+          {"icp_nor_rms", {record.icp_nor_rms}},
+          {"frameValues", list(record.frameValues)},
+          {"gt_rms", {record.gt_rms}},
+          {"space_rms", {record.space_rms}}};
+}
+
+/// What differs between the finished pairs of a check and the records of an export; empty when no bit does. A figure
+/// that is carried has to be the last own one of the pairs before; one that nobody measured has to be zeros.
+inline std::string difference(const polarline::Check& check, const std::vector<PolarResultRecord>& records) {
+  std::ostringstream found;
+  std::map<std::string, std::vector<double>> last;
+  std::size_t place = 0;
+  for (const polarline::PairCheck& pair : check.pairs) {
+    for (const polarline::Figure& figure : pair.figures) {
+      if (figure.is_own) last[figure.name] = figure.values;
+    }
+    if (!pair.finished) continue;
+    if (place == records.size()) return "fewer records than finished pairs";
+    for (const auto& [name, wanted] : figuresOf(records[place])) {
+      const polarline::Figure* const figure = pair.figure(name);
+      const bool is_known = last.count(name) != 0;
+      if (is_known != (figure->is_own || figure->is_carried)) found << "pair " << pair.index << " " << name << " state\n";
+      const std::vector<double> value = is_known ? last[name] : std::vector<double>(wanted.size(), 0.0);
+      bool is_equal = value.size() == wanted.size();
+      for (std::size_t k = 0; is_equal && k < value.size(); ++k)
+        is_equal = std::bit_cast<std::uint64_t>(value[k]) == std::bit_cast<std::uint64_t>(wanted[k]);
+      if (!is_equal) found << "pair " << pair.index << " " << name << "\n";
+    }
+    ++place;
+  }
+  if (place != records.size()) found << "more records than finished pairs\n";
+  return found.str();
+}
+
+}  // namespace export_run

@@ -1,0 +1,81 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <regex>
+#include <set>
+
+#include "calibrations/Warnings.h"
+#include "polar/results/PairStatus.h"
+#include "polarline/explain.h"
+#include "support/TempFolder.h"
+
+namespace polarline {
+namespace {
+
+TEST(ExplanationsKnow, EveryStatusOfTheLibrary) {
+  const std::string header = TempFolder::contentOf(INCLUDE_FOLDER "/PolarLinePrecision/Status.h");
+  const std::regex constant(R"(std::int32_t k\w+ = (-?\d+);)");
+  int statuses = 0;
+  for (std::sregex_iterator found(header.begin(), header.end(), constant), end; found != end; ++found, ++statuses) {
+    EXPECT_TRUE(explain((*found)[1])) << (*found)[0];
+  }
+  EXPECT_GE(statuses, 23);
+}
+
+TEST(ExplanationsKnow, TheStatusesThatOnlyARunSees) {
+  EXPECT_TRUE(explain(std::to_string(kGroupPointMissing)));
+  const auto failed = explain(std::to_string(kMeasurementFailed) + " in a pair");
+  ASSERT_TRUE(failed);
+  EXPECT_EQ(failed->name, "measurement_failed");
+}
+
+TEST(ExplanationsKnow, EveryWarning) {
+  for (const char* code :
+       {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures"})
+    EXPECT_TRUE(explain(code)) << code;
+  for (const calibrations::WarningCode& each : calibrations::warningCodes()) {
+    const auto explained = explain(each.code);
+    ASSERT_TRUE(explained) << each.code;
+    EXPECT_EQ(explained->meaning, each.meaning);
+    EXPECT_EQ(explained->advice, each.advice);
+  }
+}
+
+TEST(ExplanationsKnow, EveryExitCode) {
+  for (const char* code : {"0", "1", "2", "3", "4", "130"}) EXPECT_TRUE(explain(std::string("exit ") + code)) << code;
+}
+
+TEST(ExplanationsKnow, AWordAsWellAsItsCode) {
+  const auto by_name = explain("too_few_shared");
+  ASSERT_TRUE(by_name);
+  EXPECT_EQ(by_name->code, "-9");
+  EXPECT_EQ(explain("-9")->name, "too_few_shared");
+  EXPECT_FALSE(explain("-99"));
+  EXPECT_FALSE(explain(""));
+}
+
+TEST(ExplanationsAll, AreSentencesAndTellWhatToDoWhereSomethingIsWrong) {
+  for (const Explanation& each : explanations()) {
+    EXPECT_EQ(each.meaning.back(), '.') << each.code;
+    const bool is_good = each.name == "success" || each.name == "done";
+    EXPECT_EQ(each.advice.empty(), is_good) << each.code;
+    if (!is_good) {
+      EXPECT_EQ(each.advice.back(), '.') << each.code;
+    }
+    EXPECT_TRUE(std::regex_match(each.name, std::regex("[a-z][a-z0-9_]*"))) << each.name;
+  }
+}
+
+TEST(ExplanationsAll, HaveACodeAndAWordOfTheirOwn) {
+  std::set<std::string> seen;
+  for (const Explanation& each : explanations()) {
+    EXPECT_TRUE(seen.insert(each.code).second) << each.code;
+    if (each.name != each.code) {
+      EXPECT_TRUE(seen.insert(each.name).second) << each.name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace polarline

@@ -1,0 +1,145 @@
+#include "check/judge/Judgement.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "HandMadeCheck.h"
+#include "check/figures/Summary.h"
+#include "polarline/errors.h"
+#include "support/TempFolder.h"
+
+namespace polarline {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
+/// Pairs 3, 4 and 6 are finished, pair 5 is given up and would be the worst.
+Check threeFinished() {
+  Check check;
+  check.pairs = {hand_made::pair(3, {0.25}, {1.0, -3.0}), hand_made::pair(4, {0.5}, {2.0, 0.5}),
+                 hand_made::givenUp(hand_made::pair(5, {9.0}, {9.0, 9.0})), hand_made::pair(6, {0.125}, {0.0, 1.0})};
+  check.summary = summaryOf(check.pairs);
+  return check;
+}
+
+LimitResult judged(const std::string& text, const Check& check) { return judge({parseLimit(text)}, check).at(0); }
+
+struct Case {
+  const char* text;
+  double value;
+  int pair;
+  bool holds;
+  const char* why;
+};
+
+class JudgementOfThree : public ::testing::TestWithParam<Case> {};
+
+TEST_P(JudgementOfThree, TellsTheWorstValueOfAFinishedPair) {
+  const Case& wanted = GetParam();
+  const LimitResult result = judged(wanted.text, threeFinished());
+  EXPECT_EQ(result.text, wanted.text);
+  EXPECT_EQ(result.value, wanted.value);
+  EXPECT_EQ(result.pair, wanted.pair);
+  EXPECT_EQ(result.holds, wanted.holds);
+  EXPECT_EQ(result.why, wanted.why);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, JudgementOfThree,
+    ::testing::Values(Case{"dy_means<=0.5", 0.5, 4, true, "dy_means is 0.5 in pair 4"},
+                      Case{"dy_means<0.5", 0.5, 4, false, "dy_means is 0.5 in pair 4"},
+                      Case{"dy_means>=0.2", 0.125, 6, false, "dy_means is 0.125 in pair 6"},
+                      Case{"tri_dis<=2", 2.0, 4, true, "tri_dis[0] is 2 in pair 4"},
+                      Case{"|tri_dis|<=2", -3.0, 3, false, "tri_dis[1] is -3 in pair 3"},
+                      Case{"tri_dis[1]<=1", 1.0, 6, true, "tri_dis[1] is 1 in pair 6"},
+                      Case{"pairs>=4", 4.0, -1, true, "pairs is 4"},
+                      Case{"finished>=4", 3.0, -1, false, "finished is 3"},
+                      Case{"given_up<=0", 1.0, -1, false, "given_up is 1"},
+                      Case{"summary.dy_means.max<=0.5", 0.5, -1, true, "the max of dy_means over 3 pairs is 0.5"},
+                      Case{"summary.dy_means.min>=0.2", 0.125, -1, false, "the min of dy_means over 3 pairs is 0.125"},
+                      Case{"summary.tri_dis[0].mean<=1", 1.0, -1, true, "the mean of tri_dis[0] over 3 pairs is 1"},
+                      Case{"summary.tri_dis[0].sd<1", 1.0, -1, false, "the sd of tri_dis[0] over 3 pairs is 1"}));
+
+TEST(JudgementOfTheUnmeasured, NeverHolds) {
+  Check check = threeFinished();
+  check.pairs[1].figures[0].values.clear();
+  const LimitResult unmeasured = judged("dy_means<=10", check);
+  EXPECT_FALSE(unmeasured.value);
+  EXPECT_FALSE(unmeasured.holds);
+  EXPECT_EQ(unmeasured.why, "pair 4 did not measure it");
+  EXPECT_FALSE(judged("tri_dis[2]<=10", threeFinished()).holds);
+  EXPECT_EQ(judged("summary.dis_rms.mean<=10", check).why, "no pair measured dis_rms");
+  const LimitResult nobody = judged("dy_means<=10", Check{});
+  EXPECT_FALSE(nobody.holds);
+  EXPECT_EQ(nobody.why, "no pair was finished");
+}
+
+TEST(JudgementOfNoNumber, IsWorseThanAnyNumber) {
+  for (const std::size_t place : {0U, 1U, 3U}) {
+    Check check = threeFinished();
+    check.pairs[place].figures[0].values = {kNoNumber};
+    const LimitResult result = judged("dy_means<=10", check);
+    EXPECT_FALSE(result.holds) << place;
+    EXPECT_EQ(result.pair, static_cast<int>(check.pairs[place].index));
+  }
+}
+
+TEST(JudgementMarks, LimitedAndExceededFigures) {
+  const std::vector<Limit> limits = {parseLimit("dy_means<=0.3"), parseLimit("|tri_dis[0]|<=1.5"),
+                                     parseLimit("summary.tri_dis[1].mean<=-9"), parseLimit("given_up<=0")};
+  PairCheck good = hand_made::pair(0, {0.25}, {1.0, -3.0});
+  mark(limits, good);
+  EXPECT_TRUE(good.figures[0].is_limited);
+  EXPECT_TRUE(good.figures[1].is_limited);
+  EXPECT_FALSE(good.figures[0].exceeds);
+  EXPECT_FALSE(good.figures[1].exceeds);
+  PairCheck bad = hand_made::pair(1, {0.5}, {-2.0, 0.0});
+  mark(limits, bad);
+  EXPECT_TRUE(bad.figures[0].exceeds);
+  EXPECT_TRUE(bad.figures[1].exceeds);
+  PairCheck unmeasured = hand_made::pair(2, {}, {});
+  mark(limits, unmeasured);
+  EXPECT_TRUE(unmeasured.figures[0].exceeds);
+  EXPECT_TRUE(unmeasured.figures[1].exceeds);
+  PairCheck given_up = hand_made::givenUp(hand_made::pair(3, {0.5}, {2.0}));
+  mark(limits, given_up);
+  EXPECT_FALSE(given_up.figures[0].exceeds);
+  PairCheck unlimited = hand_made::pair(4, {9.0}, {9.0});
+  mark({parseLimit("summary.dy_means.max<=1")}, unlimited);
+  EXPECT_FALSE(unlimited.figures[0].is_limited);
+}
+
+TEST(JudgementFile, HasALimitALine) {
+  const TempFolder folder;
+  const auto limits = readLimits(folder.write("limits.txt", "# ours\n\ndy_means<=0.1\r\n \t\n  # theirs\n|tri_dis|<1"));
+  ASSERT_EQ(limits.size(), 2U);
+  EXPECT_EQ(limits[0].text, "dy_means<=0.1");
+  EXPECT_EQ(limits[1].figure, "tri_dis");
+}
+
+TEST(JudgementFile, NamesTheLineThatDoesNotParse) {
+  const TempFolder folder;
+  const std::string path = folder.write("limits.txt", "# ours\ndy_means<=0.1\ndy_mean<=0.1\n");
+  try {
+    readLimits(path);
+    FAIL();
+  } catch (const InputError& error) {
+    EXPECT_THAT(error.what(), HasSubstr(path + ", line 3"));
+    EXPECT_THAT(error.what(), HasSubstr("did you mean dy_means"));
+  }
+}
+
+TEST(JudgementNames, AreFiguresAndCounts) {
+  const std::vector<std::string> names = limitNames();
+  EXPECT_THAT(names, ::testing::IsSupersetOf({"dy_means", "tri_rms", "space_rms", "frameValues", "dis_rms", "pairs",
+                                              "finished", "given_up"}));
+  EXPECT_THAT(names, ::testing::Not(::testing::Contains("detect_canvas")));
+}
+
+}  // namespace
+}  // namespace polarline

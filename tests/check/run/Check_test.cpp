@@ -1,0 +1,312 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <opencv2/imgproc.hpp>
+
+#include "ExportRun.h"
+#include "PolarLinePrecision/Status.h"
+#include "support/CopiedSet.h"
+#include "support/DocumentCheck.h"
+#include "support/FolderContents.h"
+
+namespace polarline {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+void documentIsValid(const Check& check) { DocumentCheck::ofCheck().parsed(toJson(check)); }
+
+/// Row differences, cloud, distances and all that a raw pair can yield; a failed triangulation gives its pair up.
+void switchAllOn(const CopiedSet& set) {
+  set.append("polar.txt",
+             "\ndiscalsave: 0\ntriangulate_residual_switch: 1\ntriangulate_dis_switch: 1\ndiscalswitch: 1\n"
+             "dy_bias_switch: 1\nfoursixmethod_swithch: 1\nallpoints_calc_switch: 1\nspaceRms_switch: 1\n");
+}
+
+void equalsTheExport(const CopiedSet& set, std::size_t finished) {
+  const Check check = set.check();
+  const RunOutcome wanted = export_run::of(set);
+  EXPECT_EQ(export_run::difference(check, wanted.records), "");
+  EXPECT_EQ(check.finished(), finished);
+  EXPECT_EQ(check.status.code, wanted.status);
+  documentIsValid(check);
+}
+
+TEST(CheckFigures, AreTheExports) {
+  const CopiedSet set;
+  switchAllOn(set);
+  equalsTheExport(set, 2);
+}
+
+TEST(CheckFigures, AreTheExportsWithCompensation) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.append("polar.txt", "eccentricity: 1\n");
+  equalsTheExport(set, 2);
+}
+
+TEST(CheckFigures, AreTheExportsBehindAPairGivenUp) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.write("list.txt", "#L R\nleft_0.png right_0.png\ngrey.png right_1.png\nleft_1.png right_1.png\n");
+  const cv::Mat seen = set.picture("left_0.png");
+  set.write("grey.png", cv::Mat(seen.size(), seen.type(), cv::Scalar(90)));
+  equalsTheExport(set, 2);
+  const PairCheck given_up = set.check().pairs.at(1);
+  EXPECT_FALSE(given_up.finished);
+  EXPECT_EQ(given_up.reason.code, polar_status::kTooFewDetected);
+  EXPECT_EQ(given_up.reason.side, "left");
+  EXPECT_EQ(given_up.reason.text, "0 dots were found in the left picture; 6 are needed");
+}
+
+TEST(CheckFigures, AreTheExportsWhereOneIsCarried) {
+  // The frames are finished even if nothing could be measured: the record repeats the frame before.
+  const CopiedSet set(MemoryRun::twoFrames());
+  set.blank("left_1.png");
+  equalsTheExport(set, 2);
+  const Check check = set.check();
+  EXPECT_TRUE(check.pairs.at(0).figure("frameValues")->is_own);
+  EXPECT_TRUE(check.pairs.at(1).figure("frameValues")->is_carried);
+  const auto document = DocumentCheck::ofCheck().parsed(toJson(check));
+  EXPECT_TRUE(document["pairs"][1]["figures"]["frameValues"].is_null());
+  EXPECT_EQ(document["pairs"][1]["carried"], nlohmann::json::array({"frameValues"}));
+}
+
+TEST(CheckFigures, AreTheExportsOfFrames) {
+  const CopiedSet set(MemoryRun::twoFrames());
+  equalsTheExport(set, 2);
+}
+
+TEST(CheckFigures, AreTheExportsOfRectifiedPairs) {
+  static const RenderedSet rendered(small_scene::rectified());
+  const CopiedSet set(rendered);
+  const scene::Camera& camera = rendered.scene().rig.left;
+  RectifiedParams geometry;
+  geometry.focal = camera.fx;
+  geometry.baseline = 60.0;
+  geometry.cx = camera.cx;
+  geometry.cy = camera.cy;
+  std::ostringstream numbers;
+  numbers.precision(17);
+  numbers << geometry.focal << ',' << geometry.baseline << ',' << geometry.cx << ',' << geometry.cy << ",0\n";
+  set.write("rectified.txt", numbers.str());
+  BoardGroundTruth board;
+  std::vector<PolarResultRecord> records;
+  {
+    const ConsoleCapture quiet;
+    ReadBoardGTFromTxt(set.file("board_gt.txt"), &board);
+    geometry.boardPoints.assign(board.begin(), board.end());
+    ImagePairList images;
+    ReadCalibImagelist(set.file("list.txt"), &images);
+    CalRecificationPrecisionOutMat(set.read("polar.txt").c_str(), set.file("target.ini").c_str(), geometry, images,
+                                   &records, nullptr, "");
+  }
+  const Check check = set.check();
+  EXPECT_EQ(export_run::difference(check, records), "");
+  EXPECT_EQ(check.finished(), 1U);
+  EXPECT_TRUE(check.pairs[0].figure("dy_means")->is_own);
+  EXPECT_EQ(check.cameras.model, "rectified");
+  documentIsValid(check);
+}
+
+TEST(CheckFigures, AreTheSameForSomeOfThePairs) {
+  const CopiedSet set;
+  CheckOptions options;
+  options.pairs = {1, 1};
+  const Check check = set.check(options);
+  ASSERT_EQ(check.pairs.size(), 1U);
+  EXPECT_EQ(check.pairs[0].index, 1U);
+  EXPECT_EQ(check.pairs[0].left, "left_1.png");
+  EXPECT_EQ(check.pairs[0].figure("tri_rms")->values, set.check().pairs[1].figure("tri_rms")->values);
+  options.pairs = {1, 2};
+  EXPECT_THAT(set.check(options).status.text, HasSubstr("the list has the pairs 0-1"));
+}
+
+TEST(CheckOut, IsTheExportsFilesByteForByte) {
+  for (const char* name : {"out", "out with blanks"}) {
+    const CopiedSet set;
+    switchAllOn(set);
+    set.append("polar.txt", "savepolarline: 1\nevaluation: 1\n");
+    const std::string exported = set.parent.file("exported");
+    std::filesystem::create_directory(exported);
+    export_run::of(set, exported);
+    CheckOptions options;
+    options.out = set.parent.file(name);
+    EXPECT_EQ(set.check(options).status.text, "");
+    auto wanted = contentsOf(exported);
+    EXPECT_GT(wanted.size(), 8U);
+    EXPECT_EQ(contentsOf(options.out), wanted);
+    set.check(options);  // Again: the summary takes the next free number.
+    wanted["align_data_1.csv"] = wanted["align_data_0.csv"];
+    EXPECT_EQ(contentsOf(options.out), wanted);
+  }
+}
+
+TEST(CheckPairs, AreToldOneByOneAndKeepTheirPointsOnRequest) {
+  const CopiedSet set;
+  CheckOptions options;
+  std::vector<std::size_t> told;
+  options.on_start = [&](const Check& check) {
+    EXPECT_EQ(check.board.cols, 9);
+    EXPECT_TRUE(told.empty());
+  };
+  options.on_pair = [&](const PairCheck& pair, std::size_t count) {
+    EXPECT_EQ(count, 2U);
+    EXPECT_FALSE(pair.points.id.empty());
+    told.push_back(pair.index);
+  };
+  EXPECT_FALSE(set.check(options).pairs[0].points.id.empty());
+  options.keep_points = false;
+  told.clear();
+  EXPECT_TRUE(set.check(options).pairs[0].points.id.empty());
+  EXPECT_THAT(told, ElementsAre(0, 1));
+}
+
+TEST(CheckRun, EndsWhenItIsToldTo) {
+  const CopiedSet set;
+  CheckOptions options;
+  int asked = 0;
+  options.go_on = [&] { return ++asked < 2; };
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.exit_code, 130);
+  EXPECT_EQ(check.status.name, "interrupted");
+  EXPECT_EQ(check.pairs.size(), 1U);
+  EXPECT_EQ(check.verdict, Verdict::kError);
+}
+
+TEST(CheckVerdict, IsWhatTheLimitsSay) {
+  const CopiedSet set;
+  const auto judged = [&](const std::vector<std::string>& limits) {
+    CheckOptions options;
+    options.limits = limits;
+    const Check check = set.check(options);
+    documentIsValid(check);
+    return check;
+  };
+  EXPECT_EQ(judged({}).verdict, Verdict::kPass);
+  EXPECT_EQ(judged({"tri_rms<=9", "finished>=2"}).status.exit_code, 0);
+  const Check failed = judged({"tri_rms<=9", "finished>=3"});
+  EXPECT_EQ(failed.verdict, Verdict::kFail);
+  EXPECT_EQ(failed.status.exit_code, 1);
+  EXPECT_THAT(judged({"tri_rm<=9"}).status.text, HasSubstr("did you mean tri_rms"));
+  set.write("limits.txt", "tri_rms<=0\n");
+  EXPECT_EQ(judged({}).verdict, Verdict::kFail);
+  EXPECT_EQ(judged({}).limits.at(0).text, "tri_rms<=0");
+}
+
+TEST(CheckId, ComesFromContentsOnly) {
+  const CopiedSet one;
+  const CopiedSet other(MemoryRun::twoPairs(), "under another name");
+  const std::string id = one.check().id;
+  EXPECT_EQ(id.size(), 64U);
+  EXPECT_EQ(other.check().id, id);
+  EXPECT_EQ(other.check().name, "under another name");
+  for (const auto& entry : std::filesystem::directory_iterator(other.folder)) {
+    const std::string name = entry.path().filename().string();
+    if (name == "calib.bin" || name == "target.json" || name == "target.yml") continue;  // Not read.
+    const std::string content = other.read(name);
+    other.append(name, "\n");
+    EXPECT_NE(other.check().id, id) << name;
+    other.write(name, content);
+  }
+  EXPECT_EQ(other.check().id, id);
+}
+
+TEST(CheckFailures, NameThePictureThatEndedTheRun) {
+  const CopiedSet set;
+  set.cut("right_1.png");
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_EQ(check.status.code, polar_status::kImages);
+  EXPECT_EQ(check.status.text, set.file("list.txt") + ", line 3: the picture right_1.png can't be decoded");
+  EXPECT_EQ(check.verdict, Verdict::kError);
+  EXPECT_FALSE(check.status.retry);
+  EXPECT_EQ(check.pairs.size(), 1U);
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, OfAPictureThatCannotBeReadMayBeTriedAgain) {
+  const CopiedSet set;
+  std::filesystem::remove(set.file("left_1.png"));
+  std::filesystem::create_directory(set.file("left_1.png"));
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_THAT(check.status.text, HasSubstr("line 3: the picture left_1.png can't be read"));
+  EXPECT_TRUE(check.status.retry);
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, NameThePicturesOfUnlikeSizes) {
+  const CopiedSet set;
+  cv::Mat small;
+  cv::resize(set.picture("right_1.png"), small, cv::Size(64, 51));
+  set.write("right_1.png", small);
+  const Check check = set.check();
+  ASSERT_EQ(check.warnings.size(), 1U);
+  EXPECT_EQ(check.warnings[0].code, "picture_size");
+  EXPECT_EQ(check.warnings[0].text, "left_1.png is 128 x 102, right_1.png is 64 x 51 pixels");
+  EXPECT_EQ(check.warnings[0].pair, 1);
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, OfEveryPairHaveNoFigure) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.blank("left_0.png");
+  set.blank("right_1.png");
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 3);
+  EXPECT_EQ(check.status.name, "no_figures");
+  EXPECT_FALSE(check.status.advice.empty());
+  EXPECT_EQ(check.pairs.size(), 2U);
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, NameThePairThatEndedTheRun) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.append("polar.txt", "discalsave: 1\n");
+  set.blank("left_1.png");
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 3);
+  EXPECT_EQ(check.status.text, "pair 1, which ended the run: 0 dots were found in the left picture; 6 are needed");
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, OfTheOutFolderMayBeTriedAgain) {
+  const CopiedSet set;
+  CheckOptions options;
+  options.out = set.file("list.txt");
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.exit_code, 4);
+  EXPECT_TRUE(check.status.retry);
+  documentIsValid(check);
+}
+
+TEST(CheckWarnings, NameThePicturesOfAnotherSizeThanABinaryCalibration) {
+  const CopiedSet set;
+  std::filesystem::remove(set.file("calib.json"));
+  EXPECT_TRUE(set.check().warnings.empty());
+  for (const char* name : {"left_0.png", "right_0.png"}) {
+    cv::Mat padded;
+    cv::copyMakeBorder(set.picture(name), padded, 0, 2, 0, 0, cv::BORDER_REPLICATE);
+    set.write(name, padded);
+  }
+  const Check check = set.check();
+  ASSERT_EQ(check.warnings.size(), 1U);
+  EXPECT_EQ(check.warnings[0].text, "left_0.png is 128 x 104 pixels; the calibration is for 128 x 102");
+}
+
+TEST(CheckName, IsThatOfTheFolder) {
+  const CopiedSet set;
+  EXPECT_EQ(set.check().name, "set");
+  Set named = set.set();
+  named.folder += "/.";
+  EXPECT_EQ(check(named).name, "set");
+}
+
+TEST(CheckLimitNames, AreKnownBeforeTheRun) { EXPECT_NO_THROW(requireLimit("given_up<=0")); }
+
+}  // namespace
+}  // namespace polarline
