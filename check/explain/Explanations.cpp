@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "calibrations/Warnings.h"
+#include "check/init/Warnings.h"
 #include "polarline/explain.h"
 
 namespace polarline {
@@ -104,6 +105,9 @@ std::vector<Explanation> calibrationWarnings() {
   for (const calibrations::WarningCode& each : calibrations::warningCodes()) {
     list.push_back({each.code, each.code, each.meaning, each.advice});
   }
+std::vector<Explanation> initWarnings() {
+  for (const init::WarningCode& code : init::warningCodes())
+    list.push_back({code.code, code.code, code.meaning, code.advice});
   return list;
 }
 
@@ -111,6 +115,7 @@ std::vector<Explanation> all() {
   std::vector<Explanation> list;
   for (std::vector<Explanation>& part :
        std::vector{exits(), statuses(), exceptions(), checkWarnings(), calibrationWarnings()}) {
+       std::vector{exits(), statuses(), exceptions(), checkWarnings(), initWarnings()}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

@@ -24,6 +24,7 @@ struct Subcommand {
   std::function<int()> run;
 };
 
+Subcommand addInit(CLI::App& polarline);
 Subcommand addImport(CLI::App& polarline);
 Subcommand addCheck(CLI::App& polarline);
 Subcommand addDetect(CLI::App& polarline);

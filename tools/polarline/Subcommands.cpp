@@ -7,6 +7,8 @@ std::vector<Subcommand> addSubcommands(CLI::App& polarline) {
       addImport(polarline), addCheck(polarline),    addDetect(polarline),
       addBoard(polarline),  addSimulate(polarline), addExplain(polarline),
       addImport(polarline), addCheck(polarline), addBoard(polarline), addSimulate(polarline), addExplain(polarline),
+      addInit(polarline),  addImport(polarline),   addCheck(polarline),   addDetect(polarline),
+      addBoard(polarline), addSimulate(polarline), addExplain(polarline),
   };
 }
 

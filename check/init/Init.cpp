@@ -1,0 +1,212 @@
+#include "polarline/init.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <iterator>
+#include <map>
+#include <utility>
+
+#include "check/init/BaselineCheck.h"
+#include "check/init/CornerPoints.h"
+#include "check/init/DotSize.h"
+#include "check/init/FilePattern.h"
+#include "check/init/FirstPair.h"
+#include "check/init/Guesses.h"
+#include "check/init/ListNames.h"
+#include "check/init/Pairing.h"
+#include "check/init/PictureCheck.h"
+#include "check/init/PolarSettings.h"
+#include "check/init/PolarText.h"
+#include "check/init/SetCalibration.h"
+#include "check/init/SetWriter.h"
+#include "check/init/Warnings.h"
+#include "polarline/board.h"
+#include "polarline/check.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+using init::PicturePair;
+using init::SeenBoard;
+
+/// `type` of fisheye lenses.
+constexpr int kFisheye = 2;
+
+/// Everything between the request and the files, in the order in which it is found out.
+struct Work {
+  explicit Work(const InitRequest& asked)
+      : request(asked),
+        board(parseBoard(asked.board)),
+        calibration(init::setCalibration(asked.calibration, asked.import)) {}
+
+  const InitRequest& request;
+  BoardDescription board;
+  init::SetCalibration calibration;
+  std::vector<PicturePair> pictures;
+  std::vector<init::ListedLine> lines;
+  SeenBoard left;
+  SeenBoard right;
+  init::CornerPoints corners;
+  init::SetFacts facts;
+  MadeSet made;
+
+  void warn(std::vector<Warning> warnings) { std::ranges::move(warnings, std::back_inserter(made.warnings)); }
+};
+
+void pairPictures(Work& work) {
+  const std::vector<std::string> left = init::picturesNamed(work.request.left, "left");
+  const std::vector<std::string> right = init::picturesNamed(work.request.right, "right");
+  init::Pairing pairing = init::paired(left, right, work.request.pairing);
+  for (const auto& [l, r] : pairing.pairs) work.pictures.emplace_back(left[l], right[r]);
+  for (const std::size_t k : pairing.alone_left) work.made.alone_left.push_back(left[k]);
+  for (const std::size_t k : pairing.alone_right) work.made.alone_right.push_back(right[k]);
+  work.made.guesses.push_back("Pictures were paired " + pairing.how);
+  work.warn(std::move(pairing.warnings));
+  const std::size_t alone = pairing.alone_left.size() + pairing.alone_right.size();
+  if (alone > 0)
+    work.warn(
+        {init::warning("pictures_alone", fmt::format("{} pictures stay without a partner: {} left, {} right", alone,
+                                                     pairing.alone_left.size(), pairing.alone_right.size()))});
+}
+
+void namePictures(Work& work) {
+  work.lines = init::listNames(work.request.folder, work.pictures, work.request.copy);
+  std::size_t linked = 0;
+  for (std::size_t k = 0; k < work.lines.size(); ++k) {
+    const init::ListedLine& line = work.lines[k];
+    work.made.pairs.push_back({work.pictures[k].first, work.pictures[k].second, line.left.name, line.right.name});
+    for (const init::ListedPicture* picture : {&line.left, &line.right})
+      linked += picture->placement == init::Placement::kLink ? 1 : 0;
+  }
+  if (linked > 0)
+    work.warn({init::warning("pictures_linked",
+                             fmt::format("The names of {} pictures can't stand in an image list (blanks, backslashes, "
+                                         "other than ASCII, or too long)",
+                                         linked))});
+  if (!work.request.force) init::refuseOldPictures(work.request.folder, work.lines);
+}
+
+/// A calibration that does not tell its size is read again with that of the pictures, so that its lenses can be judged.
+void checkCalibration(Work& work) {
+  work.warn(init::checkSize(work.calibration, work.made.picture));
+  if (!init::tellsSize(work.calibration)) {
+    ImportOptions options = work.request.import;
+    options.size = work.made.picture;
+    work.calibration = init::setCalibration(work.request.calibration, options);
+    work.made.guesses.push_back(fmt::format("The calibration is one for {}x{} pixels, which it does not say",
+                                            work.made.picture.width, work.made.picture.height));
+  }
+  work.warn(work.calibration.warnings);
+}
+
+void lookAtPictures(Work& work, std::pair<cv::Mat, cv::Mat>& first) {
+  init::CheckedPictures checked = init::checkPictures(work.pictures, work.request.progress);
+  work.made.picture = {checked.size.width, checked.size.height};
+  work.made.channels = CV_MAT_CN(checked.type);
+  work.made.bits = CV_MAT_DEPTH(checked.type) == CV_16U ? 16 : 8;
+  checkCalibration(work);
+  work.facts.has_colour = work.made.channels > 1;
+  if (work.facts.has_colour)
+    work.warn({init::warning("residuals_off", fmt::format("The pictures have {} channels", work.made.channels))});
+  first = std::move(checked.first);
+}
+
+void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
+  const std::string target = targetIni(work.board);
+  const int expected = detectablePoints(work.board);
+  work.left = init::seenBoard(first.first, target, expected);
+  work.right = init::seenBoard(first.second, target, expected);
+  work.made.expected = static_cast<std::size_t>(expected);
+  work.made.left = {work.left.dots.size(), work.left.dot_radius};
+  work.made.right = {work.right.dots.size(), work.right.dot_radius};
+  work.warn(init::judgeDots(work.board, work.made.picture.width, work.left, work.right));
+  work.warn(init::judgeBaseline(work.calibration.calibration, work.board, work.left, work.right));
+}
+
+void judgeRig(Work& work) {
+  const Calibration& calibration = work.calibration.calibration;
+  work.facts.type = calibration.type;
+  work.facts.is_vertical = std::abs(calibration.ty) > std::abs(calibration.tx);
+  if (calibration.type == kFisheye) work.warn({init::warning("fisheye_raw_pair", "The cameras have fisheye lenses")});
+  if (work.board.step_y != 0.0 && work.board.step_y != work.board.step)
+    work.warn({init::warning("unequal_steps", fmt::format("The steps are {} along a row and {} from row to row",
+                                                          work.board.step, work.board.step_y))});
+}
+
+void choosePoints(Work& work) {
+  const bool detected = !work.left.dots.empty() && !work.right.dots.empty();
+  work.corners = init::chooseCorners(
+      work.board, [&](int id) { return !detected || (work.left.dots.contains(id) && work.right.dots.contains(id)); });
+  work.made.corners.assign(work.corners.ids.begin(), work.corners.ids.end());
+  if (!work.corners.seen)
+    work.warn(
+        {init::warning("corner_points", "No four dots on the corners of a rectangle are seen in the first pair", 0)});
+}
+
+std::string limitsText(const InitRequest& request) {
+  std::string text;
+  for (const std::string& limit : request.limits) {
+    requireLimit(limit);
+    text += limit + '\n';
+  }
+  return text;
+}
+
+init::SetFiles filesOf(const Work& work, const PolarConfig& config) {
+  init::SetFiles files = {{"polar.txt", init::polarText(config, "Polar configuration, made by polarline init")},
+                          {"target.ini", targetIni(work.board)},
+                          {work.calibration.file_name, work.calibration.bytes},
+                          {"list.txt", init::listText(work.lines)},
+                          {"board_gt.txt", boardGroundTruthText(work.board)}};
+  std::string limits = limitsText(work.request);
+  if (!limits.empty()) files.emplace("limits.txt", std::move(limits));
+  return files;
+}
+
+void tellInputs(Work& work, const PolarConfig& config) {
+  MadeSet& made = work.made;
+  const Calibration& calibration = work.calibration.calibration;
+  made.folder = work.request.folder;
+  made.board = boardSpec(work.board);
+  made.type = calibration.type;
+  made.model = init::modelName(calibration.type);
+  made.calibration_format = work.calibration.format;
+  made.baseline = baselineOf(calibration);
+  made.next = "polarline check " + init::shellWord(made.folder);
+  init::addGuesses(made, work.corners, work.facts, config);
+}
+
+}  // namespace
+
+PairBy pairByOf(const std::string& text) {
+  static const std::map<std::string, PairBy> kNames = {
+      {"auto", PairBy::kAuto}, {"names", PairBy::kNames}, {"stamps", PairBy::kStamps}, {"order", PairBy::kOrder}};
+  const auto found = kNames.find(text);
+  if (found == kNames.end()) throw InputError("pairing", "found " + text + "; wanted auto, names, stamps or order");
+  return found->second;
+}
+
+MadeSet initSet(const InitRequest& request) {
+  if (request.folder.empty()) throw InputError("no folder is named for the set");
+  Work work(request);
+  const std::string limits = limitsText(request);
+  if (!request.force)
+    init::refuseOldSet(request.folder, {{work.calibration.file_name, work.calibration.bytes}}, !limits.empty());
+  pairPictures(work);
+  namePictures(work);
+  std::pair<cv::Mat, cv::Mat> first;
+  lookAtPictures(work, first);
+  lookAtBoard(work, first);
+  judgeRig(work);
+  choosePoints(work);
+  const PolarConfig config = init::polarSettings(work.board, work.corners.ids, work.facts);
+  tellInputs(work, config);
+  work.made.files = init::writeSet(request.folder, filesOf(work, config), work.lines);
+  return std::move(work.made);
+}
+
+}  // namespace polarline

@@ -1,0 +1,64 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "polarline/init.h"
+
+namespace polarline {
+namespace {
+
+/// So many pictures without a partner are told by name, the rest in a number.
+constexpr std::size_t kMostNamed = 20;
+
+std::string sentence(const std::string& text) { return text.ends_with('.') ? text : text + '.'; }
+
+std::string found(const MadeSet& set) {
+  const auto side = [&](const InitDetection& seen) {
+    return seen.dot_radius > 0.0
+               ? fmt::format("{} of {} dots, radius about {:.1f} px", seen.found, set.expected, seen.dot_radius)
+               : fmt::format("{} of {} dots", seen.found, set.expected);
+  };
+  return fmt::format("Board        {}\nFirst pair   left {}; right {}\n", set.board, side(set.left), side(set.right));
+}
+
+std::string aloneText(const std::vector<std::string>& names, const char* side) {
+  std::string text;
+  for (std::size_t k = 0; k < std::min(names.size(), kMostNamed); ++k)
+    text += fmt::format("Alone        {} {}\n", side, names[k]);
+  if (names.size() > kMostNamed) text += fmt::format("Alone        {} and {} more\n", side, names.size() - kMostNamed);
+  return text;
+}
+
+std::string filesText(const MadeSet& set) {
+  std::string names;
+  std::size_t pictures = 0;
+  for (const std::string& name : set.files) {
+    const bool is_picture = name.starts_with("left_") || name.starts_with("right_");
+    if (is_picture)
+      ++pictures;
+    else
+      names += (names.empty() ? "" : ", ") + name;
+  }
+  return fmt::format("Wrote        {}: {}{}\n", set.folder, names,
+                     pictures == 0 ? "" : fmt::format(", and {} pictures", pictures));
+}
+
+}  // namespace
+
+std::string initText(const MadeSet& set) {
+  std::string text =
+      fmt::format("Pairs        {}, pictures {}x{}, {} bits, {} channel{}\n", set.pairs.size(), set.picture.width,
+                  set.picture.height, set.bits, set.channels, set.channels == 1 ? "" : "s");
+  text += aloneText(set.alone_left, "left") + aloneText(set.alone_right, "right");
+  text += found(set);
+  text += fmt::format("Calibration  {}, {}, baseline {:.6g} board units\n", set.calibration_format, set.model,
+                      set.baseline);
+  for (const std::string& guess : set.guesses) text += fmt::format("Guessed      {}\n", sentence(guess));
+  for (const Warning& warning : set.warnings)
+    text += fmt::format("Warning      {}: {} {}\n", warning.code, sentence(warning.text), sentence(warning.advice));
+  text += filesText(set);
+  return text + fmt::format("Next         {}", set.next);
+}
+
+}  // namespace polarline

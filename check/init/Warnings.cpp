@@ -1,0 +1,55 @@
+#include "check/init/Warnings.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace init {
+
+const std::vector<WarningCode>& warningCodes() {
+  static const std::vector<WarningCode> codes = {
+      {"pictures_alone", "Some pictures have no partner on the other side and are not in the set.",
+       "Look at their names; with --pairing the way of pairing can be chosen."},
+      {"pairs_guessed", "The names of the two sides do not agree; the pictures were paired in their order.",
+       "Look at the first and the last line of list.txt; --pairing order says that the order is right."},
+      {"pairs_shifted", "The two sides count from different starts, so their numbers may mean different moments.",
+       "If the first pictures of both sides belong together, use --pairing order."},
+      {"pictures_linked",
+       "Some pictures can't be named in an image list; links with other names stand in the set for them.",
+       "Keep the pictures where they are, or use --copy."},
+      {"residuals_off", "Pictures with more than one channel end the step of the residuals, so it is switched off.",
+       "Store the pictures grey, then set triangulate_residual_switch to 1."},
+      {"principal_point", "The middle of the lens lies far from the middle of the pictures.",
+       "Look whether the calibration was made for pictures of this size."},
+      {"sides_exchanged", "The pictures show the right camera on the other side of the left one than the calibration.",
+       "Exchange --left and --right, or say --swap if the calibration has the cameras the wrong way round."},
+      {"fisheye_raw_pair",
+       "Residuals, distances and board check of the raw pair take the coefficients of a fisheye for Brown's.",
+       "Judge such a pair by its row differences and by the point cloud."},
+      {"unequal_steps",
+       "The board's rows and columns have different steps; the spacing of the point cloud knows one only.",
+       "Set allpoints_calc_switch to 1 to have it all the same."},
+      {"board_at_width", "Boards of this kind are not found in pictures of this width.",
+       "Use a big dot board, or pictures of another width."},
+      {"board_not_found", "The board was not found in the first pair.", "See why: polarline detect."},
+      {"dots_missing", "In the first pair many dots of the board were not found.",
+       "See which: polarline detect. The whole board should be in both pictures, lit evenly."},
+      {"dots_small", "The dots are too small in the pictures to be found reliably.",
+       "Go nearer, use a board with larger dots, or a camera with more pixels."},
+      {"dots_large", "The dots are too large in the pictures to be found reliably.",
+       "Go further away, or use a board with smaller dots."},
+      {"corner_points", "The four chosen points were moved inward, or are not all seen.",
+       "A pair that does not show all four is given up: choose TriPoint and PolPoint ids that every pair shows."},
+      {"baseline_unit", "The pictures show another distance of the cameras than the calibration says.",
+       "Look at the units of board and calibration: --scale tells board units in a unit of the calibration."},
+  };
+  return codes;
+}
+
+polarline::Warning warning(const std::string& code, const std::string& text, int pair) {
+  const auto& codes = warningCodes();
+  const auto found = std::ranges::find_if(codes, [&](const WarningCode& each) { return each.code == code; });
+  if (found == codes.end()) throw std::out_of_range("no warning " + code);
+  return {code, text, found->advice, pair};
+}
+
+}  // namespace init
