@@ -15,7 +15,7 @@ struct DotLimits {
 };
 
 /// What the detector finds in pictures of a width; nothing where it finds no board of this kind. Measured with rendered
-/// boards: docs/init.md.
+/// boards: docs/boards.md.
 std::optional<DotLimits> dotLimits(const polarline::BoardDescription& board, int width);
 
 /// What is to say of the first pair: a board that is not found, dots that are missing, too small or too large.
