@@ -100,22 +100,32 @@ std::vector<Explanation> checkWarnings() {
   };
 }
 
-std::vector<Explanation> calibrationWarnings() {
+std::vector<Explanation> detectionWarnings() {
+  return {
+      {"dots_too_small", "dots_too_small", "The dots are smaller in the picture than the detector is sure of.",
+       "Move the board nearer, or take a board with fewer and larger dots."},
+      {"dots_too_large", "dots_too_large", "The dots are larger in the picture than the detector takes.",
+       "Move the board away, or take a board with smaller dots."},
+      {"strange_ids", "strange_ids", "Dots were numbered that the board does not have.",
+       "Keep the board's surround free of specks, and compare the board's description with the board."},
+      {"too_few_dots", "too_few_dots", "Many of the board's dots were not numbered.",
+       "Bring the whole board into view, with even light and without reflections."},
+  };
+}
+
+/// Those of a table of codes.
+template <typename Codes>
+std::vector<Explanation> warningsOf(const Codes& codes) {
   std::vector<Explanation> list;
-  for (const calibrations::WarningCode& each : calibrations::warningCodes()) {
-    list.push_back({each.code, each.code, each.meaning, each.advice});
-  }
-std::vector<Explanation> initWarnings() {
-  for (const init::WarningCode& code : init::warningCodes())
-    list.push_back({code.code, code.code, code.meaning, code.advice});
+  for (const auto& each : codes) list.push_back({each.code, each.code, each.meaning, each.advice});
   return list;
 }
 
 std::vector<Explanation> all() {
   std::vector<Explanation> list;
   for (std::vector<Explanation>& part :
-       std::vector{exits(), statuses(), exceptions(), checkWarnings(), calibrationWarnings()}) {
-       std::vector{exits(), statuses(), exceptions(), checkWarnings(), initWarnings()}) {
+       std::vector{exits(), statuses(), exceptions(), checkWarnings(), detectionWarnings(),
+                   warningsOf(calibrations::warningCodes()), warningsOf(init::warningCodes())}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

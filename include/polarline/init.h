@@ -34,8 +34,8 @@ struct InitRequest {
   ImportOptions import;                  ///< What the calibration's files do not say.
   PairBy pairing = PairBy::kAuto;
   std::vector<std::string> limits;  ///< "FIGURE OP VALUE" each, for `limits.txt`; none: no such file.
-  bool copy = false;   ///< Copy the pictures into the set; without it they are named where they are.
-  bool force = false;  ///< Replace the files of a set that is there.
+  bool copy = false;                ///< Copy the pictures into the set; without it they are named where they are.
+  bool force = false;               ///< Replace the files of a set that is there.
   /// Told how many pictures have been looked at, of how many; may be empty.
   std::function<void(std::size_t done, std::size_t all)> progress;
 };
@@ -78,13 +78,14 @@ struct MadeSet {
   std::string next;  ///< The command that checks the set.
 };
 
-/// Makes a set: `polar.txt`, `target.ini`, `calib.json` or `calib.bin`, `list.txt`, `board_gt.txt` and, where limits are
-/// asked for, `limits.txt`. A new folder
-/// appears whole or not at all; in a folder that is there every file does, and nothing else in it is touched.
+/// Makes a set: `polar.txt`, `target.ini`, `calib.json` or `calib.bin`, `list.txt`, `board_gt.txt` and, where limits
+/// are asked for, `limits.txt`. A new folder appears whole or not at all; in a folder that is there every file does,
+/// and nothing else in it is touched.
 ///
 /// Throws `InputError` for a side without pictures, a picture that does not decode (each is named), pictures of
 /// different sizes or kinds (those that differ are named), a size that is not the calibration's, a board that
-/// `parseBoard` refuses, a limit that `requireLimit` refuses, and, without `force`, for files that are there; `OutputError` where the set can't be written.
+/// `parseBoard` refuses, a limit that `requireLimit` refuses, and, without `force`, for files that are there;
+/// `OutputError` where the set can't be written.
 POLARLINE_API MadeSet initSet(const InitRequest& request);
 
 /// The result as one JSON object, `schema` "polarline-init/1".

@@ -69,7 +69,8 @@ inline std::string difference(const polarline::Check& check, const std::vector<P
     for (const auto& [name, wanted] : figuresOf(records[place])) {
       const polarline::Figure* const figure = pair.figure(name);
       const bool is_known = last.count(name) != 0;
-      if (is_known != (figure->is_own || figure->is_carried)) found << "pair " << pair.index << " " << name << " state\n";
+      if (is_known != (figure->is_own || figure->is_carried))
+        found << "pair " << pair.index << " " << name << " state\n";
       const std::vector<double> value = is_known ? last[name] : std::vector<double>(wanted.size(), 0.0);
       bool is_equal = value.size() == wanted.size();
       for (std::size_t k = 0; is_equal && k < value.size(); ++k)

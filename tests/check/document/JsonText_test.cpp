@@ -25,20 +25,23 @@ TEST_P(JsonTextString, IsQuotedUtf8) {
 
 const std::string kMark = "\xEF\xBF\xBD";  // U+FFFD
 
-INSTANTIATE_TEST_SUITE_P(
-    All, JsonTextString,
-    ::testing::Values(
-        Text{"", R"("")"}, Text{"a b", R"("a b")"}, Text{"\"\\/", R"("\"\\/")"},
-        Text{"\n\t\x01\x1f", "\"\\u000a\\u0009\\u0001\\u001f\""}, Text{std::string(1, '\0'), "\"\\u0000\""},
-        Text{"\x7f", "\"\x7f\""}, Text{"\xC3\xA4", "\"\xC3\xA4\""}, Text{"\xE2\x82\xAC", "\"\xE2\x82\xAC\""},
-        Text{"\xF0\x9F\x98\x80", "\"\xF0\x9F\x98\x80\""}, Text{"a\xFF" "b", "\"a" + kMark + "b\""},
-        Text{"\x80", '"' + kMark + '"'},                             // A byte that only follows.
-        Text{"\xC3", '"' + kMark + '"'},                             // Cut off.
-        Text{"\xC0\xAF", '"' + kMark + kMark + '"'},                 // A longer form of '/'.
-        Text{"\xE0\x80\xAF", '"' + kMark + kMark + kMark + '"'},     // The same.
-        Text{"\xED\xA0\x80", '"' + kMark + kMark + kMark + '"'},     // A surrogate.
-        Text{"\xF4\x90\x80\x80", '"' + kMark + kMark + kMark + kMark + '"'},  // Beyond Unicode.
-        Text{"\xF5", '"' + kMark + '"'}));
+INSTANTIATE_TEST_SUITE_P(All, JsonTextString,
+                         ::testing::Values(Text{"", R"("")"}, Text{"a b", R"("a b")"}, Text{"\"\\/", R"("\"\\/")"},
+                                           Text{"\n\t\x01\x1f", "\"\\u000a\\u0009\\u0001\\u001f\""},
+                                           Text{std::string(1, '\0'), "\"\\u0000\""}, Text{"\x7f", "\"\x7f\""},
+                                           Text{"\xC3\xA4", "\"\xC3\xA4\""}, Text{"\xE2\x82\xAC", "\"\xE2\x82\xAC\""},
+                                           Text{"\xF0\x9F\x98\x80", "\"\xF0\x9F\x98\x80\""},
+                                           Text{"a\xFF"
+                                                "b",
+                                                "\"a" + kMark + "b\""},
+                                           Text{"\x80", '"' + kMark + '"'},              // A byte that only follows.
+                                           Text{"\xC3", '"' + kMark + '"'},              // Cut off.
+                                           Text{"\xC0\xAF", '"' + kMark + kMark + '"'},  // A longer form of '/'.
+                                           Text{"\xE0\x80\xAF", '"' + kMark + kMark + kMark + '"'},  // The same.
+                                           Text{"\xED\xA0\x80", '"' + kMark + kMark + kMark + '"'},  // A surrogate.
+                                           Text{"\xF4\x90\x80\x80",
+                                                '"' + kMark + kMark + kMark + kMark + '"'},  // Beyond Unicode.
+                                           Text{"\xF5", '"' + kMark + '"'}));
 
 class JsonTextDouble : public ::testing::TestWithParam<double> {};
 

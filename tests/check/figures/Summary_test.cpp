@@ -36,8 +36,8 @@ TEST(SummaryOfPairs, IsMeanDeviationAndRangeByHand) {
 
 TEST(SummaryOfPairs, LosesNothingWhereTheMeanIsLarge) {
   // The squares of such numbers have no room for the differences.
-  const auto summary = summaryOf({hand_made::pair(0, {1e9 + 1}, {}), hand_made::pair(1, {1e9 + 2}, {}),
-                                  hand_made::pair(2, {1e9 + 3}, {})});
+  const auto summary = summaryOf(
+      {hand_made::pair(0, {1e9 + 1}, {}), hand_made::pair(1, {1e9 + 2}, {}), hand_made::pair(2, {1e9 + 3}, {})});
   EXPECT_EQ(summary.at(0).sd, 1.0);
 }
 

@@ -39,14 +39,13 @@ TEST_P(LimitForm, IsParsed) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, LimitForm,
-    ::testing::Values(
-        Form{"dy_means<=0.1", "dy_means", -1, "", false, Comparison::kLessOrEqual, 0.1},
-        Form{" dy_max < 5e-1 ", "dy_max", -1, "", false, Comparison::kLess, 0.5},
-        Form{"|tri_dis[0]|<=0.5", "tri_dis", 0, "", true, Comparison::kLessOrEqual, 0.5},
-        Form{"tri_dis >= -2", "tri_dis", -1, "", false, Comparison::kGreaterOrEqual, -2.0},
-        Form{"summary.dy_means.mean<=0.1", "dy_means", -1, "mean", false, Comparison::kLessOrEqual, 0.1},
-        Form{"|summary.tri_dis[7].max|<1", "tri_dis", 7, "max", true, Comparison::kLess, 1.0},
-        Form{"finished>2", "finished", -1, "", false, Comparison::kGreater, 2.0}));
+    ::testing::Values(Form{"dy_means<=0.1", "dy_means", -1, "", false, Comparison::kLessOrEqual, 0.1},
+                      Form{" dy_max < 5e-1 ", "dy_max", -1, "", false, Comparison::kLess, 0.5},
+                      Form{"|tri_dis[0]|<=0.5", "tri_dis", 0, "", true, Comparison::kLessOrEqual, 0.5},
+                      Form{"tri_dis >= -2", "tri_dis", -1, "", false, Comparison::kGreaterOrEqual, -2.0},
+                      Form{"summary.dy_means.mean<=0.1", "dy_means", -1, "mean", false, Comparison::kLessOrEqual, 0.1},
+                      Form{"|summary.tri_dis[7].max|<1", "tri_dis", 7, "max", true, Comparison::kLess, 1.0},
+                      Form{"finished>2", "finished", -1, "", false, Comparison::kGreater, 2.0}));
 
 class LimitRefusal : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
@@ -95,14 +94,15 @@ TEST_P(LimitHolds, AsTheComparisonSays) {
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-INSTANTIATE_TEST_SUITE_P(
-    All, LimitHolds,
-    ::testing::Values(Judged{"dy_max<1", 0.5, true}, Judged{"dy_max<1", 1.0, false}, Judged{"dy_max<=1", 1.0, true},
-                      Judged{"dy_max<=1", 1.5, false}, Judged{"dy_max>1", 1.5, true}, Judged{"dy_max>1", 1.0, false},
-                      Judged{"dy_max>=1", 1.0, true}, Judged{"dy_max>=1", 0.5, false}, Judged{"dy_max<1", -5.0, true},
-                      Judged{"|dy_max|<1", -5.0, false}, Judged{"|dy_max|>1", -5.0, true},
-                      Judged{"dy_max<1", kNoNumber, false}, Judged{"dy_max>1", kNoNumber, false},
-                      Judged{"dy_max<=1", kNoNumber, false}, Judged{"dy_max>=1", kNoNumber, false}));
+INSTANTIATE_TEST_SUITE_P(All, LimitHolds,
+                         ::testing::Values(Judged{"dy_max<1", 0.5, true}, Judged{"dy_max<1", 1.0, false},
+                                           Judged{"dy_max<=1", 1.0, true}, Judged{"dy_max<=1", 1.5, false},
+                                           Judged{"dy_max>1", 1.5, true}, Judged{"dy_max>1", 1.0, false},
+                                           Judged{"dy_max>=1", 1.0, true}, Judged{"dy_max>=1", 0.5, false},
+                                           Judged{"dy_max<1", -5.0, true}, Judged{"|dy_max|<1", -5.0, false},
+                                           Judged{"|dy_max|>1", -5.0, true}, Judged{"dy_max<1", kNoNumber, false},
+                                           Judged{"dy_max>1", kNoNumber, false}, Judged{"dy_max<=1", kNoNumber, false},
+                                           Judged{"dy_max>=1", kNoNumber, false}));
 
 TEST(LimitNames, RequireLimitTakesAndRefusesTheSame) {
   EXPECT_NO_THROW(requireLimit("dy_means<=0.1"));

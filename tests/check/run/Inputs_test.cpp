@@ -65,10 +65,9 @@ TEST_F(InputsPolar, RefusesAFileThatIsNone) {
 }
 
 TEST_F(InputsPolar, ShowsEverySettingAsJson) {
-  const auto settings = settingsOf(readPolar(folder.write("polar.txt", "f_scale: 0.1\neccentricity: 1\n"), {}, warnings));
-  const auto valueOf = [&](const std::string& key) {
-    return std::ranges::find(settings, key, &Setting::key)->json;
-  };
+  const auto settings =
+      settingsOf(readPolar(folder.write("polar.txt", "f_scale: 0.1\neccentricity: 1\n"), {}, warnings));
+  const auto valueOf = [&](const std::string& key) { return std::ranges::find(settings, key, &Setting::key)->json; };
   EXPECT_EQ(valueOf("f_scale"), "0.1");
   EXPECT_EQ(valueOf("eccentricity"), "true");
   EXPECT_EQ(valueOf("Cal_ID_DIS"), "[]");

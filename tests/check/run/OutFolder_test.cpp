@@ -65,10 +65,9 @@ TEST_F(OutFolderIn, ReplacesFilesAndNumbersSummaries) {
     put(out.resultFolder(config), "0_dy.csv", "new");
     out.commit();
   }
-  EXPECT_THAT(contentsOf(place),
-              ElementsAre(Pair("0_dy.csv", "new"), Pair("align_data_0.csv", "first"), Pair("align_data_1.csv", "second"),
-                          Pair("align_data_2.csv", "third"), Pair("align_data_3.csv", "fourth"),
-                          Pair("kept.txt", "kept")));
+  EXPECT_THAT(contentsOf(place), ElementsAre(Pair("0_dy.csv", "new"), Pair("align_data_0.csv", "first"),
+                                             Pair("align_data_1.csv", "second"), Pair("align_data_2.csv", "third"),
+                                             Pair("align_data_3.csv", "fourth"), Pair("kept.txt", "kept")));
 }
 
 TEST_F(OutFolderIn, HasTheFoldersOfThePictures) {
