@@ -78,7 +78,7 @@ std::string mainPage(const Command& polarline, const std::string& version) {
   text += arguments(polarline) + exitCodes() + ".SH SEE ALSO\n";
   std::string pages;
   for (const Command& each : polarline.subcommands)
-    pages += fmt::format("{}\\fBpolarline\\-{}\\fR(1)", pages.empty() ? "" : ",\n", roff(each.name));
+    pages += (pages.empty() ? "" : ",\n") + fmt::format(R"(\fBpolarline\-{}\fR(1))", roff(each.name));
   return text + pages + "\n";
 }
 
