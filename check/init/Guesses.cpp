@@ -34,7 +34,10 @@ std::string offText(const PolarConfig& config) {
     off.emplace_back("the residuals (pictures of more than one channel end them)");
   if (!config.discalswitch)
     off.emplace_back("the distances of all dots (discalswitch: what big rings cover is made up, and ends that step)");
-  if (config.allpoints_calc_switch == 0) off.emplace_back("the spacing of the cloud (the board has two steps)");
+  if (config.foursixmethod_swithch == 0)
+    off.emplace_back("the point cloud (it does not follow the quarter turn of the pictures)");
+  else if (config.allpoints_calc_switch == 0)
+    off.emplace_back("the spacing of the cloud (the board has two steps)");
   return fmt::format("{}", fmt::join(off, ", "));
 }
 

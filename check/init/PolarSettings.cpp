@@ -28,13 +28,13 @@ void setPoints(PolarConfig& config, const polarline::BoardDescription& board, co
                        {ids[1], ids[3]}, {ids[0], ids[3]}, {ids[1], ids[2]}};
 }
 
-void setOutputs(PolarConfig& config) {
+void setOutputs(PolarConfig& config, bool has_cloud) {
   config.evaluation = 1;
   config.savepolarline = 1;
   config.tir_bias_savecsv_swithch = 1;
   config.dy_bias_savecsv_swithch = 1;
   config.dy_bias_savepng_swithch = 1;
-  config.allpointssavecsv_swithch = 1;
+  config.allpointssavecsv_swithch = has_cloud ? 1 : 0;
 }
 
 }  // namespace
@@ -53,15 +53,16 @@ PolarConfig polarSettings(const polarline::BoardDescription& board, const Corner
   config.discalswitch = !hasMadeUpDots(board.kind);
   config.spaceRms_switch = true;
   config.dy_bias_switch = 1;
-  config.foursixmethod_swithch = 1;
+  // The point cloud does not follow the quarter turn.
+  config.foursixmethod_swithch = facts.is_vertical ? 0 : 1;
   const bool one_step = board.step_y == 0.0 || board.step_y == board.step;
-  config.allpoints_calc_switch = one_step ? 1 : 0;
+  config.allpoints_calc_switch = one_step && !facts.is_vertical ? 1 : 0;
   config.pattern_rows = board.rows;
   config.pattern_cols = board.cols;
   config.pattern_step = static_cast<float>(board.step);
   config.dy_bias_divid = kUsualLimit;
   config.tri_bias_divid = kUsualLimit;
-  setOutputs(config);
+  setOutputs(config, !facts.is_vertical);
   setPoints(config, board, corners);
   return config;
 }

@@ -30,6 +30,7 @@ TEST(Guesses, TellLensCornersAndSwitches) {
   config.triangulate_residual_switch = 1;
   config.discalswitch = true;
   config.allpoints_calc_switch = 1;
+  config.foursixmethod_swithch = 1;
   const auto told = guesses(config, {});
   EXPECT_THAT(told, Contains("The lens model is Brown, K1 to K6 (type 1), as K4 to K6 are not all 0"));
   EXPECT_THAT(told, Contains(HasSubstr("the dots 20, 24, 38, 42: 2 columns and 3 rows in")));
@@ -37,11 +38,15 @@ TEST(Guesses, TellLensCornersAndSwitches) {
 }
 
 TEST(Guesses, TellEachSwitchThatIsOffAndWhy) {
-  const auto told = guesses({}, {1, true, true});
+  auto told = guesses({}, {1, true, true});
   EXPECT_THAT(told, Contains(HasSubstr("the residuals (pictures of more than one channel end them)")));
   EXPECT_THAT(told, Contains(HasSubstr("discalswitch")));
-  EXPECT_THAT(told, Contains(HasSubstr("the board has two steps")));
+  EXPECT_THAT(told, Contains(HasSubstr("it does not follow the quarter turn")));
   EXPECT_THAT(told, Contains(HasSubstr("x_y is 1")));
+  PolarConfig two_steps;
+  two_steps.foursixmethod_swithch = 1;
+  told = guesses(two_steps, {});
+  EXPECT_THAT(told, Contains(HasSubstr("the board has two steps")));
 }
 
 }  // namespace

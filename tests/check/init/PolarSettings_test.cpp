@@ -56,8 +56,13 @@ TEST(PolarSettings, PicturesOfSeveralChannelsHaveNoResiduals) {
   EXPECT_EQ(init::polarSettings(board(), kCorners, {1, true, false}).triangulate_residual_switch, 0);
 }
 
-TEST(PolarSettings, CamerasAboveEachOtherAreTurned) {
-  EXPECT_EQ(init::polarSettings(board(), kCorners, {1, false, true}).x_y, 1);
+TEST(PolarSettings, CamerasAboveEachOtherAreTurnedAndHaveNoCloud) {
+  const PolarConfig config = init::polarSettings(board(), kCorners, {1, false, true});
+  EXPECT_EQ(config.x_y, 1);
+  EXPECT_EQ(config.foursixmethod_swithch, 0);
+  EXPECT_EQ(config.allpoints_calc_switch, 0);
+  EXPECT_EQ(config.allpointssavecsv_swithch, 0);
+  EXPECT_EQ(config.dy_bias_switch, 1);
 }
 
 TEST(PolarSettings, TwoStepsHaveNoSpacing) {
