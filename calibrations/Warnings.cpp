@@ -1,12 +1,9 @@
 #include "calibrations/Warnings.h"
 
-#include <algorithm>
-#include <stdexcept>
-
 namespace calibrations {
 
-const std::vector<WarningCode>& warningCodes() {
-  static const std::vector<WarningCode> codes = {
+const warnings::Table& warningCodes() {
+  static const warnings::Table codes = {
       {"no_image_size", "The calibration does not say how large the pictures are.",
        "Say it with --size WxH, so that the principal point and the distortion can be checked."},
       {"image_size_overridden", "The size that was said is not the one in the file.",
@@ -32,10 +29,7 @@ const std::vector<WarningCode>& warningCodes() {
 }
 
 polarline::Warning warning(const std::string& code, const std::string& text) {
-  const std::vector<WarningCode>& codes = warningCodes();
-  const auto found = std::ranges::find(codes, code, &WarningCode::code);
-  if (found == codes.end()) throw std::out_of_range("no warning has the code " + code);
-  return {code, text, found->advice, -1};
+  return warnings::make(warningCodes(), code, text);
 }
 
 }  // namespace calibrations

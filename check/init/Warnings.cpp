@@ -1,12 +1,9 @@
 #include "check/init/Warnings.h"
 
-#include <algorithm>
-#include <stdexcept>
-
 namespace init {
 
-const std::vector<WarningCode>& warningCodes() {
-  static const std::vector<WarningCode> codes = {
+const warnings::Table& warningCodes() {
+  static const warnings::Table codes = {
       {"pictures_alone", "Some pictures have no partner on the other side and are not in the set.",
        "Look at their names; with --pairing the way of pairing can be chosen."},
       {"pairs_guessed", "The names of the two sides do not agree; the pictures were paired in their order.",
@@ -46,10 +43,7 @@ const std::vector<WarningCode>& warningCodes() {
 }
 
 polarline::Warning warning(const std::string& code, const std::string& text, int pair) {
-  const auto& codes = warningCodes();
-  const auto found = std::ranges::find_if(codes, [&](const WarningCode& each) { return each.code == code; });
-  if (found == codes.end()) throw std::out_of_range("no warning " + code);
-  return {code, text, found->advice, pair};
+  return warnings::make(warningCodes(), code, text, pair);
 }
 
 }  // namespace init

@@ -71,7 +71,7 @@ Json stagesOf(const Detection& detection) {
 
 Json warningsOf(const Detection& detection) {
   Json warnings = Json::array();
-  for (const DetectionWarning& warning : detection.warnings)
+  for (const Warning& warning : detection.warnings)
     warnings.push_back({{"code", warning.code}, {"text", warning.text}, {"advice", warning.advice}});
   return warnings;
 }

@@ -34,7 +34,7 @@ std::string detectionTable(const Detection& detection) {
   if (detection.dot_radius > 0.0)
     line("dots", "", fmt::format("radius {:.1f} pixels of the picture (median)", detection.dot_radius));
   if (!detection.advice.empty()) line("advice", "", detection.advice);
-  for (const DetectionWarning& warning : detection.warnings) {
+  for (const Warning& warning : detection.warnings) {
     line("warning", "", warning.text);
     line("", "", warning.advice);
   }

@@ -80,7 +80,7 @@ double medianDotRadius(const kestrune::RingTarget& target) {
   return of_dots > 0.0 ? of_dots : weightedMedian(all, anyEllipse);
 }
 
-void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings) {
+void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::Warning>& warnings) {
   const DotRange range = dotRangeOf(seen);
   if (seen.dot_radius == 0.0 || range.most == 0.0) return;
   const std::string fact = fmt::format(

@@ -21,4 +21,4 @@ DotRange dotRangeOf(const SeenPicture& seen);
 double medianDotRadius(const kestrune::RingTarget& target);
 
 /// Warns of dots near the ends of the range or beyond.
-void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::DetectionWarning>& warnings);
+void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::Warning>& warnings);

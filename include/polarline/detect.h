@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "polarline/api.h"
+#include "polarline/warning.h"
 
 /// One picture of a board: what the detector sees in it, and where it stopped.
 namespace polarline {
@@ -58,13 +59,6 @@ struct DetectionStage {
   std::string text;   ///< What it saw, in numbers.
 };
 
-/// Something that may go wrong though the detection did not stop at it.
-struct DetectionWarning {
-  std::string code;  ///< A stable name in small letters.
-  std::string text;
-  std::string advice;
-};
-
 /// The board as the target describes it.
 struct DetectedBoard {
   int type = 0;  ///< 1, 2: ring boards; 3: board with four big dots.
@@ -82,7 +76,7 @@ struct Detection {
   std::string step = "image";
   std::string text;    ///< The outcome in words: what was needed and what was found.
   std::string advice;  ///< What to do about it; empty for `found`.
-  std::vector<DetectionWarning> warnings;
+  std::vector<Warning> warnings;
   std::vector<DetectionStage> stages;  ///< All steps that this board's detection has, in their order.
 
   DetectedBoard board;

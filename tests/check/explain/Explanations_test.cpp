@@ -33,7 +33,7 @@ TEST(ExplanationsKnow, TheStatusesThatOnlyARunSees) {
 TEST(ExplanationsKnow, EveryWarning) {
   for (const char* code : {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures"})
     EXPECT_TRUE(explain(code)) << code;
-  for (const calibrations::WarningCode& each : calibrations::warningCodes()) {
+  for (const warnings::Code& each : calibrations::warningCodes()) {
     const auto explained = explain(each.code);
     ASSERT_TRUE(explained) << each.code;
     EXPECT_EQ(explained->meaning, each.meaning);

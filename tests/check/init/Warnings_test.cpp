@@ -8,7 +8,7 @@ namespace {
 
 TEST(Warnings, EachCodeIsAWordOfItsOwnWithMeaningAndAdvice) {
   std::set<std::string> codes;
-  for (const init::WarningCode& code : init::warningCodes()) {
+  for (const warnings::Code& code : init::warningCodes()) {
     EXPECT_TRUE(codes.insert(code.code).second) << code.code;
     EXPECT_EQ(std::string(code.code).find_first_not_of("abcdefghijklmnopqrstuvwxyz_"), std::string::npos) << code.code;
     EXPECT_TRUE(std::string(code.meaning).ends_with('.')) << code.code;

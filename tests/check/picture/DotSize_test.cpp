@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(Widths, DotSizeRange,
 std::vector<std::string> codesOf(double radius) {
   const kestrune::RingTargetConfig config = boardOf(2);
   const kestrune::DetectionTrace trace = searchedAt({2048, 1536});
-  std::vector<polarline::DetectionWarning> warnings;
+  std::vector<polarline::Warning> warnings;
   warnOfDotSize({config, trace, {4096, 3072}, CV_8UC1, "", radius, 0, false}, warnings);
   std::vector<std::string> codes;
   for (const auto& warning : warnings) {
