@@ -139,7 +139,9 @@ PairCheck PairReading::read(bool finished, std::int32_t status, const PairEvalua
     if constexpr (requires { takeValues(entry.valueIn(evaluator.figures), figure); }) {
       takeValues(entry.valueIn(evaluator.figures), figure);
       figure.is_own = evaluator.figures.isMeasured(entry.kGroup);
-      figure.is_carried = !figure.is_own && measured_before_.test(static_cast<std::size_t>(entry.kGroup));
+      // Some lists are cleared behind each pair: their figures are not in the record of the next one.
+      const bool was_measured = measured_before_.test(static_cast<std::size_t>(entry.kGroup));
+      figure.is_carried = !figure.is_own && was_measured && !figure.values.empty();
       if (!figure.is_own) figure.values.clear();
       pair.figures.push_back(std::move(figure));
     }

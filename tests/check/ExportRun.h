@@ -55,7 +55,7 @@ inline std::map<std::string, std::vector<double>> figuresOf(const PolarResultRec
 }
 
 /// What differs between the finished pairs of a check and the records of an export; empty when no bit does. A figure
-/// that is carried has to be the last own one of the pairs before; one that nobody measured has to be zeros.
+/// that is carried has to be the last own one of the pairs before; one that is neither has to be zeros or empty.
 inline std::string difference(const polarline::Check& check, const std::vector<PolarResultRecord>& records) {
   std::ostringstream found;
   std::map<std::string, std::vector<double>> last;
@@ -71,11 +71,16 @@ inline std::string difference(const polarline::Check& check, const std::vector<P
       const bool is_known = last.count(name) != 0;
       if (is_known != (figure->is_own || figure->is_carried))
         found << "pair " << pair.index << " " << name << " state\n";
+      const bool is_known = figure->is_own || figure->is_carried;
+      if (figure->is_carried && last.count(name) == 0) return "carried from nowhere: " + name;
       const std::vector<double> value = is_known ? last[name] : std::vector<double>(wanted.size(), 0.0);
       bool is_equal = value.size() == wanted.size();
       for (std::size_t k = 0; is_equal && k < value.size(); ++k)
         is_equal = std::bit_cast<std::uint64_t>(value[k]) == std::bit_cast<std::uint64_t>(wanted[k]);
-      if (!is_equal) found << "pair " << pair.index << " " << name << "\n";
+      if (!is_equal) {
+        found << "pair " << pair.index << " " << name << ": " << ::testing::PrintToString(value) << ", the export has "
+              << ::testing::PrintToString(wanted) << "\n";
+      }
     }
     ++place;
   }

@@ -64,6 +64,16 @@ TEST_F(PairReadingOf, FiguresOfAnEarlierPairAreCarriedAndNotShown) {
   EXPECT_THAT(third.figure("dy_means")->values, ElementsAre(0.5));
 }
 
+TEST_F(PairReadingOf, FiguresOfAClearedListAreNotCarried) {
+  evaluator.figures.frameValues = {1.0, 2.0};
+  evaluator.figures.setMeasured(FigureGroup::kFrame);
+  EXPECT_THAT(reading.read(true, 0, evaluator).figure("frameValues")->values, ElementsAre(1, 2));
+  nextPair();
+  EXPECT_TRUE(reading.read(true, 0, evaluator).figure("frameValues")->is_carried);
+  evaluator.figures.frameValues.clear();
+  EXPECT_FALSE(reading.read(true, 0, evaluator).figure("frameValues")->is_carried);
+}
+
 TEST_F(PairReadingOf, FiguresOfAPairGivenUpAreCarriedToo) {
   evaluator.figures.setMeasured(FigureGroup::kResiduals);
   reading.read(false, polar_status::kTooFewShared, evaluator);

@@ -66,11 +66,12 @@ TEST(CheckFigures, AreTheExportsWhereOneIsCarried) {
   set.blank("left_1.png");
   equalsTheExport(set, 2);
   const Check check = set.check();
-  EXPECT_TRUE(check.pairs.at(0).figure("frameValues")->is_own);
-  EXPECT_TRUE(check.pairs.at(1).figure("frameValues")->is_carried);
+  EXPECT_TRUE(check.pairs.at(0).figure("tri_rms")->is_own);
+  EXPECT_TRUE(check.pairs.at(1).figure("tri_rms")->is_carried);
   const auto document = DocumentCheck::ofCheck().parsed(toJson(check));
-  EXPECT_TRUE(document["pairs"][1]["figures"]["frameValues"].is_null());
-  EXPECT_EQ(document["pairs"][1]["carried"], nlohmann::json::array({"frameValues"}));
+  EXPECT_TRUE(document["pairs"][1]["figures"]["tri_rms"].is_null());
+  // Not frameValues: the library clears them behind each frame.
+  EXPECT_EQ(document["pairs"][1]["carried"], nlohmann::json({"tri_rms", "tri_mean", "tri_min", "tri_max"}));
 }
 
 TEST(CheckFigures, AreTheExportsOfFrames) {
@@ -81,26 +82,20 @@ TEST(CheckFigures, AreTheExportsOfFrames) {
 TEST(CheckFigures, AreTheExportsOfRectifiedPairs) {
   static const RenderedSet rendered(small_scene::rectified());
   const CopiedSet set(rendered);
-  const scene::Camera& camera = rendered.scene().rig.left;
+  const CopiedSet exported(rendered);  // The export writes beside the list.
   RectifiedParams geometry;
-  geometry.focal = camera.fx;
-  geometry.baseline = 60.0;
-  geometry.cx = camera.cx;
-  geometry.cy = camera.cy;
-  std::ostringstream numbers;
-  numbers.precision(17);
-  numbers << geometry.focal << ',' << geometry.baseline << ',' << geometry.cx << ',' << geometry.cy << ",0\n";
-  set.write("rectified.txt", numbers.str());
-  BoardGroundTruth board;
+  char comma = 0;
+  const std::string numbers = set.read("rectified.txt");  // Below a line of comment.
+  std::istringstream(numbers.substr(numbers.find('\n'))) >> geometry.focal >> comma >> geometry.baseline >> comma >>
+      geometry.cx >> comma >> geometry.cy >> comma >> geometry.disparity_offset;
   std::vector<PolarResultRecord> records;
   {
     const ConsoleCapture quiet;
+    BoardGroundTruth board;
     ReadBoardGTFromTxt(set.file("board_gt.txt"), &board);
     geometry.boardPoints.assign(board.begin(), board.end());
-    ImagePairList images;
-    ReadCalibImagelist(set.file("list.txt"), &images);
-    CalRecificationPrecisionOutMat(set.read("polar.txt").c_str(), set.file("target.ini").c_str(), geometry, images,
-                                   &records, nullptr, "");
+    CalRecificationPrecision(exported.file("polar.txt").c_str(), exported.file("target.ini").c_str(), geometry,
+                             exported.file("list.txt").c_str(), &records);
   }
   const Check check = set.check();
   EXPECT_EQ(export_run::difference(check, records), "");
