@@ -18,6 +18,7 @@
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
+#include "check/run/PlainPath.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/PictureSource.h"
 #include "platform/Console.h"
@@ -193,7 +194,8 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
 
 std::int32_t SetCheck::runLibrary(PolarPrecision& precision) {
   RunArguments arguments;
-  arguments.targetConfigPath = set_.target;
+  const PlainPath target(set_.target);
+  arguments.targetConfigPath = target.get();
   arguments.source = pictures_.get();
   arguments.observer = this;
   if (!set_.rectified.empty()) return precision.RunRectified(arguments, rectifiedGeometry(rectified_));
@@ -233,6 +235,7 @@ void SetCheck::explainPictures() {
           fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
                       is_there ? "can't be decoded" : "can't be read");
       check_.status.retry = !is_there;
+      if (!is_there) check_.status.advice = "Check that the file is there and may be read, then try again.";
       return;
     }
   }

@@ -12,6 +12,7 @@
 #include "camera/LensModel.h"
 #include "check/explain/WarningOf.h"
 #include "check/judge/Names.h"
+#include "check/run/PlainPath.h"
 #include "input/BinaryCalibration.h"
 #include "input/BoardGroundTruthReader.h"
 #include "input/CalibrationConversion.h"
@@ -132,7 +133,8 @@ StereoCalibParams readCalibration(const std::string& path) {
   const bool is_binary = files::extensionOf(path) == "bin";
   std::int32_t status = 0;
   try {
-    status = is_binary ? loadStereoCalibration(path, calib) : ReadCalibResult(path, calib, error_text);
+    const PlainPath plain(path);
+    status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
     throw InputError(path, error.err.empty() ? error.what() : error.err);
   }
@@ -213,7 +215,7 @@ std::vector<Setting> settingsOf(const PolarConfig& config) {
 BoardInfo readBoard(const std::string& target_path) {
   kestrune::RingTarget target;
   try {
-    target.loadConfig(target_path);
+    target.loadConfig(PlainPath(target_path).get());
   } catch (const std::exception& error) {
     throw InputError(target_path, error.what());
   }

@@ -21,13 +21,15 @@ struct Close {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
+std::string whyMissing(const std::error_code& failure, const char* usually) {
+  return failure && failure != std::errc::no_such_file_or_directory ? failure.message() : usually;
+}
+
 /// Throws unless the path is a file with content that opens.
 void requireFile(const std::string& path) {
   std::error_code failure;
   const fs::file_status status = fs::status(path, failure);
-  if (!fs::exists(status))
-    throw InputError(
-        path, failure && failure != std::errc::no_such_file_or_directory ? failure.message() : "there is no such file");
+  if (!fs::exists(status)) throw InputError(path, whyMissing(failure, "there is no such file"));
   if (fs::is_directory(status)) throw InputError(path, "is a folder; a file was wanted");
   const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
   if (!file) throw InputError(path, std::strerror(errno));
@@ -38,8 +40,9 @@ void requireFile(const std::string& path) {
 std::string found(const std::string& folder, std::initializer_list<const char*> names) {
   for (const char* name : names) {
     const std::string path = (fs::path(folder) / name).string();
-    std::error_code ignored;
-    if (fs::exists(path, ignored)) return path;
+    std::error_code failure;
+    if (fs::exists(path, failure)) return path;
+    if (failure) throw InputError(path, failure.message());
   }
   return {};
 }
@@ -60,7 +63,7 @@ void complete(std::string& path, const std::string& folder, const char* what, bo
 void requireFolder(const std::string& folder) {
   std::error_code failure;
   const fs::file_status status = fs::status(folder, failure);
-  if (!fs::exists(status)) throw InputError(folder, "there is no such folder");
+  if (!fs::exists(status)) throw InputError(folder, whyMissing(failure, "there is no such folder"));
   if (!fs::is_directory(status)) throw InputError(folder, "is no folder; a folder with the files of a set was wanted");
 }
 

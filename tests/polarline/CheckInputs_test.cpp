@@ -1,0 +1,142 @@
+#include <sys/stat.h>
+
+#include <opencv2/imgproc.hpp>
+
+#include "CommandTest.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+/// What `check` says of an input that can't be used: exit code 2, in words that name it.
+struct CheckInputs : CommandTest {
+  void refused(const std::string& words, const std::vector<std::string>& arguments = {}) const {
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"--json", set.parent.file("r.json")});
+    const CommandRun run = check(all);
+    EXPECT_EQ(run.exit_code, 2) << words << "\n" << run.out << run.err;
+    EXPECT_THAT(run.out + run.err, HasSubstr(words));
+    isInWords(run);
+    nothingHalf();
+    if (set.parent.has("r.json")) {
+      EXPECT_EQ(document()["verdict"], "error");
+    }
+    fs::remove(set.parent.file("r.json"));
+  }
+};
+
+const char* const kNeeded[] = {"polar.txt", "target.ini", "calib.json", "list.txt"};
+
+TEST_F(CheckInputs, ThatAreMissingAreNamed) {
+  fs::remove(set.file("target.json"));
+  fs::remove(set.file("target.yml"));
+  fs::remove(set.file("calib.bin"));
+  for (const char* name : kNeeded) {
+    const std::string content = set.read(name);
+    fs::remove(set.file(name));
+    refused(name);
+    set.write(name, content);
+  }
+  fs::remove(set.file("right_1.png"));
+  refused("list.txt, line 3: there is no picture right_1.png");
+}
+
+TEST_F(CheckInputs, ThatAreEmptyAreNamed) {
+  for (const char* name : {"polar.txt", "target.ini", "calib.json", "list.txt", "board_gt.txt"}) {
+    const std::string content = set.read(name);
+    set.write(name, std::string());
+    refused(std::string(name) + ": is empty");
+    set.write(name, content);
+  }
+  set.write("left_0.png", std::string());
+  refused("line 2: the picture left_0.png can't be decoded");
+}
+
+TEST_F(CheckInputs, ThatAreFoldersAreNamed) {
+  for (const char* name : kNeeded) {
+    const std::string content = set.read(name);
+    fs::remove(set.file(name));
+    fs::create_directory(set.file(name));
+    refused(std::string(name) + ": is a folder");
+    fs::remove(set.file(name));
+    set.write(name, content);
+  }
+  fs::remove(set.file("left_0.png"));
+  fs::create_directory(set.file("left_0.png"));
+  refused("line 2: the picture left_0.png can't be read");
+}
+
+TEST_F(CheckInputs, ThatMayNotBeReadAreNamed) {
+  fs::permissions(set.parent.path(), fs::perms::all);
+  fs::permissions(set.folder, fs::perms::all);
+  options.unprivileged = true;
+  for (const char* name : kNeeded) {
+    fs::permissions(set.file(name), fs::perms::none);
+    refused(std::string(name) + ": Permission denied");
+    fs::permissions(set.file(name), fs::perms::owner_read | fs::perms::others_read);
+  }
+  fs::permissions(set.file("left_1.png"), fs::perms::none);
+  refused("line 3: the picture left_1.png can't be");
+  fs::permissions(set.folder, fs::perms::owner_all);
+  refused("polar.txt: Permission denied");
+}
+
+TEST_F(CheckInputs, ThatAreCutOffAreNamed) {
+  for (const char* name : {"calib.json", "left_1.png", "right_0.png"}) {
+    const std::string content = set.read(name);
+    set.cut(name);
+    refused(name);
+    set.write(name, content);
+  }
+  refused("calib.bin", {"--calibration", [&] {
+            set.cut("calib.bin");
+            return set.file("calib.bin");
+          }()});
+  refused("target.json", {"--target", [&] {
+            set.cut("target.json");
+            return set.file("target.json");
+          }()});
+}
+
+TEST_F(CheckInputs, OfAnotherCameraAreToldOf) {
+  cv::Mat small;
+  cv::resize(set.picture("right_1.png"), small, cv::Size(64, 51));
+  set.write("right_1.png", small);
+  const CommandRun run = check();
+  EXPECT_THAT(run.out + run.err, HasSubstr("left_1.png is 128 x 102, right_1.png is 64 x 51"));
+  isInWords(run);
+}
+
+TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
+  refused("did you mean dy_means", {"--limit", "dy_mean<=0.1"});
+  refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});
+  set.write("limits.txt", "# ours\ntri_rms<=many\n");
+  refused("limits.txt, line 2: limit 'tri_rms<=many': 'many' is no number");
+}
+
+TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
+  refused("--pairs 1-x", {"--pairs", "1-x"});
+  refused("the list has the pairs 0-1", {"--pairs", "1-2"});
+  refused("--nonsense", {"--nonsense"});
+  EXPECT_EQ(run({}).exit_code, 2);
+  EXPECT_EQ(run({"nonsense"}).exit_code, 2);
+  const CommandRun nowhere = run({"check", set.file("none")});
+  EXPECT_EQ(nowhere.exit_code, 2);
+  EXPECT_THAT(nowhere.err, HasSubstr("none: there is no such folder"));
+}
+
+TEST_F(CheckInputs, HaveNamesOfAnyBytes) {
+  for (const char* name : {"with blanks", "quo\"te's", "line\nend", "no \xFF\xC3 utf", "what?base64"}) {
+    const std::string moved = set.parent.file(name);
+    fs::rename(set.folder, moved);
+    set.folder = moved;
+    const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", moved + " out"});
+    EXPECT_EQ(run.exit_code, 0) << run.err;
+    EXPECT_FALSE(document()["set"]["name"].get<std::string>().empty());
+    EXPECT_TRUE(fs::exists(moved + " out"));
+    nothingHalf();
+  }
+}
+
+}  // namespace

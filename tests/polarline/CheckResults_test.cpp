@@ -1,0 +1,102 @@
+#include <sys/stat.h>
+
+#include "CommandTest.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+/// What becomes of results that can't be written and of runs that are stopped: exit codes 4 and 130, nothing half.
+struct CheckResults : CommandTest {
+  void notWritten(const CommandRun& run, const std::string& words) const {
+    EXPECT_EQ(run.exit_code, 4) << run.out << run.err;
+    EXPECT_THAT(run.err, HasSubstr(words));
+    isInWords(run);
+    nothingHalf();
+  }
+  void interrupted(const CommandRun& run) const {
+    EXPECT_EQ(run.exit_code, 130) << run.out << run.err;
+    EXPECT_LT(run.seconds, 5.0);
+    EXPECT_FALSE(set.parent.has("r.json"));
+    EXPECT_FALSE(set.parent.has("out"));
+    isInWords(run);
+    nothingHalf();
+  }
+};
+
+TEST_F(CheckResults, OnAFullDeviceAreTold) {
+  notWritten(check({"--json", "/dev/full"}), "/dev/full: No space left on device");
+  options.out = "/dev/full";
+  notWritten(check({"--json", "-"}), "standard output: No space left on device");
+  notWritten(check(), "standard output: No space left on device");
+}
+
+TEST_F(CheckResults, ThatOutgrowALimitAreTold) {
+  options.most_bytes = 4096;
+  notWritten(check({"--quiet", "--json", set.parent.file("r.json")}), "r.json: File too large");
+  EXPECT_FALSE(set.parent.has("r.json"));
+  notWritten(check({"--quiet", "--out", set.parent.file("out")}), set.parent.file("out") + ": ");
+  EXPECT_FALSE(set.parent.has("out"));
+}
+
+TEST_F(CheckResults, KeepAnEarlierFileWhereTheyFail) {
+  set.parent.write("r.json", "earlier");
+  options.most_bytes = 4096;
+  check({"--quiet", "--json", set.parent.file("r.json")});
+  EXPECT_EQ(set.parent.read("r.json"), "earlier");
+}
+
+TEST_F(CheckResults, WithoutTheRightToWriteAreTold) {
+  for (const fs::path& folder : {set.parent.path(), set.folder})
+    fs::permissions(folder, fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+  options.unprivileged = true;
+  notWritten(check({"--json", set.parent.file("r.json")}), "r.json: Permission denied");
+  notWritten(check({"--out", set.parent.file("out")}), "out: Permission denied");
+}
+
+TEST_F(CheckResults, InPlacesThatCannotBeAreTold) {
+  notWritten(check({"--json", set.parent.file("none/r.json")}), "none/r.json: No such file or directory");
+  notWritten(check({"--json", set.folder.string()}), "set");
+  notWritten(check({"--out", set.file("list.txt")}), "list.txt: is no folder");
+  const CommandRun run = check({"--out", set.file("list.txt"), "--json", set.parent.file("r.json")});
+  EXPECT_EQ(run.exit_code, 4);
+  EXPECT_EQ(document()["status"]["retry"], true);
+}
+
+TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
+  fs::remove(set.file("left_0.png"));
+  ASSERT_EQ(mkfifo(set.file("left_0.png").c_str(), 0600), 0);  // A reader waits here until somebody writes.
+  options.seconds_to_signal = 0.3;
+  interrupted(check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")}));
+}
+
+TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
+  set.repeat(2000);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    options.watch = [signal](const std::string& out) { return out.find("  1 finished") == std::string::npos ? 0 : signal; };
+    const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
+    interrupted(run);
+    EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing was written"));
+  }
+}
+
+TEST_F(CheckResults, OfARunStoppedWhileItWritesAreNone) {
+  ASSERT_EQ(mkfifo(set.parent.file("pipe").c_str(), 0600), 0);  // Nobody reads: the document waits for its place.
+  options.seconds_to_signal = 0.3;
+  const CommandRun run = check({"--json", set.parent.file("pipe"), "--out", set.parent.file("out")});
+  interrupted(run);
+}
+
+TEST_F(CheckResults, OfAReaderThatGoesAreNotHalf) {
+  set.repeat(200);
+  const std::string command = "'" POLARLINE_COMMAND "' check '" + set.folder.string() + "' --json '" +
+                              set.parent.file("r.json") + "' 2>/dev/null | head -n 3 >/dev/null";
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  const auto told = document();  // Whole, as of any run that failed.
+  EXPECT_EQ(told["status"]["name"], "not_written");
+  EXPECT_EQ(told["verdict"], "error");
+  nothingHalf();
+}
+
+}  // namespace

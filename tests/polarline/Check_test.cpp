@@ -1,0 +1,165 @@
+#include <regex>
+
+#include "CommandTest.h"
+
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+using CheckCommand = CommandTest;
+
+TEST_F(CheckCommand, TellsPairsFiguresAndVerdict) {
+  const CommandRun run = check({"--limit", "tri_rms<=9"});
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, HasSubstr("set: board of 9 x 7 dots"));
+  EXPECT_THAT(run.out, HasSubstr("pair state"));
+  EXPECT_THAT(run.out, HasSubstr("   0 finished"));
+  EXPECT_THAT(run.out, HasSubstr("2 of 2 pairs finished."));
+  EXPECT_THAT(run.out, HasSubstr("Worst pair: "));
+  EXPECT_THAT(run.out, HasSubstr("holds    tri_rms<=9: tri_rms is "));
+  EXPECT_THAT(run.out, HasSubstr("PASS: all 1 limits hold."));
+  EXPECT_THAT(run.out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(CheckCommand, MarksWhatExceedsALimit) {
+  const CommandRun run = check({"--limit", "tri_rms<=0"});
+  EXPECT_EQ(run.exit_code, 1);
+  EXPECT_TRUE(std::regex_search(run.out, std::regex(R"(0 finished +\d\.\d{4}!)"))) << run.out;
+  EXPECT_THAT(run.out, HasSubstr("EXCEEDED tri_rms<=0"));
+  EXPECT_THAT(run.out, HasSubstr("FAIL: 1 of 1 limits are exceeded."));
+}
+
+TEST_F(CheckCommand, SaysWhyAPairWasGivenUp) {
+  set.blank("right_1.png");
+  const CommandRun run = check();
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_THAT(run.out, HasSubstr("   1 given up  0 dots were found in the right picture; 6 are needed"));
+  EXPECT_THAT(run.out, HasSubstr("1 of 2 pairs finished."));
+}
+
+TEST_F(CheckCommand, SaysStatusAndAdviceWhereNoPairFinished) {
+  set.blank("right_0.png");
+  set.blank("right_1.png");
+  const CommandRun run = check({"--json", set.parent.file("r.json")});
+  EXPECT_EQ(run.exit_code, 3);
+  EXPECT_THAT(run.out, HasSubstr("ERROR: The run ended without one finished pair."));
+  EXPECT_THAT(run.out, HasSubstr("polarline detect"));
+  EXPECT_EQ(document()["verdict"], "error");
+  EXPECT_EQ(document()["status"]["code"], 8);
+}
+
+TEST_F(CheckCommand, TakesOptionsWithABlankOrAnEqualsSign) {
+  const CommandRun blank = check({"--pairs", "1", "--limit", "tri_rms<=9"});
+  const CommandRun equals = check({"--pairs=1-1", "--limit=tri_rms<=9"});
+  EXPECT_EQ(blank.exit_code, 0);
+  EXPECT_EQ(blank.out, equals.out);
+  EXPECT_THAT(blank.out, HasSubstr("1 of 1 pairs finished."));
+}
+
+TEST_F(CheckCommand, WritesTheDocumentToAFileOrStandardOutput) {
+  const CommandRun file = check({"--json", set.parent.file("r.json")});
+  EXPECT_EQ(file.exit_code, 0);
+  const auto written = document();
+  EXPECT_EQ(written["verdict"], "pass");
+  const CommandRun out = check({"--json", "-"});
+  const auto printed = DocumentCheck::ofCheck().parsed(out.out);  // Nothing else is there.
+  EXPECT_EQ(out.err, "");
+  EXPECT_EQ(printed["pairs"], written["pairs"]);
+  EXPECT_EQ(printed["set"]["id"], written["set"]["id"]);
+}
+
+TEST_F(CheckCommand, IsQuietOnRequest) {
+  const CommandRun run = check({"--quiet", "--limit", "tri_rms<=0"});
+  EXPECT_EQ(run.exit_code, 1);
+  EXPECT_EQ(run.out + run.err, "");
+  set.cut("left_1.png");
+  const CommandRun failed = check({"--quiet"});
+  EXPECT_EQ(failed.exit_code, 2);
+  EXPECT_EQ(failed.out, "");
+  EXPECT_THAT(failed.err, HasSubstr("line 3: the picture left_1.png can't be decoded"));
+}
+
+TEST_F(CheckCommand, SetsAKeyForTheRun) {
+  const CommandRun run = check({"--set", "dy_bias_divid=0.25", "--json", "-"});
+  EXPECT_EQ(DocumentCheck::ofCheck().parsed(run.out)["settings"]["dy_bias_divid"], 0.25);
+  EXPECT_EQ(check({"--set", "dy_bias_divi=0.25"}).exit_code, 2);
+}
+
+TEST_F(CheckCommand, ChangesNoFigureByAnyOption) {
+  const auto figures = [&](const std::vector<std::string>& arguments) {
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"--json", "-"});
+    return DocumentCheck::ofCheck().parsed(check(all).out)["pairs"];
+  };
+  const auto wanted = figures({});
+  EXPECT_EQ(figures({"--limit", "tri_rms<=0"}), wanted);
+  EXPECT_EQ(figures({"--out", set.parent.file("out")}), wanted);
+  EXPECT_EQ(figures({"--quiet"}), wanted);
+}
+
+TEST_F(CheckCommand, RunsTheExampleOfItsHelp) {
+  std::filesystem::rename(set.folder, set.parent.file("my_set"));
+  options.folder = set.parent.path().string();
+  const CommandRun help = run({"check", "--help"});
+  EXPECT_EQ(help.exit_code, 0);
+  const std::size_t at = help.out.find("polarline check my_set --limit 'dy_means<=0.1' --json result.json");
+  ASSERT_NE(at, std::string::npos) << help.out;
+  const CommandRun example = run({"check", "my_set", "--limit", "dy_means<=0.1", "--json", "result.json"});
+  EXPECT_LE(example.exit_code, 1);
+  DocumentCheck::ofCheck().parsed(set.parent.read("result.json"));
+}
+
+TEST_F(CheckCommand, SaysItsFirstLineAtOnce) {
+  double quickest = 10.0;
+  for (int k = 0; k < 3; ++k) quickest = std::min(quickest, check().first_line_seconds);
+  EXPECT_LT(quickest, 0.15 * SLOWNESS);
+}
+
+TEST_F(CheckCommand, HoldsAsMuchMemoryForManyPairsAsForFew) {
+  set.repeat(10);
+  const long few = check({"--json", set.parent.file("r.json")}).kilobytes;
+  set.repeat(200);
+  const CommandRun run = check({"--json", set.parent.file("r.json")});
+  EXPECT_THAT(run.out, HasSubstr("200 of 200 pairs finished."));
+  EXPECT_LT(static_cast<double>(run.kilobytes), 1.1 * static_cast<double>(few));
+}
+
+using CheckCommandTerminal = CommandTest;
+
+/// Columns of the longest line, control sequences left out; a line that is written over counts by itself.
+std::size_t longestLine(const std::string& text) {
+  const std::string plain = std::regex_replace(text, std::regex("\x1b\\[[0-9;]*[mK]"), "");
+  std::size_t longest = 0;
+  std::size_t length = 0;
+  for (const char c : plain) {
+    length = c == '\n' || c == '\r' ? 0 : length + 1;
+    longest = std::max(longest, length);
+  }
+  return longest;
+}
+
+TEST_F(CheckCommandTerminal, KeepsItsLinesAsShortAsTheTerminalIsWide) {
+  set.blank("right_1.png");
+  for (const int columns : {40, 80}) {
+    options.columns = columns;
+    const CommandRun run = check({"--limit", "tri_rms<=0", "--limit", "|tri_dis|<=100000"});
+    EXPECT_EQ(run.exit_code, 1);
+    EXPECT_LE(longestLine(run.out), static_cast<std::size_t>(columns)) << run.out;
+    EXPECT_THAT(run.out, HasSubstr("\x1b[31m"));
+    EXPECT_THAT(run.out, HasSubstr("pair 1 of 2, "));
+    EXPECT_THAT(run.out, HasSubstr(" s left"));
+  }
+}
+
+TEST_F(CheckCommandTerminal, HasNoColoursWhereNobodyWantsThem) {
+  options.columns = 80;
+  for (const char* variable : {"NO_COLOR=1", "TERM=dumb"}) {
+    options.environment = {"LC_ALL=C", variable};
+    EXPECT_THAT(check({"--limit", "tri_rms<=0"}).out, Not(HasSubstr("\x1b[31m"))) << variable;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,32 @@
+#include "CommandTest.h"
+#include "polarline/explain.h"
+
+namespace {
+
+using ::testing::HasSubstr;
+
+TEST(ExplainCommand, KnowsEveryCodeAndWord) {
+  for (const char* code : {"-9", "too_few_shared", "exit 3", "picture_size", "-13", "12", "vertical_pair"}) {
+    const CommandRun run({"explain", code});
+    EXPECT_EQ(run.exit_code, 0) << code << run.err;
+    const auto explained = polarline::explain(code);
+    ASSERT_TRUE(explained) << code;
+    EXPECT_THAT(run.out, HasSubstr(explained->meaning));
+    EXPECT_THAT(run.out, HasSubstr("What to do: " + explained->advice));
+  }
+}
+
+TEST(ExplainCommand, ListsAllWithoutACode) {
+  const CommandRun run({"explain"});
+  EXPECT_EQ(run.exit_code, 0);
+  for (const polarline::Explanation& each : polarline::explanations()) EXPECT_THAT(run.out, HasSubstr(each.meaning));
+}
+
+TEST(ExplainCommand, SaysWhereToLookForAnythingElse) {
+  const CommandRun run({"explain", "nonsense"});
+  EXPECT_EQ(run.exit_code, 2);
+  EXPECT_THAT(run.err, HasSubstr("'nonsense': no status, warning or exit code is called so"));
+  EXPECT_EQ(run.out, "");
+}
+
+}  // namespace

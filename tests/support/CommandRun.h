@@ -1,0 +1,140 @@
+#pragma once
+
+#include <fcntl.h>
+#include <grp.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+/// The built command as a process of its own: what it printed and how it ended.
+class CommandRun {
+ public:
+  struct Options {
+    std::string folder;             ///< Working folder; empty: that of the test.
+    std::string out;                ///< File for standard output; empty: it is collected.
+    int columns = 0;                ///< Above 0: both streams are a terminal of that width, collected as `out`.
+    long most_bytes = -1;           ///< From 0: no file may grow beyond.
+    bool unprivileged = false;      ///< Permissions bind it, also where root runs the tests.
+    std::vector<std::string> environment = {"LC_ALL=C"};
+    /// Called whenever something was printed, with all that was printed before; the result is a signal to send, or 0.
+    std::function<int(const std::string& out)> watch;
+    double seconds_to_signal = -1.0;  ///< From 0: SIGINT after that time.
+  };
+
+  int exit_code = -1;  ///< -1: ended by a signal.
+  int signal = 0;
+  std::string out;
+  std::string err;
+  double first_line_seconds = -1.0;
+  double seconds = 0.0;
+  long kilobytes = 0;  ///< Most memory that it held.
+
+  explicit CommandRun(const std::vector<std::string>& arguments) : CommandRun(arguments, Options{}) {}
+  CommandRun(const std::vector<std::string>& arguments, const Options& options) : options_(options) {
+    openStreams();
+    process_ = fork();
+    if (process_ < 0) throw std::runtime_error("no process");
+    if (process_ == 0) become(arguments);
+    closeEnd(write_ends_[0]);
+    closeEnd(write_ends_[1]);
+    collect();
+    rusage usage{};
+    int status = 0;
+    wait4(process_, &status, 0, &usage);
+    seconds = passed();
+    kilobytes = usage.ru_maxrss;
+    if (WIFEXITED(status)) exit_code = WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) signal = WTERMSIG(status);
+  }
+
+ private:
+  static void closeEnd(int& end) {
+    if (end >= 0) close(end);
+    end = -1;
+  }
+  double passed() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count(); }
+
+  void openStreams() {
+    if (options_.columns > 0) {
+      const winsize size{24, static_cast<unsigned short>(options_.columns), 0, 0};
+      if (openpty(&read_ends_[0], &write_ends_[0], nullptr, nullptr, &size) != 0) throw std::runtime_error("no terminal");
+      fcntl(read_ends_[0], F_SETFD, FD_CLOEXEC);
+      return;
+    }
+    for (const std::size_t k : {0U, 1U}) {
+      std::array<int, 2> ends{};
+      if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+      read_ends_.at(k) = ends[0];
+      write_ends_.at(k) = ends[1];
+    }
+  }
+
+  [[noreturn]] void become(const std::vector<std::string>& arguments) const {
+    const int target = options_.out.empty() ? write_ends_[0] : open(options_.out.c_str(), O_WRONLY | O_CREAT, 0600);
+    dup2(target, STDOUT_FILENO);
+    dup2(write_ends_[1] >= 0 ? write_ends_[1] : target, STDERR_FILENO);
+    if (!options_.folder.empty() && chdir(options_.folder.c_str()) != 0) _exit(99);
+    if (options_.most_bytes >= 0) {
+      const rlimit limit{static_cast<rlim_t>(options_.most_bytes), static_cast<rlim_t>(options_.most_bytes)};
+      setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    constexpr uid_t kNobody = 65534;
+    if (options_.unprivileged && getuid() == 0 &&
+        (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0))
+      _exit(99);
+    std::vector<char*> words{const_cast<char*>("polarline")};
+    for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    std::vector<char*> environment;
+    for (const std::string& each : options_.environment) environment.push_back(const_cast<char*>(each.c_str()));
+    environment.push_back(nullptr);
+    execve(POLARLINE_COMMAND, words.data(), environment.data());
+    _exit(99);
+  }
+
+  bool take(std::size_t k) {
+    std::array<char, 4096> piece{};
+    const ssize_t count = read(read_ends_.at(k), piece.data(), piece.size());
+    if (count <= 0) return false;
+    (k == 0 ? out : err).append(piece.data(), static_cast<std::size_t>(count));
+    if (k == 0 && first_line_seconds < 0.0 && out.find('\n') != std::string::npos) first_line_seconds = passed();
+    const int wanted = options_.watch && !is_signalled_ ? options_.watch(out) : 0;
+    if (wanted != 0) send(wanted);
+    return true;
+  }
+
+  void send(int which) {
+    is_signalled_ = true;
+    kill(process_, which);
+  }
+
+  void collect() {
+    constexpr double kPatience = 60.0;
+    while (read_ends_[0] >= 0 || read_ends_[1] >= 0) {
+      std::array<pollfd, 2> polled = {pollfd{read_ends_[0], POLLIN, 0}, pollfd{read_ends_[1], POLLIN, 0}};
+      poll(polled.data(), polled.size(), 20);
+      if (options_.seconds_to_signal >= 0.0 && !is_signalled_ && passed() > options_.seconds_to_signal) send(SIGINT);
+      if (passed() > kPatience) kill(process_, SIGKILL);
+      for (const std::size_t k : {0U, 1U}) {
+        if (read_ends_.at(k) >= 0 && polled.at(k).revents != 0 && !take(k)) closeEnd(read_ends_.at(k));
+      }
+    }
+  }
+
+  Options options_;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  std::array<int, 2> read_ends_{-1, -1};
+  std::array<int, 2> write_ends_{-1, -1};
+  pid_t process_ = -1;
+  bool is_signalled_ = false;
+};
