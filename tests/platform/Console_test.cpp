@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <thread>
+
 #include "support/ConsoleCapture.h"
 
 TEST(Console, TheTwoStreamsAreThoseOfTheProcess) {
@@ -30,4 +33,41 @@ TEST(Console, FixedNotationStaysOnStandardOutput) {
   console::err() << 0.5;
   EXPECT_EQ(capture.out(), "0.5 0.50000000 12345678.00000000");
   EXPECT_EQ(capture.err(), "0.5");
+}
+
+TEST(Console, RedirectionTakesTheLinesOfItsThreadAndNests) {
+  const ConsoleCapture process;
+  std::ostringstream out;
+  std::ostringstream err;
+  {
+    const console::Redirection outer(out, err);
+    console::line("outer ", 1);
+    console::err() << "failure";
+    std::ostringstream inner_out;
+    {
+      const console::Redirection inner(inner_out, inner_out);
+      console::line("inner");
+    }
+    console::line("outer ", 2);
+    std::thread([] { console::line("another thread"); }).join();
+    EXPECT_EQ(inner_out.str(), "inner\n");
+  }
+  console::line("behind");
+  EXPECT_EQ(out.str(), "outer 1\nouter 2\n");
+  EXPECT_EQ(err.str(), "failure");
+  EXPECT_EQ(process.out(), "another thread\nbehind\n");
+  EXPECT_EQ(process.err(), "");
+}
+
+TEST(Console, RedirectionKeepsTheNumberFormatOfTheProcess) {
+  const ConsoleCapture process;
+  std::ostringstream out;
+  {
+    const console::Redirection redirection(out, out);
+    console::useFixedNotation();
+    console::line(0.5);
+  }
+  console::line(0.5);
+  EXPECT_EQ(out.str(), "0.50000000\n");
+  EXPECT_EQ(process.out(), "0.5\n");
 }

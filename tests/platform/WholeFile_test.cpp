@@ -1,0 +1,153 @@
+#include "platform/WholeFile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "polarline/errors.h"
+#include "support/FolderContents.h"
+#include "support/FullDevice.h"
+#include "support/TempFolder.h"
+#include "support/Unprivileged.h"
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Pair;
+namespace fs = std::filesystem;
+
+struct WholeFile : ::testing::Test {
+  TempFolder folder;
+
+  template <typename Write>
+  static std::string failure(const Write& write) {
+    try {
+      write();
+    } catch (const polarline::OutputError& error) {
+      return error.what();
+    }
+    return "";
+  }
+  bool isEmpty() const { return fs::is_empty(folder.path()); }
+};
+
+TEST_F(WholeFile, WritesAnyBytesUnderAnyName) {
+  const std::string bytes("a\0\xFF\r\n", 5);
+  for (const char* name : {"plain", "with blanks", "quo\"te's", "line\nend", "no \xFF utf"}) {
+    whole_file::write(folder.file(name), bytes);
+    EXPECT_EQ(folder.read(name), bytes);
+  }
+  EXPECT_EQ(contentsOf(folder.path()).size(), 5U);
+}
+
+TEST_F(WholeFile, TakesThePlaceOfAnEarlierFile) {
+  folder.write("file", "a longer one");
+  whole_file::write(folder.file("file"), "new");
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("file", "new")));
+}
+
+TEST_F(WholeFile, AppearsWithTheCommitOnly) {
+  folder.write("file", "earlier");
+  {
+    whole_file::PartialFile file(folder.file("file"));
+    file.append("one ");
+    file.append("two");
+    EXPECT_EQ(folder.read("file"), "earlier");
+    const auto contents = contentsOf(folder.path());
+    ASSERT_EQ(contents.size(), 2U);
+    EXPECT_THAT(contents.rbegin()->first, HasSubstr("file.partial-" + std::to_string(getpid()) + "-"));
+    file.commit();
+    EXPECT_EQ(folder.read("file"), "one two");
+  }
+  EXPECT_EQ(contentsOf(folder.path()).size(), 1U);
+}
+
+TEST_F(WholeFile, LeavesNothingWithoutACommit) {
+  { whole_file::PartialFile(folder.file("file")).append("half"); }
+  EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(WholeFile, TwoWritersOfOnePlaceDoNotMeet) {
+  whole_file::PartialFile one(folder.file("file"));
+  whole_file::PartialFile other(folder.file("file"));
+  one.append("one");
+  other.append("other");
+  one.commit();
+  EXPECT_EQ(folder.read("file"), "one");
+  other.commit();
+  EXPECT_EQ(folder.read("file"), "other");
+}
+
+TEST_F(WholeFile, TellsWhereAndWhyItCannotBe) {
+  EXPECT_EQ(failure([&] { whole_file::write(folder.file("none/file"), "x"); }),
+            folder.file("none/file") + ": No such file or directory");
+  fs::create_directory(folder.file("sub"));
+  EXPECT_EQ(failure([&] { whole_file::write(folder.file("sub"), "x"); }), folder.file("sub") + ": Is a directory");
+  EXPECT_EQ(failure([] { whole_file::write("/dev/full", "x"); }), "/dev/full: No space left on device");
+  fs::remove(folder.file("sub"));
+  EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(WholeFile, LeavesNothingHalfOnAFullDevice) {
+  folder.write("file", "earlier");
+  {
+    const FullDevice full;
+    EXPECT_EQ(failure([&] { whole_file::write(folder.file("file"), std::string(100000, 'x')); }),
+              folder.file("file") + ": File too large");
+  }
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("file", "earlier")));
+}
+
+TEST_F(WholeFile, WantsTheRightToWrite) {
+  fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
+  {
+    const Unprivileged nobody;
+    EXPECT_THAT(failure([&] { whole_file::write(folder.file("file"), "x"); }), HasSubstr("Permission denied"));
+    EXPECT_THAT(failure([&] { whole_file::PartialFolder out(folder.file("out")); }), HasSubstr("Permission denied"));
+  }
+  EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(WholeFile, DeviceIsWrittenDirectly) {
+  EXPECT_EQ(failure([] { whole_file::write("/dev/null", "x"); }), "");
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(WholeFile, FolderIsGoneAtTheEndOfItsLife) {
+  fs::path inside;
+  for (const char* name : {"out", "out/"}) {
+    const whole_file::PartialFolder out(folder.file(name));
+    EXPECT_EQ(out.path().parent_path(), folder.path());
+    EXPECT_THAT(out.path().filename().string(), ::testing::StartsWith("out.partial-"));
+    std::ofstream(out.path() / "x") << "x";
+    EXPECT_FALSE(folder.has("out"));
+  }
+  EXPECT_TRUE(isEmpty());
+  EXPECT_THAT(failure([&] { whole_file::PartialFolder out(folder.file("none/out")); }),
+              HasSubstr("none/out: No such file or directory"));
+}
+
+TEST_F(WholeFile, AbandonedFilesAndFoldersAreGone) {
+  const pid_t process = fork();
+  if (process == 0) {
+    const whole_file::PartialFolder out(folder.file("out"));
+    std::ofstream(out.path() / "x") << "x";
+    whole_file::PartialFile half(folder.file("half"));
+    half.append("half");
+    whole_file::write(folder.file("whole"), "whole");
+    whole_file::abandonAll();
+    _exit(7);
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 7);
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("whole", "whole")));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
+}
+
+}  // namespace
