@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <span>
 
+#include "PolarLinePrecision/Status.h"
 #include "input/CalibrationBytes.h"
 #include "support/ConsoleCapture.h"
 #include "support/TempFolder.h"
@@ -191,6 +193,33 @@ TEST_F(BinaryCalibration, AnEntryThatIsNotThereLeavesItsCameraAtZero) {
   EXPECT_EQ(calib_->right.poly_nx, 0);
   EXPECT_THAT(calib_->right.intrinsics, Each(0.0));
   EXPECT_THAT(calib_->right.poly_x, Each(0.0F));
+}
+
+TEST_F(BinaryCalibration, LoadedForARunItIsTheSameAndWritesNothing) {
+  const std::string content = mainForm({brown(), second(), kb()});
+  const auto loaded = std::make_unique<StereoCalibParams>();
+  const std::string path = folder_.write("calib.bin", content);
+  const ConsoleCapture capture;
+  EXPECT_EQ(loadStereoCalibration(path, *loaded), 0);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1);
+  read(content);
+  EXPECT_EQ(loaded->left.intrinsics, calib_->left.intrinsics);
+  EXPECT_EQ(loaded->right.width, 200U);
+  EXPECT_EQ(loaded->extrinsics, calib_->extrinsics);
+  EXPECT_EQ(loaded->left.poly_x, calib_->left.poly_x);
+  EXPECT_EQ(loaded->right.poly_y, calib_->right.poly_y);
+}
+
+TEST_F(BinaryCalibration, LoadedForARunItTellsItsStatus) {
+  const ConsoleCapture capture;
+  std::string content = mainForm({brown(), second()});
+  content[50 + 135 + 100] ^= 1;
+  EXPECT_EQ(loadStereoCalibration(folder_.write("calib.bin", content), *calib_), polar_status::kCrcMismatch);
+  EXPECT_EQ(loadStereoCalibration(folder_.write("calib.bin", "nothing"), *calib_), polar_status::kNotSupported);
+  EXPECT_EQ(loadStereoCalibration(folder_.file("gone.bin"), *calib_), ENOENT);
+  EXPECT_FALSE(folder_.has("polyparamirl_x.txt"));
+  EXPECT_EQ(loadStereoCalibration(folder_.write("calib.bin", mainForm({brown()})), *calib_), 0);
+  EXPECT_EQ(calib_->right.width, 0U);
 }
 
 }  // namespace

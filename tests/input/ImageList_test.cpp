@@ -191,4 +191,27 @@ TEST_F(ImageList, NulBytesAreHarmless) {
   EXPECT_TRUE(images_.at(0).at(0).empty());
 }
 
+TEST_F(ImageList, NamesAreReadWithoutTheImages) {
+  const ConsoleCapture capture;
+  const ImageNames names = ReadImageNames(folder_.write("list.txt", "#L R\r\nnone.png sub/b.png\r\nc.png\td.png"));
+  EXPECT_EQ(names.cameras, 2U);
+  EXPECT_EQ(names.rows, (std::vector<std::vector<std::string>>{{"none.png", "sub/b.png"}, {"c.png", "d.png"}}));
+  EXPECT_EQ(names.failure, "");
+  EXPECT_EQ(files::nativePath(names.folder + "a.png"), folder_.file("a.png"));
+  EXPECT_EQ(capture.err(), "");
+}
+
+TEST_F(ImageList, NamesTellWhatEndedThemAndPrintNothing) {
+  const ConsoleCapture capture;
+  const auto names = [&](const std::string& text) { return ReadImageNames(folder_.write("list.txt", text)); };
+  EXPECT_EQ(names("a.png b.png\n").failure, kHeaderFailed);
+  EXPECT_EQ(names("a.png b.png\n").cameras, 0U);
+  EXPECT_EQ(names("#L R\na.png b.png\n\nc.png d.png\n").failure, kContentFailed);
+  EXPECT_EQ(names("#L R\na.png b.png\n\nc.png d.png\n").rows.size(), 1U);
+  EXPECT_EQ(names("#L R\na.png b.png\nc.png\n").failure, kCountFailed);
+  const std::string gone = folder_.file("gone.txt");
+  EXPECT_EQ(ReadImageNames(gone).failure, "Open " + gone + " to read failed!\n");
+  EXPECT_EQ(capture.err(), "");
+}
+
 }  // namespace

@@ -90,13 +90,13 @@ TEST_F(CheckInputs, ThatAreCutOffAreNamed) {
     set.write(name, content);
   }
   refused("calib.bin", {"--calibration", [&] {
-            set.cut("calib.bin");
-            return set.file("calib.bin");
-          }()});
+                          set.cut("calib.bin");
+                          return set.file("calib.bin");
+                        }()});
   refused("target.json", {"--target", [&] {
-            set.cut("target.json");
-            return set.file("target.json");
-          }()});
+                            set.cut("target.json");
+                            return set.file("target.json");
+                          }()});
 }
 
 TEST_F(CheckInputs, OfAnotherCameraAreToldOf) {

@@ -74,7 +74,9 @@ TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
 TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
   set.repeat(2000);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    options.watch = [signal](const std::string& out) { return out.find("  1 finished") == std::string::npos ? 0 : signal; };
+    options.watch = [signal](const std::string& out) {
+      return out.find("  1 finished") == std::string::npos ? 0 : signal;
+    };
     const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
     interrupted(run);
     EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing was written"));

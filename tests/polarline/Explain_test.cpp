@@ -1,5 +1,6 @@
-#include "CommandTest.h"
 #include "polarline/explain.h"
+
+#include "CommandTest.h"
 
 namespace {
 

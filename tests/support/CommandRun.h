@@ -20,11 +20,11 @@
 class CommandRun {
  public:
   struct Options {
-    std::string folder;             ///< Working folder; empty: that of the test.
-    std::string out;                ///< File for standard output; empty: it is collected.
-    int columns = 0;                ///< Above 0: both streams are a terminal of that width, collected as `out`.
-    long most_bytes = -1;           ///< From 0: no file may grow beyond.
-    bool unprivileged = false;      ///< Permissions bind it, also where root runs the tests.
+    std::string folder;         ///< Working folder; empty: that of the test.
+    std::string out;            ///< File for standard output; empty: it is collected.
+    int columns = 0;            ///< Above 0: both streams are a terminal of that width, collected as `out`.
+    long most_bytes = -1;       ///< From 0: no file may grow beyond.
+    bool unprivileged = false;  ///< Permissions bind it, also where root runs the tests.
     std::vector<std::string> environment = {"LC_ALL=C"};
     /// Called whenever something was printed, with all that was printed before; the result is a signal to send, or 0.
     std::function<int(const std::string& out)> watch;
@@ -67,7 +67,8 @@ class CommandRun {
   void openStreams() {
     if (options_.columns > 0) {
       const winsize size{24, static_cast<unsigned short>(options_.columns), 0, 0};
-      if (openpty(&read_ends_[0], &write_ends_[0], nullptr, nullptr, &size) != 0) throw std::runtime_error("no terminal");
+      if (openpty(&read_ends_[0], &write_ends_[0], nullptr, nullptr, &size) != 0)
+        throw std::runtime_error("no terminal");
       fcntl(read_ends_[0], F_SETFD, FD_CLOEXEC);
       return;
     }

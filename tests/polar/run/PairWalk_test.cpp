@@ -132,4 +132,100 @@ TEST_F(PairWalk, PairThatEndsTheRunGivesItsStatus) {
   EXPECT_EQ(summary.str(), "Images_num_: 1_PolarVersion_: 1.3.3\n") << "the summary is not closed";
 }
 
+/// Writes down what a walk shows of its pairs.
+struct Observed final : RunObserver {
+  struct Pair {
+    std::size_t index;
+    bool finished;
+    std::int32_t status;
+    std::size_t found;  ///< What the evaluation saw.
+    bool is_measured;   ///< Whether it measured the rows.
+    float dy_means;
+  };
+  std::vector<Pair> pairs;
+  void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) override {
+    pairs.push_back({index, finished, status, evaluator.seen.found[0], evaluator.figures.isMeasured(FigureGroup::kRows),
+                     evaluator.figures.dy_means});
+  }
+};
+
+TEST_F(PairWalk, ObserverSeesEachPairWhenTheRunIsDoneWithIt) {
+  pairs(4);
+  Observed observer;
+  arguments.observer = &observer;
+  outcomes = {kFinished,
+              {PairOutcome::kGivenUp, polar_status::kTooFewShared},
+              kFinished,
+              {PairOutcome::kEndRun, polar_status::kOutlier}};
+  EXPECT_EQ(walk({}), polar_status::kOutlier);
+  ASSERT_EQ(observer.pairs.size(), 4U);
+  for (std::size_t k = 0; k < 4; ++k) EXPECT_EQ(observer.pairs[k].index, k);
+  EXPECT_TRUE(observer.pairs[0].finished);
+  EXPECT_EQ(observer.pairs[0].status, 0);
+  EXPECT_FALSE(observer.pairs[1].finished);
+  EXPECT_EQ(observer.pairs[1].status, polar_status::kTooFewShared);
+  EXPECT_TRUE(observer.pairs[2].finished);
+  EXPECT_FALSE(observer.pairs[3].finished);
+  EXPECT_EQ(observer.pairs[3].status, polar_status::kOutlier);
+  EXPECT_TRUE(core.records.empty()) << "the observer takes their place";
+  EXPECT_EQ(reported.size(), 2U) << "nothing else changes";
+}
+
+TEST_F(PairWalk, ObservationsBeginAnewWithEachPairWhileFiguresStay) {
+  pairs(2);
+  Observed observer;
+  arguments.observer = &observer;
+  applyConfig();
+  PairEvaluator evaluator(core.config);
+  walkPairs(core, arguments, evaluator, summary, {}, {}, [&](std::size_t index, const PairInput&) {
+    if (index == 0) {
+      evaluator.seen.found = {40, 41};
+      evaluator.figures.dy_means = 0.5F;
+      evaluator.figures.setMeasured(FigureGroup::kRows);
+    }
+    return kFinished;
+  });
+  EXPECT_EQ(observer.pairs.at(0).found, 40U);
+  EXPECT_TRUE(observer.pairs.at(0).is_measured);
+  EXPECT_EQ(observer.pairs.at(1).found, 0U);
+  EXPECT_FALSE(observer.pairs.at(1).is_measured);
+  EXPECT_EQ(observer.pairs.at(1).dy_means, 0.5F);
+}
+
+TEST_F(PairWalk, ObserverIsToldOfImagesThatCannotBeHad) {
+  pairs(2);
+  arguments.images[1][1] = cv::Mat();
+  Observed observer;
+  arguments.observer = &observer;
+  outcomes = {kFinished, kFinished};
+  EXPECT_EQ(walk({}), polar_status::kImages);
+  ASSERT_EQ(observer.pairs.size(), 2U);
+  EXPECT_FALSE(observer.pairs[1].finished);
+  EXPECT_EQ(observer.pairs[1].status, polar_status::kImages);
+}
+
+/// Three pairs of images of one value: 10 + k on the left, 20 + k on the right.
+struct Source final : ImageSource {
+  std::vector<std::size_t> taken;
+  std::size_t pairs() const override { return 3; }
+  std::pair<cv::Mat, cv::Mat> take(std::size_t index) override {
+    taken.push_back(index);
+    const auto image = [](std::size_t value) { return cv::Mat(4, 6, CV_8UC1, cv::Scalar(static_cast<double>(value))); };
+    return {image(10 + index), index == 2 ? cv::Mat() : image(20 + index)};
+  }
+};
+
+TEST_F(PairWalk, SourceTakesThePlaceOfTheImages) {
+  Source source;
+  arguments.images = {};
+  arguments.source = &source;
+  outcomes = {kFinished, kFinished, kFinished};
+  EXPECT_TRUE(isStereoSet(core, arguments));
+  EXPECT_EQ(walk({}), polar_status::kImages) << "the last image is empty";
+  EXPECT_EQ(source.taken, (std::vector<std::size_t>{0, 1, 2}));
+  EXPECT_EQ(last.left_image.at<std::uint8_t>(0, 0), 11);
+  EXPECT_EQ(last.right_image.at<std::uint8_t>(3, 5), 21);
+  EXPECT_EQ(reported, (std::vector<float>{33.003F, 2 * 33.0F + 0.003F}));
+}
+
 }  // namespace
