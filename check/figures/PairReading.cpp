@@ -7,6 +7,8 @@
 #include <memory>
 
 #include "PolarLinePrecision/Status.h"
+#include "check/picture/DetectionWords.h"
+#include "check/picture/DotSize.h"
 #include "polar/results/FigureList.h"
 #include "polar/results/PairStatus.h"
 #include "polarline/explain.h"
@@ -88,11 +90,23 @@ std::string sideOf(const PairObservation& seen) {
   return seen.found[0] < kLeastSharedRaw ? "left" : "right";
 }
 
+/// In the words of a detection of this one picture.
+std::string whyOf(const FailedDetection& failed) {
+  return wordsOf({.config = failed.config,
+                  .trace = failed.trace,
+                  .size = failed.size,
+                  .type = failed.type,
+                  .dot_radius = medianDotRadius(failed.trace)})
+      .text;
+}
+
 std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {
   const PairObservation& seen = evaluator.seen;
   if (reason.code == polar_status::kTooFewDetected) {
-    return std::to_string(seen.found[reason.side == "left" ? 0 : 1]) + " dots were found in the " + reason.side +
-           " picture; 6 are needed";
+    const std::size_t side = reason.side == "left" ? 0 : 1;
+    const std::string found =
+        std::to_string(seen.found.at(side)) + " dots were found in the " + reason.side + " picture; 6 are needed";
+    return seen.failed.at(side) ? found + ": " + whyOf(*seen.failed.at(side)) : found;
   }
   if (reason.code == polar_status::kTooFewShared) {
     return std::to_string(seen.raw.empty() ? seen.rectified.size() : seen.raw.size()) +
@@ -110,8 +124,8 @@ Reason reasonOf(std::int32_t status, const PairEvaluator& evaluator) {
   // The rows and the cloud say only that the measurement failed; it knows more.
   reason.code = status == kMeasurementFailed && seen.measurement != 0 ? seen.measurement : status;
   reason.side = sideOf(seen);
-  const char* const stopped_at = reason.side.empty() ? "" : seen.steps[reason.side == "left" ? 0 : 1];
-  reason.step = *stopped_at == '\0' ? seen.evaluation : stopped_at;
+  const auto& failed = seen.failed.at(reason.side == "right" ? 1 : 0);
+  reason.step = !reason.side.empty() && failed ? nameOf(failed->trace.step) : seen.evaluation;
   reason.text = textOf(reason, evaluator);
   return reason;
 }

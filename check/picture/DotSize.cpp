@@ -75,7 +75,11 @@ DotRange dotRangeOf(const SeenPicture& seen) {
 
 double medianDotRadius(const kestrune::RingTarget& target) {
   if (!target.identifiedEllipses().empty()) return weightedMedian(target.identifiedEllipses(), anyEllipse);
-  const auto& all = target.trace().ellipses;
+  return medianDotRadius(target.trace());
+}
+
+double medianDotRadius(const kestrune::DetectionTrace& trace) {
+  const auto& all = trace.ellipses;
   const double of_dots = weightedMedian(all, isDot);
   return of_dots > 0.0 ? of_dots : weightedMedian(all, anyEllipse);
 }

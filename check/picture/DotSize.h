@@ -19,6 +19,8 @@ DotRange dotRangeOf(const SeenPicture& seen);
 /// Median semi-axis of the ellipses, pixels: of those numbered, or, with none numbered, of the dots, or else of all.
 /// The median is weighted by size, as specks can outnumber the dots. 0 without ellipses.
 double medianDotRadius(const kestrune::RingTarget& target);
+/// Of a detection that numbered nothing.
+double medianDotRadius(const kestrune::DetectionTrace& trace);
 
 /// Warns of dots near the ends of the range or beyond.
 void warnOfDotSize(const SeenPicture& seen, std::vector<polarline::Warning>& warnings);

@@ -13,7 +13,7 @@ PairEvaluator::PairEvaluator(std::shared_ptr<const PolarConfig> configuration)
 PairStatus PairEvaluator::measure(const PairInput& input, MeasuredPair& pair) {
   seen.measurement = measureAs(input, pair);
   seen.found = pair.found;
-  seen.steps = pair.steps;
+  seen.failed = pair.failed;
   return seen.measurement;
 }
 

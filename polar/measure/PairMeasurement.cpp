@@ -30,7 +30,7 @@ struct SideImage {
   PoseCamera camera;
   PointsById& by_id;
   std::size_t& found;
-  const char*& step;
+  std::shared_ptr<const FailedDetection>& failed;
 };
 
 /// The camera with its eight coefficients in the order of OpenCV: k1, k2, p1, p2, k3, k4, k5, k6.
@@ -82,9 +82,12 @@ class Measurement {
     RingTarget::Points unidentified;
     target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
     side.found = points.size();
-    side.step = nameOf(target.trace().step);
     console::line("detect point num : ", points.size());
-    if (points.size() < kLeastDetected) return polar_status::kTooFewDetected;
+    if (points.size() < kLeastDetected) {
+      side.failed = std::make_shared<FailedDetection>(
+          FailedDetection{target.config(), target.trace(), side.image.size(), side.image.type()});
+      return polar_status::kTooFewDetected;
+    }
 
     const CentreChoice centres = chooseCentres(target, points, side);
     for (const auto& point : points) {
@@ -123,9 +126,9 @@ PairStatus measurePairPoints(const MeasurementSettings& settings, const PairInpu
   }
   MeasurementCanvas canvas(input.left_image, input.right_image);
   const SideImage left = {Side::kLeft,     input.left_image, poseCamera(input.cameras.left_K, settings.left_dist),
-                          pair.left_by_id, pair.found[0],    pair.steps[0]};
+                          pair.left_by_id, pair.found[0],    pair.failed[0]};
   const SideImage right = {Side::kRight,     input.right_image, poseCamera(input.cameras.right_K, settings.right_dist),
-                           pair.right_by_id, pair.found[1],     pair.steps[1]};
+                           pair.right_by_id, pair.found[1],     pair.failed[1]};
   Measurement measurement(settings, canvas, figures);
   for (const SideImage* side : {&left, &right}) {
     if (side->image.empty()) {

@@ -10,8 +10,7 @@
 
 namespace {
 
-void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& by_id, std::size_t& found,
-                const char*& step) {
+void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& by_id, std::size_t& found) {
   if (image.empty()) {
     console::line("load image failed");
     return;
@@ -20,7 +19,6 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
   kestrune::RingTarget::Points unidentified;
   target.detect(normaliseTo8Bit(image), points, unidentified, cv::Mat());
   found = points.size();
-  step = nameOf(target.trace().step);
   for (const auto& point : points) {
     keepFirst(by_id, point.id, cv::Point2f(static_cast<float>(point.x), static_cast<float>(point.y)));
   }
@@ -31,8 +29,8 @@ void detectSide(kestrune::RingTarget& target, const cv::Mat& image, PointsById& 
 PairStatus detectPairPoints(const PairInput& input, MeasuredPair& pair) {
   const auto target = std::make_shared<kestrune::RingTarget>();
   target->loadConfig(input.targetConfigPath);
-  detectSide(*target, input.left_image, pair.left_by_id, pair.found[0], pair.steps[0]);
-  detectSide(*target, input.right_image, pair.right_by_id, pair.found[1], pair.steps[1]);
+  detectSide(*target, input.left_image, pair.left_by_id, pair.found[0]);
+  detectSide(*target, input.right_image, pair.right_by_id, pair.found[1]);
   appendShared(pair);
   return polar_status::kSuccess;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <opencv2/core.hpp>
 #include <vector>
 
@@ -22,9 +23,9 @@ struct PairObservation {
   const char* evaluation = "";         ///< The last one that began: "triangulation", "rows", "cloud", "board", "frame".
   PairStatus measurement = 0;          ///< Of the last measurement.
   std::array<std::size_t, 2> found{};  ///< Numbered dots of the left and the right image in that; 0 behind a failure.
-  std::array<const char*, 2> steps{"", ""};  ///< Where the detection of each image ended in that.
-  std::vector<SharedDot> raw;                ///< Dots of the raw pair, in ascending id.
-  std::vector<cv::Point3f> positions;        ///< Of the raw dots: left camera frame, board unit.
+  std::array<std::shared_ptr<const FailedDetection>, 2> failed{};  ///< Why too few of an image were numbered in that.
+  std::vector<SharedDot> raw;                                      ///< Dots of the raw pair, in ascending id.
+  std::vector<cv::Point3f> positions;                              ///< Of the raw dots: left camera frame, board unit.
   std::vector<float> residuals;      ///< Of the raw dots: pixels in the right image, 0 where nothing was predicted.
   std::vector<SharedDot> rectified;  ///< Dots of the rectified pair, in ascending id.
 };

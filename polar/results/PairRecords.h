@@ -5,12 +5,24 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <opencv2/core.hpp>
 #include <utility>
 #include <vector>
 
+#include "Tallowfen/src/board/RingTargetConfig.h"
+#include "Tallowfen/src/trace/DetectionTrace.h"
+
 /// Board points of one image by id, in ascending id; the first point of an id wins.
 using PointsById = std::map<std::int32_t, cv::Point2f>;
+
+/// A detection that numbered too few dots, for observers.
+struct FailedDetection {
+  kestrune::RingTargetConfig config;
+  kestrune::DetectionTrace trace;
+  cv::Size size;  ///< Of the image.
+  int type = 0;   ///< Of its pixels, as they came.
+};
 
 /// The measured points of a pair. Entries of equal index in the two lists belong to the same board point.
 struct MeasuredPair {
@@ -20,8 +32,8 @@ struct MeasuredPair {
   PointsById right_by_id;
 
   // For observers, of the left and the right image.
-  std::array<std::size_t, 2> found{};        ///< Numbered dots.
-  std::array<const char*, 2> steps{"", ""};  ///< Where the detection ended; empty where there was none.
+  std::array<std::size_t, 2> found{};                              ///< Numbered dots.
+  std::array<std::shared_ptr<const FailedDetection>, 2> failed{};  ///< Null where enough were numbered.
 };
 
 /// One shared point as the evaluations keep it during a run.

@@ -68,9 +68,6 @@ inline std::string difference(const polarline::Check& check, const std::vector<P
     if (place == records.size()) return "fewer records than finished pairs";
     for (const auto& [name, wanted] : figuresOf(records[place])) {
       const polarline::Figure* const figure = pair.figure(name);
-      const bool is_known = last.count(name) != 0;
-      if (is_known != (figure->is_own || figure->is_carried))
-        found << "pair " << pair.index << " " << name << " state\n";
       const bool is_known = figure->is_own || figure->is_carried;
       if (figure->is_carried && last.count(name) == 0) return "carried from nowhere: " + name;
       const std::vector<double> value = is_known ? last[name] : std::vector<double>(wanted.size(), 0.0);

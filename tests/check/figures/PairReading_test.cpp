@@ -13,6 +13,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 struct PairReadingOf : ::testing::Test {
   PairEvaluator evaluator{std::make_shared<const PolarConfig>()};
@@ -107,7 +108,11 @@ TEST_F(PairReadingOf, PointsHasAnEntryForEachIdOfEitherPair) {
 TEST_F(PairReadingOf, ReasonNamesTheSideTheCountAndTheStep) {
   evaluator.seen.measurement = polar_status::kTooFewDetected;
   evaluator.seen.found = {40, 3};
-  evaluator.seen.steps = {"", "markers"};
+  FailedDetection failed;
+  failed.size = {640, 512};
+  failed.trace.step = kestrune::DetectionStep::kMarkers;
+  failed.trace.classes.rings = 2;
+  evaluator.seen.failed = {nullptr, std::make_shared<FailedDetection>(failed)};
   evaluator.seen.evaluation = "triangulation";
   const PairCheck pair = reading.read(false, polar_status::kTooFewDetected, evaluator);
   EXPECT_FALSE(pair.finished);
@@ -116,9 +121,10 @@ TEST_F(PairReadingOf, ReasonNamesTheSideTheCountAndTheStep) {
   EXPECT_EQ(pair.reason.code, polar_status::kTooFewDetected);
   EXPECT_EQ(pair.reason.side, "right");
   EXPECT_EQ(pair.reason.step, "markers");
-  EXPECT_EQ(pair.reason.text, "3 dots were found in the right picture; 6 are needed");
+  EXPECT_THAT(pair.reason.text, StartsWith("3 dots were found in the right picture; 6 are needed: "));
+  EXPECT_THAT(pair.reason.text, HasSubstr("ring")) << "the words of the step that failed";
   evaluator.seen.found = {5, 0};
-  evaluator.seen.steps = {"", ""};
+  evaluator.seen.failed = {};
   const PairCheck left = reading.read(false, polar_status::kTooFewDetected, evaluator);
   EXPECT_EQ(left.reason.side, "left");
   EXPECT_EQ(left.reason.step, "triangulation");

@@ -27,7 +27,7 @@ TEST(PairObservation, NothingIsSharedWithNothing) {
 TEST(PairObservation, BeginsEmpty) {
   const PairObservation seen;
   EXPECT_STREQ(seen.evaluation, "");
-  EXPECT_STREQ(seen.steps[0], "");
+  EXPECT_EQ(seen.failed[0], nullptr);
   EXPECT_EQ(seen.measurement, 0);
   EXPECT_EQ(seen.found[1], 0U);
   EXPECT_TRUE(seen.raw.empty() && seen.rectified.empty() && seen.positions.empty() && seen.residuals.empty());
