@@ -9,7 +9,6 @@
 #include <memory>
 #include <optional>
 #include <ostream>
-#include <sstream>
 
 #include "PolarLinePrecision/Status.h"
 #include "check/figures/PairReading.h"
@@ -19,62 +18,21 @@
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/PlainPath.h"
+#include "check/run/RunStatus.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/PictureSource.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
 #include "polarline/errors.h"
-#include "polarline/explain.h"
 
 namespace polarline {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-enum ExitCode : std::uint8_t { kDone, kLimitExceeded, kUnusable, kNoFigure, kNotWritten, kInterrupted = 130 };
-
 /// Leaves the library from within an observer.
 struct Interruption {};
-
-int exitCodeOf(std::int32_t status) {
-  switch (status) {
-    case polar_status::kSuccess:
-      return kDone;
-    case polar_status::kImages:
-    case polar_status::kPolyTables:
-    case polar_status::kTargetConfig:
-      return kUnusable;
-    case polar_status::kResultFolder:
-      return kNotWritten;
-    default:
-      return kNoFigure;
-  }
-}
-
-Status statusOf(const std::string& code, const std::string& text, int exit_code) {
-  Status status;
-  const auto explained = explain(code);
-  if (explained) status = {std::nullopt, explained->name, explained->meaning, explained->advice, false, exit_code};
-  if (!text.empty()) status.text = text;
-  return status;
-}
-
-Status statusOf(std::int32_t code, const std::string& error_text) {
-  Status status = statusOf(std::to_string(code), "", exitCodeOf(code));
-  status.code = code;
-  if (code == polar_status::kSuccess) status.text.clear();
-  if (code != polar_status::kSuccess && !error_text.empty()) status.text += " (" + error_text + ")";
-  return status;
-}
-
-std::string textOf(const std::exception& error) {
-  const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
-  std::istringstream words(opencv != nullptr && !opencv->err.empty() ? opencv->err : error.what());
-  std::string line;  // OpenCV breaks its texts into several.
-  for (std::string word; words >> word;) line += (line.empty() ? "" : " ") + word;
-  return line;
-}
 
 /// The last folder of a path; "." and ".." are called by what they are.
 std::string nameOf(const std::string& path) {
@@ -309,15 +267,6 @@ Check SetCheck::run() {
 }
 
 }  // namespace
-
-const Figure* PairCheck::figure(const std::string& name) const {
-  const auto found = std::ranges::find_if(figures, [&](const Figure& each) { return name == each.name; });
-  return found == figures.end() ? nullptr : &*found;
-}
-
-std::size_t Check::finished() const {
-  return static_cast<std::size_t>(std::ranges::count_if(pairs, &PairCheck::finished));
-}
 
 Check check(const Set& set, const CheckOptions& options) { return SetCheck(set, options).run(); }
 

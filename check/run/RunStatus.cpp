@@ -1,0 +1,53 @@
+#include "check/run/RunStatus.h"
+
+#include <opencv2/core.hpp>
+#include <sstream>
+
+#include "PolarLinePrecision/Status.h"
+#include "polarline/explain.h"
+
+namespace polarline {
+namespace {
+
+int exitCodeOf(std::int32_t status) {
+  switch (status) {
+    case polar_status::kSuccess:
+      return kDone;
+    case polar_status::kImages:
+    case polar_status::kPolyTables:
+    case polar_status::kTargetConfig:
+      return kUnusable;
+    case polar_status::kResultFolder:
+      return kNotWritten;
+    default:
+      return kNoFigure;
+  }
+}
+
+}  // namespace
+
+Status statusOf(const std::string& code, const std::string& text, int exit_code) {
+  Status status;
+  const auto explained = explain(code);
+  if (explained) status = {std::nullopt, explained->name, explained->meaning, explained->advice, false, exit_code};
+  if (!text.empty()) status.text = text;
+  return status;
+}
+
+Status statusOf(std::int32_t code, const std::string& error_text) {
+  Status status = statusOf(std::to_string(code), "", exitCodeOf(code));
+  status.code = code;
+  if (code == polar_status::kSuccess) status.text.clear();
+  if (code != polar_status::kSuccess && !error_text.empty()) status.text += " (" + error_text + ")";
+  return status;
+}
+
+std::string textOf(const std::exception& error) {
+  const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
+  std::istringstream words(opencv != nullptr && !opencv->err.empty() ? opencv->err : error.what());
+  std::string line;  // OpenCV breaks its texts into several.
+  for (std::string word; words >> word;) line += (line.empty() ? "" : " ") + word;
+  return line;
+}
+
+}  // namespace polarline

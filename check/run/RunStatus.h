@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+#include "polarline/check.h"
+
+namespace polarline {
+
+/// The exit codes of the command, the same for every subcommand.
+enum ExitCode : std::uint8_t { kDone, kLimitExceeded, kUnusable, kNoFigure, kNotWritten, kInterrupted = 130 };
+
+/// A status in the words of its explanation, its text replaced unless the other one is empty.
+Status statusOf(const std::string& code, const std::string& text, int exit_code);
+
+/// A status of the library; its own error text stands behind in brackets.
+Status statusOf(std::int32_t code, const std::string& error_text);
+
+/// What an exception says, on one line and without the places in the code that OpenCV names.
+std::string textOf(const std::exception& error);
+
+}  // namespace polarline

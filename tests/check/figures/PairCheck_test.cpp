@@ -1,0 +1,23 @@
+#include <gtest/gtest.h>
+
+#include "polarline/check.h"
+
+namespace {
+
+TEST(PairCheck, FindsAFigureByItsName) {
+  polarline::PairCheck pair;
+  pair.figures.resize(2);
+  pair.figures[0].name = "dy_means";
+  pair.figures[1].name = "dy_max";
+  EXPECT_EQ(pair.figure("dy_max"), &pair.figures[1]);
+  EXPECT_EQ(pair.figure("dy"), nullptr);
+}
+
+TEST(PairCheckFinished, CountsThePairsThatWereNotGivenUp) {
+  polarline::Check check;
+  check.pairs.resize(3);
+  check.pairs[1].finished = true;
+  EXPECT_EQ(check.finished(), 1U);
+}
+
+}  // namespace
