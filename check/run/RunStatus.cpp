@@ -45,8 +45,10 @@ Status statusOf(std::int32_t code, const std::string& error_text) {
 std::string textOf(const std::exception& error) {
   const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
   std::istringstream words(opencv != nullptr && !opencv->err.empty() ? opencv->err : error.what());
-  std::string line;  // OpenCV breaks its texts into several.
-  for (std::string word; words >> word;) line += (line.empty() ? "" : " ") + word;
+  std::string line;  // OpenCV breaks its texts into several, which begin with ">".
+  for (std::string word; words >> word;) {
+    if (word != ">") line += (line.empty() ? "" : " ") + word;
+  }
   return line;
 }
 

@@ -32,12 +32,13 @@ INSTANTIATE_TEST_SUITE_P(Kinds, RunStatusOf,
                                          Case{polar_status::kPointMissing, 3}));
 
 TEST(RunStatus, ShowsTheLibrarysOwnTextInBrackets) {
-  EXPECT_TRUE(statusOf(polar_status::kPolyTables, "Read Poly Params Error!").text.ends_with(" (Read Poly Params Error!)"));
+  EXPECT_TRUE(
+      statusOf(polar_status::kPolyTables, "Read Poly Params Error!").text.ends_with(" (Read Poly Params Error!)"));
 }
 
 TEST(RunStatus, SaysAnExceptionOnOneLine) {
-  const cv::Exception error(cv::Error::StsBadArg, "> Invalid\n>   value", "function", "file.cpp", 7);
-  EXPECT_EQ(textOf(error), "> Invalid > value");
+  const cv::Exception error(cv::Error::StsBadArg, "Invalid\n  value", "function", "file.cpp", 7);
+  EXPECT_EQ(textOf(error), "Invalid value");
   EXPECT_EQ(textOf(std::runtime_error("a  text")), "a text");
 }
 
