@@ -16,3 +16,6 @@ install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake ${PROJECT_BIN
 file(RELATIVE_PATH PLP_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecision.pc.in ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# The pages that messages and manual pages name.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.json")

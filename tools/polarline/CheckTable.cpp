@@ -74,14 +74,39 @@ std::string worstPair(const Check& check) {
   return {};
 }
 
+/// The text with a full stop.
+std::string sentence(const std::string& text) {
+  return text.empty() || text.ends_with('.') || text.ends_with('?') ? text : text + ".";
+}
+
+/// "1 limit", "2 limits".
+std::string counted(std::size_t count, const char* noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+std::string passText(const Check& check) {
+  const std::size_t given_up = check.pairs.size() - check.finished();
+  const std::string but = given_up == 0 ? "."
+                                        : fmt::format(", but {} given up and not judged.",
+                                                      counted(given_up, "pair") + (given_up == 1 ? " was" : " were"));
+  if (check.limits.empty()) return "No limits were given: there are figures, and nothing was judged.";
+  const std::string hold =
+      check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
+  return "PASS: " + hold + but;
+}
+
+std::string failText(const Check& check) {
+  const auto failed = static_cast<std::size_t>(std::ranges::count(check.limits, false, &LimitResult::holds));
+  if (check.limits.size() == 1) return "FAIL: the limit does not hold.";
+  return fmt::format("FAIL: {} of {} limits do not hold.", failed, check.limits.size());
+}
+
 std::string verdictText(const Check& check) {
   switch (check.verdict) {
     case polarline::Verdict::kPass:
-      return check.limits.empty() ? "No limits were given: there are figures, and nothing was judged."
-                                  : fmt::format("PASS: all {} limits hold.", check.limits.size());
+      return passText(check);
     case polarline::Verdict::kFail:
-      return fmt::format("FAIL: {} of {} limits are exceeded.",
-                         std::ranges::count(check.limits, false, &LimitResult::holds), check.limits.size());
+      return failText(check);
     case polarline::Verdict::kError:
       return fmt::format("ERROR: {}", check.status.text);
   }
@@ -139,24 +164,25 @@ std::string CheckTable::row(const PairCheck& pair) {
     const std::string where = pair.reason.step.empty() ? "" : " (" + pair.reason.step + ")";
     return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);
   }
-  for (const std::string& name : columns_) {
-    text += cell(pair.figure(name));
-  }
+  for (const std::string& name : columns_) text += cell(pair.figure(name));
+  if (text.ends_with(' ')) text.pop_back();
   return text + "\n";
 }
 
 std::string CheckTable::conclusion(const Check& check) const {
   std::string text = "\n";
   if (!check.pairs.empty()) {
-    text += wrapped(fmt::format("{} of {} pairs finished.", check.finished(), check.pairs.size()), width_, 2);
+    text +=
+        wrapped(fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair")), width_, 2);
     if (check.finished() > 0) text += wrapped(worstPair(check), width_, 2);
   }
   for (const LimitResult& limit : check.limits) {
-    const std::string mark = limit.holds ? coloured("holds   ", kGreen) : coloured("EXCEEDED", kRed);
+    const char* const broken = limit.value ? "EXCEEDED" : "NO VALUE";
+    const std::string mark = limit.holds ? coloured("holds   ", kGreen) : coloured(broken, kRed);
     text += mark + " " + wrapped(fmt::format("{}: {}", limit.text, limit.why), width_ - 9, 4);
   }
   for (const polarline::Warning& warning : check.warnings) {
-    text += wrapped("Warning: " + warning.text + " " + warning.advice, width_, 2);
+    text += wrapped("Warning: " + sentence(warning.text) + " " + warning.advice, width_, 2);
   }
   text += coloured(wrapped(verdictText(check), width_, 2), check.verdict == polarline::Verdict::kPass ? kGreen : kRed);
   if (check.verdict == polarline::Verdict::kError) text += wrapped(check.status.advice, width_, 2);
