@@ -107,4 +107,15 @@ std::vector<ListedPair> listedPairs(const std::string& list) {
   return pairs;
 }
 
+std::vector<std::string> filesOf(const Set& named) {
+  const Set set = openSet(named);
+  std::vector<std::string> paths = {set.polar, set.target, set.calibration, set.list,
+                                    set.board, set.limits, set.rectified};
+  std::erase(paths, "");
+  for (const ListedPair& pair : listedPairs(set.list)) {
+    for (const std::string& name : {pair.left, pair.right}) paths.push_back(files::nativePath(pair.folder + name));
+  }
+  return paths;
+}
+
 }  // namespace polarline

@@ -38,4 +38,7 @@ struct ListedPair {
 /// that is not there.
 POLARLINE_API std::vector<ListedPair> listedPairs(const std::string& list);
 
+/// Every file that a check of the set would read, pictures too. Throws as the two above.
+POLARLINE_API std::vector<std::string> filesOf(const Set& set);
+
 }  // namespace polarline

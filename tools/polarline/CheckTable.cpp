@@ -156,6 +156,7 @@ std::string CheckTable::row(const PairCheck& pair) {
     text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
     for (const std::string& name : columns_)
       text += fmt::format("{:>{}} ", name.substr(0, kFigureWidth - 2), kFigureWidth - 1);
+    if (text.ends_with(' ')) text.pop_back();
     text = coloured(text, kBold) + "\n";
   }
   text +=

@@ -164,5 +164,14 @@ TEST_F(SetList, IsRefusedWithTheLine) {
               HasSubstr(list + ", line 3: there is no picture none.png"));
 }
 
+TEST_F(SetFiles, AreAllThatACheckReads) {
+  folder.write("list.txt", "#L R\na.png b.png\n");
+  for (const char* name : {"a.png", "b.png", "limits.txt"}) folder.write(name, "x");
+  std::vector<std::string> names;
+  for (const std::string& path : filesOf(named())) names.push_back(std::filesystem::path(path).filename().string());
+  EXPECT_THAT(names, ::testing::UnorderedElementsAre("polar.txt", "target.ini", "calib.json", "list.txt", "limits.txt",
+                                                     "a.png", "b.png"));
+}
+
 }  // namespace
 }  // namespace polarline
