@@ -124,7 +124,8 @@ TEST_F(CheckCommand, HoldsAsMuchMemoryForManyPairsAsForFew) {
   set.repeat(200);
   const CommandRun run = check({"--json", set.parent.file("r.json")});
   EXPECT_THAT(run.out, HasSubstr("200 of 200 pairs finished."));
-  EXPECT_LT(static_cast<double>(run.kilobytes), 1.1 * static_cast<double>(few));
+  EXPECT_LT(static_cast<double>(run.kilobytes), 1.1 * SLOWNESS * static_cast<double>(few))
+      << "the sanitizers keep what was freed for a while";
 }
 
 using CheckCommandTerminal = CommandTest;

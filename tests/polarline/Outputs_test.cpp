@@ -36,7 +36,8 @@ TEST_F(Outputs, OnALinkToAnInputAreRefused) {
 }
 
 TEST_F(Outputs, OnEachOtherAreRefused) {
-  EXPECT_THROW(requireSeparate({{"--csv", fresh}, {"--json", folder.file("./result.json")}}, {}), polarline::InputError);
+  EXPECT_THROW(requireSeparate({{"--csv", fresh}, {"--json", folder.file("./result.json")}}, {}),
+               polarline::InputError);
 }
 
 TEST_F(Outputs, OnStandardOutputOrADeviceAreNoFiles) {
