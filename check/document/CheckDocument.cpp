@@ -204,9 +204,9 @@ class CheckDocument::Writer {
   JsonText json_;
 };
 
-CheckDocument::CheckDocument(Sink sink) : writer_(new Writer(std::move(sink))) {}
+CheckDocument::CheckDocument(Sink sink) : writer_(std::make_unique<Writer>(std::move(sink))) {}
 
-CheckDocument::~CheckDocument() { delete writer_; }
+CheckDocument::~CheckDocument() = default;
 
 void CheckDocument::add(const PairCheck& pair) { writer_->add(pair); }
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <map>
+#include <memory>
 #include <opencv2/core.hpp>
 #include <optional>
 #include <string>
@@ -51,6 +51,7 @@ struct Reason {
   std::string step;       ///< The evaluation or the step of the detection that failed.
 };
 
+/// What a run shows of one pair.
 struct PairCheck {
   std::size_t index = 0;  ///< Position in the list, from 0.
   std::string left;       ///< Names of the pictures, as the list has them.
@@ -78,6 +79,7 @@ struct FigureSummary {
   std::size_t worst_pair = 0;  ///< `index` of the pair whose value is farthest from 0.
 };
 
+/// How a limit was kept.
 struct LimitResult {
   std::string text;             ///< As it was given.
   std::optional<double> value;  ///< The one farthest beyond the limit, or nearest to it; none: nobody measured it.
@@ -86,6 +88,7 @@ struct LimitResult {
   std::string why;  ///< In words.
 };
 
+/// What the limits say of a check.
 enum class Verdict : std::uint8_t {
   kPass,   ///< The run has figures, and every limit holds.
   kFail,   ///< A limit is exceeded.
@@ -109,6 +112,7 @@ struct SetInput {
   std::string sha256;  ///< Of the content; empty where it could not be read.
 };
 
+/// One camera: pixels, and the coefficients of its lens.
 struct CameraNumbers {
   double fx = 0.0, fy = 0.0, cx = 0.0, cy = 0.0;
   std::vector<double> coefficients;  ///< K1 to K6, P1, P2.
@@ -124,6 +128,7 @@ struct Cameras {
   std::vector<double> extrinsics;  ///< RX, RY, RZ (radians), TX, TY, TZ (board unit); empty for rectified pairs.
 };
 
+/// The board as the target configuration describes it.
 struct BoardInfo {
   int type = 0;
   int rows = 0, cols = 0;
@@ -137,6 +142,7 @@ struct Setting {
   std::string json;
 };
 
+/// A check and all that came of it. Owns everything; nothing in it refers to the set.
 struct Check {
   std::string started;  ///< UTC, ISO 8601.
   double seconds = 0.0;
@@ -200,7 +206,7 @@ class POLARLINE_API CheckDocument {
 
  private:
   class Writer;
-  Writer* writer_;
+  std::unique_ptr<Writer> writer_;
 };
 
 }  // namespace polarline
