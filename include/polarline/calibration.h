@@ -65,6 +65,7 @@ struct ImportOptions {
   bool swap = false;
 };
 
+/// What an import gives.
 struct ImportedCalibration {
   Calibration calibration;
   std::string format;  ///< One of the names in `ImportOptions::format`.
