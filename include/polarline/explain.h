@@ -16,10 +16,15 @@ struct Explanation {
   std::string advice;   ///< What to do.
 };
 
-/// Everything that can be explained: statuses of the library, warnings, exit codes of the command.
+/// Everything that can be explained: statuses of the library, warnings, steps of a
+/// detection, exit codes of the command.
 POLARLINE_API const std::vector<Explanation>& explanations();
 
-/// By code or name; none for what nobody says.
+/// All that a code or name may mean, in the order of `explanations()`: a bare number is a status of the library, a
+/// status of a pair and an exit code of the command. Empty for what nobody says.
+POLARLINE_API std::vector<Explanation> explainAll(const std::string& code);
+
+/// The first of these by code or name as it is shown; none for what nobody says.
 POLARLINE_API std::optional<Explanation> explain(const std::string& code);
 
 }  // namespace polarline

@@ -5,6 +5,7 @@
 #include <regex>
 #include <set>
 
+#include "Tallowfen/src/trace/DetectionTrace.h"
 #include "calibrations/Warnings.h"
 #include "polar/results/PairStatus.h"
 #include "polarline/explain.h"
@@ -31,7 +32,8 @@ TEST(ExplanationsKnow, TheStatusesThatOnlyARunSees) {
 }
 
 TEST(ExplanationsKnow, EveryWarning) {
-  for (const char* code : {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures"})
+  for (const char* code : {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures",
+                           "bad_value", "bad_line", "principal_point", "pairs_given_up"})
     EXPECT_TRUE(explain(code)) << code;
   for (const warnings::Code& each : calibrations::warningCodes()) {
     const auto explained = explain(each.code);
@@ -43,6 +45,30 @@ TEST(ExplanationsKnow, EveryWarning) {
 
 TEST(ExplanationsKnow, EveryExitCode) {
   for (const char* code : {"0", "1", "2", "3", "4", "130"}) EXPECT_TRUE(explain(std::string("exit ") + code)) << code;
+}
+
+TEST(ExplanationsKnow, AllThatABareNumberMayMean) {
+  const auto codesOf = [](const char* code) {
+    std::vector<std::string> codes;
+    for (const Explanation& each : explainAll(code)) codes.push_back(each.code);
+    return codes;
+  };
+  using ::testing::ElementsAre;
+  EXPECT_THAT(codesOf("3"), ElementsAre("exit 3", "3"));
+  EXPECT_THAT(codesOf("1"), ElementsAre("exit 1", "1", "1 in a pair"));
+  EXPECT_THAT(codesOf("2"), ElementsAre("exit 2"));
+  EXPECT_THAT(codesOf("130"), ElementsAre("exit 130"));
+  EXPECT_THAT(codesOf("too_few_shared"), ElementsAre("-9"));
+  EXPECT_THAT(codesOf("exit 4"), ElementsAre("exit 4"));
+  EXPECT_TRUE(codesOf("-99").empty());
+  EXPECT_TRUE(codesOf("").empty());
+}
+
+TEST(ExplanationsKnow, EveryStepOfADetection) {
+  for (int step = 0; step <= static_cast<int>(kestrune::DetectionStep::kDone); ++step) {
+    const char* const name = nameOf(static_cast<kestrune::DetectionStep>(step));
+    EXPECT_FALSE(explainAll(name).empty()) << name;
+  }
 }
 
 TEST(ExplanationsKnow, AWordAsWellAsItsCode) {

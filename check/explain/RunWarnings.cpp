@@ -1,0 +1,42 @@
+#include "check/explain/Tables.h"
+
+namespace polarline {
+namespace {
+
+constexpr Entry kEntries[] = {
+    {"unknown_key", "unknown_key", "The polar configuration has a key that nothing reads.",
+     "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not "
+     "expect. Or take the line out."},
+    {"no_board_truth", "no_board_truth",
+     "The set has no true positions of the dots, so that distances and the fit of the board are not judged.",
+     "Write board_gt.txt: x y z of each dot, by id."},
+    {"board_truth_short", "board_truth_short", "The set has fewer true positions than the board has dots.",
+     "Write a line x y z for each dot, by id; the file may have been cut off."},
+    {"picture_size", "picture_size", "The pictures are not of one size, or not of the size that the calibration tells.",
+     "Take the pictures of one pair of cameras, and the calibration of these cameras at this size."},
+    {"colour_pictures", "colour_pictures", "The pictures have colour; the residual step takes grey ones only.",
+     "Convert them to grey, or set triangulate_residual_switch to 0."},
+    {"bad_value", "bad_value",
+     "A value of the polar configuration can't be read as its key wants it, so that 0 or what "
+     "the key stands at without a line is taken.",
+     "Mend the line that the text names; docs/formats/polar_configuration.md tells what each key takes."},
+    {"bad_line", "bad_line", "A line of the polar configuration is neither blank, comment nor 'key: value'.",
+     "Mend or remove the line; the file may have been cut off there."},
+    {"pairs_given_up", "pairs_given_up", "Some pairs were given up, and no limit judges how many.",
+     "Read the reason of each; with --limit 'given_up<=0' such a check fails."},
+
+    {"dots_too_small", "dots_too_small", "The dots are smaller in the picture than the detector is sure of.",
+     "Move the board nearer, or take a board with fewer and larger dots."},
+    {"dots_too_large", "dots_too_large", "The dots are larger in the picture than the detector takes.",
+     "Move the board away, or take a board with smaller dots."},
+    {"strange_ids", "strange_ids", "Dots were numbered that the board does not have.",
+     "Keep the board's surround free of specks, and compare the board's description with the board."},
+    {"too_few_dots", "too_few_dots", "Many of the board's dots were not numbered.",
+     "Bring the whole board into view, with even light and without reflections."},
+};
+
+}  // namespace
+
+std::span<const Entry> warningEntries() { return kEntries; }
+
+}  // namespace polarline

@@ -1,0 +1,64 @@
+#include "check/explain/Tables.h"
+
+namespace polarline {
+namespace {
+
+constexpr Entry kEntries[] = {
+    {"0", "success", "The run came to its end with at least one finished pair.", ""},
+    {"1", "input_unreadable", "The image list could not be read, or a polynomial table is missing.",
+     "Compare the list with docs/formats/image_list.md: a header line '#L R', then two file names a line."},
+    {"3", "bad_reference_point", "A reference point of the polar configuration is not three numbers.",
+     "Write TriPoint1_GT to TriPoint4_GT and PolPoint1_GT to PolPoint4_GT as [x,y,z], without blanks."},
+    {"4", "calibration_type", "The name of the calibration file ends in neither 'json' nor 'bin'.",
+     "Rename the file, or make one with 'polarline import'."},
+    {"7", "file_missing", "A named file is not there.", "Check the path."},
+    {"8", "no_figures", "The run ended without one finished pair.",
+     "Read the reason of each pair above; 'polarline detect IMAGE --target FILE' shows what is seen in one picture."},
+    {"35", "interrupted", "The run was stopped from outside.", "Run it again."},
+    {"4096", "null_argument", "The loader of binary calibrations was given nothing.", "This is a fault of the caller."},
+    {"4097", "wrong_checksum", "A check sum of the binary calibration file is wrong: the file is damaged.",
+     "Write or copy the file again."},
+    {"4098", "not_supported", "The binary calibration file is of a form that is not read, or is cut off.",
+     "Compare it with docs/formats/calibration_binary.md."},
+    {"-1", "no_core", "There was no memory for the run.", "Close other programs and run it again."},
+    {"-2", "compensation_calibration", "The computation of compensation coefficients could not read the calibration.",
+     "See docs/formats/calibration_json.md."},
+    {"-3", "compensation_list", "The computation of compensation coefficients could not read the image list.",
+     "See docs/formats/image_list.md."},
+    {"-4", "calibration_unreadable", "The JSON calibration does not open or has no pair of cameras.",
+     "It needs IR_L, IR_R and RGB, or DEPTH and RGB: see docs/formats/calibration_json.md."},
+    {"-5", "target_unusable", "The description of the board could not be loaded.",
+     "See docs/formats/target_configuration.md."},
+    {"-6", "too_few_detected", "Fewer than 6 dots were numbered in a picture.",
+     "Look at the picture with 'polarline detect IMAGE --target FILE': it names the step that failed."},
+    {"-7", "result_folder", "A folder for results could not be made.",
+     "Check that the folder above is there, may be written, and has no blank in its name."},
+    {"-8", "pictures_unusable", "The set is not two lists of pictures, or a picture could not be decoded.",
+     "Open the picture in a viewer; copy it again from the camera if it is cut off."},
+    {"-9", "too_few_shared", "The two pictures share too few dots, or no residual could be taken.",
+     "Both cameras must see the board: move it into the common field. If both see it, compare calibration and "
+     "pictures: a wrong pair gives residuals above 5 pixels, which do not count."},
+    {"-10", "point_missing", "One of the four chosen dots was not seen in both pictures, or lies at the origin.",
+     "Choose dots that are always in view (TriPoint1_ID ... PolPoint4_ID), or switch the four-point distances off."},
+    {"-11", "no_tables", "type 3 needs the polynomial tables of both cameras, and they are not there.",
+     "Use the binary calibration, or set type to the model of the lenses."},
+    {"-13", "outlier", "A dot stands out from the fit of the board, so that the pair was given up.",
+     "Look at the dot that the text names: it may be covered, dirty or numbered wrongly."},
+    {"1 in a pair", "measurement_failed", "The measurement of the rectified pair failed.",
+     "Look at the rectified pictures (savepolarline: 1 and --out): a wrong calibration warps them out of view."},
+    {"12", "group_point_missing", "A dot of a Cal_ID_DIS pair was not seen in both pictures.",
+     "Choose pairs of dots that are always in view."},
+    {"exception", "exception", "A library below ended the run with an exception, whose text is told.",
+     "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot "
+     "take (colour with triangulate_residual_switch, a crop beyond the picture)."},
+    {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
+     "Mend the file that the text names."},
+    {"output", "not_written", "A result could not be written.",
+     "Check that the folder is there, may be written and has space left."},
+};
+
+}  // namespace
+
+std::span<const Entry> statusEntries() { return kEntries; }
+
+}  // namespace polarline
