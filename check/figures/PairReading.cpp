@@ -6,12 +6,8 @@
 #include <map>
 #include <memory>
 
-#include "PolarLinePrecision/Status.h"
-#include "check/picture/DetectionWords.h"
-#include "check/picture/DotSize.h"
+#include "check/figures/PairReason.h"
 #include "polar/results/FigureList.h"
-#include "polar/results/PairStatus.h"
-#include "polarline/explain.h"
 
 namespace polarline {
 namespace {
@@ -84,52 +80,6 @@ PairPoints pointsOf(const PairObservation& seen) {
   return std::move(table.points);
 }
 
-/// Of a detection that found too few dots: the first picture with too few ends the measurement.
-std::string sideOf(const PairObservation& seen) {
-  if (seen.measurement != polar_status::kTooFewDetected) return {};
-  return seen.found[0] < kLeastSharedRaw ? "left" : "right";
-}
-
-/// In the words of a detection of this one picture.
-std::string whyOf(const FailedDetection& failed) {
-  return wordsOf({.config = failed.config,
-                  .trace = failed.trace,
-                  .size = failed.size,
-                  .type = failed.type,
-                  .dot_radius = medianDotRadius(failed.trace)})
-      .text;
-}
-
-std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {
-  const PairObservation& seen = evaluator.seen;
-  if (reason.code == polar_status::kTooFewDetected) {
-    const std::size_t side = reason.side == "left" ? 0 : 1;
-    const std::string found =
-        std::to_string(seen.found.at(side)) + " dots were found in the " + reason.side + " picture; 6 are needed";
-    return seen.failed.at(side) ? found + ": " + whyOf(*seen.failed.at(side)) : found;
-  }
-  if (reason.code == polar_status::kTooFewShared) {
-    return std::to_string(seen.raw.empty() ? seen.rectified.size() : seen.raw.size()) +
-           " dots are in both pictures, or no residual could be taken";
-  }
-  if (!evaluator.errorText.empty() && reason.code != kGroupPointMissing) return evaluator.errorText;
-  // A run's status 1 is another thing.
-  const auto explained = explain(reason.code == kMeasurementFailed ? "1 in a pair" : std::to_string(reason.code));
-  return explained ? explained->meaning : "status " + std::to_string(reason.code);
-}
-
-Reason reasonOf(std::int32_t status, const PairEvaluator& evaluator) {
-  const PairObservation& seen = evaluator.seen;
-  Reason reason;
-  // The rows and the cloud say only that the measurement failed; it knows more.
-  reason.code = status == kMeasurementFailed && seen.measurement != 0 ? seen.measurement : status;
-  reason.side = sideOf(seen);
-  const auto& failed = seen.failed.at(reason.side == "right" ? 1 : 0);
-  reason.step = !reason.side.empty() && failed ? nameOf(failed->trace.step) : seen.evaluation;
-  reason.text = textOf(reason, evaluator);
-  return reason;
-}
-
 }  // namespace
 
 std::vector<std::string> figureNames() {
@@ -137,6 +87,20 @@ std::vector<std::string> figureNames() {
   std::vector<std::string> names;
   for (const Figure& figure : PairReading().read(true, 0, nothing).figures) names.emplace_back(figure.name);
   return names;
+}
+
+std::optional<FigureShape> figureShape(const std::string& name) {
+  std::optional<FigureShape> shape;
+  const PairFigures none;
+  figure_list::forEach([&](auto entry) {
+    Figure figure;
+    if constexpr (requires { takeValues(entry.valueIn(none), figure); }) {
+      if (name != entry.name) return;
+      takeValues(entry.valueIn(none), figure);
+      shape = FigureShape{figure.is_list, figure.is_list ? figure.values.size() : 0};
+    }
+  });
+  return shape;
 }
 
 PairCheck PairReading::read(bool finished, std::int32_t status, const PairEvaluator& evaluator) {

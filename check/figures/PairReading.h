@@ -1,6 +1,10 @@
 #pragma once
 
 #include <bitset>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "polar/evaluate/PairEvaluator.h"
 #include "polarline/check.h"
@@ -9,6 +13,15 @@ namespace polarline {
 
 /// The names of the figures, in their order.
 std::vector<std::string> figureNames();
+
+/// What the values of a figure are like.
+struct FigureShape {
+  bool is_list = false;
+  std::size_t entries = 0;  ///< Of lists that always have as many; 0: as many as the configuration asks for.
+};
+
+/// None for what is no figure.
+std::optional<FigureShape> figureShape(const std::string& name);
 
 /// Reads what a run shows of a pair into the record of a check.
 class PairReading {

@@ -154,5 +154,26 @@ TEST_F(PairReadingOf, ReasonIsTheEvaluationsTextWhereItHasOne) {
             "The measurement of the rectified pair failed.");
 }
 
+TEST_F(PairReadingOf, ReasonNamesTheDotThatAnEvaluationWantsAndWasNotSeen) {
+  PolarConfig config;
+  config.TriPoint1_ID = 9999;
+  config.TriPoint2_ID = 5;
+  config.PolPoint2_ID = 8888;
+  PairEvaluator wanting(std::make_shared<const PolarConfig>(config));
+  wanting.seen.raw = {{5, {}, {}}};
+  const auto textWith = [&](const char* evaluation, const char* text) {
+    wanting.seen.evaluation = evaluation;
+    wanting.errorText = text;
+    return reading.read(false, polar_status::kPointMissing, wanting).reason.text;
+  };
+  EXPECT_EQ(textWith("triangulation", "Fail detect foursix method point1"),
+            "dot 9999 (TriPoint1_ID) was not seen in both pictures (Fail detect foursix method point1)");
+  EXPECT_EQ(textWith("triangulation", "Fail detect foursix method point2"),
+            "dot 5 (TriPoint2_ID) lies at the origin (Fail detect foursix method point2)");
+  EXPECT_EQ(textWith("cloud", "Fail detect foursix method point2"),
+            "dot 8888 (PolPoint2_ID) was not seen in both pictures (Fail detect foursix method point2)");
+  EXPECT_EQ(textWith("cloud", "another text"), "another text");
+}
+
 }  // namespace
 }  // namespace polarline
