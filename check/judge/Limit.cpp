@@ -6,6 +6,7 @@
 #include <regex>
 #include <vector>
 
+#include "check/figures/PairReading.h"
 #include "check/judge/Names.h"
 #include "polarline/errors.h"
 
@@ -41,6 +42,23 @@ Limit::Comparison comparisonOf(const std::string& written) {
   return written == "<" ? kLess : kGreater;
 }
 
+/// Refuses what no figure can be judged by: then a run would fail for it, or pass.
+void requireJudgeable(const Limit& limit) {
+  const auto shape = figureShape(limit.figure);
+  if (!shape && limit.entry) refuse(limit.text, "'" + limit.figure + "' is a count; it has no entries");
+  if (!shape && !limit.statistic.empty()) refuse(limit.text, "'" + limit.figure + "' is a count; it has no statistics");
+  if (!shape) return;
+  if (!shape->is_list && limit.entry) refuse(limit.text, "'" + limit.figure + "' is one number; it has no entries");
+  if (shape->is_list && !limit.entry && !limit.statistic.empty()) {
+    refuse(limit.text, "'" + limit.figure + "' is a list; an entry was wanted, such as summary." + limit.figure +
+                           "[0]." + limit.statistic);
+  }
+  if (shape->entries != 0 && limit.entry.value_or(0) >= shape->entries) {
+    refuse(limit.text, "entry " + std::to_string(*limit.entry) + " was found; '" + limit.figure +
+                           "' has the entries 0-" + std::to_string(shape->entries - 1));
+  }
+}
+
 }  // namespace
 
 Limit parseLimit(const std::string& text) {
@@ -62,6 +80,7 @@ Limit parseLimit(const std::string& text) {
   limit.is_absolute = part[kBar].matched;
   limit.comparison = comparisonOf(part[kOperator].str());
   limit.bound = numberOf(text, part[kBound].str());
+  requireJudgeable(limit);
   return limit;
 }
 

@@ -45,6 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Form{"tri_dis >= -2", "tri_dis", -1, "", false, Comparison::kGreaterOrEqual, -2.0},
                       Form{"summary.dy_means.mean<=0.1", "dy_means", -1, "mean", false, Comparison::kLessOrEqual, 0.1},
                       Form{"|summary.tri_dis[7].max|<1", "tri_dis", 7, "max", true, Comparison::kLess, 1.0},
+                      Form{"id_dis[90]<1", "id_dis", 90, "", false, Comparison::kLess, 1.0},
                       Form{"finished>2", "finished", -1, "", false, Comparison::kGreater, 2.0}));
 
 class LimitRefusal : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
@@ -60,25 +61,28 @@ TEST_P(LimitRefusal, SaysWhatWasWanted) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, LimitRefusal,
-                         ::testing::Values(std::pair{"", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"|dy_means<=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means|<=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means.mean<=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"summary.dy_means<=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"summary.dy_means.median<=0.1", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means<=0.1 0.2", "FIGURE OP VALUE was wanted"},
-                                           std::pair{"dy_means<=0,1", "'0,1' is no number"},
-                                           std::pair{"dy_means<=low", "'low' is no number"},
-                                           std::pair{"dy_means<=nan", "'nan' is no number"},
-                                           std::pair{"dy_means<=inf", "'inf' is no number"},
-                                           std::pair{"dy_means<=1e999", "'1e999' is no number"},
-                                           std::pair{"dy_mean<=0.1", "did you mean dy_means"},
-                                           std::pair{"DY_MEANS<=0.1", "there is no figure 'DY_MEANS'"},
-                                           std::pair{"tri_rmse<=0.1", "did you mean tri_rms"},
-                                           std::pair{"pairPoints<=1", "there is no figure 'pairPoints'"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, LimitRefusal,
+    ::testing::Values(
+        std::pair{"", "FIGURE OP VALUE was wanted"}, std::pair{"dy_means", "FIGURE OP VALUE was wanted"},
+        std::pair{"dy_means=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"|dy_means<=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"dy_means|<=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"dy_means.mean<=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"summary.dy_means<=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"summary.dy_means.median<=0.1", "FIGURE OP VALUE was wanted"},
+        std::pair{"dy_means<=0.1 0.2", "FIGURE OP VALUE was wanted"}, std::pair{"dy_means<=0,1", "'0,1' is no number"},
+        std::pair{"dy_means<=low", "'low' is no number"}, std::pair{"dy_means<=nan", "'nan' is no number"},
+        std::pair{"dy_means<=inf", "'inf' is no number"}, std::pair{"dy_means<=1e999", "'1e999' is no number"},
+        std::pair{"dy_mean<=0.1", "did you mean dy_means"}, std::pair{"DY_MEANS<=0.1", "there is no figure 'DY_MEANS'"},
+        std::pair{"tri_rmse<=0.1", "did you mean tri_rms"},
+        std::pair{"summary.tri_dis.mean<=1", "such as summary.tri_dis[0].mean"},
+        std::pair{"summary.dy_means[0].mean<=1", "it has no entries"},
+        std::pair{"dy_means[3]<=1", "'dy_means' is one number"}, std::pair{"tri_dis[8]<=1", "has the entries 0-7"},
+        std::pair{"pol_dis[9]<=1", "has the entries 0-7"}, std::pair{"PoseReport[8]<=1", "has the entries 0-7"},
+        std::pair{"pairs[7]<=5", "'pairs' is a count; it has no entries"},
+        std::pair{"summary.pairs.mean<=1", "it has no statistics"},
+        std::pair{"pairPoints<=1", "there is no figure 'pairPoints'"}));
 
 struct Judged {
   const char* text;
