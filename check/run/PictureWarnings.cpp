@@ -20,14 +20,34 @@ std::string sizesOf(const ListedPair& pair, const std::array<cv::Size, 2>& sizes
 }
 
 void PictureWarnings::begin(const PolarConfig& config, const StereoCalibParams& calib) {
-  takes_grey_only_ = config.triangulate_residual_switch != 0;
+  // Pairs that were rectified elsewhere have no calibration, and nothing of them is triangulated.
+  const bool is_raw = calib.left.intrinsics[0] != 0.0;
+  takes_grey_only_ = is_raw && config.triangulate_residual_switch != 0;
+  for (const std::size_t side : {0U, 1U}) {
+    const CameraCalib& camera = side == 0 ? calib.left : calib.right;
+    principal_.at(side) = {camera.intrinsics[2], camera.intrinsics[3]};
+  }
+  has_principal_ = is_raw;
   calibrated_ = {sizeOf(calib.left), sizeOf(calib.right)};
 }
 
 void PictureWarnings::look(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes, bool has_colour) {
   if (has_colour && takes_grey_only_)
     warn("colour_pictures", index, fmt::format("{} or {} has colour", pair.left, pair.right));
-  if (!sizes[0].empty() && !sizes[1].empty()) lookAtSizes(index, pair, sizes);
+  if (sizes[0].empty() || sizes[1].empty()) return;
+  lookAtSizes(index, pair, sizes);
+  if (has_principal_ && sizes[0] == sizes[1]) lookAtPrincipalPoints(index, pair, sizes);
+}
+
+void PictureWarnings::lookAtPrincipalPoints(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {
+  for (const std::size_t side : {0U, 1U}) {
+    const cv::Size& size = sizes.at(side);
+    const cv::Point2d& point = principal_.at(side);
+    if (point.x >= 0.0 && point.y >= 0.0 && point.x < size.width && point.y < size.height) continue;
+    return warn("principal_point", index,
+                fmt::format("{} is {} pixels; the calibration's principal point (Cx, Cy) is {}, {}",
+                            side == 0 ? pair.left : pair.right, shown(size), point.x, point.y));
+  }
 }
 
 void PictureWarnings::lookAtSizes(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {

@@ -19,7 +19,9 @@ std::string sizesOf(const ListedPair& pair, const std::array<cv::Size, 2>& sizes
 /// Looks at the pictures pair by pair; each thing is warned of once, with the first pair that shows it.
 class PictureWarnings {
  public:
-  /// @param calib Of a binary file, which knows the size of the pictures; others have zeros there.
+  /// @param calib Of a binary file, which knows the size of the pictures; others have zeros there. All zeros for pairs
+  /// that were
+  ///              rectified elsewhere.
   void begin(const PolarConfig& config, const StereoCalibParams& calib);
   void look(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes, bool has_colour);
 
@@ -27,9 +29,12 @@ class PictureWarnings {
 
  private:
   void lookAtSizes(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes);
+  void lookAtPrincipalPoints(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes);
   void warn(const std::string& code, int index, const std::string& text);
 
   bool takes_grey_only_ = false;
+  bool has_principal_ = false;
+  std::array<cv::Point2d, 2> principal_;
   std::array<cv::Size, 2> calibrated_;
   std::array<cv::Size, 2> first_;
 };

@@ -15,6 +15,9 @@ struct PictureWarningsOf : ::testing::Test {
   PictureWarnings warnings;
 
   PictureWarningsOf() { config.triangulate_residual_switch = 0; }
+  void centredAt(double x, double y) {
+    for (CameraCalib* camera : {&calib.left, &calib.right}) camera->intrinsics = {500.0, 500.0, x, y};
+  }
   void calibratedAt(std::uint32_t width, std::uint32_t height) {
     for (CameraCalib* camera : {&calib.left, &calib.right}) {
       camera->width = width;
@@ -68,6 +71,7 @@ TEST_F(PictureWarningsOf, PicturesThatCannotBeHadAreNotJudged) {
 
 TEST_F(PictureWarningsOf, ColourIsToldWhereGreyIsWanted) {
   config.triangulate_residual_switch = 1;
+  centredAt(32, 24);
   warnings.begin(config, calib);
   warnings.look(0, kPair, kSmall, false);
   EXPECT_TRUE(warnings.warnings.empty());
@@ -75,6 +79,41 @@ TEST_F(PictureWarningsOf, ColourIsToldWhereGreyIsWanted) {
   ASSERT_EQ(warnings.warnings.size(), 1U);
   EXPECT_EQ(warnings.warnings[0].code, "colour_pictures");
   EXPECT_EQ(warnings.warnings[0].pair, 1);
+}
+
+TEST_F(PictureWarningsOf, ColourIsNoMatterOfPairsThatAreRectified) {
+  config.triangulate_residual_switch = 1;
+  warnings.begin(config, calib);
+  warnings.look(0, kPair, kSmall, true);
+  EXPECT_TRUE(warnings.warnings.empty());
+}
+
+TEST_F(PictureWarningsOf, APrincipalPointInThePicturesIsNone) {
+  for (const auto& [x, y] : {std::pair{0.0, 0.0}, {639.5, 479.5}}) {
+    centredAt(x, y);
+    warnings.begin(config, calib);
+    warnings.look(0, kPair, kLarge, false);
+    EXPECT_TRUE(warnings.warnings.empty()) << x;
+  }
+}
+
+TEST_F(PictureWarningsOf, APrincipalPointOutsideIsTold) {
+  for (const auto& [x, y] : {std::pair{647.5, 395.0}, {640.0, 0.0}, {0.0, 480.0}, {-1.0, 0.0}, {0.0, -1.0}}) {
+    PictureWarnings of;
+    centredAt(x, y);
+    of.begin(config, calib);
+    of.look(2, kPair, kLarge, false);
+    of.look(3, kPair, kLarge, false);
+    ASSERT_EQ(of.warnings.size(), 1U) << x << ", " << y;
+    EXPECT_EQ(of.warnings[0].code, "principal_point");
+    EXPECT_EQ(of.warnings[0].pair, 2);
+    EXPECT_FALSE(of.warnings[0].advice.empty());
+  }
+  centredAt(647.5, 395);
+  warnings.begin(config, calib);
+  warnings.look(0, kPair, kLarge, false);
+  EXPECT_EQ(warnings.warnings[0].text,
+            "l.png is 640 x 480 pixels; the calibration's principal point (Cx, Cy) is 647.5, 395");
 }
 
 }  // namespace
