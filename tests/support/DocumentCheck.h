@@ -13,7 +13,8 @@
 #include "support/TempFolder.h"
 
 /// Judges JSON documents by a schema of docs/schema, with Python's jsonschema in a process of its own that lives as
-/// long as the tests: it takes a document a line and answers one a line.
+/// long as the tests: it takes a document a line and answers one a line. Stricter than the schema: readers have to pass
+/// over new keys, but none may come without its description.
 class DocumentCheck {
  public:
   /// The judge of the documents of `polarline check`.
@@ -58,6 +59,12 @@ class DocumentCheck {
   static constexpr const char* kScript = R"(
 import json, sys, jsonschema
 schema = json.load(open(sys.argv[1], encoding="utf-8"))
+def forbid_more(part):
+    if isinstance(part, dict) and isinstance(part.get("properties"), dict):
+        part.setdefault("additionalProperties", False)
+    for each in part.values() if isinstance(part, dict) else part if isinstance(part, list) else []:
+        forbid_more(each)
+forbid_more(schema)
 jsonschema.Draft202012Validator.check_schema(schema)
 judge = jsonschema.Draft202012Validator(schema)
 sys.stdout = open(1, "w", buffering=1)
