@@ -1,6 +1,10 @@
 #include "check/run/RunStatus.h"
 
+#include <fmt/format.h>
+
 #include <opencv2/core.hpp>
+#include <optional>
+#include <regex>
 #include <sstream>
 
 #include "PolarLinePrecision/Status.h"
@@ -24,6 +28,18 @@ int exitCodeOf(std::int32_t status) {
   }
 }
 
+/// The tables of points that a run reads by the ids it has seen have no look at their length but the library's own.
+std::optional<std::string> wordsOf(const std::exception& error) {
+  static const std::regex beyond(
+      R"(vector::_M_range_check: __n \(which is (\d+)\) >= this->size\(\) \(which is (\d+)\))");
+  std::cmatch part;
+  if (!std::regex_match(error.what(), part, beyond)) return std::nullopt;
+  return fmt::format(
+      "id {} was seen, and the true positions (board_gt.txt, in a frame run Frame_3D) are {}: compare them and the "
+      "target with the board ({})",
+      part[1].str(), part[2].str(), error.what());
+}
+
 }  // namespace
 
 Status statusOf(const std::string& code, const std::string& text, int exit_code) {
@@ -43,6 +59,7 @@ Status statusOf(std::int32_t code, const std::string& error_text) {
 }
 
 std::string textOf(const std::exception& error) {
+  if (const auto words = wordsOf(error)) return *words;
   const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
   std::istringstream words(opencv != nullptr && !opencv->err.empty() ? opencv->err : error.what());
   std::string line;  // OpenCV breaks its texts into several, which begin with ">".
