@@ -47,6 +47,28 @@ TEST_F(InputsPolar, WarnsOfAKeyThatNothingReads) {
   EXPECT_THAT(warnings[0].text, HasSubstr("'f_scal'; did you mean f_scale"));
 }
 
+TEST_F(InputsPolar, WarnsOfAValueThatIsNone) {
+  const std::string path = folder.write("polar.txt", "type: 0\n# ours\ntype: zz\nf_scale: 1\n");
+  EXPECT_EQ(readPolar(path, {}, warnings).type, 0);
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings[0].code, "bad_value");
+  EXPECT_EQ(warnings[0].text, path + ", line 3: type: 'zz' was found; a whole number was wanted");
+  EXPECT_FALSE(warnings[0].advice.empty());
+  warnings.clear();
+  EXPECT_EQ(readPolar(path, {"type=1"}, warnings).type, 1);
+  EXPECT_TRUE(warnings.empty());
+}
+
+TEST_F(InputsPolar, RefusesASettingWithoutAValueOfItsKey) {
+  const std::string path = folder.write("polar.txt", "type: 1\n");
+  const auto with = [&](const char* setting) { return refusal([&] { readPolar(path, {setting}, warnings); }); };
+  EXPECT_EQ(with("type=zz"), "setting 'type=zz': 'zz' was found; a whole number was wanted");
+  EXPECT_EQ(with("type="), "setting 'type=': '' was found; a whole number was wanted");
+  EXPECT_EQ(with("TriPoint1_GT=[a,b,c]"),
+            "setting 'TriPoint1_GT=[a,b,c]': '[a,b,c]' was found; a list of numbers such as [1,2,3], without blanks, "
+            "was wanted");
+}
+
 TEST_F(InputsPolar, RefusesWhatIsNoSetting) {
   const std::string path = folder.write("polar.txt", "type: 1\n");
   const auto with = [&](const char* setting) { return refusal([&] { readPolar(path, {setting}, warnings); }); };

@@ -1,0 +1,66 @@
+#include "check/run/BoardInput.h"
+
+#include <fmt/format.h>
+
+#include <sstream>
+
+#include "Tallowfen/src/RingTarget.h"
+#include "check/explain/WarningOf.h"
+#include "check/run/InputText.h"
+#include "check/run/PlainPath.h"
+#include "input/BoardGroundTruthReader.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+
+BoardGroundTruth readBoardTruth(const std::string& path) {
+  std::istringstream lines(contentOf(path));
+  std::string line;
+  for (int number = 1; std::getline(lines, line); ++number) {
+    std::istringstream words(line);
+    words.imbue(std::locale::classic());
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+    const bool is_blank = line.find_first_not_of(" \t\r") == std::string::npos;
+    if (!is_blank && !(words >> x >> y >> z))
+      throw InputError(fmt::format("{}, line {}", path, number),
+                       shownOf(line) + " was found; three numbers x y z were wanted");
+  }
+  BoardGroundTruth points;
+  ReadBoardTxt(path, points);
+  return points;
+}
+
+void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
+                      std::vector<Warning>& warnings) {
+  if (!config.discalswitch && !config.spaceRms_switch) return;
+  const std::size_t dots = static_cast<std::size_t>(board.rows) * static_cast<std::size_t>(board.cols);
+  if (path.empty()) {
+    warnings.push_back(
+        warningOf("no_board_truth", "discalswitch or spaceRms_switch is on, and there is no board_gt.txt"));
+  } else if (board.points < dots && config.frame_work == 0) {
+    warnings.push_back(warningOf("board_truth_short",
+                                 fmt::format("{}: {} positions; the board has {} dots", path, board.points, dots)));
+  }
+}
+
+BoardInfo readBoard(const std::string& target_path) {
+  kestrune::RingTarget target;
+  try {
+    const PlainPath plain(target_path);
+    target.loadConfig(plain.get());
+  } catch (const std::exception& error) {
+    throw InputError(target_path, error.what());
+  }
+  const kestrune::RingTargetConfig& config = target.config();
+  BoardInfo board;
+  board.type = config.board_type;
+  board.rows = config.rows;
+  board.cols = config.cols;
+  board.step = config.step;
+  board.step_y = kestrune::rowPitchOf(config);
+  return board;
+}
+
+}  // namespace polarline

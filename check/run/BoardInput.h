@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "PolarLinePrecision/BoardRecords.h"
+#include "input/PolarConfig.h"
+#include "polarline/check.h"
+
+namespace polarline {
+
+/// True positions of the dots by id. Throws for a line that is not three numbers, unless it is empty.
+BoardGroundTruth readBoardTruth(const std::string& path);
+
+/// Warns of evaluations that want true positions which the set does not have.
+void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
+                      std::vector<Warning>& warnings);
+
+/// Also proves that the detector can be configured from it.
+BoardInfo readBoard(const std::string& target);
+
+}  // namespace polarline

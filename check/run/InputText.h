@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// What the readings of all inputs share.
+namespace polarline {
+
+/// The whole file. Throws `InputError`.
+std::string contentOf(const std::string& path);
+
+/// A text as a message repeats it: in quotes, blanks at its end and what is too long cut off.
+std::string shownOf(const std::string& text);
+
+/// A status of the library in words, with what to do.
+std::string advisedMeaning(std::int32_t status);
+
+}  // namespace polarline

@@ -1,0 +1,102 @@
+#include "check/run/PolarValues.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <type_traits>
+#include <vector>
+
+#include "input/PolarConfigKeys.h"
+#include "platform/ClassicStream.h"
+#include "platform/Pieces.h"
+
+namespace polarline {
+namespace {
+
+constexpr const char* kBlanks = " \n\r\t";
+
+template <typename T>
+bool begins(const std::string& text) {
+  std::istringstream stream = classic::input(text);
+  T number{};
+  return static_cast<bool>(stream >> number);
+}
+
+/// A switch is on with every number but 0, also where the extraction of a bool wants 0 or 1.
+template <>
+bool begins<bool>(const std::string& text) {
+  return begins<double>(text);
+}
+
+/// What the list's brackets hold: of the value's first word, whose opening bracket may be missing.
+std::optional<std::string> insideBrackets(const std::string& value) {
+  std::istringstream stream = classic::input(value);
+  std::string word;
+  stream >> word;
+  if (!word.ends_with(']')) return std::nullopt;
+  word.pop_back();
+  return word.starts_with('[') ? word.substr(1) : word;
+}
+
+template <typename T>
+bool areNumbers(const std::string& items) {
+  return std::ranges::all_of(piecesOf(items, ','), begins<T>);
+}
+
+/// Items of rows may be empty: the commas between two rows leave such ones.
+template <typename T>
+bool isRow(std::string row) {
+  std::erase(row, '[');
+  return std::ranges::all_of(piecesOf(row, ','), [](const std::string& item) {
+    return item.find_first_not_of(kBlanks) == std::string::npos || begins<T>(item);
+  });
+}
+
+template <typename T>
+bool isUnderstood(const std::string& value, const T* /*type*/) {
+  return begins<T>(value);
+}
+
+template <typename T>
+bool isUnderstood(const std::string& value, const std::vector<T>* /*type*/) {
+  const auto items = insideBrackets(value);
+  return items && areNumbers<T>(*items);
+}
+
+template <typename T>
+bool isUnderstood(const std::string& value, const std::vector<std::vector<T>>* /*type*/) {
+  const auto rows = insideBrackets(value);
+  return rows && std::ranges::all_of(piecesOf(*rows, ']'), isRow<T>);
+}
+
+template <typename T>
+std::string wantedOf(const std::string& value) {
+  if constexpr (std::is_same_v<T, bool>) return "0 or 1";
+  if constexpr (std::is_same_v<T, std::int32_t>)
+    return begins<double>(value) ? "a whole number of at most 2147483647" : "a whole number";
+  if constexpr (std::is_same_v<T, float>) return begins<double>(value) ? "a number of at most 3.4e38" : "a number";
+  return "a list of numbers such as [1,2,3], without blanks,";
+}
+
+template <>
+std::string wantedOf<std::vector<std::vector<double>>>(const std::string& /*value*/) {
+  return "a list of lists of numbers such as [[1,2],[3,4]], without blanks,";
+}
+
+template <>
+std::string wantedOf<std::vector<std::vector<std::int32_t>>>(const std::string& value) {
+  return wantedOf<std::vector<std::vector<double>>>(value);
+}
+
+}  // namespace
+
+std::optional<std::string> wantedInstead(const std::string& key, const std::string& value) {
+  std::optional<std::string> wanted;
+  polar_keys::forEach([&](const auto& each) {
+    using Value = typename std::remove_cvref_t<decltype(each)>::Value;
+    const Value* const type = nullptr;
+    if (key == each.name && !isUnderstood(value, type)) wanted = wantedOf<Value>(value);
+  });
+  return wanted;
+}
+
+}  // namespace polarline
