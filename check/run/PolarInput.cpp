@@ -70,6 +70,18 @@ std::map<std::string, KeyLine> keyLinesOf(const std::string& text) {
   return lines;
 }
 
+/// Lines without a colon are left out in silence; only comments and blank lines are meant to be.
+void warnOfLines(const std::string& text, const std::string& path, std::vector<Warning>& warnings) {
+  std::istringstream stream(text);
+  std::string line;
+  for (int number = 1; std::getline(stream, line); ++number) {
+    const std::size_t begin = line.find_first_not_of(" \t\r");
+    if (begin == std::string::npos || line[begin] == '#' || !parseKeyValueText(line).empty()) continue;
+    warnings.push_back(warningOf(
+        "bad_line", fmt::format("{}, line {}: {} was found; 'key: value' was wanted", path, number, shownOf(line))));
+  }
+}
+
 /// The reader takes such values in silence, and so does a check: a run of the library would have the same figures.
 void warnOfValues(const std::string& text, const std::string& path, const std::string& settings,
                   std::vector<Warning>& warnings) {
@@ -101,6 +113,7 @@ PolarConfig readPolar(const std::string& path, const std::vector<std::string>& s
   const KeyValueTable table = parseKeyValueText(text);
   if (table.empty()) throw InputError(path, "has no line 'key: value'");
   warnOfUnknown(table, path, warnings);
+  warnOfLines(written, path, warnings);
   warnOfValues(written, path, set, warnings);
   PolarConfig config;
   // The reader takes a path for a file if it opens; a text with line ends is none.

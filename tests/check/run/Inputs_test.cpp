@@ -59,6 +59,14 @@ TEST_F(InputsPolar, WarnsOfAValueThatIsNone) {
   EXPECT_TRUE(warnings.empty());
 }
 
+TEST_F(InputsPolar, WarnsOfALineThatIsNone) {
+  const std::string path = folder.write("polar.txt", "# a\n  # b\n \t\r\ntype: 1\r\n\nsavepo");
+  readPolar(path, {}, warnings);
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings[0].code, "bad_line");
+  EXPECT_EQ(warnings[0].text, path + ", line 6: 'savepo' was found; 'key: value' was wanted");
+}
+
 TEST_F(InputsPolar, RefusesASettingWithoutAValueOfItsKey) {
   const std::string path = folder.write("polar.txt", "type: 1\n");
   const auto with = [&](const char* setting) { return refusal([&] { readPolar(path, {setting}, warnings); }); };
