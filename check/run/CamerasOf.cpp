@@ -1,5 +1,10 @@
 #include "check/run/CamerasOf.h"
 
+#include <fmt/format.h>
+
+#include "camera/LensModel.h"
+#include "polarline/errors.h"
+
 namespace polarline {
 namespace {
 
@@ -26,6 +31,8 @@ const char* modelName(int type) {
 }  // namespace
 
 Cameras camerasOf(int type, const StereoCalibParams& calib) {
+  if (!lensModelOf(type))
+    throw InputError("type of the polar configuration", fmt::format("{} was found; 0, 1, 2 or 3 was wanted", type));
   Cameras cameras;
   cameras.type = type;
   cameras.model = modelName(type);

@@ -202,6 +202,9 @@ TEST_F(InputsCalibration, CamerasAreTold) {
   EXPECT_EQ(cameras.left.fy, 2.0);
   EXPECT_THAT(cameras.left.coefficients, ::testing::ElementsAre(5, 6, 7, 8, 9, 10, 11, 12));
   EXPECT_THAT(cameras.extrinsics, ::testing::ElementsAre(1, 2, 3, 4, 5, 6));
+  for (const int type : {-1, 4, 7})
+    EXPECT_EQ(refusal([&] { camerasOf(type, calib); }),
+              "type of the polar configuration: " + std::to_string(type) + " was found; 0, 1, 2 or 3 was wanted");
   RectifiedParams rectified;
   rectified.focal = 7;
   rectified.cx = 8;
