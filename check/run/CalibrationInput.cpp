@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "PolarLinePrecision/Status.h"
+#include "check/run/CalibrationLook.h"
 #include "check/run/InputText.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
@@ -23,11 +24,13 @@ StereoCalibParams readCalibration(const std::string& path) {
   std::int32_t status = 0;
   try {
     const PlainPath plain(path);
+    if (files::extensionOf(path) == "json") requireMembers(path, plain.get());
     status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
     throw InputError(path, "is no JSON that can be read (" + textOf(error) + ")");
   }
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
+  requireGeometry(path, calib);
   // As the exports hand it on: through the caller's record.
   ExportedCalibParams exported;
   exportCalibration(calib, exported);

@@ -1,0 +1,112 @@
+#include "check/run/CalibrationLook.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "check/run/CalibrationInput.h"
+#include "polarline/errors.h"
+#include "support/TempFolder.h"
+
+namespace polarline {
+namespace {
+
+using Json = nlohmann::json;
+using ::testing::HasSubstr;
+
+Json camera() {
+  Json numbers = {{"Fx", 610}, {"Fy", 610.5}, {"Cx", 327.25}, {"Cy", 234.75}};
+  for (const char* name : {"K1", "K2", "K3", "K4", "K5", "K6", "P1", "P2"}) numbers[name] = 0.0;
+  return numbers;
+}
+
+Json rotation() { return {{"RX", 0.0}, {"RY", 0.01}, {"RZ", 0}}; }
+Json translation() { return {{"TX", -60.0}, {"TY", 0}, {"TZ", 0.5}}; }
+
+Json infrared() {
+  Json document = {{"IR_L", camera()}, {"IR_R", camera()}, {"RGB", Json::object()}};
+  document["IR_R"]["Rotate"] = rotation();
+  document["IR_R"]["Translate"] = translation();
+  return document;
+}
+
+Json depth(const char* colour) {
+  return {
+      {"DEPTH", camera()}, {colour, camera()}, {"Depth2RGB_Rotate", rotation()}, {"Depth2RGB_Trans", translation()}};
+}
+
+struct CalibrationLook : ::testing::Test {
+  TempFolder folder;
+
+  /// What the reading of a check says of the document, without its path; empty: nothing.
+  std::string refusal(const std::string& text) const {
+    const std::string path = folder.write("calib.json", text);
+    try {
+      readCalibration(path);
+    } catch (const InputError& error) {
+      const std::string words = error.what();
+      EXPECT_EQ(words.rfind(path + ": ", 0), 0U) << words;
+      return words.substr(path.size() + 2);
+    }
+    return "";
+  }
+  std::string refusal(const Json& document) const { return refusal(document.dump()); }
+};
+
+TEST_F(CalibrationLook, TakesEachLayout) {
+  EXPECT_EQ(refusal(infrared()), "");
+  EXPECT_EQ(refusal(depth("RGB")), "");
+  EXPECT_EQ(refusal(depth("COLOR")), "");
+}
+
+TEST_F(CalibrationLook, NamesAMemberThatIsNotThere) {
+  for (const auto& [place, words] : {std::pair{"/IR_L/K2", "IR_L.K2: is not there; a number was wanted"},
+                                     {"/IR_R/Fy", "IR_R.Fy: is not there; a number was wanted"},
+                                     {"/IR_R/Rotate", "IR_R.Rotate.RX: is not there; a number was wanted"},
+                                     {"/IR_R/Translate/TZ", "IR_R.Translate.TZ: is not there; a number was wanted"}}) {
+    Json document = infrared();
+    const Json::json_pointer at(place);
+    document[at.parent_pointer()].erase(at.back());
+    EXPECT_EQ(refusal(document), words);
+  }
+  Json document = depth("RGB");
+  document["Depth2RGB_Trans"].erase("TX");
+  EXPECT_EQ(refusal(document), "Depth2RGB_Trans.TX: is not there; a number was wanted");
+}
+
+TEST_F(CalibrationLook, NamesAMemberThatIsNoNumber) {
+  for (const auto& [place, value, words] :
+       {std::tuple{"/IR_R/Rotate/RX", Json("q"), "IR_R.Rotate.RX: 'q' was found; a number was wanted"},
+        std::tuple{"/IR_L/Fx", Json("abc"), "IR_L.Fx: 'abc' was found; a number was wanted"},
+        std::tuple{"/IR_L/P2", Json::array({1}), "IR_L.P2: a list was found; a number was wanted"},
+        std::tuple{"/IR_R/K1", Json({{"a", 1}}), "IR_R.K1: an object was found; a number was wanted"}}) {
+    Json document = infrared();
+    document[Json::json_pointer(place)] = value;
+    EXPECT_EQ(refusal(document), words);
+  }
+}
+
+TEST_F(CalibrationLook, RefusesWhatHasNoGeometry) {
+  Json document = infrared();
+  document["IR_R"]["Fx"] = -600;
+  EXPECT_EQ(refusal(document),
+            "the right camera has no focal length: Fx -600, Fy 610.5 was found; numbers above 0 were wanted");
+  document = infrared();
+  document["IR_L"]["Fy"] = 0;
+  EXPECT_THAT(refusal(document), HasSubstr("the left camera has no focal length"));
+  document = infrared();
+  document["IR_R"]["Translate"] = {{"TX", 0}, {"TY", 0.0}, {"TZ", 0}};
+  EXPECT_THAT(refusal(document), HasSubstr("cameras apart from each other were wanted"));
+  document = infrared();
+  document.update(depth("RGB"));
+  EXPECT_THAT(refusal(document), HasSubstr("one pose was wanted"));
+}
+
+TEST_F(CalibrationLook, SaysInWordsWhatIsNoJson) {
+  const std::string whole = infrared().dump();
+  EXPECT_THAT(refusal(whole.substr(0, whole.size() / 2)), HasSubstr("is no JSON that can be read ("));
+}
+
+}  // namespace
+}  // namespace polarline
