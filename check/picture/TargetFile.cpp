@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "MorvenKit/ErrorCategories.h"
+#include "check/picture/TargetNumbers.h"
 #include "polarline/errors.h"
 
 namespace {
@@ -65,4 +66,5 @@ void loadTarget(const std::string& target, kestrune::RingTarget& into) {
   if (into.patterns().empty()) {
     throw polarline::InputError(place, "board_type: none that is known was found; 1, 2 or 3 was wanted");
   }
+  polarline::requireBoardNumbers(target, place);
 }

@@ -6,6 +6,7 @@
 
 #include "Tallowfen/src/RingTarget.h"
 #include "check/explain/WarningOf.h"
+#include "check/picture/TargetNumbers.h"
 #include "check/run/InputText.h"
 #include "check/run/PlainPath.h"
 #include "input/BoardGroundTruthReader.h"
@@ -50,6 +51,9 @@ BoardInfo readBoard(const std::string& target_path) {
   try {
     const PlainPath plain(target_path);
     target.loadConfig(plain.get());
+    if (!target.patterns().empty()) requireBoardNumbers(plain.get(), target_path);
+  } catch (const InputError&) {
+    throw;
   } catch (const std::exception& error) {
     throw InputError(target_path, error.what());
   }
