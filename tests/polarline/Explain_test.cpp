@@ -17,6 +17,14 @@ TEST(ExplainCommand, KnowsEveryCodeAndWord) {
   }
 }
 
+TEST(ExplainCommand, ShowsAllThatABareNumberMayMean) {
+  for (const char* code : {"2", "130"}) EXPECT_THAT(CommandRun({"explain", code}).out, HasSubstr("exit ")) << code;
+  const CommandRun run({"explain", "3"});
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_THAT(run.out, HasSubstr("exit 3 (no_figure)"));
+  EXPECT_THAT(run.out, HasSubstr("3 (bad_reference_point)"));
+}
+
 TEST(ExplainCommand, ListsAllWithoutACode) {
   const CommandRun run({"explain"});
   EXPECT_EQ(run.exit_code, 0);

@@ -21,11 +21,11 @@ int runExplain(const std::string& code) {
     for (const polarline::Explanation& each : polarline::explanations()) show(each);
     return kDone;
   }
-  const auto found = polarline::explain(code);
-  if (!found)
+  const auto found = polarline::explainAll(code);
+  if (found.empty())
     throw polarline::InputError("'" + code + "'",
                                 "no status, warning or exit code is called so; 'polarline explain' lists them");
-  show(*found);
+  for (const polarline::Explanation& each : found) show(each);
   return kDone;
 }
 
