@@ -7,8 +7,10 @@
 #include <locale>
 #include <memory>
 #include <opencv2/imgcodecs.hpp>
+#include <string_view>
 #include <system_error>
 
+#include "platform/OutputFile.h"
 #include "platform/Pieces.h"
 
 namespace files {
@@ -42,6 +44,16 @@ Stream open(const std::string& path, std::ios::openmode mode) {
     stream.open(native, mode);
   }
   return stream;
+}
+
+/// The codec does not look whether a PNG took its last bytes. Other kinds are taken for whole.
+bool isWholePicture(const std::string& native) {
+  if (!native.ends_with(".png")) return true;
+  constexpr std::string_view kEnd("IEND\xAE\x42\x60\x82", 8);
+  std::ifstream stream(native, std::ios::binary);
+  stream.seekg(-static_cast<std::streamoff>(kEnd.size()), std::ios::end);
+  std::string end(kEnd.size(), ' ');
+  return stream.read(end.data(), static_cast<std::streamsize>(end.size())) && end == kEnd;
 }
 
 struct Closer {
@@ -115,6 +127,10 @@ std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<st
 
 cv::Mat readImage(const std::string& path) { return cv::imread(nativePath(path), cv::IMREAD_UNCHANGED); }
 
-bool writeImage(const std::string& path, const cv::Mat& image) { return cv::imwrite(nativePath(path), image); }
+bool writeImage(const std::string& path, const cv::Mat& image) {
+  const bool written = cv::imwrite(nativePath(path), image);
+  if (!written || !isWholePicture(nativePath(path))) noteFailedWrite(path);
+  return written;
+}
 
 }  // namespace files

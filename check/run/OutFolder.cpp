@@ -1,6 +1,5 @@
 #include "check/run/OutFolder.h"
 
-#include <fstream>
 #include <regex>
 #include <system_error>
 #include <vector>
@@ -16,16 +15,6 @@ void require(const std::error_code& failure, const fs::path& path) {
   if (failure) throw OutputError(path.string(), failure.message());
 }
 
-/// The library's writers do not tell of a full disk: one more file does. `out` is the folder that users know.
-void requireSpace(const fs::path& folder, const fs::path& out) {
-  constexpr std::size_t kProbe = std::size_t{1} << 16U;
-  const fs::path probe = folder / "space";
-  std::ofstream stream(probe, std::ios::binary);
-  stream << std::string(kProbe, ' ') << std::flush;
-  if (!stream) throw OutputError(out.string(), "the files of the run could not be written; is there space left?");
-  fs::remove(probe);
-}
-
 fs::path freeSummary(const fs::path& folder) {
   int number = 0;
   const auto candidate = [&] { return folder / ("align_data_" + std::to_string(number) + ".csv"); };
@@ -33,10 +22,14 @@ fs::path freeSummary(const fs::path& folder) {
   return candidate();
 }
 
-/// Where a file of the run belongs.
-fs::path placeOf(const fs::path& relative, const fs::path& out) {
+/// Where a file of the run belongs; what a file can't replace is found before the first one has moved.
+fs::path freePlaceOf(const fs::path& relative, const fs::path& out) {
   static const std::regex summary("align_data_[0-9]+\\.csv");
-  return std::regex_match(relative.string(), summary) ? freeSummary(out) : out / relative;
+  if (std::regex_match(relative.string(), summary)) return freeSummary(out);
+  fs::path place = out / relative;
+  if (std::error_code ignored; fs::is_directory(place, ignored))
+    throw OutputError(place.string(), "is a folder, where a file belongs");
+  return place;
 }
 
 void moveInto(const fs::path& from, const fs::path& out) {
@@ -51,10 +44,11 @@ void moveInto(const fs::path& from, const fs::path& out) {
       files.push_back(relative);
     }
   }
-  for (const fs::path& relative : files) {
-    const fs::path place = placeOf(relative, out);
-    fs::rename(from / relative, place, failure);
-    require(failure, place);
+  std::vector<fs::path> places;
+  for (const fs::path& relative : files) places.push_back(freePlaceOf(relative, out));
+  for (std::size_t k = 0; k < files.size(); ++k) {
+    fs::rename(from / files[k], places[k], failure);
+    require(failure, places[k]);
   }
 }
 
@@ -69,6 +63,7 @@ OutFolder::OutFolder(const std::string& out) : out_(out) {
   const fs::path parent = fs::absolute(out_).parent_path();
   fs::create_directories(parent, ignored);
   partial_ = std::make_unique<whole_file::PartialFolder>(fs::absolute(out_));
+  watch_ = std::make_unique<files::WriteWatch>(partial_->path().string());
 }
 
 std::string OutFolder::resultFolder(const PolarConfig& config) const {
@@ -81,7 +76,8 @@ std::string OutFolder::resultFolder(const PolarConfig& config) const {
 
 void OutFolder::commit() {
   if (!partial_) return;
-  requireSpace(partial_->path(), out_);
+  if (watch_->failed())
+    throw OutputError(out_.string(), "the files of the run could not be written; is there space left?");
   std::error_code failure;
   fs::create_directory(out_, failure);
   require(failure, out_);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "input/PolarConfig.h"
+#include "platform/OutputFile.h"
 #include "platform/WholeFile.h"
 
 namespace polarline {
@@ -27,6 +28,7 @@ class OutFolder {
  private:
   std::filesystem::path out_;
   std::unique_ptr<whole_file::PartialFolder> partial_;
+  std::unique_ptr<files::WriteWatch> watch_;
 };
 
 }  // namespace polarline

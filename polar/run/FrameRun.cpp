@@ -4,7 +4,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "camera/BrownCamera.h"
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/results/ResultFiles.h"
 #include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
@@ -14,7 +14,7 @@
 
 std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCalibParams& calib) {
   const std::string summary_name = summaryPath(*config, kFrameSummary);
-  std::ofstream summary = files::openOutput(summary_name);
+  files::OutputFile summary(summary_name);
   if (!summary_name.empty()) writeFrameHeader(summary, *config);
   if (!loadRunCameras(*this, calib)) {
     errorText = run_texts::kReadImageError;  // Not the text of the image-set run: callers of frame runs know this one.

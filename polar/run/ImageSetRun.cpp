@@ -9,6 +9,7 @@
 #include "camera/RectifyPair.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/results/ResultFiles.h"
 #include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
@@ -138,7 +139,7 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
       return polar_status::kResultFolder;
     }
   }
-  std::ofstream summary = files::openOutput(freeSummaryPath(*config));
+  files::OutputFile summary(freeSummaryPath(*config));
   writeSummaryHeader(summary, *config);
 
   if (!loadRunCameras(*this, calib)) {

@@ -2,7 +2,7 @@
 #include <fstream>
 
 #include "PolarLinePrecision/Status.h"
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/results/ResultFiles.h"
 #include "polar/results/Summary.h"
 #include "polar/run/PairWalk.h"
@@ -54,7 +54,7 @@ PairStatus evaluatePair(const PairInput& pair, PairEvaluator& evaluator) {
 }  // namespace
 
 std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const RectifiedGeometry& geometry) {
-  std::ofstream summary = files::openOutput(summaryPath(*config, kRectifiedSummary));
+  files::OutputFile summary(summaryPath(*config, kRectifiedSummary));
   writeRectifiedHeader(summary, *config);
   PairEvaluator evaluator = makeRectifiedEvaluator(*this, geometry);
   if (!isStereoSet(*this, arguments)) return polar_status::kImages;

@@ -3,7 +3,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/evaluate/raw/DistanceTables.h"
 #include "polar/geometry/PairTriangulation.h"
@@ -18,10 +18,10 @@ namespace {
 class BoardCheckTable {
  public:
   BoardCheckTable(const PairEvaluator& evaluator, bool wanted)
-      : file_(files::openOutput(wanted && evaluator.config().discalsave
-                                    ? pairFile(evaluator.result_folder, evaluator.image_id, kBoardCheckTable)
-                                    : "",
-                                std::ios::app)),
+      : file_(wanted && evaluator.config().discalsave
+                  ? pairFile(evaluator.result_folder, evaluator.image_id, kBoardCheckTable)
+                  : "",
+              std::ios::app),
         rows_(file_) {
     rows_.row("");
     DistanceTables::columnHeader(rows_, kColumn);
@@ -31,7 +31,7 @@ class BoardCheckTable {
  private:
   static constexpr const char* kColumn = "space_rms";
 
-  std::ofstream file_;
+  files::OutputFile file_;
   TableWriter rows_;
 };
 

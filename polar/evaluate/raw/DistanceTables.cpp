@@ -1,13 +1,13 @@
 #include "polar/evaluate/raw/DistanceTables.h"
 
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/results/ResultFiles.h"
 
 namespace {
 
-std::ofstream openTable(const PairEvaluator& evaluator, bool wanted, const char* suffix) {
+files::OutputFile openTable(const PairEvaluator& evaluator, bool wanted, const char* suffix) {
   const bool saved = wanted && evaluator.config().discalsave;
-  return files::openOutput(saved ? pairFile(evaluator.result_folder, evaluator.image_id, suffix) : "");
+  return files::OutputFile(saved ? pairFile(evaluator.result_folder, evaluator.image_id, suffix) : "");
 }
 
 }  // namespace

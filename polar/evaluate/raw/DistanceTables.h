@@ -1,7 +1,6 @@
 #pragma once
 
-#include <fstream>
-
+#include "platform/OutputFile.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/results/TableWriter.h"
 
@@ -20,6 +19,6 @@ class DistanceTables {
   static void columnHeader(TableWriter& table, const char* figure) { table.row("id_", " ", figure); }
 
  private:
-  std::ofstream distances_file_, points_file_, board_check_file_;
+  files::OutputFile distances_file_, points_file_, board_check_file_;
   TableWriter distances_, points_, board_check_;
 };

@@ -4,6 +4,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/results/ResultFiles.h"
@@ -42,7 +43,7 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
 
   const bool saves_picture = config().tri_bias_savepng_swithch == 1;
   const bool saves_table = config().tir_bias_savecsv_swithch == 1;
-  std::ofstream table = files::openOutput(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
+  files::OutputFile table(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
   cv::Mat picture;
   cv::cvtColor(right_image, picture, cv::COLOR_GRAY2BGR);
 

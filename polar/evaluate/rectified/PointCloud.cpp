@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "PolarLinePrecision/Status.h"
-#include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/evaluate/rectified/IdDistances.h"
 #include "polar/geometry/FourPointMethod.h"
@@ -38,8 +38,8 @@ cv::Point3f reprojectByNumbers(const RectifiedFloats& rectified, const cv::Point
 void reprojectShared(const PairEvaluator& evaluator, const MeasuredPair& pair, const Reprojection& reproject,
                      std::vector<CloudPoint>& cloud) {
   const bool saved = evaluator.config().allpointssavecsv_swithch == 1;
-  std::ofstream table_file = files::openOutput(
-      saved ? pairFile(evaluator.result_folder, evaluator.image_id, "_pointcloud.csv") : std::string());
+  files::OutputFile table_file(saved ? pairFile(evaluator.result_folder, evaluator.image_id, "_pointcloud.csv")
+                                     : std::string());
   TableWriter table(table_file);
   for (const auto& [id, pixel_left] : pair.left_by_id) {
     const auto right = pair.right_by_id.find(id);

@@ -5,6 +5,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Files.h"
+#include "platform/OutputFile.h"
 #include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/geometry/FloatStatistics.h"
@@ -63,7 +64,7 @@ PairStatus PairEvaluator::CheckRowDisparity(const PairInput& rectified_pair, flo
     return saved == 1 ? pairFile(result_folder, image_id, suffix) : std::string();
   };
   const std::string picture_path = outputPath(config().dy_bias_savepng_swithch, "_left_dy.png");
-  std::ofstream table_file = files::openOutput(outputPath(config().dy_bias_savecsv_swithch, "_left_dy.csv"));
+  files::OutputFile table_file(outputPath(config().dy_bias_savecsv_swithch, "_left_dy.csv"));
   TableWriter table(table_file);
   cv::Mat picture = picture_path.empty() ? cv::Mat() : rectified_pair.left_image.clone();
   const RowDifferences differences = compareRows(pair, config().dy_bias_divid, picture, table);

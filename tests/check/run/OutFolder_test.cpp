@@ -96,7 +96,11 @@ TEST_F(OutFolderIn, TellsOfAFullDeviceByItsOwnName) {
   const std::string place = folder.file("new");
   {
     OutFolder out(place);
-    const FullDevice full;
+    const std::string partial = out.resultFolder(config);
+    {
+      const FullDevice full;
+      files::OutputFile(partial + "\\0_dy.csv") << "1";
+    }
     try {
       out.commit();
       FAIL();
@@ -105,6 +109,18 @@ TEST_F(OutFolderIn, TellsOfAFullDeviceByItsOwnName) {
     }
   }
   EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+TEST_F(OutFolderIn, MovesNoFileWhereOneCannotGo) {
+  fs::create_directories(folder.file("there/b.csv"));
+  {
+    OutFolder out(folder.file("there"));
+    const std::string partial = out.resultFolder(config);
+    for (const char* name : {"a.csv", "b.csv", "c.csv"}) put(partial, name, "1");
+    EXPECT_THROW(out.commit(), OutputError);
+  }
+  EXPECT_FALSE(folder.has("there/a.csv"));
+  EXPECT_FALSE(folder.has("there/c.csv"));
 }
 
 }  // namespace
