@@ -192,8 +192,8 @@ void SetCheck::explainPictures() {
       check_.status.text =
           fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
                       is_there ? "can't be decoded" : "can't be read");
-      check_.status.retry = !is_there;
-      if (!is_there) check_.status.advice = "Check that the file is there and may be read, then try again.";
+      check_.status.retry = !is_there && !std::filesystem::is_directory(path, ignored);
+      if (check_.status.retry) check_.status.advice = "Check that the file is there and may be read, then try again.";
       return;
     }
   }
@@ -256,7 +256,6 @@ Check SetCheck::run() {
     check_.status = statusOf("input", error.what(), kUnusable);
   } catch (const OutputError& error) {
     check_.status = statusOf("output", error.what(), kNotWritten);
-    check_.status.retry = true;
   } catch (const std::exception& error) {
     explainException(error);
   }

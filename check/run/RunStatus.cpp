@@ -45,7 +45,9 @@ std::optional<std::string> wordsOf(const std::exception& error) {
 Status statusOf(const std::string& code, const std::string& text, int exit_code) {
   Status status;
   const auto explained = explain(code);
-  if (explained) status = {std::nullopt, explained->name, explained->meaning, explained->advice, false, exit_code};
+  if (explained)
+    status = {std::nullopt,      explained->name,          explained->meaning,
+              explained->advice, exit_code == kNotWritten, exit_code};
   if (!text.empty()) status.text = text;
   return status;
 }

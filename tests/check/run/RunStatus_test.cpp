@@ -22,6 +22,7 @@ TEST_P(RunStatusOf, HasTheExitCodeOfItsKind) {
   const Status status = statusOf(GetParam().status, "");
   EXPECT_EQ(status.code, GetParam().status);
   EXPECT_EQ(status.exit_code, GetParam().exit_code);
+  EXPECT_EQ(status.retry, GetParam().exit_code == 4);
   EXPECT_EQ(status.text.empty(), GetParam().status == 0);
 }
 
