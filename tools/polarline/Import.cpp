@@ -46,6 +46,10 @@ int run(const ImportCommand& command) {
   if (command.output == "-" && command.result.json == "-") {
     throw polarline::InputError("--json", "is - as well as --output; only one can be standard output");
   }
+  if (command.to == "polarline" && !command.output.empty() && command.output != "-" &&
+      !command.output.ends_with(".json")) {
+    throw polarline::InputError("--output " + command.output, "a name that ends in .json was wanted");
+  }
   const polarline::ImportedCalibration imported = polarline::importCalibration(command.files, options);
   const polarline::Calibration& calibration = imported.calibration;
   if (!command.output.empty()) {
@@ -54,7 +58,11 @@ int run(const ImportCommand& command) {
   }
   if (!command.result.json.empty()) deliver(command.result.json, polarline::importedCalibrationJson(imported));
   const bool isTaken = command.output == "-" || command.result.json == "-";
-  if (!command.result.quiet) fmt::print(isTaken ? stderr : stdout, "{}", summary(imported));
+  if (command.result.quiet) return kDone;
+  if (isTaken)
+    fmt::print(stderr, "{}", summary(imported));
+  else
+    deliver("-", summary(imported));
   return kDone;
 }
 
