@@ -2,12 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
+#include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
-#include "tools/polarline/Terminal.h"
 
 namespace command {
 namespace {
@@ -19,18 +18,16 @@ struct Options {
   ResultOptions result;
 };
 
-void showProgress(std::size_t done, std::size_t all) {
-  fmt::print(stderr, "\rLooking at picture {} of {}{}", done, all, done == all ? "\n" : "");
-}
-
 int run(const Options& options) {
   polarline::InitRequest request = options.request;
   request.pairing = polarline::pairByOf(options.pairing);
   if (!options.size.empty()) request.import.size = polarline::sizeOf(options.size);
-  if (terminal::isTerminal(stderr) && !options.result.quiet) request.progress = showProgress;
+  PairProgress progress(options.result.quiet, "picture");
+  request.progress = [&](std::size_t done, std::size_t all) { progress.show(done, all); };
   const polarline::MadeSet made = polarline::initSet(request);
+  progress.clear();
   if (!options.result.json.empty()) deliver(options.result.json, polarline::initJson(made));
-  if (options.result.json != "-" && !options.result.quiet) fmt::print("{}\n", polarline::initText(made));
+  if (options.result.json != "-" && !options.result.quiet) deliver("-", polarline::initText(made) + "\n");
   return kDone;
 }
 

@@ -8,13 +8,14 @@
 
 namespace command {
 
-PairProgress::PairProgress(bool quiet) : visible_(!quiet && terminal::isTerminal(stderr)) {}
+PairProgress::PairProgress(bool quiet, const char* what)
+    : what_(what), visible_(!quiet && terminal::isTerminal(stderr)) {}
 
 void PairProgress::show(std::size_t done, std::size_t all) {
   if (!visible_ || done == 0) return;
   const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
   const double left = passed.count() / static_cast<double>(done) * static_cast<double>(all - done);
-  fmt::print(stderr, "\rpair {} of {}, {:.0f} s left\033[K", done, all, left);
+  fmt::print(stderr, "\r{} {} of {}, {:.0f} s left\033[K", what_, done, all, left);
   std::fflush(stderr);
   shown_ = true;
 }

@@ -8,7 +8,7 @@ namespace command {
 /// A line of progress on standard error, only where that is a terminal: pairs done and the time left.
 class PairProgress {
  public:
-  explicit PairProgress(bool quiet);
+  explicit PairProgress(bool quiet, const char* what = "pair");
   PairProgress(const PairProgress&) = delete;
   PairProgress& operator=(const PairProgress&) = delete;
   ~PairProgress() { clear(); }
@@ -19,6 +19,7 @@ class PairProgress {
   void clear();
 
  private:
+  const char* what_;
   bool visible_;
   bool shown_ = false;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
