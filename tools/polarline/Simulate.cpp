@@ -69,6 +69,7 @@ int run(const Request& request) {
   if (request.list) return listed(request.result);
   if (request.scene.empty()) throw polarline::InputError("SCENE", "found none, wanted a preset or a scene file");
   if (request.print) {
+    if (!request.result.json.empty()) throw polarline::InputError("--json", "has no meaning with --print-scene");
     deliver("-", polarline::sceneFile(request.scene, request.options));
     return kDone;
   }

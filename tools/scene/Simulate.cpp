@@ -64,9 +64,13 @@ SimulatedSet simulate(const std::string& scene, const std::string& folder, const
   const scene::Scene made = sceneNamed(scene, options);
   const std::size_t pairs = made.left_from_board.size();
   scene::SetFolder place(folder, options.scratch, options.force);
-  scene::writeScene(made, place.path(), [&](std::size_t done) {
-    if (options.progress) options.progress(done, pairs);
-  });
+  try {
+    scene::writeScene(made, place.path(), [&](std::size_t done) {
+      if (options.progress) options.progress(done, pairs);
+    });
+  } catch (const OutputError&) {  // Names a scratch folder, which nobody knows and which is gone by now.
+    throw OutputError(folder, "the files of the set could not be written; is there space left?");
+  }
   place.finish();
   return {made.name, folder, pairs, made.seed};
 }
