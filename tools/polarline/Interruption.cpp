@@ -6,10 +6,13 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <string_view>
 #include <thread>
 
 #include "platform/WholeFile.h"
 #include "tools/polarline/Subcommand.h"
+#include "tools/polarline/Terminal.h"
 
 namespace command {
 namespace {
@@ -33,6 +36,9 @@ void waitForSignal() {
   is_interrupted = true;
   std::this_thread::sleep_for(kGrace);
   whole_file::abandonAll();
+  constexpr std::string_view kWords = "polarline: interrupted; nothing was written\n";
+  if (terminal::isTerminal(stderr)) static_cast<void>(!write(STDERR_FILENO, "\r\033[K", 4));
+  static_cast<void>(!write(STDERR_FILENO, kWords.data(), kWords.size()));  // The stream may be locked by now.
   _exit(kInterrupted);
 }
 
