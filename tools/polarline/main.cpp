@@ -3,22 +3,39 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <opencv2/core/utils/logger.hpp>
+#include <sstream>
+#include <string>
 #include <vector>
 
+#include "check/judge/Names.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Interruption.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace {
 
+/// A first word that is no subcommand: CLI11 tells only that one is wanted.
+void demandKnown(const std::vector<command::Subcommand>& subcommands, const std::string& word) {
+  std::vector<std::string> names;
+  for (const command::Subcommand& each : subcommands) names.push_back(each.app->get_name());
+  if (word.starts_with('-') || std::ranges::count(names, word) != 0) return;
+  throw polarline::InputError("'" + word + "'",
+                              "is no subcommand of polarline" + polarline::offer(polarline::nearest(word, names)));
+}
+
 int run(int argc, char** argv) {
   CLI::App polarline;
   const std::vector<command::Subcommand> subcommands = command::describe(polarline);
+  if (argc > 1) demandKnown(subcommands, argv[1]);
   try {
     polarline.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return polarline.exit(error) == 0 ? command::kDone : command::kUnusable;
+    std::ostringstream out;
+    if (polarline.exit(error, out, std::cerr) != 0) return command::kUnusable;
+    command::deliver("-", out.str());
+    return command::kDone;
   }
   const auto chosen = std::ranges::find_if(subcommands, [](const auto& each) { return each.app->parsed(); });
   return chosen->run();
@@ -32,10 +49,10 @@ int failed(int code, const std::exception& error) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  cv::utils::logging::setLogLevel(
-      cv::utils::logging::LOG_LEVEL_SILENT);  // What matters of it is said in our own words.
   try {
-    command::watchForInterruption();
+    command::watchForInterruption();  // Before all else: a signal finds it from the first moment on.
+    cv::utils::logging::setLogLevel(
+        cv::utils::logging::LOG_LEVEL_SILENT);  // What matters of it is said in our own words.
     return run(argc, argv);
   } catch (const polarline::InputError& error) {
     return failed(command::kUnusable, error);
