@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 #include "platform/WholeFile.h"
@@ -57,7 +59,7 @@ class Speaker {
     if (!is_quiet_ && !check.pairs.empty())
       say(table_.conclusion(check));
     else
-      fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
+      tellFailure(check);
   }
   void interrupted() const {
     clearProgress();
@@ -65,6 +67,11 @@ class Speaker {
   }
 
  private:
+  static void tellFailure(const polarline::Check& check) {
+    for (const polarline::Warning& each : check.warnings)
+      fmt::print(stderr, "warning: {}\n  {}\n", each.text, each.advice);
+    fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
+  }
   void say(const std::string& text) const {
     if (!is_quiet_) deliver("-", text);
   }
@@ -87,9 +94,13 @@ class Speaker {
 /// The document at its place: written while the check runs.
 class DocumentFile {
  public:
-  explicit DocumentFile(const std::string& path) : path_(path) {
+  explicit DocumentFile(const std::string& path) {
     if (path.empty()) return;
-    if (path != "-") file_ = std::make_unique<whole_file::PartialFile>(path);
+    if (path != "-")
+      file_ = std::make_unique<whole_file::PartialFile>(path);
+    else
+      collected_.reset(std::tmpfile());
+    if (!file_ && !collected_) throw polarline::OutputError("a temporary file", std::strerror(errno));
     document_ = std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { write(piece); });
   }
   bool isWanted() const { return document_ != nullptr; }
@@ -99,16 +110,25 @@ class DocumentFile {
   void finish(const polarline::Check& check) {
     if (!document_) return;
     document_->finish(check);
-    if (file_) file_->commit();
+    if (file_) return file_->commit();
+    std::rewind(collected_.get());
+    std::string piece(kPiece, ' ');
+    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), collected_.get()))
+      deliver("-", piece.substr(0, count));
   }
 
  private:
   void write(const std::string& piece) const {
     if (file_) return file_->append(piece);
-    deliver(path_, piece);
+    if (std::fwrite(piece.data(), 1, piece.size(), collected_.get()) != piece.size())
+      throw polarline::OutputError("a temporary file", std::strerror(errno));
   }
 
-  std::string path_;
+  static constexpr std::size_t kPiece = std::size_t{1} << 16U;
+  struct Closer {
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+  };
+  std::unique_ptr<std::FILE, Closer> collected_;  ///< Of standard output: nothing half goes there.
   std::unique_ptr<whole_file::PartialFile> file_;
   std::unique_ptr<polarline::CheckDocument> document_;
 };
