@@ -32,6 +32,39 @@ TEST_F(CheckResults, OnAFullDeviceAreTold) {
   notWritten(check(), "standard output: No space left on device");
 }
 
+TEST_F(CheckResults, OfEverySubcommandOnAFullDeviceAreTold) {
+  options.out = "/dev/full";
+  notWritten(run({"explain"}), "standard output: No space left on device");
+  notWritten(run({"--help"}), "standard output: No space left on device");
+  notWritten(run({"--version"}), "standard output: No space left on device");
+  notWritten(run({"import", set.file("calib.json")}), "standard output: No space left on device");
+  notWritten(run({"board", "--board", "dots:5x5:10", "-o", set.parent.file("b.svg")}),
+             "standard output: No space left on device");
+}
+
+TEST_F(CheckResults, CutInTheMiddleAreNotPutInTheirPlace) {
+  set.append("polar.txt", "\ndiscalsave: 1\n");
+  for (const long most : {1000L, 3000L}) {
+    options.most_bytes = most;
+    notWritten(check({"--quiet", "--out", set.parent.file("out")}), set.parent.file("out") + ": ");
+    EXPECT_FALSE(set.parent.has("out"));
+  }
+}
+
+TEST_F(CheckResults, OfASimulationAreCalledByTheUsersName) {
+  options.most_bytes = 1000;
+  const CommandRun run = this->run({"simulate", "ring_320", set.parent.file("made")});
+  notWritten(run, set.parent.file("made") + ": the files of the set could not be written");
+}
+
+TEST_F(CheckResults, OnStandardOutputAreWholeOrNone) {
+  set.repeat(2000);
+  options.seconds_to_signal = 1.0;
+  const CommandRun stopped = check({"--json", "-"});
+  EXPECT_EQ(stopped.exit_code, 130);
+  EXPECT_EQ(stopped.out, "");
+}
+
 TEST_F(CheckResults, ThatOutgrowALimitAreTold) {
   options.most_bytes = 4096;
   notWritten(check({"--quiet", "--json", set.parent.file("r.json")}), "r.json: File too large");
@@ -68,7 +101,9 @@ TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
   fs::remove(set.file("left_0.png"));
   ASSERT_EQ(mkfifo(set.file("left_0.png").c_str(), 0600), 0);  // A reader waits here until somebody writes.
   options.seconds_to_signal = 0.3;
-  interrupted(check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")}));
+  const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
+  interrupted(run);
+  EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing was written"));
 }
 
 TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {

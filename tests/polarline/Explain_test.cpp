@@ -31,6 +31,21 @@ TEST(ExplainCommand, ListsAllWithoutACode) {
   for (const polarline::Explanation& each : polarline::explanations()) EXPECT_THAT(run.out, HasSubstr(each.meaning));
 }
 
+TEST(ExplainCommand, WritesJson) {
+  const CommandRun run({"explain", "exit 3", "--json", "-"});
+  const auto json = nlohmann::json::parse(run.out);
+  EXPECT_EQ(json["schema"], "polarline-explain/1");
+  ASSERT_EQ(json["explanations"].size(), 1U);
+  EXPECT_EQ(json["explanations"][0]["code"], "exit 3");
+  EXPECT_EQ(CommandRun({"explain", "exit 3", "--quiet"}).out, "");
+}
+
+TEST(ExplainCommand, IsOfferedForAMisspeltWord) {
+  const CommandRun run({"explan"});
+  EXPECT_EQ(run.exit_code, 2);
+  EXPECT_THAT(run.err, HasSubstr("'explan': is no subcommand of polarline; did you mean explain?"));
+}
+
 TEST(ExplainCommand, SaysWhereToLookForAnythingElse) {
   const CommandRun run({"explain", "nonsense"});
   EXPECT_EQ(run.exit_code, 2);
