@@ -13,6 +13,7 @@
 #include "PolarLinePrecision/Status.h"
 #include "check/figures/PairReading.h"
 #include "check/figures/Summary.h"
+#include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
@@ -233,6 +234,7 @@ void SetCheck::conclude() {
   const bool all_hold = std::ranges::all_of(check_.limits, &LimitResult::holds);
   if (check_.status.exit_code != kDone) return;
   check_.verdict = all_hold ? Verdict::kPass : Verdict::kFail;
+  warnOfGivenUp(check_);
   if (!all_hold) check_.status.exit_code = kLimitExceeded;
 }
 

@@ -26,16 +26,6 @@ std::string textOf(const std::vector<polarline::Explanation>& all) {
   return text;
 }
 
-int runExplain(const std::string& code) {
-  if (code.empty()) {
-    for (const polarline::Explanation& each : polarline::explanations()) show(each);
-    return kDone;
-  }
-  const auto found = polarline::explainAll(code);
-  if (found.empty())
-    throw polarline::InputError("'" + code + "'",
-                                "no status, warning or exit code is called so; 'polarline explain' lists them");
-  for (const polarline::Explanation& each : found) show(each);
 std::string jsonOf(const std::vector<polarline::Explanation>& all) {
   nlohmann::ordered_json json{{"schema", "polarline-explain/1"}, {"explanations", nlohmann::ordered_json::array()}};
   for (const polarline::Explanation& each : all)
@@ -46,9 +36,11 @@ std::string jsonOf(const std::vector<polarline::Explanation>& all) {
 
 std::vector<polarline::Explanation> wanted(const std::string& code) {
   if (code.empty()) return polarline::explanations();
-  const auto found = polarline::explain(code);
-  if (!found)
-  return {*found};
+  std::vector<polarline::Explanation> found = polarline::explainAll(code);
+  if (found.empty())
+    throw polarline::InputError("'" + code + "'",
+                                "no status, warning or exit code is called so; 'polarline explain' lists them");
+  return found;
 }
 
 int runExplain(const Request& request) {
