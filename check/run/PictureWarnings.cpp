@@ -44,7 +44,7 @@ void PictureWarnings::lookAtPrincipalPoints(int index, const ListedPair& pair, c
     const cv::Size& size = sizes.at(side);
     const cv::Point2d& point = principal_.at(side);
     if (point.x >= 0.0 && point.y >= 0.0 && point.x < size.width && point.y < size.height) continue;
-    return warn("principal_point", index,
+    return warn("principal_point_outside", index,
                 fmt::format("{} is {} pixels; the calibration's principal point (Cx, Cy) is {}, {}",
                             side == 0 ? pair.left : pair.right, shown(size), point.x, point.y));
   }

@@ -33,7 +33,7 @@ TEST(ExplanationsKnow, TheStatusesThatOnlyARunSees) {
 
 TEST(ExplanationsKnow, EveryWarning) {
   for (const char* code : {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures",
-                           "bad_value", "bad_line", "principal_point", "pairs_given_up"})
+                           "bad_value", "bad_line", "principal_point_outside", "pairs_given_up"})
     EXPECT_TRUE(explain(code)) << code;
   for (const warnings::Code& each : calibrations::warningCodes()) {
     const auto explained = explain(each.code);

@@ -105,7 +105,7 @@ TEST_F(PictureWarningsOf, APrincipalPointOutsideIsTold) {
     of.look(2, kPair, kLarge, false);
     of.look(3, kPair, kLarge, false);
     ASSERT_EQ(of.warnings.size(), 1U) << x << ", " << y;
-    EXPECT_EQ(of.warnings[0].code, "principal_point");
+    EXPECT_EQ(of.warnings[0].code, "principal_point_outside");
     EXPECT_EQ(of.warnings[0].pair, 2);
     EXPECT_FALSE(of.warnings[0].advice.empty());
   }
