@@ -46,7 +46,8 @@ void PictureWarnings::lookAtPrincipalPoints(int index, const ListedPair& pair, c
     if (point.x >= 0.0 && point.y >= 0.0 && point.x < size.width && point.y < size.height) continue;
     return warn("principal_point_outside", index,
                 fmt::format("{} is {} pixels; the calibration's principal point (Cx, Cy) is {}, {}",
-                            side == 0 ? pair.left : pair.right, shown(size), point.x, point.y));
+                            side == 0 ? pair.left : pair.right, shown(size), static_cast<float>(point.x),
+                            static_cast<float>(point.y)));
   }
 }
 
