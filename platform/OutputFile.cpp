@@ -27,7 +27,12 @@ OutputFile::OutputFile(const std::string& path, std::ios::openmode mode)
 OutputFile::~OutputFile() {
   if (path_.empty()) return;
   close();  // The last bytes go out here. A stream that never opened fails, too.
-  if (fail()) noteFailedWrite(path_);
+  if (!fail()) return;
+  try {
+    noteFailedWrite(path_);
+  } catch (...) {  // Without memory the watches learn of it by the next failure.
+    return;
+  }
 }
 
 WriteWatch::WriteWatch(std::string folder) : folder_(std::move(folder)) {
