@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <memory>
 
 #include "check/document/JsonText.h"
@@ -111,14 +112,14 @@ void writeCameras(JsonText& json, const Cameras& cameras) {
   json.member("width", cameras.width).member("height", cameras.height);
   writeCamera(json, "left", cameras.left);
   writeCamera(json, "right", cameras.right);
-  static constexpr const char* kNames[] = {"rx", "ry", "rz", "tx", "ty", "tz"};
+  static constexpr std::array kNames = {"rx", "ry", "rz", "tx", "ty", "tz"};
   json.key("extrinsics");
   if (cameras.extrinsics.empty()) {
     json.null().end();
     return;
   }
   json.object();
-  for (std::size_t k = 0; k < cameras.extrinsics.size(); ++k) json.member(kNames[k], cameras.extrinsics[k]);
+  for (std::size_t k = 0; k < cameras.extrinsics.size(); ++k) json.member(kNames.at(k), cameras.extrinsics[k]);
   json.end().end();
 }
 

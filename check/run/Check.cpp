@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "check/figures/PairReading.h"
@@ -45,7 +46,7 @@ std::string nameOf(const std::string& path) {
 /// One check from its inputs to its verdict.
 class SetCheck final : public RunObserver {
  public:
-  SetCheck(const Set& set, const CheckOptions& options) : set_(set), options_(options) {}
+  SetCheck(Set set, const CheckOptions& options) : set_(std::move(set)), options_(options) {}
 
   Check run();
   void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) override;

@@ -39,7 +39,7 @@ void requireFile(const std::string& path) {
 /// The first of the names that the folder has; empty for none.
 std::string found(const std::string& folder, std::initializer_list<const char*> names) {
   for (const char* name : names) {
-    const std::string path = (fs::path(folder) / name).string();
+    std::string path = (fs::path(folder) / name).string();
     std::error_code failure;
     if (fs::exists(path, failure)) return path;
     if (failure) throw InputError(path, failure.message());

@@ -42,6 +42,16 @@ TEST_F(CheckResults, OfEverySubcommandOnAFullDeviceAreTold) {
              "standard output: No space left on device");
 }
 
+TEST_F(CheckResults, ReplaceNoInput) {
+  for (const char* input : {"calib.json", "list.txt", "left_0.png"}) {
+    const std::string before = set.read(input);
+    const CommandRun run = check({"--json", set.file(input)});
+    EXPECT_EQ(run.exit_code, 2);
+    EXPECT_THAT(run.err, HasSubstr("is an input; name another file for --json"));
+    EXPECT_EQ(set.read(input), before);
+  }
+}
+
 TEST_F(CheckResults, CutInTheMiddleAreNotPutInTheirPlace) {
   set.append("polar.txt", "\ndiscalsave: 1\n");
   for (const long most : {1000L, 3000L}) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "polarline/errors.h"
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace command {
@@ -31,6 +32,7 @@ struct Options {
 };
 
 int run(const Options& options) {
+  requireSeparate({{"--output", options.output}, {"--json", options.result.json}}, {options.target});
   if (options.output == "-" && options.result.json == "-") {
     throw polarline::InputError("--json", "standard output is taken by --output; wanted one of them in a file");
   }

@@ -12,6 +12,7 @@
 #include "polarline/errors.h"
 #include "tools/polarline/CheckTable.h"
 #include "tools/polarline/Interruption.h"
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 #include "tools/polarline/Terminal.h"
 
@@ -63,25 +64,24 @@ class Speaker {
   }
   void interrupted() const {
     clearProgress();
-    fmt::print(stderr, "polarline: interrupted; nothing was written\n");
+    tell("polarline: interrupted; nothing was written\n");
   }
 
  private:
   static void tellFailure(const polarline::Check& check) {
-    for (const polarline::Warning& each : check.warnings)
-      fmt::print(stderr, "warning: {}\n  {}\n", each.text, each.advice);
-    fmt::print(stderr, "polarline: {}\n{}\n", check.status.text, check.status.advice);
+    for (const polarline::Warning& each : check.warnings) tell("warning: {}\n  {}\n", each.text, each.advice);
+    tell("polarline: {}\n{}\n", check.status.text, check.status.advice);
   }
   void say(const std::string& text) const {
     if (!is_quiet_) deliver("-", text);
   }
   void clearProgress() const {
-    if (shows_progress_) fmt::print(stderr, "\r\x1b[K");
+    if (shows_progress_) tell("\r\x1b[K");
   }
   void progress(std::size_t count) const {
     const double passed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
     const double left = passed / static_cast<double>(done_) * static_cast<double>(count - done_);
-    fmt::print(stderr, "pair {} of {}, {:.0f} s left", done_, count, left);
+    tell("pair {} of {}, {:.0f} s left", done_, count, left);
   }
 
   bool is_quiet_;
@@ -133,7 +133,17 @@ class DocumentFile {
   std::unique_ptr<polarline::CheckDocument> document_;
 };
 
+/// Of a set that can't be used what was named.
+std::vector<std::string> inputsOf(const polarline::Set& set) {
+  try {
+    return polarline::filesOf(set);
+  } catch (const polarline::InputError&) {
+    return {set.polar, set.target, set.calibration, set.list, set.board, set.limits};
+  }
+}
+
 int runCheck(Arguments& arguments) {
+  requireSeparate({{"--json", arguments.result.json}}, inputsOf(arguments.set));
   takePairs(arguments);
   Speaker speaker(arguments.result);
   DocumentFile document(arguments.result.json);

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "polarline/errors.h"
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace command {
@@ -41,7 +42,7 @@ std::vector<std::string> deliverPictures(const Options& options, const cv::Mat& 
 void tell(const Options& options, const polarline::Detection& detection, const std::vector<std::string>& pictures) {
   if (options.result.quiet || options.usesStandardOutput()) {
     if (!detection.found)
-      fmt::print(stderr, "polarline: {}: {}\nadvice: {}\n", options.image, detection.text, detection.advice);
+      command::tell("polarline: {}: {}\nadvice: {}\n", options.image, detection.text, detection.advice);
     return;
   }
   std::string text = detectionTable(detection);
@@ -53,6 +54,7 @@ void tell(const Options& options, const polarline::Detection& detection, const s
 }
 
 int run(const Options& options) {
+  requireSeparate({{"--csv", options.csv}, {"--json", options.result.json}}, {options.image, options.target});
   const cv::Mat image = polarline::readPicture(options.image);
   const polarline::Detection detection = polarline::detect(image, options.target);
   deliverDocuments(options, detection);

@@ -4,6 +4,7 @@
 
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace command {
@@ -39,6 +40,7 @@ std::string summary(const polarline::ImportedCalibration& imported) {
 }
 
 int run(const ImportCommand& command) {
+  requireSeparate({{"--output", command.output}, {"--json", command.result.json}}, command.files);
   polarline::ImportOptions options = command.options;
   if (!command.size.empty()) options.size = polarline::sizeOf(command.size);
   if (!command.pair.empty()) options.pair = {command.pair.at(0), command.pair.at(1)};
@@ -60,7 +62,7 @@ int run(const ImportCommand& command) {
   const bool isTaken = command.output == "-" || command.result.json == "-";
   if (command.result.quiet) return kDone;
   if (isTaken)
-    fmt::print(stderr, "{}", summary(imported));
+    tell("{}", summary(imported));
   else
     deliver("-", summary(imported));
   return kDone;

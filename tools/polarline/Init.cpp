@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
 
@@ -19,6 +20,7 @@ struct Options {
 };
 
 int run(const Options& options) {
+  requireSeparate({{"--json", options.result.json}}, options.request.calibration);
   polarline::InitRequest request = options.request;
   request.pairing = polarline::pairByOf(options.pairing);
   if (!options.size.empty()) request.import.size = polarline::sizeOf(options.size);

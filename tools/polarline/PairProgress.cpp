@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "tools/polarline/Subcommand.h"
 #include "tools/polarline/Terminal.h"
 
 namespace command {
@@ -15,13 +16,13 @@ void PairProgress::show(std::size_t done, std::size_t all) {
   if (!visible_ || done == 0) return;
   const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
   const double left = passed.count() / static_cast<double>(done) * static_cast<double>(all - done);
-  fmt::print(stderr, "\r{} {} of {}, {:.0f} s left\033[K", what_, done, all, left);
+  tell("\r{} {} of {}, {:.0f} s left\033[K", what_, done, all, left);
   std::fflush(stderr);
   shown_ = true;
 }
 
 void PairProgress::clear() {
-  if (shown_) fmt::print(stderr, "\r\033[K");
+  if (shown_) tell("\r\033[K");
   shown_ = false;
 }
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace command {
@@ -47,6 +51,12 @@ void addResultOptions(CLI::App& app, ResultOptions& options);
 
 /// Ends the help of a subcommand with an example, which a test runs: a command line that begins with "polarline".
 void addExample(CLI::App& app, const std::string& example);
+
+/// Says something on standard error. That this can't be written changes nothing: the exit code still tells.
+template <typename... Values>
+void tell(fmt::format_string<Values...> words, Values&&... values) {
+  std::fputs(fmt::format(words, std::forward<Values>(values)...).c_str(), stderr);
+}
 
 /// Puts a text at a path, whole or not at all; "-" is standard output. Throws `polarline::OutputError`.
 void deliver(const std::string& path, const std::string& text);

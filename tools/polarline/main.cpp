@@ -42,7 +42,7 @@ int run(int argc, char** argv) {
 }
 
 int failed(int code, const std::exception& error) {
-  fmt::print(stderr, "polarline: {}\n", error.what());
+  command::tell("polarline: {}\n", error.what());
   return code;
 }
 
@@ -50,7 +50,7 @@ int failed(int code, const std::exception& error) {
 
 int main(int argc, char** argv) {
   try {
-    command::watchForInterruption();  // Before all else: a signal finds it from the first moment on.
+    command::watchForInterruption();  // Before all else of ours.
     cv::utils::logging::setLogLevel(
         cv::utils::logging::LOG_LEVEL_SILENT);  // What matters of it is said in our own words.
     return run(argc, argv);
