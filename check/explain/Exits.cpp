@@ -1,9 +1,11 @@
+#include <array>
+
 #include "check/explain/Tables.h"
 
 namespace polarline {
 namespace {
 
-constexpr Entry kEntries[] = {
+constexpr auto kEntries = std::to_array<Entry>({
     {"exit 0", "done", "Done, and every limit holds.", ""},
     {"exit 1", "limit_exceeded", "A limit is exceeded.", "The table marks the figure and the pair."},
     {"exit 2", "unusable", "The command line or an input can't be used.",
@@ -12,7 +14,7 @@ constexpr Entry kEntries[] = {
     {"exit 4", "result_not_written", "A result could not be written.",
      "Try again when there is space and the right to write."},
     {"exit 130", "stopped", "Interrupted; nothing half was left.", "Run it again."},
-};
+});
 
 }  // namespace
 

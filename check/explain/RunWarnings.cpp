@@ -1,9 +1,11 @@
+#include <array>
+
 #include "check/explain/Tables.h"
 
 namespace polarline {
 namespace {
 
-constexpr Entry kEntries[] = {
+constexpr auto kEntries = std::to_array<Entry>({
     {"unknown_key", "unknown_key", "The polar configuration has a key that nothing reads.",
      "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not "
      "expect. Or take the line out."},
@@ -33,7 +35,7 @@ constexpr Entry kEntries[] = {
      "Keep the board's surround free of specks, and compare the board's description with the board."},
     {"too_few_dots", "too_few_dots", "Many of the board's dots were not numbered.",
      "Bring the whole board into view, with even light and without reflections."},
-};
+});
 
 }  // namespace
 

@@ -1,9 +1,11 @@
+#include <array>
+
 #include "check/explain/Tables.h"
 
 namespace polarline {
 namespace {
 
-constexpr Entry kEntries[] = {
+constexpr auto kEntries = std::to_array<Entry>({
     {"0", "success", "The run came to its end with at least one finished pair.", ""},
     {"1", "input_unreadable", "The image list could not be read, or a polynomial table is missing.",
      "Compare the list with docs/formats/image_list.md: a header line '#L R', then two file names a line."},
@@ -55,7 +57,7 @@ constexpr Entry kEntries[] = {
      "Mend the file that the text names."},
     {"output", "not_written", "A result could not be written.",
      "Check that the folder is there, may be written and has space left."},
-};
+});
 
 }  // namespace
 

@@ -1,9 +1,11 @@
+#include <array>
+
 #include "check/explain/Tables.h"
 
 namespace polarline {
 namespace {
 
-constexpr Entry kEntries[] = {
+constexpr auto kEntries = std::to_array<Entry>({
 
     {"image", "image", "Step of a detection: the picture or the target can't be used.",
      "Give an 8-bit or 16-bit picture that decodes, and a target that loads."},
@@ -25,7 +27,7 @@ constexpr Entry kEntries[] = {
     {"filter", "filter",
      "Step of a detection: all numbered dots were taken out by the ids or the region that are wanted.",
      "Look at detection_id and detection_switch of the target."},
-};
+});
 
 }  // namespace
 

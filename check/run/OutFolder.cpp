@@ -45,6 +45,7 @@ void moveInto(const fs::path& from, const fs::path& out) {
     }
   }
   std::vector<fs::path> places;
+  places.reserve(files.size());
   for (const fs::path& relative : files) places.push_back(freePlaceOf(relative, out));
   for (std::size_t k = 0; k < files.size(); ++k) {
     fs::rename(from / files[k], places[k], failure);

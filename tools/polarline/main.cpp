@@ -19,6 +19,7 @@ namespace {
 /// A first word that is no subcommand: CLI11 tells only that one is wanted.
 void demandKnown(const std::vector<command::Subcommand>& subcommands, const std::string& word) {
   std::vector<std::string> names;
+  names.reserve(subcommands.size());
   for (const command::Subcommand& each : subcommands) names.push_back(each.app->get_name());
   if (word.starts_with('-') || std::ranges::count(names, word) != 0) return;
   throw polarline::InputError("'" + word + "'",
