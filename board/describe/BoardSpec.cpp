@@ -31,7 +31,7 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
   return pieces;
 }
 
-/// A specification while it is read: where a failure says what it is about.
+/// A board in words while it is read: where a failure says what it is about.
 class SpecReader {
  public:
   explicit SpecReader(const std::string& spec) : spec_(spec) {}

@@ -7,7 +7,7 @@
 namespace manual {
 namespace {
 
-/// Text within single quotes and, there, within a specification of `_arguments`.
+/// Text within single quotes and, there, within a form of `_arguments`.
 std::string quoted(const std::string& text) {
   std::string shown;
   for (const char c : text) {
@@ -31,7 +31,7 @@ std::string action(const Values& values) {
   return words.empty() ? " " : "(" + words + ")";
 }
 
-std::string specification(const Option& option) {
+std::string argumentForm(const Option& option) {
   std::string text;
   const std::string value =
       option.value.empty() ? "" : fmt::format(":{}:{}", quoted(option.value), action(option.values));
@@ -41,16 +41,16 @@ std::string specification(const Option& option) {
   return text;
 }
 
-std::string specification(const Option& positional, std::size_t place) {
+std::string argumentForm(const Option& positional, std::size_t place) {
   const std::string where = positional.is_repeatable ? "*" : std::to_string(place);
   return fmt::format(" \\\n        '{}:{}:{}'", where, quoted(positional.names.front()), action(positional.values));
 }
 
 std::string caseOf(const Command& command) {
   std::string text = fmt::format("    {})\n      _arguments", command.name);
-  for (const Option& option : command.options()) text += specification(option);
+  for (const Option& option : command.options()) text += argumentForm(option);
   std::size_t place = 0;
-  for (const Option& positional : command.positionals) text += specification(positional, ++place);
+  for (const Option& positional : command.positionals) text += argumentForm(positional, ++place);
   return text + " ;;\n";
 }
 
@@ -64,7 +64,7 @@ std::string zshCompletion(const Command& polarline) {
     cases += caseOf(each);
   }
   std::string options;
-  for (const Option& option : polarline.options()) options += specification(option);
+  for (const Option& option : polarline.options()) options += argumentForm(option);
   return "#compdef polarline\n# zsh completion for polarline\n_polarline() {\n  local -a subcommands=(\n" +
          subcommands + "  )\n  local curcontext=$curcontext state line\n  typeset -A opt_args\n  _arguments -C" +
          options + " \\\n        '1:subcommand:->subcommand' '*::argument:->argument'\n" +
