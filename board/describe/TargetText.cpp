@@ -71,7 +71,7 @@ void addDetection(const kestrune::RingTargetConfig& config, Lines& lines) {
 std::string targetIni(const BoardDescription& board) {
   const kestrune::RingTargetConfig config = boards::detectorConfig(board);
   Lines lines;
-  lines.comment("Board " + boardSpec(board));
+  lines.comment("Board " + boardText(board));
   addGeometry(config, lines);
   if (!boards::isRingBoard(board)) addDetection(config, lines);
   return lines.text();

@@ -12,14 +12,14 @@ namespace polarline {
 std::string boardSummary(const BoardDescription& board, const PrintedBoard& printed) {
   return fmt::format(
       "{}, up to {} of {} ids to be detected, on {} ({} x {} mm). Print it at 100 %: the ruler must measure {} mm.",
-      boardSpec(board), detectablePoints(board), board.rows * board.cols, printed.paper, printed.width, printed.height,
+      boardText(board), detectablePoints(board), board.rows * board.cols, printed.paper, printed.width, printed.height,
       boards::kRulerLength);
 }
 
 std::string boardJson(const BoardDescription& board, const PrintedBoard& printed) {
   nlohmann::ordered_json json;
   json["schema"] = "polarline-board/1";
-  json["board"] = {{"spec", boardSpec(board)},
+  json["board"] = {{"text", boardText(board)},
                    {"type", boards::isRingBoard(board) ? 2 : 3},
                    {"rows", board.rows},
                    {"cols", board.cols},

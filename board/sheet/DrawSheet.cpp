@@ -133,7 +133,7 @@ class SheetPen {
 };
 
 std::vector<std::string> smallPrint(const BoardDescription& board, const std::string& title) {
-  const std::string words = fmt::format("{}, {} x {} mm between the outermost centres", boardSpec(board),
+  const std::string words = fmt::format("{}, {} x {} mm between the outermost centres", boardText(board),
                                         (board.cols - 1) * board.step, (board.rows - 1) * rowStep(board));
   const std::string version = fmt::format("polarline {}, true size: 100 on the ruler are 100 mm", PLP_VERSION);
   return title.empty() ? std::vector{words, version} : std::vector{title, words, version};
@@ -162,7 +162,7 @@ Sheet drawSheet(const BoardDescription& board, const polarline::BoardPrint& prin
   pen.drawCornerIds();
   pen.drawRuler();
   pen.drawPrint(lines);
-  return pen.finished(title.empty() ? "Board " + boardSpec(board) : title);
+  return pen.finished(title.empty() ? "Board " + boardText(board) : title);
 }
 
 }  // namespace boards

@@ -171,7 +171,7 @@ void tellInputs(Work& work, const PolarConfig& config) {
   MadeSet& made = work.made;
   const Calibration& calibration = work.calibration.calibration;
   made.folder = work.request.folder;
-  made.board = boardSpec(work.board);
+  made.board = boardText(work.board);
   made.type = calibration.type;
   made.model = init::modelName(calibration.type);
   made.calibration_format = work.calibration.format;

@@ -44,7 +44,7 @@ std::string initJson(const MadeSet& set) {
       {"alone", {{"left", set.alone_left}, {"right", set.alone_right}}},
       {"pictures",
        {{"width", set.picture.width}, {"height", set.picture.height}, {"channels", set.channels}, {"bits", set.bits}}},
-      {"board", {{"spec", set.board}, {"expected", set.expected}}},
+      {"board", {{"text", set.board}, {"expected", set.expected}}},
       {"first_pair", {{"left", detectionJson(set.left)}, {"right", detectionJson(set.right)}}},
       {"calibration",
        {{"format", set.calibration_format}, {"type", set.type}, {"model", set.model}, {"baseline", set.baseline}}},

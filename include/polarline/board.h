@@ -69,7 +69,7 @@ struct BoardDescription {
 /// and `outter` (WIDTHxHEIGHT in dots), `step_y`, `dot` (radius in pitches), `numbering` (`growth`, `search`) and
 /// `marks` (four places COLUMN,ROW joined by `/`). Rectangles that are left out suit the size. The board has passed
 /// `checkBoard`. Throws `InputError` that names the piece, or the reason why the board can't be numbered.
-POLARLINE_API BoardDescription parseBoard(const std::string& spec);
+POLARLINE_API BoardDescription parseBoard(const std::string& text);
 
 /// The rings to draw, which a target configuration does not tell.
 enum class BoardRings { kSmall, kBig, kMixed };
@@ -82,7 +82,7 @@ POLARLINE_API BoardDescription readBoard(const std::string& path, BoardRings rin
 POLARLINE_API void checkBoard(const BoardDescription& board);
 
 /// The board in the words of `parseBoard`.
-POLARLINE_API std::string boardSpec(const BoardDescription& board);
+POLARLINE_API std::string boardText(const BoardDescription& board);
 
 /// The target configuration of a board: `key: value` lines, a comment above each. To be saved under a name that ends
 /// in "ini".
@@ -132,7 +132,7 @@ POLARLINE_API PrintedBoard printBoard(const BoardDescription& board, const Board
 /// What was printed, in a sentence: board, sheet, points, and what to look at.
 POLARLINE_API std::string boardSummary(const BoardDescription& board, const PrintedBoard& printed);
 
-/// The same as a JSON document: `schema` "polarline-board/1", `board` (`spec`, `type`, `rows`, `cols`, `step`,
+/// The same as a JSON document: `schema` "polarline-board/1", `board` (`text`, `type`, `rows`, `cols`, `step`,
 /// `step_y`, `points`, `detectable_points`) and `sheet` (`paper`, `width_mm`, `height_mm`, `ruler_mm`).
 POLARLINE_API std::string boardJson(const BoardDescription& board, const PrintedBoard& printed);
 

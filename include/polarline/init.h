@@ -64,7 +64,7 @@ struct MadeSet {
   Size picture;              ///< Of every picture.
   int channels = 0;          ///< Of every picture.
   int bits = 0;              ///< 8 or 16, of every channel.
-  std::string board;         ///< In the words of `boardSpec`.
+  std::string board;         ///< In the words of `boardText`.
   std::size_t expected = 0;  ///< Dots that a good picture of the whole board gives.
   InitDetection left;        ///< Of the first pair.
   InitDetection right;

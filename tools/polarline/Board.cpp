@@ -62,7 +62,7 @@ Subcommand addBoard(CLI::App& polarline) {
       "--board", options->board,
       "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots, and NAME "
       "inner, outter, step_y, dot, numbering or marks; a board unit is a millimetre");
-  words->type_name("SPEC");
+  words->type_name("BOARD");
   source->require_option(1);
   app->add_option("-o,--output", options->output, "File to write: .svg, .pdf or .png; - is an SVG on standard output")
       ->required()

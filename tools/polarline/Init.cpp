@@ -43,7 +43,7 @@ void addInputs(CLI::App& app, polarline::InitRequest& request) {
                  "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots (see "
                  "polarline board)")
       ->required()
-      ->type_name("SPEC");
+      ->type_name("BOARD");
   app.add_option("--calibration", request.calibration, "Calibration of any tool (see polarline import), or ours")
       ->required()
       ->type_name("FILE");

@@ -11,7 +11,7 @@ using polarline::BoardDescription;
 
 struct Refused {
   const char* name;
-  const char* spec;
+  const char* board;
   void (*spoil)(BoardDescription& board);
   const char* words;
 };
@@ -19,7 +19,7 @@ struct Refused {
 class CheckBoardRefused : public testing::TestWithParam<Refused> {};
 
 TEST_P(CheckBoardRefused, SaysWhatWasFoundAndWanted) {
-  BoardDescription board = polarline::parseBoard(GetParam().spec);
+  BoardDescription board = polarline::parseBoard(GetParam().board);
   GetParam().spoil(board);
   expectRefused([&] { polarline::checkBoard(board); }, GetParam().words);
 }

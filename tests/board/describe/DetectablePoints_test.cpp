@@ -5,14 +5,14 @@
 namespace {
 
 struct Case {
-  const char* spec;
+  const char* board;
   int points;
 };
 
 class DetectablePointsOf : public testing::TestWithParam<Case> {};
 
 TEST_P(DetectablePointsOf, LeaveOutWhatTheDetectorDoes) {
-  EXPECT_EQ(polarline::detectablePoints(polarline::parseBoard(GetParam().spec)), GetParam().points);
+  EXPECT_EQ(polarline::detectablePoints(polarline::parseBoard(GetParam().board)), GetParam().points);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -8,14 +8,14 @@
 namespace {
 
 struct Refused {
-  const char* spec;
+  const char* board;
   const char* words;
 };
 
 class MarkerRulesRefused : public testing::TestWithParam<Refused> {};
 
 TEST_P(MarkerRulesRefused, GivesTheReason) {
-  expectRefused([] { polarline::parseBoard(GetParam().spec); }, GetParam().words);
+  expectRefused([] { polarline::parseBoard(GetParam().board); }, GetParam().words);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -20,7 +20,7 @@ TEST_P(TargetTextOf, ReadsBackAsTheBoard) {
   const auto rings = board.kind == polarline::BoardKind::kBigRings     ? polarline::BoardRings::kBig
                      : board.kind == polarline::BoardKind::kMixedRings ? polarline::BoardRings::kMixed
                                                                        : polarline::BoardRings::kSmall;
-  EXPECT_EQ(polarline::boardSpec(polarline::readBoard(path, rings)), polarline::boardSpec(board));
+  EXPECT_EQ(polarline::boardText(polarline::readBoard(path, rings)), polarline::boardText(board));
 }
 
 TEST_P(TargetTextOf, HasACommentAboveEachKey) {

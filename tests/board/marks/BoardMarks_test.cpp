@@ -13,7 +13,7 @@ namespace {
 using polarline::BoardDescription;
 
 struct Case {
-  const char* spec;
+  const char* board;
   scene::BoardKind kind;
 };
 
@@ -35,7 +35,7 @@ scene::Board sceneBoard(const BoardDescription& board, scene::BoardKind kind) {
 class BoardMarksOfAKind : public testing::TestWithParam<Case> {};
 
 TEST_P(BoardMarksOfAKind, AreThoseOfTheRenderer) {
-  const BoardDescription board = polarline::parseBoard(GetParam().spec);
+  const BoardDescription board = polarline::parseBoard(GetParam().board);
   const std::vector<boards::Mark> marks = boards::marksOf(board);
   const std::vector<scene::Mark> wanted = scene::marksOf(sceneBoard(board, GetParam().kind));
   ASSERT_EQ(marks.size(), wanted.size());

@@ -26,7 +26,7 @@ constexpr double kMillimetresPerInch = 25.4;
 
 struct Case {
   const char* name;
-  const char* spec;
+  const char* board;
   int width;  ///< Of the picture, pixels.
 };
 
@@ -67,7 +67,7 @@ void expectEveryId(const BoardDescription& board, const std::map<int, cv::Point2
 
 class PrintBoardOf : public testing::TestWithParam<Case> {
  protected:
-  BoardDescription board_ = polarline::parseBoard(GetParam().spec);
+  BoardDescription board_ = polarline::parseBoard(GetParam().board);
   std::string target_ = polarline::targetIni(board_);
 };
 
@@ -123,8 +123,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 /// Pictures of 2048 columns and more are searched at half their size, so the largest boards are looked at there, too.
 TEST(PrintBoard, IsDetectedInALargePicture) {
-  for (const char* spec : {"rings-small:71x73:17.5:inner=17x13:outter=33x25", "rings-big:35x37:20"}) {
-    const BoardDescription board = polarline::parseBoard(spec);
+  for (const char* words : {"rings-small:71x73:17.5:inner=17x13:outter=33x25", "rings-big:35x37:20"}) {
+    const BoardDescription board = polarline::parseBoard(words);
     const SvgPicture picture(printed(board, BoardFormat::kSvg));
     const double pixels = 2448.0 / picture.width;
     cv::Mat grey = picture.rendered(pixels);

@@ -19,7 +19,7 @@ using boards::Sheet;
 using polarline::Paper;
 
 struct Case {
-  const char* spec;
+  const char* board;
   Paper paper;
 };
 
@@ -30,7 +30,7 @@ class DrawSheetOf : public testing::TestWithParam<Case> {
     print.paper = GetParam().paper;
     return boards::drawSheet(board_, print);
   }
-  polarline::BoardDescription board_ = polarline::parseBoard(GetParam().spec);
+  polarline::BoardDescription board_ = polarline::parseBoard(GetParam().board);
 };
 
 /// The rectangle of all ink of dots and markers.

@@ -10,7 +10,7 @@ namespace {
 using polarline::Paper;
 
 struct Case {
-  const char* spec;
+  const char* board;
   Paper paper;
   const char* name;
   double width, height;
@@ -19,7 +19,7 @@ struct Case {
 class PaperSizesOf : public testing::TestWithParam<Case> {};
 
 TEST_P(PaperSizesOf, LieAsTheBoardFits) {
-  const boards::ChosenPaper chosen = boards::choosePaper(polarline::parseBoard(GetParam().spec), GetParam().paper, 2);
+  const boards::ChosenPaper chosen = boards::choosePaper(polarline::parseBoard(GetParam().board), GetParam().paper, 2);
   EXPECT_EQ(chosen.name, GetParam().name);
   EXPECT_EQ(chosen.size.width, GetParam().width);
   EXPECT_EQ(chosen.size.height, GetParam().height);

@@ -9,10 +9,10 @@ namespace {
 
 using polarline::BoardDescription;
 using polarline::BoardKind;
-using polarline::boardSpec;
+using polarline::boardText;
 using polarline::parseBoard;
 
-TEST(BoardSpec, ReadsKindCountsAndStep) {
+TEST(BoardText, ReadsKindCountsAndStep) {
   const BoardDescription board = parseBoard("rings-big:37x35:17.5");
   EXPECT_EQ(board.kind, BoardKind::kBigRings);
   EXPECT_EQ(board.cols, 37);
@@ -21,7 +21,7 @@ TEST(BoardSpec, ReadsKindCountsAndStep) {
   EXPECT_EQ(board.step_y, 0.0);
 }
 
-TEST(BoardSpec, ReadsTheOptions) {
+TEST(BoardText, ReadsTheOptions) {
   const BoardDescription board =
       parseBoard("dots:26x18:20:inner=4x6:outter=11x9:step_y=24:dot=0.25:numbering=search:marks=5,10/12,10/12,5/6,5");
   EXPECT_EQ(board.kind, BoardKind::kBigDots);
@@ -37,15 +37,15 @@ TEST(BoardSpec, ReadsTheOptions) {
   EXPECT_EQ(board.land_marks[3].row, 5);
 }
 
-TEST(BoardSpec, WritesThePitchOfTheRowsOutForTheSearch) {
+TEST(BoardText, WritesThePitchOfTheRowsOutForTheSearch) {
   EXPECT_EQ(parseBoard("dots:15x15:20:numbering=search").step_y, 20.0);
 }
 
-class BoardSpecText : public testing::TestWithParam<const char*> {};
+class BoardTextRead : public testing::TestWithParam<const char*> {};
 
-TEST_P(BoardSpecText, ReadsAsItIsWritten) { EXPECT_EQ(boardSpec(parseBoard(GetParam())), GetParam()); }
+TEST_P(BoardTextRead, ReadsAsItIsWritten) { EXPECT_EQ(boardText(parseBoard(GetParam())), GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(, BoardSpecText,
+INSTANTIATE_TEST_SUITE_P(, BoardTextRead,
                          testing::Values("rings-small:35x37:17.5:inner=9x7:outter=17x13",
                                          "rings-big:35x37:20:inner=9x7:outter=17x13:dot=0.28",
                                          "rings-mixed:35x37:20:inner=9x7:outter=17x13",
@@ -53,18 +53,18 @@ INSTANTIATE_TEST_SUITE_P(, BoardSpecText,
                                          "dots:35x37:0.125:inner=5x5:outter=17x13:marks=5,20/12,20/12,14/6,14"));
 
 struct Refused {
-  const char* spec;
+  const char* board;
   const char* words;
 };
 
-class BoardSpecRefused : public testing::TestWithParam<Refused> {};
+class BoardTextRefused : public testing::TestWithParam<Refused> {};
 
-TEST_P(BoardSpecRefused, SaysWhatWasFoundAndWanted) {
-  expectRefused([] { parseBoard(GetParam().spec); }, GetParam().words);
+TEST_P(BoardTextRefused, SaysWhatWasFoundAndWanted) {
+  expectRefused([] { parseBoard(GetParam().board); }, GetParam().words);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , BoardSpecRefused,
+    , BoardTextRefused,
     testing::Values(Refused{"", "board '': found '', wanted KIND:COLSxROWS:STEP"},
                     Refused{"dots:15x15", "wanted KIND:COLSxROWS:STEP"},
                     Refused{"rings:15x15:20", "found 'rings', wanted one of rings-small"},

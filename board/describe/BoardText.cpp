@@ -32,13 +32,13 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 }
 
 /// A board in words while it is read: where a failure says what it is about.
-class SpecReader {
+class BoardReader {
  public:
-  explicit SpecReader(const std::string& spec) : spec_(spec) {}
+  explicit BoardReader(const std::string& text) : text_(text) {}
 
   BoardDescription read() {
-    const std::vector<std::string_view> pieces = split(spec_, ':');
-    if (pieces.size() < 3) fail(spec_, kForm);
+    const std::vector<std::string_view> pieces = split(text_, ':');
+    if (pieces.size() < 3) fail(text_, kForm);
     board_.kind = kind(pieces[0]);
     std::tie(board_.cols, board_.rows) = counts(pieces[1], 'x', "COLSxROWS, two whole numbers from 3 to 65535");
     board_.step = number(pieces[2], "a step in board units, above 0");
@@ -51,7 +51,7 @@ class SpecReader {
 
  private:
   [[noreturn]] void fail(std::string_view found, std::string_view wanted) const {
-    throw InputError("board '" + spec_ + "'", fmt::format("found '{}', wanted {}", found, wanted));
+    throw InputError("board '" + text_ + "'", fmt::format("found '{}', wanted {}", found, wanted));
   }
 
   BoardKind kind(std::string_view name) const {
@@ -119,7 +119,7 @@ class SpecReader {
     return marks;
   }
 
-  const std::string& spec_;
+  const std::string& text_;
   BoardDescription board_;
 };
 
@@ -131,22 +131,22 @@ std::string marksText(const std::vector<BoardPlace>& marks) {
 
 }  // namespace
 
-BoardDescription parseBoard(const std::string& spec) {
-  BoardDescription board = SpecReader(spec).read();
+BoardDescription parseBoard(const std::string& text) {
+  BoardDescription board = BoardReader(text).read();
   checkBoard(board);
   return board;
 }
 
-std::string boardSpec(const BoardDescription& board) {
+std::string boardText(const BoardDescription& board) {
   const auto* const known = std::ranges::find(boards::kKindNames, board.kind, &boards::KindName::kind);
-  std::string spec =
+  std::string text =
       fmt::format("{}:{}x{}:{}:inner={}x{}:outter={}x{}", known->name, board.cols, board.rows, board.step,
                   board.inner_width, board.inner_height, board.outter_width, board.outter_height);
-  if (boards::rowStep(board) != board.step) spec += fmt::format(":step_y={}", board.step_y);
-  if (board.dot_radius != BoardDescription().dot_radius) spec += fmt::format(":dot={}", board.dot_radius);
-  if (board.numbering == BoardNumbering::kSearch) spec += ":numbering=search";
-  if (!board.land_marks.empty()) spec += ":marks=" + marksText(board.land_marks);
-  return spec;
+  if (boards::rowStep(board) != board.step) text += fmt::format(":step_y={}", board.step_y);
+  if (board.dot_radius != BoardDescription().dot_radius) text += fmt::format(":dot={}", board.dot_radius);
+  if (board.numbering == BoardNumbering::kSearch) text += ":numbering=search";
+  if (!board.land_marks.empty()) text += ":marks=" + marksText(board.land_marks);
+  return text;
 }
 
 }  // namespace polarline
