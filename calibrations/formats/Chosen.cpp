@@ -28,4 +28,9 @@ CameraDocuments cameraDocuments(const std::vector<Document>& documents, const po
   return {documents[cameras.left], documents[cameras.right]};
 }
 
+CameraNodes cameraNodes(const std::vector<Document>& documents, const polarline::ImportOptions& options) {
+  const auto [left, right] = cameraDocuments(documents, options);
+  return {Node(left), Node(right)};
+}
+
 }  // namespace calibrations

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calibrations/document/Document.h"
+#include "calibrations/document/Node.h"
 #include "polarline/calibration.h"
 
 namespace calibrations {
@@ -23,5 +24,12 @@ struct CameraDocuments {
   const Document& right;
 };
 CameraDocuments cameraDocuments(const std::vector<Document>& documents, const polarline::ImportOptions& options);
+
+/// The same, to read from.
+struct CameraNodes {
+  Node left;
+  Node right;
+};
+CameraNodes cameraNodes(const std::vector<Document>& documents, const polarline::ImportOptions& options);
 
 }  // namespace calibrations

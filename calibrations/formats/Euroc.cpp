@@ -27,9 +27,7 @@ SourceCamera cameraOf(const Node& root) {
 }  // namespace
 
 SourcePair readEuroc(const Documents& documents, const polarline::ImportOptions& options) {
-  const auto [left_document, right_document] = cameraDocuments(documents, options);
-  const Node left(left_document);
-  const Node right(right_document);
+  const auto [left, right] = cameraNodes(documents, options);
   SourcePair pair;
   pair.left = cameraOf(left);
   pair.right = cameraOf(right);
