@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+/// Dot centres that are several times closer to the truth than those of a detection, with what is known of their
+/// errors.
+namespace polarline {
+
+/// What became of a dot.
+enum class DotState : std::uint8_t {
+  kRefined,
+  kClipped,     ///< Its edge leaves the picture or is saturated away.
+  kCovered,     ///< Something hides a part of its edge.
+  kOverlapped,  ///< A neighbour touches its edge.
+  kUnclear,     ///< Too small, too faint or too noisy for an edge to be followed.
+};
+
+/// A dot of one picture. Pixels of the picture as it came; pixel centres have whole coordinates.
+struct RefinedDot {
+  std::int32_t id = 0;
+  DotState state = DotState::kUnclear;
+  double x = 0.0, y = 0.0;                  ///< Image of the circle's centre; not refined: the place that was given.
+  double xx = 0.0, xy = 0.0, yy = 0.0;      ///< Covariance of that, square pixels; not numbers where not refined.
+  double ellipse_x = 0.0, ellipse_y = 0.0;  ///< Centre of the imaged ellipse, which the perspective moves away.
+  double edge_width = 0.0;                  ///< Standard deviation of the edge's blur, pixels; not a number: unknown.
+};
+
+}  // namespace polarline
