@@ -18,6 +18,18 @@ constexpr auto kEntries = std::to_array<Entry>({
      "Take the pictures of one pair of cameras, and the calibration of these cameras at this size."},
     {"colour_pictures", "colour_pictures", "The pictures have colour; the residual step takes grey ones only.",
      "Convert them to grey, or set triangulate_residual_switch to 0."},
+    {"picture_cut_off", "picture_cut_off", "A picture lacks its end; grey stands where its last rows should be.",
+     "Copy the picture again from the camera."},
+    {"calibration_member", "calibration_member",
+     "The calibration lacks numbers of a camera or of the pose, and 0 stands for each.",
+     "Write the numbers that the text names; docs/formats/calibration_json.md has them all. A lens without such a "
+     "coefficient has 0."},
+    {"two_poses", "two_poses",
+     "The calibration has the pose of a depth camera beside that of the infra-red pair; the library then reads neither "
+     "and takes both cameras for one that stands still.",
+     "Take Depth2RGB_Rotate and Depth2RGB_Trans out, or IR_L and IR_R."},
+    {"no_baseline", "no_baseline", "The calibration says that both cameras stand in one place.",
+     "Write the pose of the right camera against the left one: TX is its distance with a minus."},
     {"bad_value", "bad_value",
      "A value of the polar configuration can't be read as its key wants it, so that 0 or what "
      "the key stands at without a line is taken.",

@@ -4,6 +4,7 @@
 #include <map>
 #include <opencv2/imgcodecs.hpp>
 
+#include "check/set/PictureFault.h"
 #include "polarline/errors.h"
 
 namespace init {
@@ -50,7 +51,9 @@ class Looks {
   cv::Mat add(const std::string& path) {
     cv::Mat picture = decoded(path);
     if (picture.empty())
-      undecodable_.push_back(path);
+      undecodable_.push_back(path + " " + polarline::pictureFault(path).text);
+    else if (polarline::isCutOffJpeg(path))
+      undecodable_.push_back(path + " is cut off");
     else
       looks_.push_back({path, picture.size(), picture.type()});
     if (progress_) progress_(++done_, all_);
@@ -59,7 +62,7 @@ class Looks {
 
   /// The look that most have. Throws for all that do not decode or differ.
   Look common() const {
-    if (!undecodable_.empty()) throw polarline::InputError("pictures that can't be decoded: " + listed(undecodable_));
+    if (!undecodable_.empty()) throw polarline::InputError("pictures that can't be used: " + listed(undecodable_));
     Look most = mostFrequent();
     std::vector<std::string> others;
     for (const Look& look : looks_) {

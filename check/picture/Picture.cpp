@@ -3,6 +3,7 @@
 #include <system_error>
 #include <vector>
 
+#include "check/set/PictureFault.h"
 #include "platform/Files.h"
 #include "polarline/detect.h"
 #include "polarline/errors.h"
@@ -20,8 +21,8 @@ cv::Mat readPicture(const std::string& path) {
   } catch (const cv::Exception& error) {
     throw InputError(path, "can't be read as a picture: " + error.err);
   }
-  if (image.empty())
-    throw InputError(path, "can't be read as a picture (of a format such as PNG, TIFF, BMP, PGM, JPEG)");
+  if (image.empty()) throw InputError(path, pictureFault(path).text + "; a PNG, TIFF, BMP, PGM or JPEG was wanted");
+  if (isCutOffJpeg(path)) throw InputError(path, "is cut off; a whole picture was wanted");
   return image;
 }
 

@@ -16,7 +16,7 @@
 
 namespace polarline {
 
-StereoCalibParams readCalibration(const std::string& path) {
+StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>& warnings) {
   StereoCalibParams calib;
   std::string error_text;
   // The binary reader of the exports would leave its tables as text files beside the calibration.
@@ -24,13 +24,13 @@ StereoCalibParams readCalibration(const std::string& path) {
   std::int32_t status = 0;
   try {
     const PlainPath plain(path);
-    if (files::extensionOf(path) == "json") requireMembers(path, plain.get());
+    if (files::extensionOf(path) == "json") lookAtMembers(path, plain.get(), warnings);
     status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
     throw InputError(path, "is no JSON that can be read (" + textOf(error) + ")");
   }
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
-  requireGeometry(path, calib);
+  lookAtGeometry(path, calib, warnings);
   // As the exports hand it on: through the caller's record.
   ExportedCalibParams exported;
   exportCalibration(calib, exported);

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "PolarLinePrecision/CalibrationRecords.h"
 #include "input/StereoCalibParams.h"
+#include "polarline/warning.h"
 
 namespace polarline {
 
-StereoCalibParams readCalibration(const std::string& path);
+/// Throws `InputError` for one of which no figure can come.
+StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>& warnings);
 
 /// The five numbers of pairs that were rectified elsewhere: focal, baseline, cx, cy, disparity offset, by commas;
 /// lines that begin with # are left out.

@@ -22,6 +22,7 @@
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
 #include "check/set/Fingerprint.h"
+#include "check/set/PictureFault.h"
 #include "check/set/PictureSource.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
@@ -95,7 +96,7 @@ void SetCheck::readInputs() {
   check_.board.points = board_.size();
   warnOfBoardTruth(set_.board, config_, check_.board, check_.warnings);
   if (set_.rectified.empty()) {
-    calib_ = readCalibration(set_.calibration);
+    calib_ = readCalibration(set_.calibration, check_.warnings);
     check_.cameras = camerasOf(config_.type, calib_);
   } else {
     rectified_ = readRectified(set_.rectified);
@@ -130,8 +131,9 @@ void SetCheck::choosePairs() {
 }
 
 void SetCheck::lookAtPictures(std::size_t index) {
-  picture_warnings_.look(static_cast<int>(first_pair_ + index), pictures_->listed(index), pictures_->lastSizes(),
-                         pictures_->hasColour());
+  const auto pair = static_cast<int>(first_pair_ + index);
+  picture_warnings_.look(pair, pictures_->listed(index), pictures_->lastSizes(), pictures_->hasColour());
+  picture_warnings_.lookAtEnds(pair, pictures_->listed(index), pictures_->lastCutOff());
 }
 
 void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {
@@ -170,7 +172,7 @@ void SetCheck::runWith(OutFolder& out) {
   std::int32_t status = runLibrary(precision);
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
-  if (picture_failed_) explainPictures();
+  if (picture_failed_) return explainPictures();  // The run was not whole, nor are its files.
   if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair();
   if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
 }
@@ -182,23 +184,24 @@ void SetCheck::nameLastPair() {
   check_.status.text = fmt::format("pair {}, which ended the run: {}", last.index, last.reason.text);
 }
 
-/// Names the picture that ended the run.
+/// Names the picture that ended the run. It was there when the run began: where it can't be reached any more, nothing
+/// is wrong with the set.
 void SetCheck::explainPictures() {
   const std::size_t failed = check_.pairs.size();
   const ListedPair& listed = pictures_->listed(failed);
-  for (const bool left : {true, false}) {
+  PictureFault fault = {"could not be read and has come back since", true};
+  std::string name = listed.left + " or " + listed.right;
+  for (const bool left : {false, true}) {
     const std::string path = pictures_->pathOf(failed, left);
-    if (files::readImage(path).empty()) {
-      std::error_code ignored;
-      const bool is_there = std::filesystem::is_regular_file(path, ignored) && !sha256OfFile(path).empty();
-      check_.status.text =
-          fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, left ? listed.left : listed.right,
-                      is_there ? "can't be decoded" : "can't be read");
-      check_.status.retry = !is_there && !std::filesystem::is_directory(path, ignored);
-      if (check_.status.retry) check_.status.advice = "Check that the file is there and may be read, then try again.";
-      return;
-    }
+    if (!files::readImage(path).empty()) continue;
+    fault = pictureFault(path);
+    name = left ? listed.left : listed.right;
   }
+  check_.status.text = fmt::format("{}, line {}: the picture {} {}", set_.list, listed.line, name, fault.text);
+  if (!fault.may_return) return;
+  check_.status.retry = true;
+  check_.status.exit_code = kNoFigure;
+  check_.status.advice = "It was there when the run began: check that it can be reached, then try again.";
 }
 
 /// An exception leaves the run with a pair that nobody has told of yet.

@@ -39,6 +39,12 @@ void PictureWarnings::look(int index, const ListedPair& pair, const std::array<c
   if (has_principal_ && sizes[0] == sizes[1]) lookAtPrincipalPoints(index, pair, sizes);
 }
 
+void PictureWarnings::lookAtEnds(int index, const ListedPair& pair, const std::array<bool, 2>& cut_off) {
+  if (cut_off[0] || cut_off[1])
+    warn("picture_cut_off", index,
+         fmt::format("{} is cut off: grey stands for the rest", cut_off[0] ? pair.left : pair.right));
+}
+
 void PictureWarnings::lookAtPrincipalPoints(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {
   for (const std::size_t side : {0U, 1U}) {
     const cv::Size& size = sizes.at(side);

@@ -24,6 +24,7 @@ class PictureWarnings {
   ///              rectified elsewhere.
   void begin(const PolarConfig& config, const StereoCalibParams& calib);
   void look(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes, bool has_colour);
+  void lookAtEnds(int index, const ListedPair& pair, const std::array<bool, 2>& cut_off);
 
   std::vector<Warning> warnings;
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "check/set/Fingerprint.h"
+#include "check/set/PictureFault.h"
 #include "platform/Files.h"
 
 namespace polarline {
@@ -18,7 +19,11 @@ std::string ListedPictures::pathOf(std::size_t index, bool left) const {
 ListedPictures::Pictures ListedPictures::read(std::size_t index) const {
   const std::string left = pathOf(index, true);
   const std::string right = pathOf(index, false);
-  return {files::readImage(left), files::readImage(right), sha256OfFile(left), sha256OfFile(right)};
+  return {files::readImage(left),
+          files::readImage(right),
+          sha256OfFile(left),
+          sha256OfFile(right),
+          {isCutOffJpeg(left), isCutOffJpeg(right)}};
 }
 
 std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {
@@ -27,6 +32,7 @@ std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {
   const std::string number = std::to_string(first_ + index);
   inputs_.push_back({"left/" + number, pathOf(index, true), std::move(pictures.left_hash)});
   inputs_.push_back({"right/" + number, pathOf(index, false), std::move(pictures.right_hash)});
+  last_cut_off_ = pictures.cut_off;
   last_sizes_ = {pictures.left.size(), pictures.right.size()};
   if (size_.empty()) size_ = pictures.left.size();
   has_colour_ = has_colour_ || pictures.left.channels() > 1 || pictures.right.channels() > 1;

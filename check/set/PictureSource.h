@@ -28,6 +28,8 @@ class ListedPictures final : public ImageSource {
   const cv::Size& size() const { return size_; }
   /// Of the pictures that were taken last; empty where one can't be had.
   const std::array<cv::Size, 2>& lastSizes() const { return last_sizes_; }
+  /// Whether they are JPEGs that lack their ends.
+  const std::array<bool, 2>& lastCutOff() const { return last_cut_off_; }
   bool hasColour() const { return has_colour_; }
   /// Every picture with its hash; those that no run took are hashed now.
   std::vector<SetInput> inputs();
@@ -36,6 +38,7 @@ class ListedPictures final : public ImageSource {
   struct Pictures {
     cv::Mat left, right;
     std::string left_hash, right_hash;
+    std::array<bool, 2> cut_off;
   };
   Pictures read(std::size_t index) const;
 
@@ -45,6 +48,7 @@ class ListedPictures final : public ImageSource {
   std::vector<SetInput> inputs_;
   cv::Size size_;
   std::array<cv::Size, 2> last_sizes_;
+  std::array<bool, 2> last_cut_off_{};
   bool has_colour_ = false;
 };
 

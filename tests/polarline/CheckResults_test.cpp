@@ -113,7 +113,7 @@ TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
   options.seconds_to_signal = 0.3;
   const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
   interrupted(run);
-  EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing was written"));
+  EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing half was left"));
 }
 
 TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
@@ -124,7 +124,7 @@ TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
     };
     const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
     interrupted(run);
-    EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing was written"));
+    EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing half was left"));
   }
 }
 
@@ -133,6 +133,21 @@ TEST_F(CheckResults, OfARunStoppedWhileItWritesAreNone) {
   options.seconds_to_signal = 0.3;
   const CommandRun run = check({"--json", set.parent.file("pipe"), "--out", set.parent.file("out")});
   interrupted(run);
+}
+
+TEST_F(CheckResults, OfAPictureThatGoesAwayMayBeTriedAgain) {
+  set.repeat(30);
+  set.append("list.txt", "left_1.png right_1.png\n");
+  options.watch = [this](const std::string& out) {
+    if (out.find("  0 finished") != std::string::npos) fs::remove(set.file("left_1.png"));
+    return 0;
+  };
+  const CommandRun run = check({"--json", set.parent.file("r.json")});
+  EXPECT_EQ(run.exit_code, 3);
+  EXPECT_THAT(run.out, HasSubstr("30 of 30 pairs finished."));
+  const auto status = document()["status"];
+  EXPECT_EQ(status["retry"], true);
+  EXPECT_THAT(status["text"].get<std::string>(), HasSubstr("line 32: the picture left_1.png can't be read: No such"));
 }
 
 TEST_F(CheckResults, OfAReaderThatGoesAreNotHalf) {

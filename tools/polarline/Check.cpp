@@ -64,7 +64,7 @@ class Speaker {
   }
   void interrupted() const {
     clearProgress();
-    tell("polarline: interrupted; nothing was written\n");
+    tell("polarline: interrupted; nothing half was left\n");
   }
 
  private:

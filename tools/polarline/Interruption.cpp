@@ -36,7 +36,7 @@ void waitForSignal() {
   is_interrupted = true;
   std::this_thread::sleep_for(kGrace);
   whole_file::abandonAll();
-  constexpr std::string_view kWords = "polarline: interrupted; nothing was written\n";
+  constexpr std::string_view kWords = "polarline: interrupted; nothing half was left\n";
   if (terminal::isTerminal(stderr)) static_cast<void>(!write(STDERR_FILENO, "\r\033[K", 4));
   static_cast<void>(!write(STDERR_FILENO, kWords.data(), kWords.size()));  // The stream may be locked by now.
   _exit(kInterrupted);

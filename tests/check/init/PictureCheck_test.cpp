@@ -51,7 +51,18 @@ TEST_F(PictureCheck, GivesTheirSizeKindAndTheFirstPair) {
 TEST_F(PictureCheck, NamesEachOneThatDoesNotDecode) {
   const std::string good = picture("good.png", 4, 4, CV_8UC1);
   EXPECT_THAT(refusal({{good, folder_.write("bad1.png", "no picture")}, {folder_.write("bad2.png", ""), good}}),
-              AllOf(HasSubstr("bad1.png, "), HasSubstr("bad2.png"), Not(HasSubstr("good.png"))));
+              AllOf(HasSubstr("bad1.png can't be decoded, "), HasSubstr("bad2.png can't be decoded: it is empty"),
+                    Not(HasSubstr("good.png"))));
+}
+
+TEST_F(PictureCheck, RefusesAJpegThatIsCutOff) {
+  cv::Mat noise(40, 60, CV_8UC1);
+  cv::randu(noise, 0, 255);
+  cv::imwrite(folder_.file("whole.jpg"), noise);
+  const std::string whole = folder_.file("whole.jpg");
+  const std::string half = folder_.write("half.jpg", folder_.read("whole.jpg").substr(0, 900));
+  EXPECT_EQ(refusal({{whole, whole}}), "");
+  EXPECT_THAT(refusal({{whole, half}}), HasSubstr("half.jpg is cut off"));
 }
 
 TEST_F(PictureCheck, NamesThoseOfAnotherSizeAndWhichItIs) {

@@ -215,7 +215,8 @@ TEST(CheckFailures, NameThePictureThatEndedTheRun) {
   const Check check = set.check();
   EXPECT_EQ(check.status.exit_code, 2);
   EXPECT_EQ(check.status.code, polar_status::kImages);
-  EXPECT_EQ(check.status.text, set.file("list.txt") + ", line 3: the picture right_1.png can't be decoded");
+  EXPECT_EQ(check.status.text,
+            set.file("list.txt") + ", line 3: the picture right_1.png can't be decoded: it is cut off");
   EXPECT_EQ(check.verdict, Verdict::kError);
   EXPECT_FALSE(check.status.retry);
   EXPECT_EQ(check.pairs.size(), 1U);
@@ -231,6 +232,33 @@ TEST(CheckFailures, OfAFolderInAPicturesPlaceStay) {
   EXPECT_THAT(check.status.text, HasSubstr("line 3: the picture left_1.png can't be read"));
   EXPECT_FALSE(check.status.retry);
   documentIsValid(check);
+}
+
+TEST(CheckFailures, OfAPictureThatWentAwayMayBeTriedAgain) {
+  const CopiedSet set;
+  set.repeat(5);
+  set.append("list.txt", "left_0.png right_1.png\n");
+  CheckOptions options;
+  options.out = set.parent.file("out");
+  options.on_pair = [&](const PairCheck&, std::size_t) { std::filesystem::remove(set.file("right_1.png")); };
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.exit_code, 3);
+  EXPECT_TRUE(check.status.retry);
+  EXPECT_EQ(check.status.text,
+            set.file("list.txt") + ", line 7: the picture right_1.png can't be read: No such file or directory");
+  EXPECT_THAT(check.status.advice, HasSubstr("It was there when the run began"));
+  EXPECT_EQ(check.verdict, Verdict::kError);
+  EXPECT_EQ(check.pairs.size(), 5U);
+  EXPECT_FALSE(set.parent.has("out"));
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, OfAPictureThatWasNeverThereStay) {
+  const CopiedSet set;
+  std::filesystem::remove(set.file("right_1.png"));
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_FALSE(check.status.retry);
 }
 
 TEST(CheckFailures, NameThePicturesOfUnlikeSizes) {
@@ -293,6 +321,34 @@ TEST(CheckWarnings, NameThePicturesOfAnotherSizeThanABinaryCalibration) {
   const Check check = set.check();
   ASSERT_EQ(check.warnings.size(), 1U);
   EXPECT_EQ(check.warnings[0].text, "left_0.png is 128 x 104 pixels; the calibration is for 128 x 102");
+}
+
+TEST(CheckWarnings, NameAPictureThatIsCutOffAndYetDecodes) {
+  const CopiedSet set;
+  cv::imwrite(set.file("right_1.jpg"), set.picture("right_1.png"));
+  set.write("list.txt", std::string("#L R\nleft_0.png right_0.png\nleft_1.png right_1.jpg\n"));
+  EXPECT_TRUE(set.check().warnings.empty());
+  const std::string whole = set.read("right_1.jpg");
+  set.write("right_1.jpg", whole.substr(0, whole.size() - 40));
+  const Check check = set.check();
+  ASSERT_EQ(check.warnings.size(), 1U);
+  EXPECT_EQ(check.warnings[0].code, "picture_cut_off");
+  EXPECT_EQ(check.warnings[0].text, "right_1.jpg is cut off: grey stands for the rest");
+  EXPECT_EQ(check.warnings[0].pair, 1);
+  documentIsValid(check);
+}
+
+TEST(CheckWarnings, TellWhatTheCalibrationLacksAndGoOn) {
+  const CopiedSet set;
+  auto calibration = nlohmann::json::parse(set.read("calib.json"));
+  calibration["IR_L"].erase("K6");
+  set.write("calib.json", calibration.dump());
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 0);
+  EXPECT_EQ(check.finished(), 2U);
+  ASSERT_EQ(check.warnings.size(), 1U);
+  EXPECT_EQ(check.warnings[0].code, "calibration_member");
+  EXPECT_EQ(export_run::difference(check, export_run::of(set).records), "");
 }
 
 TEST(CheckName, IsThatOfTheFolder) {

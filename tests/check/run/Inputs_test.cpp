@@ -108,7 +108,7 @@ using InputsCalibration = InputsOf;
 
 TEST_F(InputsCalibration, IsTheOneThatTheExportsRead) {
   const RenderedSet& set = MemoryRun::twoPairs();
-  const StereoCalibParams calib = readCalibration(set.file("calib.json"));
+  const StereoCalibParams calib = readCalibration(set.file("calib.json"), warnings);
   const ExportedCalibParams exported = set.calibration();
   EXPECT_EQ(calib.left.intrinsics, exported.left.intrinsics);
   EXPECT_EQ(calib.right.intrinsics, exported.right.intrinsics);
@@ -117,13 +117,13 @@ TEST_F(InputsCalibration, IsTheOneThatTheExportsRead) {
 
 TEST_F(InputsCalibration, WritesNothingBesideABinaryFile) {
   std::filesystem::copy_file(MemoryRun::twoPairs().file("calib.bin"), folder.file("calib.bin"));
-  EXPECT_GT(readCalibration(folder.file("calib.bin")).left.width, 0U);
+  EXPECT_GT(readCalibration(folder.file("calib.bin"), warnings).left.width, 0U);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
 TEST_F(InputsCalibration, IsRefusedInWords) {
   const auto of = [&](const std::string& name, const std::string& content) {
-    return refusal([&] { readCalibration(folder.write(name, content)); });
+    return refusal([&] { readCalibration(folder.write(name, content), warnings); });
   };
   EXPECT_THAT(of("calib.txt", "x"), HasSubstr("ends in neither 'json' nor 'bin'"));
   EXPECT_THAT(of("calib.json", "{"), HasSubstr(folder.file("calib.json")));
