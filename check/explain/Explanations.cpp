@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "calibrations/Warnings.h"
+#include "check/explain/FigureEntries.h"
 #include "check/explain/Tables.h"
 #include "check/init/Warnings.h"
 #include "polarline/explain.h"
@@ -13,17 +14,17 @@ namespace {
 template <typename Codes>
 std::vector<Explanation> warningsOf(const Codes& codes) {
   std::vector<Explanation> list;
-  for (const auto& each : codes) list.push_back({each.code, each.code, each.meaning, each.advice});
+  for (const auto& each : codes) list.push_back({each.code, each.code, each.meaning, each.advice, {}});
   return list;
 }
 
 std::vector<Explanation> all() {
   std::vector<Explanation> list;
   for (const auto& part : {exitEntries(), statusEntries(), warningEntries(), stepEntries()}) {
-    for (const Entry& each : part) list.push_back({each.code, each.name, each.meaning, each.advice});
+    for (const Entry& each : part) list.push_back({each.code, each.name, each.meaning, each.advice, {}});
   }
   for (std::vector<Explanation>& part :
-       std::vector{warningsOf(calibrations::warningCodes()), warningsOf(init::warningCodes())}) {
+       std::vector{warningsOf(calibrations::warningCodes()), warningsOf(init::warningCodes()), figureExplanations()}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

@@ -36,6 +36,8 @@ constexpr auto kEntries = std::to_array<Entry>({
      "Mend the line that the text names; docs/formats/polar_configuration.md tells what each key takes."},
     {"bad_line", "bad_line", "A line of the polar configuration is neither blank, comment nor 'key: value'.",
      "Mend or remove the line; the file may have been cut off there."},
+    {"signed_limit", "signed_limit", "A limit judges a figure with a sign from one side only.",
+     "Put the name between bars, which take the size of a value, or add a limit from the other side."},
     {"pairs_given_up", "pairs_given_up", "Some pairs were given up, and no limit judges how many.",
      "Read the reason of each; with --limit 'given_up<=0' such a check fails."},
 
@@ -45,6 +47,10 @@ constexpr auto kEntries = std::to_array<Entry>({
      "Move the board away, or take a board with smaller dots."},
     {"strange_ids", "strange_ids", "Dots were numbered that the board does not have.",
      "Keep the board's surround free of specks, and compare the board's description with the board."},
+    {"mirrored_board", "mirrored_board", "The dots are numbered the other way round than the board's.",
+     "Take the picture as the camera sees it, or print the board as it was drawn: one of them is mirrored."},
+    {"marker_span", "marker_span", "The markers span another number of columns or rows than the target says.",
+     "Correct inner_width and inner_height of the target: until then all numbers are shifted."},
     {"too_few_dots", "too_few_dots", "Many of the board's dots were not numbered.",
      "Bring the whole board into view, with even light and without reflections."},
 });

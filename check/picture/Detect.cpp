@@ -12,6 +12,7 @@
 #include "check/picture/DetectionWords.h"
 #include "check/picture/DotSize.h"
 #include "check/picture/IdWarnings.h"
+#include "check/picture/MarkerSpans.h"
 #include "check/picture/SeenPicture.h"
 #include "check/picture/Stages.h"
 #include "check/picture/TargetFile.h"
@@ -106,6 +107,7 @@ void fillWords(const SeenPicture& seen, polarline::Detection& detection) {
   detection.stages = stagesOf(seen);
   warnOfDotSize(seen, detection.warnings);
   warnOfIds(detection);
+  warnOfNumbering(seen, detection);
 }
 
 }  // namespace

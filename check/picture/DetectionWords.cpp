@@ -4,6 +4,7 @@
 
 #include "check/picture/Counted.h"
 #include "check/picture/DotSize.h"
+#include "check/picture/MarkerSpans.h"
 #include "check/picture/MarkerWords.h"
 #include "check/picture/PixelType.h"
 
@@ -59,6 +60,8 @@ DetectionWords seedWords(const SeenPicture& seen) {
     return {fmt::format("no numbering was begun: id_method {} is none of 0 and 1", seen.config.id_method),
             "correct id_method in the target"};
   }
+  if (const std::string problem = spanProblem(seen.config, countedSpan(seen)); !problem.empty())
+    return {"the numbering could not begin: " + problem, "correct inner_width and inner_height in the target"};
   return {fmt::format(
               "the numbering could not begin: 9 dots of a 3 x 3 block around a marker are needed, in the fullest {}; "
               "the picture shows all ellipses by class",

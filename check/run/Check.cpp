@@ -16,6 +16,7 @@
 #include "check/figures/Summary.h"
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
+#include "check/judge/SignedLimits.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
@@ -89,6 +90,7 @@ void SetCheck::readInputs() {
     const std::vector<Limit> of_set = readLimits(set_.limits);
     limits_.insert(limits_.end(), of_set.begin(), of_set.end());
   }
+  warnOfSigns(limits_, check_.warnings);
   config_ = readPolar(set_.polar, options_.settings, check_.warnings);
   check_.settings = settingsOf(config_);
   check_.board = readBoard(set_.target);

@@ -8,16 +8,17 @@
 
 namespace polarline {
 
-/// A status, a warning or an exit code in words.
+/// A status, a warning, an exit code or a figure in words.
 struct Explanation {
   std::string code;     ///< As it is shown: "-9", "too_few_shared", "exit 3".
   std::string name;     ///< A stable word.
   std::string meaning;  ///< A sentence.
   std::string advice;   ///< What to do.
+  std::string unit;     ///< Of a figure, "pixels", "board unit", "1"; empty for what is none.
 };
 
-/// Everything that can be explained: statuses of the library, warnings, steps of a
-/// detection, exit codes of the command.
+/// Everything that can be explained: exit codes of the command, statuses of the library, warnings, steps of a
+/// detection, figures.
 POLARLINE_API const std::vector<Explanation>& explanations();
 
 /// All that a code or name may mean, in the order of `explanations()`: a bare number is a status of the library, a

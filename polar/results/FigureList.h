@@ -141,8 +141,10 @@ inline constexpr std::tuple kFigures{
                                                       "Mean range of the board points from the left camera"},
     Figure<G::kAlignment, &F::icp_x_rms, &R::icp_x_rms>{
         "icp_x_rms", units::kBoard, "Residual of the rigid fit of the board to the measured points along x"},
-    Figure<G::kAlignment, &F::icp_y_rms, &R::icp_y_rms>{"icp_y_rms", units::kBoard, "The same along y"},
-    Figure<G::kAlignment, &F::icp_z_rms, &R::icp_z_rms>{"icp_z_rms", units::kBoard, "The same along z"},
+    Figure<G::kAlignment, &F::icp_y_rms, &R::icp_y_rms>{
+        "icp_y_rms", units::kBoard, "Residual of the rigid fit of the board to the measured points along y"},
+    Figure<G::kAlignment, &F::icp_z_rms, &R::icp_z_rms>{
+        "icp_z_rms", units::kBoard, "Residual of the rigid fit of the board to the measured points along z"},
     Figure<G::kAlignment, &F::icp_nor_rms, &R::icp_nor_rms>{"icp_nor_rms", units::kBoard,
                                                             "Root of the mean squared distance of that fit"},
     Figure<G::kProjection, &F::gt_rms, &R::gt_rms>{"gt_rms", units::kPixels,

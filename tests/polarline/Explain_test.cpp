@@ -49,7 +49,7 @@ TEST(ExplainCommand, IsOfferedForAMisspeltWord) {
 TEST(ExplainCommand, SaysWhereToLookForAnythingElse) {
   const CommandRun run({"explain", "nonsense"});
   EXPECT_EQ(run.exit_code, 2);
-  EXPECT_THAT(run.err, HasSubstr("'nonsense': no status, warning or exit code is called so"));
+  EXPECT_THAT(run.err, HasSubstr("'nonsense': no status, warning, exit code or figure is called so"));
   EXPECT_EQ(run.out, "");
 }
 

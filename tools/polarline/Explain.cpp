@@ -29,8 +29,11 @@ std::string textOf(const std::vector<polarline::Explanation>& all) {
 std::string jsonOf(const std::vector<polarline::Explanation>& all) {
   nlohmann::ordered_json json{{"schema", "polarline-explain/1"}, {"explanations", nlohmann::ordered_json::array()}};
   for (const polarline::Explanation& each : all)
-    json["explanations"].push_back(
-        {{"code", each.code}, {"name", each.name}, {"meaning", each.meaning}, {"advice", each.advice}});
+    json["explanations"].push_back({{"code", each.code},
+                                    {"name", each.name},
+                                    {"meaning", each.meaning},
+                                    {"advice", each.advice},
+                                    {"unit", each.unit}});
   return json.dump(2) + "\n";
 }
 
@@ -39,7 +42,7 @@ std::vector<polarline::Explanation> wanted(const std::string& code) {
   std::vector<polarline::Explanation> found = polarline::explainAll(code);
   if (found.empty())
     throw polarline::InputError("'" + code + "'",
-                                "no status, warning or exit code is called so; 'polarline explain' lists them");
+                                "no status, warning, exit code or figure is called so; 'polarline explain' lists them");
   return found;
 }
 
@@ -54,7 +57,7 @@ int runExplain(const Request& request) {
 
 Subcommand addExplain(CLI::App& polarline) {
   CLI::App* const app =
-      polarline.add_subcommand("explain", "Says what a status, warning or exit code means and what to do");
+      polarline.add_subcommand("explain", "Says what a status, warning, exit code or figure means and what to do");
   const auto request = std::make_shared<Request>();
   app->add_option("CODE", request->code,
                   "A number or word that the command or the library has told; without it all are listed");

@@ -8,6 +8,7 @@
 #include "Tallowfen/src/trace/DetectionTrace.h"
 #include "calibrations/Warnings.h"
 #include "polar/results/PairStatus.h"
+#include "polarline/check.h"
 #include "polarline/explain.h"
 #include "support/TempFolder.h"
 
@@ -80,6 +81,35 @@ TEST(ExplanationsKnow, AWordAsWellAsItsCode) {
   EXPECT_FALSE(explain(""));
 }
 
+TEST(ExplanationsKnow, EveryFigureThatALimitJudges) {
+  for (const std::string& name : limitNames()) {
+    if (name == "pairs" || name == "finished" || name == "given_up") continue;
+    const auto explained = explain(name);
+    ASSERT_TRUE(explained) << name;
+    EXPECT_FALSE(explained->unit.empty()) << name;
+  }
+  EXPECT_EQ(explain("dy_means")->meaning, "A figure, in pixels: mean absolute row difference after rectification.");
+  EXPECT_EQ(explain("dy_means")->advice,
+            "0 is perfect. The limit 'dy_means<=VALUE' judges it of each pair, 'summary.dy_means.mean<=VALUE' the mean "
+            "over the pairs.");
+  EXPECT_EQ(explain("tri_dis")->advice,
+            "0 is perfect. The limit '|tri_dis|<=VALUE' judges every entry of each pair; '|tri_dis[0]|<=VALUE' its "
+            "first entry, '|summary.tri_dis[0].mean|<=VALUE' the mean over the pairs.");
+  EXPECT_EQ(explain("too_few_shared")->unit, "");
+}
+
+TEST(ExplanationsAll, GiveLimitsOfFiguresThatParse) {
+  const std::regex limit("'([^']*<=)VALUE'");
+  int limits = 0;
+  for (const Explanation& each : explanations()) {
+    if (each.unit.empty()) continue;
+    for (std::sregex_iterator found(each.advice.begin(), each.advice.end(), limit), end; found != end;
+         ++found, ++limits)
+      EXPECT_NO_THROW(requireLimit((*found)[1].str() + "0.5")) << (*found)[0];
+  }
+  EXPECT_GT(limits, 40);
+}
+
 TEST(ExplanationsAll, AreSentencesAndTellWhatToDoWhereSomethingIsWrong) {
   for (const Explanation& each : explanations()) {
     EXPECT_EQ(each.meaning.back(), '.') << each.code;
@@ -88,7 +118,7 @@ TEST(ExplanationsAll, AreSentencesAndTellWhatToDoWhereSomethingIsWrong) {
     if (!is_good) {
       EXPECT_EQ(each.advice.back(), '.') << each.code;
     }
-    EXPECT_TRUE(std::regex_match(each.name, std::regex("[a-z][a-z0-9_]*"))) << each.name;
+    EXPECT_TRUE(std::regex_match(each.name, std::regex("[A-Za-z][A-Za-z0-9_]*"))) << each.name;
   }
 }
 
