@@ -1,0 +1,182 @@
+#include "refine/FitMarks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "refine/edge/EdgePixels.h"
+
+namespace refine {
+namespace {
+
+using polarline::DotState;
+
+constexpr double kClippedShare = 0.1;
+constexpr double kNeighbouredShare = 0.4;
+constexpr double kCoveredShare = 0.04;
+constexpr int kFewestOutliers = 2;
+constexpr double kUnclear = 0.3;     ///< Standard deviation of the centre, pixels.
+constexpr double kSmallest = 1.5;    ///< Radius, pixels.
+constexpr double kFarthest = 0.35;   ///< From the given place, of the radius; and a pixel.
+/// From an outline on, in standard deviations of its blur and its neighbour's.
+constexpr double kNear = kEdgeReach + 3.0;
+
+/// Marks by their column, so that neighbours are found without looking at all of them.
+class Sorted {
+ public:
+  explicit Sorted(const std::vector<DotWork>& dots) : dots_(dots) {
+    for (std::size_t k = 0; k < dots.size(); ++k) {
+      if (!dots[k].outline) continue;
+      order_.push_back(k);
+      const cv::Point2d half = dots[k].bestOutline().halfBox();
+      widest_ = std::max({widest_, half.x, half.y});
+      softest_ = std::max(softest_, dots[k].blur);
+    }
+    std::sort(order_.begin(), order_.end(), [&](std::size_t a, std::size_t b) { return xOf(a) < xOf(b); });
+  }
+
+  /// Marks whose edges come near to those of the k-th.
+  void neighboursOf(std::size_t k, std::vector<Neighbour>& result) const {
+    result.clear();
+    const Outline& own = dots_[k].bestOutline();
+    const double room = kNear * softest_ + 2.0;
+    const double farthest = std::max(own.halfBox().x, own.halfBox().y) + widest_ + room;
+    const auto first = std::lower_bound(order_.begin(), order_.end(), own.centre.x - farthest,
+                                        [&](std::size_t a, double x) { return xOf(a) < x; });
+    for (auto at = first; at != order_.end() && xOf(*at) <= own.centre.x + farthest; ++at) {
+      if (*at == k) continue;
+      const DotWork& other = dots_[*at];
+      const Outline& outline = other.bestOutline();
+      if (std::abs(outline.centre.y - own.centre.y) > farthest) continue;
+      const double gap = edgePlace(own, outline.centre.x, outline.centre.y).outside();
+      if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room) result.push_back({outline, other.blur});
+    }
+  }
+
+ private:
+  double xOf(std::size_t k) const { return dots_[k].bestOutline().centre.x; }
+
+  const std::vector<DotWork>& dots_;
+  std::vector<std::size_t> order_;
+  double widest_ = 0.0, softest_ = 0.0;
+};
+
+EdgeModel modelOf(const DotWork& dot, const LightField& light) {
+  EdgeModel model;
+  if (dot.fit) {
+    model = dot.fit->model;
+  } else {
+    model.outline = *dot.outline;
+    model.blur = dot.blur;
+    model.edges = dot.edges;
+    for (std::size_t k = 1; k < dot.edges; ++k) model.ratio[k] = dot.radii[k] / dot.radii[0];
+  }
+  model.light_origin = dot.place->pixel;
+  model.light = light.slopeAt(dot.place->pixel);
+  return model;
+}
+
+/// Why the pixels do not do for a fit; `kRefined` where they do.
+DotState stateOf(const EdgePixels& pixels) {
+  const auto share = [&](int count) { return static_cast<double>(count) / std::max(pixels.on_edge, 1); };
+  if (share(pixels.clipped) > kClippedShare) return DotState::kClipped;
+  if (share(pixels.neighboured) > kNeighbouredShare) return DotState::kOverlapped;
+  return DotState::kRefined;
+}
+
+/// What a fit says of the mark.
+DotState stateOf(const EdgeFit& fit, const DotPlace& place) {
+  const double radius = fit.model.outline.radius();
+  if (fit.outliers >= kFewestOutliers && fit.outliers > kCoveredShare * fit.on_edge) return DotState::kCovered;
+  const double moved = cv::norm(fit.model.outline.centre - place.pixel);
+  const double variance = std::max(fit.covariance(0, 0), fit.covariance(1, 1));
+  const bool clear = radius >= kSmallest && moved <= kFarthest * radius + 1.0 && variance < kUnclear * kUnclear;
+  return clear ? DotState::kRefined : DotState::kUnclear;
+}
+
+double meanOf(const std::vector<double>& values) {
+  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+/// Mean without the parts that are more than four times the median: what lies over a mark.
+double trimmedMean(std::vector<double>& values) {
+  if (values.empty()) return -1.0;
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  const double limit = 4.0 * *middle;
+  std::erase_if(values, [limit](double value) { return value > limit; });
+  return meanOf(values);
+}
+
+/// Mean squares of a zone of all refined marks; less one, as the zone's level is fitted to it.
+std::vector<double> zoneVariances(const std::vector<DotWork>& dots, ZoneResidual EdgeFit::* zone) {
+  std::vector<double> variances;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined()) continue;
+    const ZoneResidual& residual = (*dot.fit).*zone;
+    if (residual.count > 3) variances.push_back(residual.squares / (residual.count - 1));
+  }
+  return variances;
+}
+
+NoiseLevel noiseOf(const GreyPicture& picture, const std::vector<DotWork>& dots) {
+  std::vector<double> paper = zoneVariances(dots, &EdgeFit::paper), ink = zoneVariances(dots, &EdgeFit::ink);
+  double on_paper = trimmedMean(paper), on_ink = trimmedMean(ink);
+  NoiseLevel noise;
+  noise.least = picture.step * picture.step / 12.0;
+  if (on_paper < 0.0) on_paper = noise.least;
+  if (on_ink < 0.0) on_ink = on_paper;
+  std::vector<double> papers, inks;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined()) continue;
+    papers.push_back(dot.fit->model.paper);
+    inks.push_back(dot.fit->model.ink);
+  }
+  if (papers.empty()) return noise;
+  const double paper_grey = meanOf(papers), ink_grey = meanOf(inks);
+  noise.slope = (on_paper - on_ink) / (paper_grey - ink_grey);
+  noise.base = on_ink - noise.slope * ink_grey;
+  noise.least = std::max(noise.least, 0.25 * std::min(on_paper, on_ink));
+  return noise;
+}
+
+}  // namespace
+
+void fitMarks(const GreyPicture& picture, const PictureState& known, bool only_rings, std::vector<DotWork>& dots) {
+  const Sorted sorted(dots);
+  EdgePixels pixels;
+  std::vector<Neighbour> neighbours;
+  std::vector<double> residuals;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    DotWork& dot = dots[k];
+    if (!dot.outline || (only_rings && dot.edges < 2)) continue;
+    sorted.neighboursOf(k, neighbours);
+    const EdgeModel model = modelOf(dot, known.light);
+    collectEdgePixels(picture, model, neighbours, pixels);
+    dot.state = stateOf(pixels);
+    if (!dot.refined()) continue;
+    std::optional<EdgeFit> fit = fitEdge(pixels.pixels, model, known.noise, residuals);
+    dot.state = fit ? stateOf(*fit, *dot.place) : DotState::kUnclear;
+    if (dot.refined() || known.noise) dot.fit = fit;
+  }
+}
+
+PictureState pictureStateOf(const GreyPicture& picture, const std::vector<DotWork>& dots) {
+  std::vector<PaperGrey> papers;
+  for (const DotWork& dot : dots) {
+    if (dot.refined()) papers.push_back({dot.place->pixel, dot.fit->model.paper});
+  }
+  return {noiseOf(picture, dots), LightField(papers)};
+}
+
+double misfitOf(const std::vector<DotWork>& dots) {
+  std::vector<double> ratios;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined()) continue;
+    const int freedom = dot.fit->edge.count - static_cast<int>(dot.fit->model.unknowns());
+    if (freedom > 0) ratios.push_back(dot.fit->edge.squares / freedom);
+  }
+  return std::max(trimmedMean(ratios), 1.0);
+}
+
+}  // namespace refine

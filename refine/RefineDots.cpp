@@ -1,0 +1,124 @@
+#include "refine/RefineDots.h"
+
+#include <cmath>
+#include <limits>
+
+#include "refine/DotWork.h"
+#include "refine/FindMarks.h"
+#include "refine/FitMarks.h"
+#include "refine/board/BoardPose.h"
+#include "refine/board/ContourCentre.h"
+
+namespace refine {
+namespace {
+
+using polarline::DotState;
+using polarline::RefinedDot;
+
+/// What a calibration leaves even where the centres are exact, pixels: it keeps the best dots from weighing more than
+/// the lens deserves.
+constexpr double kLensError = 0.01;
+constexpr int kPoseRounds = 2;
+
+/// Slopes of the picture at the dots, by a pose of the places as they are given.
+void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
+  std::vector<SeenPoint> points;
+  for (const DotWork& dot : dots) {
+    if (dot.place->board) points.push_back({*dot.place->board, dot.place->pixel});
+  }
+  const auto first = firstPose(camera, points);
+  if (!first) return;
+  const auto fitted = fitPose(camera, *first, points);
+  if (!fitted) return;
+  for (DotWork& dot : dots) {
+    if (!dot.place->board) continue;
+    const double step = 1e-4 * cv::norm(fitted->pose.T);
+    const auto slope = slopeOnBoard(camera, fitted->pose, *dot.place->board, step);
+    if (!slope || std::abs(cv::determinant(*slope)) < 1e-12) continue;
+    dot.J = *slope;
+    dot.slope_known = true;
+  }
+}
+
+/// The pose of the centres that the ellipses' centres stand for, and the bias of each.
+std::optional<FittedPose> poseOf(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
+  std::vector<SeenPoint> points;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined() || !dot.place->board) continue;
+    const cv::Matx22d& cov = dot.fit->covariance;
+    const double variance = 0.5 * (cov(0, 0) + cov(1, 1)) + kLensError * kLensError;
+    points.push_back({*dot.place->board, dot.fit->model.outline.centre - dot.bias, 1.0 / variance});
+  }
+  const auto first = firstPose(camera, points);
+  return first ? fitPose(camera, *first, points) : std::nullopt;
+}
+
+/// Biases of the outer edges, and the inner edges' offsets against them, as the pose has them.
+void findBiases(const CalibratedCamera& camera, const BoardPose& pose, std::vector<DotWork>& dots) {
+  for (DotWork& dot : dots) {
+    if (!dot.refined() || !dot.place->board || !dot.slope_known) continue;
+    const double radius = dot.boardRadius();
+    const auto bias = contourBias(camera, pose, *dot.place->board, radius);
+    if (!bias) continue;
+    dot.bias = *bias;
+    EdgeModel& model = dot.fit->model;
+    for (std::size_t k = 1; k < model.edges; ++k) {
+      const auto inner = contourBias(camera, pose, *dot.place->board, radius * model.ratio[k]);
+      if (inner) model.offset[k] = *inner - *bias;
+    }
+  }
+}
+
+RefinedDot resultOf(const DotWork& dot, double misfit) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  RefinedDot result{dot.place->id, dot.state};
+  result.x = result.ellipse_x = dot.place->pixel.x;
+  result.y = result.ellipse_y = dot.place->pixel.y;
+  result.xx = result.xy = result.yy = result.edge_width = kNone;
+  if (!dot.refined()) return result;
+  const EdgeModel& model = dot.fit->model;
+  result.ellipse_x = model.outline.centre.x;
+  result.ellipse_y = model.outline.centre.y;
+  result.x = model.outline.centre.x - dot.bias.x;
+  result.y = model.outline.centre.y - dot.bias.y;
+  result.xx = misfit * dot.fit->covariance(0, 0);
+  result.xy = misfit * dot.fit->covariance(0, 1);
+  result.yy = misfit * dot.fit->covariance(1, 1);
+  result.edge_width = model.blur;
+  return result;
+}
+
+std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const PictureState& known,
+                                              const CalibratedCamera& camera, std::vector<DotWork>& dots) {
+  std::optional<FittedPose> pose;
+  for (int round = 0; round < kPoseRounds; ++round) {
+    pose = poseOf(camera, dots);
+    if (!pose) return std::nullopt;
+    findBiases(camera, pose->pose, dots);
+    if (round == 0) fitMarks(picture, known, true, dots);
+  }
+  pose = poseOf(camera, dots);
+  if (!pose) return std::nullopt;
+  return RefinedPose{pose->pose.R, pose->pose.T, pose->rms};
+}
+
+}  // namespace
+}  // namespace refine
+
+RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& places, const CalibratedCamera& camera) {
+  using namespace refine;
+  const GreyPicture grey = greyPictureOf(picture);
+  std::vector<DotWork> dots(places.size());
+  for (std::size_t k = 0; k < places.size(); ++k) dots[k].place = &places[k];
+  findSlopes(camera, dots);
+  findMarks(grey, dots);
+  fitMarks(grey, {}, false, dots);
+  const PictureState known = pictureStateOf(grey, dots);
+  fitMarks(grey, known, false, dots);
+  const double misfit = misfitOf(dots);
+  RefinedPicture result;
+  result.pose = correctPerspective(grey, known, camera, dots);
+  result.dots.reserve(dots.size());
+  for (const DotWork& dot : dots) result.dots.push_back(resultOf(dot, misfit));
+  return result;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "refine/edge/EdgeModel.h"
+#include "refine/edge/EdgePixels.h"
+#include "refine/edge/NoiseLevel.h"
+
+namespace refine {
+
+/// Squared residuals of some pixels.
+struct ZoneResidual {
+  double squares = 0.0;
+  int count = 0;
+};
+
+/// The model that comes nearest to a mark's pixels.
+struct EdgeFit {
+  EdgeModel model;
+  cv::Matx22d covariance;  ///< Of the centre, square pixels, from the noise of the pixels.
+  ZoneResidual paper, ink; ///< Away from the edges, squared greys.
+  ZoneResidual edge;       ///< On them, in variances of the noise.
+  int outliers = 0;        ///< On the edges, far beyond the noise.
+  int on_edge = 0;         ///< All pixels on them that were used.
+};
+
+/// Fits a model to pixels by the method of Gauss and Newton, every pixel weighted by the inverse of its variance and by
+/// Tukey's biweight (Beaton and Tukey 1974), so that what lies over the mark does not pull. With Gaussian noise this is
+/// the maximum of the likelihood, and the covariance, the inverse of the normal matrix, is the Cramer-Rao bound.
+///
+/// Without a noise level the scale is that of the median residual on the edge (Huber 1981). `residuals` is memory to
+/// work in. None where the pixels do not determine the model.
+std::optional<EdgeFit> fitEdge(const std::vector<EdgePixel>& pixels, const EdgeModel& start,
+                               const std::optional<NoiseLevel>& noise, std::vector<double>& residuals);
+
+}  // namespace refine

@@ -1,0 +1,68 @@
+#include "refine/edge/EdgePixels.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace refine {
+namespace {
+
+/// Beyond the edge's reach, so that there is flat paper and ink to compare with.
+constexpr double kFlat = 1.0;
+/// A neighbour's edge changes the grey by less than a thousandth beyond this, in standard deviations.
+constexpr double kClear = 3.0;
+
+bool blursInto(const std::vector<Neighbour>& neighbours, double x, double y) {
+  for (const Neighbour& neighbour : neighbours) {
+    const double reach = kClear * neighbour.blur;
+    const cv::Point2d half = neighbour.outline.halfBox();
+    if (std::abs(x - neighbour.outline.centre.x) > half.x + reach) continue;
+    if (std::abs(y - neighbour.outline.centre.y) > half.y + reach) continue;
+    if (edgePlace(neighbour.outline, x, y).outside() < reach) return true;
+  }
+  return false;
+}
+
+/// Signed distance from the nearest of the model's edges.
+double nearestEdge(const EdgeModel& model, const EdgePlace& place) {
+  double nearest = place.outside();
+  for (std::size_t k = 1; k < model.edges; ++k) {
+    const double t = place.along - model.ratio[k] * place.reach;
+    if (std::abs(t) < std::abs(nearest)) nearest = t;
+  }
+  return nearest;
+}
+
+}  // namespace
+
+void collectEdgePixels(const GreyPicture& picture, const EdgeModel& model, const std::vector<Neighbour>& neighbours,
+                       EdgePixels& result) {
+  result.pixels.clear();
+  result.on_edge = result.neighboured = result.clipped = 0;
+  const double reach = kEdgeReach * model.blur + kFlat;
+  const double on_edge = kOnEdge * model.blur;
+  const cv::Point2d half = model.outline.halfBox() + cv::Point2d(reach, reach);
+  const cv::Point2d centre = model.outline.centre;
+  const int last_row = static_cast<int>(std::floor(centre.y + half.y));
+  const int last_column = static_cast<int>(std::floor(centre.x + half.x));
+  for (int row = static_cast<int>(std::ceil(centre.y - half.y)); row <= last_row; ++row) {
+    for (int column = static_cast<int>(std::ceil(centre.x - half.x)); column <= last_column; ++column) {
+      const double t = nearestEdge(model, edgePlace(model.outline, column, row));
+      if (std::abs(t) > reach) continue;
+      const bool right_on = std::abs(t) < on_edge;
+      result.on_edge += right_on;
+      const bool inside = row >= 0 && column >= 0 && row < picture.grey.rows && column < picture.grey.cols;
+      if (!inside || picture.clipped.at<std::uint8_t>(row, column) != 0) {
+        result.clipped += right_on;
+        if (!inside) continue;
+      }
+      if (blursInto(neighbours, column, row)) {
+        result.neighboured += right_on;
+        continue;
+      }
+      result.pixels.push_back(
+          {static_cast<float>(column), static_cast<float>(row), picture.grey.at<float>(row, column)});
+    }
+  }
+}
+
+}  // namespace refine

@@ -1,0 +1,94 @@
+#include "refine/outline/GradientLines.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "refine/outline/DualConic.h"
+
+namespace refine {
+namespace {
+
+constexpr int kRounds = 4;
+constexpr double kResting = 0.02;  ///< Pixels; what follows refines further.
+constexpr double kAcross = 0.7;    ///< Cosine between gradient and normal.
+constexpr double kSharpest = 0.35, kSoftest = 6.0;
+
+struct Gradient {
+  double x = 0.0, y = 0.0;
+};
+
+/// Differences over two pixels, smoothed across with the weights that turn least with the direction (Scharr 2000).
+Gradient gradientAt(const cv::Mat& grey, int column, int row) {
+  constexpr double kSide = 3.0 / 32.0, kMiddle = 10.0 / 32.0;
+  const auto* const up = grey.ptr<float>(row - 1) + column;
+  const auto* const at = grey.ptr<float>(row) + column;
+  const auto* const down = grey.ptr<float>(row + 1) + column;
+  const double falling = static_cast<double>(down[1]) - up[-1], rising = static_cast<double>(up[1]) - down[-1];
+  return {kSide * (falling + rising) + kMiddle * (static_cast<double>(at[1]) - at[-1]),
+          kSide * (falling - rising) + kMiddle * (static_cast<double>(down[0]) - up[0])};
+}
+
+struct Range {
+  int first, last;
+};
+
+/// Pixels that have neighbours on both sides.
+Range rangeOf(double centre, double half, int size) {
+  return {static_cast<int>(std::ceil(std::max(centre - half, 1.0))),
+          static_cast<int>(std::floor(std::min(centre + half, size - 2.0)))};
+}
+
+/// Sums over the lines of a band.
+struct BandSums {
+  DualConicFit fit;
+  double weight = 0.0, squares = 0.0;
+
+  explicit BandSums(const cv::Point2d& origin) : fit(origin) {}
+
+  void add(const cv::Mat& grey, int column, int row, const Outline& around, const GradientBand& band) {
+    const EdgePlace place = edgePlace(around, column, row);
+    const double outside = place.outside();
+    if (outside < -band.inner || outside > band.outer) return;
+    const Gradient g = gradientAt(grey, column, row);
+    const double squared = g.x * g.x + g.y * g.y;
+    const double across = band.sign * (g.x * place.nx + g.y * place.ny);
+    if (!(across > 0.0) || across * across < kAcross * kAcross * squared) return;
+    const double length = std::sqrt(squared);
+    fit.addLine(column, row, g.x / length, g.y / length, squared);
+    weight += squared;
+    squares += squared * outside * outside;
+  }
+};
+
+BandSums sumsOf(const cv::Mat& grey, const Outline& around, const GradientBand& band) {
+  BandSums sums(around.centre);
+  const cv::Point2d half = around.halfBox();
+  const Range rows = rangeOf(around.centre.y, half.y + band.outer, grey.rows);
+  const Range columns = rangeOf(around.centre.x, half.x + band.outer, grey.cols);
+  for (int row = rows.first; row <= rows.last; ++row) {
+    for (int column = columns.first; column <= columns.last; ++column) sums.add(grey, column, row, around, band);
+  }
+  return sums;
+}
+
+}  // namespace
+
+std::optional<GradientOutline> outlineOfGradients(const GreyPicture& picture, const Outline& expected,
+                                                  const GradientBand& band) {
+  GradientOutline result{expected};
+  for (int round = 0; round < kRounds; ++round) {
+    const BandSums sums = sumsOf(picture.grey, result.outline, band);
+    const std::optional<Outline> next = sums.fit.outline();
+    if (!next) return std::nullopt;
+    const cv::Point2d moved = next->centre - result.outline.centre;
+    // Squared gradients of a Gaussian edge spread by half its variance; the difference over two pixels adds a third.
+    const double variance = 2.0 * sums.squares / sums.weight - 1.0 / 3.0;
+    result = {*next, std::clamp(std::sqrt(std::max(variance, 0.0)), kSharpest, kSoftest)};
+    const double grown = std::abs(next->radius() - expected.radius());
+    if (!(grown < 0.4 * expected.radius() + 1.0)) return std::nullopt;
+    if (round > 0 && std::abs(moved.x) + std::abs(moved.y) < kResting) break;
+  }
+  return result;
+}
+
+}  // namespace refine

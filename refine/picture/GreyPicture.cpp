@@ -1,0 +1,74 @@
+#include "refine/picture/GreyPicture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <stdexcept>
+
+namespace refine {
+namespace {
+
+constexpr int kColours = 3;
+
+template <typename Pixel>
+double largestOf(const cv::Mat& picture) {
+  Pixel largest = 0;
+  const int values = picture.cols * picture.channels();
+  for (int row = 0; row < picture.rows; ++row) {
+    const auto* const from = picture.ptr<Pixel>(row);
+    largest = std::max(largest, *std::max_element(from, from + values));
+  }
+  return largest;
+}
+
+/// The range of the sensor: of 16 bits only as many may be in use.
+double rangeOf(const cv::Mat& picture) {
+  if (picture.depth() == CV_8U) return 255.0;
+  const double largest = largestOf<std::uint16_t>(picture);
+  for (int bits = 9; bits < 16; ++bits) {
+    const double end = std::ldexp(1.0, bits) - 1.0;
+    if (largest == end) return end;
+  }
+  return 65535.0;
+}
+
+template <typename Pixel>
+void fill(GreyPicture& result, const cv::Mat& picture) {
+  const int channels = picture.channels();
+  const int colours = std::min(channels, kColours);
+  const auto end = static_cast<Pixel>(result.range);
+  const float share = 1.0F / static_cast<float>(colours);
+  for (int row = 0; row < picture.rows; ++row) {
+    const auto* from = picture.ptr<Pixel>(row);
+    auto* const grey = result.grey.ptr<float>(row);
+    auto* const clipped = result.clipped.ptr<std::uint8_t>(row);
+    for (int column = 0; column < picture.cols; ++column, from += channels) {
+      float sum = 0.0F;
+      std::uint8_t at_end = 0;
+      for (int colour = 0; colour < colours; ++colour) {
+        sum += static_cast<float>(from[colour]);
+        if (from[colour] == 0 || from[colour] >= end) at_end = 1;
+      }
+      grey[column] = colours == 1 ? sum : sum * share;
+      clipped[column] = at_end;
+    }
+  }
+}
+
+}  // namespace
+
+GreyPicture greyPictureOf(const cv::Mat& picture) {
+  if (picture.empty() || (picture.depth() != CV_8U && picture.depth() != CV_16U))
+    throw std::invalid_argument("a picture of 8 or 16 bits a channel is wanted");
+  GreyPicture result{cv::Mat(picture.size(), CV_32F), cv::Mat(picture.size(), CV_8U)};
+  result.range = rangeOf(picture);
+  result.step = 1.0 / std::sqrt(std::min(picture.channels(), kColours));
+  if (picture.depth() == CV_8U) {
+    fill<std::uint8_t>(result, picture);
+  } else {
+    fill<std::uint16_t>(result, picture);
+  }
+  return result;
+}
+
+}  // namespace refine
