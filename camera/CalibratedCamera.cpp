@@ -89,3 +89,9 @@ std::optional<cv::Point2d> CalibratedCamera::pixelOf(const cv::Vec3d& point_came
 std::optional<cv::Point2d> CalibratedCamera::idealOf(const cv::Point2d& pixel) const {
   return undistorted({(pixel.x - centre_.x) / focal_.x, (pixel.y - centre_.y) / focal_.y});
 }
+
+CalibratedCamera CalibratedCamera::cropped(const cv::Point2d& origin) const {
+  CalibratedCamera camera = *this;
+  camera.centre_ -= origin;  // The grid of a polynomial lens stays where it was over the normalised plane.
+  return camera;
+}

@@ -24,6 +24,9 @@ class CalibratedCamera {
   /// The ideal normalised point that a pixel sees; none outside of the lens's field.
   std::optional<cv::Point2d> idealOf(const cv::Point2d& pixel) const;
 
+  /// The same camera where its pictures are cut out: pixel (0, 0) of them is pixel `origin` of this one's.
+  CalibratedCamera cropped(const cv::Point2d& origin) const;
+
   const cv::Point2d& focal() const { return focal_; }    ///< fx, fy, pixels.
   const cv::Point2d& centre() const { return centre_; }  ///< cx, cy, pixels.
 

@@ -4,7 +4,6 @@
 #include <opencv2/imgproc.hpp>
 
 #include "camera/PolyRectifyMap.h"
-#include "camera/StereoRectifyScaled.h"
 
 namespace {
 
@@ -51,15 +50,26 @@ WarpMaps warpMaps(const Lens& lens, const cv::Mat& R, const cv::Mat& P, const cv
   return maps;
 }
 
+Lens leftLens(const RectificationSettings& settings, const StereoMatrices& cameras) {
+  return {cameras.K1, cameras.D1, settings.left_camera};
+}
+
+Lens rightLens(const RectificationSettings& settings, const StereoMatrices& cameras) {
+  return {cameras.K2, cameras.D2, settings.right_camera};
+}
+
 }  // namespace
+
+Rectification virtualPair(const RectificationSettings& settings, const StereoMatrices& cameras, const cv::Size& size,
+                          LensModel model) {
+  // The comparison is exact: the scale next to 1 chooses another kind of virtual camera.
+  if (isBrown(model) && settings.f_scale == 1.0F) return unscaledPair(cameras, size);
+  return scaledPair(leftLens(settings, cameras), rightLens(settings, cameras), cameras, size, settings.f_scale, model);
+}
 
 RectificationMaps rectificationMaps(const RectificationSettings& settings, const StereoMatrices& cameras,
                                     const cv::Size& size, LensModel model) {
-  const Lens left{cameras.K1, cameras.D1, settings.left_camera};
-  const Lens right{cameras.K2, cameras.D2, settings.right_camera};
-  // The comparison is exact: the scale next to 1 chooses another kind of virtual camera.
-  const bool unscaled = isBrown(model) && settings.f_scale == 1.0F;
-  const Rectification pair =
-      unscaled ? unscaledPair(cameras, size) : scaledPair(left, right, cameras, size, settings.f_scale, model);
-  return {warpMaps(left, pair.R1, pair.P1, size, model), warpMaps(right, pair.R2, pair.P2, size, model), pair.Q};
+  const Rectification pair = virtualPair(settings, cameras, size, model);
+  return {warpMaps(leftLens(settings, cameras), pair.R1, pair.P1, size, model),
+          warpMaps(rightLens(settings, cameras), pair.R2, pair.P2, size, model), pair.Q};
 }

@@ -8,10 +8,6 @@
 
 namespace {
 
-// Values of `x_y`.
-constexpr std::int32_t kRowsAsTheyAre = 0;
-constexpr std::int32_t kQuarterTurn = 1;
-
 cv::Mat warped(const cv::Mat& image, const WarpMaps& maps) {
   cv::Mat output;
   cv::remap(image, output, maps.columns, maps.rows, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar(0));

@@ -7,6 +7,10 @@
 #include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 
+// Values of `x_y`.
+inline constexpr std::int32_t kRowsAsTheyAre = 0;
+inline constexpr std::int32_t kQuarterTurn = 1;
+
 /// What the rectification needs of a run besides images and matrices.
 struct RectificationSettings {
   float f_scale = 1.0F;  ///< Exactly 1 selects OpenCV's own rectification for the Brown models.

@@ -110,4 +110,25 @@ TEST(CalibratedCamera, TakesThePolynomialsOfItsSide) {
   EXPECT_NEAR(back->y, ideal.y, 2e-7);
 }
 
+TEST(CalibratedCamera, CutOutPicturesKeepTheLens) {
+  StereoCalibParams calib = calibration();
+  calib.left.width = 1280;
+  calib.left.height = 800;
+  const PolyTables tables = fitPolyTables(Image(1280, 800, 700, 710, 640, 400, 8, 6), radialLens(-0.1, 0.02));
+  calib.left.poly_nx = tables.cells_x;
+  calib.left.poly_ny = tables.cells_y;
+  calib.left.poly_x = tables.x;
+  calib.left.poly_y = tables.y;
+  for (const LensModel model : {LensModel::kBrownEight, LensModel::kPoly}) {
+    const CalibratedCamera camera(calib, 0, model);
+    const CalibratedCamera cropped = camera.cropped({100.0, 40.0});
+    EXPECT_EQ(cropped.centre(), cv::Point2d(540.0, 360.0));
+    const auto whole = camera.pixelOf({300.0, -200.0, 900.0});
+    const auto cut_out = cropped.pixelOf({300.0, -200.0, 900.0});
+    ASSERT_TRUE(whole && cut_out);
+    EXPECT_NEAR(cut_out->x, whole->x - 100.0, 1e-12);
+    EXPECT_NEAR(cut_out->y, whole->y - 40.0, 1e-12);
+  }
+}
+
 }  // namespace
