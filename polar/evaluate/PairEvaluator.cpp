@@ -14,6 +14,7 @@ PairStatus PairEvaluator::measure(const PairInput& input, MeasuredPair& pair) {
   seen.measurement = measureAs(input, pair);
   seen.found = pair.found;
   seen.failed = pair.failed;
+  if (on_measured && seen.measurement == polar_status::kSuccess) on_measured(pair);
   return seen.measurement;
 }
 

@@ -46,8 +46,13 @@ class PairEvaluator {
   std::string errorText;      ///< Last error of an evaluation.
 
   /// Replaces the measurement of the images when set: first argument 0 for the full measurement, 1 for detection only.
-  /// Tests set it, to evaluate points of their own.
+  /// A second look sets it, and tests do, to evaluate points of their own.
   std::function<PairStatus(std::int32_t evalu_model, MeasuredPair& pair)> measurement;
+  /// Replaces the detection of a frame when set: the frame points of both images by their places in the list.
+  std::function<MeasuredPair()> frame_measurement;
+  /// Told of each measurement that succeeded, also of a frame's points by place, when set; `seen.evaluation` says for
+  /// whom. No figure depends on it.
+  std::function<void(const MeasuredPair& pair)> on_measured;
 
   const PolarConfig& config() const { return *config_; }
 

@@ -1,6 +1,7 @@
 #include <chrono>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "camera/BrownCamera.h"
@@ -11,6 +12,7 @@
 #include "polar/run/PolarCore.h"
 #include "polar/run/RunCameras.h"
 #include "polar/run/RunTexts.h"
+#include "polar/run/SecondLook.h"
 
 std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCalibParams& calib) {
   const std::string summary_name = summaryPath(*config, kFrameSummary);
@@ -34,12 +36,17 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
   const CameraIntrinsicsBase& right_object =
       poly ? static_cast<const CameraIntrinsicsBase&>(right_camera) : right_brown;
 
+  const auto evaluate = [&](const PairInput& raw, PairEvaluator& by) {
+    by.seen.evaluation = "frame";
+    return by.CalFramePrecision(raw, left_object, right_object);
+  };
+  PairEvaluation frames = [&](std::size_t /*index*/, const PairInput& raw) {
+    evaluate(raw, evaluator);
+    return PairResult{};  // A failing frame still makes a record, a row and a report.
+  };
+  if (arguments.refiner != nullptr) {
+    frames = withSecondLook(std::move(frames), *arguments.refiner, evaluator, {unwarped, evaluate});
+  }
   const WalkRules rules{.counts_given_up = false, .writes_every_row = true};
-  return walkPairs(*this, arguments, evaluator, summary, start, rules,
-                   [&](std::size_t /*index*/, const PairInput& raw) {
-                     // A failing frame still makes a record, a row and a report.
-                     evaluator.seen.evaluation = "frame";
-                     evaluator.CalFramePrecision(raw, left_object, right_object);
-                     return PairResult{};
-                   });
+  return walkPairs(*this, arguments, evaluator, summary, start, rules, frames);
 }

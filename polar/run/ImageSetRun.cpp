@@ -1,11 +1,14 @@
 #include <chrono>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "PolarLinePrecision/Status.h"
+#include "camera/CalibratedPair.h"
+#include "camera/RectificationMaps.h"
 #include "camera/RectifyPair.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
@@ -16,10 +19,19 @@
 #include "polar/run/PolarCore.h"
 #include "polar/run/RunCameras.h"
 #include "polar/run/RunTexts.h"
+#include "polar/run/SecondLook.h"
 
 namespace {
 
 constexpr PairResult kPairFinished{PairOutcome::kFinished, 0};
+
+RectificationSettings rectificationSettings(const PolarCore& core) {
+  return {core.config->f_scale, core.config->x_y, core.left_camera, core.right_camera};
+}
+
+StereoMatrices stereoMatrices(const PolarCore& core) {
+  return {core.left.K, core.left.D, core.right.K, core.right.D, core.R, core.T};
+}
 
 /// The evaluations of an image-set run, in the order in which a pair passes them.
 class ImageSetPair {
@@ -28,38 +40,45 @@ class ImageSetPair {
       : core_(core), config_(*core.config), evaluator_(evaluator), result_dir_(std::move(result_dir)) {}
 
   PairResult operator()(std::size_t index, const PairInput& raw) {
-    if (config_.triangulate_dis_switch != 0 || config_.triangulate_residual_switch != 0) {
-      const PairStatus status = triangulate(raw);
-      if (status != 0 && config_.discalsave) return {PairOutcome::kEndRun, keepError(status)};
-      if (status != 0) return giveUp(status);
-    }
-    if (config_.dy_bias_switch != 0 || config_.foursixmethod_swithch != 0) {
+    const PairResult result = evaluate(raw, [&] {
       const RectifiedPair rectified = rectify(raw);
       save(rectified, index);
-      const PairInput pair{raw.evalu_model, raw.targetConfigPath, rectified.left, rectified.right};
-      if (config_.dy_bias_switch != 0) {
-        if (const PairStatus status = rowDisparity(pair); status != 0) return giveUp(status);
-      }
-      if (config_.foursixmethod_swithch != 0 || config_.allpointssavecsv_swithch != 0) {
-        if (const PairStatus status = pointCloud(pair); status != 0) return giveUp(status);
-      }
-    }
-    const PairStatus status = config_.spaceRms_switch ? boardCheck(raw) : 0;
-    return status == 0 ? kPairFinished : giveUp(status);
+      return PairInput{raw.evalu_model, raw.targetConfigPath, rectified.left, rectified.right};
+    });
+    if (result.outcome != PairOutcome::kFinished) core_.errorText = evaluator_.errorText;
+    return result;
+  }
+
+  /// The same once more with points that the evaluator is given: nothing is rectified, as nobody looks at the pictures,
+  /// and the core keeps what the pair left in it.
+  PairStatus again(const PairInput& raw) {
+    return evaluate(raw, [&] { return PairInput{raw.evalu_model, raw.targetConfigPath, {}, {}}; }).status;
   }
 
  private:
   bool isPoly() const { return core_.lensModel() == LensModel::kPoly; }
 
-  std::int32_t keepError(PairStatus status) {
-    core_.errorText = evaluator_.errorText;
-    return status;
+  template <typename Rectified>
+  PairResult evaluate(const PairInput& raw, const Rectified& rectified) {
+    if (config_.triangulate_dis_switch != 0 || config_.triangulate_residual_switch != 0) {
+      const PairStatus status = triangulate(raw);
+      if (status != 0 && config_.discalsave) return {PairOutcome::kEndRun, status};
+      if (status != 0) return givenUp(status);
+    }
+    if (config_.dy_bias_switch != 0 || config_.foursixmethod_swithch != 0) {
+      const PairInput pair = rectified();
+      if (config_.dy_bias_switch != 0) {
+        if (const PairStatus status = rowDisparity(pair); status != 0) return givenUp(status);
+      }
+      if (config_.foursixmethod_swithch != 0 || config_.allpointssavecsv_swithch != 0) {
+        if (const PairStatus status = pointCloud(pair); status != 0) return givenUp(status);
+      }
+    }
+    const PairStatus status = config_.spaceRms_switch ? boardCheck(raw) : 0;
+    return status == 0 ? kPairFinished : givenUp(status);
   }
 
-  PairResult giveUp(PairStatus status) {
-    core_.errorText = evaluator_.errorText;
-    return {PairOutcome::kGivenUp, status};
-  }
+  static PairResult givenUp(PairStatus status) { return {PairOutcome::kGivenUp, status}; }
 
   PairStatus triangulate(const PairInput& raw) {
     evaluator_.seen.evaluation = "triangulation";
@@ -69,9 +88,8 @@ class ImageSetPair {
   }
 
   RectifiedPair rectify(const PairInput& raw) {
-    auto rectified = RectifyPair({config_.f_scale, config_.x_y, core_.left_camera, core_.right_camera},
-                                 {core_.left.K, core_.left.D, core_.right.K, core_.right.D, core_.R, core_.T},
-                                 raw.left_image, raw.right_image, core_.lensModel(), core_.Q);
+    auto rectified = RectifyPair(rectificationSettings(core_), stereoMatrices(core_), raw.left_image, raw.right_image,
+                                 core_.lensModel(), core_.Q);
     if (!rectified) throw std::out_of_range("x_y must be 0 or 1");
     return std::move(*rectified);
   }
@@ -116,6 +134,27 @@ class ImageSetPair {
   std::string result_dir_;
 };
 
+/// Where the rectified pictures of the core's cameras show a pair.
+PairViews viewsOf(const PolarCore& core, const std::optional<CalibratedPair>& lenses, const cv::Size& size) {
+  PairViews views;
+  if (lenses) {
+    const Rectification pair =
+        virtualPair(rectificationSettings(core), stereoMatrices(core), size, core.lensModel().value());
+    views = {VirtualView(core.left.K, lenses->left, pair.R1, pair.P1),
+             VirtualView(core.right.K, lenses->right, pair.R2, pair.P2)};
+  }
+  if (core.config->x_y != kQuarterTurn) return views;
+  return {views.left.turned(size.height), views.right.turned(size.height)};
+}
+
+SecondSteps secondSteps(PolarCore& core, const StereoCalibParams& calib) {
+  const auto model = core.lensModel();
+  const auto lenses = model ? std::optional(CalibratedPair(calib, *model)) : std::nullopt;
+  return {
+      [&core, lenses](const PairInput& raw) { return viewsOf(core, lenses, raw.left_image.size()); },
+      [&core](const PairInput& raw, PairEvaluator& evaluator) { return ImageSetPair(core, evaluator, "").again(raw); }};
+}
+
 // All three are asked for before any is judged; what could be made stays.
 bool makeResultFolders(const std::string& result_dir) {
   const std::int32_t both = files::MakeFolder(result_dir);
@@ -150,5 +189,9 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
 
   PairEvaluator evaluator = makeEvaluator(*this);
   const WalkRules rules{.counts_given_up = true, .writes_every_row = false};
-  return walkPairs(*this, arguments, evaluator, summary, start, rules, ImageSetPair(*this, evaluator, result_dir));
+  PairEvaluation evaluate = ImageSetPair(*this, evaluator, result_dir);
+  if (arguments.refiner != nullptr) {
+    evaluate = withSecondLook(std::move(evaluate), *arguments.refiner, evaluator, secondSteps(*this, calib));
+  }
+  return walkPairs(*this, arguments, evaluator, summary, start, rules, evaluate);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <opencv2/core.hpp>
 #include <optional>
@@ -19,6 +20,7 @@
 #include "polar/results/PairFigures.h"
 
 class PairEvaluator;
+struct PairInput;
 
 /// The images of a run that need not be in memory at once.
 class ImageSource {
@@ -45,6 +47,27 @@ class RunObserver {
   virtual void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) = 0;
 };
 
+/// Dots of one picture by id (of a frame: by their places in its list), pixels of the picture as the evaluations see
+/// it: cut out, if that is asked for.
+using CentresById = std::map<std::int32_t, cv::Point2d>;
+
+/// Knows better where the dots of a pair are. The run evaluates each pair that it finishes once more with what it is
+/// told, behind everything that it does without, and shows that; neither changes what the run gives or writes.
+class CentreRefiner {
+ public:
+  CentreRefiner() = default;
+  CentreRefiner(const CentreRefiner&) = delete;
+  CentreRefiner& operator=(const CentreRefiner&) = delete;
+  virtual ~CentreRefiner() = default;
+
+  /// Centres for the places of the left and the right picture. An id that is left out keeps the centre that it was
+  /// measured at.
+  virtual std::array<CentresById, 2> refine(const PairInput& raw, const std::array<CentresById, 2>& places) = 0;
+  /// Behind the second look at each finished pair, before the observer's `pairDone`. `status`: what ended the
+  /// evaluations, an exception too, whose text is then the evaluator's error text; otherwise 0.
+  virtual void evaluated(std::int32_t status, const PairEvaluator& evaluator) = 0;
+};
+
 /// What a run is given beside its configuration and its calibration.
 struct RunArguments {
   std::string targetConfigPath;
@@ -52,6 +75,7 @@ struct RunArguments {
   const ProgressCallback* progress = nullptr;  ///< May be null.
   ImageSource* source = nullptr;               ///< Takes the place of `images`; may be null.
   RunObserver* observer = nullptr;             ///< May be null. Takes the place of the run's records.
+  CentreRefiner* refiner = nullptr;            ///< May be null: no pair is looked at twice.
 };
 
 /// The rectified geometry in the run's form.

@@ -1,5 +1,6 @@
 #include <chrono>
 #include <fstream>
+#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/OutputFile.h"
@@ -8,6 +9,7 @@
 #include "polar/run/PairWalk.h"
 #include "polar/run/PolarCore.h"
 #include "polar/run/RunTexts.h"
+#include "polar/run/SecondLook.h"
 
 namespace {
 
@@ -61,11 +63,14 @@ std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const Re
   const auto start = std::chrono::steady_clock::now();
   if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
-  return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{},
-                   [&](std::size_t /*index*/, const PairInput& pair) {
-                     const PairStatus status = evaluatePair(pair, evaluator);
-                     if (status == 0) return PairResult{};
-                     errorText = evaluator.errorText;
-                     return PairResult{PairOutcome::kGivenUp, status};
-                   });
+  PairEvaluation pairs = [&](std::size_t /*index*/, const PairInput& pair) {
+    const PairStatus status = evaluatePair(pair, evaluator);
+    if (status == 0) return PairResult{};
+    errorText = evaluator.errorText;
+    return PairResult{PairOutcome::kGivenUp, status};
+  };
+  if (arguments.refiner != nullptr) {
+    pairs = withSecondLook(std::move(pairs), *arguments.refiner, evaluator, {unwarped, evaluatePair});
+  }
+  return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{}, pairs);
 }

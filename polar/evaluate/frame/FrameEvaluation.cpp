@@ -24,6 +24,7 @@ MeasuredPair pairByPlace(const FrameSide& left, const FrameSide& right) {
     pair.left_points.push_back(centreOf(left.points[k]));
     pair.right_points.push_back(centreOf(right.points.at(k)));
     pair.left_by_id.emplace(static_cast<std::int32_t>(k), pair.left_points.back());
+    pair.right_by_id.emplace(static_cast<std::int32_t>(k), pair.right_points.back());
   }
   return pair;
 }
@@ -73,24 +74,30 @@ bool passesResidual(PairEvaluator& evaluator, const cv::Mat& right_image, const 
   return true;
 }
 
+MeasuredPair measureFrame(PairEvaluator& evaluator, const PairInput& raw) {
+  // Only for the pose report and, should the frame fail below, the canvas: its points are not used and its status does
+  // not count.
+  MeasuredPair board;
+  evaluator.MeasurePairPoints(raw, board);
+
+  const PolarConfig& config = evaluator.config();
+  const auto target = std::make_unique<kestrune::RingTarget>();
+  target->loadConfig(raw.targetConfigPath);
+  const FrameSide left = findFramePoints(*target, raw.left_image, {config.Frame_ID, config.Frame_IRL});
+  const FrameSide right = findFramePoints(*target, raw.right_image, {config.Frame_ID, config.Frame_IRR});
+  evaluator.figures.setMeasured(FigureGroup::kPicture);
+  evaluator.figures.detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
+  MeasuredPair pair = pairByPlace(left, right);
+  if (evaluator.on_measured) evaluator.on_measured(pair);
+  return pair;
+}
+
 }  // namespace
 
 PairStatus PairEvaluator::CalFramePrecision(const PairInput& raw, const CameraIntrinsicsBase& left_camera,
                                             const CameraIntrinsicsBase& right_camera) {
-  // Only for the pose report and, should the frame fail below, the canvas: its points are not used and its status does
-  // not count.
-  MeasuredPair board;
-  MeasurePairPoints(raw, board);
-
-  const auto target = std::make_unique<kestrune::RingTarget>();
-  target->loadConfig(raw.targetConfigPath);
-  const FrameSide left = findFramePoints(*target, raw.left_image, {config().Frame_ID, config().Frame_IRL});
-  const FrameSide right = findFramePoints(*target, raw.right_image, {config().Frame_ID, config().Frame_IRR});
-  figures.setMeasured(FigureGroup::kPicture);
-  figures.detect_canvas = pictures::sideBySide(left.picture, right.picture, left.picture.type());
-
+  const MeasuredPair pair = frame_measurement ? frame_measurement() : measureFrame(*this, raw);
   console::useFixedNotation();
-  const MeasuredPair pair = pairByPlace(left, right);
   const ObjectPairModel model(left_camera, right_camera);
   const std::vector<cv::Point2f> predicted_right = triangulateFrame(*this, pair, raw.cameras, model);
   if (config().triangulate_residual_switch != 0 && !passesResidual(*this, raw.right_image, pair, predicted_right)) {
