@@ -4,6 +4,7 @@
 
 #include "check/document/JsonText.h"
 #include "check/figures/Summary.h"
+#include "check/refined/StateWords.h"
 #include "polarline/check.h"
 
 namespace polarline {
@@ -46,15 +47,41 @@ void writeFigure(JsonText& json, const Figure& figure) {
   }
 }
 
-void writePoints(JsonText& json, const PairPoints& points) {
-  json.key("points").object().list("id", points.id);
+/// The lists that detected and refined points share.
+void writeLists(JsonText& json, const PairPoints& points) {
+  json.list("id", points.id);
   json.list("left_x", points.left_x).list("left_y", points.left_y);
   json.list("right_x", points.right_x).list("right_y", points.right_y);
   json.list("dy", points.dy).list("residual", points.residual);
   json.list("x", points.x).list("y", points.y).list("z", points.z);
   json.list("rectified_left_x", points.rectified_left_x).list("rectified_left_y", points.rectified_left_y);
   json.list("rectified_right_x", points.rectified_right_x).list("rectified_right_y", points.rectified_right_y);
+}
+
+void writeStates(JsonText& json, const char* name, const std::vector<DotState>& states) {
+  json.key(name).array();
+  for (const DotState state : states) json.value(nameOf(state));
   json.end();
+}
+
+void writeFigures(JsonText& json, const std::vector<Figure>& figures) {
+  json.key("figures").object();
+  for (const Figure& figure : figures) writeFigure(json, figure);
+  json.end();
+}
+
+void writeRefined(JsonText& json, const RefinedPair& pair) {
+  json.key("refined").object();
+  writeFigures(json, pair.figures);
+  json.member("problem", pair.problem);
+  json.key("dots").object().member("left", pair.refined_left).member("right", pair.refined_right).end();
+  json.key("points").object();
+  writeLists(json, pair.points);
+  json.list("left_sd_x", pair.points.left_sd_x).list("left_sd_y", pair.points.left_sd_y);
+  json.list("right_sd_x", pair.points.right_sd_x).list("right_sd_y", pair.points.right_sd_y);
+  writeStates(json, "left_state", pair.points.left_state);
+  writeStates(json, "right_state", pair.points.right_state);
+  json.end().end();
 }
 
 void writeReason(JsonText& json, const PairCheck& pair) {
@@ -71,14 +98,16 @@ void writePair(JsonText& json, const PairCheck& pair) {
   json.object().member("index", pair.index).member("left", pair.left).member("right", pair.right);
   json.member("state", pair.finished ? "finished" : "given up");
   writeReason(json, pair);
-  json.key("figures").object();
-  for (const Figure& figure : pair.figures) writeFigure(json, figure);
-  json.end().key("carried").array();
+  writeFigures(json, pair.figures);
+  json.key("carried").array();
   for (const Figure& figure : pair.figures) {
     if (figure.is_carried) json.value(figure.name);
   }
   json.end().key("found").object().member("left", pair.found_left).member("right", pair.found_right).end();
-  writePoints(json, pair.points);
+  json.key("points").object();
+  writeLists(json, pair.points);
+  json.end();
+  if (pair.refined) writeRefined(json, *pair.refined);
   json.end();
 }
 
@@ -123,14 +152,24 @@ void writeCameras(JsonText& json, const Cameras& cameras) {
   json.end().end();
 }
 
-void writeSummary(JsonText& json, const Check& check) {
-  json.key("summary").object().member("pairs", check.pairs.size()).member("finished", check.finished());
+void writeSummaries(JsonText& json, const std::vector<FigureSummary>& summaries) {
   json.key("figures").object();
-  for (const FigureSummary& each : check.summary) {
+  for (const FigureSummary& each : summaries) {
     json.key(each.name).object().member("mean", each.mean).member("sd", each.sd);
     json.member("min", each.min).member("max", each.max).member("worst_pair", each.worst_pair).end();
   }
-  json.end().end();
+  json.end();
+}
+
+void writeSummary(JsonText& json, const Check& check) {
+  json.key("summary").object().member("pairs", check.pairs.size()).member("finished", check.finished());
+  writeSummaries(json, check.summary);
+  if (check.refined_summary) {
+    json.key("refined").object();
+    writeSummaries(json, *check.refined_summary);
+    json.end();
+  }
+  json.end();
 }
 
 void writeLimits(JsonText& json, const std::vector<LimitResult>& limits) {

@@ -41,6 +41,13 @@ constexpr auto kEntries = std::to_array<Entry>({
     {"pairs_given_up", "pairs_given_up", "Some pairs were given up, and no limit judges how many.",
      "Read the reason of each; with --limit 'given_up<=0' such a check fails."},
 
+    {"refining_failed", "refining_failed", "A finished pair has no refined figures.",
+     "Look at its figures from detected centres; the text says what the refined ones lack."},
+    {"few_refined", "few_refined",
+     "Less than half of a picture's dots could be refined; the others stand where they were detected, in the refined "
+     "figures, too.",
+     "Bring the whole board into view, sharp and without glare; a dot should be some 10 pixels wide."},
+
     {"dots_too_small", "dots_too_small", "The dots are smaller in the picture than the detector is sure of.",
      "Move the board nearer, or take a board with fewer and larger dots."},
     {"dots_too_large", "dots_too_large", "The dots are larger in the picture than the detector takes.",

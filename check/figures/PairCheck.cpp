@@ -3,11 +3,18 @@
 #include "polarline/check.h"
 
 namespace polarline {
+namespace {
 
-const Figure* PairCheck::figure(const std::string& name) const {
+const Figure* named(const std::vector<Figure>& figures, const std::string& name) {
   const auto found = std::ranges::find_if(figures, [&](const Figure& each) { return name == each.name; });
   return found == figures.end() ? nullptr : &*found;
 }
+
+}  // namespace
+
+const Figure* PairCheck::figure(const std::string& name) const { return named(figures, name); }
+
+const Figure* RefinedPair::figure(const std::string& name) const { return named(figures, name); }
 
 std::size_t Check::finished() const {
   return static_cast<std::size_t>(std::ranges::count_if(pairs, &PairCheck::finished));

@@ -57,6 +57,8 @@ class PointTable {
   std::map<std::int32_t, std::size_t> place_;
 };
 
+}  // namespace
+
 PairPoints pointsOf(const PairObservation& seen) {
   PointTable table(seen);
   PairPoints& points = table.points;
@@ -80,12 +82,27 @@ PairPoints pointsOf(const PairObservation& seen) {
   return std::move(table.points);
 }
 
-}  // namespace
+std::vector<Figure> ownFigures(const PairEvaluator& evaluator) {
+  std::vector<Figure> figures;
+  figure_list::forEach([&](auto entry) {
+    Figure figure;
+    figure.name = entry.name;
+    figure.unit = entry.unit;
+    figure.meaning = entry.meaning;
+    if constexpr (requires { takeValues(entry.valueIn(evaluator.figures), figure); }) {
+      takeValues(entry.valueIn(evaluator.figures), figure);
+      figure.is_own = evaluator.figures.isMeasured(entry.kGroup);
+      if (!figure.is_own) figure.values.clear();
+      figures.push_back(std::move(figure));
+    }
+  });
+  return figures;
+}
 
 std::vector<std::string> figureNames() {
   const PairEvaluator nothing(std::make_shared<const PolarConfig>());
   std::vector<std::string> names;
-  for (const Figure& figure : PairReading().read(true, 0, nothing).figures) names.emplace_back(figure.name);
+  for (const Figure& figure : ownFigures(nothing)) names.emplace_back(figure.name);
   return names;
 }
 
@@ -109,19 +126,16 @@ PairCheck PairReading::read(bool finished, std::int32_t status, const PairEvalua
   pair.found_left = evaluator.seen.found[0];
   pair.found_right = evaluator.seen.found[1];
   if (!finished) pair.reason = reasonOf(status, evaluator);
+  pair.figures = ownFigures(evaluator);
+  auto figure = pair.figures.begin();
   figure_list::forEach([&](auto entry) {
-    Figure figure;
-    figure.name = entry.name;
-    figure.unit = entry.unit;
-    figure.meaning = entry.meaning;
-    if constexpr (requires { takeValues(entry.valueIn(evaluator.figures), figure); }) {
-      takeValues(entry.valueIn(evaluator.figures), figure);
-      figure.is_own = evaluator.figures.isMeasured(entry.kGroup);
+    if constexpr (requires { takeValues(entry.valueIn(evaluator.figures), *figure); }) {
+      Figure recorded;
+      takeValues(entry.valueIn(evaluator.figures), recorded);
       // Some lists are cleared behind each pair: their figures are not in the record of the next one.
       const bool was_measured = measured_before_.test(static_cast<std::size_t>(entry.kGroup));
-      figure.is_carried = !figure.is_own && was_measured && !figure.values.empty();
-      if (!figure.is_own) figure.values.clear();
-      pair.figures.push_back(std::move(figure));
+      figure->is_carried = !figure->is_own && was_measured && !recorded.values.empty();
+      ++figure;
     }
   });
   pair.points = pointsOf(evaluator.seen);

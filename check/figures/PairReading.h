@@ -23,6 +23,12 @@ struct FigureShape {
 /// None for what is no figure.
 std::optional<FigureShape> figureShape(const std::string& name);
 
+/// The figures that the evaluator measured of its current pair; what others measured has no values.
+std::vector<Figure> ownFigures(const PairEvaluator& evaluator);
+
+/// The dots that its evaluations saw.
+PairPoints pointsOf(const PairObservation& seen);
+
 /// Reads what a run shows of a pair into the record of a check.
 class PairReading {
  public:

@@ -39,20 +39,36 @@ class Accumulator {
   double farthest_ = 0.0;
 };
 
-/// The finished pairs' values of one entry.
-void summarise(const std::vector<PairCheck>& pairs, std::size_t figure, std::size_t entry,
-               std::vector<FigureSummary>& list) {
+/// The figures of the pairs that count, detected or refined, and the positions of the pairs in the list.
+struct Counted {
+  std::vector<const std::vector<Figure>*> figures;
+  std::vector<std::size_t> indices;
+};
+
+/// The values of one entry.
+void summarise(const Counted& counted, std::size_t figure, std::size_t entry, std::vector<FigureSummary>& list) {
   FigureSummary summary;
   Accumulator accumulator(summary);
-  for (const PairCheck& pair : pairs) {
-    if (!pair.finished || entry >= pair.figures[figure].values.size()) continue;
-    const double value = pair.figures[figure].values[entry];
-    if (std::isfinite(value)) accumulator.add(value, pair.index);
-    summary.name = entryName(pair.figures[figure], entry);
-    summary.unit = pair.figures[figure].unit;
+  for (std::size_t k = 0; k < counted.figures.size(); ++k) {
+    const Figure& measured = (*counted.figures[k])[figure];
+    if (entry >= measured.values.size()) continue;
+    if (std::isfinite(measured.values[entry])) accumulator.add(measured.values[entry], counted.indices[k]);
+    summary.name = entryName(measured, entry);
+    summary.unit = measured.unit;
   }
   accumulator.finish();
   if (summary.count > 0) list.push_back(summary);
+}
+
+std::vector<FigureSummary> summaryOf(const Counted& counted) {
+  std::vector<FigureSummary> list;
+  if (counted.figures.empty()) return list;
+  for (std::size_t figure = 0; figure < counted.figures[0]->size(); ++figure) {
+    std::size_t entries = 0;
+    for (const auto* figures : counted.figures) entries = std::max(entries, (*figures)[figure].values.size());
+    for (std::size_t entry = 0; entry < entries; ++entry) summarise(counted, figure, entry, list);
+  }
+  return list;
 }
 
 }  // namespace
@@ -62,14 +78,23 @@ std::string entryName(const Figure& figure, std::size_t entry) {
 }
 
 std::vector<FigureSummary> summaryOf(const std::vector<PairCheck>& pairs) {
-  std::vector<FigureSummary> list;
-  if (pairs.empty()) return list;
-  for (std::size_t figure = 0; figure < pairs[0].figures.size(); ++figure) {
-    std::size_t entries = 0;
-    for (const PairCheck& pair : pairs) entries = std::max(entries, pair.figures[figure].values.size());
-    for (std::size_t entry = 0; entry < entries; ++entry) summarise(pairs, figure, entry, list);
+  Counted counted;
+  for (const PairCheck& pair : pairs) {
+    if (!pair.finished) continue;
+    counted.figures.push_back(&pair.figures);
+    counted.indices.push_back(pair.index);
   }
-  return list;
+  return summaryOf(counted);
+}
+
+std::vector<FigureSummary> refinedSummaryOf(const std::vector<PairCheck>& pairs) {
+  Counted counted;
+  for (const PairCheck& pair : pairs) {
+    if (!pair.finished || !pair.refined) continue;
+    counted.figures.push_back(&pair.refined->figures);
+    counted.indices.push_back(pair.index);
+  }
+  return summaryOf(counted);
 }
 
 }  // namespace polarline

@@ -13,4 +13,7 @@ std::string entryName(const Figure& figure, std::size_t entry);
 /// not count.
 std::vector<FigureSummary> summaryOf(const std::vector<PairCheck>& pairs);
 
+/// The same of their refined figures.
+std::vector<FigureSummary> refinedSummaryOf(const std::vector<PairCheck>& pairs);
+
 }  // namespace polarline

@@ -59,7 +59,7 @@ class Worst {
     if (value_ && (!std::isfinite(*value_) || (counts && excess(limit_, value) <= excess(limit_, *value_)))) return;
     value_ = value;
     pair_ = static_cast<int>(pair);
-    name_ = entryName(figure, entry);
+    name_ = std::string(limit_.is_refined ? kRefinedPrefix : "").append(entryName(figure, entry));
     is_single_ = figure.is_single;
   }
   LimitResult result() const {
@@ -75,11 +75,16 @@ class Worst {
   bool is_single_ = false;
 };
 
+const Figure* judgedFigure(const Limit& limit, const PairCheck& pair) {
+  if (!limit.is_refined) return pair.figure(limit.figure);
+  return pair.refined ? pair.refined->figure(limit.figure) : nullptr;
+}
+
 LimitResult judgePairs(const Limit& limit, const Check& check) {
   Worst worst(limit);
   for (const PairCheck& pair : check.pairs) {
     if (!pair.finished) continue;
-    const Figure* const figure = pair.figure(limit.figure);
+    const Figure* const figure = judgedFigure(limit, pair);
     const std::size_t entries = figure == nullptr ? 0 : figure->values.size();
     if (entries == 0 || limit.entry.value_or(0) >= entries)
       return unmeasured(limit, fmt::format("pair {} did not measure it", pair.index));
@@ -97,9 +102,13 @@ double statisticOf(const FigureSummary& summary, const std::string& name) {
 }
 
 LimitResult judgeSummary(const Limit& limit, const Check& check) {
-  const std::string wanted = limit.entry ? fmt::format("{}[{}]", limit.figure, *limit.entry) : limit.figure;
-  const auto found = std::ranges::find(check.summary, wanted, &FigureSummary::name);
-  if (found == check.summary.end()) return unmeasured(limit, "no pair measured " + wanted);
+  const std::string entry = limit.entry ? fmt::format("{}[{}]", limit.figure, *limit.entry) : limit.figure;
+  const std::string wanted = judgedName(limit);
+  const std::vector<FigureSummary> none;
+  const auto& refined = check.refined_summary ? *check.refined_summary : none;
+  const auto& summary = limit.is_refined ? refined : check.summary;
+  const auto found = std::ranges::find(summary, entry, &FigureSummary::name);
+  if (found == summary.end()) return unmeasured(limit, "no pair measured " + wanted);
   const double value = statisticOf(*found, limit.statistic);
   return outcome(limit, value, -1,
                  fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, value));
@@ -115,6 +124,7 @@ LimitResult judgeOne(const Limit& limit, const Check& check) {
 
 std::vector<std::string> limitNames() {
   std::vector<std::string> names = figureNames();
+  for (const std::string& figure : figureNames()) names.push_back(std::string(kRefinedPrefix).append(figure));
   names.insert(names.end(), {kPairs, kFinished, kGivenUp});
   return names;
 }
@@ -136,12 +146,20 @@ std::vector<Limit> readLimits(const std::string& path) {
   return limits;
 }
 
+void requireDetected(const std::vector<Limit>& limits) {
+  for (const Limit& limit : limits) {
+    if (limit.is_refined)
+      throw InputError("limit '" + limit.text + "'",
+                       "it judges a refined figure; a check that refines was wanted (--refine)");
+  }
+}
+
 void mark(const std::vector<Limit>& limits, PairCheck& pair) {
   for (const Limit& limit : limits) {
-    if (!limit.statistic.empty()) continue;
-    const auto figure =
-        std::ranges::find_if(pair.figures, [&](const Figure& each) { return limit.figure == each.name; });
-    if (figure == pair.figures.end()) continue;
+    if (!limit.statistic.empty() || (limit.is_refined && !pair.refined)) continue;
+    std::vector<Figure>& figures = limit.is_refined ? pair.refined->figures : pair.figures;
+    const auto figure = std::ranges::find_if(figures, [&](const Figure& each) { return limit.figure == each.name; });
+    if (figure == figures.end()) continue;
     figure->is_limited = true;
     figure->exceeds = figure->exceeds || (pair.finished && !keeps(limit, *figure));
   }

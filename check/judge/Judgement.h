@@ -11,6 +11,9 @@ namespace polarline {
 /// the line.
 std::vector<Limit> readLimits(const std::string& path);
 
+/// For a check that does not refine: throws `InputError` for a limit on a refined figure, which would judge nothing.
+void requireDetected(const std::vector<Limit>& limits);
+
 /// Says of each figure of a pair whether a limit judges it, and whether the pair exceeds that.
 void mark(const std::vector<Limit>& limits, PairCheck& pair);
 

@@ -14,11 +14,22 @@ namespace polarline {
 namespace {
 
 /// Submatches of the one form that a limit has.
-enum Part : std::uint8_t { kWhole, kBar, kSummary, kName, kEntry, kStatistic, kClosingBar, kOperator, kBound };
+enum Part : std::uint8_t {
+  kWhole,
+  kBar,
+  kSummary,
+  kRefined,
+  kName,
+  kEntry,
+  kStatistic,
+  kClosingBar,
+  kOperator,
+  kBound
+};
 
 const std::regex& form() {
   static const std::regex limit(
-      R"(\s*(\|)?\s*(summary\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(\S+)\s*)");
+      R"(\s*(\|)?\s*(summary\.)?(refined\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(\S+)\s*)");
   return limit;
 }
 
@@ -42,16 +53,21 @@ Limit::Comparison comparisonOf(const std::string& written) {
   return written == "<" ? kLess : kGreater;
 }
 
+/// The figure's name as the limit gives it.
+std::string givenName(const Limit& limit) {
+  return limit.is_refined ? std::string(kRefinedPrefix).append(limit.figure) : limit.figure;
+}
+
 /// Refuses what no figure can be judged by: then a run would fail for it, or pass.
 void requireJudgeable(const Limit& limit) {
   const auto shape = figureShape(limit.figure);
   if (!shape && limit.entry) refuse(limit.text, "'" + limit.figure + "' is a count; it has no entries");
   if (!shape && !limit.statistic.empty()) refuse(limit.text, "'" + limit.figure + "' is a count; it has no statistics");
   if (!shape) return;
-  if (!shape->is_list && limit.entry) refuse(limit.text, "'" + limit.figure + "' is one number; it has no entries");
+  if (!shape->is_list && limit.entry) refuse(limit.text, "'" + givenName(limit) + "' is one number; it has no entries");
   if (shape->is_list && !limit.entry && !limit.statistic.empty()) {
-    refuse(limit.text, "'" + limit.figure + "' is a list; an entry was wanted, such as summary." + limit.figure +
-                           "[0]." + limit.statistic);
+    refuse(limit.text, "'" + givenName(limit) + "' is a list; an entry was wanted, such as summary." +
+                           givenName(limit) + "[0]." + limit.statistic);
   }
   if (shape->entries != 0 && limit.entry.value_or(0) >= shape->entries) {
     refuse(limit.text, "entry " + std::to_string(*limit.entry) + " was found; '" + limit.figure +
@@ -66,14 +82,15 @@ Limit parseLimit(const std::string& text) {
   if (!std::regex_match(text, part, form()) || part[kBar].matched != part[kClosingBar].matched ||
       part[kSummary].matched != part[kStatistic].matched) {
     refuse(text,
-           "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5 or "
-           "summary.dy_means.mean<=0.1");
+           "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5, "
+           "summary.dy_means.mean<=0.1 or refined.dy_means<=0.05");
   }
   Limit limit;
   limit.text = text;
   limit.figure = part[kName].str();
-  if (!std::ranges::count(limitNames(), limit.figure)) {
-    refuse(text, "there is no figure '" + limit.figure + "'" + offer(nearest(limit.figure, limitNames())));
+  limit.is_refined = part[kRefined].matched;
+  if (!std::ranges::count(limitNames(), givenName(limit))) {
+    refuse(text, "there is no figure '" + givenName(limit) + "'" + offer(nearest(givenName(limit), limitNames())));
   }
   if (part[kEntry].matched) limit.entry = static_cast<std::size_t>(std::stoul(part[kEntry].str()));
   limit.statistic = part[kStatistic].str();
@@ -82,6 +99,10 @@ Limit parseLimit(const std::string& text) {
   limit.bound = numberOf(text, part[kBound].str());
   requireJudgeable(limit);
   return limit;
+}
+
+std::string judgedName(const Limit& limit) {
+  return limit.entry ? givenName(limit) + "[" + std::to_string(*limit.entry) + "]" : givenName(limit);
 }
 
 bool holds(const Limit& limit, double value) {

@@ -17,6 +17,7 @@
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
 #include "check/judge/SignedLimits.h"
+#include "check/refined/PairRefiner.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
@@ -45,6 +46,11 @@ std::string nameOf(const std::string& path) {
   return (folder.has_filename() ? folder : folder.parent_path()).filename().string();
 }
 
+void dropPoints(PairCheck& pair) {
+  pair.points = {};
+  if (pair.refined) pair.refined->points = {};
+}
+
 /// One check from its inputs to its verdict.
 class SetCheck final : public RunObserver {
  public:
@@ -56,6 +62,7 @@ class SetCheck final : public RunObserver {
  private:
   void readInputs();
   void choosePairs();
+  void chooseRefiner();
   std::int32_t runLibrary(PolarPrecision& precision);
   void runWith(OutFolder& out);
   void explainPictures();
@@ -80,6 +87,7 @@ class SetCheck final : public RunObserver {
   std::unique_ptr<ListedPictures> pictures_;
   PictureWarnings picture_warnings_;
   PairReading reading_;
+  std::unique_ptr<PairRefiner> refiner_;
   bool picture_failed_ = false;
 };
 
@@ -106,6 +114,7 @@ void SetCheck::readInputs() {
     check_.cameras = camerasOf(rectified_);
   }
   choosePairs();
+  chooseRefiner();
   for (const auto& [role, path] : {std::pair{"polar", &set_.polar},
                                    {"target", &set_.target},
                                    {"calibration", &set_.calibration},
@@ -132,6 +141,13 @@ void SetCheck::choosePairs() {
   picture_warnings_.begin(config_, calib_);
 }
 
+void SetCheck::chooseRefiner() {
+  if (!options_.refine) return requireDetected(limits_);
+  RefinerSettings settings = set_.rectified.empty() ? refinerOf(config_, calib_) : refinerOf(rectified_);
+  if (config_.frame_work == 0 || !set_.rectified.empty()) settings.board = BoardPlaces(PlainPath(set_.target).get());
+  refiner_ = std::make_unique<PairRefiner>(std::move(settings), *pictures_);
+}
+
 void SetCheck::lookAtPictures(std::size_t index) {
   const auto pair = static_cast<int>(first_pair_ + index);
   picture_warnings_.look(pair, pictures_->listed(index), pictures_->lastSizes(), pictures_->hasColour());
@@ -149,10 +165,11 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
   pair.index = first_pair_ + index;
   pair.left = listed.left;
   pair.right = listed.right;
+  if (refiner_) refiner_->addTo(pair);
   mark(limits_, pair);
   check_.pairs.push_back(std::move(pair));
   if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
-  if (!options_.keep_points) check_.pairs.back().points = {};
+  if (!options_.keep_points) dropPoints(check_.pairs.back());
   goOn();
 }
 
@@ -162,6 +179,7 @@ std::int32_t SetCheck::runLibrary(PolarPrecision& precision) {
   arguments.targetConfigPath = target.get();
   arguments.source = pictures_.get();
   arguments.observer = this;
+  arguments.refiner = refiner_.get();
   if (!set_.rectified.empty()) return precision.RunRectified(arguments, rectifiedGeometry(rectified_));
   return precision.frameWork() != 0 ? precision.RunFrames(arguments, calib_) : precision.RunImageSet(arguments, calib_);
 }
@@ -232,10 +250,13 @@ void SetCheck::addPictures() {
   check_.inputs.insert(check_.inputs.end(), pictures.begin(), pictures.end());
   check_.id = fingerprint(check_.inputs);
   check_.warnings.insert(check_.warnings.end(), picture_warnings_.warnings.begin(), picture_warnings_.warnings.end());
+  if (!refiner_) return;
+  check_.warnings.insert(check_.warnings.end(), refiner_->warnings().begin(), refiner_->warnings().end());
 }
 
 void SetCheck::conclude() {
   check_.summary = summaryOf(check_.pairs);
+  if (options_.refine) check_.refined_summary = refinedSummaryOf(check_.pairs);
   check_.limits = judge(limits_, check_);
   const bool all_hold = std::ranges::all_of(check_.limits, &LimitResult::holds);
   if (check_.status.exit_code != kDone) return;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "polarline/api.h"
+#include "polarline/refine.h"
 #include "polarline/set.h"
 #include "polarline/warning.h"
 
@@ -43,12 +44,29 @@ struct PairPoints {
   std::vector<float> dy;  ///< Signed row difference of the rectified pair, left less right, pixels.
 };
 
+/// The same from refined centres, with what is known of these: pixels of the pictures as the evaluations see them.
+struct RefinedPoints : PairPoints {
+  std::vector<float> left_sd_x, left_sd_y, right_sd_x, right_sd_y;  ///< Of a centre; none for a dot not refined.
+  std::vector<DotState> left_state, right_state;  ///< A dot that was not refined stands where it was detected.
+};
+
 /// Why a pair was given up.
 struct Reason {
   std::int32_t code = 0;  ///< A status of the library.
   std::string text;       ///< In words.
   std::string side;       ///< "left", "right", or empty where it is both or neither.
   std::string step;       ///< The evaluation or the step of the detection that failed.
+};
+
+/// A pair once more, from refined centres: the same evaluations of the same dots.
+struct RefinedPair {
+  std::string problem;          ///< Why there are no figures; empty where there are, and for a pair given up.
+  std::vector<Figure> figures;  ///< All of the library's, none carried.
+  std::size_t refined_left = 0, refined_right = 0;  ///< Dots whose centre could be refined, of each picture.
+  RefinedPoints points;
+
+  /// None for a name that is no figure.
+  POLARLINE_API const Figure* figure(const std::string& name) const;
 };
 
 /// What a run shows of one pair.
@@ -62,6 +80,7 @@ struct PairCheck {
   std::size_t found_left = 0;  ///< Numbered dots in the last measured pictures.
   std::size_t found_right = 0;
   PairPoints points;
+  std::optional<RefinedPair> refined;  ///< Only of a check that refines.
 
   /// None for a name that is no figure.
   POLARLINE_API const Figure* figure(const std::string& name) const;
@@ -156,6 +175,7 @@ struct Check {
   Cameras cameras;
   std::vector<PairCheck> pairs;
   std::vector<FigureSummary> summary;
+  std::optional<std::vector<FigureSummary>> refined_summary;  ///< Of the refined figures; only of a check that refines.
   std::vector<LimitResult> limits;
   Verdict verdict = Verdict::kError;
   std::vector<Warning> warnings;
@@ -168,8 +188,10 @@ struct CheckOptions {
   std::vector<std::string> limits;    ///< "FIGURE OP VALUE", besides those of the set's file.
   std::vector<std::string> settings;  ///< "KEY=VALUE": keys of the polar configuration for this run.
   std::string out;                    ///< Folder for the library's own files; empty: none is written.
+  /// Refines the dots' centres of each finished pair and evaluates it once more from these: `PairCheck::refined`.
+  bool refine = false;
   std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.
-  bool keep_points = true;  ///< Otherwise `PairCheck::points` is empty after `on_pair`.
+  bool keep_points = true;  ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;
   /// Called with each pair when the run is done with it, and the number of pairs of the run.
@@ -181,7 +203,7 @@ struct CheckOptions {
 /// Checks a set. Failures do not throw: they are the status of the result, with what was measured before them.
 POLARLINE_API Check check(const Set& set, const CheckOptions& options = {});
 
-/// The names that a limit may judge: figures, "pairs", "finished", "given_up".
+/// The names that a limit may judge: figures, "refined." before each of them, "pairs", "finished", "given_up".
 POLARLINE_API std::vector<std::string> limitNames();
 
 /// Throws `InputError` for a limit that does not parse or names no figure; the nearest names are offered.

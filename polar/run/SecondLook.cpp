@@ -103,7 +103,9 @@ PairEvaluation withSecondLook(PairEvaluation first, CentreRefiner& refiner, Pair
                               SecondSteps second) {
   const auto measured = std::make_shared<Measured>();
   const PairEvaluator unused = evaluator;
-  evaluator.on_measured = [measured, &evaluator](const MeasuredPair& pair) { (*measured)[evaluator.seen.evaluation] = pair; };
+  evaluator.on_measured = [measured, &evaluator](const MeasuredPair& pair) {
+    (*measured)[evaluator.seen.evaluation] = pair;
+  };
   return [=, &refiner, &evaluator](std::size_t index, const PairInput& raw) {
     measured->clear();
     const PairResult result = first(index, raw);

@@ -48,7 +48,8 @@ TEST_P(VirtualViewCases, LeadsWhereTheMapsDo) {
   };
   const std::array<Side, 2> sides = {
       Side{{matrices.K1, CalibratedCamera(calibration(stereo::kLeft, model), 0, model), pair.R1, pair.P1}, maps.left},
-      Side{{matrices.K2, CalibratedCamera(calibration(stereo::kRight, model), 0, model), pair.R2, pair.P2}, maps.right}};
+      Side{{matrices.K2, CalibratedCamera(calibration(stereo::kRight, model), 0, model), pair.R2, pair.P2},
+           maps.right}};
   int compared = 0;
   for (const Side& side : sides) {
     const VirtualView view = turned ? side.view.turned(stereo::kSize.height) : side.view;
@@ -57,7 +58,8 @@ TEST_P(VirtualViewCases, LeadsWhereTheMapsDo) {
         const cv::Point2d wanted(side.maps.columns.at<float>(row, column), side.maps.rows.at<float>(row, column));
         if (!cv::Rect2d(0, 0, stereo::kSize.width, stereo::kSize.height).contains(wanted)) continue;
         // Column x of the picture that is turned clockwise is row (rows - 1 - x) of the one that is not.
-        const cv::Point2d pixel = turned ? cv::Point2d(stereo::kSize.height - 1 - row, column) : cv::Point2d(column, row);
+        const cv::Point2d pixel =
+            turned ? cv::Point2d(stereo::kSize.height - 1 - row, column) : cv::Point2d(column, row);
         const auto real = view.toReal(pixel);
         ASSERT_TRUE(real);
         EXPECT_LT(cv::norm(*real - wanted), 1e-4);

@@ -184,11 +184,13 @@ Subcommand addCheck(CLI::App& polarline) {
   addSetOptions(*app, arguments->set);
   app->add_option("--limit", arguments->options.limits,
                   "FIGURE OP VALUE, such as 'dy_means<=0.1', '|tri_dis[0]|<=0.5', 'summary.dy_means.mean<=0.1', "
-                  "'given_up<=0'; repeatable")
+                  "'given_up<=0', with --refine 'refined.dy_means<=0.05'; repeatable")
       ->type_name("LIMIT")
       ->allow_extra_args(false);
   app->add_option("--out", arguments->options.out, "Folder for the library's own files; without it none is written")
       ->type_name("FOLDER");
+  app->add_flag("--refine", arguments->options.refine,
+                "Refines the dots' centres and gives every figure from these, too, beside the library's own");
   app->add_option("--pairs", arguments->pairs, "Only the pairs A to B of the list, counted from 0")->type_name("A-B");
   app->add_option("--set", arguments->options.settings, "A key of the polar configuration for this run; repeatable")
       ->type_name("KEY=VALUE")

@@ -56,20 +56,42 @@ std::string wrapped(const std::string& text, std::size_t width, std::size_t inde
   return lines + line + "\n";
 }
 
-const polarline::FigureSummary* summaryOf(const Check& check, const std::string& name) {
-  const auto found = std::ranges::find(check.summary, name, &polarline::FigureSummary::name);
-  return found == check.summary.end() ? nullptr : &*found;
+/// Without the last one, which stands where a mark would.
+std::string withoutBlanks(std::string text) {
+  if (text.ends_with(' ')) text.pop_back();
+  return text;
+}
+
+using Summaries = std::vector<polarline::FigureSummary>;
+
+const polarline::FigureSummary* named(const Summaries& summaries, const std::string& name) {
+  const auto found = std::ranges::find(summaries, name, &polarline::FigureSummary::name);
+  return found == summaries.end() ? nullptr : &*found;
 }
 
 std::string worstPair(const Check& check) {
   for (const char* name : kMainFigures) {
-    const auto* const summary = summaryOf(check, name);
+    const auto* const summary = named(check.summary, name);
     if (summary == nullptr) continue;
     const std::string worst = shown(std::max(std::abs(summary->min), std::abs(summary->max)));
     const std::string mean = summary->count == 1 ? ""
                                                  : fmt::format("; mean over {} pairs {} {}", summary->count,
                                                                shown(summary->mean), summary->unit);
     return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, name, worst, summary->unit, mean);
+  }
+  return {};
+}
+
+/// What the refined centres make of the figure that the worst pair is told by.
+std::string refinedWorst(const Check& check) {
+  if (!check.refined_summary) return {};
+  for (const char* name : kMainFigures) {
+    if (named(check.summary, name) == nullptr) continue;
+    const auto* const refined = named(*check.refined_summary, name);
+    if (refined == nullptr) return {};
+    const std::string worst = shown(std::max(std::abs(refined->min), std::abs(refined->max)));
+    return fmt::format("From refined centres: {} {} {} in pair {}{}.", name, worst, refined->unit, refined->worst_pair,
+                       refined->count == 1 ? "" : fmt::format(", mean {} {}", shown(refined->mean), refined->unit));
   }
   return {};
 }
@@ -132,9 +154,13 @@ void CheckTable::chooseColumns(const PairCheck& pair) {
   const auto add = [&](const std::string& name) {
     if (columns_.size() < room && std::ranges::count(columns_, name) == 0) columns_.push_back(name);
   };
-  for (const Figure& figure : pair.figures) {
-    if (figure.is_limited) add(figure.name);
-  }
+  const auto addLimited = [&](const std::vector<Figure>& figures) {
+    for (const Figure& figure : figures) {
+      if (figure.is_limited) add(figure.name);
+    }
+  };
+  addLimited(pair.figures);
+  if (pair.refined) addLimited(pair.refined->figures);
   for (const char* name : kMainFigures) {
     const Figure* const figure = pair.figure(name);
     if (figure != nullptr && figure->is_own && !figure->is_list) add(name);
@@ -149,15 +175,25 @@ std::string CheckTable::cell(const Figure* figure) const {
   return exceeds ? coloured(padded, kRed) : padded;
 }
 
+std::string CheckTable::headings() const {
+  std::string text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
+  for (const std::string& name : columns_)
+    text += fmt::format("{:>{}} ", name.substr(0, kFigureWidth - 2), kFigureWidth - 1);
+  return coloured(withoutBlanks(text), kBold) + "\n";
+}
+
+std::string CheckTable::refinedRow(const polarline::RefinedPair& refined) const {
+  std::string text = fmt::format("{:>{}} {:<{}}", "", kIndexWidth - 1, "refined", kStateWidth);
+  if (!refined.problem.empty()) return coloured(wrapped(text + refined.problem, width_, kIndexWidth + 2), kRed);
+  for (const std::string& name : columns_) text += cell(refined.figure(name));
+  return withoutBlanks(text) + "\n";
+}
+
 std::string CheckTable::row(const PairCheck& pair) {
   std::string text;
   if (!has_columns_ && pair.finished) {
     chooseColumns(pair);
-    text = fmt::format("{:>{}} {:<{}}", "pair", kIndexWidth - 1, "state", kStateWidth);
-    for (const std::string& name : columns_)
-      text += fmt::format("{:>{}} ", name.substr(0, kFigureWidth - 2), kFigureWidth - 1);
-    if (text.ends_with(' ')) text.pop_back();
-    text = coloured(text, kBold) + "\n";
+    text = headings();
   }
   text +=
       fmt::format("{:>{}} {:<{}}", pair.index, kIndexWidth - 1, pair.finished ? "finished" : "given up", kStateWidth);
@@ -166,8 +202,7 @@ std::string CheckTable::row(const PairCheck& pair) {
     return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);
   }
   for (const std::string& name : columns_) text += cell(pair.figure(name));
-  if (text.ends_with(' ')) text.pop_back();
-  return text + "\n";
+  return withoutBlanks(text) + "\n" + (pair.refined ? refinedRow(*pair.refined) : "");
 }
 
 std::string CheckTable::conclusion(const Check& check) const {
@@ -176,6 +211,7 @@ std::string CheckTable::conclusion(const Check& check) const {
     text +=
         wrapped(fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair")), width_, 2);
     if (check.finished() > 0) text += wrapped(worstPair(check), width_, 2);
+    if (const std::string refined = refinedWorst(check); !refined.empty()) text += wrapped(refined, width_, 2);
   }
   for (const LimitResult& limit : check.limits) {
     const char* const broken = limit.value ? "EXCEEDED" : "NO VALUE";

@@ -23,6 +23,9 @@ class CheckTable {
   /// The figures that get a column, as far as there is room: those with a limit, then the main ones that the pair
   /// measured.
   void chooseColumns(const polarline::PairCheck& pair);
+  std::string headings() const;
+  /// The refined figures below the detected ones, in the same columns.
+  std::string refinedRow(const polarline::RefinedPair& refined) const;
   /// The value, with a mark where it exceeds a limit.
   std::string cell(const polarline::Figure* figure) const;
   std::string coloured(const std::string& text, const char* code) const;

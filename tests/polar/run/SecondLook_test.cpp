@@ -235,10 +235,11 @@ TEST_P(SecondLookCases, TrueCentresLeaveNothing) {
 constexpr const char* kCrop = "crop: 1\ncropped_cols: 124\ncropped_rows: 98";
 INSTANTIATE_TEST_SUITE_P(
     Runs, SecondLookCases,
-    testing::Values(Case{"brown", Rendered::twoPairs, "", 14, 8}, Case{"scaled", Rendered::twoPairs, "f_scale: 0.8", 14, 8},
+    testing::Values(Case{"brown", Rendered::twoPairs, "", 14, 8},
+                    Case{"scaled", Rendered::twoPairs, "f_scale: 0.8", 14, 8},
                     Case{"light", Rendered::twoPairs, "evalu_model: 1", 14, 8},
-                    Case{"poly", Rendered::polynomial, "", 14, 8},
-                    Case{"rings", Rendered::rings, "", 14, 8}, Case{"fisheye", Rendered::fisheye,
+                    Case{"poly", Rendered::polynomial, "", 14, 8}, Case{"rings", Rendered::rings, "", 14, 8},
+                    Case{"fisheye", Rendered::fisheye,
                          "triangulate_residual_switch: 0\ntriangulate_dis_switch: 0\nspaceRms_switch: 0", 0, 8},
                     Case{"rows", Rendered::twoPairs,
                          "triangulate_residual_switch: 0\ntriangulate_dis_switch: 0\nspaceRms_switch: 0\n"
