@@ -4,9 +4,11 @@
 
 #include "camera/CalibratedCamera.h"
 
+/// Rz Rx Ry of three angles in radians.
+cv::Matx33d rotationOf(double rx, double ry, double rz);
+
 /// Both cameras of a calibration in double precision, and X_right = R X_left + T.
 struct CalibratedPair {
-  /// R = Rz Rx Ry of the calibration's angles.
   CalibratedPair(const StereoCalibParams& calib, LensModel model);
 
   CalibratedCamera left, right;

@@ -28,4 +28,5 @@ struct SeenSet {
   LensModel model = LensModel::kBrownFive;
   cv::Size size;  ///< Of the pictures.
   std::vector<SeenPair> pairs;
+  double f_scale = 1.0;  ///< Of the polar configuration: what the rectification makes of the focal length.
 };

@@ -1,0 +1,162 @@
+#include "diagnose/causes/CauseWords.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+namespace cause_words {
+namespace {
+
+struct Words {
+  const char* name;
+  const char* unit;
+  double scale;      ///< From the unit of `Misalignment` to that of the words.
+  const char* more;  ///< Clause of a value above 0, with a place for its size.
+  const char* less;
+};
+
+constexpr double kDegrees = 180.0 / std::numbers::pi;
+constexpr std::array<Words, kCauses> kWords{{
+    {"rotation_x", "deg", kDegrees, "the right camera looks down by {} degrees",
+     "the right camera looks up by {} degrees"},
+    {"rotation_y", "deg", kDegrees, "the right camera looks to the left by {} degrees",
+     "the right camera looks to the right by {} degrees"},
+    {"rotation_z", "deg", kDegrees,
+     "the right camera is rolled to the left by {} degrees (its picture turns clockwise)",
+     "the right camera is rolled to the right by {} degrees (its picture turns counter-clockwise)"},
+    {"focal_ratio", "", 100.0, "the focal length of the right camera is {} % longer, against the left one's",
+     "the focal length of the right camera is {} % shorter, against the left one's"},
+    {"row_offset", "px", 1.0, "the principal point of the right camera is {} px lower",
+     "the principal point of the right camera is {} px higher"},
+    {"baseline_y", "board unit", 1.0, "the right camera stands {} board units higher",
+     "the right camera stands {} board units lower"},
+    {"baseline_z", "board unit", 1.0, "the right camera stands {} board units further back",
+     "the right camera stands {} board units further forward"},
+    {"k1", "", 1.0, "the first lens coefficient (k1) of the right camera is {} more",
+     "the first lens coefficient (k1) of the right camera is {} less"},
+}};
+
+const Words& wordsOf(CauseKind kind) { return kWords[static_cast<std::size_t>(kind)]; }
+
+CauseKind kindAt(std::size_t place) { return static_cast<CauseKind>(place); }
+
+std::string capital(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
+}
+
+std::string listOf(const std::vector<std::string>& items, const char* last) {
+  std::string text;
+  for (std::size_t k = 0; k < items.size(); ++k) {
+    if (k > 0) text += k + 1 == items.size() ? last : "; ";
+    text += items[k];
+  }
+  return text;
+}
+
+std::vector<std::size_t> membersOf(const FoundCauses& found, int group) {
+  std::vector<std::size_t> members;
+  for (std::size_t k = 0; k < kCauses; ++k) {
+    if (found.choice.named.test(k) && found.choice.group[k] == group) members.push_back(k);
+  }
+  return members;
+}
+
+/// What would tell the members of a group apart.
+const char* remedyOf(const std::vector<std::size_t>& members) {
+  const auto has = [&](CauseKind kind) { return std::ranges::count(members, static_cast<std::size_t>(kind)) > 0; };
+  if (has(CauseKind::kBaselineY) || has(CauseKind::kBaselineZ)) {
+    return "take pictures at two distances, one at least half as far again as the other, with the board tilted";
+  }
+  return "take pictures with dots up to the edges and corners of both pictures, at two distances";
+}
+
+std::string ofGroup(const FoundCauses& found, int group) {
+  const std::vector<std::size_t> members = membersOf(found, group);
+  std::vector<std::string> alone;
+  std::vector<std::string> names;
+  for (const std::size_t k : members) {
+    names.emplace_back(nameOf(kindAt(k)));
+    if (found.alone[k]) alone.push_back(clause(kindAt(k), *found.alone[k]));
+  }
+  const std::string listed = listOf(names, " and ");
+  const std::string remedy = remedyOf(members);
+  if (alone.empty()) {
+    return fmt::format(
+        "These pictures do not tell {} apart, and more than one of them is needed; to tell them apart, {}.", listed,
+        remedy);
+  }
+  return fmt::format("{}; these pictures do not tell {} apart: {}.",
+                     alone.size() == 1 ? fmt::format("Most simply {}", alone[0])
+                                       : capital("either " + listOf(alone, "; or ") + "; or some of each"),
+                     listed, remedy);
+}
+
+std::string rowsText(const FoundCauses& found) {
+  std::string text =
+      fmt::format("With that taken out the rows should differ by {:.3g} px in the mean instead of {:.3g} px",
+                  found.rows_after, found.rows_before);
+  if (!hasPattern(found)) return text + "; what remains is noise.";
+  return text + fmt::format(
+                    "; of what remains {:.2g} px are alike in neighbouring dots, which none of these causes "
+                    "explains: look at the board's flatness, the focus and the lens calibration.",
+                    found.alike.smooth_rms);
+}
+
+std::string withoutCause(const FoundCauses& found) {
+  if (!hasPattern(found)) {
+    return fmt::format("No cause is needed: the rows differ by {:.3g} px in the mean, which is the noise.",
+                       found.rows_before);
+  }
+  return fmt::format(
+      "None of the causes known explains the row differences of {:.3g} px in the mean, and {:.2g} px of "
+      "them are alike in neighbouring dots: look at the board's flatness, the focus and the lens "
+      "calibration.",
+      found.rows_before, found.alike.smooth_rms);
+}
+
+}  // namespace
+
+const char* nameOf(CauseKind kind) { return wordsOf(kind).name; }
+const char* unitOf(CauseKind kind) { return wordsOf(kind).unit; }
+
+double told(CauseKind kind, double value) { return wordsOf(kind).scale == kDegrees ? value * kDegrees : value; }
+
+std::string clause(CauseKind kind, double value) {
+  const Words& words = wordsOf(kind);
+  const std::string size = fmt::format("{:.3g}", std::abs(value) * words.scale);
+  return fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
+}
+
+std::string ofCause(const FoundCauses& found, CauseKind kind) {
+  const auto place = static_cast<std::size_t>(kind);
+  if (found.choice.group[place] == 0) {
+    const std::string error = fmt::format("{:.2g}", found.sds[place] * wordsOf(kind).scale);
+    return fmt::format("{} (standard error {})", clause(kind, found.values[place]), error);
+  }
+  if (found.alone[place]) return "if it is this alone: " + clause(kind, *found.alone[place]);
+  return "perhaps, beside another of its group: " + clause(kind, found.values[place]);
+}
+
+std::string ofAll(const FoundCauses& found) {
+  if (found.choice.named.none()) return withoutCause(found);
+  std::string text;
+  std::vector<std::string> told_apart;
+  for (const std::size_t k : membersOf(found, 0)) told_apart.push_back(clause(kindAt(k), found.values[k]));
+  if (!told_apart.empty()) text += capital(listOf(told_apart, "; and ")) + ". ";
+  std::vector<int> told_groups{0};
+  for (const int group : found.choice.group) {
+    if (std::ranges::count(told_groups, group) > 0) continue;
+    told_groups.push_back(group);
+    text += ofGroup(found, group) + " ";
+  }
+  return text + rowsText(found);
+}
+
+bool hasPattern(const FoundCauses& found) { return found.alike.smooth_rms > 0.5 * found.spread_after; }
+
+}  // namespace cause_words
