@@ -75,6 +75,18 @@ bool isDevice(const fs::path& path) {
   return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
+/// Where a link leads, also one to a file that is not there yet: the link stays, as with any program that opens it.
+fs::path behindLinks(const fs::path& named) {
+  constexpr int kMostLinks = 40;  // As the system has it.
+  fs::path place = named;
+  std::error_code failure;
+  for (int link = 0; fs::is_symlink(place, failure); ++link) {
+    if (link == kMostLinks) throw polarline::OutputError(nameOf(named), textOf(ELOOP));
+    place = place.parent_path() / fs::read_symlink(place, failure);
+  }
+  return place;
+}
+
 void add(const fs::path& path) {
   const std::lock_guard lock(unfinished().mutex);
   unfinished().paths.insert(path);
@@ -93,7 +105,8 @@ void removeAndForget(const fs::path& path) {
 
 }  // namespace
 
-PartialFile::PartialFile(const fs::path& place) : place_(place), written_(isDevice(place) ? place : beside(place)) {
+PartialFile::PartialFile(const fs::path& place)
+    : place_(behindLinks(place)), written_(isDevice(place_) ? place_ : beside(place_)) {
   if (written_ != place_) add(written_);
   file_ = opened(written_);
   if (file_ != nullptr) return;

@@ -5,7 +5,8 @@
 #include <string_view>
 
 /// Files and folders that appear whole or not at all: written beside their place under another name, synced, renamed.
-/// Paths are the system's own, of any bytes. Failures throw `polarline::OutputError`, and nothing half stays.
+/// A link is followed and stays. Paths are the system's own, of any bytes. Failures throw `polarline::OutputError`, and
+/// nothing half stays.
 namespace whole_file {
 
 /// Writes the content in place of an earlier file.

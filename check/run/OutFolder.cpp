@@ -61,6 +61,8 @@ OutFolder::OutFolder(const std::string& out) : out_(out) {
     throw InputError(out, "holds a backslash, which the library takes for the separator of folders");
   std::error_code ignored;
   if (fs::exists(out_, ignored) && !fs::is_directory(out_, ignored)) throw OutputError(out, "is no folder");
+  if (fs::is_symlink(out_, ignored) && !fs::exists(out_, ignored))
+    throw OutputError(out, "is a link that leads nowhere; a folder was wanted");
   const fs::path parent = fs::absolute(out_).parent_path();
   fs::create_directories(parent, ignored);
   partial_ = std::make_unique<whole_file::PartialFolder>(fs::absolute(out_));

@@ -112,6 +112,31 @@ TEST_F(WholeFile, WantsTheRightToWrite) {
   EXPECT_TRUE(isEmpty());
 }
 
+TEST_F(WholeFile, GoesThroughALinkThatStays) {
+  fs::create_directory(folder.file("far"));
+  for (const char* target : {"far/there", "far/not yet"}) {
+    const std::string link = folder.file(std::string("link to ") + fs::path(target).filename().string());
+    if (std::string(target) == "far/there") folder.write(target, "earlier");
+    fs::create_symlink(target, link);
+    whole_file::write(link, "new");
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_FALSE(fs::is_symlink(folder.file(target)));
+    EXPECT_EQ(folder.read(target), "new");
+  }
+  fs::create_symlink(folder.file("link to there"), folder.file("link to a link"));
+  whole_file::write(folder.file("link to a link"), "newer");
+  EXPECT_EQ(folder.read("far/there"), "newer");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.file("far")), {}), 2);
+}
+
+TEST_F(WholeFile, NamesALinkThatLeadsNowhere) {
+  fs::create_symlink("none/there", folder.file("link"));
+  EXPECT_THAT(failure([&] { whole_file::write(folder.file("link"), "x"); }), HasSubstr("No such file or directory"));
+  fs::create_symlink("circle", folder.file("circle"));
+  EXPECT_THAT(failure([&] { whole_file::write(folder.file("circle"), "x"); }), HasSubstr("levels of symbolic links"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
+}
+
 TEST_F(WholeFile, DeviceIsWrittenDirectly) {
   EXPECT_EQ(failure([] { whole_file::write("/dev/null", "x"); }), "");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
