@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
@@ -17,11 +18,14 @@
 /// over new keys, but none may come without its description.
 class DocumentCheck {
  public:
-  /// The judge of the documents of `polarline check`.
-  static DocumentCheck& ofCheck() {
-    static DocumentCheck check(SCHEMA_FOLDER "/polarline-check-1.schema.json");
-    return check;
+  /// The judge of the documents "polarline-NAME/1".
+  static DocumentCheck& of(const std::string& name) {
+    static std::map<std::string, std::unique_ptr<DocumentCheck>> judges;
+    std::unique_ptr<DocumentCheck>& judge = judges[name];
+    if (!judge) judge = std::make_unique<DocumentCheck>(SCHEMA_FOLDER "/polarline-" + name + "-1.schema.json");
+    return *judge;
   }
+  static DocumentCheck& ofCheck() { return of("check"); }
 
   explicit DocumentCheck(const std::string& schema) {
     const std::string script = folder_.write("judge.py", kScript);

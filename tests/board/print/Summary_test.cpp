@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "polarline/board.h"
+#include "support/DocumentCheck.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ TEST(Summary, SaysTheSameInJson) {
   const auto board = polarline::parseBoard("dots:9x7:10:step_y=12");
   polarline::BoardPrint print;
   print.paper = polarline::Paper::kA4;
-  const auto json = nlohmann::json::parse(polarline::boardJson(board, polarline::printBoard(board, print)));
+  const auto json = DocumentCheck::of("board").parsed(polarline::boardJson(board, polarline::printBoard(board, print)));
   EXPECT_EQ(json["schema"], "polarline-board/1");
   EXPECT_EQ(json["board"]["type"], 3);
   EXPECT_EQ(json["board"]["rows"], 7);

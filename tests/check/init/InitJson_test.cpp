@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
 #include "polarline/init.h"
+#include "support/DocumentCheck.h"
 
 namespace {
 
@@ -26,7 +25,7 @@ TEST(InitJson, HoldsWhatWasFoundGuessedAndWarned) {
   set.guesses = {"one"};
   set.warnings = {{"some_code", "text", "advice", 0}, {"other", "t", "a", -1}};
   set.next = "polarline check set";
-  const auto json = nlohmann::json::parse(polarline::initJson(set));
+  const auto json = DocumentCheck::of("init").parsed(polarline::initJson(set));
   EXPECT_EQ(json["schema"], "polarline-init/1");
   EXPECT_EQ(json["folder"], "set\xef\xbf\xbd") << "bytes that are no UTF-8 are replaced";
   EXPECT_EQ(json["pairs"][0]["left"], "a/l.png");
