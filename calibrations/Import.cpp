@@ -19,6 +19,7 @@ using calibrations::SourcePair;
 
 /// A rotation printed with fewer digits than any sound file has.
 constexpr double kRoundedRotation = 1e-6;
+constexpr double kLongestInMetres = 2.0;
 constexpr double kShortestBaseline = 1e-9;
 constexpr double kLongestBaseline = 1e9;
 
@@ -96,7 +97,18 @@ void setSize(Camera& camera, const ImportOptions& options, const char* name, std
                                                                  height, camera.size.width, camera.size.height)));
 }
 
+/// Boards are measured in millimetres, calibrations often in metres.
+bool looksLikeMetres(const Calibration& calibration, const ImportOptions& options) {
+  return options.scale == 1.0 && !options.baseline && baselineOf(calibration) < kLongestInMetres;
+}
+
 }  // namespace
+
+std::vector<std::string> calibrationFormats() {
+  std::vector<std::string> names;
+  for (const calibrations::Format& format : calibrations::kFormats) names.emplace_back(format.name);
+  return names;
+}
 
 ImportedCalibration importCalibration(const std::vector<std::string>& files, const ImportOptions& options) {
   requireOptions(options);
@@ -121,6 +133,9 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
     imported.warnings.push_back(
         calibrations::warning("rounded_rotation", fmt::format("a printed rotation is off by {:.2g}", pair.deviation)));
   }
+  if (looksLikeMetres(calibration, options))
+    imported.warnings.push_back(calibrations::warning(
+        "baseline_in_metres", fmt::format("the baseline is {:.4g} board units", baselineOf(calibration))));
   const std::vector<Warning> odd = calibrations::oddities(calibration);
   imported.warnings.insert(imported.warnings.end(), odd.begin(), odd.end());
   return imported;

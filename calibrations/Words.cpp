@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 
@@ -19,6 +21,10 @@ int takeSide(std::string_view& text) {
   return side;
 }
 
+std::string pictureOf(const Camera& camera) {
+  return camera.size.width == 0 ? "not known" : fmt::format("{}x{}", camera.size.width, camera.size.height);
+}
+
 }  // namespace
 
 std::string typeName(int type) {
@@ -32,6 +38,16 @@ std::string typeName(int type) {
     default:
       return "unknown";
   }
+}
+
+std::string importedCalibrationText(const ImportedCalibration& imported) {
+  const Calibration& calibration = imported.calibration;
+  std::string text = fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {:.7g}\n",
+                                 imported.format, calibration.type, typeName(calibration.type),
+                                 pictureOf(calibration.left), pictureOf(calibration.right), baselineOf(calibration));
+  for (const Warning& each : imported.warnings)
+    text += fmt::format("warning   {} ({})\n          {}\n", each.text, each.code, each.advice);
+  return text;
 }
 
 double baselineOf(const Calibration& calibration) { return std::hypot(calibration.tx, calibration.ty, calibration.tz); }

@@ -74,12 +74,26 @@ Node only(const Documents& documents, Names names) {
   return found.empty() ? Node(documents.back()) : found.front();
 }
 
+/// Names the half that is missing: programs of OpenCV write cameras and pose into files of their own.
+void requireBothHalves(const Documents& documents, std::size_t singles) {
+  const std::string& place = documents.front().place;
+  const bool has_cameras = singles == 2 || !having(documents, kMatrixLeft).empty();
+  const bool has_pose = !having(documents, kRotation).empty() || !having(documents, kTranslation).empty();
+  if (singles == 1)
+    throw polarline::InputError(place, "has one camera; the files of both cameras and that of R and T were wanted");
+  if (has_cameras && !has_pose)
+    throw polarline::InputError(place, "has the cameras, not their pose; name the file with R and T as well");
+  if (has_pose && !has_cameras)
+    throw polarline::InputError(place, "has the pose, not the cameras; name the file with M1, D1, M2 and D2 as well");
+}
+
 }  // namespace
 
 SourcePair readOpenCv(const Documents& documents, const polarline::ImportOptions& options) {
   if (options.pair) throw polarline::InputError("--pair", "is not for OpenCV, whose files hold one pair");
   SourcePair pair;
   const std::vector<Node> singles = having(documents, kMatrix);
+  requireBothHalves(documents, singles.size());
   if (singles.size() == 2) {
     pair.left = cameraOf(singles[0], kMatrix, kLens, options);
     pair.right = cameraOf(singles[1], kMatrix, kLens, options);

@@ -78,14 +78,21 @@ struct ImportedCalibration {
 POLARLINE_API ImportedCalibration importCalibration(const std::vector<std::string>& files,
                                                     const ImportOptions& options);
 
+/// The names that `ImportOptions::format` takes.
+POLARLINE_API std::vector<std::string> calibrationFormats();
+
 /// Our JSON calibration. The library reads the same doubles from it; type and sizes are not in it.
 POLARLINE_API std::string calibrationJson(const Calibration& calibration);
 
 /// One OpenCV storage file in YAML: M1 D1 M2 D2 R T, the sizes where they are known and the name of the lens model.
 POLARLINE_API std::string openCvText(const Calibration& calibration);
 
-/// The result of an import as one JSON object: format, type, model, cameras, pose, baseline, warnings.
+/// The result of an import as one JSON object, `schema` "polarline-import/1"
+/// (docs/schema/polarline-import-1.schema.json): format, type, model, cameras, pose, baseline, warnings.
 POLARLINE_API std::string importedCalibrationJson(const ImportedCalibration& imported);
+
+/// The result of an import in lines for people: format, type, sizes, baseline, warnings.
+POLARLINE_API std::string importedCalibrationText(const ImportedCalibration& imported);
 
 /// "Brown, K1 to K3", "Brown, K1 to K6" or "fisheye".
 POLARLINE_API std::string typeName(int type);

@@ -171,7 +171,17 @@ TEST_P(ImportOfEachFormat, MayBeNamed) {
 }
 
 TEST_P(ImportOfEachFormat, WarnsOfNothingButTheSize) {
-  for (const std::string& code : codesOf(result())) EXPECT_EQ(code, GetParam().hasSize ? "" : "no_image_size");
+  ImportOptions options;
+  options.scale = 1000.0;
+  for (const std::string& code : codesOf(result(options))) EXPECT_EQ(code, GetParam().hasSize ? "" : "no_image_size");
+}
+
+TEST_P(ImportOfEachFormat, WarnsOfABaselineInMetres) {
+  const polarline::ImportedCalibration found = result();
+  EXPECT_THAT(codesOf(found), testing::Contains("baseline_in_metres"));
+  ImportOptions options;
+  options.baseline = 62.0;  // Who says the length has thought of the unit.
+  EXPECT_THAT(codesOf(result(options)), testing::Not(testing::Contains("baseline_in_metres")));
 }
 
 TEST_P(ImportOfEachFormat, ComesBackFromOpenCv) {
@@ -245,7 +255,7 @@ TEST(ImportSize, IsThatOfTheOption) {
   const polarline::ImportedCalibration found = imported(layouts::openCv(Rig()), options);
   EXPECT_EQ(found.calibration.left.size.width, 1280);
   EXPECT_EQ(found.calibration.right.size.height, 960);
-  EXPECT_THAT(codesOf(found), IsEmpty());
+  EXPECT_THAT(codesOf(found), ElementsAre("baseline_in_metres"));
 }
 
 TEST(ImportSize, WarnsWhereTheFileSaysAnother) {
@@ -253,7 +263,7 @@ TEST(ImportSize, WarnsWhereTheFileSaysAnother) {
   options.size = polarline::Size{640, 512};
   const polarline::ImportedCalibration found = imported(layouts::kalibrChain(Rig()), options);
   EXPECT_EQ(found.calibration.left.size.height, 512);
-  EXPECT_THAT(codesOf(found), ElementsAre("image_size_overridden", "image_size_overridden"));
+  EXPECT_THAT(codesOf(found), ElementsAre("image_size_overridden", "image_size_overridden", "baseline_in_metres"));
   EXPECT_EQ(found.warnings[0].text, "left: 640x480 in the file, 640x512 was said");
 }
 

@@ -2,12 +2,12 @@
 
 #include <cmath>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <random>
 
 #include "input/CalibrationReader.h"
 #include "polarline/calibration.h"
 #include "support/CommaLocale.h"
+#include "support/DocumentCheck.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -75,7 +75,7 @@ TEST(OurJsonOfAnImport, SaysWhatTheCalibrationDoesNot) {
   imported.calibration.tx = -3;
   imported.calibration.tz = 4;
   imported.warnings = {{"no_image_size", "right: \xff", "Say it.", -1}};
-  const auto json = nlohmann::json::parse(polarline::importedCalibrationJson(imported));
+  const auto json = DocumentCheck::of("import").parsed(polarline::importedCalibrationJson(imported));
   EXPECT_EQ(json["schema"], "polarline-import/1");
   EXPECT_EQ(json["format"], "kalibr");
   EXPECT_EQ(json["type"], 2);

@@ -27,6 +27,18 @@ TEST(WordsBaseline, IsALength) {
   EXPECT_DOUBLE_EQ(polarline::baselineOf(calibration), 7.0);
 }
 
+TEST(WordsImport, TellFormatTypeSizesBaselineAndWarnings) {
+  polarline::ImportedCalibration imported;
+  imported.format = "kalibr";
+  imported.calibration.type = 2;
+  imported.calibration.left.size = {640, 480};
+  imported.calibration.tx = -60.5;
+  imported.warnings = {{"no_image_size", "right: none", "Say it.", -1}};
+  EXPECT_EQ(polarline::importedCalibrationText(imported),
+            "format    kalibr\ntype      2 (fisheye)\nsize      left 640x480, right not known\nbaseline  60.5\n"
+            "warning   right: none (no_image_size)\n          Say it.\n");
+}
+
 TEST(WordsType, HasAName) {
   EXPECT_EQ(polarline::typeName(0), "Brown, K1 to K3");
   EXPECT_EQ(polarline::typeName(1), "Brown, K1 to K6");

@@ -43,7 +43,7 @@ TEST(BasaltRoot, NeedNotBeWrapped) {
 
 TEST(BasaltSize, NeedNotBeThere) {
   EXPECT_THAT(codesOf(imported({with(text(), "resolution", "pixels")})),
-              testing::ElementsAre("no_image_size", "no_image_size"));
+              testing::ElementsAre("baseline_in_metres", "no_image_size", "no_image_size"));
 }
 
 TEST(BasaltPair, MayBeChosen) {

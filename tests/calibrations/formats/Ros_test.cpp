@@ -59,7 +59,7 @@ TEST(RosSize, IsNotKnownWithASideOfNought) {
   const polarline::ImportedCalibration found = imported(texts);
   EXPECT_EQ(found.calibration.left.size.height, 0);
   EXPECT_EQ(found.calibration.right.size.height, 480);
-  EXPECT_THAT(codesOf(found), testing::ElementsAre("no_image_size"));
+  EXPECT_THAT(codesOf(found), testing::ElementsAre("baseline_in_metres", "no_image_size"));
 }
 
 /// Projections as K R: nothing of the rectified camera is left in them but t.
