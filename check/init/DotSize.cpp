@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "board/marks/DetectorConfig.h"
 #include "check/init/Warnings.h"
 
 namespace init {
@@ -14,42 +15,23 @@ using polarline::BoardDescription;
 using polarline::BoardKind;
 using polarline::Warning;
 
-// The largest widths of the scales at which pictures are searched.
-constexpr int kFourTimes = 320;
-constexpr int kTwice = 640;
-constexpr int kAsItIs = 2047;
-
 /// Below this share of the dots the first pair is told of.
 constexpr double kEnoughFound = 0.9;
 
-/// Rings are rings only from some pixels on; they are as large as dots, so their pitch counts.
-bool hasSmallRings(const BoardDescription& board) { return board.kind != BoardKind::kBigRings; }
-
-DotLimits ringLimits(const BoardDescription& board, int width) {
-  const auto pitch = [&](double pixels) { return hasSmallRings(board) ? pixels * board.dot_radius : 0.0; };
-  if (width <= kFourTimes) return {std::max(1.6, pitch(8.0)), 18.0};
-  if (width <= kTwice) return {hasSmallRings(board) ? 2.6 : 2.0, 37.0};
-  return {std::max(width / 320.0, pitch(21.0)), 150.0};
+/// Small rings are little larger than the dots: they keep their hollows only from this pitch on, pixels.
+double leastPitchOfRings(int width) {
+  if (width <= 320) return 8.0;
+  return width <= 640 ? 8.7 : 21.0;
 }
 
-DotLimits bigDotLimits(int width) {
-  if (width <= kFourTimes) return {1.3, 13.0};
-  if (width <= kTwice) return {2.6, 26.0};
-  if (width <= kAsItIs) return {5.7, 27.0};
-  return {10.6, 106.0};
-}
-
-/// Detected outlines lie a little outside the printed ones, for which the limits hold.
-double printedRadius(double detected, int width) { return detected - (width > kAsItIs ? 0.8 : 0.25); }
-
-std::string limitsText(const DotLimits& limits, int width) {
+std::string limitsText(const DotRange& limits, int width) {
   return fmt::format("in pictures {} pixels wide dots of {:.1f} to {:.1f} pixels radius are found on such a board",
                      width, limits.least, limits.most);
 }
 
-void judgeSide(const DotLimits& limits, int width, const SeenBoard& seen, const char* side, std::vector<Warning>& to) {
+void judgeSide(const DotRange& limits, int width, const SeenBoard& seen, const char* side, std::vector<Warning>& to) {
   if (seen.dot_radius == 0.0) return;
-  const double radius = printedRadius(seen.dot_radius, width);
+  const double radius = seen.dot_radius;
   const auto say = [&](const char* code, const char* size) {
     to.push_back(warning(code,
                          fmt::format("The {} dots in the {} picture of the first pair have a radius of about {:.1f} "
@@ -75,20 +57,22 @@ void judgeCount(int expected, std::size_t found, const char* side, const std::st
 
 }  // namespace
 
-std::optional<DotLimits> dotLimits(const BoardDescription& board, int width) {
-  if (board.kind == BoardKind::kBigDots) return bigDotLimits(width);
-  if (width > kTwice && width <= kAsItIs) return std::nullopt;
-  return ringLimits(board, width);
+std::optional<DotRange> dotLimits(const BoardDescription& board, int width) {
+  DotRange range = dotRangeOf(boards::detectorConfig(board), width);
+  if (range.most == 0.0) return std::nullopt;
+  const bool has_small_rings = board.kind == BoardKind::kSmallRings || board.kind == BoardKind::kMixedRings;
+  if (has_small_rings) range.least = std::max(range.least, leastPitchOfRings(width) * board.dot_radius);
+  return range;
 }
 
 std::vector<Warning> judgeDots(const BoardDescription& board, int width, const SeenBoard& left,
                                const SeenBoard& right) {
-  const std::optional<DotLimits> limits = dotLimits(board, width);
+  const std::optional<DotRange> limits = dotLimits(board, width);
   if (!limits)
     return {warning("board_at_width",
-                    fmt::format("The pictures are {} pixels wide; ring boards are not found from {} to {}, big dot "
+                    fmt::format("The pictures are {} pixels wide; ring boards are not found from 641 to 2047, big dot "
                                 "boards are",
-                                width, kTwice + 1, kAsItIs))};
+                                width))};
   std::vector<Warning> warnings;
   const int expected = polarline::detectablePoints(board);
   judgeCount(expected, left.dots.size(), "left", limitsText(*limits, width), warnings);

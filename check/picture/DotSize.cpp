@@ -29,19 +29,27 @@ constexpr double kLeastAtTwice = 2.0;
 /// So near to an end of the range a dot here or there is lost.
 constexpr double kNear = 1.1;
 
-DotRange rangeOnBigDotBoards(const SeenPicture& seen) {
-  const double pixels = pixelsPerSearched(seen);
-  if (isSearchedAsItIs(seen)) return {kShortestDot / kBorderPerRadius, kMostAsItIs};
-  const double shortest = std::max(kShortestDot, kShortestPerRadius * seen.config.min_radius);
-  const double longest = kLongestPerRadius * seen.config.max_radius;
+/// Pixels of the picture for each pixel that is searched.
+double pixelsPerSearched(int width) {
+  constexpr int kFourTimes = 320;
+  constexpr int kTwice = 640;
+  constexpr int kAsItIs = 2047;
+  if (width <= kFourTimes) return 0.25;
+  if (width <= kTwice) return 0.5;
+  return width <= kAsItIs ? 1.0 : 2.0;
+}
+
+DotRange rangeOnBigDotBoards(const kestrune::RingTargetConfig& config, double pixels) {
+  if (pixels == 1.0) return {kShortestDot / kBorderPerRadius, kMostAsItIs};
+  const double shortest = std::max(kShortestDot, kShortestPerRadius * config.min_radius);
+  const double longest = kLongestPerRadius * config.max_radius;
   return {shortest / kBorderPerRadius * pixels, longest / kBorderPerRadius / kBigDotSize * pixels};
 }
 
-DotRange rangeOnRingBoards(const SeenPicture& seen) {
-  if (isSearchedAsItIs(seen)) return {};
-  const double pixels = pixelsPerSearched(seen);
+DotRange rangeOnRingBoards(int width, double pixels) {
+  if (pixels == 1.0) return {};
   const double longest = kLongestPerRadius * kestrune::morvenkit::EllipseDetectorParams().max_radius;
-  const double counted = seen.size.width / kColumnsPerRadius;
+  const double counted = width / kColumnsPerRadius;
   const double drawn = pixels < 0.5 ? kLeastAtFourTimes : pixels < 1.0 ? kLeastAtTwice : 0.0;
   return {std::max(counted, drawn), longest / kBorderPerRadius * pixels};
 }
@@ -69,8 +77,10 @@ double weightedMedian(const kestrune::RingTarget::Ellipses& ellipses, bool (*cou
 
 }  // namespace
 
-DotRange dotRangeOf(const SeenPicture& seen) {
-  return isBigDotBoard(seen) ? rangeOnBigDotBoards(seen) : rangeOnRingBoards(seen);
+DotRange dotRangeOf(const kestrune::RingTargetConfig& config, int width) {
+  const double pixels = pixelsPerSearched(width);
+  return config.board_type == kestrune::kBigDotBoard ? rangeOnBigDotBoards(config, pixels)
+                                                     : rangeOnRingBoards(width, pixels);
 }
 
 double medianDotRadius(const kestrune::RingTarget& target) {
