@@ -51,6 +51,7 @@ struct Simulated {
 /// A set that was written.
 struct SimulatedSet {
   std::string name;    ///< Of the scene.
+  std::string scene;   ///< As it was named: a preset or a file.
   std::string folder;  ///< As it was named.
   std::size_t pairs = 0;
   std::uint64_t seed = 0;
@@ -64,7 +65,20 @@ struct SimulatedSet {
 POLARLINE_API SimulatedSet simulate(const std::string& scene, const std::string& folder,
                                     const SimulateOptions& options = {});
 
-/// The same in memory; `force` and `scratch` have no effect. Throws `InputError`.
+/// "ring_320: 2 pairs in my_set", a line.
+POLARLINE_API std::string simulatedText(const SimulatedSet& set);
+
+/// A set that was written as one JSON object, `schema` "polarline-simulate/1"
+/// (docs/schema/polarline-simulate-1.schema.json).
+POLARLINE_API std::string simulatedJson(const SimulatedSet& set);
+
+/// The scenes that have a name, a line each.
+POLARLINE_API std::string presetsText();
+
+/// The same as one JSON object, `schema` "polarline-presets/1" (docs/schema/polarline-presets-1.schema.json).
+POLARLINE_API std::string presetsJson();
+
+/// A set in memory; `force` and `scratch` have no effect. Throws `InputError`.
 POLARLINE_API Simulated simulateImages(const std::string& scene, const SimulateOptions& options = {});
 
 /// A preset or scene file as a scene file that tells everything and makes the same set to the byte. Throws

@@ -72,7 +72,7 @@ SimulatedSet simulate(const std::string& scene, const std::string& folder, const
     throw OutputError(folder, "the files of the set could not be written; is there space left?");
   }
   place.finish();
-  return {made.name, folder, pairs, made.seed};
+  return {made.name, scene, folder, pairs, made.seed};
 }
 
 Simulated simulateImages(const std::string& scene, const SimulateOptions& options) {
