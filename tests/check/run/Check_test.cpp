@@ -47,6 +47,43 @@ TEST(CheckFigures, AreTheExportsWithCompensation) {
   equalsTheExport(set, 2);
 }
 
+scene::Scene fisheye() {
+  scene::Scene scene = small_scene::of(scene::fisheyeRig(small_scene::kDotSize), scene::bigDotBoard(7, 9));
+  scene.settings.type = 2;
+  return scene;
+}
+
+scene::Scene tenBits() {
+  scene::Scene scene = small_scene::circles();
+  scene.optics.bits = 10;
+  return scene;
+}
+
+struct OtherScene {
+  const char* name;
+  scene::Scene (*make)();
+  const char* model;
+};
+
+class CheckFiguresOf : public ::testing::TestWithParam<OtherScene> {};
+
+TEST_P(CheckFiguresOf, AreTheExports) {
+  const RenderedSet rendered(GetParam().make());
+  const CopiedSet set(rendered);
+  switchAllOn(set);
+  equalsTheExport(set, 1);
+  const Check check = set.check();
+  EXPECT_EQ(check.cameras.model, GetParam().model);
+  EXPECT_TRUE(check.pairs.at(0).figure("dy_means")->is_own);
+  EXPECT_TRUE(check.pairs.at(0).figure("tri_rms")->is_own);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, CheckFiguresOf,
+                         ::testing::Values(OtherScene{"Fisheye", fisheye, "fisheye"},
+                                           OtherScene{"Polynomial", small_scene::polynomial, "poly"},
+                                           OtherScene{"TenBits", tenBits, "brown8"}),
+                         [](const auto& tested) { return tested.param.name; });
+
 TEST(CheckFigures, AreTheExportsBehindAPairGivenUp) {
   const CopiedSet set;
   switchAllOn(set);
