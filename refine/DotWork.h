@@ -14,9 +14,9 @@ namespace refine {
 /// A dot on its way through the refinement.
 struct DotWork {
   const DotPlace* place = nullptr;
-  cv::Matx22d J = cv::Matx22d::eye();  ///< Pixels by board units; without a pose, pixels by pixels.
-  bool slope_known = false;            ///< J is of the board's pose.
-  std::size_t edges = 0;               ///< Circles of the mark; 0: none was seen.
+  cv::Matx22d J = cv::Matx22d::eye();                 ///< Pixels by board units; without a pose, pixels by pixels.
+  bool slope_known = false;                           ///< J is of the board's pose.
+  std::size_t edges = 0;                              ///< Circles of the mark; 0: none was seen.
   std::array<double, EdgeModel::kMostEdges> radii{};  ///< Of these, the outer one first, in units of J.
   std::optional<Outline> outline;                     ///< From the gradients.
   double blur = 0.8;

@@ -15,9 +15,9 @@ using polarline::DotState;
 constexpr std::size_t kSampled = 100;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
-constexpr double kSmallest = 1.2;    ///< Radius, pixels.
-constexpr double kBand = 2.5;        ///< Pixels on either side of an outline.
-constexpr double kFaint = 0.35;      ///< Of the median strength of the marks' edges.
+constexpr double kSmallest = 1.2;  ///< Radius, pixels.
+constexpr double kBand = 2.5;      ///< Pixels on either side of an outline.
+constexpr double kFaint = 0.35;    ///< Of the median strength of the marks' edges.
 
 double distanceOf(const DotWork& one, const DotWork& other) {
   if (one.slope_known && other.slope_known) return cv::norm(*one.place->board - *other.place->board);

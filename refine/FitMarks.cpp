@@ -15,9 +15,9 @@ constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
 constexpr int kFewestOutliers = 2;
-constexpr double kUnclear = 0.3;     ///< Standard deviation of the centre, pixels.
-constexpr double kSmallest = 1.5;    ///< Radius, pixels.
-constexpr double kFarthest = 0.35;   ///< From the given place, of the radius; and a pixel.
+constexpr double kUnclear = 0.3;    ///< Standard deviation of the centre, pixels.
+constexpr double kSmallest = 1.5;   ///< Radius, pixels.
+constexpr double kFarthest = 0.35;  ///< From the given place, of the radius; and a pixel.
 /// From an outline on, in standard deviations of its blur and its neighbour's.
 constexpr double kNear = kEdgeReach + 3.0;
 
@@ -109,7 +109,7 @@ double trimmedMean(std::vector<double>& values) {
 }
 
 /// Mean squares of a zone of all refined marks; less one, as the zone's level is fitted to it.
-std::vector<double> zoneVariances(const std::vector<DotWork>& dots, ZoneResidual EdgeFit::* zone) {
+std::vector<double> zoneVariances(const std::vector<DotWork>& dots, ZoneResidual EdgeFit::*zone) {
   std::vector<double> variances;
   for (const DotWork& dot : dots) {
     if (!dot.refined()) continue;

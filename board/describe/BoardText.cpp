@@ -137,6 +137,12 @@ BoardDescription parseBoard(const std::string& text) {
   return board;
 }
 
+std::vector<std::string> boardKinds() {
+  std::vector<std::string> names;
+  for (const boards::KindName& each : boards::kKindNames) names.emplace_back(each.name);
+  return names;
+}
+
 std::string boardText(const BoardDescription& board) {
   const auto* const known = std::ranges::find(boards::kKindNames, board.kind, &boards::KindName::kind);
   std::string text =

@@ -45,6 +45,12 @@ std::optional<Explanation> explain(const std::string& code) {
   return *found;
 }
 
+std::optional<Explanation> explainPair(std::int32_t code) {
+  const std::string number = std::to_string(code);
+  const auto in_pair = explain(number + " in a pair");
+  return in_pair ? in_pair : explain(number);
+}
+
 std::vector<Explanation> explainAll(const std::string& code) {
   std::vector<Explanation> found;
   std::ranges::copy_if(explanations(), std::back_inserter(found), [&](const Explanation& each) {

@@ -18,7 +18,9 @@ constexpr std::array<std::string_view, 5> kSigned = {"tri_dis", "pol_dis", "id_d
 constexpr std::array<std::string_view, 2> kPlaces = {"zero_dis", "PoseReport"};
 
 template <typename Value>
-inline constexpr bool is_list_v = requires(const Value& value) { value.size(); };
+inline constexpr bool is_list_v = requires(const Value& value) {
+  value.size();
+};
 
 bool isAmong(const auto& names, const std::string& name) { return std::ranges::count(names, name) != 0; }
 
@@ -28,12 +30,15 @@ std::string meaningOf(const std::string& text, const std::string& unit) {
 }
 
 std::string adviceOf(const std::string& name, bool is_list) {
-  if (isAmong(kPlaces, name)) return fmt::format("It tells where the board stood; '{}' judges it.", is_list ? name + "[0]<=VALUE" : name + "<=VALUE");
+  if (isAmong(kPlaces, name))
+    return fmt::format("It tells where the board stood; '{}' judges it.",
+                       is_list ? name + "[0]<=VALUE" : name + "<=VALUE");
   const std::string bar = hasSign(name) ? "|" : "";
   const std::string entry = is_list ? "[0]" : "";
   const std::string each = is_list ? fmt::format("; '{0}{1}[0]{0}<=VALUE' its first entry", bar, name) : "";
   return fmt::format(
-      "0 is perfect. The limit '{0}{1}{0}<=VALUE' judges {3} of each pair{4}, '{0}summary.{1}{2}.mean{0}<=VALUE' the mean over the pairs.",
+      "0 is perfect. The limit '{0}{1}{0}<=VALUE' judges {3} of each pair{4}, '{0}summary.{1}{2}.mean{0}<=VALUE' the "
+      "mean over the pairs.",
       bar, name, entry, is_list ? "every entry" : "it", each);
 }
 

@@ -16,8 +16,8 @@ bool isUpper(const Limit& limit) {
 
 /// Another limit holds the same number from the other side, or its size.
 bool isClosedBy(const Limit& limit, const Limit& other) {
-  const bool is_same =
-      limit.figure == other.figure && limit.statistic == other.statistic && (!other.entry || limit.entry == other.entry);
+  const bool is_same = limit.figure == other.figure && limit.statistic == other.statistic &&
+                       (!other.entry || limit.entry == other.entry);
   return is_same && (other.is_absolute || isUpper(limit) != isUpper(other));
 }
 
@@ -34,9 +34,9 @@ void warnOfSigns(const std::vector<Limit>& limits, std::vector<Warning>& warning
   for (const Limit& limit : limits) {
     if (limit.is_absolute || limit.statistic == "sd" || !hasSign(limit.figure)) continue;
     if (std::ranges::any_of(limits, [&](const Limit& other) { return isClosedBy(limit, other); })) continue;
-    warnings.push_back(warningOf(
-        "signed_limit", fmt::format("{} holds however far {} is {} 0; did you mean {}?", limit.text, limit.figure,
-                                    isUpper(limit) ? "below" : "above", withBars(limit))));
+    warnings.push_back(
+        warningOf("signed_limit", fmt::format("{} holds however far {} is {} 0; did you mean {}?", limit.text,
+                                              limit.figure, isUpper(limit) ? "below" : "above", withBars(limit))));
   }
 }
 

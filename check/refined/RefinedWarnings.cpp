@@ -30,11 +30,11 @@ bool RefinedWarnings::isNew(const char* code) const { return std::ranges::count(
 void RefinedWarnings::lookAtStates(std::size_t pair, const RefinedPicture& picture, const char* side) {
   const std::size_t refined = countOf(picture, DotState::kRefined);
   if (2 * refined >= picture.dots.size() || !isNew(kFew)) return;
-  list.push_back(warningOf(
-      kFew,
-      fmt::format("pair {}: {} of {} dots of the {} picture could be refined; most of the others are {}", pair, refined,
-                  picture.dots.size(), side, nameOf(commonest(picture))),
-      static_cast<int>(pair)));
+  list.push_back(
+      warningOf(kFew,
+                fmt::format("pair {}: {} of {} dots of the {} picture could be refined; most of the others are {}",
+                            pair, refined, picture.dots.size(), side, nameOf(commonest(picture))),
+                static_cast<int>(pair)));
 }
 
 void RefinedWarnings::look(const PairCheck& pair, const RefinedPair& refined, const RefinedPictures& pictures) {

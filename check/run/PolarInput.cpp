@@ -12,21 +12,15 @@
 #include "check/run/InputText.h"
 #include "check/run/PolarValues.h"
 #include "input/KeyValueText.h"
-#include "input/PolarConfigKeys.h"
 #include "input/PolarConfigReader.h"
+#include "polarline/check.h"
 #include "polarline/errors.h"
 
 namespace polarline {
 namespace {
 
-std::vector<std::string> keyNames() {
-  std::vector<std::string> names;
-  polar_keys::forEach([&](const auto& key) { names.emplace_back(key.name); });
-  return names;
-}
-
 void requireKey(const std::string& key, const std::string& setting) {
-  const std::vector<std::string> names = keyNames();
+  const std::vector<std::string> names = settingKeys();
   if (std::ranges::count(names, key) == 0)
     throw InputError("setting '" + setting + "'",
                      "the polar configuration has no key '" + key + "'" + offer(nearest(key, names)));
@@ -95,11 +89,11 @@ void warnOfValues(const std::string& text, const std::string& path, const std::s
 }
 
 void warnOfUnknown(const KeyValueTable& table, const std::string& path, std::vector<Warning>& warnings) {
-  const std::vector<std::string> names = keyNames();
+  const std::vector<std::string> names = settingKeys();
   for (const auto& [key, value] : table) {
     if (std::ranges::count(names, key) != 0) continue;
-    warnings.push_back(
-        warningOf("unknown_key", path + ": nothing reads the key '" + key + "'" + offer(nearest(key, names))));
+    warnings.push_back(warningOf(
+        "unknown_key", fmt::format("{}: nothing reads the key '{}'{}", path, key, offer(nearest(key, names)))));
   }
 }
 

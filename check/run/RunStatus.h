@@ -5,11 +5,9 @@
 #include <string>
 
 #include "polarline/check.h"
+#include "polarline/exit_code.h"
 
 namespace polarline {
-
-/// The exit codes of the command, the same for every subcommand.
-enum ExitCode : std::uint8_t { kDone, kLimitExceeded, kUnusable, kNoFigure, kNotWritten, kInterrupted = 130 };
 
 /// A status in the words of its explanation, its text replaced unless the other one is empty.
 Status statusOf(const std::string& code, const std::string& text, int exit_code);

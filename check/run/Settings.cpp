@@ -23,6 +23,12 @@ std::string jsonOf(const std::vector<Item>& list) {
 
 }  // namespace
 
+std::vector<std::string> settingKeys() {
+  std::vector<std::string> names;
+  polar_keys::forEach([&](const auto& key) { names.emplace_back(key.name); });
+  return names;
+}
+
 std::vector<Setting> settingsOf(const PolarConfig& config) {
   std::vector<Setting> settings;
   polar_keys::forEach([&](auto key) { settings.push_back({key.name, jsonOf(key.valueIn(config))}); });

@@ -81,6 +81,9 @@ POLARLINE_API BoardDescription readBoard(const std::string& path, BoardRings rin
 /// Throws `InputError` with the reason if the detector can't number the board, whatever the picture.
 POLARLINE_API void checkBoard(const BoardDescription& board);
 
+/// The kinds that a text of a board begins with: "rings-small" and the others.
+POLARLINE_API std::vector<std::string> boardKinds();
+
 /// The board in the words of `parseBoard`.
 POLARLINE_API std::string boardText(const BoardDescription& board);
 

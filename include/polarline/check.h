@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "polarline/api.h"
+#include "polarline/exit_code.h"
 #include "polarline/refine.h"
 #include "polarline/set.h"
 #include "polarline/warning.h"
@@ -121,7 +122,7 @@ struct Status {
   std::string text;    ///< What happened; empty on success.
   std::string advice;  ///< What to do; empty on success.
   bool retry = false;  ///< It may succeed when tried again.
-  int exit_code = 0;   ///< Of the command: 0, 1, 2, 3, 4 or 130.
+  int exit_code = 0;   ///< Of the command: an `ExitCode`.
 };
 
 /// A file that a check reads.
@@ -206,8 +207,32 @@ POLARLINE_API Check check(const Set& set, const CheckOptions& options = {});
 /// The names that a limit may judge: figures, "refined." before each of them, "pairs", "finished", "given_up".
 POLARLINE_API std::vector<std::string> limitNames();
 
+/// The keys that `CheckOptions::settings` takes, in the order of the page on the polar configuration.
+POLARLINE_API std::vector<std::string> settingKeys();
+
 /// Throws `InputError` for a limit that does not parse or names no figure; the nearest names are offered.
 POLARLINE_API void requireLimit(const std::string& text);
+
+/// The figures that say most of a pair, the one that says most first.
+POLARLINE_API const std::vector<std::string>& mainFigures();
+
+/// A value as a table has room for it: four decimals, or three digits of what is very small or large.
+POLARLINE_API std::string figureText(double value);
+
+/// "2 of 3 pairs finished."
+POLARLINE_API std::string finishedText(const Check& check);
+
+/// The pair whose main figure is farthest from 0, and the mean, in a sentence; empty without a finished pair.
+POLARLINE_API std::string worstPairText(const Check& check);
+
+/// What the refined centres make of that figure, in a sentence; empty where none were asked for.
+POLARLINE_API std::string refinedPairText(const Check& check);
+
+/// A text for each status that pairs were given up with: their number, what it means and what to do.
+POLARLINE_API std::vector<std::string> givenUpTexts(const Check& check);
+
+/// The verdict and why, in a sentence: "PASS: all 2 limits hold."
+POLARLINE_API std::string verdictText(const Check& check);
 
 /// The JSON document of a check, schema "polarline-check/1".
 POLARLINE_API std::string toJson(const Check& check);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,5 +28,14 @@ POLARLINE_API std::vector<Explanation> explainAll(const std::string& code);
 
 /// The first of these by code or name as it is shown; none for what nobody says.
 POLARLINE_API std::optional<Explanation> explain(const std::string& code);
+
+/// Why a pair was given up, by `Reason::code`; none for a code that no pair has.
+POLARLINE_API std::optional<Explanation> explainPair(std::int32_t code);
+
+/// Explanations as a person reads them: code and name, what it means, what to do.
+POLARLINE_API std::string explanationsText(const std::vector<Explanation>& all);
+
+/// The same as one JSON object, `schema` "polarline-explain/1" (docs/schema/polarline-explain-1.schema.json).
+POLARLINE_API std::string explanationsJson(const std::vector<Explanation>& all);
 
 }  // namespace polarline

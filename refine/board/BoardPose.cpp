@@ -37,8 +37,8 @@ void measureErrors(const CalibratedCamera& camera, const BoardPose& pose, const 
                    std::vector<cv::Vec2d>& errors) {
   for (std::size_t k = 0; k < points.size(); ++k) {
     const auto pixel = camera.pixelOf(pose.toCamera(points[k].board));
-    errors[k] = pixel ? cv::Vec2d(points[k].pixel.x - pixel->x, points[k].pixel.y - pixel->y)
-                      : cv::Vec2d::all(std::nan(""));
+    errors[k] =
+        pixel ? cv::Vec2d(points[k].pixel.x - pixel->x, points[k].pixel.y - pixel->y) : cv::Vec2d::all(std::nan(""));
   }
 }
 
@@ -144,8 +144,8 @@ std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const BoardPos
   return fitted;
 }
 
-std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const BoardPose& pose,
-                                        const cv::Point3d& board, double step) {
+std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
+                                        double step) {
   const auto right = camera.pixelOf(pose.toCamera(board + cv::Point3d(step, 0, 0)));
   const auto left = camera.pixelOf(pose.toCamera(board - cv::Point3d(step, 0, 0)));
   const auto below = camera.pixelOf(pose.toCamera(board + cv::Point3d(0, step, 0)));

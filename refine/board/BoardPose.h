@@ -39,7 +39,7 @@ std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const BoardPos
                                   const std::vector<SeenPoint>& points);
 
 /// Slope of the picture by the board's own x and y at a point of it, pixels by board units; none where it isn't seen.
-std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const BoardPose& pose,
-                                        const cv::Point3d& board, double step);
+std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
+                                        double step);
 
 }  // namespace refine

@@ -9,10 +9,10 @@ namespace refine {
 namespace {
 
 constexpr int kSteps = 15;
-constexpr double kSettled = 3e-5;       ///< Pixels.
-constexpr double kLongestStep = 0.5;    ///< Pixels.
-constexpr double kSharpest = 0.2;       ///< Pixels; a pixel's own width blurs by 0.29.
-constexpr double kTukey = 6.0;          ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
+constexpr double kSettled = 3e-5;     ///< Pixels.
+constexpr double kLongestStep = 0.5;  ///< Pixels.
+constexpr double kSharpest = 0.2;     ///< Pixels; a pixel's own width blurs by 0.29.
+constexpr double kTukey = 6.0;        ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
 constexpr double kOutlier = 5.0;
 /// Of the contrast: what the model itself may be off by before a pixel counts as covered.
 constexpr double kModelError = 0.02;

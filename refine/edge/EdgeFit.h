@@ -18,11 +18,11 @@ struct ZoneResidual {
 /// The model that comes nearest to a mark's pixels.
 struct EdgeFit {
   EdgeModel model;
-  cv::Matx22d covariance;  ///< Of the centre, square pixels, from the noise of the pixels.
-  ZoneResidual paper, ink; ///< Away from the edges, squared greys.
-  ZoneResidual edge;       ///< On them, in variances of the noise.
-  int outliers = 0;        ///< On the edges, far beyond the noise.
-  int on_edge = 0;         ///< All pixels on them that were used.
+  cv::Matx22d covariance;   ///< Of the centre, square pixels, from the noise of the pixels.
+  ZoneResidual paper, ink;  ///< Away from the edges, squared greys.
+  ZoneResidual edge;        ///< On them, in variances of the noise.
+  int outliers = 0;         ///< On the edges, far beyond the noise.
+  int on_edge = 0;          ///< All pixels on them that were used.
 };
 
 /// Fits a model to pixels by the method of Gauss and Newton, every pixel weighted by the inverse of its variance and by

@@ -17,13 +17,14 @@ struct EdgeModel {
   /// Centre (2), shape (3), paper, ink, blur, and the ratios of the inner edges.
   static constexpr std::size_t kMostUnknowns = 7 + kMostEdges;
 
-  Outline outline;                                ///< Of the outer edge.
-  double paper = 0.0, ink = 0.0;                  ///< Greys at the light's origin.
-  double blur = 0.8;                              ///< Standard deviation of the edge, pixels.
-  std::size_t edges = 1;                          ///< With the outer one.
-  std::array<double, kMostEdges> ratio{1.0};      ///< Radius of each edge by that of the outer one.
-  std::array<cv::Point2d, kMostEdges> offset{};   ///< Centre of each edge less that of the outer one, as perspective has it.
-  cv::Point2d light, light_origin;                ///< Change of the light by pixel, as a share.
+  Outline outline;                            ///< Of the outer edge.
+  double paper = 0.0, ink = 0.0;              ///< Greys at the light's origin.
+  double blur = 0.8;                          ///< Standard deviation of the edge, pixels.
+  std::size_t edges = 1;                      ///< With the outer one.
+  std::array<double, kMostEdges> ratio{1.0};  ///< Radius of each edge by that of the outer one.
+  std::array<cv::Point2d, kMostEdges>
+      offset{};                     ///< Centre of each edge less that of the outer one, as perspective has it.
+  cv::Point2d light, light_origin;  ///< Change of the light by pixel, as a share.
 
   std::size_t unknowns() const { return 7 + edges; }
 };
@@ -31,7 +32,7 @@ struct EdgeModel {
 /// A model's grey at a pixel and its derivatives by the unknowns, in their order.
 struct EdgeGrey {
   double grey = 0.0;
-  double outside = 0.0;    ///< Signed distance from the nearest edge, pixels; outside of the outer edge positive.
+  double outside = 0.0;  ///< Signed distance from the nearest edge, pixels; outside of the outer edge positive.
   std::array<double, EdgeModel::kMostUnknowns> slope{};
 };
 
@@ -56,7 +57,8 @@ inline EdgeGrey edgeGrey(const EdgeModel& model, double x, double y) {
       continue;
     }
     covered += sign * 0.5 * std::erfc(u * (0.5 * std::numbers::sqrt2));
-    const double bell = sign * std::exp(-0.5 * u * u) * (0.5 * std::numbers::inv_sqrtpi * std::numbers::sqrt2) / model.blur;
+    const double bell =
+        sign * std::exp(-0.5 * u * u) * (0.5 * std::numbers::inv_sqrtpi * std::numbers::sqrt2) / model.blur;
     by_along -= bell;
     by_reach += bell * model.ratio[k];
     by_blur += bell * u;

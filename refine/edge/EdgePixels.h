@@ -20,9 +20,9 @@ struct Neighbour {
 /// The pixels that tell of a mark's edges, and what became of those right on them.
 struct EdgePixels {
   std::vector<EdgePixel> pixels;
-  int on_edge = 0;     ///< Right on an edge, used or not.
-  int neighboured = 0; ///< Of those, how many a neighbour's edge blurs into.
-  int clipped = 0;     ///< How many are saturated or beyond the picture.
+  int on_edge = 0;      ///< Right on an edge, used or not.
+  int neighboured = 0;  ///< Of those, how many a neighbour's edge blurs into.
+  int clipped = 0;      ///< How many are saturated or beyond the picture.
 };
 
 /// How far from an edge it still changes the grey by what counts, in standard deviations of its blur.

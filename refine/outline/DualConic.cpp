@@ -20,7 +20,8 @@ std::optional<Outline> DualConicFit::outline() const {
   const cv::Matx<double, 5, 5> inverse = full.inv(cv::DECOMP_CHOLESKY, &solved);
   if (!solved) return std::nullopt;
   const cv::Vec<double, 5> p = inverse * right_;
-  const Outline outline{{p[3] + origin_.x, p[4] + origin_.y}, p[0] + p[3] * p[3], p[1] + p[3] * p[4], p[2] + p[4] * p[4]};
+  const Outline outline{
+      {p[3] + origin_.x, p[4] + origin_.y}, p[0] + p[3] * p[3], p[1] + p[3] * p[4], p[2] + p[4] * p[4]};
   if (!outline.isEllipse()) return std::nullopt;
   return outline;
 }

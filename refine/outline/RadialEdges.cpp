@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDirections = 32;
 constexpr std::size_t kMostRadii = 256;
-constexpr double kStep = 0.375;      ///< Pixels.
+constexpr double kStep = 0.375;             ///< Pixels.
 constexpr std::size_t kHalfDifference = 2;  ///< Steps.
 /// Of the strongest edge. A neighbour's outline, smeared over the circles that it crosses, stays below this.
 constexpr double kStrong = 0.5;

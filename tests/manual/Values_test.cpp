@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "polarline/init.h"
+
 namespace {
 
 using testing::Contains;
@@ -43,6 +45,30 @@ TEST(Values, AreCodesThatAShellTakesAsTheyAre) {
   EXPECT_THAT(words, Contains("too_few_shared"));
   EXPECT_THAT(words, Not(Contains("-9")));
   EXPECT_THAT(words, Not(Contains("exit 3")));
+}
+
+TEST(Values, AreTheNamesOfClosedLists) {
+  EXPECT_THAT(valuesOfType("FORMAT").words, testing::IsSupersetOf({"opencv", "ros", "kalibr", "euroc", "polarline"}));
+  EXPECT_THAT(valuesOfType("MODEL").words, ElementsAre("brown", "fisheye"));
+  for (const std::string& how : valuesOfType("HOW").words) EXPECT_NO_THROW(polarline::pairByOf(how)) << how;
+  EXPECT_EQ(valuesOfType("HOW").words.size(), 4U);
+}
+
+TEST(Values, AreBeginningsWhereMoreHasToFollow) {
+  const manual::Values keys = valuesOfType("KEY=VALUE");
+  EXPECT_TRUE(keys.is_begun);
+  EXPECT_THAT(keys.words, Contains("dy_bias_divid="));
+  const manual::Values boards = valuesOfType("BOARD");
+  EXPECT_TRUE(boards.is_begun);
+  EXPECT_THAT(boards.words, ElementsAre("rings-small:", "rings-big:", "rings-mixed:", "dots:"));
+}
+
+TEST(Values, ArePathsForAPositionalOfSuchAType) {
+  CLI::App app;
+  std::string text;
+  EXPECT_TRUE(manual::valuesOf(*app.add_option("image", text)->type_name("IMAGE")).paths);
+  EXPECT_TRUE(manual::valuesOf(*app.add_option("SET", text)).paths);
+  EXPECT_FALSE(manual::valuesOf(*app.add_option("other", text)).paths);
 }
 
 TEST(Values, ArePresetsAndPathsForAScene) {

@@ -1,18 +1,13 @@
 #include <gmock/gmock.h>
 
+#include "OneOption.h"
 #include "tools/polarline/manual/Completions.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-std::string scriptFor(const manual::Option& option) {
-  manual::Command polarline;
-  polarline.subcommands.resize(1);
-  polarline.subcommands[0].name = "draw";
-  polarline.subcommands[0].groups = {{"Options", "", {option}}};
-  return manual::zshCompletion(polarline);
-}
+std::string scriptFor(const manual::Option& option) { return manual::zshCompletion(withOption(option)); }
 
 TEST(Zsh, TakesTextsAsTheyAre) {
   EXPECT_THAT(scriptFor({{"--x"}, "", "set's [a]: b", "", {}, false}), HasSubstr(R"('--x[set'\''s \[a\]\: b]')"));

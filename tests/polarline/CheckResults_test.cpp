@@ -107,6 +107,19 @@ TEST_F(CheckResults, InPlacesThatCannotBeAreTold) {
   EXPECT_EQ(document()["status"]["retry"], true);
 }
 
+TEST_F(CheckResults, GoThroughLinksThatStay) {
+  fs::create_directory(set.parent.file("far"));
+  fs::create_symlink("far/r.json", set.parent.file("r.json"));
+  fs::create_symlink("far", set.parent.file("out"));
+  EXPECT_EQ(check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")}).exit_code, 0);
+  EXPECT_TRUE(fs::is_symlink(set.parent.file("r.json")));
+  EXPECT_TRUE(fs::is_symlink(set.parent.file("out")));
+  EXPECT_EQ(document("far/r.json")["verdict"], "pass");
+  EXPECT_TRUE(set.parent.has("far/align_data_0.csv"));
+  fs::create_symlink("none", set.parent.file("nowhere"));
+  notWritten(check({"--out", set.parent.file("nowhere")}), "nowhere: is a link that leads nowhere");
+}
+
 TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
   fs::remove(set.file("left_0.png"));
   ASSERT_EQ(mkfifo(set.file("left_0.png").c_str(), 0600), 0);  // A reader waits here until somebody writes.

@@ -33,10 +33,13 @@ TEST(ExplainCommand, ListsAllWithoutACode) {
 
 TEST(ExplainCommand, WritesJson) {
   const CommandRun run({"explain", "exit 3", "--json", "-"});
-  const auto json = nlohmann::json::parse(run.out);
+  const auto json = DocumentCheck::of("explain").parsed(run.out);
   EXPECT_EQ(json["schema"], "polarline-explain/1");
   ASSERT_EQ(json["explanations"].size(), 1U);
   EXPECT_EQ(json["explanations"][0]["code"], "exit 3");
+  const CommandRun figure({"explain", "dy_means", "--json", "-"});
+  EXPECT_EQ(DocumentCheck::of("explain").parsed(figure.out)["explanations"][0]["unit"], "pixels");
+  DocumentCheck::of("explain").parsed(CommandRun({"explain", "--json", "-"}).out);
   EXPECT_EQ(CommandRun({"explain", "exit 3", "--quiet"}).out, "");
 }
 

@@ -8,10 +8,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
 #include <functional>
+#include <regex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -55,6 +57,19 @@ class CommandRun {
     kilobytes = usage.ru_maxrss;
     if (WIFEXITED(status)) exit_code = WEXITSTATUS(status);
     if (WIFSIGNALED(status)) signal = WTERMSIG(status);
+  }
+
+  /// Columns of the longest line on standard output, control sequences left out; a line that is written over counts by
+  /// itself.
+  std::size_t longestLine() const {
+    const std::string plain = std::regex_replace(out, std::regex("\x1b\\[[0-9;]*[mK]"), "");
+    std::size_t longest = 0;
+    std::size_t length = 0;
+    for (const char c : plain) {
+      length = c == '\n' || c == '\r' ? 0 : length + 1;
+      longest = std::max(longest, length);
+    }
+    return longest;
   }
 
  private:

@@ -16,12 +16,12 @@ namespace accuracy {
 /// A place of the board's grid as it truly is in one picture.
 struct TrueDot {
   int id = 0;
-  bool measurable = true;    ///< Drawn and whole in the picture.
+  bool measurable = true;  ///< Drawn and whole in the picture.
   bool marker = false;
-  scene::Point2 centre;      ///< Image of the circle's centre.
-  scene::Point2 ellipse;     ///< Centre of the imaged outline.
-  double radius = 0.0;       ///< Of the imaged outline, pixels.
-  scene::Point2 bound;       ///< Cramer-Rao bound of the centre's standard deviation along x and y, pixels.
+  scene::Point2 centre;   ///< Image of the circle's centre.
+  scene::Point2 ellipse;  ///< Centre of the imaged outline.
+  double radius = 0.0;    ///< Of the imaged outline, pixels.
+  scene::Point2 bound;    ///< Cramer-Rao bound of the centre's standard deviation along x and y, pixels.
 };
 
 /// One camera's picture of one pose, and all that is true of it.

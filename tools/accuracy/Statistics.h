@@ -16,10 +16,10 @@ struct Measured {
 /// Errors of measured centres against the images of the true ones, pixels.
 struct Errors {
   int dots = 0;
-  double rms = 0.0;      ///< Of the distances.
-  double worst = 0.0;    ///< Largest distance.
-  cv::Point2d mean;      ///< Bias.
-  double by_bound = 0.0; ///< Root mean square of the errors along x and y, each by its Cramer-Rao bound.
+  double rms = 0.0;       ///< Of the distances.
+  double worst = 0.0;     ///< Largest distance.
+  cv::Point2d mean;       ///< Bias.
+  double by_bound = 0.0;  ///< Root mean square of the errors along x and y, each by its Cramer-Rao bound.
 };
 
 /// Only of the measurable dots.

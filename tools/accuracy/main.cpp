@@ -42,8 +42,9 @@ int main(int argc, char** argv) {
       const auto& t = sight.dots[size_t(d.id)];
       double e = std::hypot(d.x - t.centre.x, d.y - t.centre.y);
       if (std::getenv("LIST") && (d.state != polarline::DotState::kRefined || e > 5 * std::sqrt(d.xx + d.yy)))
-        fmt::print("  id {} ({},{}) state {} err {:.4f} sd {:.4f} at {:.1f} {:.1f} r {:.2f} marker {} meas {}\n", d.id, d.id % scene.board.cols, d.id / scene.board.cols,
-                   static_cast<int>(d.state), e, std::sqrt(d.xx + d.yy), d.x, d.y, t.radius, t.marker, t.measurable);
+        fmt::print("  id {} ({},{}) state {} err {:.4f} sd {:.4f} at {:.1f} {:.1f} r {:.2f} marker {} meas {}\n", d.id,
+                   d.id % scene.board.cols, d.id / scene.board.cols, static_cast<int>(d.state), e,
+                   std::sqrt(d.xx + d.yy), d.x, d.y, t.radius, t.marker, t.measurable);
     }
     pictures.push_back(picture);
     refined.push_back(refinedCentres(picture));
@@ -52,8 +53,11 @@ int main(int argc, char** argv) {
   }
   const Errors r = errorsOf(all, refined), d = errorsOf(all, detected);
   const Calibration c = calibrationOf(all, pictures);
-  fmt::print("{:20} dots {:5} rms {:.4f} worst {:.4f} mean {:+.4f} {:+.4f} xCRB {:.2f} obs/pred {:.2f} | det rms {:.4f} worst {:.3f} | ms det {:.1f} ref {:.1f} states", argv[1],
-             r.dots, r.rms, r.worst, r.mean.x, r.mean.y, r.by_bound, c.observed_by_predicted, d.rms, d.worst, 1e3 * t_detect / double(all.size()), 1e3 * t_refine / double(all.size()));
+  fmt::print(
+      "{:20} dots {:5} rms {:.4f} worst {:.4f} mean {:+.4f} {:+.4f} xCRB {:.2f} obs/pred {:.2f} | det rms {:.4f} worst "
+      "{:.3f} | ms det {:.1f} ref {:.1f} states",
+      argv[1], r.dots, r.rms, r.worst, r.mean.x, r.mean.y, r.by_bound, c.observed_by_predicted, d.rms, d.worst,
+      1e3 * t_detect / double(all.size()), 1e3 * t_refine / double(all.size()));
   for (auto [k, v] : states) fmt::print(" {}:{}", k, v);
   fmt::print("\n");
 }

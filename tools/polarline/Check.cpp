@@ -1,9 +1,6 @@
 #include "polarline/check.h"
 
-#include <fmt/format.h>
-
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -13,6 +10,7 @@
 #include "tools/polarline/CheckTable.h"
 #include "tools/polarline/Interruption.h"
 #include "tools/polarline/Outputs.h"
+#include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
 #include "tools/polarline/Terminal.h"
 
@@ -44,27 +42,26 @@ class Speaker {
  public:
   explicit Speaker(const ResultOptions& result)
       : is_quiet_(result.quiet || result.json == "-"),
-        shows_progress_(!is_quiet_ && terminal::isTerminal(stderr)),
+        progress_(is_quiet_),
         table_(terminal::width(stdout), terminal::hasColours(stdout)) {}
 
   void begin(const polarline::Check& check) { say(table_.header(check)); }
   void pair(const polarline::PairCheck& pair, std::size_t count) {
-    clearProgress();
+    progress_.clear();
     say(table_.row(pair));
-    ++done_;
-    if (shows_progress_ && done_ < count) progress(count);
+    if (++done_ < count) progress_.show(done_, count);
   }
   void end(const polarline::Check& check) {
-    clearProgress();
+    progress_.clear();
     if (check.verdict != polarline::Verdict::kError) return say(table_.conclusion(check));
     if (!is_quiet_ && !check.pairs.empty())
       say(table_.conclusion(check));
     else
       tellFailure(check);
   }
-  void interrupted() const {
-    clearProgress();
-    tell("polarline: interrupted; nothing half was left\n");
+  void interrupted() {
+    progress_.clear();
+    tell("{}", kInterruptedWords);
   }
 
  private:
@@ -75,20 +72,10 @@ class Speaker {
   void say(const std::string& text) const {
     if (!is_quiet_) deliver("-", text);
   }
-  void clearProgress() const {
-    if (shows_progress_) tell("\r\x1b[K");
-  }
-  void progress(std::size_t count) const {
-    const double passed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-    const double left = passed / static_cast<double>(done_) * static_cast<double>(count - done_);
-    tell("pair {} of {}, {:.0f} s left", done_, count, left);
-  }
-
   bool is_quiet_;
-  bool shows_progress_;
+  PairProgress progress_;
   CheckTable table_;
   std::size_t done_ = 0;
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
 /// The document at its place: written while the check runs.

@@ -3,16 +3,19 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include "tools/polarline/Terminal.h"
 
 namespace command {
 namespace {
 
 using polarline::Check;
 using polarline::Figure;
+using polarline::figureText;
 using polarline::LimitResult;
 using polarline::PairCheck;
+using terminal::wrapped;
 
 constexpr const char* kRed = "31";
 constexpr const char* kGreen = "32";
@@ -22,38 +25,9 @@ constexpr std::size_t kIndexWidth = 5;
 constexpr std::size_t kStateWidth = 10;
 constexpr std::size_t kFigureWidth = 12;
 
-/// In the order in which one wants to see them.
-constexpr std::array kMainFigures = {"dy_means", "dy_max",  "tri_rms", "dis_rms",     "space_rms",
-                                     "gt_rms",   "tri_max", "nor_rms", "icp_nor_rms", "allpoints_means"};
-
-std::string shown(double value) {
-  return value != 0.0 && (std::abs(value) < 1e-4 || std::abs(value) >= 1e6) ? fmt::format("{:.3g}", value)
-                                                                            : fmt::format("{:.4f}", value);
-}
-
 /// Of a list the value that tells most.
 double farthest(const std::vector<double>& values) {
   return *std::ranges::max_element(values, {}, [](double value) { return std::abs(value); });
-}
-
-/// Lines of at most `width` columns, broken at blanks, the later ones moved in.
-std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
-  std::string lines;
-  std::string line(std::min(text.find_first_not_of(' '), text.size()), ' ');  // The first line keeps its own indent.
-  std::size_t begin = line.size();
-  while (begin <= text.size()) {
-    const std::size_t end = std::min(text.find(' ', begin), text.size());
-    const std::string word = text.substr(begin, end - begin);
-    const bool has_words = line.find_first_not_of(' ') != std::string::npos;
-    if (has_words && line.size() + 1 + word.size() > width) {
-      lines += line + "\n";
-      line = std::string(indent, ' ') + word;
-    } else {
-      line += (has_words ? " " : "") + word;
-    }
-    begin = end + 1;
-  }
-  return lines + line + "\n";
 }
 
 /// Without the last one, which stands where a mark would.
@@ -62,77 +36,9 @@ std::string withoutBlanks(std::string text) {
   return text;
 }
 
-using Summaries = std::vector<polarline::FigureSummary>;
-
-const polarline::FigureSummary* named(const Summaries& summaries, const std::string& name) {
-  const auto found = std::ranges::find(summaries, name, &polarline::FigureSummary::name);
-  return found == summaries.end() ? nullptr : &*found;
-}
-
-std::string worstPair(const Check& check) {
-  for (const char* name : kMainFigures) {
-    const auto* const summary = named(check.summary, name);
-    if (summary == nullptr) continue;
-    const std::string worst = shown(std::max(std::abs(summary->min), std::abs(summary->max)));
-    const std::string mean = summary->count == 1 ? ""
-                                                 : fmt::format("; mean over {} pairs {} {}", summary->count,
-                                                               shown(summary->mean), summary->unit);
-    return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, name, worst, summary->unit, mean);
-  }
-  return {};
-}
-
-/// What the refined centres make of the figure that the worst pair is told by.
-std::string refinedWorst(const Check& check) {
-  if (!check.refined_summary) return {};
-  for (const char* name : kMainFigures) {
-    if (named(check.summary, name) == nullptr) continue;
-    const auto* const refined = named(*check.refined_summary, name);
-    if (refined == nullptr) return {};
-    const std::string worst = shown(std::max(std::abs(refined->min), std::abs(refined->max)));
-    return fmt::format("From refined centres: {} {} {} in pair {}{}.", name, worst, refined->unit, refined->worst_pair,
-                       refined->count == 1 ? "" : fmt::format(", mean {} {}", shown(refined->mean), refined->unit));
-  }
-  return {};
-}
-
 /// The text with a full stop.
 std::string sentence(const std::string& text) {
   return text.empty() || text.ends_with('.') || text.ends_with('?') ? text : text + ".";
-}
-
-/// "1 limit", "2 limits".
-std::string counted(std::size_t count, const char* noun) {
-  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
-std::string passText(const Check& check) {
-  const std::size_t given_up = check.pairs.size() - check.finished();
-  const std::string but = given_up == 0 ? "."
-                                        : fmt::format(", but {} given up and not judged.",
-                                                      counted(given_up, "pair") + (given_up == 1 ? " was" : " were"));
-  if (check.limits.empty()) return "No limits were given: there are figures, and nothing was judged.";
-  const std::string hold =
-      check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
-  return "PASS: " + hold + but;
-}
-
-std::string failText(const Check& check) {
-  const auto failed = static_cast<std::size_t>(std::ranges::count(check.limits, false, &LimitResult::holds));
-  if (check.limits.size() == 1) return "FAIL: the limit does not hold.";
-  return fmt::format("FAIL: {} of {} limits do not hold.", failed, check.limits.size());
-}
-
-std::string verdictText(const Check& check) {
-  switch (check.verdict) {
-    case polarline::Verdict::kPass:
-      return passText(check);
-    case polarline::Verdict::kFail:
-      return failText(check);
-    case polarline::Verdict::kError:
-      return fmt::format("ERROR: {}", check.status.text);
-  }
-  return {};
 }
 
 }  // namespace
@@ -161,16 +67,26 @@ void CheckTable::chooseColumns(const PairCheck& pair) {
   };
   addLimited(pair.figures);
   if (pair.refined) addLimited(pair.refined->figures);
-  for (const char* name : kMainFigures) {
+  for (const std::string& name : polarline::mainFigures()) {
     const Figure* const figure = pair.figure(name);
     if (figure != nullptr && figure->is_own && !figure->is_list) add(name);
   }
 }
 
+std::string CheckTable::units(const PairCheck& pair) const {
+  std::string text(kIndexWidth + kStateWidth, ' ');
+  for (const std::string& name : columns_) {
+    const Figure* const figure = pair.figure(name);
+    text += fmt::format("{:>{}} ", figure == nullptr ? "" : figure->unit, kFigureWidth - 1);
+  }
+  text.resize(text.find_last_not_of(' ') + 1);
+  return text.empty() ? text : text + "\n";
+}
+
 std::string CheckTable::cell(const Figure* figure) const {
   const bool exceeds = figure != nullptr && figure->exceeds;
-  const std::string text =
-      (figure == nullptr || figure->values.empty() ? "-" : shown(farthest(figure->values))) + (exceeds ? "!" : " ");
+  const std::string text = (figure == nullptr || figure->values.empty() ? "-" : figureText(farthest(figure->values))) +
+                           (exceeds ? "!" : " ");
   const std::string padded = fmt::format("{:>{}}", text, kFigureWidth);
   return exceeds ? coloured(padded, kRed) : padded;
 }
@@ -193,13 +109,14 @@ std::string CheckTable::row(const PairCheck& pair) {
   std::string text;
   if (!has_columns_ && pair.finished) {
     chooseColumns(pair);
-    text = headings();
+    text = headings() + units(pair);
   }
   text +=
       fmt::format("{:>{}} {:<{}}", pair.index, kIndexWidth - 1, pair.finished ? "finished" : "given up", kStateWidth);
   if (!pair.finished) {
     const std::string where = pair.reason.step.empty() ? "" : " (" + pair.reason.step + ")";
-    return coloured(wrapped(text + pair.reason.text + where, width_, kIndexWidth + 2), kRed);
+    const std::string why = fmt::format("{}: {}{}", pair.reason.code, pair.reason.text, where);
+    return coloured(wrapped(text + why, width_, kIndexWidth + 2), kRed);
   }
   for (const std::string& name : columns_) text += cell(pair.figure(name));
   return withoutBlanks(text) + "\n" + (pair.refined ? refinedRow(*pair.refined) : "");
@@ -208,10 +125,10 @@ std::string CheckTable::row(const PairCheck& pair) {
 std::string CheckTable::conclusion(const Check& check) const {
   std::string text = "\n";
   if (!check.pairs.empty()) {
-    text +=
-        wrapped(fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair")), width_, 2);
-    if (check.finished() > 0) text += wrapped(worstPair(check), width_, 2);
-    if (const std::string refined = refinedWorst(check); !refined.empty()) text += wrapped(refined, width_, 2);
+    text += wrapped(finishedText(check), width_, 2);
+    for (const std::string& each : givenUpTexts(check)) text += wrapped(each, width_, 2);
+    if (check.finished() > 0) text += wrapped(worstPairText(check), width_, 2);
+    if (const std::string refined = refinedPairText(check); !refined.empty()) text += wrapped(refined, width_, 2);
   }
   for (const LimitResult& limit : check.limits) {
     const char* const broken = limit.value ? "EXCEEDED" : "NO VALUE";

@@ -26,6 +26,8 @@ class CheckTable {
   std::string headings() const;
   /// The refined figures below the detected ones, in the same columns.
   std::string refinedRow(const polarline::RefinedPair& refined) const;
+  /// The line of units below the headings.
+  std::string units(const polarline::PairCheck& pair) const;
   /// The value, with a mark where it exceeds a limit.
   std::string cell(const polarline::Figure* figure) const;
   std::string coloured(const std::string& text, const char* code) const;

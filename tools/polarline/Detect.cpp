@@ -50,7 +50,7 @@ void tell(const Options& options, const polarline::Detection& detection, const s
   if (!detection.found && options.out.empty())
     text +=
         fmt::format("{:<12} {:<12} --out FOLDER writes the ellipses by class and the binary picture\n", "pictures", "");
-  deliver("-", text);
+  say(text);
 }
 
 int run(const Options& options) {

@@ -1,9 +1,6 @@
 #include "polarline/explain.h"
 
-#include <fmt/format.h>
-
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "polarline/errors.h"
 #include "tools/polarline/Subcommand.h"
@@ -16,27 +13,6 @@ struct Request {
   ResultOptions result;
 };
 
-std::string textOf(const std::vector<polarline::Explanation>& all) {
-  std::string text;
-  for (const polarline::Explanation& each : all) {
-    const std::string name = each.name == each.code ? "" : " (" + each.name + ")";
-    text += fmt::format("{}{}\n  {}\n", each.code, name, each.meaning);
-    if (!each.advice.empty()) text += fmt::format("  What to do: {}\n", each.advice);
-  }
-  return text;
-}
-
-std::string jsonOf(const std::vector<polarline::Explanation>& all) {
-  nlohmann::ordered_json json{{"schema", "polarline-explain/1"}, {"explanations", nlohmann::ordered_json::array()}};
-  for (const polarline::Explanation& each : all)
-    json["explanations"].push_back({{"code", each.code},
-                                    {"name", each.name},
-                                    {"meaning", each.meaning},
-                                    {"advice", each.advice},
-                                    {"unit", each.unit}});
-  return json.dump(2) + "\n";
-}
-
 std::vector<polarline::Explanation> wanted(const std::string& code) {
   if (code.empty()) return polarline::explanations();
   std::vector<polarline::Explanation> found = polarline::explainAll(code);
@@ -48,8 +24,8 @@ std::vector<polarline::Explanation> wanted(const std::string& code) {
 
 int runExplain(const Request& request) {
   const std::vector<polarline::Explanation> all = wanted(request.code);
-  if (!request.result.json.empty()) deliver(request.result.json, jsonOf(all));
-  if (!request.result.quiet && request.result.json != "-") deliver("-", textOf(all));
+  if (!request.result.json.empty()) deliver(request.result.json, polarline::explanationsJson(all));
+  if (!request.result.quiet && request.result.json != "-") say(polarline::explanationsText(all));
   return kDone;
 }
 

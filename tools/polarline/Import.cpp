@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <memory>
 
 #include "polarline/calibration.h"
@@ -22,23 +20,6 @@ struct ImportCommand {
   ResultOptions result;
 };
 
-std::string pictureOf(const polarline::Camera& camera) {
-  if (camera.size.width == 0) return "not known";
-  return fmt::format("{}x{}", camera.size.width, camera.size.height);
-}
-
-std::string summary(const polarline::ImportedCalibration& imported) {
-  const polarline::Calibration& calibration = imported.calibration;
-  std::string text =
-      fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {:.7g}\n", imported.format,
-                  calibration.type, polarline::typeName(calibration.type), pictureOf(calibration.left),
-                  pictureOf(calibration.right), polarline::baselineOf(calibration));
-  for (const polarline::Warning& each : imported.warnings) {
-    text += fmt::format("warning   {} ({})\n          {}\n", each.text, each.code, each.advice);
-  }
-  return text;
-}
-
 int run(const ImportCommand& command) {
   requireSeparate({{"--output", command.output}, {"--json", command.result.json}}, command.files);
   polarline::ImportOptions options = command.options;
@@ -59,12 +40,15 @@ int run(const ImportCommand& command) {
             command.to == "opencv" ? polarline::openCvText(calibration) : polarline::calibrationJson(calibration));
   }
   if (!command.result.json.empty()) deliver(command.result.json, polarline::importedCalibrationJson(imported));
+  std::string text = polarline::importedCalibrationText(imported);
+  if (command.output.empty() && command.result.json.empty())
+    text += "written   nothing; -o FILE writes the calibration\n";
   const bool isTaken = command.output == "-" || command.result.json == "-";
   if (command.result.quiet) return kDone;
   if (isTaken)
-    tell("{}", summary(imported));
+    tell("{}", text);
   else
-    deliver("-", summary(imported));
+    say(text);
   return kDone;
 }
 
@@ -82,11 +66,13 @@ Subcommand addImport(CLI::App& polarline) {
       ->check(CLI::IsMember({"polarline", "opencv"}))
       ->capture_default_str();
   app->add_option("--format", command->options.format,
-                  "opencv, ros, kalibr, basalt, mrcal, euroc or polarline, where the content does not tell");
+                  "opencv, ros, kalibr, basalt, mrcal, euroc or polarline, where the content does not tell")
+      ->type_name("FORMAT");
   app->add_option("--scale", command->options.scale,
                   "Board units in a unit of the file: 1000 from metres to millimetres")
       ->capture_default_str();
-  app->add_option("--model", command->options.model, "brown or fisheye, where the file does not tell");
+  app->add_option("--model", command->options.model, "brown or fisheye, where the file does not tell")
+      ->type_name("MODEL");
   app->add_option("--size", command->size, "Size of the pictures, where the file does not tell")->type_name("WxH");
   command->has_baseline = app->add_option("--baseline", command->baseline,
                                           "Length between the cameras in the board unit, where the file lost it");

@@ -1,7 +1,5 @@
 #include "polarline/init.h"
 
-#include <fmt/format.h>
-
 #include <memory>
 #include <string>
 
@@ -29,7 +27,7 @@ int run(const Options& options) {
   const polarline::MadeSet made = polarline::initSet(request);
   progress.clear();
   if (!options.result.json.empty()) deliver(options.result.json, polarline::initJson(made));
-  if (options.result.json != "-" && !options.result.quiet) deliver("-", polarline::initText(made) + "\n");
+  if (options.result.json != "-" && !options.result.quiet) say(polarline::initText(made) + "\n");
   return kDone;
 }
 
@@ -52,10 +50,10 @@ void addInputs(CLI::App& app, polarline::InitRequest& request) {
 void addCalibrationOptions(CLI::App& app, Options& options) {
   polarline::ImportOptions& import = options.request.import;
   app.add_option("--format", import.format, "Format of the calibration, where its content does not tell")
-      ->type_name("NAME");
+      ->type_name("FORMAT");
   app.add_option("--scale", import.scale, "Board units in a unit of the calibration: 1000 for metres and a board in mm")
       ->type_name("S");
-  app.add_option("--model", import.model, "Lens model of the calibration: brown or fisheye")->type_name("NAME");
+  app.add_option("--model", import.model, "Lens model of the calibration: brown or fisheye")->type_name("MODEL");
   app.add_option("--size", options.size, "Picture size of the calibration, where it does not tell")->type_name("WxH");
   app.add_option("--baseline", import.baseline, "Length of the baseline in board units, where it was lost")
       ->type_name("B");

@@ -10,14 +10,14 @@
 namespace command {
 
 PairProgress::PairProgress(bool quiet, const char* what)
-    : what_(what), visible_(!quiet && terminal::isTerminal(stderr)) {}
+    : what_(what), visible_(!quiet && terminal::isTerminal(terminal::errors())) {}
 
 void PairProgress::show(std::size_t done, std::size_t all) {
   if (!visible_ || done == 0) return;
   const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
   const double left = passed.count() / static_cast<double>(done) * static_cast<double>(all - done);
   tell("\r{} {} of {}, {:.0f} s left\033[K", what_, done, all, left);
-  std::fflush(stderr);
+  std::fflush(terminal::errors());
   shown_ = true;
 }
 

@@ -1,10 +1,7 @@
 #include "polarline/simulate.h"
 
-#include <fmt/format.h>
-
 #include <filesystem>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "platform/WholeFile.h"
@@ -23,34 +20,15 @@ struct Request {
   ResultOptions result;
 };
 
-std::string jsonText(const nlohmann::ordered_json& json) {
-  return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
-}
-
 int listed(const ResultOptions& result) {
-  std::string text;
-  nlohmann::ordered_json json{{"schema", "polarline-presets/1"}, {"presets", nlohmann::ordered_json::array()}};
-  for (const polarline::PresetInfo& info : polarline::presets()) {
-    text += fmt::format("{:<20}{}\n", info.name, info.note);
-    json["presets"].push_back({{"name", info.name}, {"note", info.note}});
-  }
-  if (!result.quiet && result.json != "-") deliver("-", text);
-  if (!result.json.empty()) deliver(result.json, jsonText(json));
+  if (!result.quiet && result.json != "-") say(polarline::presetsText());
+  if (!result.json.empty()) deliver(result.json, polarline::presetsJson());
   return kDone;
 }
 
 void tell(const Request& request, const polarline::SimulatedSet& set) {
-  const bool json_on_output = request.result.json == "-";
-  if (!request.result.quiet && !json_on_output)
-    deliver("-", fmt::format("{}: {} {} in {}\n", set.name, set.pairs, set.pairs == 1 ? "pair" : "pairs", set.folder));
-  if (request.result.json.empty()) return;
-  const nlohmann::ordered_json json{{"schema", "polarline-simulate/1"},
-                                    {"scene", request.scene},
-                                    {"name", set.name},
-                                    {"folder", set.folder},
-                                    {"pairs", set.pairs},
-                                    {"seed", set.seed}};
-  deliver(request.result.json, jsonText(json));
+  if (!request.result.quiet && request.result.json != "-") say(polarline::simulatedText(set));
+  if (!request.result.json.empty()) deliver(request.result.json, polarline::simulatedJson(set));
 }
 
 int simulated(const Request& request) {

@@ -16,6 +16,11 @@ void addResultOptions(CLI::App& app, ResultOptions& options) {
 
 void addExample(CLI::App& app, const std::string& example) { app.footer("Example:\n  " + example); }
 
+void say(const std::string& lines) {
+  const bool is_terminal = terminal::isTerminal(stdout);
+  deliver("-", is_terminal ? terminal::fitted(lines, terminal::width(stdout)) : lines);
+}
+
 void deliver(const std::string& path, const std::string& text) {
   if (path != "-") return whole_file::write(path, text);
   const bool whole = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;

@@ -3,24 +3,18 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "polarline/exit_code.h"
+#include "tools/polarline/Terminal.h"
+
 namespace command {
 
-/// What the command returns, the same for every subcommand.
-enum ExitCode : std::uint8_t {
-  kDone = 0,
-  kLimitExceeded = 1,
-  kUnusable = 2,    ///< The command line or an input.
-  kNoFigure = 3,    ///< The run ended without one.
-  kNotWritten = 4,  ///< A result.
-  kInterrupted = 130,
-};
+using enum polarline::ExitCode;
 
 /// A subcommand: its options, and what it does when they have been parsed; the result is the exit code.
 struct Subcommand {
@@ -55,8 +49,11 @@ void addExample(CLI::App& app, const std::string& example);
 /// Says something on standard error. That this can't be written changes nothing: the exit code still tells.
 template <typename... Values>
 void tell(fmt::format_string<Values...> words, Values&&... values) {
-  std::fputs(fmt::format(words, std::forward<Values>(values)...).c_str(), stderr);
+  std::fputs(fmt::format(words, std::forward<Values>(values)...).c_str(), terminal::errors());
 }
+
+/// Puts lines for people on standard output, no longer than a terminal is wide. Throws `polarline::OutputError`.
+void say(const std::string& lines);
 
 /// Puts a text at a path, whole or not at all; "-" is standard output. Throws `polarline::OutputError`.
 void deliver(const std::string& path, const std::string& text);

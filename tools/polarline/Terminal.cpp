@@ -1,10 +1,11 @@
 #include "tools/polarline/Terminal.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <cstdlib>
+#include <sstream>
 #include <string_view>
+
+#include "platform/TerminalStream.h"
 
 namespace terminal {
 namespace {
@@ -16,15 +17,64 @@ bool isSet(const char* variable) {
   return value != nullptr && *value != '\0';
 }
 
+constexpr std::size_t kFurther = 2;
+
+/// A line that is longer than the width.
+std::string folded(const std::string& line, std::size_t width) {
+  const std::size_t begin = line.find_first_not_of(' ');
+  const std::size_t end = line.find_last_not_of(' ', line.rfind("  "));  // Of all columns but the last.
+  const bool has_columns = end != std::string::npos && end > begin && line.rfind("  ") != std::string::npos;
+  if (!has_columns && 2 * begin > width) return wrapped("    " + line.substr(begin), width, 2 * kFurther);
+  if (!has_columns) return wrapped(line, width, begin > 2 * kFurther ? begin : begin + kFurther);
+  const std::size_t column = line.find_first_not_of(' ', end + 1);
+  if (2 * column <= width) return wrapped(line, width, column);
+  return wrapped(line.substr(0, end + 1), width, begin + kFurther) +
+         wrapped(std::string(begin + kFurther, ' ') + line.substr(column), width, begin + kFurther);
+}
+
+std::FILE*& ours() {
+  static std::FILE* stream = stderr;
+  return stream;
+}
+
 }  // namespace
 
-bool isTerminal(std::FILE* stream) { return isatty(fileno(stream)) == 1; }
+std::FILE* errors() { return ours(); }
 
-std::size_t width(std::FILE* stream) {
-  winsize size{};
-  if (ioctl(fileno(stream), TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return kUsualWidth;
-  return size.ws_col;
+void silenceDecoders() { ours() = terminal_stream::takeStandardError(); }
+
+std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+  std::string lines;
+  std::string line(std::min(text.find_first_not_of(' '), text.size()), ' ');  // The first line keeps its own indent.
+  std::size_t begin = line.size();
+  while (begin <= text.size()) {
+    const std::size_t end = std::min(text.find(' ', begin), text.size());
+    const std::string word = text.substr(begin, end - begin);
+    const bool has_words = line.find_first_not_of(' ') != std::string::npos;
+    if (has_words && line.size() + 1 + word.size() > width) {
+      lines += line + "\n";
+      line = std::string(indent, ' ') + word;
+    } else {
+      line += (has_words ? " " : "") + word;
+    }
+    begin = end + 1;
+  }
+  return lines + line + "\n";
 }
+
+std::string fitted(const std::string& text, std::size_t width) {
+  std::string lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    const bool fits = line.size() <= width || line.find_first_not_of(' ') == std::string::npos;
+    lines += fits ? line + "\n" : folded(line, width);
+  }
+  return lines;
+}
+
+bool isTerminal(std::FILE* stream) { return terminal_stream::isTerminal(stream); }
+
+std::size_t width(std::FILE* stream) { return terminal_stream::columns(stream).value_or(kUsualWidth); }
 
 bool hasColours(std::FILE* stream) {
   if (!isTerminal(stream) || isSet("NO_COLOR")) return false;

@@ -2,9 +2,17 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <string>
 
 /// What the command may show where.
 namespace terminal {
+
+/// Standard error for words of ours; `stderr` itself is what decoders of pictures write to.
+std::FILE* errors();
+
+/// From here on nothing but ours comes to standard error: decoders write there what a picture lacks, and that is told
+/// in words with the picture's name. Call before any thread is started.
+void silenceDecoders();
 
 bool isTerminal(std::FILE* stream);
 
@@ -13,5 +21,12 @@ std::size_t width(std::FILE* stream);
 
 /// Whether the stream may be coloured: a terminal that is not "dumb", and no NO_COLOR in the environment.
 bool hasColours(std::FILE* stream);
+
+/// Lines of at most `width` columns, broken at blanks, the later ones moved in.
+std::string wrapped(const std::string& text, std::size_t width, std::size_t indent);
+
+/// Each line of the text in as many as the width makes of it. They go on where the line's last column begins; where
+/// there is no room for that, the last column stands below the others, a little further in.
+std::string fitted(const std::string& text, std::size_t width);
 
 }  // namespace terminal

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -35,7 +33,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;
     if (polarline.exit(error, out, std::cerr) != 0) return command::kUnusable;
-    command::deliver("-", out.str());
+    command::say(out.str());
     return command::kDone;
   }
   const auto chosen = std::ranges::find_if(subcommands, [](const auto& each) { return each.app->parsed(); });
@@ -51,9 +49,9 @@ int failed(int code, const std::exception& error) {
 
 int main(int argc, char** argv) {
   try {
-    command::watchForInterruption();  // Before all else of ours.
-    cv::utils::logging::setLogLevel(
-        cv::utils::logging::LOG_LEVEL_SILENT);  // What matters of it is said in our own words.
+    terminal::silenceDecoders();      // What matters of what others say is said in our own words.
+    command::watchForInterruption();  // Before any thread is started.
+    cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);
     return run(argc, argv);
   } catch (const polarline::InputError& error) {
     return failed(command::kUnusable, error);

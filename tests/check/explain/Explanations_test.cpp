@@ -65,6 +65,13 @@ TEST(ExplanationsKnow, AllThatABareNumberMayMean) {
   EXPECT_TRUE(codesOf("").empty());
 }
 
+TEST(ExplanationsKnow, WhatACodeMeansInAPair) {
+  EXPECT_EQ(explainPair(1)->name, "measurement_failed");
+  EXPECT_EQ(explainPair(-6)->name, "too_few_detected");
+  EXPECT_EQ(explainPair(kGroupPointMissing)->name, "group_point_missing");
+  EXPECT_FALSE(explainPair(-99));
+}
+
 TEST(ExplanationsKnow, EveryStepOfADetection) {
   for (int step = 0; step <= static_cast<int>(kestrune::DetectionStep::kDone); ++step) {
     const char* const name = nameOf(static_cast<kestrune::DetectionStep>(step));

@@ -46,7 +46,8 @@ TEST_P(MarkerSpans, OfAnotherTargetAreNamedByWhatThePictureHas) {
   const auto [name, kind, columns, rows] = GetParam();
   for (const auto& [wrong_columns, wrong_rows] :
        {std::pair{columns + 2, rows}, {columns - 2, rows}, {columns, rows + 2}, {columns + 2, rows + 2}}) {
-    const Detection detection = polarline::detect(picture.image(), withSpan(picture.target(), wrong_columns, wrong_rows));
+    const Detection detection =
+        polarline::detect(picture.image(), withSpan(picture.target(), wrong_columns, wrong_rows));
     std::string told = detection.text;
     for (const polarline::Warning& each : detection.warnings) told += "\n" + each.text;
     EXPECT_THAT(told, HasSubstr("span " + std::to_string(columns) + " columns and " + std::to_string(rows) + " rows"))

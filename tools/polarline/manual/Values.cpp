@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "polarline/board.h"
+#include "polarline/calibration.h"
 #include "polarline/check.h"
 #include "polarline/explain.h"
 #include "polarline/simulate.h"
@@ -38,6 +40,12 @@ std::vector<std::string> explained() {
   return words;
 }
 
+/// Each with an end behind which the user writes on.
+Values begun(std::vector<std::string> words, char end) {
+  for (std::string& word : words) word += end;
+  return {false, std::move(words), true};
+}
+
 std::vector<std::string> presetNames() {
   std::vector<std::string> words;
   for (const polarline::PresetInfo& preset : polarline::presets()) words.push_back(preset.name);
@@ -57,7 +65,13 @@ Values valuesOf(const CLI::Option& option) {
   if (name == "LIMIT") return {false, polarline::limitNames(), true};
   if (name == "CODE") return {false, explained()};
   if (name == "SCENE" || name == "PRESET") return {true, presetNames()};
-  return {std::ranges::find(kPaths, name) != kPaths.end(), choiceOf(option.get_type_name())};
+  if (name == "FORMAT") return {false, polarline::calibrationFormats()};
+  if (name == "MODEL") return {false, {"brown", "fisheye"}};
+  if (name == "HOW") return {false, {"auto", "names", "stamps", "order"}};
+  if (name == "KEY=VALUE") return begun(polarline::settingKeys(), '=');
+  if (name == "BOARD") return begun(polarline::boardKinds(), ':');
+  const bool is_path = std::ranges::count(kPaths, name) + std::ranges::count(kPaths, valueName(option)) > 0;
+  return {is_path, choiceOf(option.get_type_name())};
 }
 
 }  // namespace manual

@@ -1,0 +1,118 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "polarline/check.h"
+#include "polarline/explain.h"
+
+namespace polarline {
+namespace {
+
+const FigureSummary* named(const std::vector<FigureSummary>& summaries, const std::string& name) {
+  const auto found = std::ranges::find(summaries, name, &FigureSummary::name);
+  return found == summaries.end() ? nullptr : &*found;
+}
+
+/// Of the first main figure that the pairs measured; null without one.
+const FigureSummary* mainSummary(const Check& check) {
+  for (const std::string& name : mainFigures()) {
+    if (const FigureSummary* const summary = named(check.summary, name)) return summary;
+  }
+  return nullptr;
+}
+
+std::string farthestText(const FigureSummary& summary) {
+  return figureText(std::max(std::abs(summary.min), std::abs(summary.max)));
+}
+
+/// "1 limit", "2 limits".
+std::string counted(std::size_t count, const char* noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+std::string passText(const Check& check) {
+  const std::size_t given_up = check.pairs.size() - check.finished();
+  const std::string but = given_up == 0 ? "."
+                                        : fmt::format(", but {} given up and not judged.",
+                                                      counted(given_up, "pair") + (given_up == 1 ? " was" : " were"));
+  if (check.limits.empty()) return "No limits were given: there are figures, and nothing was judged.";
+  const std::string hold =
+      check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
+  return "PASS: " + hold + but;
+}
+
+std::string failText(const Check& check) {
+  const auto failed = static_cast<std::size_t>(std::ranges::count(check.limits, false, &LimitResult::holds));
+  if (check.limits.size() == 1) return "FAIL: the limit does not hold.";
+  return fmt::format("FAIL: {} of {} limits do not hold.", failed, check.limits.size());
+}
+
+}  // namespace
+
+const std::vector<std::string>& mainFigures() {
+  static const std::vector<std::string> names = {"dy_means", "dy_max",  "tri_rms", "dis_rms",     "space_rms",
+                                                 "gt_rms",   "tri_max", "nor_rms", "icp_nor_rms", "allpoints_means"};
+  return names;
+}
+
+std::string figureText(double value) {
+  return value != 0.0 && (std::abs(value) < 1e-4 || std::abs(value) >= 1e6) ? fmt::format("{:.3g}", value)
+                                                                            : fmt::format("{:.4f}", value);
+}
+
+std::string finishedText(const Check& check) {
+  return fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair"));
+}
+
+std::string worstPairText(const Check& check) {
+  const FigureSummary* const summary = mainSummary(check);
+  if (summary == nullptr) return {};
+  const std::string mean = summary->count == 1 ? ""
+                                               : fmt::format("; mean over {} pairs {} {}", summary->count,
+                                                             figureText(summary->mean), summary->unit);
+  return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, summary->name, farthestText(*summary),
+                     summary->unit, mean);
+}
+
+std::string refinedPairText(const Check& check) {
+  const FigureSummary* const detected = mainSummary(check);
+  if (detected == nullptr || !check.refined_summary) return {};
+  const FigureSummary* const refined = named(*check.refined_summary, detected->name);
+  if (refined == nullptr) return {};
+  const std::string mean =
+      refined->count == 1 ? "" : fmt::format(", mean {} {}", figureText(refined->mean), refined->unit);
+  return fmt::format("From refined centres: {} {} {} in pair {}{}.", refined->name, farthestText(*refined),
+                     refined->unit, refined->worst_pair, mean);
+}
+
+std::vector<std::string> givenUpTexts(const Check& check) {
+  std::vector<std::int32_t> codes;
+  std::map<std::int32_t, std::size_t> counts;
+  for (const PairCheck& pair : check.pairs) {
+    if (!pair.finished && ++counts[pair.reason.code] == 1) codes.push_back(pair.reason.code);
+  }
+  std::vector<std::string> texts;
+  for (const std::int32_t code : codes) {
+    const auto explained = explainPair(code);
+    if (!explained) continue;
+    texts.push_back(fmt::format("{} given up with {} ({}): {} {}", counted(counts[code], "pair"), code, explained->name,
+                                explained->meaning, explained->advice));
+  }
+  return texts;
+}
+
+std::string verdictText(const Check& check) {
+  switch (check.verdict) {
+    case Verdict::kPass:
+      return passText(check);
+    case Verdict::kFail:
+      return failText(check);
+    case Verdict::kError:
+      return "ERROR: " + check.status.text;
+  }
+  return {};
+}
+
+}  // namespace polarline

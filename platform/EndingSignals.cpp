@@ -1,0 +1,55 @@
+#include "platform/EndingSignals.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+#if !defined(_WIN32)
+#include <pthread.h>
+#include <unistd.h>
+#endif
+
+namespace ending_signals {
+
+#if defined(_WIN32)
+
+void hold() {}
+bool wait() { return false; }
+void endWith(int exit_code, const char* /*words*/) { std::_Exit(exit_code); }
+
+#else
+
+namespace {
+
+sigset_t all() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGTERM);
+  sigaddset(&signals, SIGHUP);
+  return signals;
+}
+
+}  // namespace
+
+void hold() {
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const sigset_t signals = all();
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+bool wait() {
+  const sigset_t signals = all();
+  int signal = 0;
+  return sigwait(&signals, &signal) == 0;
+}
+
+void endWith(int exit_code, const char* words) {
+  static_cast<void>(!write(STDERR_FILENO, words, std::strlen(words)));
+  _exit(exit_code);
+}
+
+#endif
+
+}  // namespace ending_signals

@@ -1,0 +1,77 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "HandMadeCheck.h"
+#include "check/figures/Summary.h"
+
+namespace polarline {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+Check checkOf(std::vector<PairCheck> pairs, Verdict verdict = Verdict::kPass) {
+  Check check;
+  check.pairs = std::move(pairs);
+  check.summary = summaryOf(check.pairs);
+  check.verdict = verdict;
+  return check;
+}
+
+TEST(VerdictWords, HaveDecimalsAsThereIsRoomFor) {
+  EXPECT_EQ(figureText(0.12345), "0.1235");
+  EXPECT_EQ(figureText(0.0), "0.0000");
+  EXPECT_EQ(figureText(0.00001234), "1.23e-05");
+  EXPECT_EQ(figureText(-12345678.0), "-1.23e+07");
+}
+
+TEST(VerdictWords, NameTheWorstPairByTheFirstMainFigure) {
+  EXPECT_EQ(worstPairText(checkOf({hand_made::pair(3, {0.1}, {}), hand_made::pair(4, {0.3}, {})})),
+            "Worst pair: 4 (dy_means 0.3000 pixels); mean over 2 pairs 0.2000 pixels.");
+  EXPECT_EQ(worstPairText(checkOf({hand_made::pair(3, {0.1}, {})})), "Worst pair: 3 (dy_means 0.1000 pixels).");
+  EXPECT_EQ(worstPairText(checkOf({hand_made::pair(3, {}, {})})), "");
+}
+
+TEST(VerdictWords, CountPairs) {
+  EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {})})), "1 of 1 pair finished.");
+  EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {}), hand_made::givenUp(hand_made::pair(1, {}, {}))})),
+            "1 of 2 pairs finished.");
+}
+
+TEST(VerdictWords, TellWhatEachStatusOfPairsGivenUpMeansOnce) {
+  Check check =
+      checkOf({hand_made::givenUp(hand_made::pair(0, {}, {})), hand_made::pair(1, {0.1}, {}),
+               hand_made::givenUp(hand_made::pair(2, {}, {})), hand_made::givenUp(hand_made::pair(3, {}, {}))});
+  check.pairs[3].reason.code = 1;
+  EXPECT_THAT(givenUpTexts(check),
+              ElementsAre(StartsWith("2 pairs given up with -6 (too_few_detected): Fewer than 6 dots were numbered in "
+                                     "a picture. Look at the picture with 'polarline detect"),
+                          StartsWith("1 pair given up with 1 (measurement_failed): The measurement of the rectified")));
+  EXPECT_TRUE(givenUpTexts(checkOf({hand_made::pair(1, {0.1}, {})})).empty());
+}
+
+TEST(VerdictWords, SayTheVerdictAndWhy) {
+  const LimitResult holds{"dy_means<=1", 0.1, 0, true, ""};
+  const LimitResult broken{"dy_means<=0", 0.1, 0, false, ""};
+  Check check = checkOf({hand_made::pair(0, {0.1}, {})});
+  EXPECT_EQ(verdictText(check), "No limits were given: there are figures, and nothing was judged.");
+  check.limits = {holds};
+  EXPECT_EQ(verdictText(check), "PASS: the limit holds.");
+  check.limits = {holds, holds};
+  EXPECT_EQ(verdictText(check), "PASS: all 2 limits hold.");
+  check.pairs.push_back(hand_made::givenUp(hand_made::pair(1, {}, {})));
+  EXPECT_EQ(verdictText(check), "PASS: all 2 limits hold, but 1 pair was given up and not judged.");
+  check.pairs.push_back(hand_made::givenUp(hand_made::pair(2, {}, {})));
+  EXPECT_EQ(verdictText(check), "PASS: all 2 limits hold, but 2 pairs were given up and not judged.");
+  check.verdict = Verdict::kFail;
+  check.limits = {holds, broken};
+  EXPECT_EQ(verdictText(check), "FAIL: 1 of 2 limits do not hold.");
+  check.limits = {broken};
+  EXPECT_EQ(verdictText(check), "FAIL: the limit does not hold.");
+  check.verdict = Verdict::kError;
+  check.status.text = "nothing was seen";
+  EXPECT_EQ(verdictText(check), "ERROR: nothing was seen");
+}
+
+}  // namespace
+}  // namespace polarline

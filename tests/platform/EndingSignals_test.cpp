@@ -1,0 +1,44 @@
+#include "platform/EndingSignals.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace {
+
+/// How a process of its own ended that holds the signals, sends one to itself and waits.
+int endOf(int signal) {
+  const pid_t process = fork();
+  if (process == 0) {
+    ending_signals::hold();
+    kill(getpid(), signal);
+    ending_signals::endWith(ending_signals::wait() ? 7 : 8, "");
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(EndingSignals, WaitUntilSomebodyAsks) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) EXPECT_EQ(endOf(signal), 7) << signal;
+}
+
+TEST(EndingSignals, HoldBackNoOthers) { EXPECT_EQ(endOf(SIGKILL), -1); }
+
+TEST(EndingSignals, HoldTurnsABrokenPipeIntoAFailedWrite) {
+  const pid_t process = fork();
+  if (process == 0) {
+    int ends[2];
+    if (pipe(ends) != 0) _exit(1);
+    close(ends[0]);
+    ending_signals::hold();
+    _exit(write(ends[1], "x", 1) < 0 ? 5 : 6);
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 5);
+}
+
+}  // namespace
