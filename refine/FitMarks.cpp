@@ -11,6 +11,8 @@ namespace {
 
 using polarline::DotState;
 
+/// Marks that tell noise, light and blur of the picture.
+constexpr std::size_t kSampled = 60;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
@@ -61,23 +63,25 @@ class Sorted {
   double widest_ = 0.0, softest_ = 0.0;
 };
 
-EdgeModel modelOf(const DotWork& dot, const LightField& light) {
+EdgeModel modelOf(const DotWork& dot, const PictureState& known) {
   EdgeModel model;
   if (dot.fit) {
     model = dot.fit->model;
   } else {
     model.outline = *dot.outline;
-    model.blur = dot.blur;
+    model.blur = known.blur > 0.0 ? known.blur : dot.blur;
     model.edges = dot.edges;
     for (std::size_t k = 1; k < dot.edges; ++k) model.ratio[k] = dot.radii[k] / dot.radii[0];
+    model.paper = known.light.greyAt(dot.place->pixel);
+    model.ink = known.ink_by_paper * model.paper;
   }
   model.light_origin = dot.place->pixel;
-  model.light = light.slopeAt(dot.place->pixel);
+  model.light = known.light.slopeAt(dot.place->pixel);
   return model;
 }
 
 /// Why the pixels do not do for a fit; `kRefined` where they do.
-DotState stateOf(const EdgePixels& pixels) {
+DotState stateOf(const EdgeCounts& pixels) {
   const auto share = [&](int count) { return static_cast<double>(count) / std::max(pixels.on_edge, 1); };
   if (share(pixels.clipped) > kClippedShare) return DotState::kClipped;
   if (share(pixels.neighboured) > kNeighbouredShare) return DotState::kOverlapped;
@@ -119,54 +123,97 @@ std::vector<double> zoneVariances(const std::vector<DotWork>& dots, ZoneResidual
   return variances;
 }
 
-NoiseLevel noiseOf(const GreyPicture& picture, const std::vector<DotWork>& dots) {
+/// Means over the refined marks.
+struct Greys {
+  double paper = 0.0, ink = 0.0, blur = 0.0;
+  int marks = 0;
+};
+
+Greys greysOf(const std::vector<DotWork>& dots) {
+  Greys greys;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined()) continue;
+    greys.paper += dot.fit->model.paper;
+    greys.ink += dot.fit->model.ink;
+    greys.blur += dot.fit->model.blur;
+    ++greys.marks;
+  }
+  if (greys.marks == 0) return greys;
+  return {greys.paper / greys.marks, greys.ink / greys.marks, greys.blur / greys.marks, greys.marks};
+}
+
+NoiseLevel noiseOf(const GreyPicture& picture, const Greys& greys, const std::vector<DotWork>& dots) {
   std::vector<double> paper = zoneVariances(dots, &EdgeFit::paper), ink = zoneVariances(dots, &EdgeFit::ink);
   double on_paper = trimmedMean(paper), on_ink = trimmedMean(ink);
   NoiseLevel noise;
   noise.least = picture.step * picture.step / 12.0;
   if (on_paper < 0.0) on_paper = noise.least;
   if (on_ink < 0.0) on_ink = on_paper;
-  std::vector<double> papers, inks;
-  for (const DotWork& dot : dots) {
-    if (!dot.refined()) continue;
-    papers.push_back(dot.fit->model.paper);
-    inks.push_back(dot.fit->model.ink);
-  }
-  if (papers.empty()) return noise;
-  const double paper_grey = meanOf(papers), ink_grey = meanOf(inks);
-  noise.slope = (on_paper - on_ink) / (paper_grey - ink_grey);
-  noise.base = on_ink - noise.slope * ink_grey;
+  noise.slope = (on_paper - on_ink) / (greys.paper - greys.ink);
+  noise.base = on_ink - noise.slope * greys.ink;
   noise.least = std::max(noise.least, 0.25 * std::min(on_paper, on_ink));
   return noise;
 }
 
-}  // namespace
-
-void fitMarks(const GreyPicture& picture, const PictureState& known, bool only_rings, std::vector<DotWork>& dots) {
-  const Sorted sorted(dots);
-  EdgePixels pixels;
-  std::vector<Neighbour> neighbours;
-  std::vector<double> residuals;
-  for (std::size_t k = 0; k < dots.size(); ++k) {
-    DotWork& dot = dots[k];
-    if (!dot.outline || (only_rings && dot.edges < 2)) continue;
-    sorted.neighboursOf(k, neighbours);
-    const EdgeModel model = modelOf(dot, known.light);
-    collectEdgePixels(picture, model, neighbours, pixels);
-    dot.state = stateOf(pixels);
-    if (!dot.refined()) continue;
-    std::optional<EdgeFit> fit = fitEdge(pixels.pixels, model, known.noise, residuals);
-    dot.state = fit ? stateOf(*fit, *dot.place) : DotState::kUnclear;
-    if (dot.refined() || known.noise) dot.fit = fit;
-  }
-}
-
-PictureState pictureStateOf(const GreyPicture& picture, const std::vector<DotWork>& dots) {
+LightField lightOf(const std::vector<DotWork>& dots) {
   std::vector<PaperGrey> papers;
   for (const DotWork& dot : dots) {
     if (dot.refined()) papers.push_back({dot.place->pixel, dot.fit->model.paper});
   }
-  return {noiseOf(picture, dots), LightField(papers)};
+  return LightField(papers);
+}
+
+/// Marks spread over the list, which is spread over the board.
+std::vector<std::size_t> sampleOf(const std::vector<DotWork>& dots) {
+  std::vector<std::size_t> found, sample;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    if (dots[k].outline) found.push_back(k);
+  }
+  const std::size_t count = std::min(found.size(), kSampled);
+  for (std::size_t k = 0; k < count; ++k) sample.push_back(found[k * found.size() / count]);
+  return sample;
+}
+
+}  // namespace
+
+void fitMarks(const GreyPicture& picture, const PictureState& known, const std::vector<std::size_t>& which,
+              std::vector<DotWork>& dots) {
+  const Sorted sorted(dots);
+  EdgeFitting work;
+  work.noise = known.noise;
+  work.blur = known.blur_origin;
+  std::vector<Neighbour> neighbours;
+  for (const std::size_t k : which) {
+    DotWork& dot = dots[k];
+    if (!dot.outline) continue;
+    sorted.neighboursOf(k, neighbours);
+    const EdgeModel model = modelOf(dot, known);
+    dot.state = stateOf(collectEdgePixels(picture, model, neighbours, work.table));
+    if (!dot.refined()) continue;
+    dot.fit = fitEdge(model, work);
+    dot.state = dot.fit ? stateOf(*dot.fit, *dot.place) : DotState::kUnclear;
+  }
+}
+
+PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots) {
+  const std::vector<std::size_t> sample = sampleOf(dots);
+  PictureState known;
+  fitMarks(picture, known, sample, dots);
+  const Greys greys = greysOf(dots);
+  if (greys.marks == 0) return known;
+  known.light = lightOf(dots);
+  known.noise = noiseOf(picture, greys, dots);
+  known.ink_by_paper = greys.ink / greys.paper;
+  known.blur = greys.blur;
+  // Only with the light's slope taken out the paper's residuals are the noise.
+  fitMarks(picture, known, sample, dots);
+  known.noise = noiseOf(picture, greysOf(dots), dots);
+  fitMarks(picture, known, sample, dots);
+  const double misfit_of_lens = misfitOf(dots);
+  known.blur_origin = BlurOrigin::kFilter;
+  fitMarks(picture, known, sample, dots);
+  if (misfitOf(dots) >= misfit_of_lens) known.blur_origin = BlurOrigin::kLens;
+  return known;
 }
 
 double misfitOf(const std::vector<DotWork>& dots) {

@@ -13,15 +13,19 @@ namespace refine {
 /// What is known of the whole picture before its marks are fitted.
 struct PictureState {
   std::optional<NoiseLevel> noise;
+  BlurOrigin blur_origin = BlurOrigin::kLens;
   LightField light;
+  double ink_by_paper = 1.0;  ///< Grey of the ink as a share of the paper's; 1: unknown.
+  double blur = 0.0;          ///< Of the edges, pixels; 0: unknown.
 };
 
-/// Fits the edges of every mark that has an outline, each with its neighbours' edges left out, and sets its state.
-/// `only_rings`: those with inner edges; the others stay as they are.
-void fitMarks(const GreyPicture& picture, const PictureState& known, bool only_rings, std::vector<DotWork>& dots);
+/// Fits the edges of the marks at these indices that have an outline, each with its neighbours' edges left out, and
+/// sets their states.
+void fitMarks(const GreyPicture& picture, const PictureState& known, const std::vector<std::size_t>& which,
+              std::vector<DotWork>& dots);
 
-/// Noise and light from what the fits left and found.
-PictureState pictureStateOf(const GreyPicture& picture, const std::vector<DotWork>& dots);
+/// Noise, light and blur from fits of some of the marks, spread over the picture; these are left with their fits.
+PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots);
 
 /// By how much the residuals on the edges exceed the noise, as a factor of the variance, at least 1: what the model of
 /// the edge misses.

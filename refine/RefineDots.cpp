@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include "refine/DotWork.h"
 #include "refine/FindMarks.h"
@@ -88,6 +89,14 @@ RefinedDot resultOf(const DotWork& dot, double misfit) {
   return result;
 }
 
+std::vector<std::size_t> ringsOf(const std::vector<DotWork>& dots) {
+  std::vector<std::size_t> rings;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    if (dots[k].edges > 1 && dots[k].refined()) rings.push_back(k);
+  }
+  return rings;
+}
+
 std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const PictureState& known,
                                               const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   std::optional<FittedPose> pose;
@@ -95,7 +104,7 @@ std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const 
     pose = poseOf(camera, dots);
     if (!pose) return std::nullopt;
     findBiases(camera, pose->pose, dots);
-    if (round == 0) fitMarks(picture, known, true, dots);
+    if (round == 0) fitMarks(picture, known, ringsOf(dots), dots);
   }
   pose = poseOf(camera, dots);
   if (!pose) return std::nullopt;
@@ -112,9 +121,10 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   for (std::size_t k = 0; k < places.size(); ++k) dots[k].place = &places[k];
   findSlopes(camera, dots);
   findMarks(grey, dots);
-  fitMarks(grey, {}, false, dots);
-  const PictureState known = pictureStateOf(grey, dots);
-  fitMarks(grey, known, false, dots);
+  const PictureState known = learnPicture(grey, dots);
+  std::vector<std::size_t> all(dots.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  fitMarks(grey, known, all, dots);
   const double misfit = misfitOf(dots);
   RefinedPicture result;
   result.pose = correctPerspective(grey, known, camera, dots);

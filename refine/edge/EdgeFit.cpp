@@ -1,61 +1,41 @@
 #include "refine/edge/EdgeFit.h"
 
 #include <Eigen/Cholesky>
-#include <Eigen/Core>
 #include <algorithm>
 #include <cmath>
+
+#include "refine/edge/EdgePixels.h"
 
 namespace refine {
 namespace {
 
-constexpr int kSteps = 15;
-constexpr double kSettled = 3e-5;     ///< Pixels.
+constexpr int kSteps = 12;
+/// Pixels. The method's error falls to some hundredths with each step, so that what is left is below a ten-thousandth.
+constexpr double kSettled = 0.003;
 constexpr double kLongestStep = 0.5;  ///< Pixels.
+constexpr double kNearby = 0.1;       ///< Pixels; the sampling of the pixels tells from here on.
 constexpr double kSharpest = 0.2;     ///< Pixels; a pixel's own width blurs by 0.29.
-constexpr double kTukey = 6.0;        ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
-constexpr double kOutlier = 5.0;
+constexpr double kSoftest = 8.0;
+constexpr float kTukey = 6.0F;  ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
+constexpr float kOutlier = 5.0F;
 /// Of the contrast: what the model itself may be off by before a pixel counts as covered.
 constexpr double kModelError = 0.02;
+constexpr double kLeastScale = 1e-3;  ///< Of the contrast.
 constexpr double kMedianToSigma = 1.4826;
+constexpr double kFlat = 2.0;  ///< Standard deviations of the blur: hardly anything of an edge beyond.
 
 constexpr int kMost = static_cast<int>(EdgeModel::kMostUnknowns);
 using Normal = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, 0, kMost, kMost>;
 using Vector = Eigen::Matrix<double, Eigen::Dynamic, 1, 0, kMost, 1>;
 
-struct Sums {
-  Normal normal;
-  Vector right;
-
-  explicit Sums(Eigen::Index n) : normal(Normal::Zero(n, n)), right(Vector::Zero(n)) {}
-
-  void add(const EdgeGrey& at, double residual, double weight) {
-    const Eigen::Index n = right.size();
-    for (Eigen::Index i = 0; i < n; ++i) {
-      const double weighted = weight * at.slope[static_cast<std::size_t>(i)];
-      for (Eigen::Index j = 0; j <= i; ++j) normal(i, j) += weighted * at.slope[static_cast<std::size_t>(j)];
-      right(i) += weighted * residual;
-    }
-  }
-};
-
-double biweight(double squared) {
-  const double rest = 1.0 - squared / (kTukey * kTukey);
-  return rest > 0.0 ? rest * rest : 0.0;
-}
-
 /// Paper and ink by least squares with the outline as it stands.
-bool guessGreys(const std::vector<EdgePixel>& pixels, EdgeModel& model) {
+bool guessGreys(EdgeModel& model, EdgeTable& table) {
   model.paper = 0.0;
   model.ink = 1.0;
-  double n = 0.0, c = 0.0, cc = 0.0, g = 0.0, cg = 0.0;
-  for (const EdgePixel& pixel : pixels) {
-    const double covered = edgeGrey(model, pixel.x, pixel.y).grey;
-    n += 1.0;
-    c += covered;
-    cc += covered * covered;
-    g += pixel.grey;
-    cg += covered * pixel.grey;
-  }
+  table.evaluate(model);
+  const auto n = static_cast<double>(table.size());
+  const auto covered = table.modelGrey().cast<double>(), grey = table.grey().cast<double>();
+  const double c = covered.sum(), cc = covered.square().sum(), g = grey.sum(), cg = (covered * grey).sum();
   const double determinant = n * cc - c * c;
   if (!(determinant > 1e-3 * n)) return false;
   model.paper = (cc * g - c * cg) / determinant;
@@ -64,31 +44,56 @@ bool guessGreys(const std::vector<EdgePixel>& pixels, EdgeModel& model) {
 }
 
 /// Scale of the residuals on the edge, where a model that is off shows.
-NoiseLevel noiseOfResiduals(const std::vector<EdgePixel>& pixels, const EdgeModel& model,
-                            std::vector<double>& residuals) {
-  residuals.clear();
-  for (const EdgePixel& pixel : pixels) {
-    const EdgeGrey at = edgeGrey(model, pixel.x, pixel.y);
-    if (std::abs(at.outside) < kOnEdge * model.blur) residuals.push_back(std::abs(pixel.grey - at.grey));
+NoiseLevel noiseOfResiduals(const EdgeModel& model, EdgeFitting& work) {
+  work.sorted.clear();
+  const auto on_edge = static_cast<float>(kOnEdge * model.blur);
+  for (Eigen::Index i = 0; i < work.table.size(); ++i) {
+    if (std::abs(work.table.distance()(i)) < on_edge) work.sorted.push_back(std::abs(work.residuals(i)));
   }
   NoiseLevel noise;
-  if (residuals.empty()) return noise;
-  const auto middle = residuals.begin() + static_cast<std::ptrdiff_t>(residuals.size() / 2);
-  std::nth_element(residuals.begin(), middle, residuals.end());
-  const double least = 1e-3 * std::abs(model.paper - model.ink);
-  noise.base = std::pow(std::max(kMedianToSigma * *middle, least), 2);
+  if (work.sorted.empty()) return noise;
+  const auto middle = work.sorted.begin() + static_cast<std::ptrdiff_t>(work.sorted.size() / 2);
+  std::nth_element(work.sorted.begin(), middle, work.sorted.end());
+  const double least = kLeastScale * std::abs(model.paper - model.ink);
+  noise.base = std::pow(std::max(kMedianToSigma * static_cast<double>(*middle), least), 2);
   return noise;
 }
 
-Sums sumsOf(const std::vector<EdgePixel>& pixels, const EdgeModel& model, const NoiseLevel& noise) {
-  Sums sums(static_cast<Eigen::Index>(model.unknowns()));
-  for (const EdgePixel& pixel : pixels) {
-    const EdgeGrey at = edgeGrey(model, pixel.x, pixel.y);
-    const double residual = pixel.grey - at.grey;
-    const double weight = 1.0 / noise.variance(at.grey);
-    sums.add(at, residual, weight * biweight(residual * residual * weight));
+/// Evaluates the model: residuals and their weights. The noise that they were weighted with.
+NoiseLevel weigh(const EdgeModel& model, EdgeFitting& work) {
+  EdgeTable& table = work.table;
+  table.evaluate(model);
+  const Eigen::Index n = table.size();
+  if (work.residuals.size() < n) {
+    work.residuals.resize(2 * n);
+    work.weights.resize(2 * n);
+    work.weighted.resize(2 * n, Eigen::NoChange);
   }
-  return sums;
+  work.residuals.head(n) = table.grey() - table.modelGrey();
+  const NoiseLevel noise = work.noise ? *work.noise : noiseOfResiduals(model, work);
+  const auto base = static_cast<float>(noise.base), slope = static_cast<float>(noise.slope);
+  const auto least = static_cast<float>(noise.least);
+  const auto r = work.residuals.head(n);
+  auto w = work.weights.head(n);
+  w = (base + slope * table.modelGrey()).max(least).inverse();
+  w *= (1.0F - r.square() * w / (kTukey * kTukey)).max(0.0F).square();
+  return noise;
+}
+
+struct NormalEquations {
+  Normal normal;
+  Vector right;
+};
+
+NormalEquations normalEquations(Eigen::Index unknowns, EdgeFitting& work) {
+  const Eigen::Index n = work.table.size();
+  auto weighted = work.weighted.topLeftCorner(n, unknowns);
+  const auto slopes = work.table.slopes(unknowns);
+  weighted = slopes.array().colwise() * work.weights.head(n);
+  const Eigen::Matrix<float, Eigen::Dynamic, Eigen::Dynamic, 0, kMost, kMost> normal = weighted.transpose() * slopes;
+  const Eigen::Matrix<float, Eigen::Dynamic, 1, 0, kMost, 1> right =
+      weighted.transpose() * work.residuals.head(n).matrix();
+  return {normal.cast<double>(), right.cast<double>()};
 }
 
 /// Adds a step to the model; the length of the centre's, or nothing when the model is none any more.
@@ -101,61 +106,62 @@ std::optional<double> stepped(EdgeModel& model, const Vector& step) {
   model.outline.yy += share * step(4);
   model.paper += share * step(5);
   model.ink += share * step(6);
-  model.blur = std::clamp(model.blur + share * step(7), std::max(kSharpest, 0.5 * model.blur), 2.0 * model.blur);
+  const double blur = std::clamp(model.blur + share * step(7), 0.5 * model.blur, 2.0 * model.blur);
+  model.blur = std::clamp(blur, kSharpest, kSoftest);
   for (std::size_t k = 1; k < model.edges; ++k) model.ratio[k] += share * step(static_cast<Eigen::Index>(7 + k));
   if (!model.outline.isEllipse() || !std::isfinite(length)) return std::nullopt;
   return length;
 }
 
-void measureResiduals(const std::vector<EdgePixel>& pixels, const NoiseLevel& noise, EdgeFit& fit) {
-  const double flat = 2.5 * fit.model.blur;
-  const double on_edge = kOnEdge * fit.model.blur;
-  const double allowed = std::pow(kModelError * (fit.model.paper - fit.model.ink), 2);
-  for (const EdgePixel& pixel : pixels) {
-    const EdgeGrey at = edgeGrey(fit.model, pixel.x, pixel.y);
-    const double squared = std::pow(pixel.grey - at.grey, 2);
-    const double variance = noise.variance(at.grey);
+/// After a fit: the residuals by zone. The table is that of the last evaluation, a step of some thousandths ago.
+void measureResiduals(const NoiseLevel& noise, const EdgeFitting& work, EdgeFit& fit) {
+  const auto flat = static_cast<float>(kFlat * fit.model.blur), on_edge = static_cast<float>(kOnEdge * fit.model.blur);
+  const auto allowed = static_cast<float>(std::pow(kModelError * (fit.model.paper - fit.model.ink), 2));
+  const auto paper = static_cast<float>(fit.model.paper), ink = static_cast<float>(fit.model.ink);
+  for (Eigen::Index i = 0; i < work.table.size(); ++i) {
+    const float squared = work.residuals(i) * work.residuals(i);
+    const float grey = work.table.modelGrey()(i), distance = std::abs(work.table.distance()(i));
+    const auto variance = static_cast<float>(noise.variance(grey));
     const bool far = squared > kOutlier * kOutlier * (variance + allowed);
-    if (std::abs(at.outside) < on_edge) {
+    if (distance < on_edge) {
       ++fit.on_edge;
       fit.outliers += far;
-      if (far) continue;
-      fit.edge.squares += squared / variance;
-      ++fit.edge.count;
-    } else if (!far && std::abs(at.outside) > flat) {
-      const bool on_paper = std::abs(at.grey - fit.model.paper) < std::abs(at.grey - fit.model.ink);
-      ZoneResidual& zone = on_paper ? fit.paper : fit.ink;
-      zone.squares += squared;
-      ++zone.count;
+      if (!far) fit.edge.add(squared / variance);
+    } else if (!far && distance > flat) {
+      (std::abs(grey - paper) < std::abs(grey - ink) ? fit.paper : fit.ink).add(squared);
     }
   }
 }
 
 }  // namespace
 
-std::optional<EdgeFit> fitEdge(const std::vector<EdgePixel>& pixels, const EdgeModel& start,
-                               const std::optional<NoiseLevel>& noise, std::vector<double>& residuals) {
+std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work) {
   EdgeFit fit;
   fit.model = start;
-  if (pixels.size() < 2 * start.unknowns()) return std::nullopt;
-  if (start.paper == start.ink && !guessGreys(pixels, fit.model)) return std::nullopt;
-  NoiseLevel level;
+  const auto unknowns = static_cast<Eigen::Index>(start.unknowns());
+  if (work.table.size() < 2 * unknowns) return std::nullopt;
+  if (start.paper == start.ink && !guessGreys(fit.model, work.table)) return std::nullopt;
+  bool sampled = false;
   for (int step = 0; step < kSteps; ++step) {
-    level = noise ? *noise : noiseOfResiduals(pixels, fit.model, residuals);
-    const Sums sums = sumsOf(pixels, fit.model, level);
-    const Eigen::LDLT<Normal, Eigen::Lower> solver(sums.normal);
+    const NoiseLevel noise = weigh(fit.model, work);
+    const NormalEquations equations = normalEquations(unknowns, work);
+    const Eigen::LDLT<Normal, Eigen::Lower> solver(equations.normal);
     if (solver.info() != Eigen::Success || !solver.isPositive()) return std::nullopt;
-    const std::optional<double> length = stepped(fit.model, solver.solve(sums.right));
+    const std::optional<double> length = stepped(fit.model, solver.solve(equations.right));
     if (!length) return std::nullopt;
+    if (work.blur == BlurOrigin::kFilter && !sampled && *length < kNearby) {
+      work.table.evaluate(fit.model);
+      takeOffSampling(fit.model, work.table, work.sampling);
+      sampled = true;
+      continue;
+    }
     if (*length > kSettled && step + 1 < kSteps) continue;
-    const Eigen::Index n = sums.right.size();
-    const Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2> unit =
-        Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2>::Identity(n, 2);
-    const auto inverse = solver.solve(unit).eval();
+    using Unit = Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2>;
+    const Unit inverse = solver.solve(Unit::Identity(unknowns, 2));
     fit.covariance = {inverse(0, 0), inverse(0, 1), inverse(1, 0), inverse(1, 1)};
+    measureResiduals(noise, work, fit);
     break;
   }
-  measureResiduals(pixels, level, fit);
   return fit;
 }
 

@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "refine/edge/EdgeModel.h"
-#include "refine/edge/EdgePixels.h"
+#include "refine/edge/EdgeTable.h"
 #include "refine/edge/NoiseLevel.h"
+#include "refine/edge/SampledBlur.h"
 
 namespace refine {
 
@@ -13,6 +14,11 @@ namespace refine {
 struct ZoneResidual {
   double squares = 0.0;
   int count = 0;
+
+  void add(double squared) {
+    squares += squared;
+    ++count;
+  }
 };
 
 /// The model that comes nearest to a mark's pixels.
@@ -25,13 +31,21 @@ struct EdgeFit {
   int on_edge = 0;          ///< All pixels on them that were used.
 };
 
-/// Fits a model to pixels by the method of Gauss and Newton, every pixel weighted by the inverse of its variance and by
-/// Tukey's biweight (Beaton and Tukey 1974), so that what lies over the mark does not pull. With Gaussian noise this is
-/// the maximum of the likelihood, and the covariance, the inverse of the normal matrix, is the Cramer-Rao bound.
-///
-/// Without a noise level the scale is that of the median residual on the edge (Huber 1981). `residuals` is memory to
-/// work in. None where the pixels do not determine the model.
-std::optional<EdgeFit> fitEdge(const std::vector<EdgePixel>& pixels, const EdgeModel& start,
-                               const std::optional<NoiseLevel>& noise, std::vector<double>& residuals);
+/// What a fit starts from and works in.
+struct EdgeFitting {
+  std::optional<NoiseLevel> noise;  ///< None: the scale is that of the median residual on the edge (Huber 1981).
+  BlurOrigin blur = BlurOrigin::kLens;
+  EdgeTable table;  ///< The pixels.
+  Eigen::ArrayXf residuals, weights;
+  EdgeTable::Slopes weighted;
+  std::vector<float> sorted;
+  SampledBlurMemory sampling;
+};
+
+/// Fits a model to the table's pixels by the method of Gauss and Newton, every pixel weighted by the inverse of its
+/// variance and by Tukey's biweight (Beaton and Tukey 1974), so that what lies over the mark does not pull. With
+/// Gaussian noise this is the maximum of the likelihood, and the covariance, the inverse of the normal matrix, is the
+/// Cramer-Rao bound. None where the pixels do not determine the model.
+std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work);
 
 }  // namespace refine

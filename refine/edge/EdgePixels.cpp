@@ -7,7 +7,7 @@ namespace refine {
 namespace {
 
 /// Beyond the edge's reach, so that there is flat paper and ink to compare with.
-constexpr double kFlat = 1.0;
+constexpr double kFlat = 0.6;
 /// A neighbour's edge changes the grey by less than a thousandth beyond this, in standard deviations.
 constexpr double kClear = 3.0;
 
@@ -34,14 +34,14 @@ double nearestEdge(const EdgeModel& model, const EdgePlace& place) {
 
 }  // namespace
 
-void collectEdgePixels(const GreyPicture& picture, const EdgeModel& model, const std::vector<Neighbour>& neighbours,
-                       EdgePixels& result) {
-  result.pixels.clear();
-  result.on_edge = result.neighboured = result.clipped = 0;
+EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,
+                             const std::vector<Neighbour>& neighbours, EdgeTable& table) {
+  EdgeCounts counts;
   const double reach = kEdgeReach * model.blur + kFlat;
   const double on_edge = kOnEdge * model.blur;
   const cv::Point2d half = model.outline.halfBox() + cv::Point2d(reach, reach);
   const cv::Point2d centre = model.outline.centre;
+  table.clear({static_cast<int>(centre.x), static_cast<int>(centre.y)});
   const int last_row = static_cast<int>(std::floor(centre.y + half.y));
   const int last_column = static_cast<int>(std::floor(centre.x + half.x));
   for (int row = static_cast<int>(std::ceil(centre.y - half.y)); row <= last_row; ++row) {
@@ -49,20 +49,18 @@ void collectEdgePixels(const GreyPicture& picture, const EdgeModel& model, const
       const double t = nearestEdge(model, edgePlace(model.outline, column, row));
       if (std::abs(t) > reach) continue;
       const bool right_on = std::abs(t) < on_edge;
-      result.on_edge += right_on;
+      counts.on_edge += right_on;
       const bool inside = row >= 0 && column >= 0 && row < picture.grey.rows && column < picture.grey.cols;
-      if (!inside || picture.clipped.at<std::uint8_t>(row, column) != 0) {
-        result.clipped += right_on;
-        if (!inside) continue;
-      }
+      counts.clipped += right_on && (!inside || picture.clipped.at<std::uint8_t>(row, column) != 0);
+      if (!inside) continue;
       if (blursInto(neighbours, column, row)) {
-        result.neighboured += right_on;
-        continue;
+        counts.neighboured += right_on;
+      } else {
+        table.add(column, row, picture.grey.at<float>(row, column));
       }
-      result.pixels.push_back(
-          {static_cast<float>(column), static_cast<float>(row), picture.grey.at<float>(row, column)});
     }
   }
+  return counts;
 }
 
 }  // namespace refine

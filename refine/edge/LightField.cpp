@@ -16,6 +16,10 @@ Terms termsAt(const cv::Point2d& p) { return {1.0, p.x, p.y, p.x * p.x, p.x * p.
 }  // namespace
 
 LightField::LightField(const std::vector<PaperGrey>& places) {
+  if (places.empty()) return;
+  double sum = 0.0;
+  for (const PaperGrey& place : places) sum += place.grey;
+  if (sum > 0.0) terms_[0] = std::log(sum / static_cast<double>(places.size()));
   if (places.size() < kFewest) return;
   cv::Point2d low = places.front().pixel, high = low;
   for (const PaperGrey& place : places) {
@@ -51,6 +55,10 @@ bool LightField::fit(const std::vector<PaperGrey>& places, double limit) {
   const cv::Matx66d inverse = normal.inv(cv::DECOMP_CHOLESKY, &solved);
   if (solved) terms_ = inverse * right;
   return solved;
+}
+
+double LightField::greyAt(const cv::Point2d& pixel) const {
+  return std::exp(terms_.dot(termsAt((pixel - middle_) / unit_)));
 }
 
 cv::Point2d LightField::slopeAt(const cv::Point2d& pixel) const {

@@ -23,6 +23,8 @@ class LightField {
   explicit LightField(const std::vector<PaperGrey>& places);
   static constexpr std::size_t kFewest = 12;
 
+  /// Grey of the paper; 1 in even light.
+  double greyAt(const cv::Point2d& pixel) const;
   /// Change by pixel along x and y, as a share of the light.
   cv::Point2d slopeAt(const cv::Point2d& pixel) const;
 

@@ -9,7 +9,7 @@ namespace refine {
 namespace {
 
 constexpr int kRounds = 4;
-constexpr double kResting = 0.02;  ///< Pixels; what follows refines further.
+constexpr double kResting = 0.06;  ///< Pixels; what follows refines further.
 constexpr double kAcross = 0.7;    ///< Cosine between gradient and normal.
 constexpr double kSharpest = 0.35, kSoftest = 6.0;
 
@@ -86,7 +86,7 @@ std::optional<GradientOutline> outlineOfGradients(const GreyPicture& picture, co
     result = {*next, std::clamp(std::sqrt(std::max(variance, 0.0)), kSharpest, kSoftest)};
     const double grown = std::abs(next->radius() - expected.radius());
     if (!(grown < 0.4 * expected.radius() + 1.0)) return std::nullopt;
-    if (round > 0 && std::abs(moved.x) + std::abs(moved.y) < kResting) break;
+    if (std::abs(moved.x) + std::abs(moved.y) < kResting) break;
   }
   return result;
 }

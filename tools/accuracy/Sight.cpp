@@ -2,15 +2,18 @@
 
 #include <algorithm>
 #include <iostream>
+#include <opencv2/imgproc.hpp>
 #include <sstream>
 
 #include "Tallowfen/src/RingTarget.h"
 #include "tools/accuracy/CramerRao.h"
 #include "tools/scene/BoardMarks.h"
 #include "tools/scene/ImagedEllipse.h"
+#include "tools/scene/Irradiance.h"
 #include "tools/scene/Lens.h"
 #include "tools/scene/Random.h"
 #include "tools/scene/Render.h"
+#include "tools/scene/Sensor.h"
 #include "tools/scene/TargetText.h"
 
 namespace accuracy {
@@ -62,7 +65,28 @@ Sight sightOf(const scene::Scene& scene, std::size_t pose, bool right) {
   sight.camera_from_board = scene.left_from_board.at(pose);
   if (right) sight.camera_from_board = scene::rightFromBoard(scene.rig, sight.camera_from_board);
   const std::uint64_t seed = scene.seed * 1000 + 2 * pose + (right ? 1 : 0);
-  sight.picture = scene::renderImage(sight.camera, scene.board, sight.camera_from_board, scene.optics, seed);
+  if (std::getenv("KK")) {
+    const int k = std::atoi(std::getenv("KK"));
+    scene::Camera fine = sight.camera;
+    fine.width *= k;
+    fine.height *= k;
+    fine.fx *= k;
+    fine.fy *= k;
+    fine.cx = (fine.cx + 0.5) * k - 0.5;
+    fine.cy = (fine.cy + 0.5) * k - 0.5;
+    const cv::Mat sharp = scene::renderIrradiance(fine, scene.board, sight.camera_from_board, scene.optics);
+    const cv::Mat soft = scene::blurred(sharp, scene.optics.blur_sigma * k);
+    cv::Mat binned(sight.camera.height, sight.camera.width, CV_32F);
+    for (int y = 0; y < binned.rows; ++y)
+      for (int x = 0; x < binned.cols; ++x) {
+        float sum = 0;
+        for (int j = 0; j < k; ++j)
+          for (int i = 0; i < k; ++i) sum += soft.at<float>(y * k + j, x * k + i);
+        binned.at<float>(y, x) = sum / static_cast<float>(k * k);
+      }
+    sight.picture = scene::digitised(scene::illuminated(binned, scene.optics), scene.optics, seed);
+  } else
+    sight.picture = scene::renderImage(sight.camera, scene.board, sight.camera_from_board, scene.optics, seed);
   for (const scene::Mark& mark : scene::marksOf(scene.board)) sight.dots.push_back(trueDot(sight, mark));
   return sight;
 }
@@ -91,7 +115,10 @@ std::vector<DotPlace> detectedPlaces(const Sight& sight) {
   kestrune::RingTarget target;
   kestrune::RingTarget::Points points, unidentified;
   if (!target.loadConfig(scene::targetIni(sight.scene))) return {};
-  if (!target.detect(sight.picture, points, unidentified, cv::Mat())) return {};
+  cv::Mat grey = sight.picture;
+  if (grey.channels() == 3) cv::cvtColor(grey, grey, cv::COLOR_BGR2GRAY);
+  if (grey.depth() != CV_8U) grey.convertTo(grey, CV_8U, 255.0 / (std::ldexp(1.0, sight.scene.optics.bits) - 1.0));
+  if (!target.detect(grey, points, unidentified, cv::Mat())) return {};
   std::vector<DotPlace> places;
   const int count = sight.scene.board.rows * sight.scene.board.cols;
   for (const auto& point : points) {

@@ -1,0 +1,124 @@
+#include "refine/edge/EdgeTable.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+using refine::EdgeModel;
+using refine::EdgeTable;
+
+EdgeModel ringModel() {
+  EdgeModel model;
+  model.outline = {{30.3, 20.6}, 40.0, 3.0, 30.0};
+  model.paper = 200.0;
+  model.ink = 30.0;
+  model.blur = 0.8;
+  model.edges = 2;
+  model.ratio = {1.0, 0.5};
+  model.offset[1] = {0.05, -0.02};
+  model.light = {0.002, -0.001};
+  model.light_origin = {30.0, 20.0};
+  return model;
+}
+
+EdgeTable tableOf(const EdgeModel& model) {
+  EdgeTable table;
+  table.clear({30, 20});
+  for (int row = 10; row <= 31; row += 3) {
+    for (int column = 21; column <= 40; column += 2) table.add(column, row, 100.0F);
+  }
+  table.evaluate(model);
+  return table;
+}
+
+/// The model in double precision, as its text tells it.
+double greyOf(const EdgeModel& model, double x, double y) {
+  const refine::EdgePlace place = refine::edgePlace(model.outline, x, y);
+  double covered = 0.0;
+  for (std::size_t k = 0; k < model.edges; ++k) {
+    const double t =
+        place.along - place.nx * model.offset[k].x - place.ny * model.offset[k].y - model.ratio[k] * place.reach;
+    covered += (k % 2 == 0 ? 0.5 : -0.5) * std::erfc(t / model.blur / std::numbers::sqrt2);
+  }
+  const double light = 1.0 + model.light.x * (x - model.light_origin.x) + model.light.y * (y - model.light_origin.y);
+  return light * (model.paper + (model.ink - model.paper) * covered);
+}
+
+TEST(EdgeTableGrey, IsThatOfTheBlurredMark) {
+  const EdgeModel model = ringModel();
+  const EdgeTable table = tableOf(model);
+  ASSERT_EQ(table.size(), 80);
+  for (Eigen::Index i = 0; i < table.size(); ++i) {
+    const cv::Point pixel = table.pixel(i);
+    EXPECT_NEAR(table.modelGrey()(i), greyOf(model, pixel.x, pixel.y), 2e-3) << pixel;
+  }
+}
+
+/// The unknowns by number, moved by a step.
+EdgeModel moved(EdgeModel model, Eigen::Index unknown, double step) {
+  double* const places[] = {&model.outline.centre.x,
+                            &model.outline.centre.y,
+                            &model.outline.xx,
+                            &model.outline.xy,
+                            &model.outline.yy,
+                            &model.paper,
+                            &model.ink,
+                            &model.blur,
+                            &model.ratio[1]};
+  *places[unknown] += step;
+  return model;
+}
+
+TEST(EdgeTableSlopes, AreTheDifferencesOfTheGrey) {
+  const EdgeModel model = ringModel();
+  const EdgeTable table = tableOf(model);
+  constexpr double kStep = 1e-4;
+  for (Eigen::Index unknown = 0; unknown < 9; ++unknown) {
+    for (Eigen::Index i = 0; i < table.size(); ++i) {
+      const cv::Point pixel = table.pixel(i);
+      const double more = greyOf(moved(model, unknown, kStep), pixel.x, pixel.y);
+      const double less = greyOf(moved(model, unknown, -kStep), pixel.x, pixel.y);
+      const double slope = (more - less) / (2.0 * kStep);
+      // A turn of the normal with the outline is of second order near the edge and left out.
+      EXPECT_NEAR(table.slopes(9)(i, unknown), slope, 0.08 * std::abs(slope) + 0.5) << unknown << " " << pixel;
+    }
+  }
+}
+
+TEST(EdgeTableDistance, IsThatFromTheNearestEdge) {
+  EdgeModel model;
+  model.outline = {{0.0, 0.0}, 100.0, 0.0, 100.0};
+  model.edges = 2;
+  model.ratio = {1.0, 0.5};
+  EdgeTable table;
+  table.clear({0, 0});
+  table.add(12, 0, 0.0F);
+  table.add(0, 6, 0.0F);
+  table.add(-3, 0, 0.0F);
+  table.evaluate(model);
+  EXPECT_NEAR(table.distance()(0), 2.0, 1e-5);
+  EXPECT_NEAR(table.distance()(1), 1.0, 1e-5);
+  EXPECT_NEAR(table.distance()(2), -2.0, 1e-5);
+}
+
+TEST(EdgeTablePixels, AreCorrectedFromWhatWasSeen) {
+  EdgeTable table;
+  table.clear({5, 5});
+  table.add(7, 4, 100.0F);
+  table.correct(0, 3.0F);
+  table.correct(0, 2.0F);
+  EXPECT_EQ(table.grey()(0), 98.0F);
+  EXPECT_EQ(table.pixel(0), cv::Point(7, 4));
+}
+
+TEST(EdgeTablePixels, StayWhenTheMemoryGrows) {
+  EdgeTable table;
+  table.clear({0, 0});
+  for (int k = 0; k < 5000; ++k) table.add(k % 100, k / 100, static_cast<float>(k));
+  for (Eigen::Index i = 0; i < 5000; ++i) ASSERT_EQ(table.grey()(i), static_cast<float>(i));
+}
+
+}  // namespace
