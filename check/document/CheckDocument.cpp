@@ -192,6 +192,32 @@ void writeLimits(JsonText& json, const std::vector<LimitResult>& limits) {
   json.end();
 }
 
+void writeCause(JsonText& json, const Cause& cause) {
+  json.object().member("name", cause.name).member("value", cause.value).member("sd", cause.sd);
+  json.member("unit", cause.unit).member("share", cause.share).member("text", cause.text);
+  if (cause.group > 0) json.member("group", cause.group);
+  json.end();
+}
+
+void writeDiagnosis(JsonText& json, const Check& check) {
+  json.key("diagnosis");
+  if (!check.diagnosis) {
+    json.null();
+    return;
+  }
+  const Diagnosis& diagnosis = *check.diagnosis;
+  json.object().key("causes").array();
+  for (const Cause& cause : diagnosis.causes) writeCause(json, cause);
+  json.end().member("text", diagnosis.text).member("rows_before", diagnosis.rows_before);
+  json.member("rows_after", diagnosis.rows_after).member("pattern_left", diagnosis.pattern_left);
+  if (check.correction) {
+    json.key("correction").object().member("path", check.correction->path);
+    json.member("rows_predicted", check.correction->rows_predicted);
+    json.member("rows_seen", check.correction->rows_seen).end();
+  }
+  json.end();
+}
+
 void writeWarnings(JsonText& json, const std::vector<Warning>& warnings) {
   json.key("warnings").array();
   for (const Warning& warning : warnings) {
@@ -216,6 +242,7 @@ void writeRest(JsonText& json, const Check& check) {
   writeSummary(json, check);
   writeLimits(json, check.limits);
   json.member("verdict", nameOf(check.verdict));
+  writeDiagnosis(json, check);
   writeWarnings(json, check.warnings);
 }
 

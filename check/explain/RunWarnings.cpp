@@ -40,6 +40,11 @@ constexpr auto kEntries = std::to_array<Entry>({
      "Put the name between bars, which take the size of a value, or add a limit from the other side."},
     {"pairs_given_up", "pairs_given_up", "Some pairs were given up, and no limit judges how many.",
      "Read the reason of each; with --limit 'given_up<=0' such a check fails."},
+    {"nothing_to_correct", "nothing_to_correct", "No corrected calibration was written, as no cause was found.",
+     "Keep the calibration; the diagnosis says what else the row differences come from."},
+    {"correction_no_better", "correction_no_better",
+     "The set checked again with the corrected calibration has no smaller row differences.",
+     "Do not use that file. Take more pairs, at two distances and with the board tilted, or calibrate anew."},
 
     {"refining_failed", "refining_failed", "A finished pair has no refined figures.",
      "Look at its figures from detected centres; the text says what the refined ones lack."},

@@ -12,20 +12,24 @@
 #include <utility>
 
 #include "PolarLinePrecision/Status.h"
+#include "check/explain/WarningOf.h"
 #include "check/figures/PairReading.h"
 #include "check/figures/Summary.h"
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
 #include "check/judge/SignedLimits.h"
 #include "check/refined/PairRefiner.h"
+#include "check/run/Correcting.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
+#include "check/run/SeenPairs.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/PictureFault.h"
 #include "check/set/PictureSource.h"
+#include "diagnose/causes/Causes.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
@@ -51,6 +55,17 @@ void dropPoints(PairCheck& pair) {
   if (pair.refined) pair.refined->points = {};
 }
 
+/// The cameras that took such pairs are not known, so that nothing can be said of them.
+Diagnosis ofRectified(double rows) {
+  Diagnosis diagnosis;
+  diagnosis.text = fmt::format(
+      "The rows differ by {:.3g} px in the mean. No causes are told: the pairs were rectified elsewhere, and the "
+      "calibration by which that was done is not known.",
+      rows);
+  diagnosis.rows_before = diagnosis.rows_after = rows;
+  return diagnosis;
+}
+
 /// One check from its inputs to its verdict.
 class SetCheck final : public RunObserver {
  public:
@@ -70,6 +85,7 @@ class SetCheck final : public RunObserver {
   void explainException(const std::exception& error);
   void lookAtPictures(std::size_t index);
   void addPictures();
+  void diagnose();
   void conclude();
   void goOn() const {
     if (options_.go_on && !options_.go_on()) throw Interruption{};
@@ -88,6 +104,8 @@ class SetCheck final : public RunObserver {
   PictureWarnings picture_warnings_;
   PairReading reading_;
   std::unique_ptr<PairRefiner> refiner_;
+  SeenPairs seen_;
+  MeanRow rows_;
   bool picture_failed_ = false;
 };
 
@@ -108,6 +126,7 @@ void SetCheck::readInputs() {
   if (set_.rectified.empty()) {
     calib_ = readCalibration(set_.calibration, check_.warnings);
     check_.cameras = camerasOf(config_.type, calib_);
+    requireCorrectable(options_.write_corrected, config_.type);
   } else {
     rectified_ = readRectified(set_.rectified);
     rectified_.boardPoints.assign(board_.begin(), board_.end());
@@ -167,6 +186,8 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
   pair.right = listed.right;
   if (refiner_) refiner_->addTo(pair);
   mark(limits_, pair);
+  if (finished && options_.diagnose) seen_.add(pair.index, evaluator);
+  rows_.add(pair);
   check_.pairs.push_back(std::move(pair));
   if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
   if (!options_.keep_points) dropPoints(check_.pairs.back());
@@ -254,6 +275,24 @@ void SetCheck::addPictures() {
   check_.warnings.insert(check_.warnings.end(), refiner_->warnings().begin(), refiner_->warnings().end());
 }
 
+void SetCheck::diagnose() {
+  if (!options_.diagnose || check_.status.exit_code != kDone || config_.frame_work != 0) return;
+  if (!set_.rectified.empty()) {
+    check_.diagnosis = ofRectified(rows_.mean());
+    return;
+  }
+  seen_.begin(config_, calib_, pictures_->size());
+  check_.diagnosis = diagnoseCauses(seen_.set());
+  if (options_.write_corrected.empty()) return;
+  if (check_.diagnosis->corrected) {
+    check_.correction = correct(set_, options_, rows_.mean(), check_);
+    goOn();
+  } else {
+    check_.warnings.push_back(
+        warningOf("nothing_to_correct", options_.write_corrected + " was not written: " + check_.diagnosis->text));
+  }
+}
+
 void SetCheck::conclude() {
   check_.summary = summaryOf(check_.pairs);
   if (options_.refine) check_.refined_summary = refinedSummaryOf(check_.pairs);
@@ -279,6 +318,7 @@ Check SetCheck::run() {
     goOn();
     if (options_.on_start) options_.on_start(check_);
     runWith(out);
+    diagnose();
   } catch (const Interruption&) {
     check_.status = statusOf("35", "", kInterrupted);
   } catch (const InputError& error) {

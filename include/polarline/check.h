@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "polarline/api.h"
+#include "polarline/diagnose.h"
 #include "polarline/exit_code.h"
 #include "polarline/refine.h"
 #include "polarline/set.h"
@@ -162,6 +163,13 @@ struct Setting {
   std::string json;
 };
 
+/// A calibration with the causes of the row differences taken out, and what it is worth.
+struct Correction {
+  std::string path;             ///< Where it was written.
+  double rows_predicted = 0.0;  ///< Mean absolute row difference that the diagnosis expects of it, pixels.
+  double rows_seen = 0.0;       ///< The same of the set checked again with it; not a number: nothing was measured.
+};
+
 /// A check and all that came of it. Owns everything; nothing in it refers to the set.
 struct Check {
   std::string started;  ///< UTC, ISO 8601.
@@ -179,6 +187,8 @@ struct Check {
   std::optional<std::vector<FigureSummary>> refined_summary;  ///< Of the refined figures; only of a check that refines.
   std::vector<LimitResult> limits;
   Verdict verdict = Verdict::kError;
+  std::optional<Diagnosis> diagnosis;    ///< Of a run that has figures, but of a frame run none.
+  std::optional<Correction> correction;  ///< Where one was asked for and there are causes.
   std::vector<Warning> warnings;
 
   POLARLINE_API std::size_t finished() const;
@@ -192,7 +202,10 @@ struct CheckOptions {
   /// Refines the dots' centres of each finished pair and evaluates it once more from these: `PairCheck::refined`.
   bool refine = false;
   std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.
-  bool keep_points = true;  ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
+  std::string write_corrected;  ///< Where the calibration goes with the causes taken out (.json); empty: nowhere. The
+                                ///< set is then run once more, with that calibration.
+  bool diagnose = true;         ///< Look for the causes of the row differences.
+  bool keep_points = true;      ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;
   /// Called with each pair when the run is done with it, and the number of pairs of the run.

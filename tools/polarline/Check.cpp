@@ -130,7 +130,8 @@ std::vector<std::string> inputsOf(const polarline::Set& set) {
 }
 
 int runCheck(Arguments& arguments) {
-  requireSeparate({{"--json", arguments.result.json}}, inputsOf(arguments.set));
+  requireSeparate({{"--json", arguments.result.json}, {"--write-corrected", arguments.options.write_corrected}},
+                  inputsOf(arguments.set));
   takePairs(arguments);
   Speaker speaker(arguments.result);
   DocumentFile document(arguments.result.json);
@@ -182,6 +183,10 @@ Subcommand addCheck(CLI::App& polarline) {
   app->add_option("--set", arguments->options.settings, "A key of the polar configuration for this run; repeatable")
       ->type_name("KEY=VALUE")
       ->allow_extra_args(false);
+  app->add_option("--write-corrected", arguments->options.write_corrected,
+                  "The calibration with the causes of the row differences taken out (.json); the set is then run once "
+                  "more with it")
+      ->type_name("FILE");
   addResultOptions(*app, arguments->result);
   addExample(*app, "polarline check my_set --limit 'dy_means<=0.1' --json result.json");
   return {app, [arguments] { return runCheck(*arguments); }};

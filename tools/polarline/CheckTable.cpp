@@ -41,6 +41,12 @@ std::string sentence(const std::string& text) {
   return text.empty() || text.ends_with('.') || text.ends_with('?') ? text : text + ".";
 }
 
+std::string correctionText(const polarline::Correction& correction) {
+  return fmt::format(
+      "Corrected calibration: {}; the rows should then differ by {:.3g} px in the mean, and do by {:.3g} px.",
+      correction.path, correction.rows_predicted, correction.rows_seen);
+}
+
 }  // namespace
 
 std::string CheckTable::coloured(const std::string& text, const char* code) const {
@@ -130,6 +136,8 @@ std::string CheckTable::conclusion(const Check& check) const {
     if (check.finished() > 0) text += wrapped(worstPairText(check), width_, 2);
     if (const std::string refined = refinedPairText(check); !refined.empty()) text += wrapped(refined, width_, 2);
   }
+  if (check.diagnosis) text += wrapped("Diagnosis: " + check.diagnosis->text, width_, 2);
+  if (check.correction) text += wrapped(correctionText(*check.correction), width_, 2);
   for (const LimitResult& limit : check.limits) {
     const char* const broken = limit.value ? "EXCEEDED" : "NO VALUE";
     const std::string mark = limit.holds ? coloured("holds   ", kGreen) : coloured(broken, kRed);

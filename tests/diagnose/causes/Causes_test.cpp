@@ -3,10 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "SeenScene.h"
+#include "diagnose/causes/RowDifferences.h"
 
 namespace {
 
@@ -81,5 +88,292 @@ TEST(CausesAligned, AreNone) {
   EXPECT_EQ(diagnosis.rows_after, diagnosis.rows_before);
   EXPECT_FALSE(diagnosis.corrected);
 }
+
+TEST(CausesInPairs, AreBothNamed) {
+  const std::vector<std::pair<OneCause, OneCause>> pairs{{{"rotation_x", 0.1, ""}, {"rotation_z", -0.1, ""}},
+                                                         {{"row_offset", 1.5, ""}, {"rotation_x", 0.12, ""}},
+                                                         {{"focal_ratio", 0.002, ""}, {"baseline_z", 0.6, ""}},
+                                                         {{"baseline_y", 0.4, ""}, {"row_offset", -2.0, ""}},
+                                                         {{"k1", 0.008, ""}, {"rotation_y", 0.15, ""}}};
+  for (const auto& [one, other] : pairs) {
+    SeenScene seen(LensModel::kBrownEight);
+    for (const OneCause* cause : {&one, &other}) seen.misalignment.*fieldOf(cause->name) = cause->value;
+    seen.noise = OwnErrors(0.005, 9);
+    const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+    for (const OneCause* cause : {&one, &other}) {
+      const Cause* const named = causeNamed(diagnosis, cause->name);
+      ASSERT_NE(named, nullptr) << cause->name << ": " << diagnosis.text;
+      EXPECT_NEAR(named->value, cause->value, 3.0 * named->sd) << cause->name;
+    }
+    EXPECT_LT(diagnosis.rows_after, 0.0065);
+  }
+}
+
+/// A camera that looks down and one whose principal point is off see a distant board of few degrees alike.
+TEST(CausesNotToldApart, BearOneGroupWithWhatWouldTellThemApart) {
+  SeenScene seen(LensModel::kBrownFive);
+  seen.board.step = 12.0;
+  seen.misalignment.rotation_x = 0.1;
+  seen.noise = OwnErrors(0.02, 10);
+  const Diagnosis diagnosis = diagnoseCauses(seen.seen({{0.0, 0.0, 0.0, 0.45}}));
+  const Cause* const turn = causeNamed(diagnosis, "rotation_x");
+  const Cause* const offset = causeNamed(diagnosis, "row_offset");
+  ASSERT_NE(turn, nullptr) << diagnosis.text;
+  ASSERT_NE(offset, nullptr) << diagnosis.text;
+  EXPECT_GT(turn->group, 0);
+  EXPECT_EQ(turn->group, offset->group);
+  EXPECT_NEAR(turn->value, 0.1, 3.0 * turn->sd);
+  EXPECT_NEAR(offset->value, 0.0, 3.0 * offset->sd);
+  EXPECT_THAT(diagnosis.text, HasSubstr("do not tell"));
+  EXPECT_THAT(diagnosis.text, HasSubstr("at two distances"));
+}
+
+TEST(CausesWithOutliers, AreFoundAllTheSame) {
+  SeenScene seen(LensModel::kBrownEight);
+  seen.misalignment.rotation_z = 0.1;
+  seen.noise = OwnErrors(0.01, 13);
+  SeenSet set = seen.seen(twoDistances());
+  for (SeenPair& pair : set.pairs) {
+    for (std::size_t k = 0; k < pair.dots.size(); k += 20) pair.dots[k].right += cv::Point2d(1.5, k % 40 == 0 ? 3 : 5);
+  }
+  const Diagnosis diagnosis = diagnoseCauses(set);
+  ASSERT_EQ(diagnosis.causes.size(), 1U) << diagnosis.text;
+  EXPECT_EQ(diagnosis.causes[0].name, "rotation_z");
+  EXPECT_NEAR(diagnosis.causes[0].value, 0.1, 3.0 * diagnosis.causes[0].sd);
+  EXPECT_LT(diagnosis.causes[0].sd, 0.002);
+}
+
+/// The corrected calibration has the rows of the cameras that took the pictures.
+TEST(CausesCorrected, MakeTheRowsThoseOfTheTrueCameras) {
+  for (const LensModel model : {LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye}) {
+    SeenScene seen(model);
+    seen.misalignment = {0.2, -0.1, 0.15, -0.002, 3.0, 0.5, 0.5, 0.004};
+    seen.noise = OwnErrors(0.01, 14);
+    SeenSet set = seen.seen(twoDistances());
+    const Diagnosis diagnosis = diagnoseCauses(set);
+    ASSERT_TRUE(diagnosis.corrected);
+    const polarline::Calibration& corrected = *diagnosis.corrected;
+    EXPECT_EQ(corrected.type, static_cast<int>(model));
+    EXPECT_EQ(corrected.left.fx, set.calib.left.intrinsics[0]);
+    const polarline::Camera& right = corrected.right;
+    set.calib.right.intrinsics = {right.fx,   right.fy,   right.cx,   right.cy,   right.k[0], right.k[1],
+                                  right.k[2], right.k[3], right.k[4], right.k[5], right.p1,   right.p2};
+    set.calib.extrinsics = {corrected.rx, corrected.ry, corrected.rz, corrected.tx, corrected.ty, corrected.tz};
+    const Diagnosis again = diagnoseCauses(set);
+    EXPECT_NEAR(again.rows_before, diagnosis.rows_after, 2e-3 * diagnosis.rows_after);  // By its focal length.
+    EXPECT_THAT(again.causes, IsEmpty());
+  }
+}
+
+TEST(CausesOfAPolynomialLens, AreToldWithoutACalibrationThatCouldNotHoldThem) {
+  SeenScene seen(LensModel::kPoly);
+  seen.misalignment.rotation_x = 0.1;
+  const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+  EXPECT_FALSE(diagnosis.causes.empty());
+  EXPECT_FALSE(diagnosis.corrected);
+}
+
+/// A wave that no misalignment makes.
+TEST(CausesWithAPattern, SayThatItIsLeft) {
+  SeenScene seen(LensModel::kBrownEight);
+  SeenSet set = seen.seen(twoDistances());
+  for (SeenPair& pair : set.pairs) {
+    for (SeenDot& dot : pair.dots) dot.right.y += 0.05 * std::sin(dot.right.x / 130.0) * std::cos(dot.right.y / 130.0);
+  }
+  const Diagnosis diagnosis = diagnoseCauses(set);
+  EXPECT_TRUE(diagnosis.pattern_left);
+  EXPECT_THAT(diagnosis.text, HasSubstr("alike in neighbouring dots"));
+}
+
+// --- Nothing to go by
+
+void expectNoCause(const SeenSet& set, const char* reason) {
+  const Diagnosis diagnosis = diagnoseCauses(set);
+  EXPECT_THAT(diagnosis.causes, IsEmpty());
+  EXPECT_THAT(diagnosis.text, HasSubstr(reason));
+  EXPECT_TRUE(std::isnan(diagnosis.rows_before));
+  EXPECT_FALSE(diagnosis.corrected);
+}
+
+SeenSet someSet() {
+  SeenScene seen(LensModel::kBrownEight);
+  seen.misalignment.rotation_x = 0.1;
+  seen.noise = OwnErrors(0.01, 15);
+  return seen.seen(twoDistances());
+}
+
+TEST(CausesDegenerate, NoPairs) {
+  SeenSet set = someSet();
+  set.pairs.clear();
+  expectNoCause(set, "0 dots were seen in both pictures; 20 were wanted");
+}
+
+TEST(CausesDegenerate, OneDot) {
+  SeenSet set = someSet();
+  set.pairs.resize(1);
+  set.pairs[0].dots.resize(1);
+  expectNoCause(set, "1 dots were seen in both pictures; 20 were wanted");
+}
+
+TEST(CausesDegenerate, NoNumbers) {
+  SeenSet set = someSet();
+  for (SeenPair& pair : set.pairs) {
+    for (SeenDot& dot : pair.dots) dot.left.x = std::numeric_limits<double>::quiet_NaN();
+  }
+  expectNoCause(set, "0 dots");
+}
+
+TEST(CausesDegenerate, CamerasInOnePlace) {
+  SeenSet set = someSet();
+  set.calib.extrinsics[3] = set.calib.extrinsics[4] = set.calib.extrinsics[5] = 0.0;
+  expectNoCause(set, "side by side");
+}
+
+TEST(CausesDegenerate, OneCameraAboveTheOther) {
+  SeenSet set = someSet();
+  std::swap(set.calib.extrinsics[3], set.calib.extrinsics[4]);
+  expectNoCause(set, "side by side");
+}
+
+/// A line, or one place, bounds few causes: what is told is finite, and the rows after are no worse.
+void expectSomethingFinite(const SeenSet& set) {
+  const Diagnosis diagnosis = diagnoseCauses(set);
+  EXPECT_FALSE(diagnosis.text.empty());
+  EXPECT_LE(diagnosis.rows_after, diagnosis.rows_before);
+  for (const Cause& cause : diagnosis.causes) {
+    EXPECT_TRUE(std::isfinite(cause.value)) << cause.name;
+    EXPECT_TRUE(std::isfinite(cause.sd)) << cause.name;
+    EXPECT_TRUE(std::isfinite(cause.share)) << cause.name;
+    EXPECT_GT(cause.group, 0) << cause.name;
+  }
+  const Cause* const turn = causeNamed(diagnosis, "rotation_x");
+  if (turn != nullptr) {
+    EXPECT_NEAR(turn->value, 0.1, 3.0 * turn->sd);
+  }
+}
+
+TEST(CausesDegenerate, DotsOnALine) {
+  SeenSet set = someSet();
+  set.pairs.resize(2);
+  for (SeenPair& pair : set.pairs) std::erase_if(pair.dots, [](const SeenDot& dot) { return dot.id / 17 != 6; });
+  expectSomethingFinite(set);
+}
+
+TEST(CausesDegenerate, DotsInOnePlace) {
+  SeenSet set = someSet();
+  for (SeenPair& pair : set.pairs) {
+    for (SeenDot& dot : pair.dots) dot = set.pairs[0].dots[40];
+  }
+  expectSomethingFinite(set);
+}
+
+TEST(CausesOfExactDots, OfAnAlignedPairAreNone) {
+  const Diagnosis diagnosis = diagnoseCauses(SeenScene(LensModel::kBrownFive).seen(twoDistances()));
+  EXPECT_THAT(diagnosis.causes, IsEmpty()) << diagnosis.text;
+  EXPECT_LT(diagnosis.rows_before, 1e-6);
+}
+
+// --- Many sets
+
+/// Uniform from -1 to 1, the same on every system.
+class Dice {
+ public:
+  explicit Dice(unsigned seed) : engine_(seed) {}
+  double operator()() { return static_cast<double>(engine_()) / 2147483647.5 - 1.0; }
+
+ private:
+  std::mt19937 engine_;
+};
+
+/// Errors of detected centres: nine neighbours of the board's grid share most of theirs. Asked for the left picture and
+/// the right one in turn.
+class SharedErrors {
+ public:
+  SharedErrors(double sd, unsigned seed) : sd_(sd), own_(1.0, seed) {}
+  cv::Point2d operator()(int row, int column) {
+    is_left_ = !is_left_;
+    if (is_left_ && row == 0 && column == 0) shared_.clear();  // The next pair.
+    const cv::Point2d shared = shared_.try_emplace({row / 3, column / 3, is_left_ ? 0 : 1}, own_(0, 0)).first->second;
+    return sd_ * (0.8 * shared + 0.6 * own_(0, 0));
+  }
+
+ private:
+  double sd_;
+  OwnErrors own_;
+  bool is_left_ = false;
+  std::map<std::array<int, 3>, cv::Point2d> shared_;
+};
+
+/// One of many sets: every lens, one to six pairs, up to 0.2 degrees, 0.2 %, 3 pixels, 1 % of the baseline.
+SeenScene simulated(unsigned seed, bool is_aligned) {
+  constexpr std::array kModels{LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye, LensModel::kPoly};
+  constexpr std::array kMost{0.2, 0.2, 0.2, 0.002, 3.0, 0.6, 0.6, 0.005};
+  SeenScene seen(kModels.at(seed % kModels.size()));
+  Dice dice(seed);
+  std::array<double, kMost.size()> values{};
+  for (std::size_t k = 0; k < kMost.size(); ++k) {
+    if (const double value = dice() * kMost.at(k); dice() > 0.3) values.at(k) = value;
+  }
+  const auto& [rx, ry, rz, focal, row, by, bz, k1] = values;
+  if (!is_aligned) seen.misalignment = {rx, ry, rz, focal, row, by, bz, k1};
+  return seen;
+}
+
+std::vector<scene::PoseWish> posesOf(unsigned seed) {
+  Dice dice(seed + 1000);
+  std::vector<scene::PoseWish> wishes;
+  for (unsigned k = 0; k <= seed / 4 % 6; ++k)
+    wishes.push_back({25.0 * dice(), 25.0 * dice(), 20.0 * dice(), 0.75 + 0.2 * dice()});
+  return wishes;
+}
+
+struct Coverage {
+  int named = 0;
+  int beyond_three = 0;
+  int sets_with_a_false_one = 0;
+  int rows_too_large = 0;
+};
+
+double meanRow(const SeenSet& set) {
+  const std::vector<double> rows = RowDifferences(set).rows({});
+  double sum = 0.0;
+  for (const double row : rows) sum += std::abs(row);
+  return sum / static_cast<double>(rows.size());
+}
+
+Coverage coverageOf(unsigned sets, bool is_aligned) {
+  Coverage coverage;
+  for (unsigned seed = 0; seed < sets; ++seed) {
+    SeenScene seen = simulated(seed, is_aligned);
+    if (seed / 24 % 2 == 0) {
+      seen.noise = OwnErrors(0.005, seed);
+    } else {
+      seen.noise = SharedErrors(0.02, seed);
+    }
+    const SeenSet set = seen.seen(posesOf(seed));
+    const Diagnosis diagnosis = diagnoseCauses(set);
+    bool is_false = false;
+    for (const Cause& cause : diagnosis.causes) {
+      ++coverage.named;
+      const double off = std::abs(cause.value - seen.misalignment.*fieldOf(cause.name));
+      if (off > 3.0 * cause.sd) ++coverage.beyond_three;
+      is_false = is_false || (is_aligned && std::abs(cause.value) > 3.0 * cause.sd);
+    }
+    coverage.sets_with_a_false_one += is_false ? 1 : 0;
+    SeenSet aligned = set;
+    aligned.calib = SeenScene::calibOf(seen.cameras());
+    if (diagnosis.rows_after > 1.2 * meanRow(aligned)) ++coverage.rows_too_large;
+  }
+  return coverage;
+}
+
+TEST(CausesOfManySets, AreWithinThreeStandardErrors) {
+  const Coverage coverage = coverageOf(200, false);
+  EXPECT_GT(coverage.named, 400);
+  EXPECT_LE(coverage.beyond_three, 0.03 * coverage.named);
+  EXPECT_EQ(coverage.rows_too_large, 0);
+}
+
+TEST(CausesOfManySets, AreNotMadeUpForAlignedCameras) { EXPECT_LE(coverageOf(200, true).sets_with_a_false_one, 6); }
 
 }  // namespace

@@ -1,0 +1,76 @@
+#include "check/run/Correcting.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <limits>
+
+#include "camera/LensModel.h"
+#include "check/explain/WarningOf.h"
+#include "platform/Files.h"
+#include "platform/WholeFile.h"
+#include "polarline/calibration.h"
+#include "polarline/errors.h"
+
+namespace polarline {
+namespace {
+
+/// The run that only shows whether the rows have become better.
+double rowsWith(const Set& set, const CheckOptions& options, const std::string& calibration) {
+  Set corrected = set;
+  corrected.calibration = calibration;
+  corrected.limits.clear();
+  CheckOptions again;
+  again.settings = options.settings;
+  again.pairs = options.pairs;
+  again.go_on = options.go_on;
+  again.diagnose = false;
+  MeanRow rows;
+  again.on_pair = [&rows](const PairCheck& pair, std::size_t) { rows.add(pair); };
+  again.keep_points = false;
+  check(corrected, again);
+  return rows.mean();
+}
+
+}  // namespace
+
+void MeanRow::add(const PairCheck& pair) {
+  if (!pair.finished) return;
+  for (const float row : pair.points.dy) {
+    if (!std::isfinite(row)) continue;
+    sum_ += static_cast<double>(std::abs(row));
+    ++count_;
+  }
+}
+
+double MeanRow::mean() const {
+  return count_ == 0 ? std::numeric_limits<double>::quiet_NaN() : sum_ / static_cast<double>(count_);
+}
+
+void requireCorrectable(const std::string& path, int type) {
+  if (path.empty()) return;
+  if (lensModelOf(type) == LensModel::kPoly)
+    throw InputError(path, "a JSON calibration can't hold the tables of a polynomial lens (type 3)");
+  if (files::extensionOf(path) != "json") throw InputError(path, "a name that ends in .json was wanted");
+}
+
+Correction correct(const Set& set, const CheckOptions& options, double before, Check& check) {
+  Correction correction;
+  correction.path = options.write_corrected;
+  correction.rows_predicted = check.diagnosis->rows_after;
+  const std::string calibration = calibrationJson(*check.diagnosis->corrected);
+  const whole_file::PartialFolder trial(correction.path);
+  whole_file::write(trial.path() / "calib.json", calibration);
+  correction.rows_seen = rowsWith(set, options, (trial.path() / "calib.json").string());
+  if (options.go_on && !options.go_on()) return correction;
+  whole_file::write(correction.path, calibration);
+  if (!(correction.rows_seen < before)) {
+    check.warnings.push_back(warningOf("correction_no_better",
+                                       fmt::format("Checked again with {}, the rows differ by {:.3g} px in the mean; "
+                                                   "{:.3g} px without the correction.",
+                                                   correction.path, correction.rows_seen, before)));
+  }
+  return correction;
+}
+
+}  // namespace polarline
