@@ -54,6 +54,13 @@ Check fullCheck() {
   check.limits = {{"dy_means<=1", 0.1, 4, true, "dy_means is 0.1 in pair 4"},
                   {"dis_rms<=1", std::nullopt, -1, false, "pair 4 did not measure it"}};
   check.verdict = Verdict::kFail;
+  check.diagnosis = Diagnosis{};
+  check.diagnosis->causes = {{"rotation_x", 0.05, 0.002, "deg", 0.9, "looks down", 0},
+                             {"row_offset", 0.5, 3.0, "px", 0.1, "lower", 1}};
+  check.diagnosis->text = "all of it";
+  check.diagnosis->rows_before = 0.5;
+  check.diagnosis->rows_after = std::numeric_limits<double>::quiet_NaN();
+  check.correction = {"corrected.json", 0.02, 0.03};
   check.warnings = {{"unknown_key", "text", "advice", -1}, {"picture_size", "text", "advice", 4}};
   return check;
 }
@@ -69,6 +76,20 @@ TEST(CheckDocumentSchema, TakesAFullCheck) {
   EXPECT_EQ(document["settings"]["Cal_ID_DIS"], Json::parse("[[1, 2]]"));
   EXPECT_FALSE(document["warnings"][0].contains("pair"));
   EXPECT_EQ(document["warnings"][1]["pair"], 4);
+}
+
+TEST(CheckDocumentDiagnosis, HasCausesInTheirGroupsAndTheCorrection) {
+  const Json diagnosis = DocumentCheck::ofCheck().parsed(toJson(fullCheck()))["diagnosis"];
+  EXPECT_EQ(diagnosis["causes"][0]["value"], 0.05);
+  EXPECT_FALSE(diagnosis["causes"][0].contains("group"));
+  EXPECT_EQ(diagnosis["causes"][1]["group"], 1);
+  EXPECT_EQ(diagnosis["rows_before"], 0.5);
+  EXPECT_EQ(diagnosis["rows_after"], nullptr);
+  EXPECT_EQ(diagnosis["pattern_left"], false);
+  EXPECT_EQ(diagnosis["correction"]["rows_seen"], 0.03);
+  Check without = fullCheck();
+  without.diagnosis.reset();
+  EXPECT_EQ(DocumentCheck::ofCheck().parsed(toJson(without))["diagnosis"], nullptr);
 }
 
 TEST(CheckDocumentSchema, TakesACheckThatCameNowhere) {

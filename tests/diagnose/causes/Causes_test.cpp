@@ -306,9 +306,13 @@ class SharedErrors {
 
 /// One of many sets: every lens, one to six pairs, up to 0.2 degrees, 0.2 %, 3 pixels, 1 % of the baseline.
 SeenScene simulated(unsigned seed, bool is_aligned) {
-  constexpr std::array kModels{LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye, LensModel::kPoly};
+  constexpr std::array kModels{LensModel::kBrownFive, LensModel::kFisheye,   LensModel::kBrownEight,
+                               LensModel::kPoly,      LensModel::kBrownFive, LensModel::kFisheye};
   constexpr std::array kMost{0.2, 0.2, 0.2, 0.002, 3.0, 0.6, 0.6, 0.005};
   SeenScene seen(kModels.at(seed % kModels.size()));
+  seen.board.rows = 9;
+  seen.board.cols = 13;
+  seen.board.step = 45.0;
   Dice dice(seed);
   std::array<double, kMost.size()> values{};
   for (std::size_t k = 0; k < kMost.size(); ++k) {
@@ -322,7 +326,7 @@ SeenScene simulated(unsigned seed, bool is_aligned) {
 std::vector<scene::PoseWish> posesOf(unsigned seed) {
   Dice dice(seed + 1000);
   std::vector<scene::PoseWish> wishes;
-  for (unsigned k = 0; k <= seed / 4 % 6; ++k)
+  for (unsigned k = 0; k <= seed / 6 % 6; ++k)
     wishes.push_back({25.0 * dice(), 25.0 * dice(), 20.0 * dice(), 0.75 + 0.2 * dice()});
   return wishes;
 }
@@ -345,7 +349,7 @@ Coverage coverageOf(unsigned sets, bool is_aligned) {
   Coverage coverage;
   for (unsigned seed = 0; seed < sets; ++seed) {
     SeenScene seen = simulated(seed, is_aligned);
-    if (seed / 24 % 2 == 0) {
+    if (seed / 36 % 2 == 0) {
       seen.noise = OwnErrors(0.005, seed);
     } else {
       seen.noise = SharedErrors(0.02, seed);
@@ -368,12 +372,12 @@ Coverage coverageOf(unsigned sets, bool is_aligned) {
 }
 
 TEST(CausesOfManySets, AreWithinThreeStandardErrors) {
-  const Coverage coverage = coverageOf(200, false);
-  EXPECT_GT(coverage.named, 400);
+  const Coverage coverage = coverageOf(108, false);
+  EXPECT_GT(coverage.named, 200);
   EXPECT_LE(coverage.beyond_three, 0.03 * coverage.named);
   EXPECT_EQ(coverage.rows_too_large, 0);
 }
 
-TEST(CausesOfManySets, AreNotMadeUpForAlignedCameras) { EXPECT_LE(coverageOf(200, true).sets_with_a_false_one, 6); }
+TEST(CausesOfManySets, AreNotMadeUpForAlignedCameras) { EXPECT_LE(coverageOf(72, true).sets_with_a_false_one, 2); }
 
 }  // namespace

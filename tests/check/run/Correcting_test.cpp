@@ -1,0 +1,123 @@
+#include "check/run/Correcting.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "HandMadeCheck.h"
+#include "polarline/errors.h"
+#include "support/CopiedSet.h"
+#include "support/DocumentCheck.h"
+#include "tools/scene/Misalignment.h"
+
+namespace polarline {
+namespace {
+
+using ::testing::Contains;
+using ::testing::Field;
+using ::testing::HasSubstr;
+
+/// A small board before cameras of which the right one looks down by 0.3 degrees, 0.8 pixels at this size.
+const RenderedSet& misalignedSet() {
+  static const RenderedSet set([] {
+    scene::Scene scene = small_scene::withSecondPose(small_scene::dots());
+    scene::Misalignment misalignment;
+    misalignment.rotation_x = 0.3;
+    scene.rig = scene::misaligned(scene.given, misalignment);
+    return scene;
+  }());
+  return set;
+}
+
+TEST(CorrectingMeanRow, IsOverAllDotsOfFinishedPairs) {
+  MeanRow rows;
+  EXPECT_TRUE(std::isnan(rows.mean()));
+  PairCheck pair = hand_made::pair(0, {}, {});
+  pair.points.dy = {1.0F, -3.0F, std::numeric_limits<float>::quiet_NaN()};
+  rows.add(pair);
+  pair.points.dy = {5.0F};
+  rows.add(pair);
+  rows.add(hand_made::givenUp(pair));
+  EXPECT_EQ(rows.mean(), 3.0);
+}
+
+TEST(CorrectingRefuses, WhatOurJsonCantHold) {
+  EXPECT_THROW(requireCorrectable("c.json", 3), InputError);
+  EXPECT_THROW(requireCorrectable("c.bin", 1), InputError);
+  EXPECT_NO_THROW(requireCorrectable("c.json", 2));
+  EXPECT_NO_THROW(requireCorrectable("", 3));
+}
+
+TEST(Correcting, MakesTheRowsBetterAndTellsBothMeans) {
+  const CopiedSet set(misalignedSet());
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.exit_code, 0) << check.status.text;
+  ASSERT_TRUE(check.diagnosis);
+  EXPECT_THAT(check.diagnosis->causes, Contains(Field(&Cause::name, "rotation_x"))) << check.diagnosis->text;
+  EXPECT_GT(check.diagnosis->rows_before, 0.5);
+  ASSERT_TRUE(check.correction);
+  EXPECT_EQ(check.correction->path, options.write_corrected);
+  EXPECT_LT(check.correction->rows_predicted, 0.1);
+  EXPECT_LT(check.correction->rows_seen, 0.1);
+  Set corrected = set.set();
+  corrected.calibration = options.write_corrected;
+  const Check again = polarline::check(corrected);
+  EXPECT_LT(again.pairs.at(0).figure("dy_means")->values.at(0), 0.1);
+  const auto document = DocumentCheck::ofCheck().parsed(toJson(check));
+  EXPECT_EQ(document["diagnosis"]["correction"]["rows_seen"], check.correction->rows_seen);
+}
+
+TEST(Correcting, OfAlignedCamerasWritesNothingAndSaysSo) {
+  const CopiedSet set;
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  const Check check = set.check(options);
+  ASSERT_TRUE(check.diagnosis);
+  EXPECT_TRUE(check.diagnosis->causes.empty()) << check.diagnosis->text;
+  EXPECT_FALSE(check.correction);
+  EXPECT_FALSE(set.parent.has("corrected.json"));
+  EXPECT_THAT(check.warnings, Contains(Field(&Warning::code, "nothing_to_correct")));
+}
+
+TEST(Correcting, OfAPolynomialLensIsRefusedBeforeTheRun) {
+  const RenderedSet rendered(small_scene::polynomial());
+  const CopiedSet set(rendered);
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_THAT(check.status.text, HasSubstr("polynomial lens"));
+  EXPECT_TRUE(check.pairs.empty());
+}
+
+TEST(Correcting, InterruptedLeavesNothing) {
+  const CopiedSet set(misalignedSet());
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  int asked = 0;
+  options.go_on = [&asked] { return ++asked < 5; };  // Start, two pairs, start of the second run: within that.
+  EXPECT_EQ(set.check(options).status.exit_code, 130);
+  EXPECT_FALSE(set.parent.has("corrected.json"));
+}
+
+TEST(CorrectingDiagnosis, OfPairsRectifiedElsewhereTellsTheRowsOnly) {
+  const RenderedSet rendered(small_scene::rectified());
+  const CopiedSet set(rendered);
+  const Check check = set.check();
+  ASSERT_TRUE(check.diagnosis);
+  EXPECT_TRUE(check.diagnosis->causes.empty());
+  EXPECT_THAT(check.diagnosis->text, HasSubstr("rectified elsewhere"));
+  EXPECT_LT(check.diagnosis->rows_before, 0.2);
+}
+
+TEST(CorrectingDiagnosis, OfFramesIsNone) {
+  const CopiedSet set(MemoryRun::twoFrames());
+  EXPECT_FALSE(set.check().diagnosis);
+}
+
+}  // namespace
+}  // namespace polarline
