@@ -6,6 +6,7 @@
 #include <array>
 #include <cctype>
 #include <string_view>
+#include <type_traits>
 
 #include "polar/results/FigureList.h"
 

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
+#include <string>
 
 #include "check/explain/FigureEntries.h"
 #include "check/explain/WarningOf.h"

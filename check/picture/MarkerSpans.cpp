@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <opencv2/core.hpp>
 #include <utility>
 #include <vector>
 
