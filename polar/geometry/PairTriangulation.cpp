@@ -34,3 +34,7 @@ TriangulatedPair triangulateShared(const MeasuredPair& pair, const EvaluationCam
   }
   return result;
 }
+
+SeenCameras seenCameras(const EvaluationCameras& cameras) {
+  return {cv::Matx33d(cameras.left_K), cv::Matx33d(cameras.right_K), cv::Matx33d(cameras.R), cv::Vec3d(cameras.T)};
+}

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "polar/geometry/CameraPairModel.h"
+#include "polar/results/PairObservation.h"
 #include "polar/results/PairRecords.h"
 
 /// The shared points of a pair, triangulated. All lists are in the order of the measured lists.
@@ -17,3 +18,6 @@ struct TriangulatedPair {
 /// unpaired ids these run ahead of the points, which is meant.
 TriangulatedPair triangulateShared(const MeasuredPair& pair, const EvaluationCameras& cameras,
                                    const CameraPairModel& model);
+
+/// For observers. All matrices are full, of doubles.
+SeenCameras seenCameras(const EvaluationCameras& cameras);

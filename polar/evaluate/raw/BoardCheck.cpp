@@ -74,6 +74,7 @@ PairStatus checkBoard(PairEvaluator& evaluator, const PairInput& raw, const Came
   if (evaluator.seen.raw.empty()) {  // The triangulation has told it otherwise, with its residuals.
     evaluator.seen.raw = sharedDots(pair);
     evaluator.seen.positions = triangulated.points_left;
+    evaluator.seen.cameras = seenCameras(raw.cameras);
   }
   if (!evaluator.config().spaceRms_switch || evaluator.boardPoints.size() < kLeastBoardPoints) {
     return polar_status::kSuccess;

@@ -37,7 +37,7 @@ std::vector<cv::Point3f> alignedBoard(PairFigures& figures, const std::vector<cv
 }  // namespace
 
 std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Point3f>& truth, const LeftCamera& camera,
-                                  DistanceTables& tables) {
+                                  DistanceTables& tables, std::vector<cv::Point2f>* projected) {
   static constexpr const char* kColumn = "gt_err_mean";
   const std::vector<PairPointRecord>& points = figures.pairPoints;
   tables.boardCheck().row("");
@@ -46,8 +46,9 @@ std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Po
   std::vector<double> distances;
   distances.reserve(points.size());
   for (std::size_t k = 0; k < points.size(); ++k) {
-    const cv::Point2f projected = predictLeftPixel(aligned[k], camera.K, camera.model);
-    distances.push_back(pixelDistance(projected, points[k]));
+    const cv::Point2f pixel = predictLeftPixel(aligned[k], camera.K, camera.model);
+    if (projected != nullptr) projected->push_back(pixel);
+    distances.push_back(pixelDistance(pixel, points[k]));
     tables.boardCheck().row(points[k].id, kColumn, distances.back() * 1000);
   }
   return distances;

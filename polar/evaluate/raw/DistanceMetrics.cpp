@@ -80,7 +80,7 @@ PairStatus compareWithBoard(PairEvaluator& evaluator, std::vector<PairPointRecor
   {
     DistanceTables tables(evaluator, rules.board_check_table);
     evaluateDistances(evaluator.figures, truth, tables);
-    distances = fitAndProject(evaluator.figures, truth, {left_K, model}, tables);
+    distances = fitAndProject(evaluator.figures, truth, {left_K, model}, tables, &evaluator.seen.fitted_left);
   }
   evaluator.figures.gt_rms = projectionRms(distances, rules.projection_limit);
   evaluator.figures.setMeasured(FigureGroup::kProjection);
@@ -102,6 +102,8 @@ PairStatus evaluateRawPair(PairEvaluator& evaluator, const PairInput& raw, const
   TriangulatedPair triangulated = triangulateShared(measured, raw.cameras, model);
   evaluator.seen.raw = sharedDots(measured);
   evaluator.seen.positions = triangulated.points_left;
+  evaluator.seen.predicted_right = triangulated.predicted_right;
+  evaluator.seen.cameras = seenCameras(raw.cameras);
   if (config.triangulate_residual_switch != 0 && !passesResidual(evaluator, raw.right_image, measured, triangulated)) {
     return polar_status::kTooFewShared;
   }

@@ -95,6 +95,7 @@ PairStatus PairEvaluator::CheckPointCloud(const PairInput& rectified_pair, const
     return reprojectByMatrix(Q, left, right);
   };
   const PairStatus status = makeCloud(*this, rectified_pair, reproject, left_points, right_points, cloud);
+  if (status == polar_status::kSuccess) seen.Q = Q;
   if (status != polar_status::kSuccess || config().allpoints_calc_switch != 1) return status;
 
   measureSpacing(cloud, config().pattern_cols);

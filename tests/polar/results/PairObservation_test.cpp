@@ -31,6 +31,9 @@ TEST(PairObservation, BeginsEmpty) {
   EXPECT_EQ(seen.measurement, 0);
   EXPECT_EQ(seen.found[1], 0U);
   EXPECT_TRUE(seen.raw.empty() && seen.rectified.empty() && seen.positions.empty() && seen.residuals.empty());
+  EXPECT_TRUE(seen.predicted_right.empty() && seen.fitted_left.empty());
+  EXPECT_EQ(seen.cameras.left_K(0, 0), 0.0);
+  EXPECT_EQ(seen.Q(3, 2), 0.0);
 }
 
 }  // namespace

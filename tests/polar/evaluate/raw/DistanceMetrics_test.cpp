@@ -93,6 +93,25 @@ TEST_F(DistanceMetrics, ResidualsOfAnExactPairAreTiny) {
   EXPECT_LT(evaluator.figures.tri_max, 0.002F);
 }
 
+TEST_F(DistanceMetrics, ObserversSeeWhereTheDotsWereExpectedAndByWhichCameras) {
+  exact.seeBoard();
+  exact.config.discalswitch = true;
+  PairEvaluator evaluator = exact.exactEvaluator();
+  ASSERT_EQ(brown(evaluator), 0);
+  const PairObservation& seen = evaluator.seen;
+  ASSERT_EQ(seen.raw.size(), 36U);
+  ASSERT_EQ(seen.predicted_right.size(), 36U);
+  ASSERT_EQ(seen.fitted_left.size(), 36U);
+  for (std::size_t k = 0; k < 36; ++k) {
+    EXPECT_LT(cv::norm(seen.predicted_right[k] - seen.raw[k].right), 0.002);
+    EXPECT_LT(cv::norm(seen.fitted_left[k] - seen.raw[k].left), 0.002);
+  }
+  EXPECT_EQ(seen.cameras.left_K(0, 0), exact.rig.left.fx);
+  EXPECT_EQ(seen.cameras.right_K(1, 2), exact.rig.right.cy);
+  EXPECT_EQ(seen.cameras.R(0, 1), exact.cameras().R.at<double>(0, 1));
+  EXPECT_EQ(seen.cameras.T[0], exact.rig.right_from_left_translation.x);
+}
+
 TEST_F(DistanceMetrics, ResidualPictureIsTheRightImage) {
   exact.seeBoard();
   exact.config.triangulate_residual_switch = 1;

@@ -55,6 +55,7 @@ TEST_F(PointCloud, ReprojectsByTheMatrix) {
   EXPECT_EQ(cv::Point3f(cloud[0].x, cloud[0].y, cloud[0].z), cv::Point3f(50, 60, 1000));
   EXPECT_EQ(cv::Point3f(cloud[1].x, cloud[1].y, cloud[1].z), cv::Point3f(100, 120, 2000));
   EXPECT_EQ(cv::Point3f(cloud[2].x, cloud[2].y, cloud[2].z), cv::Point3f(-50, -60, -1000));
+  EXPECT_EQ(cv::norm(target.seen.Q - cv::Matx44d(Q), cv::NORM_INF), 0.0) << "observers see the matrix";
   EXPECT_EQ(cloud[1].id, 2);
   EXPECT_EQ(cloud[1].row_dist, 0.0F);
   EXPECT_EQ(left_points, points.left_points);
