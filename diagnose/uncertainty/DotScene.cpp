@@ -1,0 +1,36 @@
+#include "diagnose/uncertainty/DotScene.h"
+
+DotScene::DotScene(const std::vector<std::int32_t>& ids, int columns, const CentreNoise& noise_left,
+                   const CentreNoise& noise_right)
+    : grid(ids, columns), trend(grid), left(noise_left, columns), right(noise_right, columns) {}
+
+Repetition DotScene::repeat(SeededRandom& random) const {
+  Eigen::Matrix2Xd shifts_left;
+  Eigen::Matrix2Xd shifts_right;
+  left.draw(grid, random, shifts_left);
+  right.draw(grid, random, shifts_right);
+  Repetition repetition;
+  repetition.pixels.resize(4, shifts_left.cols());
+  repetition.pixels << shifts_left, shifts_right;
+  repetition.positions.resize(3, static_cast<Eigen::Index>(slopes.size()));
+  for (Eigen::Index dot = 0; dot < repetition.positions.cols(); ++dot) {
+    repetition.positions.col(dot) = slopes[static_cast<std::size_t>(dot)].position * repetition.pixels.col(dot);
+  }
+  return repetition;
+}
+
+Eigen::Matrix4d DotScene::covariance() const {
+  Eigen::Matrix4d covariance = Eigen::Matrix4d::Zero();
+  covariance.topLeftCorner<2, 2>() = left.covariance();
+  covariance.bottomRightCorner<2, 2>() = right.covariance();
+  return covariance;
+}
+
+double DotScene::positionVariance() const {
+  const Eigen::Matrix4d of_pixels = covariance();
+  double sum = 0.0;
+  for (const TriangulationSlope& slope : slopes) {
+    sum += (slope.position * of_pixels * slope.position.transpose()).trace();
+  }
+  return slopes.empty() ? 0.0 : sum / static_cast<double>(slopes.size());
+}

@@ -1,0 +1,78 @@
+#include "diagnose/uncertainty/PairNoise.h"
+
+#include <Eigen/Dense>
+#include <cmath>
+
+#include "diagnose/uncertainty/LocalTrend.h"
+
+namespace {
+
+constexpr std::size_t kLeastDots = 6;
+
+using Side = cv::Point2f SharedDot::*;
+
+/// The linear part of the map that takes the measured centres closest to the dots.
+std::optional<Eigen::Matrix2d> mapOnto(const std::vector<SharedDot>& dots, Side side, const CentreNoise& measured) {
+  Eigen::MatrixX3d from(static_cast<Eigen::Index>(dots.size()), 3);
+  Eigen::MatrixX2d to(static_cast<Eigen::Index>(dots.size()), 2);
+  Eigen::Index shared = 0;
+  for (const SharedDot& dot : dots) {
+    const auto found = measured.find(dot.id);
+    if (found == measured.end()) continue;
+    from.row(shared) << found->second.centre[0], found->second.centre[1], 1.0;
+    to.row(shared++) << (dot.*side).x, (dot.*side).y;
+  }
+  if (shared < static_cast<Eigen::Index>(kLeastDots)) return std::nullopt;
+  const Eigen::ColPivHouseholderQR<Eigen::MatrixX3d> solver(from.topRows(shared));
+  if (solver.rank() < 3) return std::nullopt;
+  const Eigen::Matrix<double, 3, 2> map = solver.solve(to.topRows(shared));
+  return map.topRows<2>().transpose();
+}
+
+CentreNoise scatterOf(const std::vector<SharedDot>& dots, Side side, int columns) {
+  std::vector<std::int32_t> ids;
+  Eigen::MatrixXd pixels(2, static_cast<Eigen::Index>(dots.size()));
+  for (const SharedDot& dot : dots) {
+    pixels.col(static_cast<Eigen::Index>(ids.size())) << (dot.*side).x, (dot.*side).y;
+    ids.push_back(dot.id);
+  }
+  const LocalTrend trend(BoardGrid(ids, columns));
+  const Eigen::MatrixXd scatter = trend.scatter(pixels);
+  const double mean_square = scatter.squaredNorm() / static_cast<double>(dots.size());
+  const double whole = mean_square > 0.0 ? std::sqrt(trend.variance(scatter) / mean_square) : 1.0;
+  CentreNoise noise;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    const Eigen::Vector2d shift = whole * scatter.col(static_cast<Eigen::Index>(k));
+    noise.emplace(dots[k].id, NoisyCentre{cv::Point2d(dots[k].*side), cv::Vec2d(shift.x(), shift.y())});
+  }
+  return noise;
+}
+
+CentreNoise noiseOf(const std::vector<SharedDot>& dots, Side side, const CentreNoise& measured, int columns) {
+  const auto map = mapOnto(dots, side, measured);
+  if (!map) return scatterOf(dots, side, columns);
+  CentreNoise noise = measured;
+  for (auto& [id, centre] : noise) {
+    const Eigen::Vector2d shift = *map * Eigen::Vector2d(centre.shift[0], centre.shift[1]);
+    centre.shift = {shift.x(), shift.y()};
+  }
+  return noise;
+}
+
+}  // namespace
+
+PairNoise pairNoise(const cv::Mat& left, const cv::Mat& right, const std::string& target, std::uint64_t seed) {
+  constexpr std::size_t kLarge = 1U << 21U;  // Pixels.
+  SeededRandom random(seed);
+  PairNoise noise;
+  noise.left = centreNoise(left, target, random);
+  const bool is_large = left.total() > kLarge && left.size() == right.size() && !noise.left.empty();
+  noise.right = is_large ? noise.left : centreNoise(right, target, random);
+  return noise;
+}
+
+std::optional<PairNoise> noiseOf(const std::vector<SharedDot>& dots, const PairNoise& measured, int columns) {
+  if (dots.size() < kLeastDots) return std::nullopt;
+  return PairNoise{noiseOf(dots, &SharedDot::left, measured.left, columns),
+                   noiseOf(dots, &SharedDot::right, measured.right, columns)};
+}
