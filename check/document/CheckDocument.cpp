@@ -94,6 +94,15 @@ void writeReason(JsonText& json, const PairCheck& pair) {
   json.member("side", pair.reason.side).member("step", pair.reason.step).end();
 }
 
+void writeUncertainty(JsonText& json, const std::vector<FigureUncertainty>& figures) {
+  json.key("uncertainty").object();
+  for (const FigureUncertainty& each : figures) {
+    json.key(each.name).object().member("sd", each.sd);
+    json.member("low95", each.low95).member("high95", each.high95).end();
+  }
+  json.end();
+}
+
 void writePair(JsonText& json, const PairCheck& pair) {
   json.object().member("index", pair.index).member("left", pair.left).member("right", pair.right);
   json.member("state", pair.finished ? "finished" : "given up");
@@ -103,7 +112,9 @@ void writePair(JsonText& json, const PairCheck& pair) {
   for (const Figure& figure : pair.figures) {
     if (figure.is_carried) json.value(figure.name);
   }
-  json.end().key("found").object().member("left", pair.found_left).member("right", pair.found_right).end();
+  json.end();
+  writeUncertainty(json, pair.uncertainty);
+  json.key("found").object().member("left", pair.found_left).member("right", pair.found_right).end();
   json.key("points").object();
   writeLists(json, pair.points);
   json.end();
@@ -156,7 +167,8 @@ void writeSummaries(JsonText& json, const std::vector<FigureSummary>& summaries)
   json.key("figures").object();
   for (const FigureSummary& each : summaries) {
     json.key(each.name).object().member("mean", each.mean).member("sd", each.sd);
-    json.member("min", each.min).member("max", each.max).member("worst_pair", each.worst_pair).end();
+    json.member("min", each.min).member("max", each.max).member("worst_pair", each.worst_pair);
+    json.member("sd_mean", each.sd_mean).member("low95", each.low95).member("high95", each.high95).end();
   }
   json.end();
 }

@@ -16,6 +16,11 @@ const Figure* PairCheck::figure(const std::string& name) const { return named(fi
 
 const Figure* RefinedPair::figure(const std::string& name) const { return named(figures, name); }
 
+const FigureUncertainty* PairCheck::uncertaintyOf(const std::string& name) const {
+  const auto found = std::ranges::find(uncertainty, name, &FigureUncertainty::name);
+  return found == uncertainty.end() ? nullptr : &*found;
+}
+
 std::size_t Check::finished() const {
   return static_cast<std::size_t>(std::ranges::count_if(pairs, &PairCheck::finished));
 }

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "diagnose/uncertainty/OverPairs.h"
+
 namespace polarline {
 namespace {
 
@@ -39,6 +41,14 @@ class Accumulator {
   double farthest_ = 0.0;
 };
 
+void addUncertainty(const std::vector<double>& values, FigureSummary& summary) {
+  const auto mean = meanUncertainty(values);
+  if (!mean) return;
+  summary.sd_mean = mean->sd;
+  summary.low95 = mean->low95;
+  summary.high95 = mean->high95;
+}
+
 /// The figures of the pairs that count, detected or refined, and the positions of the pairs in the list.
 struct Counted {
   std::vector<const std::vector<Figure>*> figures;
@@ -49,14 +59,20 @@ struct Counted {
 void summarise(const Counted& counted, std::size_t figure, std::size_t entry, std::vector<FigureSummary>& list) {
   FigureSummary summary;
   Accumulator accumulator(summary);
+  std::vector<double> values;
   for (std::size_t k = 0; k < counted.figures.size(); ++k) {
     const Figure& measured = (*counted.figures[k])[figure];
     if (entry >= measured.values.size()) continue;
-    if (std::isfinite(measured.values[entry])) accumulator.add(measured.values[entry], counted.indices[k]);
+    const double value = measured.values[entry];
+    if (std::isfinite(value)) {
+      accumulator.add(value, counted.indices[k]);
+      values.push_back(value);
+    }
     summary.name = entryName(measured, entry);
     summary.unit = measured.unit;
   }
   accumulator.finish();
+  addUncertainty(values, summary);
   if (summary.count > 0) list.push_back(summary);
 }
 

@@ -41,6 +41,12 @@ LimitResult unmeasured(const Limit& limit, const std::string& why) {
   return {limit.text, std::nullopt, -1, false, why};
 }
 
+/// Behind the reason of a limit whose bound lies where the figure may as well be. The verdict stays that of the figure.
+std::string closeCall(const Limit& limit, double low95, double high95) {
+  if (!(low95 <= limit.bound && limit.bound <= high95)) return {};
+  return fmt::format("; too close to call, it is certain to 95 % only from {:.4g} to {:.4g}", low95, high95);
+}
+
 /// Whether a pair's figure was measured and keeps a limit on its entries.
 bool keeps(const Limit& limit, const Figure& figure) {
   if (limit.entry) return *limit.entry < figure.values.size() && holds(limit, figure.values[*limit.entry]);
@@ -53,18 +59,21 @@ class Worst {
  public:
   explicit Worst(const Limit& limit) : limit_(limit) {}
 
-  void add(const Figure& figure, std::size_t entry, std::size_t pair) {
+  void add(const PairCheck& pair, const Figure& figure, std::size_t entry) {
     const double value = figure.values[entry];
     const bool counts = !std::isnan(value);
     if (value_ && (!std::isfinite(*value_) || (counts && excess(limit_, value) <= excess(limit_, *value_)))) return;
     value_ = value;
-    pair_ = static_cast<int>(pair);
+    pair_ = static_cast<int>(pair.index);
     name_ = std::string(limit_.is_refined ? kRefinedPrefix : "").append(entryName(figure, entry));
     is_single_ = figure.is_single;
+    // What is known of a figure's errors is known of the detected one.
+    const FigureUncertainty* const uncertainty = limit_.is_refined ? nullptr : pair.uncertaintyOf(figure.name);
+    close_ = uncertainty == nullptr ? "" : closeCall(limit_, uncertainty->low95, uncertainty->high95);
   }
   LimitResult result() const {
     const std::string number = is_single_ ? fmt::format("{}", static_cast<float>(*value_)) : fmt::format("{}", *value_);
-    return outcome(limit_, value_, pair_, fmt::format("{} is {} in pair {}", name_, number, pair_));
+    return outcome(limit_, value_, pair_, fmt::format("{} is {} in pair {}", name_, number, pair_) + close_);
   }
 
  private:
@@ -73,6 +82,7 @@ class Worst {
   int pair_ = -1;
   std::string name_;
   bool is_single_ = false;
+  std::string close_;
 };
 
 const Figure* judgedFigure(const Limit& limit, const PairCheck& pair) {
@@ -90,7 +100,7 @@ LimitResult judgePairs(const Limit& limit, const Check& check) {
       return unmeasured(limit, fmt::format("pair {} did not measure it", pair.index));
     const std::size_t first = limit.entry.value_or(0);
     const std::size_t last = limit.entry.value_or(entries - 1);
-    for (std::size_t k = first; k <= last; ++k) worst.add(*figure, k, pair.index);
+    for (std::size_t k = first; k <= last; ++k) worst.add(pair, *figure, k);
   }
   return check.finished() == 0 ? unmeasured(limit, "no pair was finished") : worst.result();
 }
@@ -110,8 +120,9 @@ LimitResult judgeSummary(const Limit& limit, const Check& check) {
   const auto found = std::ranges::find(summary, entry, &FigureSummary::name);
   if (found == summary.end()) return unmeasured(limit, "no pair measured " + wanted);
   const double value = statisticOf(*found, limit.statistic);
+  const std::string close = limit.statistic == "mean" ? closeCall(limit, found->low95, found->high95) : "";
   return outcome(limit, value, -1,
-                 fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, value));
+                 fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, value) + close);
 }
 
 LimitResult judgeOne(const Limit& limit, const Check& check) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
 #include "polarline/check.h"
@@ -23,8 +24,17 @@ const FigureSummary* mainSummary(const Check& check) {
   return nullptr;
 }
 
-std::string farthestText(const FigureSummary& summary) {
-  return figureText(std::max(std::abs(summary.min), std::abs(summary.max)));
+double farthest(const FigureSummary& summary) { return std::max(std::abs(summary.min), std::abs(summary.max)); }
+
+/// The value with its standard error behind it, where there is one.
+std::string withError(double value, double error) {
+  return std::isfinite(error) ? fmt::format("{} ± {}", figureText(value), figureText(error)) : figureText(value);
+}
+
+double errorOf(const Check& check, std::size_t index, const std::string& name) {
+  const auto pair = std::ranges::find(check.pairs, index, &PairCheck::index);
+  const FigureUncertainty* const uncertainty = pair == check.pairs.end() ? nullptr : pair->uncertaintyOf(name);
+  return uncertainty == nullptr ? std::numeric_limits<double>::quiet_NaN() : uncertainty->sd;
 }
 
 /// "1 limit", "2 limits".
@@ -83,7 +93,7 @@ std::string refinedPairText(const Check& check) {
   if (refined == nullptr) return {};
   const std::string mean =
       refined->count == 1 ? "" : fmt::format(", mean {} {}", figureText(refined->mean), refined->unit);
-  return fmt::format("From refined centres: {} {} {} in pair {}{}.", refined->name, farthestText(*refined),
+  return fmt::format("From refined centres: {} {} {} in pair {}{}.", refined->name, figureText(farthest(*refined)),
                      refined->unit, refined->worst_pair, mean);
 }
 

@@ -30,6 +30,7 @@
 #include "check/set/PictureFault.h"
 #include "check/set/PictureSource.h"
 #include "diagnose/causes/Causes.h"
+#include "diagnose/uncertainty/PairUncertainty.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
 #include "polar/run/PolarPrecision.h"
@@ -84,6 +85,7 @@ class SetCheck final : public RunObserver {
   void nameLastPair();
   void explainException(const std::exception& error);
   void lookAtPictures(std::size_t index);
+  std::vector<FigureUncertainty> uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) const;
   void addPictures();
   void diagnose();
   void conclude();
@@ -173,6 +175,13 @@ void SetCheck::lookAtPictures(std::size_t index) {
   picture_warnings_.lookAtEnds(pair, pictures_->listed(index), pictures_->lastCutOff());
 }
 
+/// The same for a pair wherever the run begins. Of a pair given up the figures that it came to are not judged.
+std::vector<FigureUncertainty> SetCheck::uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) const {
+  if (!pair.finished || !hasMeans(evaluator.figures)) return {};
+  const auto& [left, right] = pictures_->lastPictures();
+  return pairUncertainty(evaluator, pairNoise(left, right, set_.target, pair.index), check_.board.cols, pair.index);
+}
+
 void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {
   const ListedPair& listed = pictures_->listed(index);
   if (!finished && status == polar_status::kImages && *evaluator.seen.evaluation == '\0') {
@@ -188,6 +197,8 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
   mark(limits_, pair);
   if (finished && options_.diagnose) seen_.add(pair.index, evaluator);
   rows_.add(pair);
+  pair.uncertainty = uncertaintyOf(pair, evaluator);
+  pictures_->letGo();
   check_.pairs.push_back(std::move(pair));
   if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
   if (!options_.keep_points) dropPoints(check_.pairs.back());

@@ -34,6 +34,7 @@ std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {
   inputs_.push_back({"right/" + number, pathOf(index, false), std::move(pictures.right_hash)});
   last_cut_off_ = pictures.cut_off;
   last_sizes_ = {pictures.left.size(), pictures.right.size()};
+  last_ = {pictures.left, pictures.right};
   if (size_.empty()) size_ = pictures.left.size();
   has_colour_ = has_colour_ || pictures.left.channels() > 1 || pictures.right.channels() > 1;
   return {std::move(pictures.left), std::move(pictures.right)};

@@ -30,6 +30,9 @@ class ListedPictures final : public ImageSource {
   const std::array<cv::Size, 2>& lastSizes() const { return last_sizes_; }
   /// Whether they are JPEGs that lack their ends.
   const std::array<bool, 2>& lastCutOff() const { return last_cut_off_; }
+  /// These pictures themselves, until they are let go or the next are taken.
+  const std::array<cv::Mat, 2>& lastPictures() const { return last_; }
+  void letGo() { last_ = {}; }
   bool hasColour() const { return has_colour_; }
   /// Every picture with its hash; those that no run took are hashed now.
   std::vector<SetInput> inputs();
@@ -49,6 +52,7 @@ class ListedPictures final : public ImageSource {
   cv::Size size_;
   std::array<cv::Size, 2> last_sizes_;
   std::array<bool, 2> last_cut_off_{};
+  std::array<cv::Mat, 2> last_;
   bool has_colour_ = false;
 };
 

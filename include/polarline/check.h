@@ -15,6 +15,7 @@
 #include "polarline/exit_code.h"
 #include "polarline/refine.h"
 #include "polarline/set.h"
+#include "polarline/uncertainty.h"
 #include "polarline/warning.h"
 
 /// Judging a set: a run of the library over its pairs, what the run yields, and whether it keeps its limits. The
@@ -82,10 +83,13 @@ struct PairCheck {
   std::size_t found_left = 0;  ///< Numbered dots in the last measured pictures.
   std::size_t found_right = 0;
   PairPoints points;
-  std::optional<RefinedPair> refined;  ///< Only of a check that refines.
+  std::optional<RefinedPair> refined;          ///< Only of a check that refines.
+  std::vector<FigureUncertainty> uncertainty;  ///< Of the figures that are means or root mean squares.
 
   /// None for a name that is no figure.
   POLARLINE_API const Figure* figure(const std::string& name) const;
+  /// None for a figure that has none, or was not measured.
+  POLARLINE_API const FigureUncertainty* uncertaintyOf(const std::string& name) const;
 };
 
 /// What the finished pairs that measured a figure come to. Of lists each entry has a name of its own, `tri_dis[0]`.
@@ -98,6 +102,10 @@ struct FigureSummary {
   double min = 0.0;
   double max = 0.0;
   std::size_t worst_pair = 0;  ///< `index` of the pair whose value is farthest from 0.
+  /// How certain the mean is, as a statement on more pairs of the kind; not a number below five pairs.
+  double sd_mean = std::numeric_limits<double>::quiet_NaN();  ///< Standard error.
+  double low95 = std::numeric_limits<double>::quiet_NaN();
+  double high95 = std::numeric_limits<double>::quiet_NaN();
 };
 
 /// How a limit was kept.

@@ -24,6 +24,11 @@ TEST_F(CheckCommand, TellsPairsFiguresAndVerdict) {
   EXPECT_THAT(run.out, Not(HasSubstr("\x1b")));
 }
 
+TEST_F(CheckCommand, TellsHowCertainTheWorstFigureIs) {
+  const CommandRun run = check();
+  EXPECT_TRUE(std::regex_search(run.out, std::regex(R"(Worst pair: \d \(\w+\s+\S+ ± \S+)"))) << run.out;
+}
+
 TEST_F(CheckCommand, MarksWhatExceedsALimit) {
   const CommandRun run = check({"--limit", "tri_rms<=0"});
   EXPECT_EQ(run.exit_code, 1);

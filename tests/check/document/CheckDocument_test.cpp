@@ -31,6 +31,7 @@ PairCheck fullPair() {
     figure.is_own = !figure.values.empty();
     figure.is_carried = name == "tri_rms";
   }
+  pair.uncertainty = {{"dy_means", 0.25, 0.0, std::numeric_limits<double>::infinity()}};
   pair.points.id = {3, 7};
   pair.points.left_x = {0.1F, std::numeric_limits<float>::quiet_NaN()};
   return pair;
@@ -161,6 +162,16 @@ TEST(CheckDocumentFigures, AreOwnCarriedOrNull) {
   EXPECT_EQ(pair["figures"]["dis_rms"], nullptr);
   EXPECT_EQ(pair["carried"], Json::array({"tri_rms"}));
   EXPECT_EQ(pair["figures"]["tri_dis"], Json::parse("[1, null]"));
+}
+
+TEST(CheckDocumentFigures, TellHowCertainTheyAre) {
+  Check check = fullCheck();
+  check.summary[0].sd_mean = 0.5;
+  const Json document = DocumentCheck::ofCheck().parsed(toJson(check));
+  EXPECT_EQ(document["pairs"][0]["uncertainty"],
+            Json::parse(R"({"dy_means": {"sd": 0.25, "low95": 0, "high95": null}})"));
+  EXPECT_EQ(document["summary"]["figures"]["tri_dis[0]"]["sd_mean"], 0.5);
+  EXPECT_EQ(document["summary"]["figures"]["tri_dis[0]"]["low95"], nullptr);
 }
 
 TEST(CheckDocumentFigures, OfSinglePrecisionHaveNoMoreDigitsThanThat) {

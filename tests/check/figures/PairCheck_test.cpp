@@ -13,6 +13,13 @@ TEST(PairCheck, FindsAFigureByItsName) {
   EXPECT_EQ(pair.figure("dy"), nullptr);
 }
 
+TEST(PairCheck, FindsHowCertainAFigureIs) {
+  polarline::PairCheck pair;
+  pair.uncertainty = {{"dy_means", 0.1, 1.0, 2.0}, {"tri_rms", 0.2, 3.0, 4.0}};
+  EXPECT_EQ(pair.uncertaintyOf("tri_rms"), &pair.uncertainty[1]);
+  EXPECT_EQ(pair.uncertaintyOf("tri_max"), nullptr);
+}
+
 TEST(PairCheckFinished, CountsThePairsThatWereNotGivenUp) {
   polarline::Check check;
   check.pairs.resize(3);

@@ -55,6 +55,19 @@ TEST(SummaryOfPairs, LeavesOutWhoHasNoValue) {
   EXPECT_TRUE(std::isnan(summary[0].sd));
 }
 
+TEST(SummaryOfPairs, FromFivePairsOnTheMeanHasAnInterval) {
+  std::vector<PairCheck> pairs;
+  for (const double value : {1.0, 2.0, 3.0, 4.0}) pairs.push_back(hand_made::pair(pairs.size(), {value}, {}));
+  pairs.push_back(hand_made::givenUp(hand_made::pair(4, {9.0}, {})));
+  EXPECT_TRUE(std::isnan(summaryOf(pairs).at(0).sd_mean));
+  EXPECT_TRUE(std::isnan(summaryOf(pairs).at(0).low95));
+  pairs.push_back(hand_made::pair(5, {5.0}, {}));
+  const FigureSummary summary = summaryOf(pairs).at(0);
+  EXPECT_NEAR(summary.sd_mean, std::sqrt(2.5 / 5.0), 1e-15);  // Sample variance 10 / 4.
+  EXPECT_LT(summary.low95, 2.0);
+  EXPECT_GT(summary.high95, 4.0);
+}
+
 TEST(SummaryOfPairs, HasEachEntryOfAList) {
   const auto summary = summaryOf({hand_made::pair(0, {}, {1.0}), hand_made::pair(1, {}, {3.0, 5.0})});
   ASSERT_EQ(summary.size(), 2U);

@@ -141,5 +141,44 @@ TEST(JudgementNames, AreFiguresAndCounts) {
   EXPECT_THAT(names, ::testing::Not(::testing::Contains("detect_canvas")));
 }
 
+/// Pair 4 is the worst, certain from 0.4 to 0.625 only; the mean of `dy_means` from 0.2 to 0.3.
+Check uncertain() {
+  Check check = threeFinished();
+  check.pairs[0].uncertainty = {{"dy_means", 0.5, 0.0, 9.0}};
+  check.pairs[1].uncertainty = {{"dy_means", 0.05, 0.4, 0.625}};
+  check.summary[0].low95 = 0.2;
+  check.summary[0].high95 = 0.3;
+  return check;
+}
+
+struct CloseCall {
+  const char* limit;
+  bool holds;
+  bool is_close;
+};
+
+class JudgementCloseCall : public ::testing::TestWithParam<CloseCall> {};
+
+TEST_P(JudgementCloseCall, IsToldAndChangesNoVerdict) {
+  const LimitResult result = judged(GetParam().limit, uncertain());
+  EXPECT_EQ(result.holds, GetParam().holds);
+  EXPECT_EQ(result.holds, judged(GetParam().limit, threeFinished()).holds);
+  EXPECT_EQ(result.why.find("too close to call") != std::string::npos, GetParam().is_close) << result.why;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, JudgementCloseCall,
+    ::testing::Values(CloseCall{"dy_means<=0.5", true, true}, CloseCall{"dy_means<0.5", false, true},
+                      CloseCall{"dy_means<=0.4", false, true}, CloseCall{"dy_means<=0.625", true, true},
+                      CloseCall{"dy_means<=0.39", false, false}, CloseCall{"dy_means<=0.7", true, false},
+                      CloseCall{"|tri_dis|<=3", true, false}, CloseCall{"summary.dy_means.mean<=0.25", false, true},
+                      CloseCall{"summary.dy_means.mean<=0.31", true, false},
+                      CloseCall{"summary.dy_means.max<=0.25", false, false}, CloseCall{"pairs>=4", true, false}));
+
+TEST(Judgement, CloseCallTellsTheInterval) {
+  EXPECT_EQ(judged("dy_means<=0.5", uncertain()).why,
+            "dy_means is 0.5 in pair 4; too close to call, it is certain to 95 % only from 0.4 to 0.625");
+}
+
 }  // namespace
 }  // namespace polarline
