@@ -1,0 +1,76 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "diagnose/quality/Median.h"
+#include "diagnose/warnings/Codes.h"
+#include "diagnose/warnings/Judges.h"
+#include "diagnose/warnings/Thresholds.h"
+
+namespace diagnose {
+namespace {
+
+/// Figures of the raw pair, which take a fisheye's coefficients for Brown's.
+constexpr std::array<std::string_view, 16> kOfRawPair = {
+    "tri_mean",  "tri_min",   "tri_max",   "tri_rms",     "tri_dis", "dis_rms",   "nor_rms",    "zero_dis",
+    "icp_x_rms", "icp_y_rms", "icp_z_rms", "icp_nor_rms", "gt_rms",  "space_rms", "pairPoints", "PoseReport"};
+
+/// Mean size of normal values in standard deviations.
+constexpr double kMeanOfNormal = 0.7979;
+
+template <typename ValueOf>
+std::optional<double> middleOf(const Looks& looks, const ValueOf& valueOf) {
+  std::vector<double> values;
+  for (const PairLook& pair : looks) {
+    if (const std::optional<double> value = valueOf(pair)) values.push_back(*value);
+  }
+  if (values.empty()) return std::nullopt;
+  return median(std::move(values));
+}
+
+std::optional<polarline::Warning> fisheye(const SetFacts& facts, const Looks& looks, const AskedLimits& limits) {
+  if (facts.model != LensModel::kFisheye) return std::nullopt;
+  const auto judged = std::ranges::find_if(
+      limits.figures, [](const std::string& name) { return std::ranges::find(kOfRawPair, name) != kOfRawPair.end(); });
+  const auto off = middleOf(looks, [](const PairLook& pair) { return pair.raw_offset; });
+  if (judged == limits.figures.end() || !off || !(*off > thresholds::kFisheyeOffset)) return std::nullopt;
+  return warning(
+      "fisheye_raw_pair",
+      fmt::format("A limit judges {}, which takes the coefficients of the fisheyes for Brown's: that moves the "
+                  "dots by {:.3g} % of their distance",
+                  *judged, 100.0 * *off));
+}
+
+std::optional<polarline::Warning> noiseFloor(const Looks& looks, const AskedLimits& limits) {
+  const auto noise = middleOf(looks, [](const PairLook& pair) { return pair.row_noise; });
+  const auto rows = middleOf(looks, [](const PairLook& pair) -> std::optional<double> {
+    const auto found = pair.figures.find("dy_means");
+    return found == pair.figures.end() ? std::nullopt : std::optional(found->second);
+  });
+  if (!noise || !rows) return std::nullopt;
+  const double floor = kMeanOfNormal * *noise;
+  if (limits.most_row && *limits.most_row < floor)
+    return warning("noise_floor", fmt::format("A limit wants dy_means up to {:.3g} pixels; the noise of the dots' "
+                                              "centres alone makes {:.3g}",
+                                              *limits.most_row, floor));
+  if (*noise < thresholds::kRowNoise || *rows > thresholds::kNoiseShare * floor) return std::nullopt;
+  return warning(
+      "noise_floor",
+      fmt::format("dy_means is {:.3g} pixels; the noise of the dots' centres alone makes {:.3g}", *rows, floor));
+}
+
+}  // namespace
+
+Warnings judgeFigures(const SetFacts& facts, const Looks& looks, const AskedLimits& limits) {
+  Warnings warnings;
+  for (const auto& one : {fisheye(facts, looks, limits), noiseFloor(looks, limits)}) {
+    if (one) warnings.push_back(*one);
+  }
+  return warnings;
+}
+
+}  // namespace diagnose

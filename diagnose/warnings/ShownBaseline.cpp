@@ -1,0 +1,28 @@
+#include "diagnose/warnings/ShownBaseline.h"
+
+#include <fmt/format.h>
+
+#include "diagnose/warnings/Codes.h"
+#include "diagnose/warnings/Thresholds.h"
+
+namespace diagnose {
+
+cv::Vec3d shownBaseline(const SeenPose& left, const SeenPose& right) { return right.T - right.R * left.R.t() * left.T; }
+
+std::optional<polarline::Warning> judgeBaseline(const cv::Vec3d& shown, const cv::Vec3d& told, int pair) {
+  const double ratio = cv::norm(shown) / cv::norm(told);
+  if (!(ratio < thresholds::kSameLength && ratio > 1.0 / thresholds::kSameLength)) {
+    const std::string text = fmt::format(
+        "The calibration puts the cameras {:.4g} apart, but the pictures show them about {:.4g} board units "
+        "apart, {:.3g} times as far",
+        cv::norm(told), cv::norm(shown), ratio);
+    return warning("baseline_unit", text, pair);
+  }
+  if (shown.dot(told) < thresholds::kOpposite * cv::norm(shown) * cv::norm(told))
+    return warning("sides_exchanged",
+                   "The pictures show the right camera on the other side of the left one than the calibration does",
+                   pair);
+  return std::nullopt;
+}
+
+}  // namespace diagnose

@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "../WatchedScene.h"
+#include "diagnose/warnings/Judges.h"
+
+namespace diagnose {
+namespace {
+
+TEST(JudgeGeometryOfSides, TellsExchangedPictures) {
+  WatchedScene scene;
+  scene.is_exchanged = true;
+  expectOnly(scene, "sides_exchanged", "in pair 0");
+}
+
+TEST(JudgeGeometryOfSides, TellsATranslationInOtherUnits) {
+  WatchedScene scene;
+  scene.tellFacts();
+  for (std::size_t k = 3; k < 6; ++k) scene.facts.calib->extrinsics.at(k) *= 0.001;
+  expectOnly(scene, "baseline_unit", "times as far");
+}
+
+TEST(JudgeGeometryOfScale, TellsHowMuchLargerTheBoardIs) {
+  WatchedScene scene;
+  scene.scene.board.step = scene.scene.board.step_y = 20.4;
+  scene.tellFacts();
+  for (cv::Point3d& place : scene.facts.board) place *= 20.0 / 20.4;
+  expectOnly(scene, "scale_wrong", "Distances come out 2.0");
+}
+
+TEST(JudgeGeometryOfScale, TellsHowMuchTooShortTheBaselineIs) {
+  WatchedScene scene;
+  scene.tellFacts();
+  for (std::size_t k = 3; k < 6; ++k) scene.facts.calib->extrinsics.at(k) *= 0.97;
+  expectOnly(scene, "scale_wrong", "baseline told is that much too short");
+}
+
+TEST(JudgeGeometryOfBoards, TellsAWrongNumbering) {
+  WatchedScene scene;
+  scene.spoilSeen = [](PairObservation& seen, std::size_t) {
+    for (SharedDot& dot : seen.raw) dot.id = dot.id < 33 ? dot.id + 11 : dot.id - 33;
+  };
+  expectOnly(scene, "board_mismatch", "in both pictures of pair 0");
+}
+
+TEST(JudgeGeometryOfBoards, TellsANumberingFromBehind) {
+  WatchedScene scene;
+  scene.spoilSeen = [](PairObservation& seen, std::size_t) {
+    for (SharedDot& dot : seen.raw) dot.id = dot.id / 11 * 11 + 10 - dot.id % 11;
+  };
+  expectOnly(scene, "board_mismatch", "from behind");
+}
+
+TEST(JudgeGeometryOfBoards, TellsRowsThatStandFartherApart) {
+  WatchedScene scene;
+  scene.tellFacts();
+  for (cv::Point3d& place : scene.facts.board) place.y *= 0.8;
+  expectOnly(scene, "board_mismatch", "rows stood 1.25");
+}
+
+/// A calibration that is not of the scene's pictures.
+struct OtherCalibration {
+  const char* name;
+  void (*change)(scene::Camera& camera);
+  const char* words;
+};
+
+class JudgeGeometryOfCalibrations : public ::testing::TestWithParam<OtherCalibration> {};
+
+TEST_P(JudgeGeometryOfCalibrations, TellsWhatItIsOf) {
+  scene::StereoRig rig = scene::brownRig({640, 512, 60.0});
+  rig.left.cx += 70.0;
+  rig.right.cx += 60.0;
+  rig.left.cy += 50.0;
+  rig.right.cy += 45.0;
+  WatchedScene scene(rig);
+  scene.wish = {20.0, -25.0, 8.0, 0.92};
+  for (scene::Camera* camera : {&scene.scene.given.left, &scene.scene.given.right}) GetParam().change(*camera);
+  scene.tellFacts();
+  scene.scene.given = scene.scene.rig;
+  expectOnly(scene, "calibration_mismatch", GetParam().words);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, JudgeGeometryOfCalibrations,
+                         ::testing::Values(OtherCalibration{"Larger",
+                                                            [](scene::Camera& camera) {
+                                                              camera.fx *= 2.0;
+                                                              camera.fy *= 2.0;
+                                                              camera.cx = 2.0 * camera.cx + 0.5;
+                                                              camera.cy = 2.0 * camera.cy + 0.5;
+                                                            },
+                                                            "2 times as large"},
+                                           OtherCalibration{"Mirrored",
+                                                            [](scene::Camera& camera) {
+                                                              camera.cx = camera.width - 1 - camera.cx;
+                                                              camera.lens[7] = -camera.lens[7];
+                                                            },
+                                                            "mirrored left to right"},
+                                           OtherCalibration{"TurnedByHalf",
+                                                            [](scene::Camera& camera) {
+                                                              camera.cx = camera.width - 1 - camera.cx;
+                                                              camera.cy = camera.height - 1 - camera.cy;
+                                                              camera.lens[6] = -camera.lens[6];
+                                                              camera.lens[7] = -camera.lens[7];
+                                                            },
+                                                            "turned by half a turn"},
+                                           OtherCalibration{"Cropped",
+                                                            [](scene::Camera& camera) {
+                                                              camera.cx -= 64.0;
+                                                              camera.cy += 48.0;
+                                                            },
+                                                            "of a part of the pictures"}),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+}  // namespace
+}  // namespace diagnose

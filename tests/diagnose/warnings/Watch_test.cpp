@@ -1,0 +1,54 @@
+#include "diagnose/warnings/Watch.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "../WatchedScene.h"
+#include "tools/scene/Misalignment.h"
+
+namespace diagnose {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+TEST(WatchOfGoodSets, SaysNothing) {
+  WatchedScene scene;
+  EXPECT_THAT(scene.codes(), IsEmpty());
+}
+
+TEST(WatchOfGoodSets, SaysNothingOfManyPairsAtSeveralDistances) {
+  WatchedScene scene;
+  scene.fills = {0.92, 0.85, 0.78, 0.72, 0.9, 0.8, 0.75};
+  EXPECT_THAT(scene.codes(), IsEmpty());
+}
+
+TEST(WatchOfGoodSets, SaysNothingOfFisheyes) {
+  WatchedScene scene(scene::fisheyeRig({320, 200, 60.0}));
+  EXPECT_THAT(scene.codes(), IsEmpty());
+}
+
+TEST(WatchOfGoodSets, SaysNothingOfPicturesWithoutDots) {
+  WatchedScene scene;
+  scene.spoilSeen = [](PairObservation& seen, std::size_t) { seen = {}; };
+  EXPECT_THAT(scene.codes(), IsEmpty());
+}
+
+TEST(WatchOfGoodSets, SaysNothingOfATurnedCamera) {
+  // Toe-in makes distances wrong, too, but it is no wrong length.
+  WatchedScene scene;
+  scene.scene.rig = scene::misaligned(scene.scene.given, {.rotation_y = 0.3});
+  EXPECT_THAT(scene.codes(), IsEmpty());
+}
+
+TEST(WatchOfPairs, TellsWhatHoldsForAllOnce) {
+  WatchedScene scene;
+  scene.fills = {0.92, 0.8, 0.72};
+  scene.scene.optics.paper = 290.0;
+  const polarline::Warning one = onlyOne(scene);
+  EXPECT_EQ(one.pair, -1);
+  EXPECT_THAT(one.text, HasSubstr("in both pictures of all 3 pairs"));
+}
+
+}  // namespace
+}  // namespace diagnose
