@@ -103,6 +103,27 @@ void writeUncertainty(JsonText& json, const std::vector<FigureUncertainty>& figu
   json.end();
 }
 
+void writePictureQuality(JsonText& json, const char* name, const PictureQuality& quality) {
+  json.key(name).object().member("dots", quality.dots).member("full_scale", quality.full_scale);
+  json.member("dot", quality.dot).member("ground", quality.ground).member("contrast", quality.contrast);
+  json.member("noise", quality.noise).member("saturated", quality.saturated);
+  json.member("dot_radius", quality.dot_radius).member("edge_width", quality.edge_width);
+  json.member("edge_width_along", quality.edge_width_along).member("edge_width_across", quality.edge_width_across);
+  json.member("blur_direction", quality.blur_direction).member("board_share", quality.board_share).end();
+}
+
+void writeQuality(JsonText& json, const PairCheck& pair) {
+  json.key("quality");
+  if (!pair.quality) {
+    json.null();
+    return;
+  }
+  json.object();
+  writePictureQuality(json, "left", pair.quality->left);
+  writePictureQuality(json, "right", pair.quality->right);
+  json.member("coverage", pair.quality->coverage).end();
+}
+
 void writePair(JsonText& json, const PairCheck& pair) {
   json.object().member("index", pair.index).member("left", pair.left).member("right", pair.right);
   json.member("state", pair.finished ? "finished" : "given up");
@@ -115,6 +136,7 @@ void writePair(JsonText& json, const PairCheck& pair) {
   json.end();
   writeUncertainty(json, pair.uncertainty);
   json.key("found").object().member("left", pair.found_left).member("right", pair.found_right).end();
+  writeQuality(json, pair);
   json.key("points").object();
   writeLists(json, pair.points);
   json.end();

@@ -5,6 +5,7 @@
 #include "check/explain/FigureEntries.h"
 #include "check/explain/Tables.h"
 #include "check/init/Warnings.h"
+#include "diagnose/warnings/Codes.h"
 #include "polarline/explain.h"
 
 namespace polarline {
@@ -24,7 +25,8 @@ std::vector<Explanation> all() {
     for (const Entry& each : part) list.push_back({each.code, each.name, each.meaning, each.advice, {}});
   }
   for (std::vector<Explanation>& part :
-       std::vector{warningsOf(calibrations::warningCodes()), warningsOf(init::warningCodes()), figureExplanations()}) {
+       std::vector{warningsOf(diagnose::warningCodes()), warningsOf(calibrations::warningCodes()),
+                   warningsOf(init::warningCodes()), figureExplanations()}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

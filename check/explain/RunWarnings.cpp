@@ -57,14 +57,10 @@ constexpr auto kEntries = std::to_array<Entry>({
      "Move the board nearer, or take a board with fewer and larger dots."},
     {"dots_too_large", "dots_too_large", "The dots are larger in the picture than the detector takes.",
      "Move the board away, or take a board with smaller dots."},
-    {"strange_ids", "strange_ids", "Dots were numbered that the board does not have.",
-     "Keep the board's surround free of specks, and compare the board's description with the board."},
     {"mirrored_board", "mirrored_board", "The dots are numbered the other way round than the board's.",
      "Take the picture as the camera sees it, or print the board as it was drawn: one of them is mirrored."},
     {"marker_span", "marker_span", "The markers span another number of columns or rows than the target says.",
      "Correct inner_width and inner_height of the target: until then all numbers are shifted."},
-    {"too_few_dots", "too_few_dots", "Many of the board's dots were not numbered.",
-     "Bring the whole board into view, with even light and without reflections."},
 });
 
 }  // namespace

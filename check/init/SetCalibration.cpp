@@ -12,6 +12,7 @@
 #include "PolarLinePrecision/Status.h"
 #include "calibrations/Sanity.h"
 #include "check/init/Warnings.h"
+#include "diagnose/warnings/Thresholds.h"
 #include "input/MultiCalibrationLoader.h"
 #include "platform/Console.h"
 #include "polarline/errors.h"
@@ -29,8 +30,6 @@ constexpr int kPolynomial = 3;
 /// The lens models of a binary file.
 constexpr int kBrownCode = 1;
 constexpr int kFisheyeCode = 2;
-/// A principal point further from the middle than this share of the side is told.
-constexpr double kFarFromMiddle = 0.18;
 
 std::string contentOf(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
@@ -157,7 +156,7 @@ std::vector<polarline::Warning> checkSize(const SetCalibration& set, Size pictur
   requireInside(calibration.left, picture, "left");
   requireInside(calibration.right, picture, "right");
   const double off = std::max(offMiddle(calibration.left, picture), offMiddle(calibration.right, picture));
-  if (off <= kFarFromMiddle) return {};
+  if (off <= diagnose::thresholds::kOffMiddle) return {};
   return {warning("principal_point",
                   fmt::format("The middle of a lens lies {:.0f} % of a side from the middle of the pictures ({}x{})",
                               100 * off, picture.width, picture.height))};

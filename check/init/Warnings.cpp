@@ -1,5 +1,9 @@
 #include "check/init/Warnings.h"
 
+#include <algorithm>
+
+#include "diagnose/warnings/Codes.h"
+
 namespace init {
 
 const warnings::Table& warningCodes() {
@@ -15,13 +19,6 @@ const warnings::Table& warningCodes() {
        "Keep the pictures where they are, or use --copy."},
       {"residuals_off", "Pictures with more than one channel end the step of the residuals, so it is switched off.",
        "Store the pictures grey, then set triangulate_residual_switch to 1."},
-      {"principal_point", "The middle of the lens lies far from the middle of the pictures.",
-       "Look whether the calibration was made for pictures of this size."},
-      {"sides_exchanged", "The pictures show the right camera on the other side of the left one than the calibration.",
-       "Exchange --left and --right, or say --swap if the calibration has the cameras the wrong way round."},
-      {"fisheye_raw_pair",
-       "Residuals, distances and board check of the raw pair take the coefficients of a fisheye for Brown's.",
-       "Judge such a pair by its row differences and by the point cloud."},
       {"unequal_steps",
        "The board's rows and columns have different steps; the spacing of the point cloud knows one only.",
        "Set allpoints_calc_switch to 1 to have it all the same."},
@@ -36,14 +33,14 @@ const warnings::Table& warningCodes() {
        "Go further away, or use a board with smaller dots."},
       {"corner_points", "The four chosen points were moved inward, or are not all seen.",
        "A pair that does not show all four is given up: choose TriPoint and PolPoint ids that every pair shows."},
-      {"baseline_unit", "The pictures show another distance of the cameras than the calibration says.",
-       "Look at the units of board and calibration: --scale tells board units in a unit of the calibration."},
   };
   return codes;
 }
 
 polarline::Warning warning(const std::string& code, const std::string& text, int pair) {
-  return warnings::make(warningCodes(), code, text, pair);
+  const bool is_own =
+      std::ranges::any_of(warningCodes(), [&](const warnings::Code& each) { return each.code == code; });
+  return is_own ? warnings::make(warningCodes(), code, text, pair) : diagnose::warning(code, text, pair);
 }
 
 }  // namespace init

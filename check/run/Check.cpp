@@ -20,6 +20,7 @@
 #include "check/judge/SignedLimits.h"
 #include "check/refined/PairRefiner.h"
 #include "check/run/Correcting.h"
+#include "check/run/InputWatch.h"
 #include "check/run/Inputs.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PictureWarnings.h"
@@ -104,6 +105,7 @@ class SetCheck final : public RunObserver {
   std::size_t first_pair_ = 0;
   std::unique_ptr<ListedPictures> pictures_;
   PictureWarnings picture_warnings_;
+  InputWatch watch_;
   PairReading reading_;
   std::unique_ptr<PairRefiner> refiner_;
   SeenPairs seen_;
@@ -160,6 +162,8 @@ void SetCheck::choosePairs() {
   }
   pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_);
   picture_warnings_.begin(config_, calib_);
+  watch_.begin(config_, check_.board, board_, set_.rectified.empty() ? calib_ : pinholesOf(rectified_),
+               !set_.rectified.empty());
 }
 
 void SetCheck::chooseRefiner() {
@@ -198,6 +202,7 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
   if (finished && options_.diagnose) seen_.add(pair.index, evaluator);
   rows_.add(pair);
   pair.uncertainty = uncertaintyOf(pair, evaluator);
+  pair.quality = watch_.look(pair, pictures_->lastPictures(), evaluator.seen);
   pictures_->letGo();
   check_.pairs.push_back(std::move(pair));
   if (options_.on_pair) options_.on_pair(check_.pairs.back(), pictures_->pairs());
@@ -282,6 +287,8 @@ void SetCheck::addPictures() {
   check_.inputs.insert(check_.inputs.end(), pictures.begin(), pictures.end());
   check_.id = fingerprint(check_.inputs);
   check_.warnings.insert(check_.warnings.end(), picture_warnings_.warnings.begin(), picture_warnings_.warnings.end());
+  const std::vector<Warning> watched = watch_.warnings(limits_);
+  check_.warnings.insert(check_.warnings.end(), watched.begin(), watched.end());
   if (!refiner_) return;
   check_.warnings.insert(check_.warnings.end(), refiner_->warnings().begin(), refiner_->warnings().end());
 }

@@ -3,8 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "check/explain/WarningOf.h"
+#include "diagnose/warnings/Thresholds.h"
 
 namespace polarline {
 namespace {
@@ -49,12 +51,25 @@ void PictureWarnings::lookAtPrincipalPoints(int index, const ListedPair& pair, c
   for (const std::size_t side : {0U, 1U}) {
     const cv::Size& size = sizes.at(side);
     const cv::Point2d& point = principal_.at(side);
-    if (point.x >= 0.0 && point.y >= 0.0 && point.x < size.width && point.y < size.height) continue;
+    if (point.x >= 0.0 && point.y >= 0.0 && point.x < size.width && point.y < size.height) {
+      lookAtMiddle(index, side, pair, size);
+      continue;
+    }
     return warn("principal_point_outside", index,
                 fmt::format("{} is {} pixels; the calibration's principal point (Cx, Cy) is {}, {}",
                             side == 0 ? pair.left : pair.right, shown(size), static_cast<float>(point.x),
                             static_cast<float>(point.y)));
   }
+}
+
+void PictureWarnings::lookAtMiddle(int index, std::size_t side, const ListedPair& pair, const cv::Size& size) {
+  if (!calibrated_.at(side).empty()) return;  // The calibration tells its size itself.
+  const cv::Point2d& point = principal_.at(side);
+  const double off = std::max(std::abs(point.x / size.width - 0.5), std::abs(point.y / size.height - 0.5));
+  if (off <= diagnose::thresholds::kOffMiddle) return;
+  warn("principal_point", index,
+       fmt::format("{} is {} pixels; the middle of the lens (Cx, Cy) lies {:.0f} % of a side from its middle",
+                   side == 0 ? pair.left : pair.right, shown(size), 100.0 * off));
 }
 
 void PictureWarnings::lookAtSizes(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes) {

@@ -31,6 +31,7 @@ class PictureWarnings {
  private:
   void lookAtSizes(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes);
   void lookAtPrincipalPoints(int index, const ListedPair& pair, const std::array<cv::Size, 2>& sizes);
+  void lookAtMiddle(int index, std::size_t side, const ListedPair& pair, const cv::Size& size);
   void warn(const std::string& code, int index, const std::string& text);
 
   bool takes_grey_only_ = false;

@@ -13,6 +13,7 @@
 #include "polarline/api.h"
 #include "polarline/diagnose.h"
 #include "polarline/exit_code.h"
+#include "polarline/quality.h"
 #include "polarline/refine.h"
 #include "polarline/set.h"
 #include "polarline/uncertainty.h"
@@ -85,6 +86,7 @@ struct PairCheck {
   PairPoints points;
   std::optional<RefinedPair> refined;          ///< Only of a check that refines.
   std::vector<FigureUncertainty> uncertainty;  ///< Of the figures that are means or root mean squares.
+  std::optional<PairQuality> quality;          ///< Of the pictures; none where they could not be looked at.
 
   /// None for a name that is no figure.
   POLARLINE_API const Figure* figure(const std::string& name) const;

@@ -32,6 +32,10 @@ PairCheck fullPair() {
     figure.is_carried = name == "tri_rms";
   }
   pair.uncertainty = {{"dy_means", 0.25, 0.0, std::numeric_limits<double>::infinity()}};
+  pair.quality.emplace();
+  pair.quality->left.contrast = 0.5;
+  pair.quality->left.dots = 60;
+  pair.quality->coverage = 0.25;
   pair.points.id = {3, 7};
   pair.points.left_x = {0.1F, std::numeric_limits<float>::quiet_NaN()};
   return pair;
@@ -75,6 +79,10 @@ TEST(CheckDocumentSchema, TakesAFullCheck) {
   EXPECT_EQ(document["limits"][1]["value"], nullptr);
   EXPECT_EQ(document["cameras"]["extrinsics"]["tz"], 6.0);
   EXPECT_EQ(document["settings"]["Cal_ID_DIS"], Json::parse("[[1, 2]]"));
+  EXPECT_EQ(document["pairs"][0]["quality"]["left"]["contrast"], 0.5);
+  EXPECT_EQ(document["pairs"][0]["quality"]["left"]["dots"], 60);
+  EXPECT_EQ(document["pairs"][0]["quality"]["right"]["edge_width"], nullptr);
+  EXPECT_EQ(document["pairs"][0]["quality"]["coverage"], 0.25);
   EXPECT_FALSE(document["warnings"][0].contains("pair"));
   EXPECT_EQ(document["warnings"][1]["pair"], 4);
 }

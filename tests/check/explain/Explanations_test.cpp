@@ -1,3 +1,4 @@
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,6 +8,10 @@
 
 #include "Tallowfen/src/trace/DetectionTrace.h"
 #include "calibrations/Warnings.h"
+#include "check/explain/Tables.h"
+#include "check/init/Warnings.h"
+#include "diagnose/warnings/Codes.h"
+#include "diagnose/warnings/Thresholds.h"
 #include "polar/results/PairStatus.h"
 #include "polarline/check.h"
 #include "polarline/explain.h"
@@ -36,11 +41,68 @@ TEST(ExplanationsKnow, EveryWarning) {
   for (const char* code : {"unknown_key", "no_board_truth", "board_truth_short", "picture_size", "colour_pictures",
                            "bad_value", "bad_line", "principal_point_outside", "pairs_given_up"})
     EXPECT_TRUE(explain(code)) << code;
-  for (const warnings::Code& each : calibrations::warningCodes()) {
-    const auto explained = explain(each.code);
-    ASSERT_TRUE(explained) << each.code;
-    EXPECT_EQ(explained->meaning, each.meaning);
-    EXPECT_EQ(explained->advice, each.advice);
+  for (const warnings::Table* table :
+       {&calibrations::warningCodes(), &diagnose::warningCodes(), &init::warningCodes()}) {
+    for (const warnings::Code& each : *table) {
+      const auto explained = explain(each.code);
+      ASSERT_TRUE(explained) << each.code;
+      EXPECT_EQ(explained->meaning, each.meaning);
+      EXPECT_EQ(explained->advice, each.advice);
+    }
+  }
+}
+
+TEST(ExplanationsPage, TellsEveryWarningInTheSameWords) {
+  const std::string page = TempFolder::contentOf(FORMATS_FOLDER "/../warnings.md");
+  const auto hasRow = [&](const std::string& code, const std::string& meaning, const std::string& advice) {
+    const std::string row = "| `" + code + "` | " + meaning + " | " + advice + " |";
+    EXPECT_NE(page.find(row), std::string::npos) << row;
+  };
+  for (const Entry& each : warningEntries()) hasRow(each.code, each.meaning, each.advice);
+  for (const warnings::Table* table :
+       {&calibrations::warningCodes(), &diagnose::warningCodes(), &init::warningCodes()}) {
+    for (const warnings::Code& each : *table) hasRow(each.code, each.meaning, each.advice);
+  }
+}
+
+TEST(ExplanationsPage, TellsFromWhereOnACheckWarns) {
+  namespace t = diagnose::thresholds;
+  const std::string page = TempFolder::contentOf(FORMATS_FOLDER "/../warnings.md");
+  const auto percent = [](double share) { return fmt::format("{:g} %", 100.0 * share); };
+  for (const auto& [code, words] : std::vector<std::pair<std::string, std::string>>{
+           {"saturated", percent(t::kSaturated)},
+           {"too_dark", percent(t::kDark)},
+           {"low_contrast", percent(t::kContrast)},
+           {"low_contrast", fmt::format("{:g} times the noise", t::kContrastInNoise)},
+           {"blurred", fmt::format("{:g} pixels", t::kEdgeWidth)},
+           {"motion_blur", fmt::format("{:g} times", t::kMotionRatio)},
+           {"motion_blur", fmt::format("{:g} pixels", t::kMotionSmear)},
+           {"board_small", percent(t::kBoardShare)},
+           {"low_coverage", percent(t::kCoverage)},
+           {"low_coverage", fmt::format("{} pairs", t::kCoveragePairs)},
+           {"too_few_dots", percent(t::kFoundShare)},
+           {"board_mismatch", percent(t::kFittingShare)},
+           {"calibration_mismatch", fmt::format("{:g} pixels", t::kMisfit)},
+           {"calibration_mismatch", percent(t::kMisfitOfWidth)},
+           {"ghost_dots", fmt::format("{:g} pixels", t::kGhostPixels)},
+           {"ghost_dots", percent(t::kGhostOfPitch)},
+           {"ghost_dots", fmt::format("{:g} times", t::kGhostSpreads)},
+           {"principal_point", percent(t::kOffMiddle)},
+           {"baseline_unit", fmt::format("{:g} times", t::kSameLength)},
+           {"scale_wrong", percent(t::kScale)},
+           {"scale_wrong", fmt::format("{:g} standard errors", t::kScaleSure)},
+           {"one_distance", fmt::format("{} pairs", t::kLeastPairs)},
+           {"one_distance", percent(t::kSameDistance)},
+           {"pair_stands_out", fmt::format("{} pairs", t::kLeastPairs)},
+           {"pair_stands_out", fmt::format("{:g} times", t::kStandsOutTimes)},
+           {"pair_stands_out", fmt::format("{:g} spreads", t::kStandsOutSpreads)},
+           {"noise_floor", fmt::format("{:g} pixels", t::kRowNoise)},
+           {"noise_floor", fmt::format("{:g} times", t::kNoiseShare)},
+           {"fisheye_raw_pair", percent(t::kFisheyeOffset)}}) {
+    const std::size_t row = page.find("\n| `" + code + "` |");  // The first table is that of the thresholds.
+    ASSERT_NE(row, std::string::npos) << code;
+    EXPECT_NE(page.substr(row + 1, page.find('\n', row + 1) - row).find(words), std::string::npos)
+        << code << ": " << words;
   }
 }
 

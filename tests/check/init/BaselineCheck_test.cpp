@@ -41,10 +41,9 @@ TEST_F(BaselineCheck, MetresForMillimetresAreTold) {
       init::judgeBaseline(calibration_, polarline::parseBoard("dots:9x7:20:inner=5x5"), left_, right_);
   ASSERT_EQ(warnings.size(), 1U);
   EXPECT_EQ(warnings[0].code, "baseline_unit");
-  EXPECT_EQ(
-      warnings[0].text,
-      "The calibration puts the cameras 0.06 apart, but the first pair shows them about 60 board units apart, 1e+03 "
-      "times as far");
+  EXPECT_EQ(warnings[0].text,
+            "The calibration puts the cameras 0.06 apart, but the pictures show them about 60 board units apart, 1e+03 "
+            "times as far");
 }
 
 TEST_F(BaselineCheck, ABaselineOfNothingIsTold) {

@@ -25,4 +25,6 @@ TEST(Warnings, AWarningHasTheAdviceOfItsCode) {
   EXPECT_THROW(init::warning("no_such_code", ""), std::out_of_range);
 }
 
+TEST(Warnings, MayBeThoseOfACheckToo) { EXPECT_FALSE(init::warning("sides_exchanged", "text", 0).advice.empty()); }
+
 }  // namespace

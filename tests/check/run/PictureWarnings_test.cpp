@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace polarline {
 namespace {
 
@@ -93,7 +95,7 @@ TEST_F(PictureWarningsOf, APrincipalPointInThePicturesIsNone) {
     centredAt(x, y);
     warnings.begin(config, calib);
     warnings.look(0, kPair, kLarge, false);
-    EXPECT_TRUE(warnings.warnings.empty()) << x;
+    EXPECT_EQ(std::ranges::count(warnings.warnings, "principal_point_outside", &Warning::code), 0) << x;
   }
 }
 
@@ -114,6 +116,24 @@ TEST_F(PictureWarningsOf, APrincipalPointOutsideIsTold) {
   warnings.look(0, kPair, kLarge, false);
   EXPECT_EQ(warnings.warnings[0].text,
             "l.png is 640 x 480 pixels; the calibration's principal point (Cx, Cy) is 647.5, 395");
+}
+
+TEST_F(PictureWarningsOf, APrincipalPointFarFromTheMiddleIsTold) {
+  centredAt(160.0, 240.0);
+  warnings.begin(config, calib);
+  warnings.look(0, kPair, kLarge, false);
+  ASSERT_EQ(warnings.warnings.size(), 1U);
+  EXPECT_EQ(warnings.warnings[0].code, "principal_point");
+  EXPECT_EQ(warnings.warnings[0].text,
+            "l.png is 640 x 480 pixels; the middle of the lens (Cx, Cy) lies 25 % of a side from its middle");
+}
+
+TEST_F(PictureWarningsOf, APrincipalPointFarFromTheMiddleIsNotToldWhereTheCalibrationKnowsItsSize) {
+  centredAt(150.0, 190.0);
+  calibratedAt(640, 480);
+  warnings.begin(config, calib);
+  warnings.look(0, kPair, kLarge, false);
+  EXPECT_TRUE(warnings.warnings.empty());
 }
 
 }  // namespace
