@@ -106,6 +106,7 @@ bool looksLikeMetres(const Calibration& calibration, const ImportOptions& option
 
 std::vector<std::string> calibrationFormats() {
   std::vector<std::string> names;
+  names.reserve(calibrations::kFormats.size());
   for (const calibrations::Format& format : calibrations::kFormats) names.emplace_back(format.name);
   return names;
 }

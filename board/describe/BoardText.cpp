@@ -139,6 +139,7 @@ BoardDescription parseBoard(const std::string& text) {
 
 std::vector<std::string> boardKinds() {
   std::vector<std::string> names;
+  names.reserve(boards::kKindNames.size());
   for (const boards::KindName& each : boards::kKindNames) names.emplace_back(each.name);
   return names;
 }

@@ -15,6 +15,7 @@ namespace {
 template <typename Codes>
 std::vector<Explanation> warningsOf(const Codes& codes) {
   std::vector<Explanation> list;
+  list.reserve(codes.size());
   for (const auto& each : codes) list.push_back({each.code, each.code, each.meaning, each.advice, {}});
   return list;
 }
