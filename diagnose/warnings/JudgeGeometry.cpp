@@ -58,7 +58,7 @@ std::string textOf(const SideLook& side, const Explained& explained) {
                        : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
                                      100.0 * side.place->on_grid);
   if (explained.text.empty()) return text;
-  return fmt::format("{}; it would to {:.2g} pixels, {}",
+  return fmt::format("{}; it would meet them to {:.2g} pixels, {}",
                      numbersFit(side) ? text : "The board through the lens does not meet the dots", explained.rms,
                      explained.text);
 }
