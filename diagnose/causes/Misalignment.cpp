@@ -1,5 +1,8 @@
 #include "diagnose/causes/Misalignment.h"
 
+#include <algorithm>
+#include <array>
+
 #include "camera/CalibratedPair.h"
 #include "diagnose/causes/RowFrames.h"
 
@@ -41,11 +44,9 @@ void moveRight(StereoCalibParams& calib, const CalibratedPair& cameras, const Mi
 }
 
 bool movesTheCamera(const Misalignment& m) {
-  for (const CauseKind kind : {CauseKind::kRotationX, CauseKind::kRotationY, CauseKind::kRotationZ,
-                               CauseKind::kBaselineY, CauseKind::kBaselineZ}) {
-    if (at(m, kind) != 0.0) return true;
-  }
-  return false;
+  constexpr std::array kMoves{CauseKind::kRotationX, CauseKind::kRotationY, CauseKind::kRotationZ,
+                              CauseKind::kBaselineY, CauseKind::kBaselineZ};
+  return std::ranges::any_of(kMoves, [&m](CauseKind kind) { return at(m, kind) != 0.0; });
 }
 
 }  // namespace
