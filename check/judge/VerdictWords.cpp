@@ -81,9 +81,9 @@ std::string worstPairText(const Check& check) {
   if (summary == nullptr) return {};
   const std::string mean = summary->count == 1 ? ""
                                                : fmt::format("; mean over {} pairs {} {}", summary->count,
-                                                             figureText(summary->mean), summary->unit);
-  return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, summary->name, farthestText(*summary),
-                     summary->unit, mean);
+                                                             withError(summary->mean, summary->sd_mean), summary->unit);
+  const std::string worst = withError(farthest(*summary), errorOf(check, summary->worst_pair, summary->name));
+  return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, summary->name, worst, summary->unit, mean);
 }
 
 std::string refinedPairText(const Check& check) {
