@@ -13,7 +13,7 @@ namespace {
 
 using polarline::DotState;
 
-constexpr std::size_t kSampled = 100;
+constexpr std::size_t kSampled = 50;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
 constexpr double kSmallest = 1.2;    ///< Radius, pixels.

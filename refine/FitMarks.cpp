@@ -12,7 +12,7 @@ namespace {
 using polarline::DotState;
 
 /// Marks that tell noise, light and blur of the picture.
-constexpr std::size_t kSampled = 60;
+constexpr std::size_t kSampled = 40;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
@@ -38,7 +38,8 @@ class Sorted {
   }
 
   /// Marks whose edges come near to those of the k-th.
-  void neighboursOf(std::size_t k, std::vector<Neighbour>& result) const {
+  /// Their blur is the picture's where it is known.
+  void neighboursOf(std::size_t k, double blur, std::vector<Neighbour>& result) const {
     result.clear();
     const Outline& own = dots_[k].bestOutline();
     const double room = kNear * softest_ + 2.0;
@@ -51,7 +52,7 @@ class Sorted {
       const Outline& outline = other.bestOutline();
       if (std::abs(outline.centre.y - own.centre.y) > farthest) continue;
       const double gap = edgePlace(own, outline.centre.x, outline.centre.y).outside();
-      if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room) result.push_back({outline, other.blur});
+      if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room) result.push_back({outline, blur > 0.0 ? blur : other.blur});
     }
   }
 
@@ -186,7 +187,7 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
   for (const std::size_t k : which) {
     DotWork& dot = dots[k];
     if (!dot.outline) continue;
-    sorted.neighboursOf(k, neighbours);
+    sorted.neighboursOf(k, known.blur, neighbours);
     const EdgeModel model = modelOf(dot, known);
     dot.state = stateOf(collectEdgePixels(picture, model, neighbours, work.table));
     if (!dot.refined()) continue;

@@ -13,7 +13,8 @@ constexpr int kSteps = 12;
 /// Pixels. The method's error falls to some hundredths with each step, so that what is left is below a ten-thousandth.
 constexpr double kSettled = 0.003;
 constexpr double kLongestStep = 0.5;  ///< Pixels.
-constexpr double kNearby = 0.1;       ///< Pixels; the sampling of the pixels tells from here on.
+constexpr double kNearby = 0.03;      ///< Pixels; the sampling of the pixels tells from here on,
+constexpr double kAsSampled = 0.004;  ///< and changes when the centre has moved by more than this.
 constexpr double kSharpest = 0.2;     ///< Pixels; a pixel's own width blurs by 0.29.
 constexpr double kSoftest = 8.0;
 constexpr float kTukey = 6.0F;  ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
@@ -59,8 +60,9 @@ NoiseLevel noiseOfResiduals(const EdgeModel& model, EdgeFitting& work) {
   return noise;
 }
 
-/// Evaluates the model: residuals and their weights. The noise that they were weighted with.
-NoiseLevel weigh(const EdgeModel& model, EdgeFitting& work) {
+/// Evaluates the model: residuals and their weights, for a `first` guess with room for what it is off by. The noise
+/// that they were weighted with.
+NoiseLevel weigh(const EdgeModel& model, bool first, EdgeFitting& work) {
   EdgeTable& table = work.table;
   table.evaluate(model);
   const Eigen::Index n = table.size();
@@ -70,7 +72,8 @@ NoiseLevel weigh(const EdgeModel& model, EdgeFitting& work) {
     work.weighted.resize(2 * n, Eigen::NoChange);
   }
   work.residuals.head(n) = table.grey() - table.modelGrey();
-  const NoiseLevel noise = work.noise ? *work.noise : noiseOfResiduals(model, work);
+  NoiseLevel noise = work.noise && !first ? *work.noise : noiseOfResiduals(model, work);
+  if (work.noise && first) noise.base = std::max(noise.base, work.noise->variance(model.paper));
   const auto base = static_cast<float>(noise.base), slope = static_cast<float>(noise.slope);
   const auto least = static_cast<float>(noise.least);
   const auto r = work.residuals.head(n);
@@ -141,21 +144,22 @@ std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work) {
   const auto unknowns = static_cast<Eigen::Index>(start.unknowns());
   if (work.table.size() < 2 * unknowns) return std::nullopt;
   if (start.paper == start.ink && !guessGreys(fit.model, work.table)) return std::nullopt;
-  bool sampled = false;
+  std::optional<cv::Point2d> sampled;
   for (int step = 0; step < kSteps; ++step) {
-    const NoiseLevel noise = weigh(fit.model, work);
+    const NoiseLevel noise = weigh(fit.model, step == 0, work);
     const NormalEquations equations = normalEquations(unknowns, work);
     const Eigen::LDLT<Normal, Eigen::Lower> solver(equations.normal);
     if (solver.info() != Eigen::Success || !solver.isPositive()) return std::nullopt;
     const std::optional<double> length = stepped(fit.model, solver.solve(equations.right));
     if (!length) return std::nullopt;
-    if (work.blur == BlurOrigin::kFilter && !sampled && *length < kNearby) {
+    if (work.blur == BlurOrigin::kFilter && *length < kNearby && step + 2 < kSteps &&
+        !(sampled && cv::norm(*sampled - fit.model.outline.centre) < kAsSampled)) {
       work.table.evaluate(fit.model);
       takeOffSampling(fit.model, work.table, work.sampling);
-      sampled = true;
+      sampled = fit.model.outline.centre;
       continue;
     }
-    if (*length > kSettled && step + 1 < kSteps) continue;
+    if ((step == 0 || *length > kSettled) && step + 1 < kSteps) continue;  // The first step's weights are a guess.
     using Unit = Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2>;
     const Unit inverse = solver.solve(Unit::Identity(unknowns, 2));
     fit.covariance = {inverse(0, 0), inverse(0, 1), inverse(1, 0), inverse(1, 1)};

@@ -51,6 +51,25 @@ TrueDot trueDot(const Sight& sight, const scene::Mark& mark) {
   return dot;
 }
 
+/// The picture of a lens that blurs before the pixels see it: rendered finer, blurred, and binned. The renderer's own
+/// blurs what the pixels have sampled.
+cv::Mat opticalPicture(const Sight& sight, std::uint64_t seed) {
+  constexpr int kFine = 4;
+  const scene::Optics& optics = sight.scene.optics;
+  scene::Camera fine = sight.camera;
+  fine.width *= kFine;
+  fine.height *= kFine;
+  fine.fx *= kFine;
+  fine.fy *= kFine;
+  fine.cx = (fine.cx + 0.5) * kFine - 0.5;
+  fine.cy = (fine.cy + 0.5) * kFine - 0.5;
+  const cv::Mat sharp = scene::renderIrradiance(fine, sight.scene.board, sight.camera_from_board, optics);
+  cv::Mat binned;
+  cv::resize(scene::blurred(sharp, optics.blur_sigma * kFine), binned, {sight.camera.width, sight.camera.height}, 0, 0,
+             cv::INTER_AREA);
+  return scene::digitised(scene::illuminated(binned, optics), optics, seed);
+}
+
 cv::Point3d boardPoint(const scene::Board& board, int id) {
   const scene::Point3 point = scene::gridPoint(board, id % board.cols, id / board.cols);
   return {point.x, point.y, point.z};
@@ -58,35 +77,15 @@ cv::Point3d boardPoint(const scene::Board& board, int id) {
 
 }  // namespace
 
-Sight sightOf(const scene::Scene& scene, std::size_t pose, bool right) {
+Sight sightOf(const scene::Scene& scene, std::size_t pose, bool right, bool optical) {
   Sight sight;
   sight.scene = scene;
   sight.camera = right ? scene.rig.right : scene.rig.left;
   sight.camera_from_board = scene.left_from_board.at(pose);
   if (right) sight.camera_from_board = scene::rightFromBoard(scene.rig, sight.camera_from_board);
   const std::uint64_t seed = scene.seed * 1000 + 2 * pose + (right ? 1 : 0);
-  if (std::getenv("KK")) {
-    const int k = std::atoi(std::getenv("KK"));
-    scene::Camera fine = sight.camera;
-    fine.width *= k;
-    fine.height *= k;
-    fine.fx *= k;
-    fine.fy *= k;
-    fine.cx = (fine.cx + 0.5) * k - 0.5;
-    fine.cy = (fine.cy + 0.5) * k - 0.5;
-    const cv::Mat sharp = scene::renderIrradiance(fine, scene.board, sight.camera_from_board, scene.optics);
-    const cv::Mat soft = scene::blurred(sharp, scene.optics.blur_sigma * k);
-    cv::Mat binned(sight.camera.height, sight.camera.width, CV_32F);
-    for (int y = 0; y < binned.rows; ++y)
-      for (int x = 0; x < binned.cols; ++x) {
-        float sum = 0;
-        for (int j = 0; j < k; ++j)
-          for (int i = 0; i < k; ++i) sum += soft.at<float>(y * k + j, x * k + i);
-        binned.at<float>(y, x) = sum / static_cast<float>(k * k);
-      }
-    sight.picture = scene::digitised(scene::illuminated(binned, scene.optics), scene.optics, seed);
-  } else
-    sight.picture = scene::renderImage(sight.camera, scene.board, sight.camera_from_board, scene.optics, seed);
+  sight.picture = optical ? opticalPicture(sight, seed)
+                          : scene::renderImage(sight.camera, scene.board, sight.camera_from_board, scene.optics, seed);
   for (const scene::Mark& mark : scene::marksOf(scene.board)) sight.dots.push_back(trueDot(sight, mark));
   return sight;
 }

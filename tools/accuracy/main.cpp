@@ -1,63 +1,97 @@
 #include <fmt/format.h>
 
-#include <chrono>
-#include <cstdlib>
-#include <map>
+#include <CLI/CLI.hpp>
+#include <ctime>
+#include <string>
+#include <vector>
 
+#include "tools/accuracy/Rivals.h"
 #include "tools/accuracy/Statistics.h"
 #include "tools/scene/Presets.h"
 
+namespace {
+
 using namespace accuracy;
 
-int main(int argc, char** argv) {
-  const double noise = argc > 2 ? std::atof(argv[2]) : 0.8;
-  const double tilt = argc > 3 ? std::atof(argv[3]) : 0;
-  scene::PresetOptions options;
-  options.read_noise = noise;
-  auto recipe = *scene::presetRecipe(argv[1], options);
-  if (tilt != 0) recipe.poses = {scene::PoseWish{tilt, 10, 3, 0.9}};
-  if (std::getenv("SS")) recipe.optics.supersampling = std::atoi(std::getenv("SS"));
-  const scene::Scene scene = scene::sceneOf(recipe);
+struct Settings {
+  std::vector<std::string> presets;
+  double noise = 0.8;
+  double tilt = 0.0;  ///< Degrees about x; 0: as the preset has it.
+  bool optical = false;
+};
+
+/// All that was measured of a scene.
+struct Row {
   std::vector<Sight> sights;
-  std::vector<const Sight*> all;
   std::vector<RefinedPicture> pictures;
-  std::vector<std::vector<Measured>> refined, detected, ellipses;
-  double t_detect = 0, t_refine = 0;
-  for (std::size_t p = 0; p < scene.left_from_board.size(); ++p)
-    for (int s = 0; s < 2; ++s) sights.push_back(sightOf(scene, p, s == 1));
-  std::map<int, int> states;
-  for (const Sight& sight : sights) {
-    all.push_back(&sight);
-    auto t0 = std::chrono::steady_clock::now();
-    auto places = detectedPlaces(sight);
-    auto t1 = std::chrono::steady_clock::now();
-    if (places.empty() || argc > 4) places = nearTruePlaces(sight, 0.3);
-    auto t1b = std::chrono::steady_clock::now();
-    const auto picture = refineDots(sight.picture, places, calibratedCamera(sight.camera));
-    auto t2 = std::chrono::steady_clock::now();
-    t_detect += std::chrono::duration<double>(t1 - t0).count();
-    t_refine += std::chrono::duration<double>(t2 - t1b).count();
-    for (auto& d : picture.dots) {
-      ++states[static_cast<int>(d.state)];
-      const auto& t = sight.dots[size_t(d.id)];
-      double e = std::hypot(d.x - t.centre.x, d.y - t.centre.y);
-      if (std::getenv("LIST") && (d.state != polarline::DotState::kRefined || e > 5 * std::sqrt(d.xx + d.yy)))
-        fmt::print("  id {} ({},{}) state {} err {:.4f} sd {:.4f} at {:.1f} {:.1f} r {:.2f} marker {} meas {}\n", d.id,
-                   d.id % scene.board.cols, d.id / scene.board.cols, static_cast<int>(d.state), e,
-                   std::sqrt(d.xx + d.yy), d.x, d.y, t.radius, t.marker, t.measurable);
-    }
-    pictures.push_back(picture);
-    refined.push_back(refinedCentres(picture));
-    detected.push_back(placesOf(places));
-    if (picture.pose) fmt::print("pose rms {:.4f}\n", picture.pose->rms);
+  std::vector<std::vector<Measured>> refined, detected, centroid, grid;
+  double detection = 0.0, refinement = 0.0;  ///< Processor time, milliseconds a picture.
+  int places = 0;
+};
+
+double milliseconds() { return 1e3 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+void measure(Row& row, const Sight& sight) {
+  const double start = milliseconds();
+  std::vector<DotPlace> places = detectedPlaces(sight);
+  const double middle = milliseconds();
+  row.detection += middle - start;
+  row.detected.push_back(placesOf(places));
+  if (places.empty()) places = nearTruePlaces(sight, 0.3);
+  const CalibratedCamera camera = calibratedCamera(sight.camera);
+  const double begin = milliseconds();
+  row.pictures.push_back(refineDots(sight.picture, places, camera));
+  row.refinement += milliseconds() - begin;
+  row.places += static_cast<int>(places.size());
+  row.refined.push_back(refinedCentres(row.pictures.back()));
+  row.centroid.push_back(centroids(sight));
+  row.grid.push_back(circlesGrid(sight));
+}
+
+Row measured(const std::string& preset, const Settings& settings) {
+  scene::PresetOptions options;
+  options.read_noise = settings.noise;
+  auto recipe = scene::presetRecipe(preset, options).value();
+  if (settings.tilt != 0.0) recipe.poses = {scene::PoseWish{settings.tilt, 10.0, 3.0, 0.9}};
+  const scene::Scene scene = scene::sceneOf(recipe);
+  Row row;
+  for (std::size_t pose = 0; pose < scene.left_from_board.size(); ++pose) {
+    for (const bool right : {false, true}) row.sights.push_back(sightOf(scene, pose, right, settings.optical));
   }
-  const Errors r = errorsOf(all, refined), d = errorsOf(all, detected);
-  const Calibration c = calibrationOf(all, pictures);
-  fmt::print(
-      "{:20} dots {:5} rms {:.4f} worst {:.4f} mean {:+.4f} {:+.4f} xCRB {:.2f} obs/pred {:.2f} | det rms {:.4f} worst "
-      "{:.3f} | ms det {:.1f} ref {:.1f} states",
-      argv[1], r.dots, r.rms, r.worst, r.mean.x, r.mean.y, r.by_bound, c.observed_by_predicted, d.rms, d.worst,
-      1e3 * t_detect / double(all.size()), 1e3 * t_refine / double(all.size()));
-  for (auto [k, v] : states) fmt::print(" {}:{}", k, v);
-  fmt::print("\n");
+  for (const Sight& sight : row.sights) measure(row, sight);
+  return row;
+}
+
+std::string rmsText(const Errors& errors) { return errors.dots == 0 ? "-" : fmt::format("{:.4f}", errors.rms); }
+
+void print(const std::string& preset, const Row& row) {
+  std::vector<const Sight*> sights;
+  for (const Sight& sight : row.sights) sights.push_back(&sight);
+  const Errors refined = errorsOf(sights, row.refined);
+  const Calibration calibration = calibrationOf(sights, row.pictures);
+  const auto pictures = static_cast<double>(sights.size());
+  fmt::print("| {} | {} of {} | {:.4f} | {:+.4f} {:+.4f} | {:.2f} | {:.2f} | {} | {} | {} | {:.0f} | {:.0f} |\n", preset,
+             refined.dots, row.places, refined.rms, refined.mean.x, refined.mean.y, refined.by_bound,
+             calibration.observed_by_predicted, rmsText(errorsOf(sights, row.detected)),
+             rmsText(errorsOf(sights, row.centroid)), rmsText(errorsOf(sights, row.grid)), row.detection / pictures,
+             row.refinement / pictures);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Settings settings;
+  CLI::App app("How near refined centres come to the truth of rendered pictures");
+  app.add_option("presets", settings.presets, "Scenes; all that a detection numbers when left out");
+  app.add_option("--noise", settings.noise, "Greys");
+  app.add_option("--tilt", settings.tilt, "Degrees about x");
+  app.add_flag("--optical", settings.optical, "Blur before the pixels");
+  CLI11_PARSE(app, argc, argv);
+  if (settings.presets.empty())
+    settings.presets = {"ring_320", "big_320",         "ring_640",     "ring_640_big", "ring_640_bgr",
+                        "big_640",  "big_1280",        "big_1280_10bit", "big_1280_bright", "fisheye_1280",
+                        "poly_1920", "ring_mixed", "ring_big", "big_2448", "ring_default_board"};
+  fmt::print("| scene | refined | rms, px | mean x, y | by bound | observed by predicted | detected | centroid | "
+             "findCirclesGrid | detection, ms | refining, ms |\n|---|---|---|---|---|---|---|---|---|---|---|\n");
+  for (const std::string& preset : settings.presets) print(preset, measured(preset, settings));
 }

@@ -33,13 +33,14 @@ Fitted fitted(const cv::Mat& picture, const EllipsePicture& drawing, std::size_t
 
 class EdgeFitCentre : public ::testing::TestWithParam<EllipsePicture::Mark> {};
 
+/// The rounding to whole greys and the fine grid of the brute force leave some thousandths.
 TEST_P(EdgeFitCentre, IsTheTrueOneWithoutNoise) {
   EllipsePicture drawing;
   drawing.marks = {GetParam()};
   const Fitted result = fitted(drawing.digitised(0.0, 1), drawing, GetParam().hole > 0.0 ? 2 : 1, 0.0);
   ASSERT_TRUE(result.fit);
-  EXPECT_NEAR(result.fit->model.outline.centre.x, GetParam().centre.x, 0.002);
-  EXPECT_NEAR(result.fit->model.outline.centre.y, GetParam().centre.y, 0.002);
+  EXPECT_NEAR(result.fit->model.outline.centre.x, GetParam().centre.x, 0.004);
+  EXPECT_NEAR(result.fit->model.outline.centre.y, GetParam().centre.y, 0.004);
   EXPECT_NEAR(result.fit->model.paper, 200.0, 2.0);
   EXPECT_NEAR(result.fit->model.ink, 20.0, 4.0);
   EXPECT_NEAR(result.fit->model.blur, 0.757, 0.05);
