@@ -1,6 +1,7 @@
 #include "check/refined/PairRefiner.h"
 
 #include <algorithm>
+#include <future>
 #include <utility>
 
 #include "check/refined/RefinedReading.h"
@@ -48,7 +49,9 @@ RefinedPicture PairRefiner::refineSide(const cv::Mat& picture, const CentresById
 }
 
 std::array<CentresById, 2> PairRefiner::refine(const PairInput& raw, const std::array<CentresById, 2>& places) {
-  refined_ = {refineSide(raw.left_image, places[0], 0), refineSide(raw.right_image, places[1], 1)};
+  auto left = std::async(std::launch::async, [&] { return refineSide(raw.left_image, places[0], 0); });
+  refined_[1] = refineSide(raw.right_image, places[1], 1);
+  refined_[0] = left.get();
   return {centresOf(refined_[0]), centresOf(refined_[1])};
 }
 

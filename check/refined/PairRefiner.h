@@ -26,7 +26,8 @@ struct RefinerSettings {
 RefinerSettings refinerOf(const PolarConfig& config, const StereoCalibParams& calib);
 RefinerSettings refinerOf(const RectifiedParams& rectified);
 
-/// Refines the dots of each finished pair, every picture once, and keeps what came of it until the next.
+/// Refines the dots of each finished pair, every picture once and both at a time, and keeps what came of it until the
+/// next.
 class PairRefiner final : public CentreRefiner {
  public:
   /// `pictures`: where the run has its pictures from; outlives this.

@@ -32,6 +32,13 @@ inline polarline::PairCheck pair(std::size_t index, Values dy_means, Values tri_
   return pair;
 }
 
+/// The pair with the same figures from refined centres.
+inline polarline::PairCheck refined(polarline::PairCheck pair, Values dy_means, Values tri_dis) {
+  pair.refined.emplace();
+  pair.refined->figures = {figure("dy_means", std::move(dy_means)), figure("tri_dis", std::move(tri_dis), true)};
+  return pair;
+}
+
 inline polarline::PairCheck givenUp(polarline::PairCheck pair) {
   pair.finished = false;
   pair.reason = {-6, "4 dots were found in the left picture; 6 are needed", "left", "ellipses"};

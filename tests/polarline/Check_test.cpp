@@ -1,6 +1,7 @@
 #include <regex>
 
 #include "CommandTest.h"
+#include "support/FolderContents.h"
 
 namespace {
 
@@ -107,6 +108,32 @@ TEST_F(CheckCommand, ChangesNoFigureByAnyOption) {
   EXPECT_EQ(figures({"--quiet"}), wanted);
 }
 
+TEST_F(CheckCommand, RefinesBesideTheLibrarysFiguresAndFiles) {
+  const auto without = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("without")});
+  const auto detected = document();
+  const CommandRun run = check({"--refine", "--json", set.parent.file("refined.json"), "--out", set.parent.file("with"),
+                                "--limit", "refined.tri_rms<=9"});
+  EXPECT_EQ(run.exit_code, 0);
+  auto refined = document("refined.json");
+  for (auto& pair : refined["pairs"]) {
+    EXPECT_LT(pair["refined"]["figures"]["tri_rms"], pair["figures"]["tri_rms"]);
+    pair.erase("refined");
+  }
+  EXPECT_EQ(refined["pairs"], detected["pairs"]);
+  EXPECT_EQ(contentsOf(set.parent.file("with")), contentsOf(set.parent.file("without")));
+  EXPECT_TRUE(std::regex_search(run.out, std::regex(R"(0 finished +\d\.\d{4}.*\n +refined +\d\.\d{4})"))) << run.out;
+  EXPECT_THAT(run.out, HasSubstr("From refined centres: "));
+  EXPECT_THAT(run.out, HasSubstr("holds    refined.tri_rms<=9: refined.tri_rms is "));
+  EXPECT_THAT(without.out, Not(HasSubstr("refined")));
+}
+
+TEST_F(CheckCommand, RefusesALimitOnARefinedFigureThatItDoesNotMake) {
+  const CommandRun run = check({"--limit", "refined.dy_means<=9"});
+  EXPECT_EQ(run.exit_code, 2);
+  EXPECT_THAT(run.err, HasSubstr("limit 'refined.dy_means<=9'"));
+  EXPECT_THAT(run.err, HasSubstr("--refine"));
+}
+
 TEST_F(CheckCommand, RunsTheExampleOfItsHelp) {
   std::filesystem::rename(set.folder, set.parent.file("my_set"));
   options.folder = set.parent.path().string();
@@ -147,6 +174,19 @@ TEST_F(CheckCommandTerminal, KeepsItsLinesAsShortAsTheTerminalIsWide) {
     EXPECT_THAT(run.out, HasSubstr("\x1b[31m"));
     EXPECT_THAT(run.out, HasSubstr("pair 1 of 2, "));
     EXPECT_THAT(run.out, HasSubstr(" s left"));
+  }
+}
+
+TEST_F(CheckCommandTerminal, KeepsRefinedLinesAsShortAndInTheirColumns) {
+  for (const int columns : {40, 80}) {
+    options.columns = columns;
+    const CommandRun run = check({"--refine", "--limit", "refined.dis_rms<=0"});
+    EXPECT_EQ(run.exit_code, 1);
+    EXPECT_LE(longestLine(run.out), static_cast<std::size_t>(columns)) << run.out;
+    const std::string plain = std::regex_replace(run.out, std::regex("\x1b\\[[0-9;]*[mK]|\r"), "");
+    EXPECT_TRUE(std::regex_search(plain, std::regex(" 0 finished +\\d\\.\\d{4} .*\n +refined +\\d\\.\\d{4}!")))
+        << plain;
+    EXPECT_THAT(plain, HasSubstr("dis_rms"));
   }
 }
 

@@ -189,6 +189,47 @@ TEST(CheckDocumentFigures, OfSinglePrecisionHaveNoMoreDigitsThanThat) {
   EXPECT_THAT(toJson(check), ::testing::HasSubstr("\"left_x\": [0.1, null]"));
 }
 
+/// A pair whose first dot was refined in both pictures, the second in the left one only.
+PairCheck refinedPair() {
+  PairCheck pair = fullPair();
+  pair.refined.emplace();
+  pair.refined->figures = pair.figures;
+  for (Figure& figure : pair.refined->figures) {
+    figure.is_carried = false;
+    for (double& value : figure.values) value *= 0.5;
+  }
+  pair.refined->refined_left = 2;
+  pair.refined->refined_right = 1;
+  RefinedPoints& points = pair.refined->points;
+  points.id = {3, 7};
+  points.left_x = {0.25F, 0.5F};
+  points.left_sd_x = points.left_sd_y = {0.125F, 0.125F};
+  points.right_sd_x = points.right_sd_y = {0.125F, std::numeric_limits<float>::quiet_NaN()};
+  points.left_state = {DotState::kRefined, DotState::kRefined};
+  points.right_state = {DotState::kRefined, DotState::kCovered};
+  return pair;
+}
+
+TEST(CheckDocumentRefined, StandsBesideTheDetected) {
+  Check check = fullCheck();
+  check.pairs = {refinedPair()};
+  check.refined_summary = {{"dy_means", "pixels", 1, 0.05, 0.0, 0.05, 0.05, 4}};
+  const Json document = DocumentCheck::ofCheck().parsed(toJson(check));
+  const Json without = Json::parse(toJson(fullCheck()));
+  Json pair = document["pairs"][0];
+  EXPECT_EQ(pair["refined"]["figures"]["space_rms"], 0.05);
+  EXPECT_EQ(pair["refined"]["figures"].size(), pair["figures"].size());
+  EXPECT_EQ(pair["refined"]["dots"], Json::parse(R"({"left": 2, "right": 1})"));
+  EXPECT_EQ(pair["refined"]["points"]["left_x"], Json::parse("[0.25, 0.5]"));
+  EXPECT_EQ(pair["refined"]["points"]["right_sd_y"], Json::parse("[0.125, null]"));
+  EXPECT_EQ(pair["refined"]["points"]["right_state"], Json::parse(R"(["refined", "covered"])"));
+  EXPECT_EQ(pair["refined"]["problem"], "");
+  pair.erase("refined");
+  EXPECT_EQ(pair, without["pairs"][0]) << "nothing else changes";
+  EXPECT_EQ(document["summary"]["refined"]["figures"]["dy_means"]["worst_pair"], 4);
+  EXPECT_FALSE(without["summary"].contains("refined"));
+}
+
 TEST(CheckDocumentNames, OfAnyBytesAreText) {
   const Json pair = Json::parse(toJson(fullCheck()))["pairs"][0];
   EXPECT_EQ(pair["left"], "l \"1\".png");

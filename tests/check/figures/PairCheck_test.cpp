@@ -20,6 +20,15 @@ TEST(PairCheck, FindsHowCertainAFigureIs) {
   EXPECT_EQ(pair.uncertaintyOf("tri_max"), nullptr);
 }
 
+TEST(PairCheckRefined, FindsARefinedFigureByItsName) {
+  polarline::RefinedPair pair;
+  pair.figures.resize(2);
+  pair.figures[0].name = "dy_means";
+  pair.figures[1].name = "dy_max";
+  EXPECT_EQ(pair.figure("dy_max"), &pair.figures[1]);
+  EXPECT_EQ(pair.figure("tri_rms"), nullptr);
+}
+
 TEST(PairCheckFinished, CountsThePairsThatWereNotGivenUp) {
   polarline::Check check;
   check.pairs.resize(3);

@@ -68,6 +68,18 @@ TEST(SummaryOfPairs, FromFivePairsOnTheMeanHasAnInterval) {
   EXPECT_GT(summary.high95, 4.0);
 }
 
+TEST(SummaryOfRefined, CountsTheRefinedFiguresOfFinishedPairsOnly) {
+  const auto summary = refinedSummaryOf(
+      {hand_made::refined(hand_made::pair(3, {9.0}, {9.0}), {0.5}, {}), hand_made::pair(4, {9.0}, {9.0}),
+       hand_made::givenUp(hand_made::refined(hand_made::pair(5, {9.0}, {}), {8.0}, {})),
+       hand_made::refined(hand_made::pair(6, {9.0}, {9.0}), {-1.5}, {})});
+  ASSERT_EQ(summary.size(), 1U);
+  EXPECT_EQ(summary[0].name, "dy_means");
+  EXPECT_EQ(summary[0].count, 2U);
+  EXPECT_EQ(summary[0].mean, -0.5);
+  EXPECT_EQ(summary[0].worst_pair, 6U);
+}
+
 TEST(SummaryOfPairs, HasEachEntryOfAList) {
   const auto summary = summaryOf({hand_made::pair(0, {}, {1.0}), hand_made::pair(1, {}, {3.0, 5.0})});
   ASSERT_EQ(summary.size(), 2U);

@@ -89,6 +89,60 @@ TEST(JudgementOfNoNumber, IsWorseThanAnyNumber) {
   }
 }
 
+/// Detected centres are ten times as far off as refined ones; the refined evaluation of pair 2 failed.
+Check refinedCheck() {
+  Check check;
+  check.pairs = {hand_made::refined(hand_made::pair(0, {0.25}, {1.0, -3.0}), {0.025}, {0.1, -0.3}),
+                 hand_made::refined(hand_made::pair(1, {0.5}, {2.0, 0.5}), {0.05}, {0.2, 0.05})};
+  check.summary = summaryOf(check.pairs);
+  check.refined_summary = refinedSummaryOf(check.pairs);
+  return check;
+}
+
+TEST(JudgementOfRefined, SeesTheRefinedFigures) {
+  const LimitResult each = judged("refined.dy_means<=0.1", refinedCheck());
+  EXPECT_TRUE(each.holds);
+  EXPECT_EQ(each.value, 0.05);
+  EXPECT_EQ(each.pair, 1);
+  EXPECT_EQ(each.why, "refined.dy_means is 0.05 in pair 1");
+  EXPECT_FALSE(judged("dy_means<=0.1", refinedCheck()).holds);
+  EXPECT_EQ(judged("|refined.tri_dis|<=0.2", refinedCheck()).why, "refined.tri_dis[1] is -0.3 in pair 0");
+  const LimitResult summary = judged("summary.refined.dy_means.mean<=0.1", refinedCheck());
+  EXPECT_NEAR(summary.value.value(), 0.0375, 1e-15);
+  EXPECT_THAT(summary.why, ::testing::StartsWith("the mean of refined.dy_means over 2 pairs is 0.0375"));
+}
+
+TEST(JudgementOfRefined, DoesNotHoldWhereRefiningFailed) {
+  Check check = refinedCheck();
+  check.pairs.push_back(hand_made::refined(hand_made::pair(2, {0.25}, {1.0}), {}, {}));
+  EXPECT_TRUE(judged("dy_means<=1", check).holds);
+  const LimitResult failed = judged("refined.dy_means<=1", check);
+  EXPECT_FALSE(failed.holds);
+  EXPECT_EQ(failed.why, "pair 2 did not measure it");
+  check.refined_summary.reset();
+  EXPECT_EQ(judged("summary.refined.tri_dis[0].mean<=1", check).why, "no pair measured refined.tri_dis[0]");
+}
+
+TEST(JudgementOfRefined, IsRefusedWhereNothingIsRefined) {
+  EXPECT_NO_THROW(requireDetected({parseLimit("dy_means<=1")}));
+  try {
+    requireDetected({parseLimit("dy_means<=1"), parseLimit("refined.dy_max<=1")});
+    FAIL();
+  } catch (const InputError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("limit 'refined.dy_max<=1'"));
+    EXPECT_THAT(error.what(), HasSubstr("--refine"));
+  }
+}
+
+TEST(JudgementMarks, RefinedFiguresByTheirOwnLimits) {
+  PairCheck pair = hand_made::refined(hand_made::pair(0, {0.25}, {1.0}), {0.025}, {0.1});
+  mark({parseLimit("dy_means<=0.1"), parseLimit("refined.tri_dis<=0.05")}, pair);
+  EXPECT_TRUE(pair.figures[0].exceeds);
+  EXPECT_FALSE(pair.refined->figures[0].is_limited);
+  EXPECT_FALSE(pair.figures[1].is_limited);
+  EXPECT_TRUE(pair.refined->figures[1].exceeds);
+}
+
 TEST(JudgementMarks, LimitedAndExceededFigures) {
   const std::vector<Limit> limits = {parseLimit("dy_means<=0.3"), parseLimit("|tri_dis[0]|<=1.5"),
                                      parseLimit("summary.tri_dis[1].mean<=-9"), parseLimit("given_up<=0")};
@@ -137,8 +191,9 @@ TEST(JudgementFile, NamesTheLineThatDoesNotParse) {
 TEST(JudgementNames, AreFiguresAndCounts) {
   const std::vector<std::string> names = limitNames();
   EXPECT_THAT(names, ::testing::IsSupersetOf({"dy_means", "tri_rms", "space_rms", "frameValues", "dis_rms", "pairs",
-                                              "finished", "given_up"}));
+                                              "finished", "given_up", "refined.dy_means"}));
   EXPECT_THAT(names, ::testing::Not(::testing::Contains("detect_canvas")));
+  EXPECT_THAT(names, ::testing::Not(::testing::Contains("refined.pairs")));
 }
 
 /// Pair 4 is the worst, certain from 0.4 to 0.625 only; the mean of `dy_means` from 0.2 to 0.3.

@@ -48,6 +48,21 @@ INSTANTIATE_TEST_SUITE_P(
                       Form{"id_dis[90]<1", "id_dis", 90, "", false, Comparison::kLess, 1.0},
                       Form{"finished>2", "finished", -1, "", false, Comparison::kGreater, 2.0}));
 
+TEST(LimitOfRefined, BearsThePrefixBeforeTheFigure) {
+  const Limit each = parseLimit("|refined.tri_dis[2]| <= 0.25");
+  EXPECT_TRUE(each.is_refined);
+  EXPECT_EQ(each.figure, "tri_dis");
+  EXPECT_EQ(each.entry, 2U);
+  EXPECT_TRUE(each.is_absolute);
+  EXPECT_EQ(judgedName(each), "refined.tri_dis[2]");
+  const Limit summary = parseLimit("summary.refined.dy_means.mean<0.02");
+  EXPECT_TRUE(summary.is_refined);
+  EXPECT_EQ(summary.figure, "dy_means");
+  EXPECT_EQ(summary.statistic, "mean");
+  EXPECT_EQ(judgedName(summary), "refined.dy_means");
+  EXPECT_FALSE(parseLimit("dy_means<0.02").is_refined);
+}
+
 class LimitRefusal : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
 TEST_P(LimitRefusal, SaysWhatWasWanted) {
@@ -82,6 +97,12 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{"pol_dis[9]<=1", "has the entries 0-7"}, std::pair{"PoseReport[8]<=1", "has the entries 0-7"},
         std::pair{"pairs[7]<=5", "'pairs' is a count; it has no entries"},
         std::pair{"summary.pairs.mean<=1", "it has no statistics"},
+        std::pair{"refined.dy_mean<=1", "did you mean refined.dy_means"},
+        std::pair{"refined.finished<=1", "there is no figure 'refined.finished'"},
+        std::pair{"refined.summary.dy_means.mean<=1", "FIGURE OP VALUE was wanted"},
+        std::pair{"refined.<=1", "FIGURE OP VALUE was wanted"},
+        std::pair{"refined.tri_dis[8]<=1", "has the entries 0-7"},
+        std::pair{"summary.refined.tri_dis.mean<=1", "such as summary.refined.tri_dis[0].mean"},
         std::pair{"pairPoints<=1", "there is no figure 'pairPoints'"}));
 
 struct Judged {

@@ -1,0 +1,18 @@
+#include "check/refined/StateWords.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace polarline {
+namespace {
+
+TEST(StateWords, TellTheStatesApart) {
+  std::set<std::string> words = {nameOf(DotState::kRefined)};
+  for (const DotState state : kUnrefinedStates) words.insert(nameOf(state));
+  EXPECT_EQ(words, (std::set<std::string>{"refined", "clipped", "covered", "overlapped", "unclear"}));
+}
+
+}  // namespace
+}  // namespace polarline
