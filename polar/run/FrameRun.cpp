@@ -1,7 +1,6 @@
 #include <chrono>
 #include <fstream>
 #include <string>
-#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "camera/BrownCamera.h"
@@ -45,7 +44,7 @@ std::int32_t PolarCore::FrameRun(const RunArguments& arguments, const StereoCali
     return PairResult{};  // A failing frame still makes a record, a row and a report.
   };
   if (arguments.refiner != nullptr) {
-    frames = withSecondLook(std::move(frames), *arguments.refiner, evaluator, {unwarped, evaluate});
+    frames = withSecondLook(frames, *arguments.refiner, evaluator, {unwarped, evaluate});
   }
   const WalkRules rules{.counts_given_up = false, .writes_every_row = true};
   return walkPairs(*this, arguments, evaluator, summary, start, rules, frames);

@@ -191,7 +191,7 @@ std::int32_t PolarCore::ImageSetRun(const RunArguments& arguments, const StereoC
   const WalkRules rules{.counts_given_up = true, .writes_every_row = false};
   PairEvaluation evaluate = ImageSetPair(*this, evaluator, result_dir);
   if (arguments.refiner != nullptr) {
-    evaluate = withSecondLook(std::move(evaluate), *arguments.refiner, evaluator, secondSteps(*this, calib));
+    evaluate = withSecondLook(evaluate, *arguments.refiner, evaluator, secondSteps(*this, calib));
   }
   return walkPairs(*this, arguments, evaluator, summary, start, rules, evaluate);
 }

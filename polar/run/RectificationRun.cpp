@@ -1,6 +1,5 @@
 #include <chrono>
 #include <fstream>
-#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/OutputFile.h"
@@ -70,7 +69,7 @@ std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const Re
     return PairResult{PairOutcome::kGivenUp, status};
   };
   if (arguments.refiner != nullptr) {
-    pairs = withSecondLook(std::move(pairs), *arguments.refiner, evaluator, {unwarped, evaluatePair});
+    pairs = withSecondLook(pairs, *arguments.refiner, evaluator, {unwarped, evaluatePair});
   }
   return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{}, pairs);
 }

@@ -8,7 +8,6 @@
 #include <optional>
 #include <ostream>
 #include <string_view>
-#include <utility>
 
 #include "PolarLinePrecision/Status.h"
 #include "platform/Console.h"
@@ -99,8 +98,8 @@ void lookAgain(CentreRefiner& refiner, const SecondSteps& steps, const PairInput
 
 }  // namespace
 
-PairEvaluation withSecondLook(PairEvaluation first, CentreRefiner& refiner, PairEvaluator& evaluator,
-                              SecondSteps second) {
+PairEvaluation withSecondLook(const PairEvaluation& first, CentreRefiner& refiner, PairEvaluator& evaluator,
+                              const SecondSteps& second) {
   const auto measured = std::make_shared<Measured>();
   const PairEvaluator unused = evaluator;
   evaluator.on_measured = [measured, &evaluator](const MeasuredPair& pair) {

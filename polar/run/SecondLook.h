@@ -33,5 +33,5 @@ struct SecondSteps {
 /// at, in the raw and in the rectified pictures each. A refined centre comes into the rectified pictures by the lens
 /// and the virtual camera themselves, without their warped pixels. The compensation of the eccentricity stays out of
 /// it.
-PairEvaluation withSecondLook(PairEvaluation first, CentreRefiner& refiner, PairEvaluator& evaluator,
-                              SecondSteps second);
+PairEvaluation withSecondLook(const PairEvaluation& first, CentreRefiner& refiner, PairEvaluator& evaluator,
+                              const SecondSteps& second);
