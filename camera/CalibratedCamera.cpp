@@ -76,7 +76,9 @@ std::optional<cv::Point2d> CalibratedCamera::undistorted(const cv::Point2d& raw)
     ideal = next;
     error = next_error;
   }
-  if (!(sumOfErrors(error) <= kTolerance)) return std::nullopt;
+  // A lens may come back to the same place from beyond its fold or from the other side.
+  const bool is_beyond = cv::determinant(slopeAt(ideal)) <= 0.0 || ideal.dot(raw) < -kTolerance;
+  if (!(sumOfErrors(error) <= kTolerance) || is_beyond) return std::nullopt;
   return ideal;
 }
 

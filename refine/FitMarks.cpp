@@ -52,7 +52,8 @@ class Sorted {
       const Outline& outline = other.bestOutline();
       if (std::abs(outline.centre.y - own.centre.y) > farthest) continue;
       const double gap = edgePlace(own, outline.centre.x, outline.centre.y).outside();
-      if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room) result.push_back({outline, blur > 0.0 ? blur : other.blur});
+      if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room)
+        result.push_back({outline, blur > 0.0 ? blur : other.blur});
     }
   }
 

@@ -24,7 +24,7 @@ double rowsWith(const Set& set, const CheckOptions& options, const std::string& 
   again.settings = options.settings;
   again.pairs = options.pairs;
   again.go_on = options.go_on;
-  again.diagnose = false;
+  again.diagnose = again.uncertainty = false;
   MeanRow rows;
   again.on_pair = [&rows](const PairCheck& pair, std::size_t) { rows.add(pair); };
   again.keep_points = false;

@@ -215,6 +215,7 @@ struct CheckOptions {
   std::string write_corrected;  ///< Where the calibration goes with the causes taken out (.json); empty: nowhere. The
                                 ///< set is then run once more, with that calibration.
   bool diagnose = true;         ///< Look for the causes of the row differences.
+  bool uncertainty = true;      ///< Tell how certain the figures are, for which the dots are detected twice more.
   bool keep_points = true;      ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;

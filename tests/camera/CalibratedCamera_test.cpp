@@ -77,6 +77,7 @@ TEST(CalibratedCamera, HasNoInverseBeyondTheLens) {
   calib.left.intrinsics = {100, 100, 0, 0, -0.2};
   const CalibratedCamera camera(calib, 0, LensModel::kBrownFive);
   EXPECT_FALSE(camera.idealOf({90.0, 0.0}));
+  EXPECT_FALSE(camera.idealOf({95.0, 0.0}));  // The polynomial has this value at -2.6, behind its fold.
   const auto near_the_edge = camera.idealOf({85.0, 0.0});
   ASSERT_TRUE(near_the_edge);
   EXPECT_NEAR(near_the_edge->x * (1.0 - 0.2 * near_the_edge->x * near_the_edge->x), 0.85, kNearer);

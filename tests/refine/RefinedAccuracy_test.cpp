@@ -32,12 +32,12 @@ TEST_P(RefinedAccuracy, StaysWithinTheBoundsKeptInTheRepository) {
   ASSERT_TRUE(scene);
   const accuracy::Sight sight = accuracy::sightOf(*scene, 0, false);
   const std::vector<DotPlace> places = accuracy::nearTruePlaces(sight, 0.3);
-  const RefinedPicture picture =
-      refineDots(sight.picture, places, accuracy::calibratedCamera(sight.camera));
+  const RefinedPicture picture = refineDots(sight.picture, places, accuracy::calibratedCamera(sight.camera));
   const auto centres = accuracy::refinedCentres(picture);
   const accuracy::Errors errors = accuracy::errorsOf({&sight}, {centres});
   const auto calibration = accuracy::calibrationOf({&sight}, {picture});
-  EXPECT_GE(static_cast<double>(centres.size()), bound.at("refined").get<double>() * static_cast<double>(places.size()));
+  EXPECT_GE(static_cast<double>(centres.size()),
+            bound.at("refined").get<double>() * static_cast<double>(places.size()));
   EXPECT_LE(errors.rms, bound.at("rms").get<double>());
   EXPECT_LE(errors.by_bound, bound.at("by_bound").get<double>());
   EXPECT_LE(std::abs(errors.mean.x), bound.at("mean").get<double>());

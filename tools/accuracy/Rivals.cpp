@@ -96,16 +96,21 @@ std::vector<Measured> circlesGrid(const Sight& sight) {
   const double margin = 1.5 * block.front()->radius;
   const cv::Rect whole(0, 0, sight.picture.cols, sight.picture.rows);
   const cv::Rect part = cv::Rect(cv::Point(cv::Point2d(low.x - margin, low.y - margin)),
-                                 cv::Point(cv::Point2d(high.x + margin, high.y + margin))) & whole;
+                                 cv::Point(cv::Point2d(high.x + margin, high.y + margin))) &
+                        whole;
   std::vector<cv::Point2f> found;
-  const auto detector = blobDetector(CV_PI * std::pow(block.front()->radius, 2), sight.scene.optics.ink > sight.scene.optics.paper);
-  if (!cv::findCirclesGrid(eightBitGrey(sight)(part), {kGridColumns, kGridRows}, found, cv::CALIB_CB_SYMMETRIC_GRID, detector))
+  const auto detector =
+      blobDetector(CV_PI * std::pow(block.front()->radius, 2), sight.scene.optics.ink > sight.scene.optics.paper);
+  if (!cv::findCirclesGrid(eightBitGrey(sight)(part), {kGridColumns, kGridRows}, found, cv::CALIB_CB_SYMMETRIC_GRID,
+                           detector))
     return {};
   std::vector<Measured> result;
   for (const cv::Point2f& point : found) {
     const cv::Point2d centre = cv::Point2d(point) + cv::Point2d(part.tl());
     const auto nearest = std::min_element(block.begin(), block.end(), [&](const TrueDot* a, const TrueDot* b) {
-      const auto away = [&](const TrueDot* dot) { return std::hypot(dot->centre.x - centre.x, dot->centre.y - centre.y); };
+      const auto away = [&](const TrueDot* dot) {
+        return std::hypot(dot->centre.x - centre.x, dot->centre.y - centre.y);
+      };
       return away(a) < away(b);
     });
     result.push_back({(*nearest)->id, centre});

@@ -33,8 +33,8 @@ struct Sight {
   std::vector<TrueDot> dots;  ///< By id.
 };
 
-/// The left picture of a pose, or the right one. `optical`: the blur is the lens's, before the pixels, not the renderer's
-/// own behind them.
+/// The left picture of a pose, or the right one. `optical`: the blur is the lens's, before the pixels, not the
+/// renderer's own behind them.
 Sight sightOf(const scene::Scene& scene, std::size_t pose, bool right, bool optical = false);
 
 /// The camera as the library's calibration tells it.

@@ -70,8 +70,8 @@ void print(const std::string& preset, const Row& row) {
   const Errors refined = errorsOf(sights, row.refined);
   const Calibration calibration = calibrationOf(sights, row.pictures);
   const auto pictures = static_cast<double>(sights.size());
-  fmt::print("| {} | {} of {} | {:.4f} | {:+.4f} {:+.4f} | {:.2f} | {:.2f} | {} | {} | {} | {:.0f} | {:.0f} |\n", preset,
-             refined.dots, row.places, refined.rms, refined.mean.x, refined.mean.y, refined.by_bound,
+  fmt::print("| {} | {} of {} | {:.4f} | {:+.4f} {:+.4f} | {:.2f} | {:.2f} | {} | {} | {} | {:.0f} | {:.0f} |\n",
+             preset, refined.dots, row.places, refined.rms, refined.mean.x, refined.mean.y, refined.by_bound,
              calibration.observed_by_predicted, rmsText(errorsOf(sights, row.detected)),
              rmsText(errorsOf(sights, row.centroid)), rmsText(errorsOf(sights, row.grid)), row.detection / pictures,
              row.refinement / pictures);
@@ -88,10 +88,11 @@ int main(int argc, char** argv) {
   app.add_flag("--optical", settings.optical, "Blur before the pixels");
   CLI11_PARSE(app, argc, argv);
   if (settings.presets.empty())
-    settings.presets = {"ring_320", "big_320",         "ring_640",     "ring_640_big", "ring_640_bgr",
-                        "big_640",  "big_1280",        "big_1280_10bit", "big_1280_bright", "fisheye_1280",
-                        "poly_1920", "ring_mixed", "ring_big", "big_2448", "ring_default_board"};
-  fmt::print("| scene | refined | rms, px | mean x, y | by bound | observed by predicted | detected | centroid | "
-             "findCirclesGrid | detection, ms | refining, ms |\n|---|---|---|---|---|---|---|---|---|---|---|\n");
+    settings.presets = {"ring_320",  "big_320",    "ring_640",       "ring_640_big",    "ring_640_bgr",
+                        "big_640",   "big_1280",   "big_1280_10bit", "big_1280_bright", "fisheye_1280",
+                        "poly_1920", "ring_mixed", "ring_big",       "big_2448",        "ring_default_board"};
+  fmt::print(
+      "| scene | refined | rms, px | mean x, y | by bound | observed by predicted | detected | centroid | "
+      "findCirclesGrid | detection, ms | refining, ms |\n|---|---|---|---|---|---|---|---|---|---|---|\n");
   for (const std::string& preset : settings.presets) print(preset, measured(preset, settings));
 }

@@ -1,0 +1,57 @@
+#include "check/run/RunInputs.h"
+
+#include <utility>
+
+#include "check/judge/Judgement.h"
+#include "check/judge/SignedLimits.h"
+#include "check/run/Correcting.h"
+#include "check/run/Inputs.h"
+#include "check/set/Fingerprint.h"
+
+namespace polarline {
+namespace {
+
+void addHashes(const Set& set, std::vector<SetInput>& inputs) {
+  for (const auto& [role, path] : {std::pair{"polar", &set.polar},
+                                   {"target", &set.target},
+                                   {"calibration", &set.calibration},
+                                   {"list", &set.list},
+                                   {"board", &set.board},
+                                   {"limits", &set.limits},
+                                   {"rectified", &set.rectified}}) {
+    if (!path->empty()) inputs.push_back({role, *path, sha256OfFile(*path)});
+  }
+}
+
+}  // namespace
+
+RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) {
+  RunInputs inputs;
+  inputs.limits.reserve(options.limits.size());
+  for (const std::string& text : options.limits) inputs.limits.push_back(parseLimit(text));
+  inputs.set = openSet(set);
+  if (!inputs.set.limits.empty()) {
+    const std::vector<Limit> of_set = readLimits(inputs.set.limits);
+    inputs.limits.insert(inputs.limits.end(), of_set.begin(), of_set.end());
+  }
+  warnOfSigns(inputs.limits, check.warnings);
+  inputs.config = readPolar(inputs.set.polar, options.settings, check.warnings);
+  check.settings = settingsOf(inputs.config);
+  check.board = readBoard(inputs.set.target);
+  if (!inputs.set.board.empty()) inputs.board = readBoardTruth(inputs.set.board);
+  check.board.points = inputs.board.size();
+  warnOfBoardTruth(inputs.set.board, inputs.config, check.board, check.warnings);
+  if (inputs.areRectified()) {
+    inputs.rectified = readRectified(inputs.set.rectified);
+    inputs.rectified.boardPoints.assign(inputs.board.begin(), inputs.board.end());
+    check.cameras = camerasOf(inputs.rectified);
+  } else {
+    inputs.calib = readCalibration(inputs.set.calibration, check.warnings);
+    check.cameras = camerasOf(inputs.config.type, inputs.calib);
+    requireCorrectable(options.write_corrected, inputs.config.type);
+  }
+  addHashes(inputs.set, check.inputs);
+  return inputs;
+}
+
+}  // namespace polarline

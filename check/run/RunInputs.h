@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "PolarLinePrecision/BoardRecords.h"
+#include "PolarLinePrecision/CalibrationRecords.h"
+#include "check/judge/Limit.h"
+#include "input/PolarConfig.h"
+#include "input/StereoCalibParams.h"
+#include "polarline/check.h"
+
+namespace polarline {
+
+/// All that a check reads but for the pictures.
+struct RunInputs {
+  Set set;
+  std::vector<Limit> limits;  ///< Of the options, then of the set.
+  PolarConfig config;
+  StereoCalibParams calib;     ///< Of the cameras; zeros for pairs that were rectified elsewhere.
+  RectifiedParams rectified;   ///< Of such pairs.
+  BoardGroundTruth board;
+
+  bool areRectified() const { return !set.rectified.empty(); }
+};
+
+/// Reads the files of a set and fills what a check tells of them. Throws `InputError`.
+RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check);
+
+}  // namespace polarline
