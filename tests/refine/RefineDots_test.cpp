@@ -41,7 +41,8 @@ TEST(RefineDotsResult, RepeatsToTheLastBit) {
 TEST(RefineDotsCovered, KeepTheirPlaceAndSaySo) {
   const auto places = accuracy::nearTruePlaces(smallSight(), 0.3);
   cv::Mat picture = smallSight().picture.clone();
-  const cv::Rect bar(150, 0, 5, picture.rows);
+  // Through the middles of a column of dots.
+  const cv::Rect bar(static_cast<int>(places[places.size() / 2].pixel.x) - 2, 0, 5, picture.rows);
   picture(bar).setTo(120);
   const RefinedPicture result = refined(picture, places);
   int covered = 0;
@@ -60,7 +61,7 @@ TEST(RefineDotsCovered, KeepTheirPlaceAndSaySo) {
       EXPECT_LT(std::hypot(result.dots[k].x - truth.centre.x, result.dots[k].y - truth.centre.y), 0.06) << places[k].id;
     }
   }
-  EXPECT_GT(covered, 5);
+  EXPECT_GT(covered, 3);
 }
 
 TEST(RefineDotsClipped, AreThoseAtTheBorder) {
