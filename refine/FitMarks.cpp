@@ -15,10 +15,6 @@ using polarline::DotState;
 constexpr std::size_t kSampled = 40;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
-constexpr std::size_t kFewestAlike = 20;
-constexpr double kAlike = 0.03;  ///< Of the radius.
-constexpr double kSmallestRing = 0.1;
-constexpr double kOtherMark = 0.2;  ///< The same: from here on it is a big dot.
 constexpr double kCoveredShare = 0.04;
 constexpr int kFewestOutliers = 2;
 constexpr double kUnclear = 0.3;    ///< Standard deviation of the centre, pixels.
@@ -220,23 +216,6 @@ PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots
   fitMarks(picture, known, sample, dots);
   if (misfitOf(dots) >= misfit_of_lens) known.blur_origin = BlurOrigin::kLens;
   return known;
-}
-
-void judgeSizes(std::vector<DotWork>& dots) {
-  std::vector<double> radii;
-  for (const DotWork& dot : dots) {
-    if (dot.refined() && dot.slope_known && dot.edges == 1) radii.push_back(dot.boardRadius());
-  }
-  if (radii.size() < kFewestAlike) return;
-  const auto middle = radii.begin() + static_cast<std::ptrdiff_t>(radii.size() / 2);
-  std::nth_element(radii.begin(), middle, radii.end());
-  for (DotWork& dot : dots) {
-    if (!dot.refined() || !dot.slope_known) continue;
-    const double off = dot.boardRadius() / *middle - 1.0;
-    // Rings are larger than dots: a smaller one is a dot with something across it.
-    const bool wrong = dot.edges == 1 ? std::abs(off) > kAlike && std::abs(off) < kOtherMark : off < kSmallestRing;
-    if (wrong) dot.state = DotState::kCovered;
-  }
 }
 
 double misfitOf(const std::vector<DotWork>& dots) {

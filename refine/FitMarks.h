@@ -27,10 +27,6 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
 /// Noise, light and blur from fits of some of the marks, spread over the picture; these are left with their fits.
 PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots);
 
-/// Plain dots of one picture are alike: one whose outline is another by more than 3 %
-/// is `kCovered` in part, and so is a ring that is no larger than they.
-void judgeSizes(std::vector<DotWork>& dots);
-
 /// By how much the residuals on the edges exceed the noise, as a factor of the variance, at least 1: what the model of
 /// the edge misses.
 double misfitOf(const std::vector<DotWork>& dots);

@@ -125,7 +125,6 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   std::vector<std::size_t> all(dots.size());
   std::iota(all.begin(), all.end(), std::size_t{0});
   fitMarks(grey, known, all, dots);
-  judgeSizes(dots);
   // A part of what the model misses is alike on opposite sides of a dot and does not move its centre. The root is what
   // rendered pictures of all kinds bear out, not derived.
   const double misfit = std::sqrt(misfitOf(dots));
