@@ -1,5 +1,6 @@
 #include "refine/RefineDots.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -20,6 +21,10 @@ using polarline::RefinedDot;
 /// the lens deserves.
 constexpr double kLensError = 0.01;
 constexpr int kPoseRounds = 2;
+/// A centre that misses the board's image by more than both is not its dot's: something lies across it that looks like
+/// an edge. A bent board or a lens that was calibrated badly moves neighbours alike and so the median, too.
+constexpr double kFar = 0.1;           ///< Pixels.
+constexpr double kFarByMedian = 10.0;  ///< Times the median of all.
 
 /// Slopes of the picture at the dots, by a pose of the places as they are given.
 void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
@@ -70,6 +75,30 @@ void findBiases(const CalibratedCamera& camera, const BoardPose& pose, std::vect
   }
 }
 
+/// Whether any dot was found covered.
+bool coverFarDots(const CalibratedCamera& camera, const BoardPose& pose, std::vector<DotWork>& dots) {
+  std::vector<double> misses(dots.size(), 0.0);
+  std::vector<double> of_refined;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    if (!dots[k].refined() || !dots[k].place->board) continue;
+    const auto image = camera.pixelOf(pose.toCamera(*dots[k].place->board));
+    if (!image) continue;
+    misses[k] = cv::norm(dots[k].fit->model.outline.centre - dots[k].bias - *image);
+    of_refined.push_back(misses[k]);
+  }
+  if (of_refined.empty()) return false;
+  const auto middle = of_refined.begin() + static_cast<std::ptrdiff_t>(of_refined.size() / 2);
+  std::nth_element(of_refined.begin(), middle, of_refined.end());
+  const double far = std::max(kFar, kFarByMedian * *middle);
+  bool any = false;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    if (misses[k] <= far) continue;
+    dots[k].state = DotState::kCovered;
+    any = true;
+  }
+  return any;
+}
+
 RefinedDot resultOf(const DotWork& dot, double misfit) {
   constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
   RefinedDot result{dot.place->id, dot.state};
@@ -107,6 +136,7 @@ std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const 
     if (round == 0) fitMarks(picture, known, ringsOf(dots), dots);
   }
   pose = poseOf(camera, dots);
+  if (pose && coverFarDots(camera, pose->pose, dots)) pose = poseOf(camera, dots);
   if (!pose) return std::nullopt;
   return RefinedPose{pose->pose.R, pose->pose.T, pose->rms};
 }

@@ -16,8 +16,8 @@ struct RunInputs {
   Set set;
   std::vector<Limit> limits;  ///< Of the options, then of the set.
   PolarConfig config;
-  StereoCalibParams calib;     ///< Of the cameras; zeros for pairs that were rectified elsewhere.
-  RectifiedParams rectified;   ///< Of such pairs.
+  StereoCalibParams calib;    ///< Of the cameras; zeros for pairs that were rectified elsewhere.
+  RectifiedParams rectified;  ///< Of such pairs.
   BoardGroundTruth board;
 
   bool areRectified() const { return !set.rectified.empty(); }
