@@ -182,7 +182,7 @@ TEST_F(CheckCommandTerminal, KeepsRefinedLinesAsShortAndInTheirColumns) {
     options.columns = columns;
     const CommandRun run = check({"--refine", "--limit", "refined.dis_rms<=0"});
     EXPECT_EQ(run.exit_code, 1);
-    EXPECT_LE(longestLine(run.out), static_cast<std::size_t>(columns)) << run.out;
+    EXPECT_LE(run.longestLine(), static_cast<std::size_t>(columns)) << run.out;
     const std::string plain = std::regex_replace(run.out, std::regex("\x1b\\[[0-9;]*[mK]|\r"), "");
     EXPECT_TRUE(std::regex_search(plain, std::regex(" 0 finished +\\d\\.\\d{4} .*\n +refined +\\d\\.\\d{4}!")))
         << plain;
