@@ -23,6 +23,7 @@ std::vector<Explanation> warningsOf(const Codes& codes) {
 std::vector<Explanation> all() {
   std::vector<Explanation> list;
   for (const auto& part : {exitEntries(), statusEntries(), warningEntries(), stepEntries()}) {
+    list.reserve(list.size() + part.size());
     for (const Entry& each : part) list.push_back({each.code, each.name, each.meaning, each.advice, {}});
   }
   for (std::vector<Explanation>& part :
@@ -42,8 +43,10 @@ const std::vector<Explanation>& explanations() {
 
 std::optional<Explanation> explain(const std::string& code) {
   const auto& list = explanations();
+  // A refined figure means what the figure does.
+  const std::string wanted = code.starts_with(kRefinedPrefix) ? code.substr(kRefinedPrefix.size()) : code;
   const auto found =
-      std::ranges::find_if(list, [&](const Explanation& each) { return each.code == code || each.name == code; });
+      std::ranges::find_if(list, [&](const Explanation& each) { return each.code == wanted || each.name == wanted; });
   if (found == list.end()) return std::nullopt;
   return *found;
 }

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "polarline/explain.h"
 
 namespace polarline {
+
+/// Before the name of a figure: the one from refined centres.
+inline constexpr std::string_view kRefinedPrefix = "refined.";
 
 /// Every figure that a limit can judge: what it is, its unit, and how a limit on it is written.
 std::vector<Explanation> figureExplanations();

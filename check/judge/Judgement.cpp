@@ -6,6 +6,7 @@
 #include <cmath>
 #include <fstream>
 
+#include "check/explain/FigureEntries.h"
 #include "check/figures/PairReading.h"
 #include "check/figures/Summary.h"
 #include "polarline/errors.h"
@@ -65,7 +66,7 @@ class Worst {
     if (value_ && (!std::isfinite(*value_) || (counts && excess(limit_, value) <= excess(limit_, *value_)))) return;
     value_ = value;
     pair_ = static_cast<int>(pair.index);
-    name_ = std::string(limit_.is_refined ? kRefinedPrefix : "").append(entryName(figure, entry));
+    name_ = std::string(limit_.is_refined ? kRefinedPrefix : std::string_view()).append(entryName(figure, entry));
     is_single_ = figure.is_single;
     // What is known of a figure's errors is known of the detected one.
     const FigureUncertainty* const uncertainty = limit_.is_refined ? nullptr : pair.uncertaintyOf(figure.name);

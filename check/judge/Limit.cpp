@@ -6,6 +6,7 @@
 #include <regex>
 #include <vector>
 
+#include "check/explain/FigureEntries.h"
 #include "check/figures/PairReading.h"
 #include "check/judge/Names.h"
 #include "polarline/errors.h"

@@ -8,9 +8,6 @@
 
 namespace polarline {
 
-/// Before the name of a figure: the one from refined centres.
-inline constexpr const char* kRefinedPrefix = "refined.";
-
 /// A limit: which number of a check has to stand how to which bound.
 struct Limit {
   enum class Comparison : std::uint8_t { kLess, kLessOrEqual, kGreater, kGreaterOrEqual };

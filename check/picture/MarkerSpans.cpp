@@ -156,7 +156,9 @@ std::string spanProblem(const kestrune::RingTargetConfig& config, const std::opt
 
 void warnOfNumbering(const SeenPicture& seen, polarline::Detection& detection) {
   if (!detection.found) return;
-  if (turnOf(detection) < 0) {
+  // Markers that were taken for one another may turn the numbers, too; then they run off the board.
+  const bool run_off = std::ranges::count(detection.warnings, "strange_ids", &polarline::Warning::code) != 0;
+  if (!run_off && turnOf(detection) < 0) {
     detection.warnings.push_back({"mirrored_board",
                                   "the dots are numbered the other way round than the board's: the picture, or the "
                                   "print, is mirrored",
