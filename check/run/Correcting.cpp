@@ -24,6 +24,7 @@ double rowsWith(const Set& set, const CheckOptions& options, const std::string& 
   again.settings = options.settings;
   again.pairs = options.pairs;
   again.go_on = options.go_on;
+  again.refine = options.refine;
   again.diagnose = again.uncertainty = false;
   MeanRow rows;
   again.on_pair = [&rows](const PairCheck& pair, std::size_t) { rows.add(pair); };
@@ -36,7 +37,8 @@ double rowsWith(const Set& set, const CheckOptions& options, const std::string& 
 
 void MeanRow::add(const PairCheck& pair) {
   if (!pair.finished) return;
-  for (const float row : pair.points.dy) {
+  const bool is_refined = pair.refined && pair.refined->problem.empty();
+  for (const float row : is_refined ? pair.refined->points.dy : pair.points.dy) {
     if (!std::isfinite(row)) continue;
     sum_ += static_cast<double>(std::abs(row));
     ++count_;

@@ -6,7 +6,8 @@
 
 namespace polarline {
 
-/// The mean absolute row difference over all dots of a check's pairs, as it passes by.
+/// The mean absolute row difference over all dots of a check's pairs, as it passes by; from refined centres where
+/// there are some.
 class MeanRow {
  public:
   void add(const PairCheck& pair);
