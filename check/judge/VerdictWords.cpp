@@ -1,9 +1,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
+#include <string_view>
 
 #include "polarline/check.h"
 #include "polarline/explain.h"
@@ -42,6 +44,17 @@ std::string counted(std::size_t count, const char* noun) {
   return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
+/// Warnings that make one doubt whether the figures are those of these cameras and this board.
+constexpr std::array<std::string_view, 6> kDoubts = {"sides_exchanged", "baseline_unit",        "scale_wrong",
+                                                     "board_mismatch",  "calibration_mismatch", "pair_stands_out"};
+
+std::string doubtText(const Check& check) {
+  for (const Warning& warning : check.warnings) {
+    if (std::ranges::count(kDoubts, warning.code) > 0) return " But see the warning " + warning.code + " first.";
+  }
+  return {};
+}
+
 std::string passText(const Check& check) {
   const std::size_t given_up = check.pairs.size() - check.finished();
   const std::string but = given_up == 0 ? "."
@@ -50,7 +63,7 @@ std::string passText(const Check& check) {
   if (check.limits.empty()) return "No limits were given: there are figures, and nothing was judged.";
   const std::string hold =
       check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
-  return "PASS: " + hold + but;
+  return "PASS: " + hold + but + doubtText(check);
 }
 
 std::string failText(const Check& check) {

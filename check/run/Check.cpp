@@ -177,7 +177,7 @@ Check SetCheck::run() {
     if (options_.on_start) options_.on_start(check_);
     runWith(out);
     if (options_.diagnose && check_.status.exit_code == kDone) {
-      diagnose(inputs_, options_, pairs_->seen(), pairs_->rows(), check_);
+      diagnose(inputs_, options_, *pairs_, check_);
       goOn();
     }
   } catch (const Interruption&) {

@@ -2,32 +2,52 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
 #include "check/explain/WarningOf.h"
+#include "check/run/Correcting.h"
 #include "diagnose/causes/Causes.h"
 
 namespace polarline {
 namespace {
 
-/// The cameras that took such pairs are not known, so that nothing can be said of them.
-Diagnosis ofRectified(double rows) {
+/// With one of these the row differences are those of wrong inputs, and any cause would be made up.
+constexpr std::array<std::string_view, 4> kWrongInputs = {"sides_exchanged", "baseline_unit", "board_mismatch",
+                                                          "calibration_mismatch"};
+
+Diagnosis without(const std::string& reason, double rows) {
   Diagnosis diagnosis;
-  diagnosis.text = fmt::format(
-      "The rows differ by {:.3g} px in the mean. No causes are told: the pairs were rectified elsewhere, and the "
-      "calibration by which that was done is not known.",
-      rows);
+  diagnosis.text = fmt::format("The rows differ by {:.3g} px in the mean. No causes are told: {}", rows, reason);
   diagnosis.rows_before = diagnosis.rows_after = rows;
   return diagnosis;
 }
 
+Diagnosis diagnosisOf(const RunInputs& inputs, const PairLook& pairs) {
+  const double rows = pairs.rows().mean();
+  if (inputs.areRectified()) {
+    return without("the pairs were rectified elsewhere, and the calibration by which that was done is not known.",
+                   rows);
+  }
+  for (const Warning& warning : pairs.warnings()) {
+    if (std::ranges::count(kWrongInputs, warning.code) == 0) continue;
+    return without(
+        fmt::format("first see to the warning {}; its inputs make such differences by themselves.", warning.code),
+        rows);
+  }
+  return diagnoseCauses(pairs.seen().set());
+}
+
 }  // namespace
 
-void diagnose(const RunInputs& inputs, const CheckOptions& options, const SeenPairs& seen, const MeanRow& rows,
-              Check& check) {
+void diagnose(const RunInputs& inputs, const CheckOptions& options, const PairLook& pairs, Check& check) {
   if (inputs.config.frame_work != 0) return;
-  check.diagnosis = inputs.areRectified() ? ofRectified(rows.mean()) : diagnoseCauses(seen.set());
+  check.diagnosis = diagnosisOf(inputs, pairs);
   if (inputs.areRectified() || options.write_corrected.empty()) return;
   if (check.diagnosis->corrected) {
-    check.correction = correct(inputs.set, options, rows.mean(), check);
+    check.correction = correct(inputs.set, options, pairs.rows().mean(), check);
   } else {
     check.warnings.push_back(
         warningOf("nothing_to_correct", options.write_corrected + " was not written: " + check.diagnosis->text));

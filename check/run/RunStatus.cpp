@@ -36,8 +36,8 @@ std::optional<std::string> wordsOf(const std::exception& error) {
   if (!std::regex_match(error.what(), part, beyond)) return std::nullopt;
   return fmt::format(
       "id {} was seen, and the true positions (board_gt.txt, in a frame run Frame_3D) are {}: compare them and the "
-      "target with the board ({})",
-      part[1].str(), part[2].str(), error.what());
+      "target with the board",
+      part[1].str(), part[2].str());
 }
 
 }  // namespace

@@ -19,6 +19,8 @@ struct Words {
   const char* less;
 };
 
+/// Pixels of mean row difference: dots that are found at all are found better than that.
+constexpr double kMostNoise = 0.5;
 constexpr double kDegrees = 180.0 / std::numbers::pi;
 constexpr std::array<Words, kCauses> kWords{{
     {"rotation_x", "deg", kDegrees, "the right camera looks down by {} degrees",
@@ -100,6 +102,7 @@ std::string rowsText(const FoundCauses& found) {
   std::string text =
       fmt::format("With that taken out the rows should differ by {:.3g} px in the mean instead of {:.3g} px",
                   found.rows_after, found.rows_before);
+  if (found.rows_after > kMostNoise) return text + "; what remains is more than noise.";
   if (!hasPattern(found)) return text + "; what remains is noise.";
   return text + fmt::format(
                     "; of what remains {:.2g} px are alike in neighbouring dots, which none of these causes "
@@ -108,6 +111,12 @@ std::string rowsText(const FoundCauses& found) {
 }
 
 std::string withoutCause(const FoundCauses& found) {
+  if (found.rows_before > kMostNoise) {
+    return fmt::format(
+        "The rows differ by {:.3g} px in the mean, and no turn or shift of the cameras explains that: look whether the "
+        "two pictures of each pair belong together, and at the board's numbers.",
+        found.rows_before);
+  }
   if (!hasPattern(found)) {
     return fmt::format("No cause is needed: the rows differ by {:.3g} px in the mean, which is the noise.",
                        found.rows_before);

@@ -68,7 +68,11 @@ polarline::Diagnosis diagnoseCauses(const SeenSet& set) {
   if (dots < kFewestDots) {
     return without(fmt::format("{} dots were seen in both pictures; {} were wanted.", dots, kFewestDots));
   }
-  const FoundCauses found = findCauses(differences, expectedSizes(set.calib));
+  FoundCauses found = findCauses(differences, expectedSizes(set.calib));
+  if (!(found.rows_after < found.rows_before)) {  // They explain nothing, whatever the weighted fit says.
+    found.choice = {};
+    found.rows_after = found.rows_before;
+  }
   polarline::Diagnosis diagnosis;
   for (std::size_t place = 0; place < kCauses; ++place) {
     if (found.choice.named.test(place)) diagnosis.causes.push_back(causeOf(found, place));

@@ -79,17 +79,23 @@ std::optional<polarline::Warning> judgeMisfits(const CameraPair& cameras, const 
   return told(is_board ? "board_mismatch" : "calibration_mismatch", findings, looks.size());
 }
 
+/// Where the cameras stand is one for all pairs: if some show it as it is told, what is wrong with the others is the
+/// pictures.
 std::optional<polarline::Warning> judgeSides(const CameraPair& cameras, const Looks& looks) {
   std::vector<Finding> findings;
   std::string code;
+  std::size_t agree = 0;
   for (const PairLook& pair : looks) {
     if (!pair.baseline) continue;
     const auto one = judgeBaseline(*pair.baseline, cameras.T, static_cast<int>(pair.index));
+    if (!one) ++agree;
     if (!one || (!code.empty() && one->code != code)) continue;
     code = one->code;
     findings.push_back({pair.index, Finding::kPair, 0.0, one->text});
   }
-  return told(code, findings, looks.size());
+  if (agree == 0) return told(code, findings, looks.size());
+  for (Finding& finding : findings) finding.text = "The two pictures do not show the board in one place";
+  return told("pair_stands_out", findings, looks.size());
 }
 
 /// A slope over all pairs, and the two poses' word on it.

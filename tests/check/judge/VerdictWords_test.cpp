@@ -73,5 +73,12 @@ TEST(VerdictWords, SayTheVerdictAndWhy) {
   EXPECT_EQ(verdictText(check), "ERROR: nothing was seen");
 }
 
+TEST(VerdictWords, DoubtAVerdictByDoubtfulInputs) {
+  Check check = checkOf({hand_made::pair(0, {0.1}, {})});
+  check.limits = {{"dy_means<=1", 0.1, 0, true, ""}};
+  check.warnings = {{"colour_pictures", "", ""}, {"scale_wrong", "", ""}};
+  EXPECT_EQ(verdictText(check), "PASS: the limit holds. But see the warning scale_wrong first.");
+}
+
 }  // namespace
 }  // namespace polarline

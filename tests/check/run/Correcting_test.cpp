@@ -104,20 +104,5 @@ TEST(Correcting, InterruptedLeavesNothing) {
   EXPECT_FALSE(set.parent.has("corrected.json"));
 }
 
-TEST(CorrectingDiagnosis, OfPairsRectifiedElsewhereTellsTheRowsOnly) {
-  const RenderedSet rendered(small_scene::rectified());
-  const CopiedSet set(rendered);
-  const Check check = set.check();
-  ASSERT_TRUE(check.diagnosis);
-  EXPECT_TRUE(check.diagnosis->causes.empty());
-  EXPECT_THAT(check.diagnosis->text, HasSubstr("rectified elsewhere"));
-  EXPECT_LT(check.diagnosis->rows_before, 0.2);
-}
-
-TEST(CorrectingDiagnosis, OfFramesIsNone) {
-  const CopiedSet set(MemoryRun::twoFrames());
-  EXPECT_FALSE(set.check().diagnosis);
-}
-
 }  // namespace
 }  // namespace polarline

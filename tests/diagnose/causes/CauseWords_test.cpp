@@ -58,6 +58,15 @@ TEST(CauseWords, SayThatNoneExplainsAPattern) {
   EXPECT_THAT(cause_words::ofAll(found), HasSubstr("None of the causes known explains"));
 }
 
+TEST(CauseWords, DoNotCallLargeDifferencesNoise) {
+  EXPECT_THAT(cause_words::ofAll(quiet(32.0)),
+              HasSubstr("The rows differ by 32 px in the mean, and no turn or shift of the cameras explains that"));
+  FoundCauses found = quiet(0.6);
+  found.rows_before = 1.0;
+  found.choice.named.set(static_cast<std::size_t>(CauseKind::kRowOffset));
+  EXPECT_THAT(cause_words::ofAll(found), HasSubstr("instead of 1 px; what remains is more than noise."));
+}
+
 TEST(CauseWords, TellACauseAndWhatRemains) {
   FoundCauses found = quiet(0.02);
   found.rows_before = 1.0;

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "../WatchedScene.h"
 #include "diagnose/warnings/Judges.h"
 
@@ -18,6 +20,26 @@ TEST(JudgeGeometryOfSides, TellsATranslationInOtherUnits) {
   scene.tellFacts();
   for (std::size_t k = 3; k < 6; ++k) scene.facts.calib->extrinsics.at(k) *= 0.001;
   expectOnly(scene, "baseline_unit", "times as far");
+}
+
+// The right picture of pair 1 is that of pair 0, when the board stood nearer.
+TEST(JudgeGeometryOfSides, TellsThePairWhosePicturesDoNotBelongTogether) {
+  WatchedScene scene;
+  scene.fills = {0.97, 0.7};
+  std::vector<SharedDot> first;
+  scene.spoilSeen = [&first](PairObservation& seen, std::size_t pair) {
+    if (pair == 0) first = seen.raw;
+    for (std::size_t k = 0; k < seen.raw.size(); ++k) seen.raw[k].right = first.at(k).right;
+  };
+  const std::vector<polarline::Warning> warnings = scene.warnings();
+  const auto isOf = [](const char* code) {
+    return [code](const polarline::Warning& each) { return each.code == code; };
+  };
+  const auto found = std::ranges::find_if(warnings, isOf("pair_stands_out"));
+  ASSERT_NE(found, warnings.end());
+  EXPECT_EQ(found->text, "The two pictures do not show the board in one place, in pair 1");
+  EXPECT_TRUE(std::ranges::none_of(warnings, isOf("baseline_unit")));
+  EXPECT_TRUE(std::ranges::none_of(warnings, isOf("sides_exchanged")));
 }
 
 TEST(JudgeGeometryOfScale, TellsHowMuchLargerTheBoardIs) {
