@@ -5,6 +5,7 @@
 #include "check/explain/FigureEntries.h"
 #include "check/explain/Tables.h"
 #include "check/init/Warnings.h"
+#include "diagnose/causes/CauseWords.h"
 #include "diagnose/warnings/Codes.h"
 #include "polarline/explain.h"
 
@@ -20,6 +21,19 @@ std::vector<Explanation> warningsOf(const Codes& codes) {
   return list;
 }
 
+std::vector<Explanation> causes() {
+  std::vector<Explanation> list;
+  list.reserve(kCauses);
+  for (std::size_t k = 0; k < kCauses; ++k) {
+    const auto kind = static_cast<CauseKind>(k);
+    const std::string name = cause_words::nameOf(kind);
+    list.push_back({name, name, cause_words::meaningOf(kind),
+                    "A check names it in its diagnosis; --write-corrected takes it out of the calibration.",
+                    cause_words::unitOf(kind)});
+  }
+  return list;
+}
+
 std::vector<Explanation> all() {
   std::vector<Explanation> list;
   for (const auto& part : {exitEntries(), statusEntries(), warningEntries(), stepEntries()}) {
@@ -28,7 +42,7 @@ std::vector<Explanation> all() {
   }
   for (std::vector<Explanation>& part :
        std::vector{warningsOf(diagnose::warningCodes()), warningsOf(calibrations::warningCodes()),
-                   warningsOf(init::warningCodes()), figureExplanations()}) {
+                   warningsOf(init::warningCodes()), figureExplanations(), causes()}) {
     std::ranges::move(part, std::back_inserter(list));
   }
   return list;

@@ -141,6 +141,13 @@ std::string clause(CauseKind kind, double value) {
   return fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
 }
 
+std::string meaningOf(CauseKind kind) {
+  const Words& words = wordsOf(kind);
+  const std::string unit = *words.unit == '\0' ? "" : fmt::format(", in {}", words.unit);
+  return fmt::format("A cause{}: above 0 {}; below 0 {}.", unit, fmt::format(fmt::runtime(words.more), "so many"),
+                     fmt::format(fmt::runtime(words.less), "so many"));
+}
+
 std::string ofCause(const FoundCauses& found, CauseKind kind) {
   const auto place = static_cast<std::size_t>(kind);
   if (found.choice.group[place] == 0) {

@@ -16,6 +16,9 @@ double told(CauseKind kind, double value);
 /// "the right camera looks up by 0.0500 degrees", with the sign as a direction.
 std::string clause(CauseKind kind, double value);
 
+/// "A cause, in deg: above 0 the right camera looks down by so many degrees; below 0 ...".
+std::string meaningOf(CauseKind kind);
+
 /// A cause of what was found, with its standard error, or with what it is if it is the only one of its group.
 std::string ofCause(const FoundCauses& found, CauseKind kind);
 

@@ -150,6 +150,16 @@ TEST(ExplanationsKnow, AWordAsWellAsItsCode) {
   EXPECT_FALSE(explain(""));
 }
 
+TEST(ExplanationsKnow, EveryCause) {
+  for (const char* name :
+       {"rotation_x", "rotation_y", "rotation_z", "focal_ratio", "row_offset", "baseline_y", "baseline_z", "k1"})
+    EXPECT_TRUE(explain(name)) << name;
+  EXPECT_EQ(
+      explain("rotation_x")->meaning,
+      "A cause, in deg: above 0 the right camera looks down by so many degrees; below 0 the right camera looks up "
+      "by so many degrees.");
+}
+
 TEST(ExplanationsKnow, EveryFigureThatALimitJudges) {
   for (const std::string& name : limitNames()) {
     if (name == "pairs" || name == "finished" || name == "given_up") continue;
