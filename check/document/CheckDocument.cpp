@@ -211,7 +211,7 @@ void writeLimits(JsonText& json, const std::vector<LimitResult>& limits) {
   for (const LimitResult& limit : limits) {
     json.object().member("text", limit.text).key("value");
     if (limit.value) {
-      json.value(*limit.value);
+      writeNumber(json, *limit.value, limit.is_single);
     } else {
       json.null();
     }

@@ -54,7 +54,7 @@ constexpr auto kEntries = std::to_array<Entry>({
      "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot "
      "take (colour with triangulate_residual_switch, a crop beyond the picture)."},
     {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
-     "Mend the file that the text names."},
+     "Mend what the text names."},
     {"output", "not_written", "A result could not be written.",
      "Check that the folder is there, may be written and has space left."},
 });

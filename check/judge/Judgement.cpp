@@ -48,8 +48,17 @@ std::string closeCall(const Limit& limit, double low95, double high95) {
   return fmt::format("; too close to call, it is certain to 95 % only from {:.4g} to {:.4g}", low95, high95);
 }
 
+/// For a figure of single precision the bound is the float that is written so, as the figure itself is: what is
+/// printed as 0.1 keeps "<=0.1".
+Limit asSingle(const Limit& limit) {
+  Limit narrowed = limit;
+  narrowed.bound = static_cast<double>(static_cast<float>(limit.bound));
+  return narrowed;
+}
+
 /// Whether a pair's figure was measured and keeps a limit on its entries.
-bool keeps(const Limit& limit, const Figure& figure) {
+bool keeps(const Limit& given, const Figure& figure) {
+  const Limit limit = figure.is_single ? asSingle(given) : given;
   if (limit.entry) return *limit.entry < figure.values.size() && holds(limit, figure.values[*limit.entry]);
   return !figure.values.empty() &&
          std::ranges::all_of(figure.values, [&](double value) { return holds(limit, value); });
@@ -74,7 +83,10 @@ class Worst {
   }
   LimitResult result() const {
     const std::string number = is_single_ ? fmt::format("{}", static_cast<float>(*value_)) : fmt::format("{}", *value_);
-    return outcome(limit_, value_, pair_, fmt::format("{} is {} in pair {}", name_, number, pair_) + close_);
+    LimitResult result = outcome(is_single_ ? asSingle(limit_) : limit_, value_, pair_,
+                                 fmt::format("{} is {} in pair {}", name_, number, pair_) + close_);
+    result.is_single = is_single_;
+    return result;
   }
 
  private:

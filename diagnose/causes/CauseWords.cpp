@@ -21,6 +21,8 @@ struct Words {
 
 /// Pixels of mean row difference: dots that are found at all are found better than that.
 constexpr double kMostNoise = 0.5;
+/// Standard errors.
+constexpr double kSure = 3.0;
 constexpr double kDegrees = 180.0 / std::numbers::pi;
 constexpr std::array<Words, kCauses> kWords{{
     {"rotation_x", "deg", kDegrees, "the right camera looks down by {} degrees",
@@ -141,6 +143,14 @@ std::string clause(CauseKind kind, double value) {
   return fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
 }
 
+std::string clause(CauseKind kind, double value, double sd) {
+  const Words& words = wordsOf(kind);
+  const std::string size = fmt::format("{:.3g} ± {:.2g}", std::abs(value) * words.scale, sd * words.scale);
+  const std::string text = fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
+  return std::abs(value) >= kSure * sd ? text
+                                       : text + ", which these pictures leave unsure: take some at two distances";
+}
+
 std::string meaningOf(CauseKind kind) {
   const Words& words = wordsOf(kind);
   const std::string unit = *words.unit == '\0' ? "" : fmt::format(", in {}", words.unit);
@@ -151,8 +161,7 @@ std::string meaningOf(CauseKind kind) {
 std::string ofCause(const FoundCauses& found, CauseKind kind) {
   const auto place = static_cast<std::size_t>(kind);
   if (found.choice.group[place] == 0) {
-    const std::string error = fmt::format("{:.2g}", found.sds[place] * wordsOf(kind).scale);
-    return fmt::format("{} (standard error {})", clause(kind, found.values[place]), error);
+    return clause(kind, found.values[place], found.sds[place]);
   }
   if (found.alone[place]) return "if it is this alone: " + clause(kind, *found.alone[place]);
   return "perhaps, beside another of its group: " + clause(kind, found.values[place]);
@@ -162,7 +171,8 @@ std::string ofAll(const FoundCauses& found) {
   if (found.choice.named.none()) return withoutCause(found);
   std::string text;
   std::vector<std::string> told_apart;
-  for (const std::size_t k : membersOf(found, 0)) told_apart.push_back(clause(kindAt(k), found.values[k]));
+  for (const std::size_t k : membersOf(found, 0))
+    told_apart.push_back(clause(kindAt(k), found.values[k], found.sds[k]));
   if (!told_apart.empty()) text += capital(listOf(told_apart, "; and ")) + ". ";
   std::vector<int> told_groups{0};
   for (const int group : found.choice.group) {

@@ -15,6 +15,8 @@ double told(CauseKind kind, double value);
 
 /// "the right camera looks up by 0.0500 degrees", with the sign as a direction.
 std::string clause(CauseKind kind, double value);
+/// The same with its standard error, "by 0.0500 ± 0.0012 degrees", and whether that leaves it unsure.
+std::string clause(CauseKind kind, double value, double sd);
 
 /// "A cause, in deg: above 0 the right camera looks down by so many degrees; below 0 ...".
 std::string meaningOf(CauseKind kind);

@@ -116,7 +116,8 @@ struct LimitResult {
   std::optional<double> value;  ///< The one farthest beyond the limit, or nearest to it; none: nobody measured it.
   int pair = -1;                ///< Whose value it is; -1 for one of the whole run.
   bool holds = false;
-  std::string why;  ///< In words.
+  std::string why;         ///< In words.
+  bool is_single = false;  ///< The value came in single precision.
 };
 
 /// What the limits say of a check.

@@ -52,6 +52,17 @@ struct Subcommands : CommandTest {
   }
 };
 
+TEST_F(Subcommands, RefuseValuesThatAreEmpty) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"check", set.folder.string(), "--out=", "--quiet"},
+        {"check", set.folder.string(), "--out", ""},
+        {"import", set.file("calib.json"), "-o", ""}}) {
+    const CommandRun run = this->run(arguments);
+    EXPECT_EQ(run.exit_code, 2) << run.err;
+    EXPECT_THAT(run.err, ::testing::AnyOf(::testing::HasSubstr("has no value"), ::testing::HasSubstr("is empty")));
+  }
+}
+
 TEST_F(Subcommands, RunTheExamplesOfTheirHelp) {
   ASSERT_GE(names().size(), 7U);
   layOut();

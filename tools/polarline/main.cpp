@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "check/judge/Names.h"
+#include "platform/StandardStreams.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Interruption.h"
 #include "tools/polarline/Subcommand.h"
@@ -24,7 +25,18 @@ void demandKnown(const std::vector<command::Subcommand>& subcommands, const std:
                               "is no subcommand of polarline" + polarline::offer(polarline::nearest(word, names)));
 }
 
+/// An option whose value is empty, as a variable of a script leaves it that is not set, would be taken for one that was
+/// not given, or would take the next option for its value.
+void demandValues(const std::vector<std::string>& words) {
+  for (const std::string& word : words) {
+    if (word.empty()) throw polarline::InputError("''", "an argument is empty");
+    if (word.starts_with("--") && word.find('=') == word.size() - 1)
+      throw polarline::InputError(word, "has no value behind '='");
+  }
+}
+
 int run(int argc, char** argv) {
+  demandValues({argv + 1, argv + argc});
   CLI::App polarline;
   const std::vector<command::Subcommand> subcommands = command::describe(polarline);
   if (argc > 1) demandKnown(subcommands, argv[1]);
@@ -49,6 +61,7 @@ int failed(int code, const std::exception& error) {
 
 int main(int argc, char** argv) {
   try {
+    standard_streams::keepPlaces();   // Before any file is opened.
     terminal::silenceDecoders();      // What matters of what others say is said in our own words.
     command::watchForInterruption();  // Before any thread is started.
     cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "HandMadeCheck.h"
@@ -233,6 +234,22 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Judgement, CloseCallTellsTheInterval) {
   EXPECT_EQ(judged("dy_means<=0.5", uncertain()).why,
             "dy_means is 0.5 in pair 4; too close to call, it is certain to 95 % only from 0.4 to 0.625");
+}
+
+// 0.1F is a little above 0.1, and both are written so; one float further is not.
+TEST(JudgementOfSingles, TakesTheBoundAsTheSameFloat) {
+  Check check;
+  check.pairs = {hand_made::pair(0, {static_cast<double>(0.1F)}, {})};
+  check.pairs[0].figures[0].is_single = true;
+  EXPECT_TRUE(judged("dy_means<=0.1", check).holds);
+  EXPECT_TRUE(judged("dy_means>=0.1", check).holds);
+  EXPECT_FALSE(judged("dy_means<0.1", check).holds);
+  EXPECT_TRUE(judged("dy_means<=0.1", check).is_single);
+  check.pairs[0].figures[0].values = {static_cast<double>(std::nextafter(0.1F, 1.0F))};
+  EXPECT_FALSE(judged("dy_means<=0.1", check).holds);
+  check.pairs[0].figures[0].is_single = false;
+  check.pairs[0].figures[0].values = {static_cast<double>(0.1F)};
+  EXPECT_FALSE(judged("dy_means<=0.1", check).holds);
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
         testing::Values(OneCause{"rotation_x", 0.1, "right camera looks down by 0.1"},
                         OneCause{"rotation_y", 0.15, "right camera looks to the left by 0.1"},
                         OneCause{"rotation_z", 0.1, "its picture turns clockwise"},
-                        OneCause{"focal_ratio", 0.002, "0.2 % longer"}, OneCause{"row_offset", 2.0, "px lower"},
+                        OneCause{"focal_ratio", 0.002, "% longer"}, OneCause{"row_offset", 2.0, "px lower"},
                         OneCause{"baseline_y", 0.5, "board units higher"},
                         OneCause{"baseline_z", 0.6, "board units further back"}, OneCause{"k1", 0.01, "more"}),
         testing::Values(LensModel::kBrownFive, LensModel::kBrownEight, LensModel::kFisheye, LensModel::kPoly)));
