@@ -78,9 +78,8 @@ void SeenPairs::add(std::size_t index, const PairEvaluator& evaluator, const cv:
   pair.index = index;
   pair.dots = dotsOf(evaluator.seen, refined);
   // The calibration is that of whole pictures.
-  const cv::Point2d origin = crop_.empty()
-                                 ? cv::Point2d()
-                                 : cv::Point2d((picture.width - crop_.width) / 2, (picture.height - crop_.height) / 2);
+  const cv::Point corner = crop_.empty() ? cv::Point() : cv::Point((picture - crop_) / 2);
+  const cv::Point2d origin = corner;
   for (SeenDot& dot : pair.dots) {
     dot.left += origin;
     dot.right += origin;

@@ -15,9 +15,9 @@ constexpr double kGround = 0.84;
 
 double bendAt(const cv::Mat& picture, int x, int y) {
   if (x < 1 || y < 1 || x + 1 >= picture.cols || y + 1 >= picture.rows) return 0.0;
-  const float* const above = picture.ptr<float>(y - 1);
-  const float* const here = picture.ptr<float>(y);
-  const float* const below = picture.ptr<float>(y + 1);
+  const auto* const above = picture.ptr<float>(y - 1);
+  const auto* const here = picture.ptr<float>(y);
+  const auto* const below = picture.ptr<float>(y + 1);
   return above[x - 1] - 2.0 * above[x] + above[x + 1] - 2.0 * here[x - 1] + 4.0 * here[x] - 2.0 * here[x + 1] +
          below[x - 1] - 2.0 * below[x] + below[x + 1];
 }
@@ -27,7 +27,7 @@ std::vector<NearPixel> pixelsNear(const cv::Mat& picture, const DotFrame& frame,
   std::vector<NearPixel> near;
   near.reserve(static_cast<std::size_t>(box.area()));
   for (int y = box.y; y < box.y + box.height; ++y) {
-    const float* const row = picture.ptr<float>(y);
+    const auto* const row = picture.ptr<float>(y);
     for (int x = box.x; x < box.x + box.width; ++x) {
       const cv::Vec2d offset = board_from_pixel * cv::Vec2d(x - frame.pixel.x, y - frame.pixel.y);
       const double distance = std::hypot(offset[0], offset[1]);

@@ -44,7 +44,7 @@ void EdgeSpread::add(const DotLook& dot) {
     const double place = (pixel.reach - dot.radius) * pixel.pixels_a_step * kBinsAPixel + kHalf;
     if (!(place >= 0.0 && place < static_cast<double>(kBins))) continue;
     const double turn = pixel.normal / std::numbers::pi;  // Opposite directions count alike.
-    const auto sector = static_cast<std::size_t>((turn - std::floor(turn)) * kSectors + 0.5) % kSectors;
+    const auto sector = static_cast<std::size_t>(std::lround((turn - std::floor(turn)) * kSectors)) % kSectors;
     Bin& bin = sectors_.at(sector).at(static_cast<std::size_t>(place));
     bin.sum += (pixel.grey - dot.dot) / (dot.ground - dot.dot);
     bin.count += 1.0;

@@ -52,11 +52,11 @@ std::vector<Misfit> misfits(const Looks& looks) {
 }
 
 std::string textOf(const SideLook& side, const Explained& explained) {
-  const std::string text =
-      numbersFit(side) ? fmt::format("The board through the lens misses the dots by {:.2g} pixels (root mean square)",
-                                     side.place->rms)
-                       : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
-                                     100.0 * side.place->on_grid);
+  std::string text = numbersFit(side)
+                         ? fmt::format("The board through the lens misses the dots by {:.2g} pixels (root mean square)",
+                                       side.place->rms)
+                         : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
+                                       100.0 * side.place->on_grid);
   if (explained.text.empty()) return text;
   return fmt::format("{}; it would meet them to {:.2g} pixels, {}",
                      numbersFit(side) ? text : "The board through the lens does not meet the dots", explained.rms,

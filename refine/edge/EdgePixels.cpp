@@ -1,5 +1,6 @@
 #include "refine/edge/EdgePixels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -12,14 +13,13 @@ constexpr double kFlat = 0.6;
 constexpr double kClear = 3.0;
 
 bool blursInto(const std::vector<Neighbour>& neighbours, double x, double y) {
-  for (const Neighbour& neighbour : neighbours) {
+  return std::ranges::any_of(neighbours, [x, y](const Neighbour& neighbour) {
     const double reach = kClear * neighbour.blur;
     const cv::Point2d half = neighbour.outline.halfBox();
-    if (std::abs(x - neighbour.outline.centre.x) > half.x + reach) continue;
-    if (std::abs(y - neighbour.outline.centre.y) > half.y + reach) continue;
-    if (edgePlace(neighbour.outline, x, y).outside() < reach) return true;
-  }
-  return false;
+    return std::abs(x - neighbour.outline.centre.x) <= half.x + reach &&
+           std::abs(y - neighbour.outline.centre.y) <= half.y + reach &&
+           edgePlace(neighbour.outline, x, y).outside() < reach;
+  });
 }
 
 /// Signed distance from the nearest of the model's edges.

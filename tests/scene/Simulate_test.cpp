@@ -41,7 +41,7 @@ TEST(Simulate, ListsEveryPreset) {
   const auto presets = polarline::presets();
   ASSERT_EQ(presets.size(), scene::presetNames().size());
   EXPECT_EQ(presets.front().name, "ring_320");
-  EXPECT_EQ(presets.front().note, "15 x 17 small rings, 320 x 256");
+  EXPECT_EQ(presets.front().note, "17 x 15 small rings, 320 x 256");
 }
 
 TEST(Simulate, APrintedPresetMakesTheSameSetToTheByte) {

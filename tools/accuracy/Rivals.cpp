@@ -59,7 +59,7 @@ std::vector<const TrueDot*> plainBlock(const Sight& sight) {
         const TrueDot& dot = sight.dots.at(static_cast<std::size_t>(id));
         if (dot.measurable && !dot.marker) block.push_back(&dot);
       }
-      if (block.size() == kGridRows * kGridColumns) return block;
+      if (block.size() == static_cast<std::size_t>(kGridRows) * kGridColumns) return block;
     }
   }
   return {};

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <ctime>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -79,7 +80,7 @@ void print(const std::string& preset, const Row& row) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   Settings settings;
   CLI::App app("How near refined centres come to the truth of rendered pictures");
   app.add_option("presets", settings.presets, "Scenes; all that a detection numbers when left out");
@@ -95,4 +96,7 @@ int main(int argc, char** argv) {
       "| scene | refined | rms, px | mean x, y | by bound | observed by predicted | detected | centroid | "
       "findCirclesGrid | detection, ms | refining, ms |\n|---|---|---|---|---|---|---|---|---|---|---|\n");
   for (const std::string& preset : settings.presets) print(preset, measured(preset, settings));
+} catch (const std::exception& error) {
+  fmt::print(stderr, "{}\n", error.what());
+  return 1;
 }
