@@ -32,27 +32,39 @@ std::size_t matchList(std::string_view pattern, char c, bool& fits) {
   return at < pattern.size() ? at + 1 : std::string_view::npos;
 }
 
-bool fitsBehindDot(std::string_view name, std::string_view pattern) {
-  if (pattern.empty()) return name.empty();
-  if (pattern[0] == '*') {
-    const std::string_view rest = pattern.substr(1);
-    for (std::size_t skipped = 0; skipped <= name.size(); ++skipped) {
-      if (fitsBehindDot(name.substr(skipped), rest)) return true;
-    }
-    return false;
-  }
-  if (name.empty()) return false;
-  bool fits = pattern[0] == '?' || pattern[0] == name[0];
-  std::size_t used = 1;
+/// How much of the pattern the character uses up; 0: it does not fit.
+std::size_t usedBy(char character, std::string_view pattern) {
   if (pattern[0] == '[') {
     bool in_list = false;
-    const std::size_t end = matchList(pattern, name[0], in_list);
-    if (end != std::string_view::npos) {
-      used = end;
-      fits = in_list;
+    const std::size_t end = matchList(pattern, character, in_list);
+    if (end != std::string_view::npos) return in_list ? end : 0;
+  }
+  return pattern[0] == '?' || pattern[0] == character ? 1 : 0;
+}
+
+/// Only the last '*' need ever be tried again, so that many of them cost no more than the product of both lengths.
+bool fitsBehindDot(std::string_view name, std::string_view pattern) {
+  std::string_view behind_star;
+  std::string_view star_name;
+  bool has_star = false;
+  while (!name.empty()) {
+    if (!pattern.empty() && pattern[0] == '*') {
+      pattern.remove_prefix(1);
+      behind_star = pattern;
+      star_name = name;
+      has_star = true;
+    } else if (const std::size_t used = pattern.empty() ? 0 : usedBy(name[0], pattern); used > 0) {
+      pattern.remove_prefix(used);
+      name.remove_prefix(1);
+    } else if (has_star) {
+      star_name.remove_prefix(1);
+      name = star_name;
+      pattern = behind_star;
+    } else {
+      return false;
     }
   }
-  return fits && fitsBehindDot(name.substr(1), pattern.substr(used));
+  return pattern.find_first_not_of('*') == std::string_view::npos;
 }
 
 bool isPattern(const std::string& text) { return text.find_first_of("*?[") != std::string::npos; }
