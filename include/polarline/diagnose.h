@@ -6,7 +6,8 @@
 
 #include "polarline/calibration.h"
 
-/// What the measurements of a set say about the cameras that took its pictures.
+/// What the measurements of a set say about the cameras that took its pictures. A fit of the full model to the row
+/// differences with the weights of Huber (1964), then of Tukey (Beaton and Tukey 1974). docs/how_it_measures/causes.md.
 namespace polarline {
 
 /// A physical misalignment of the right camera against the left that would make the row differences that were seen:
@@ -20,7 +21,7 @@ struct Cause {
   double value = 0.0;
   double sd = 0.0;     ///< Standard error, of the same unit; of a cause in a group that of not knowing which it is.
   std::string unit;    ///< "deg", "", "px", "board unit".
-  double share = 0.0;  ///< Part of the squared row difference that it explains; all add up. Below 0: it hides another.
+  double share = 0.0;  ///< Part of the squared rows that it explains (Shapley 1953). Below 0: it hides another.
   std::string text;    ///< A sentence without its full stop.
   int group = 0;       ///< Causes of one number above 0 are not told apart by the pictures; 0: told apart from all.
 };

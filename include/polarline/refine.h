@@ -3,7 +3,9 @@
 #include <cstdint>
 
 /// Dot centres that are several times closer to the truth than those of a detection, with what is known of their
-/// errors.
+/// errors. A dot's outline from the lines across its gradients (Ouellet and Hebert 2009), then a fit of the edge's grey
+/// values with Tukey's weights (Beaton and Tukey 1974); the perspective of a circle is taken off (Heikkila 2000); the
+/// least error that is possible is that of Rao (1945) and Cramer (1946). docs/how_it_measures/refined_centres.md.
 namespace polarline {
 
 /// What became of a dot.
