@@ -17,7 +17,7 @@ struct CheckResults : CommandTest {
   }
   void interrupted(const CommandRun& run) const {
     EXPECT_EQ(run.exit_code, 130) << run.out << run.err;
-    EXPECT_LT(run.seconds, 5.0);
+    EXPECT_LT(run.seconds_from_signal, 5.0 * SLOWNESS);
     EXPECT_FALSE(set.parent.has("r.json"));
     EXPECT_FALSE(set.parent.has("out"));
     isInWords(run);

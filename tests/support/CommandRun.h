@@ -12,6 +12,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <fstream>
 #include <functional>
 #include <regex>
 #include <stdexcept>
@@ -30,7 +31,7 @@ class CommandRun {
     std::vector<std::string> environment = {"LC_ALL=C"};
     /// Called whenever something was printed, with all that was printed before; the result is a signal to send, or 0.
     std::function<int(const std::string& out)> watch;
-    double seconds_to_signal = -1.0;  ///< From 0: SIGINT after that time.
+    double seconds_to_signal = -1.0;  ///< From 0: SIGINT so long after the command began to mind it.
   };
 
   int exit_code = -1;  ///< -1: ended by a signal.
@@ -38,8 +39,8 @@ class CommandRun {
   std::string out;
   std::string err;
   double first_line_seconds = -1.0;
-  double seconds = 0.0;
-  long kilobytes = 0;  ///< Most memory that it held.
+  double seconds_from_signal = 0.0;  ///< How long it went on after the signal.
+  long kilobytes = 0;                ///< Most memory that it held.
 
   explicit CommandRun(const std::vector<std::string>& arguments) : CommandRun(arguments, Options{}) {}
   CommandRun(const std::vector<std::string>& arguments, const Options& options) : options_(options) {
@@ -53,7 +54,7 @@ class CommandRun {
     rusage usage{};
     int status = 0;
     wait4(process_, &status, 0, &usage);
-    seconds = passed();
+    if (is_signalled_) seconds_from_signal = passed() - signalled_;
     kilobytes = usage.ru_maxrss;
     if (WIFEXITED(status)) exit_code = WEXITSTATUS(status);
     if (WIFSIGNALED(status)) signal = WTERMSIG(status);
@@ -131,15 +132,30 @@ class CommandRun {
 
   void send(int which) {
     is_signalled_ = true;
+    signalled_ = passed();
     kill(process_, which);
   }
 
+  /// A busy machine may take its time to start the command; before it minds the signal, it would end without a word.
+  void signalInTime() {
+    if (minded_ < 0.0 && minds(SIGINT)) minded_ = passed();
+    if (minded_ >= 0.0 && passed() > minded_ + options_.seconds_to_signal) send(SIGINT);
+  }
+
+  bool minds(int which) const {
+    std::ifstream status("/proc/" + std::to_string(process_) + "/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.rfind("SigCgt:", 0) == 0) return ((std::stoull(line.substr(7), nullptr, 16) >> (which - 1)) & 1U) != 0;
+    }
+    return false;
+  }
+
   void collect() {
-    constexpr double kPatience = 60.0;
+    constexpr double kPatience = 300.0;
     while (read_ends_[0] >= 0 || read_ends_[1] >= 0) {
       std::array<pollfd, 2> polled = {pollfd{read_ends_[0], POLLIN, 0}, pollfd{read_ends_[1], POLLIN, 0}};
       poll(polled.data(), polled.size(), 20);
-      if (options_.seconds_to_signal >= 0.0 && !is_signalled_ && passed() > options_.seconds_to_signal) send(SIGINT);
+      if (options_.seconds_to_signal >= 0.0 && !is_signalled_) signalInTime();
       if (passed() > kPatience) kill(process_, SIGKILL);
       for (const std::size_t k : {0U, 1U}) {
         if (read_ends_.at(k) >= 0 && polled.at(k).revents != 0 && !take(k)) closeEnd(read_ends_.at(k));
@@ -153,4 +169,6 @@ class CommandRun {
   std::array<int, 2> write_ends_{-1, -1};
   pid_t process_ = -1;
   bool is_signalled_ = false;
+  double minded_ = -1.0;
+  double signalled_ = 0.0;
 };
