@@ -1,0 +1,67 @@
+import { el } from '../dom/el';
+
+/** One of several, as buttons side by side; the pressed one is told by its state, too. */
+export function choice<T extends string>(
+  label: string,
+  options: readonly (readonly [T, string])[],
+  chosen: T,
+  choose: (option: T) => void,
+): HTMLElement {
+  const buttons = options.map(([option, text]) =>
+    el('button', { type: 'button', 'aria-pressed': String(option === chosen), click: () => press(option) }, text),
+  );
+  function press(option: T): void {
+    buttons.forEach((button, i) => button.setAttribute('aria-pressed', String(options[i]?.[0] === option)));
+    choose(option);
+  }
+  return el('span', { class: 'plot-choice', role: 'group', 'aria-label': label }, ...buttons);
+}
+
+/** On or off. */
+export function toggle(text: string, on: boolean, change: (on: boolean) => void): HTMLElement {
+  const box = el('input', { type: 'checkbox', change: () => change(box.checked) });
+  box.checked = on;
+  return el('label', { class: 'plot-toggle' }, box, text);
+}
+
+/** A slider over steps; `write` tells the step's value in words. */
+export function slider<T>(
+  label: string,
+  steps: readonly T[],
+  chosen: number,
+  write: (step: T) => string,
+  change: (place: number) => void,
+): HTMLElement {
+  const textAt = (place: number) => {
+    const step = steps[place];
+    return step === undefined ? '' : write(step);
+  };
+  const told = el('output', {}, textAt(chosen));
+  const range = el('input', { type: 'range', min: 0, max: steps.length - 1, step: 1, 'aria-label': label });
+  range.value = String(chosen);
+  range.setAttribute('aria-valuetext', textAt(chosen));
+  range.addEventListener('input', () => {
+    told.textContent = textAt(Number(range.value));
+    range.setAttribute('aria-valuetext', told.textContent);
+    change(Number(range.value));
+  });
+  return el('label', { class: 'plot-slider' }, label, range, told);
+}
+
+export function button(text: string, label: string, press: () => void): HTMLElement {
+  return el('button', { type: 'button', 'aria-label': label, title: label, click: press }, text);
+}
+
+export function controls(...parts: (Node | null)[]): HTMLElement {
+  return el('div', { class: 'plot-controls' }, ...parts);
+}
+
+/** What a reader has set lives with the view, so that a drawing for paper or of another width keeps it. */
+export function kept<View extends object, State>(make: (view: View) => State): (view: View) => State {
+  const states = new WeakMap<View, State>();
+  return (view) => {
+    const state = states.get(view) ?? make(view);
+    states.set(view, state);
+    return state;
+  };
+}

@@ -1,0 +1,116 @@
+import { el } from '../dom/el';
+import { binsOf, type Bins } from './bins';
+import { framed, type FramedPlot } from './base';
+import { fixed, present, rangeOf, unitText, withUnit, type Numbers } from './numbers';
+import type { Spread } from '../page_data';
+import type { PlotContext } from './plot';
+import { RangeBrush } from './range_brush';
+import { svg } from './svg';
+
+/** How often a value occurs among the dots. */
+export interface HistogramView {
+  name: string;
+  unit: string;
+  ids: readonly number[];
+  values: Numbers;
+  spread: Spread | null;
+  /** Marked on both sides of zero. */
+  limit: number | null;
+  /** Draws the normal distribution of the same mean and standard deviation: right for what should be noise. */
+  normal: boolean;
+}
+
+const most = 300;
+
+export function histogram(view: HistogramView, context: PlotContext): HTMLElement {
+  const values = present(view.values);
+  const [from, to] = rangeOf(values, 0.02);
+  const bins = binsOf(view.values, from, to, Math.min(48, Math.max(8, Math.round(context.width / 16))));
+  const height = Math.round(Math.min(most, Math.max(190, context.width * 0.62)));
+  const x = { from: bins.from, to: bins.to, label: withUnit(view.name, view.unit) };
+  const y = { from: 0, to: 1.08 * Math.max(1, ...bins.dots.map((dots) => dots.length)), label: 'Dots' };
+  const plot = framed({ width: context.width, height, x, y, marks: [] });
+  const bars = svg('g', {});
+  const chosen = svg('g', {});
+  plot.svg.append(bars, chosen);
+  drawBars(bars, bins, view, plot);
+  drawGuides(plot, view, bins);
+  const label = `${view.name}, how often. Left and right go from bar to bar, with Shift they select a range, Escape clears.`;
+  const brush = new RangeBrush(plot, bins, view.ids, label, context);
+  const show = () => drawChosen(bars, chosen, bins, view, plot, context);
+  context.selection.subscribe(show, context.signal);
+  show();
+  return el('div', {}, brush.element);
+}
+
+function bar(plot: FramedPlot, bins: Bins, place: number, count: number, look: Record<string, string | number>) {
+  const left = plot.x(bins.from + place * bins.step);
+  const width = plot.x(bins.from + (place + 1) * bins.step) - left;
+  const top = plot.y(count);
+  const box = { x: left + 0.5, y: top, width: Math.max(width - 1, 0.5), height: Math.max(plot.y(0) - top, 0) };
+  return svg('rect', { ...box, ...look });
+}
+
+function drawBars(group: SVGGElement, bins: Bins, view: HistogramView, plot: FramedPlot): void {
+  bins.dots.forEach((dots, place) => {
+    const over = dots.filter((i) => view.limit !== null && Math.abs(view.values[i] ?? 0) > view.limit).length;
+    if (dots.length) group.append(bar(plot, bins, place, dots.length, { fill: 'var(--within)', 'fill-opacity': 0.55 }));
+    if (over) group.append(bar(plot, bins, place, over, { fill: 'var(--over)' }));
+  });
+}
+
+/** The part of each bar that is brushed or marked stands before the bar, which fades. */
+function drawChosen(
+  bars: SVGGElement,
+  group: SVGGElement,
+  bins: Bins,
+  view: HistogramView,
+  plot: FramedPlot,
+  { selection }: PlotContext,
+): void {
+  const { brushed, marked, hovered } = selection;
+  bars.style.opacity = brushed ? '0.35' : '';
+  const parts: SVGElement[] = [];
+  bins.dots.forEach((dots, place) => {
+    const count = brushed ? dots.filter((i) => brushed.has(view.ids[i] ?? -1)).length : 0;
+    if (count) parts.push(bar(plot, bins, place, count, { fill: 'var(--mark)', 'fill-opacity': 0.75 }));
+    const middle = plot.x(bins.from + (place + 0.5) * bins.step);
+    const sign = dots.some((i) => marked.has(view.ids[i] ?? -1) || view.ids[i] === hovered);
+    if (sign) {
+      parts.push(svg('path', { d: `M${middle} ${plot.y(0)}l-5 9h10z`, fill: 'var(--mark)', stroke: 'var(--card)' }));
+    }
+  });
+  group.replaceChildren(...parts);
+}
+
+function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
+  const { box } = plot;
+  const dash = { 'stroke-width': 1.5, 'stroke-dasharray': '5 4', fill: 'none' };
+  const { mean, sd, count } = view.spread ?? { mean: null, sd: null, count: 0 };
+  if (view.normal && mean !== null && sd !== null && sd > 0) {
+    const points = Array.from({ length: 81 }, (_, k) => {
+      const value = bins.from + (k / 80) * (bins.to - bins.from);
+      const dense = Math.exp(-0.5 * ((value - mean) / sd) ** 2) / (sd * Math.sqrt(2 * Math.PI));
+      return `${plot.x(value).toFixed(1)} ${Math.max(box.y, plot.y(count * bins.step * dense)).toFixed(1)}`;
+    });
+    plot.svg.append(
+      svg('path', { d: `M${points.join('L')}`, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 }),
+    );
+  }
+  if (view.limit === null) return;
+  for (const limit of [-view.limit, view.limit]) {
+    if (limit < bins.from || limit > bins.to) continue;
+    const at = plot.x(limit);
+    const right = limit > 0 && at > box.x + box.width / 2;
+    const look = {
+      x: at + (right ? -4 : 4),
+      y: box.y + 2,
+      fill: 'var(--over)',
+      'text-anchor': right ? 'end' : 'start',
+    };
+    plot.svg.append(
+      svg('path', { d: `M${at} ${box.y}v${box.height}`, stroke: 'var(--over)', ...dash }),
+      svg('text', look, `limit ${fixed(limit, 3).replace(/0+$/, '')} ${unitText(view.unit)}`),
+    );
+  }
+}
