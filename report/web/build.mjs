@@ -5,6 +5,7 @@ import { readFile, readdir, writeFile } from 'node:fs/promises';
 import { fileURLToPath } from 'node:url';
 import path from 'node:path';
 import { build, transform } from 'esbuild';
+import { leftOut } from './left_out.mjs';
 
 const here = path.dirname(fileURLToPath(import.meta.url));
 const target = path.resolve(process.argv[2] ?? path.join(here, '..', 'page.html'));
@@ -54,13 +55,15 @@ async function main() {
     target: ['chrome100', 'firefox100', 'safari15.4'],
     charset: 'ascii',
     legalComments: 'none',
+    plugins: [leftOut],
     metafile: true,
     write: false,
     logLevel: 'warning',
   });
   const script = bundle.outputFiles[0].text.trim();
   if (/<\/script|<!--/i.test(script)) throw new Error('the script would end its own element');
-  const style = (await transform(await source('page.css'), { loader: 'css', minify: true })).code.trim();
+  const styles = await Promise.all(['page.css', 'plots/plots.css', 'print.css'].map(source));
+  const style = (await transform(styles.join('\n'), { loader: 'css', minify: true })).code.trim();
   const page = filled(await source('page.html'), {
     SCRIPT: script,
     SCRIPT_HASH: `sha256-${createHash('sha256').update(script).digest('base64')}`,
@@ -70,6 +73,8 @@ async function main() {
   for (const mark of ['@POLARLINE_DATA@', '@POLARLINE_STATIC@', '@POLARLINE_TITLE@']) {
     if (page.split(mark).length !== 2) throw new Error(`the template has to hold ${mark} once`);
   }
+  // The hash is that of everything between the tags, so the source must not be laid out anew.
+  if (!page.includes(`<script>${script}</script>`)) throw new Error('the script has to stand alone in its element');
   const size = Buffer.byteLength(page);
   if (size > largest) throw new Error(`the template has ${size} bytes, ${largest} are allowed`);
   await writeFile(target, page);

@@ -1,7 +1,12 @@
+import { App } from './app';
 import type { PageData } from './page_data';
-import { el } from './dom/el';
 
-const data = JSON.parse(document.getElementById('polarline-data')?.textContent ?? '') as PageData;
-const page = document.getElementById('polarline-page');
-page?.append(...data.checks.map((check) => el('h1', {}, check.headline)));
-document.documentElement.dataset['ready'] = 'true';
+const text = (id: string): string => document.getElementById(id)?.textContent ?? '';
+
+const root = document.getElementById('polarline-page');
+const still = document.getElementById('polarline-static');
+if (root) {
+  new App(JSON.parse(text('polarline-data')) as PageData, root).start();
+  // What stands there for browsers without scripts is said twice now.
+  still?.remove();
+}

@@ -214,10 +214,9 @@ export interface CheckDocument {
     figures: Record<string, FigureSummary>;
     refined?: { figures: Record<string, FigureSummary> };
   };
-  limits: { text: string; value: number | null; holds: boolean | null; [key: string]: unknown }[];
+  limits: { text: string; value: number | null; holds: boolean | null; pair: number | null; why: string }[];
   verdict: 'pass' | 'fail' | 'error';
   diagnosis: Diagnosis | null;
-  correction?: { path: string; [key: string]: unknown } | null;
   warnings: { code: string; pair?: number | null; text: string; advice: string }[];
 }
 
@@ -264,4 +263,5 @@ export interface Diagnosis {
   rows_before: number | null;
   rows_after: number | null;
   pattern_left: boolean;
+  correction?: { path: string; rows_predicted: number | null; rows_seen: number | null } | null;
 }

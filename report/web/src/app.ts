@@ -1,0 +1,152 @@
+import { el } from './dom/el';
+import { redrawAll } from './dom/plot_figure';
+import { say } from './dom/say';
+import type { PageData } from './page_data';
+import { comparison } from './parts/comparison';
+import { coverage } from './parts/coverage';
+import { header } from './parts/header';
+import { measured } from './parts/measured';
+import { pairSection } from './parts/pair';
+import { pairsTable } from './parts/pairs_table';
+import { positionOf, type Scope } from './parts/scope';
+import { trends } from './parts/trends';
+import { verdict } from './parts/verdict';
+import { warnings } from './parts/warnings';
+import { hashOf, placeOf } from './state/route';
+import { SelectionStore } from './state/selection';
+import { Explanations, type Source } from './text/figures';
+
+/** The page: what stands in the address is shown, and what is chosen goes into the address. */
+export class App {
+  private readonly explanations: Explanations;
+  private check = -1;
+  private pair: number | null = null;
+  private source: Source = 'library';
+  private checkEnd = new AbortController();
+  private pairEnd = new AbortController();
+  private selection = new SelectionStore();
+  private markTrends: ((pair: number) => void) | null = null;
+  private readonly bar = el('div', { class: 'bar-place' });
+  private readonly pairPlace = el('div');
+  private readonly tablePlace = el('div');
+  private readonly main = el('main');
+
+  constructor(
+    private readonly data: PageData,
+    private readonly root: HTMLElement,
+  ) {
+    this.explanations = new Explanations(data.explanations);
+    this.root.append(this.bar, this.main);
+  }
+
+  start(): void {
+    this.follow();
+    addEventListener('hashchange', () => this.follow());
+    addEventListener('keydown', (event) => this.key(event));
+    addEventListener('beforeprint', () => this.forPaper(true));
+    addEventListener('afterprint', () => this.forPaper(false));
+  }
+
+  /** Shows what the address says. Drawings are made when their places are known, which is before the next frame. */
+  private follow(): void {
+    const { dataset } = document.documentElement;
+    delete dataset['ready'];
+    this.show();
+    requestAnimationFrame(() => requestAnimationFrame(() => (dataset['ready'] = 'true')));
+  }
+
+  private show(): void {
+    const place = placeOf(location.hash);
+    const check = Math.min(place.check, this.data.checks.length - 1);
+    const view = this.data.checks[check];
+    if (!view) return;
+    const first = view.first_pair === null ? null : (view.document.pairs[view.first_pair]?.index ?? null);
+    const asked = place.pair !== null && positionOf(view, place.pair) >= 0 ? place.pair : null;
+    const pair = asked ?? first;
+    if (check !== this.check) {
+      this.check = check;
+      this.pair = pair;
+      this.drawCheck();
+    } else if (pair !== this.pair) {
+      this.pair = pair;
+      this.drawPair();
+      say(`Pair ${pair}`);
+    }
+    if (asked !== null) this.pairPlace.scrollIntoView({ block: 'start' });
+  }
+
+  private scope(end: AbortSignal): Scope {
+    return {
+      check: this.data.checks[this.check]!,
+      number: this.check,
+      source: this.source,
+      explanations: this.explanations,
+      go: (pair) => (location.hash = hashOf({ check: this.check, pair })),
+      end,
+    };
+  }
+
+  private drawCheck(): void {
+    this.checkEnd.abort();
+    this.checkEnd = new AbortController();
+    const scope = this.scope(this.checkEnd.signal);
+    const run = trends(scope);
+    this.markTrends = run?.mark ?? null;
+    this.bar.replaceChildren(header(this.data, this.check));
+    this.tablePlace.replaceChildren(pairsTable(scope));
+    const parts = [
+      comparison(this.data, scope),
+      verdict(scope),
+      warnings(scope),
+      run?.element,
+      this.pairPlace,
+      coverage(scope),
+      this.tablePlace,
+      measured(scope, this.data.made),
+    ];
+    this.main.replaceChildren(...parts.filter((part) => part !== null && part !== undefined));
+    this.drawPair();
+  }
+
+  private drawPair(): void {
+    this.pairEnd.abort();
+    this.pairEnd = new AbortController();
+    this.selection = new SelectionStore();
+    const scope = this.scope(this.pairEnd.signal);
+    const position = this.pair === null ? -1 : positionOf(scope.check, this.pair);
+    const pair = scope.check.document.pairs[position];
+    if (!pair) {
+      this.pairPlace.replaceChildren();
+      return;
+    }
+    const details = scope.check.details[position] ?? null;
+    const choose = (source: Source): void => this.chooseSource(source);
+    this.pairPlace.replaceChildren(pairSection({ ...scope, pair, details }, this.selection, choose));
+    this.markTrends?.(pair.index);
+  }
+
+  private chooseSource(source: Source): void {
+    this.source = source;
+    this.drawCheck();
+    this.pairPlace.querySelector<HTMLElement>('[aria-pressed=true]')?.focus();
+  }
+
+  private key(event: KeyboardEvent): void {
+    if (event.defaultPrevented || event.altKey || event.ctrlKey || event.metaKey) return;
+    if (event.key === 'Escape') this.selection.clear();
+    const by = { ArrowLeft: -1, ArrowRight: 1 }[event.key];
+    const free = !(event.target as Element).closest?.('input,select,textarea,[role=group],.scroller,.plot-area');
+    if (by === undefined || !free || this.pair === null) return;
+    const view = this.data.checks[this.check]!;
+    const other = view.document.pairs[positionOf(view, this.pair) + by];
+    if (!other) return;
+    event.preventDefault();
+    location.hash = hashOf({ check: this.check, pair: other.index });
+  }
+
+  /** Paper has its own width, which a style sheet for print would give only after the drawing. */
+  private forPaper(on: boolean): void {
+    document.documentElement.classList.toggle('printing', on);
+    redrawAll();
+  }
+}

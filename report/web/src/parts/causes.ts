@@ -1,0 +1,81 @@
+import { el } from '../dom/el';
+import { tableElement, type Cell } from '../dom/table';
+import type { Diagnosis } from '../page_data';
+import { percent, shown, withError } from '../text/number';
+import { shortUnit } from '../text/figures';
+import type { Scope } from './scope';
+
+type Cause = Diagnosis['causes'][number];
+
+function size(cause: Cause): Cell {
+  const { name, value, sd } = cause;
+  const text = value === null ? '–' : sd === null ? shown(value) : withError(value, sd);
+  const sign = value !== null && value > 0 ? '+' : '';
+  const exact = { 'data-cause': name, 'data-value': String(value) };
+  return { content: el('span', exact, `${sign}${text} ${shortUnit(cause.unit)}`), value };
+}
+
+function share(cause: Cause): Cell {
+  if (cause.share === null) return '–';
+  const part = Math.min(1, Math.max(0, cause.share));
+  const bar = el(
+    'span',
+    { class: 'bar', 'aria-hidden': 'true' },
+    el('span', { style: `width:${(part * 100).toFixed(1)}%` }),
+  );
+  return { content: el('span', { class: 'share' }, bar, percent(cause.share)), value: cause.share };
+}
+
+function list(scope: Scope, causes: Cause[]): HTMLElement {
+  const grouped = causes.some(({ group }) => group !== null && group !== undefined);
+  return tableElement({
+    caption: 'Causes of the row differences',
+    columns: [
+      { title: 'Cause', hint: 'Of the right camera against the left' },
+      { title: 'More than the calibration says', numbers: true },
+      { title: 'Explains', below: 'of the squared row difference' },
+      ...(grouped ? [{ title: 'Group', hint: 'The pictures do not tell causes of one group apart' }] : []),
+    ],
+    rows: causes.map((cause) => [
+      scope.explanations.title(cause.name),
+      size(cause),
+      share(cause),
+      ...(grouped ? [cause.group === null || cause.group === undefined ? '' : `not told apart (${cause.group})`] : []),
+    ]),
+    headed: true,
+  });
+}
+
+function correction(diagnosis: Diagnosis): HTMLElement | null {
+  const written = diagnosis.correction;
+  if (!written) return null;
+  const rows = (value: number | null): string => (value === null ? '–' : `${shown(value)} px`);
+  return el(
+    'p',
+    {},
+    `The calibration with these causes taken out: ${written.path}. Mean row difference predicted ${rows(written.rows_predicted)}, seen with it ${rows(written.rows_seen)}.`,
+  );
+}
+
+/** Why the rows differ: the sentence, then each cause with its error. */
+export function causes(scope: Scope): HTMLElement | null {
+  const { diagnosis } = scope.check.document;
+  if (!diagnosis) return null;
+  const { rows_before: before, rows_after: after } = diagnosis;
+  return el(
+    'div',
+    { class: 'causes' },
+    el('p', { class: 'diagnosis' }, diagnosis.text),
+    before !== null &&
+      after !== null &&
+      diagnosis.causes.length > 0 &&
+      el(
+        'p',
+        { class: 'faint' },
+        `Mean row difference: ${shown(before)} px seen, ${shown(after)} px with the causes taken out.`,
+      ),
+    diagnosis.pattern_left && el('p', { class: 'faint' }, 'A pattern is left that these causes do not explain.'),
+    diagnosis.causes.length > 0 && list(scope, diagnosis.causes),
+    correction(diagnosis),
+  );
+}

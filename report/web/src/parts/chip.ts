@@ -1,0 +1,16 @@
+import { icon, type IconName } from '../dom/icon';
+import { el } from '../dom/el';
+
+/** A state in a word with its shape. */
+export function chip(shape: IconName, words: string): HTMLElement {
+  return el('span', { class: `chip ${shape}` }, icon(shape), words);
+}
+
+export function section(id: string, title: string, ...children: (Node | string | null | false)[]): HTMLElement {
+  return el('section', { id, 'aria-labelledby': `${id}-title` }, el('h2', { id: `${id}-title` }, title), ...children);
+}
+
+/** Names and what belongs to them, side by side. */
+export function terms(entries: readonly (readonly [string, Node | string])[]): HTMLElement {
+  return el('dl', { class: 'terms' }, ...entries.flatMap(([name, value]) => [el('dt', {}, name), el('dd', {}, value)]));
+}

@@ -1,0 +1,28 @@
+import { el } from '../dom/el';
+import { plotFigure } from '../dom/plot_figure';
+import { coverageMap } from '../plots/coverage';
+import { SelectionStore } from '../state/selection';
+import { section } from './chip';
+import { pictureSize } from './pair_views';
+import type { Scope } from './scope';
+
+/** Where dots of any pair have been. */
+export function coverage(scope: Scope): HTMLElement | null {
+  const found = scope.check.coverage;
+  if (!found) return null;
+  const figures = (['left', 'right'] as const).map(
+    (side) =>
+      plotFigure(
+        {
+          title: `The ${side} picture`,
+          sentence: found.sentence,
+          help: 'How many dots of all finished pairs lie in each cell of the picture. What a camera does in an empty cell was not judged: take pictures with the board there.',
+          plot: coverageMap,
+          view: { grid: found[side], ...pictureSize(scope, found[side]) },
+          selection: new SelectionStore(),
+        },
+        scope.end,
+      ).element,
+  );
+  return section('coverage', 'All pairs together', el('div', { class: 'grid' }, ...figures));
+}

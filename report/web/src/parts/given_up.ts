@@ -1,0 +1,49 @@
+import { el } from '../dom/el';
+import type { Picture } from '../page_data';
+import { terms } from './chip';
+import type { PairScope } from './scope';
+
+export function picture(source: Picture, words: string): HTMLElement {
+  return el('img', { src: source.source, width: source.width, height: source.height, alt: words, loading: 'lazy' });
+}
+
+/** Why the library gave the pair up, and what the step that failed saw. */
+export function givenUp(scope: PairScope): HTMLElement {
+  const { pair, details } = scope;
+  const { reason } = pair;
+  const facts: [string, string][] = [
+    ['Step', reason?.step ?? ''],
+    ['Side', reason?.side ?? ''],
+    ['Status', reason?.code === null || reason?.code === undefined ? '' : String(reason.code)],
+    ['Dots found', pair.found ? `${pair.found.left} left, ${pair.found.right} right` : ''],
+  ];
+  const step = details?.failed_step;
+  const both = (['left', 'right'] as const).filter((side) => details?.pictures[side]);
+  return el(
+    'div',
+    { class: 'grid' },
+    el(
+      'div',
+      { class: `card ${step ? '' : 'full'}` },
+      el('h3', {}, 'Given up'),
+      el('p', { class: 'headline' }, reason?.text ?? 'The library said no reason.'),
+      terms(facts.filter(([, value]) => value !== '')),
+    ),
+    step &&
+      el(
+        'figure',
+        { class: 'card wide shot' },
+        el('h3', {}, 'What the step that failed saw'),
+        picture(step, step.text || 'Picture of the step that failed'),
+        el('figcaption', { class: 'sentence' }, step.text),
+      ),
+    ...both.map((side) =>
+      el(
+        'figure',
+        { class: 'card shot' },
+        el('h3', {}, `The ${side} picture`),
+        picture(details!.pictures[side]!, `The ${side} picture, ${pair[side]}`),
+      ),
+    ),
+  );
+}

@@ -1,0 +1,49 @@
+import { el } from '../dom/el';
+import { choice } from '../plots/controls';
+import type { PageData } from '../page_data';
+import { hashOf } from '../state/route';
+import { chip } from './chip';
+
+type Theme = 'auto' | 'light' | 'dark';
+
+function themes(): HTMLElement {
+  const words = [
+    ['auto', 'Auto'],
+    ['light', 'Light'],
+    ['dark', 'Dark'],
+  ] as const;
+  const set = (theme: Theme): void => {
+    document.documentElement.style.colorScheme = theme === 'auto' ? '' : theme;
+  };
+  return choice<Theme>('Theme', words, 'auto', set);
+}
+
+/** The bar that stays: what it is, the verdict, the checks to choose from. */
+export function header(data: PageData, check: number): HTMLElement {
+  const view = data.checks[check];
+  const several = data.checks.length > 1;
+  const links = data.checks.map((other, index) =>
+    el(
+      'a',
+      { href: hashOf({ check: index, pair: null }), 'aria-current': index === check ? 'true' : null },
+      `${index + 1} `,
+      other.title,
+    ),
+  );
+  const verdict = view?.document.verdict;
+  return el(
+    'header',
+    { class: 'bar' },
+    el('strong', {}, 'PolarLinePrecision'),
+    several
+      ? el('nav', { 'aria-label': 'Checks', class: 'checks' }, ...links)
+      : el('span', { class: 'name' }, view?.title),
+    verdict && chip(verdict, verdict.toUpperCase()),
+    el(
+      'span',
+      { class: 'tools no-print' },
+      themes(),
+      el('button', { type: 'button', click: () => window.print() }, 'Print'),
+    ),
+  );
+}

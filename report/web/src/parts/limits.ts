@@ -1,0 +1,66 @@
+import { el } from '../dom/el';
+import { tableElement, type Cell } from '../dom/table';
+import { ruleOf, type Limit } from '../text/limits';
+import { shown } from '../text/number';
+import { chip } from './chip';
+import { gauge } from './gauge';
+import { pairLink, type Scope } from './scope';
+
+function name(scope: Scope, limit: Limit): Cell {
+  const rule = ruleOf(limit.text);
+  const title = rule ? scope.explanations.title(rule.figure) : '';
+  return {
+    content: el('span', { title: limit.why }, title && title !== limit.text ? title : '', el('small', {}, limit.text)),
+    value: limit.text,
+  };
+}
+
+function worst(limit: Limit, index: number): Cell {
+  const text = limit.value === null ? '–' : shown(limit.value);
+  const exact = { 'data-limit': index, 'data-value': String(limit.value) };
+  return { content: el('span', { class: limit.holds ? '' : 'over-text', ...exact }, text), value: limit.value };
+}
+
+function where(scope: Scope, limit: Limit): Cell {
+  if (limit.pair === null) return { content: document.createTextNode('the run'), value: null };
+  return { content: el('a', { href: pairLink(scope, limit.pair) }, `pair ${limit.pair}`), value: limit.pair };
+}
+
+function held(limit: Limit): Cell {
+  return limit.holds
+    ? { content: chip('pass', 'holds'), value: 'holds' }
+    : { content: chip('fail', limit.value === null ? 'not measured' : 'exceeded'), value: 'exceeded' };
+}
+
+/** Every limit with its worst value, how near it comes, and where. */
+export function limits(scope: Scope): HTMLElement {
+  const { limits: given } = scope.check.document;
+  const title = el('h2', { id: 'limits-title' }, 'Limits');
+  if (given.length === 0) {
+    return el(
+      'div',
+      { class: 'card limits' },
+      title,
+      el('p', {}, 'No limit was given, so the verdict says only that the run came to its end.'),
+    );
+  }
+  const table = tableElement({
+    caption: 'Limits',
+    columns: [
+      { title: 'Limit' },
+      { title: 'Worst', numbers: true },
+      { title: 'Against the limit' },
+      { title: 'Where' },
+      { title: 'Verdict' },
+    ],
+    rows: given.map((limit, index) => [
+      name(scope, limit),
+      worst(limit, index),
+      { content: gauge(limit), value: limit.value },
+      where(scope, limit),
+      held(limit),
+    ]),
+    headed: true,
+  });
+  return el('div', { class: 'card limits' }, title, table);
+}

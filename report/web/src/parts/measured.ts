@@ -1,0 +1,83 @@
+import { el } from '../dom/el';
+import { tableElement } from '../dom/table';
+import { section, terms } from './chip';
+import { moment } from './verdict';
+import type { Scope } from './scope';
+
+/** Names and values of a record within records, a line each. */
+export function lines(record: Record<string, unknown>, prefix = ''): [string, string][] {
+  return Object.entries(record).flatMap(([key, value]): [string, string][] => {
+    const name = `${prefix}${key}`;
+    if (value !== null && typeof value === 'object' && !Array.isArray(value)) {
+      return lines(value as Record<string, unknown>, `${name}.`);
+    }
+    return [[name, text(value)]];
+  });
+}
+
+function text(value: unknown): string {
+  if (Array.isArray(value)) return value.length === 0 ? '–' : value.map(text).join(', ');
+  return value === null || value === undefined ? '–' : String(value);
+}
+
+function settingsCard(scope: Scope): HTMLElement {
+  const rows = lines(scope.check.document.settings);
+  return el(
+    'details',
+    { class: 'card' },
+    el('summary', {}, el('h3', {}, 'Polar configuration'), ` ${rows.length} keys`),
+    tableElement({
+      caption: 'Polar configuration',
+      columns: [{ title: 'Key' }, { title: 'Value' }],
+      rows,
+      sortable: true,
+      headed: true,
+    }),
+  );
+}
+
+function filesCard(scope: Scope): HTMLElement {
+  const { inputs, id } = scope.check.document.set;
+  return el(
+    'details',
+    { class: 'card' },
+    el('summary', {}, el('h3', {}, 'Files and their hashes'), ` ${inputs.length} files`),
+    id !== '' && el('p', {}, 'Hash of the whole set: ', el('code', {}, id)),
+    tableElement({
+      caption: 'Files',
+      columns: [{ title: 'Role' }, { title: 'File' }, { title: 'SHA-256' }],
+      rows: inputs.map(({ role, path, sha256 }) => [role, path, sha256 || 'could not be read']),
+      sortable: true,
+      headed: true,
+    }),
+  );
+}
+
+/** With what, by what and how it was measured. */
+export function measured(scope: Scope, made: string): HTMLElement {
+  const { document } = scope.check;
+  const cameras = lines(document.cameras);
+  return section(
+    'measured',
+    'How it was measured',
+    el(
+      'div',
+      { class: 'grid' },
+      el(
+        'div',
+        { class: 'card' },
+        el('h3', {}, 'Board and versions'),
+        terms([
+          ...lines(document.board),
+          ['Command', `${document.tool.name} ${document.tool.version}`],
+          ['Library', document.tool.library],
+          ['Measured', moment(document.started)],
+          ['Page made', moment(made)],
+        ]),
+      ),
+      el('details', { class: 'card' }, el('summary', {}, el('h3', {}, 'Cameras')), terms(cameras)),
+      settingsCard(scope),
+      filesCard(scope),
+    ),
+  );
+}

@@ -1,0 +1,118 @@
+import { el } from '../dom/el';
+import { choice } from '../plots/controls';
+import type { SelectionStore } from '../state/selection';
+import { followDots } from '../dom/tooltip';
+import type { Source } from '../text/figures';
+import { chip, section } from './chip';
+import { chosenDots, worstDots } from './dots';
+import { givenUp } from './given_up';
+import { allFigures, isOver, tiles } from './pair_figures';
+import { pairPlots } from './pair_plots';
+import { quality } from './pair_quality';
+import { hasRefined, pairLink, type PairScope } from './scope';
+import { valueOf } from '../text/figures';
+
+function step(scope: PairScope, by: number, words: string): HTMLElement {
+  const { pairs } = scope.check.document;
+  const other = pairs[pairs.indexOf(scope.pair) + by];
+  if (!other) return el('span', { class: 'button off', 'aria-hidden': 'true' }, words);
+  return el('a', { class: 'button', href: pairLink(scope, other.index) }, words);
+}
+
+function chooser(scope: PairScope): HTMLElement {
+  const select = el(
+    'select',
+    { 'aria-label': 'Pair' },
+    ...scope.check.document.pairs.map(({ index, state }) =>
+      el(
+        'option',
+        { value: index, selected: index === scope.pair.index },
+        `Pair ${index}${state === 'finished' ? '' : ', given up'}`,
+      ),
+    ),
+  );
+  select.addEventListener('change', () => scope.go(Number(select.value)));
+  return select;
+}
+
+export const sources = [
+  ['library', 'Library'],
+  ['refined', 'Refined'],
+] as const;
+
+function navigation(scope: PairScope, chooseSource: (source: Source) => void): HTMLElement {
+  return el(
+    'div',
+    { class: 'pair-navigation no-print' },
+    hasRefined(scope.check) && choice('Centres', sources, scope.source, chooseSource),
+    el('nav', { 'aria-label': 'Pairs' }, step(scope, -1, '← Previous'), chooser(scope), step(scope, 1, 'Next →')),
+  );
+}
+
+function state(scope: PairScope): HTMLElement {
+  const { pair, check } = scope;
+  const over = check.main_figures.filter((name) => isOver(scope, name, valueOf(pair, 'library', name), 'library'));
+  const position = check.document.pairs.indexOf(pair);
+  return el(
+    'p',
+    { class: 'pair-state' },
+    pair.state !== 'finished'
+      ? chip('given_up', 'given up')
+      : over.length > 0
+        ? chip('fail', `over: ${over.join(', ')}`)
+        : chip('pass', 'finished'),
+    position === check.first_pair && check.worst_pair_text !== '' && chip('none', 'worst pair'),
+    el('span', { class: 'faint' }, `${pair.left} and ${pair.right}`),
+    scope.source === 'refined' && el('span', {}, 'seen from refined centres'),
+    pair.carried.length > 0 &&
+      el(
+        'span',
+        { class: 'note' },
+        `Not of this pair, but carried from the one before, and so left out: ${pair.carried.join(', ')}.`,
+      ),
+  );
+}
+
+function finished(scope: PairScope, selection: SelectionStore): Node[] {
+  const { details, source } = scope;
+  const refined = source === 'refined' && details?.refined_points;
+  const points = refined ? details.refined_points : details?.points;
+  const statistics = refined ? details?.refined_statistics : details?.statistics;
+  const shownTiles = [tiles(scope)];
+  if (!points || !statistics) {
+    const why = scope.check.left_out || 'The dots of this pair are not in this page.';
+    return [
+      ...shownTiles,
+      el('p', { class: 'note' }, why),
+      ...[quality(scope), allFigures(scope)].filter((x) => x !== null),
+    ];
+  }
+  followDots(selection, points, 'board units', scope.end);
+  return [
+    ...shownTiles,
+    el(
+      'div',
+      { class: 'grid' },
+      ...pairPlots(scope, points, statistics, selection),
+      chosenDots(scope, points, selection),
+      worstDots(scope, points, statistics, selection),
+      quality(scope) ?? '',
+    ),
+    allFigures(scope),
+  ];
+}
+
+/** Everything of the pair that is shown. */
+export function pairSection(
+  scope: PairScope,
+  selection: SelectionStore,
+  chooseSource: (source: Source) => void,
+): HTMLElement {
+  return section(
+    'pair',
+    `Pair ${scope.pair.index}`,
+    navigation(scope, chooseSource),
+    state(scope),
+    ...(scope.pair.state === 'finished' ? finished(scope, selection) : [givenUp(scope)]),
+  );
+}

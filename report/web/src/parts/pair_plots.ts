@@ -1,0 +1,170 @@
+import { plotFigure, type PlotFigure } from '../dom/plot_figure';
+import type { DotColumns, Statistics } from '../page_data';
+import { board3d } from '../plots/board3d';
+import { boardCells } from '../plots/board_cells';
+import { courseAlong } from '../plots/course';
+import { detectorView } from '../plots/detector_view';
+import { distanceErrors } from '../plots/distances';
+import { histogram } from '../plots/histogram';
+import { pictureMap } from '../plots/picture_map';
+import type { Plot } from '../plots/plot';
+import type { Selection } from '../state/selection';
+import { help } from './help';
+import { dotLimit, sides, some } from './pair_views';
+import type { PairScope } from './scope';
+
+interface Given {
+  scope: PairScope;
+  points: DotColumns;
+  statistics: Statistics;
+  selection: Selection;
+}
+
+type Size = PlotFigure<unknown>['size'];
+
+function figure<View>(
+  { scope, selection }: Given,
+  title: string,
+  sentence: string,
+  words: string,
+  plot: Plot<View>,
+  view: View,
+  size?: Size,
+): HTMLElement {
+  const shape = size ? { size } : {};
+  return plotFigure({ title, sentence, help: words, plot, view, selection, ...shape }, scope.end).element;
+}
+
+function rowDifferences(given: Given): HTMLElement[] {
+  const { scope, points, statistics } = given;
+  if (!some(points.dy)) return [];
+  const { sentences } = statistics;
+  const limit = dotLimit(scope, 'dy_max', 'dy_bias_divid');
+  const dy = { name: 'Row difference', unit: 'pixels', ids: points.id, values: points.dy, limit };
+  const map = {
+    ...dy,
+    sides: sides(scope, points),
+    pattern: points.dy_pattern,
+    signed: true,
+    arrows: true,
+    largest: null,
+  };
+  const courses = [
+    [
+      'Along the picture',
+      'Column in the rectified picture',
+      points.rectified_left_x,
+      statistics.dy_along,
+      sentences.along,
+    ],
+    [
+      'Across the picture',
+      'Row in the rectified picture',
+      points.rectified_left_y,
+      statistics.dy_across,
+      sentences.across,
+    ],
+  ] as const;
+  return [
+    figure(given, 'Row differences over the picture', sentences.map, help.map, pictureMap, map, 'tall'),
+    figure(given, 'Distribution', sentences.histogram, help.histogram, histogram, {
+      ...dy,
+      spread: statistics.dy,
+      normal: true,
+    }),
+    ...courses.flatMap(([title, along, at, course, sentence]) =>
+      course ? [figure(given, title, sentence, help.course, courseAlong, { ...dy, along, at, course })] : [],
+    ),
+  ];
+}
+
+function residuals(given: Given): HTMLElement[] {
+  const { scope, points, statistics } = given;
+  if (!some(points.residual)) return [];
+  const { board } = scope.check.document;
+  const limit = dotLimit(scope, 'tri_max', 'tri_bias_divid');
+  const residual = {
+    name: 'Residual',
+    unit: 'pixels',
+    ids: points.id,
+    values: points.residual,
+    signed: false,
+    largest: null,
+  };
+  const cells = { ...residual, column: points.column, row: points.row, columns: board.cols, rows: board.rows };
+  const map = { ...residual, sides: sides(scope, points), arrows: false, limit };
+  return [
+    figure(given, 'Residual over the board', statistics.sentences.residual, help.cells, boardCells, cells),
+    figure(given, 'Residual over the picture', statistics.sentences.residual, help.residual, pictureMap, map),
+  ];
+}
+
+function space(given: Given): HTMLElement[] {
+  const { scope, points, statistics } = given;
+  const { distances, sentences } = statistics;
+  const unit = 'board unit';
+  const depth = { name: 'Depth error', unit, ids: points.id, values: points.depth_error, signed: true, arrows: false };
+  const board = {
+    unit,
+    ids: points.id,
+    column: points.column,
+    row: points.row,
+    boardX: points.board_x,
+    boardY: points.board_y,
+    offX: points.off_x,
+    offY: points.off_y,
+    offZ: points.off_z,
+  };
+  const depthMap = { ...depth, sides: sides(scope, points), limit: null, largest: null };
+  return [
+    ...(some(points.off_z)
+      ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'wide')]
+      : []),
+    ...(distances.length > 0
+      ? [
+          figure(given, 'Distance errors', sentences.distances, help.distances, distanceErrors, {
+            unit,
+            bins: distances,
+          }),
+        ]
+      : []),
+    ...(some(points.depth_error)
+      ? [figure(given, 'Depth error over the picture', sentences.depth, help.depth, pictureMap, depthMap)]
+      : []),
+  ];
+}
+
+function disparity(given: Given): HTMLElement[] {
+  const { points, statistics } = given;
+  if (!some(points.disparity)) return [];
+  const view = {
+    name: 'Disparity',
+    unit: 'pixels',
+    ids: points.id,
+    values: points.disparity,
+    spread: statistics.disparity,
+    limit: null,
+    normal: false,
+  };
+  return [figure(given, 'Range of disparities', statistics.sentences.disparity, help.disparity, histogram, view)];
+}
+
+function seen(given: Given): HTMLElement[] {
+  const { scope, points } = given;
+  const { found } = scope.pair;
+  const sentence = `The detector numbered ${found?.left ?? points.id.length} dots in the left picture and ${found?.right ?? points.id.length} in the right one; ${points.id.length} are in both, of ${scope.check.document.board.points} on the board.`;
+  const refined = scope.source === 'refined' ? points.id.map(() => true) : [];
+  const view = { ids: points.id, column: points.column, row: points.row, sides: sides(scope, points), refined };
+  return [figure(given, 'What the detector saw', sentence, help.seen, detectorView, view)];
+}
+
+/** Everything that is drawn of a finished pair, in the order in which it is looked at. */
+export function pairPlots(
+  scope: PairScope,
+  points: DotColumns,
+  statistics: Statistics,
+  selection: Selection,
+): HTMLElement[] {
+  const given: Given = { scope, points, statistics, selection };
+  return [rowDifferences, residuals, space, disparity, seen].flatMap((draw) => draw(given));
+}

@@ -1,0 +1,44 @@
+import type { CoverageGrid, DotColumns, Picture } from '../page_data';
+import type { PictureSide } from '../plots/picture_stage';
+import { rulesOn } from '../text/limits';
+import type { PairScope, Scope } from './scope';
+
+/** Of the cameras' pictures; where the document does not tell, the shape of the grid. */
+export function pictureSize(scope: Scope, grid?: CoverageGrid): { width: number; height: number } {
+  const { width, height } = scope.check.document.cameras;
+  if (typeof width === 'number' && typeof height === 'number' && width > 0 && height > 0) return { width, height };
+  return { width: (grid?.columns ?? 4) * 100, height: (grid?.rows ?? 3) * 100 };
+}
+
+function side(
+  scope: PairScope,
+  title: string,
+  picture: Picture | null,
+  x: PictureSide['x'],
+  y: PictureSide['y'],
+): PictureSide {
+  const { width, height } = picture ?? pictureSize(scope);
+  return { title, picture, width, height, x, y };
+}
+
+export function sides(scope: PairScope, points: DotColumns): PictureSide[] {
+  const pictures = scope.details?.pictures;
+  return [
+    side(scope, 'Left', pictures?.left ?? null, points.left_x, points.left_y),
+    side(scope, 'Right', pictures?.right ?? null, points.right_x, points.right_y),
+  ];
+}
+
+/** What a single dot may have: the limit on the largest, else the bound from which the library counts dots as bad. */
+export function dotLimit(scope: PairScope, figure: string, setting: string): number | null {
+  const [rule] = rulesOn(scope.check.document.limits, figure, scope.source).filter(({ operator }) =>
+    operator.startsWith('<'),
+  );
+  if (rule) return rule.bound;
+  const bound = scope.check.document.settings[setting];
+  return typeof bound === 'number' && bound > 0 ? bound : null;
+}
+
+export function some(values: readonly (number | null)[]): boolean {
+  return values.some((value) => value !== null);
+}

@@ -1,0 +1,116 @@
+import { el } from '../dom/el';
+import { tableElement, type Cell, type Column } from '../dom/table';
+import type { CheckPair } from '../page_data';
+import { bareName, figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
+import { exceeds, rulesOn } from '../text/limits';
+import { chip, section } from './chip';
+import { pairLink, type Scope } from './scope';
+
+/** The figures that some pair has, the main ones first. */
+export function names(scope: Scope, source: Source): string[] {
+  const found = new Set<string>();
+  for (const pair of scope.check.document.pairs) {
+    for (const { name, value } of flattened(figuresOf(pair, source) ?? {})) if (value !== null) found.add(name);
+  }
+  const main = scope.check.main_figures.filter((name) => found.has(name));
+  return [...main, ...[...found].filter((name) => !main.includes(name))];
+}
+
+function state(pair: CheckPair, over: string[]): Cell {
+  if (pair.state !== 'finished') return { content: chip('given_up', 'given up'), value: 'given up' };
+  if (over.length > 0) return { content: chip('fail', 'over'), value: `over: ${over.join(' ')}` };
+  return { content: chip('pass', 'finished'), value: 'finished' };
+}
+
+function note(pair: CheckPair): string {
+  if (pair.reason) return pair.reason.text;
+  return pair.carried.length > 0 ? `carries ${pair.carried.join(', ')}` : '';
+}
+
+const statistics = [
+  ['mean', 'Mean'],
+  ['sd', 'Standard deviation'],
+  ['min', 'Smallest'],
+  ['max', 'Largest'],
+] as const;
+
+/** What the document says of all finished pairs together. */
+function foot(scope: Scope, figures: string[]): Cell[][] {
+  const { summary } = scope.check.document;
+  const known = scope.source === 'refined' ? summary.refined?.figures : summary.figures;
+  if (!known || summary.finished === 0) return [];
+  return statistics.map(([key, title]): Cell[] => [
+    title,
+    '',
+    ...figures.map((name): Cell => {
+      const found = known[name];
+      if (!found) return '';
+      const full = `summary.${name}.${key}`;
+      return {
+        name: full,
+        pair: null,
+        check: scope.number + 1,
+        value: found[key],
+        refined: scope.source === 'refined',
+      };
+    }),
+    '',
+    '',
+  ]);
+}
+
+/** All pairs with all figures. */
+export function pairsTable(scope: Scope): HTMLElement {
+  const { source, explanations, number } = scope;
+  const { pairs, limits } = scope.check.document;
+  const figures = names(scope, source);
+  const rules = new Map(figures.map((name) => [name, rulesOn(limits, name, source)]));
+  const over = (pair: CheckPair): string[] =>
+    figures.filter((name) => {
+      const value = valueOf(pair, source, name);
+      return value !== null && rules.get(name)?.some((rule) => exceeds(rule, value));
+    });
+  const columns: Column[] = [
+    { title: 'Pair', numbers: true },
+    { title: 'State' },
+    ...figures.map((name) => ({
+      title: explanations.title(name),
+      below: `${name}${explanations.unit(name) && `, ${shortUnit(explanations.unit(name))}`}`,
+      hint: explanations.of(bareName(name)).text,
+      numbers: true,
+      more: !scope.check.main_figures.includes(name),
+    })),
+    { title: 'Pictures', more: true },
+    { title: 'Note' },
+  ];
+  const rows = pairs.map((pair) => [
+    { content: el('a', { href: pairLink(scope, pair.index) }, String(pair.index)), value: pair.index },
+    state(pair, over(pair)),
+    ...figures.map((name) => ({
+      name,
+      pair: pair.index,
+      check: number + 1,
+      value: valueOf(pair, source, name),
+      refined: source === 'refined',
+      absence: reasonOfAbsence(pair, source, name),
+    })),
+    `${pair.left}, ${pair.right}`,
+    note(pair),
+  ]);
+  const from = source === 'refined' ? ', from refined centres' : '';
+  return section(
+    'pairs',
+    `All pairs${from}`,
+    pairs.length === 0
+      ? el('p', {}, 'There is no pair.')
+      : tableElement({
+          caption: `All pairs with all figures${from}`,
+          columns,
+          rows,
+          foot: foot(scope, figures),
+          rowClass: (row) => (pairs[row]?.state === 'finished' ? '' : 'given-up'),
+          sortable: true,
+          headed: true,
+        }),
+  );
+}

@@ -1,0 +1,63 @@
+import { el } from '../dom/el';
+import { icon } from '../dom/icon';
+import type { CheckDocument } from '../page_data';
+import { causes } from './causes';
+import { terms } from './chip';
+import { limits } from './limits';
+import type { Scope } from './scope';
+
+const words = { pass: 'Pass', fail: 'Fail', error: 'Error' } as const;
+
+/** "2026-11-22T11:52:42Z" for who reads it. */
+export function moment(iso: string): string {
+  return iso.replace('T', ' ').replace(/(:\d\d)(\.\d+)?Z$/, '$1 UTC');
+}
+
+/** The verdict's word stands above it already. */
+function sentence(headline: string): string {
+  const rest = headline.replace(/^(PASS|FAIL|ERROR):\s*/, '');
+  return rest.charAt(0).toUpperCase() + rest.slice(1);
+}
+
+function status({ status }: CheckDocument): HTMLElement | null {
+  if (status.code === 0) return null;
+  return el(
+    'p',
+    { class: 'note error' },
+    el('strong', {}, `${status.name}${status.code === null ? '' : ` (${status.code})`}: `),
+    `${status.text} ${status.advice}`.trim(),
+    status.retry ? ' It may succeed when it is tried again.' : '',
+  );
+}
+
+function facts(scope: Scope): HTMLElement {
+  const { document } = scope.check;
+  const { summary, board } = document;
+  return terms([
+    ['Set', document.set.name || scope.check.title],
+    ['Measured', moment(document.started)],
+    ['Pairs', `${summary.finished} of ${summary.pairs} finished`],
+    ['Board', board.points > 0 ? `${board.cols} × ${board.rows} dots, step ${board.step}` : 'not read'],
+    ['Took', `${document.seconds.toFixed(document.seconds < 10 ? 1 : 0)} s`],
+  ]);
+}
+
+export function verdict(scope: Scope): HTMLElement {
+  const { check } = scope;
+  const { verdict: said } = check.document;
+  return el(
+    'section',
+    { id: 'verdict', class: 'verdict', 'aria-labelledby': 'verdict-title' },
+    el(
+      'div',
+      { class: 'card' },
+      el('h1', { id: 'verdict-title', class: said }, icon(said), words[said] ?? said),
+      el('p', { class: 'headline' }, sentence(check.headline)),
+      status(check.document),
+      ...[check.worst_pair_text, check.refined_text].filter((text) => text !== '').map((text) => el('p', {}, text)),
+      causes(scope),
+      facts(scope),
+    ),
+    limits(scope),
+  );
+}

@@ -1,0 +1,89 @@
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { csvField } from '../src/dom/copy';
+import { hashOf, placeOf } from '../src/state/route';
+import { flattened, valueOf } from '../src/text/figures';
+import { exceeds, ruleOf, rulesOn } from '../src/text/limits';
+import { percent, shown, signed, withError } from '../src/text/number';
+import type { CheckPair } from '../src/page_data';
+
+test('numbers keep four figures that count', () => {
+  assert.equal(shown(0.96320856), '0.9632');
+  assert.equal(shown(567.8404), '567.8');
+  assert.equal(shown(12345.678), '12345.7');
+  assert.equal(shown(-0.5), '\u22120.5000');
+  assert.equal(shown(6.1035156e-5), '6.104e\u22125');
+  assert.equal(shown(0), '0');
+  assert.equal(signed(2), '+2');
+});
+
+test('a value ends where its standard error leaves it', () => {
+  assert.equal(withError(-0.0504612, 0.00052), '\u22120.05046 ± 0.00052');
+  assert.equal(withError(567.8404, 0.0017), '567.8404 ± 0.0017');
+  assert.equal(withError(1, 0), '1 ± 0');
+});
+
+test('a share may be less than nothing', () => {
+  assert.equal(percent(-0.1058), '\u221211 %');
+  assert.equal(percent(0.0797), '8.0 %');
+});
+
+test('the address tells check and pair, and nothing else of it is believed', () => {
+  assert.deepEqual(placeOf('#check=2&pair=7'), { check: 1, pair: 7 });
+  assert.deepEqual(placeOf('#pair=-1&check=x'), { check: 0, pair: null });
+  assert.equal(hashOf({ check: 0, pair: 7 }), '#pair=7');
+  assert.equal(hashOf({ check: 1, pair: null }), '#check=2');
+});
+
+test('rules of limits', () => {
+  const cases: [string, string | undefined, number, boolean | undefined][] = [
+    ['dy_means<=0.1', 'dy_means', 0.1, false],
+    ['|tri_dis[0]|<=0.5', 'tri_dis[0]', -0.6, true],
+    ['|tri_dis| < 0.5', 'tri_dis', -0.5, true],
+    ['summary.refined.dy_means.mean<=0.02', 'dy_means', 0.03, true],
+    ['finished>=3', 'finished', 2, true],
+    ['nonsense', undefined, 0, undefined],
+  ];
+  for (const [text, figure, value, over] of cases) {
+    const rule = ruleOf(text);
+    assert.equal(rule?.figure, figure, text);
+    if (rule) assert.equal(exceeds(rule, value), over, text);
+  }
+});
+
+test('a limit on a list is one on each of its entries', () => {
+  const limits = ['|tri_dis|<=0.5', 'refined.tri_dis[1]<=1', 'tri_dis[0]<=2'].map((text) => ({
+    text,
+    value: null,
+    holds: true,
+    pair: null,
+    why: '',
+  }));
+  assert.deepEqual(
+    rulesOn(limits, 'tri_dis[1]', 'library').map(({ bound }) => bound),
+    [0.5],
+  );
+  assert.deepEqual(
+    rulesOn(limits, 'tri_dis[1]', 'refined').map(({ bound }) => bound),
+    [1],
+  );
+});
+
+test('entries of lists are figures of their own', () => {
+  const figures = { dy_means: 1, tri_dis: [2, null] };
+  assert.deepEqual(flattened(figures), [
+    { name: 'dy_means', value: 1 },
+    { name: 'tri_dis[0]', value: 2 },
+    { name: 'tri_dis[1]', value: null },
+  ]);
+  const pair = { figures } as unknown as CheckPair;
+  assert.equal(valueOf(pair, 'library', 'tri_dis[0]'), 2);
+  assert.equal(valueOf(pair, 'library', 'tri_dis[5]'), null);
+  assert.equal(valueOf(pair, 'refined', 'dy_means'), null);
+});
+
+test('a name cannot become a formula of a spreadsheet', () => {
+  assert.equal(csvField('=1+1'), "'=1+1");
+  assert.equal(csvField('-0.5'), '-0.5');
+  assert.equal(csvField('a,"b"'), '"a,""b"""');
+});
