@@ -64,7 +64,7 @@ export function worstDots(
 ): HTMLElement {
   const card = el(
     'div',
-    { class: 'card wide' },
+    { class: 'card full' },
     el('h3', {}, 'The worst dots'),
     el('p', { class: 'sentence' }, statistics.sentences.worst_dots),
     dotTable('The worst dots', points, statistics.worst, selection),

@@ -73,6 +73,7 @@ export function measured(scope: Scope, made: string): HTMLElement {
           ['Library', document.tool.library],
           ['Measured', moment(document.started)],
           ['Page made', moment(made)],
+          ['Hash of the set', el('code', {}, document.set.id || '–')],
         ]),
       ),
       el('details', { class: 'card' }, el('summary', {}, el('h3', {}, 'Cameras')), terms(cameras)),

@@ -94,9 +94,9 @@ function finished(scope: PairScope, selection: SelectionStore): Node[] {
       'div',
       { class: 'grid' },
       ...pairPlots(scope, points, statistics, selection),
+      quality(scope) ?? '',
       chosenDots(scope, points, selection),
       worstDots(scope, points, statistics, selection),
-      quality(scope) ?? '',
     ),
     allFigures(scope),
   ];

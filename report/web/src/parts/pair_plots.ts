@@ -118,7 +118,7 @@ function space(given: Given): HTMLElement[] {
   const depthMap = { ...depth, sides: sides(scope, points), limit: null, largest: null };
   return [
     ...(some(points.off_z)
-      ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'wide')]
+      ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'tall')]
       : []),
     ...(distances.length > 0
       ? [
