@@ -13,6 +13,8 @@ export interface Axis {
   label: string;
   /** Ticks at these places only. */
   ticks?: number[];
+  /** Counted in whole numbers. */
+  whole?: boolean;
   /** Written with its sign, where a value is a difference. */
   plus?: boolean;
 }
@@ -47,9 +49,15 @@ export function boxOf(plot: { width: number; height: number }, margins: Margins)
 }
 
 function tickTexts(axis: Axis, count: number): { values: number[]; text: (value: number) => string } {
-  const { values, decimals } = ticksOf(Math.min(axis.from, axis.to), Math.max(axis.from, axis.to), count);
-  const text = (value: number) => fixed(value, axis.ticks ? 0 : decimals, axis.plus);
-  return { values: axis.ticks ?? values, text };
+  const { values, decimals } = ticksOf(
+    Math.min(axis.from, axis.to),
+    Math.max(axis.from, axis.to),
+    count,
+    axis.whole ? 1 : 0,
+  );
+  const counted = axis.whole ? values.filter(Number.isInteger) : values;
+  const text = (value: number) => fixed(value, axis.ticks || axis.whole ? 0 : decimals, axis.plus);
+  return { values: axis.ticks ?? counted, text };
 }
 
 /** Room for the longest tick of the upright axis. */

@@ -1,26 +1,24 @@
 import * as Plot from '@observablehq/plot';
 import { el } from '../dom/el';
-import { plotted } from './base';
-import { classesFor, classOf, colourOf, scaleOf, type Classes } from './classes';
+import { fontSize, plotted } from './base';
+import { BoardProjection, type BoardPoints } from './board_projection';
+import { classOf, colourOf, lineClassesFor, scaleOf, type Classes } from './classes';
 import { choice, controls, kept, slider } from './controls';
 import { classLegend, legendHeight } from './legend';
-import { gridLines, type Link } from './grid_lines';
+import { gridLines, sparse, type Link } from './grid_lines';
 import { unitText, type Numbers } from './numbers';
+import type { Places } from './nearest';
 import type { PlotContext } from './plot';
 import { DotStage, type Place } from './stage';
-import { turned, type Turn } from './turn';
+import { halo, svg } from './svg';
+import type { Turn } from './turn';
 
 /** The measured board against the true one, its errors drawn larger than they are. */
-export interface Board3dView {
+export interface Board3dView extends BoardPoints {
   unit: string;
   ids: readonly number[];
   column: readonly number[];
   row: readonly number[];
-  boardX: Numbers;
-  boardY: Numbers;
-  offX: Numbers;
-  offY: Numbers;
-  offZ: Numbers;
 }
 
 interface BoardState {
@@ -30,13 +28,14 @@ interface BoardState {
 }
 
 const factors = [1, 2, 5, 10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 50000];
+const oblique: Turn = { around: -30, back: 62 };
 const views: Record<string, Turn> = {
-  Oblique: { yaw: 32, pitch: 58 },
-  Front: { yaw: 0, pitch: 0 },
-  'From above': { yaw: 0, pitch: 90 },
-  'From the side': { yaw: 90, pitch: 0 },
+  Oblique: oblique,
+  Front: { around: 0, back: 0 },
+  'Along the columns': { around: 0, back: 90 },
+  'Along the rows': { around: 90, back: 90 },
 };
-const stateOf = kept<Board3dView, BoardState>(() => ({ turn: { yaw: 32, pitch: 58 }, factor: null }));
+const stateOf = kept<Board3dView, BoardState>(() => ({ turn: { ...oblique }, factor: null }));
 
 export function board3d(view: Board3dView, context: PlotContext): HTMLElement {
   return new Board3d(view, context).element;
@@ -48,6 +47,7 @@ class Board3d {
   private readonly state: BoardState;
   private readonly off: number[];
   private readonly links: Link[];
+  private readonly truth: Link[];
   private readonly classes: Classes;
   private last: Place | null = null;
   private waiting = false;
@@ -59,7 +59,8 @@ class Board3d {
     this.state = stateOf(view);
     this.off = view.ids.map((_, i) => Math.hypot(view.offX[i] ?? NaN, view.offY[i] ?? NaN, view.offZ[i] ?? NaN));
     this.links = gridLines(view.column, view.row);
-    this.classes = classesFor(scaleOf(this.off), false);
+    this.truth = sparse(this.links, view.column, view.row);
+    this.classes = lineClassesFor(scaleOf(this.off));
     const label = 'Measured board against the true one. Arrow keys turn it, Home turns it back';
     const own = { drag: this.drag.bind(this), key: this.key.bind(this) };
     this.stage = new DotStage({ ids: view.ids, label, ...own }, context);
@@ -80,7 +81,7 @@ class Board3d {
 
   private factorPlace(): number {
     if (this.state.factor !== null) return this.state.factor;
-    const wanted = (0.12 * this.extent()) / (scaleOf(this.off) || 1);
+    const wanted = (0.08 * this.extent()) / (scaleOf(this.off) || 1);
     return Math.max(0, factors.filter((factor) => factor <= wanted).length - 1);
   }
 
@@ -100,16 +101,16 @@ class Board3d {
     });
   }
 
-  private turnBy(yaw: number, pitch: number): void {
+  private turnBy(around: number, back: number): void {
     const { turn } = this.state;
-    const tipped = Math.min(90, Math.max(-90, turn.pitch + pitch));
-    this.change(() => (this.state.turn = { yaw: turn.yaw + yaw, pitch: tipped }));
+    const laid = Math.min(90, Math.max(0, turn.back + back));
+    this.change(() => (this.state.turn = { around: turn.around + around, back: laid }));
   }
 
   private drag(from: Place, to: Place, done: boolean): boolean {
     const before = this.last ?? from;
     this.last = done ? null : to;
-    this.turnBy((before.x - to.x) * 0.5, (to.y - before.y) * 0.5);
+    this.turnBy((before.x - to.x) * 0.5, (before.y - to.y) * 0.5);
     return true;
   }
 
@@ -122,87 +123,63 @@ class Board3d {
     };
     const step = steps[event.key];
     if (step && !event.shiftKey) this.turnBy(step[0], step[1]);
-    else if (event.key === 'Home') this.change(() => (this.state.turn = { yaw: 32, pitch: 58 }));
+    else if (event.key === 'Home') this.change(() => (this.state.turn = { ...oblique }));
     else return false;
     return true;
   }
 
   private draw(): void {
     const { width } = this.context;
-    const height = Math.round(Math.min(520, width * 0.8)) + legendHeight + 20;
+    const height = Math.round(Math.min(520, width * 0.66)) + legendHeight + 30;
     const box = { x: 8, y: 22, width: width - 16, height: height - legendHeight - 44 };
     const factor = factors[this.factorPlace()] ?? 1;
-    const measured = this.points(factor, box);
-    const truth = this.points(0, box);
-    const svg = plotted({
+    const projection = new BoardProjection(this.view, this.state.turn, box);
+    const measured = projection.dots(factor);
+    const told = { frameAnchor: 'top-left' as const, dx: 8, dy: 8, fontSize, fill: 'var(--faint)' };
+    const drawing = plotted({
       width,
       height,
       margin: 0,
       x: { type: 'identity' },
       y: { type: 'identity' },
       marks: [
-        Plot.geo(lines(this.links, truth), { stroke: 'var(--line)', strokeWidth: 1 }),
+        Plot.geo(lines(this.truth, projection.dots(0)), { stroke: 'var(--dot)', strokeWidth: 1, strokeOpacity: 0.55 }),
         ...this.meshes(measured),
-        Plot.text([`Errors drawn ${factor} times as large`], {
-          frameAnchor: 'top-left',
-          dx: 8,
-          dy: 8,
-          fontSize: 12,
-          fill: 'var(--faint)',
-        }),
+        Plot.text([`Errors drawn ${factor} times as large; grey: the true board`], told),
       ],
     });
-    svg.append(classLegend(this.classes, `${unitText(this.view.unit)} off`, 12, height - legendHeight, width - 24));
-    this.stage.show({ svg, places: measured, box, base: null });
+    const unit = `${unitText(this.view.unit)} off`;
+    drawing.append(...this.names(projection), classLegend(this.classes, unit, 12, height - legendHeight, width - 24));
+    this.stage.show({ svg: drawing, places: measured, box, base: null });
   }
 
-  /** Screen places of the dots with their errors enlarged, the true board in the middle. */
-  private points(factor: number, box: { x: number; y: number; width: number; height: number }) {
-    const { boardX, boardY, offX, offY, offZ } = this.view;
-    const [midX, midY] = [middle(boardX), middle(boardY)];
-    const half = Math.hypot(reach(boardX, midX), reach(boardY, midY));
-    const scale = Math.min(box.width, box.height * 1.25) / (2.15 * half || 1);
-    const x = new Float64Array(boardX.length);
-    const y = new Float64Array(boardX.length);
-    boardX.forEach((at, i) => {
-      const point = {
-        x: (at ?? NaN) - midX + factor * (offX[i] ?? NaN),
-        y: (boardY[i] ?? NaN) - midY + factor * (offY[i] ?? NaN),
-        z: factor * (offZ[i] ?? NaN),
-      };
-      const flat = turned(point, this.state.turn);
-      x[i] = box.x + box.width / 2 + scale * flat.x;
-      y[i] = box.y + box.height / 2 + scale * flat.y;
-    });
-    return { x, y };
+  /** Tells where the board begins, however it is turned. */
+  private names(projection: BoardProjection): SVGElement[] {
+    const first = this.view.ids.findIndex((_, i) => this.view.column[i] === 0 && this.view.row[i] === 0);
+    const at = projection.at({ x: this.view.boardX[first] ?? NaN, y: this.view.boardY[first] ?? NaN, z: 0 });
+    if (Number.isNaN(at.x + at.y)) return [];
+    const look = { ...halo, fill: 'var(--text)', 'text-anchor': 'end' };
+    const ring = svg('circle', { cx: at.x, cy: at.y, r: 4, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 });
+    return [ring, svg('text', { x: Math.max(44, at.x - 8), y: at.y - 4, ...look }, 'dot 0')];
   }
 
-  /** One line work a class of error: seven nodes, whatever the number of dots. */
-  private meshes(places: { x: Float64Array; y: Float64Array }): Plot.Markish[] {
-    const byClass: Link[][] = [];
+  /** One line work a class of error: five nodes, whatever the number of dots. */
+  private meshes(places: Places): Plot.Markish[] {
+    const byClass: Link[][] = this.classes.edges.map(() => []);
     for (const link of this.links) {
       const error = ((this.off[link[0]] ?? NaN) + (this.off[link[1]] ?? NaN)) / 2;
-      if (!Number.isFinite(error)) continue;
-      (byClass[classOf(error, this.classes)] ??= []).push(link);
+      if (Number.isFinite(error)) (byClass[classOf(error, this.classes)] ??= []).push(link);
     }
-    return Array.from(byClass, (list, place) =>
-      list
-        ? Plot.geo(lines(list, places), { stroke: colourOf(place, this.classes), strokeWidth: 1 + place * 0.2 })
-        : null,
+    return byClass.map((list, place) =>
+      Plot.geo(lines(list, places), { stroke: colourOf(place, this.classes), strokeWidth: 1 + place * 0.25 }),
     );
   }
 }
 
-function lines(links: readonly Link[], { x, y }: { x: Float64Array; y: Float64Array }) {
+function lines(links: readonly Link[], { x, y }: Places) {
   const at = (i: number): [number, number] => [Math.round((x[i] ?? 0) * 10) / 10, Math.round((y[i] ?? 0) * 10) / 10];
   const there = links.filter(([i, j]) => !Number.isNaN((x[i] ?? NaN) + (x[j] ?? NaN) + (y[i] ?? NaN) + (y[j] ?? NaN)));
   return [{ type: 'MultiLineString' as const, coordinates: there.map(([i, j]) => [at(i), at(j)]) }];
 }
 
-const middle = (values: Numbers) => {
-  const there = values.filter((value): value is number => value !== null);
-  return there.length ? (Math.min(...there) + Math.max(...there)) / 2 : 0;
-};
-const reach = (values: Numbers, from: number) =>
-  values.reduce<number>((most, v) => Math.max(most, Math.abs((v ?? from) - from)), 0);
-const sameTurn = (a: Turn | undefined, b: Turn) => a?.yaw === b.yaw && a.pitch === b.pitch;
+const sameTurn = (a: Turn | undefined, b: Turn) => a?.around === b.around && a.back === b.back;

@@ -31,8 +31,8 @@ export function boardCells(view: BoardCellsView, context: PlotContext): HTMLElem
     height,
     below: legendHeight,
     grid: 'none',
-    x: { from: -0.5, to: view.columns - 0.5, label: 'Column of the board' },
-    y: { from: view.rows - 0.5, to: -0.5, label: 'Row of the board' },
+    x: { from: -0.5, to: view.columns - 0.5, label: 'Column of the board', whole: true },
+    y: { from: view.rows - 0.5, to: -0.5, label: 'Row of the board', whole: true },
     marks: [],
   });
   const classes = classesFor(view.largest ?? scaleOf(view.values), view.signed);

@@ -6,6 +6,8 @@ export interface Classes {
   /** Ascending borders between the classes: eight for nine signed classes, six for seven of magnitudes. */
   edges: number[];
   decimals: number;
+  /** Of the first colour, from 0: thin lines are not drawn in the palest ones. */
+  palest: number;
 }
 
 /** The largest value that a scale has to tell; a few stray dots may lie beyond it. */
@@ -17,7 +19,7 @@ export function scaleOf(values: Numbers): number {
 export function classesFor(largest: number, signed: boolean): Classes {
   const step = niceStep(largest / (signed ? 4.5 : 6.5));
   const places = signed ? [-4, -3, -2, -1, 1, 2, 3, 4] : [1, 2, 3, 4, 5, 6];
-  return { signed, edges: places.map((k) => Number((k * step).toPrecision(6))), decimals: decimalsOf(step) };
+  return { signed, edges: places.map((k) => Number((k * step).toPrecision(6))), decimals: decimalsOf(step), palest: 0 };
 }
 
 /** Place of the value's class, from 0. A border belongs to the class that is nearer to zero. */
@@ -29,8 +31,15 @@ export function classOf(value: number, { edges }: Classes): number {
   return place;
 }
 
-export function colourOf(place: number, { signed }: Classes): string {
-  return `var(--${signed ? 'signed' : 'magnitude'}-${place + 1})`;
+/** Five classes of magnitudes for lines. */
+export function lineClassesFor(largest: number): Classes {
+  const step = niceStep(largest / 4.5);
+  const edges = [1, 2, 3, 4].map((k) => Number((k * step).toPrecision(6)));
+  return { signed: false, edges, decimals: decimalsOf(step), palest: 2 };
+}
+
+export function colourOf(place: number, { signed, palest }: Classes): string {
+  return `var(--${signed ? 'signed' : 'magnitude'}-${place + 1 + palest})`;
 }
 
 /** How far the class is from the one around zero, 0 to 1. */

@@ -2,10 +2,21 @@ import type { Course } from '../page_data';
 import { framed, type FramedPlot } from './base';
 import { keyLegend } from './legend';
 import { placesOf } from './nearest';
-import { fixed, present, quantile, rangeOf, short, unitText, withUnit, type Numbers } from './numbers';
+import {
+  decimalsOf,
+  fixed,
+  niceStep,
+  plain,
+  present,
+  quantile,
+  rangeOf,
+  unitText,
+  withUnit,
+  type Numbers,
+} from './numbers';
 import type { PlotContext } from './plot';
 import { DotStage } from './stage';
-import { batched, circlePath, svg, window } from './svg';
+import { batched, circlePath, halo, svg, window } from './svg';
 
 /** How a value goes along the picture or across it: stripes with their scatter, the line through all, single dots. */
 export interface CourseView {
@@ -42,7 +53,7 @@ export function courseAlong(view: CourseView, context: PlotContext): HTMLElement
   const keys = [
     { sign: svg('path', { d: 'M-8 0h16', stroke: 'var(--within)', 'stroke-width': 2.5 }), text: 'mean of a stripe' },
     { sign: svg('rect', { x: -8, y: -6, width: 16, height: 12, fill: 'var(--band)' }), text: '\u00b1 its scatter' },
-    { sign: lineSign(), text: `${short(view.course.slope * 1000, true)} ${unitText(view.unit)} per 1000 px` },
+    { sign: lineSign(), text: slopeText(view, plot) },
   ];
   plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width).group);
   const stage = new DotStage(
@@ -51,6 +62,13 @@ export function courseAlong(view: CourseView, context: PlotContext): HTMLElement
   );
   stage.show({ svg: plot.svg, places, box: plot.box, base: dots });
   return stage.element;
+}
+
+/** As fine as can be seen in the drawing; the exact slope is told beside it. */
+function slopeText({ course, unit }: CourseView, plot: FramedPlot): string {
+  const tall = Math.abs((plot.y(0) - plot.y(1)) / plot.box.height);
+  const decimals = decimalsOf(niceStep(0.01 / tall)) + 1;
+  return `${fixed(course.slope * 1000, decimals, true)} ${unitText(unit)} per 1000 px`;
 }
 
 function lineSign(): SVGElement {
@@ -93,10 +111,12 @@ function guides({ course, limit }: CourseView, plot: FramedPlot): SVGElement[] {
     svg('path', { d: level(0), stroke: 'var(--faint)' }),
     svg('path', { d: `M${line}`, stroke: 'var(--text)', fill: 'none', ...dashed }),
   ];
-  for (const value of limit === null ? [] : [-limit, limit]) {
-    const above = { x: box.x + box.width - 4, y: plot.y(value) - 4, 'text-anchor': 'end', fill: 'var(--over)' };
+  if (limit === null) return parts;
+  for (const value of [-limit, limit]) {
     parts.push(svg('path', { d: level(value), stroke: 'var(--over)', ...dashed }));
-    parts.push(svg('text', above, `limit ${fixed(value, 3).replace(/\.?0+$/, '')}`));
   }
+  const up = Math.max(plot.y(limit) - 4, box.y + 12);
+  const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: 'var(--over)', ...halo };
+  parts.push(svg('text', place, `limit \u00b1${plain(limit)}`));
   return parts;
 }

@@ -28,6 +28,8 @@ export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGEle
   const classes = classesFor(Math.max(6.5, ...grid.dots), false);
   const wide = plot.box.width / grid.columns;
   const high = plot.box.height / grid.rows;
+  const digits = String(Math.max(...grid.dots)).length;
+  const legible = wide > 8 * digits + 4 && high > 15;
   const cells = svg('g', {});
   grid.dots.forEach((dots, i) => {
     const x = plot.box.x + (i % grid.columns) * wide;
@@ -39,7 +41,7 @@ export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGEle
     const place = classOf(dots, classes);
     const box = { x: x + 0.5, y: y + 0.5, width: wide - 1, height: high - 1, fill: colourOf(place, classes) };
     const group = svg('g', {}, svg('rect', box));
-    if (wide > 9 * String(dots).length + 6 && high > 16) {
+    if (legible) {
       const fill = strengthOf(place, classes) > 0.5 ? 'var(--card)' : 'var(--text)';
       const middle = { x: x + wide / 2, y: y + high / 2 + 4, 'text-anchor': 'middle', fill };
       group.append(svg('text', middle, String(dots)));

@@ -29,9 +29,8 @@ export function detectorView(view: DetectorView, context: PlotContext): HTMLElem
   return stage.element;
 }
 
-const refinedLook = { fill: 'none', stroke: 'var(--within)', 'stroke-width': 2 };
-const keptLook = { fill: 'none', stroke: 'var(--given-up)', 'stroke-width': 2, 'stroke-dasharray': '3 2' };
-const foundLook = { fill: 'none', stroke: 'var(--within)', 'stroke-width': 1.6 };
+const refinedLook = { fill: 'none', stroke: 'var(--within)' };
+const keptLook = { fill: 'none', stroke: 'var(--given-up)', 'stroke-dasharray': '3 2' };
 
 class FoundPainter implements DotPainter {
   legendHeight = 26;
@@ -47,7 +46,8 @@ class FoundPainter implements DotPainter {
     const shape = (i: number) => circlePath(places.x[i] ?? 0, places.y[i] ?? 0, Math.min(9, Math.max(1.5, gap * 0.33)));
     const { refined } = this.view;
     const some = (state: boolean) => indices.filter((i) => refined[i] === state);
-    if (refined.length === 0) group.append(batched(indices, shape, foundLook));
+    group.setAttribute('stroke-width', String(Math.min(2, 0.14 * gap)));
+    if (refined.length === 0) group.append(batched(indices, shape, refinedLook));
     else group.append(batched(some(true), shape, refinedLook), batched(some(false), shape, keptLook));
     if (this.state.numbers) group.append(this.numbers(places, indices, gap));
     return group;
@@ -77,9 +77,10 @@ class FoundPainter implements DotPainter {
   }
 
   legend(_scale: number, x: number, y: number, width: number): { group: SVGElement; height: number } {
-    const ring = (look: Record<string, string | number>) => svg('path', { d: circlePath(0, 0, 6), ...look });
+    const ring = (look: Record<string, string | number>) =>
+      svg('path', { d: circlePath(0, 0, 6), 'stroke-width': 2, ...look });
     if (this.view.refined.length === 0) {
-      return keyLegend([{ sign: ring(foundLook), text: 'found and numbered' }], x, y, width);
+      return keyLegend([{ sign: ring(refinedLook), text: 'found and numbered' }], x, y, width);
     }
     const keys = [
       { sign: ring(refinedLook), text: 'refined' },

@@ -38,7 +38,7 @@ export function limitGauge(view: GaugeView, context: PlotContext): SVGSVGElement
 function hatched(from: number, to: number): SVGElement {
   let d = '';
   for (let at = from; at + 6 < to; at += 6) d += `M${at.toFixed(1)} 22l6 -12`;
-  return svg('path', { d, stroke: 'var(--line)', 'stroke-width': 1.2 });
+  return svg('path', { d, stroke: 'var(--faint)', 'stroke-opacity': 0.55, 'stroke-width': 1 });
 }
 
 function bar({ value, holds, low, high }: GaugeView, x: (value: number) => number): SVGElement[] {

@@ -15,3 +15,14 @@ export function gridLines(column: readonly number[], row: readonly number[]): Li
   });
   return links;
 }
+
+/** Every few rows and columns, and the rim: enough to see where a flat board lies. */
+export function sparse(links: readonly Link[], column: readonly number[], row: readonly number[]): Link[] {
+  const last = (places: readonly number[]) => places.reduce((most, at) => Math.max(most, at), 0);
+  const kept = (places: readonly number[]) => {
+    const [end, every] = [last(places), Math.max(1, Math.round(last(places) / 6))];
+    return (i: number) => (places[i] ?? 0) % every === 0 || places[i] === end;
+  };
+  const [inColumn, inRow] = [kept(column), kept(row)];
+  return links.filter(([i, j]) => (row[i] === row[j] ? inRow(i) : inColumn(i)));
+}

@@ -1,11 +1,11 @@
 import { el } from '../dom/el';
 import { binsOf, type Bins } from './bins';
 import { framed, type FramedPlot } from './base';
-import { fixed, present, rangeOf, unitText, withUnit, type Numbers } from './numbers';
+import { plain, present, rangeOf, unitText, withUnit, type Numbers } from './numbers';
 import type { Spread } from '../page_data';
 import type { PlotContext } from './plot';
 import { RangeBrush } from './range_brush';
-import { svg } from './svg';
+import { halo, svg } from './svg';
 
 /** How often a value occurs among the dots. */
 export interface HistogramView {
@@ -25,10 +25,10 @@ const most = 300;
 export function histogram(view: HistogramView, context: PlotContext): HTMLElement {
   const values = present(view.values);
   const [from, to] = rangeOf(values, 0.02);
-  const bins = binsOf(view.values, from, to, Math.min(48, Math.max(8, Math.round(context.width / 16))));
+  const bins = binsOf(view.values, from, to, Math.min(60, Math.max(12, Math.round(context.width / 9))));
   const height = Math.round(Math.min(most, Math.max(190, context.width * 0.62)));
   const x = { from: bins.from, to: bins.to, label: withUnit(view.name, view.unit) };
-  const y = { from: 0, to: 1.08 * Math.max(1, ...bins.dots.map((dots) => dots.length)), label: 'Dots' };
+  const y = { whole: true, from: 0, to: 1.08 * Math.max(1, ...bins.dots.map((dots) => dots.length)), label: 'Dots' };
   const plot = framed({ width: context.width, height, x, y, marks: [] });
   const bars = svg('g', {});
   const chosen = svg('g', {});
@@ -106,11 +106,12 @@ function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
       x: at + (right ? -4 : 4),
       y: box.y + 2,
       fill: 'var(--over)',
+      ...halo,
       'text-anchor': right ? 'end' : 'start',
     };
     plot.svg.append(
       svg('path', { d: `M${at} ${box.y}v${box.height}`, stroke: 'var(--over)', ...dash }),
-      svg('text', look, `limit ${fixed(limit, 3).replace(/0+$/, '')} ${unitText(view.unit)}`),
+      svg('text', look, `limit ${plain(limit)} ${unitText(view.unit)}`),
     );
   }
 }

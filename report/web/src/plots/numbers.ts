@@ -37,14 +37,21 @@ export function short(value: number | null | undefined, plus = false): string {
   return fixed(value, Math.min(Math.max(digits, 0), 9), plus);
 }
 
+/** As short as the number allows, as for a limit that somebody wrote. */
+export function plain(value: number): string {
+  const digits = Math.min(Math.max(5 - Math.floor(Math.log10(Math.abs(value) || 1)), 0), 12);
+  const text = fixed(value, digits);
+  return text.includes('.') ? text.replace(/\.?0+$/, '') : text;
+}
+
 export interface Ticks {
   values: number[];
   decimals: number;
 }
 
-/** About `count` round values inside the range. */
-export function ticksOf(from: number, to: number, count: number): Ticks {
-  const step = niceStep((to - from) / Math.max(count, 1));
+/** About `count` round values inside the range, not nearer than `least`. */
+export function ticksOf(from: number, to: number, count: number, least = 0): Ticks {
+  const step = niceStep(Math.max((to - from) / Math.max(count, 1), least));
   const values: number[] = [];
   for (let k = Math.ceil(from / step - 1e-9); k <= Math.floor(to / step + 1e-9); k++) {
     values.push(Number((k * step).toPrecision(12)));

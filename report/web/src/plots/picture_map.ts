@@ -2,7 +2,7 @@ import { classLegend, keyLegend, legendHeight } from './legend';
 import { classesFor, classOf, colourOf, roundOf, scaleOf, strengthOf, type Classes } from './classes';
 import { choice, kept, slider, toggle } from './controls';
 import type { Places } from './nearest';
-import { niceStep, present, quantile, short, unitText, type Numbers } from './numbers';
+import { niceStep, present, quantile, plain, unitText, type Numbers } from './numbers';
 import { freshPictureState, PictureStage, type DotPainter, type PictureSide, type PictureState } from './picture_stage';
 import type { PlotContext } from './plot';
 import { arrowPath, batched, circlePath, squarePath, svg } from './svg';
@@ -150,11 +150,11 @@ class MapPainter implements DotPainter {
       svg('path', { d, stroke: colour, fill: 'none', 'stroke-width': wide, 'stroke-linecap': 'round' });
     const { limit } = this.view;
     const keys = [
-      { sign: line('var(--text)', 1.3, `M${-length / 2} 0h${length}`), text: `${short(told)} ${unit}` },
+      { sign: line('var(--text)', 1.3, `M${-length / 2} 0h${length}`), text: `${plain(told)} ${unit}` },
       ...(limit === null
         ? []
         : [
-            { sign: line('var(--within)', 1.3, arrowPath(0, -7, 14)), text: `up to ${short(limit)} ${unit}` },
+            { sign: line('var(--within)', 1.3, arrowPath(0, -7, 14)), text: `up to ${plain(limit)} ${unit}` },
             { sign: line('var(--over)', 2.2, arrowPath(0, -7, 14)), text: `above (thick)` },
           ]),
     ];

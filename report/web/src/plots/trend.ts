@@ -1,8 +1,8 @@
 import { el } from '../dom/el';
 import { framed, type FramedPlot } from './base';
-import { fixed, present, rangeOf, unitText, withUnit } from './numbers';
+import { plain, present, rangeOf, short, unitText, withUnit } from './numbers';
 import type { PlotContext } from './plot';
-import { svg } from './svg';
+import { halo, svg } from './svg';
 
 /** One figure over the pairs, in the order in which they were taken. */
 export interface TrendView {
@@ -45,7 +45,7 @@ export function trendOverPairs(view: TrendView, context: PlotContext): HTMLEleme
   const ground = svg('g', {});
   plot.svg.prepend(ground);
   drawChosen(ground, view, plot);
-  plot.svg.append(...bands(pairs, plot), ...limitLine(view, plot), ...line(pairs, plot), ...signs(pairs, plot));
+  plot.svg.append(...bands(pairs, plot), ...limitLine(view, plot), ...line(pairs, plot), ...signs(view, plot));
   return interactive(view, plot, ground, context);
 }
 
@@ -59,7 +59,7 @@ function pairTicks(first: number, last: number, width: number): number[] {
 }
 
 function drawChosen(ground: SVGGElement, { chosen }: TrendView, { box, x }: FramedPlot): void {
-  const width = Math.max(6, x(1) - x(0));
+  const width = Math.min(40, Math.max(6, x(1) - x(0)));
   const place = { x: x(chosen ?? 0) - width / 2, y: box.y, width, height: box.height };
   ground.replaceChildren(
     ...(chosen === null ? [] : [svg('rect', { ...place, fill: 'var(--band)', 'fill-opacity': 0.55 })]),
@@ -96,27 +96,34 @@ function line(pairs: readonly TrendPair[], { x, y }: FramedPlot): SVGElement[] {
   });
 }
 
-/** Round within, crosses over, marks on the axis for pairs that were given up. */
-function signs(pairs: readonly TrendPair[], { x, y, box }: FramedPlot): SVGElement[] {
-  const r = pairs.length > 120 ? 1.4 : 2.8;
+/** Round within, crosses over, marks on the axis for pairs that were given up. Hundreds of round ones would only thicken
+ * the line. */
+function signs({ pairs, unit }: TrendView, plot: FramedPlot): SVGElement[] {
+  const few = pairs.length <= 120;
   return pairs.flatMap((pair) => {
-    const at = x(pair.index);
-    if (pair.givenUp) {
-      const low = box.y + box.height;
-      return [svg('path', { d: `M${at} ${low}l-5 -9h10z`, fill: 'var(--given-up)', stroke: 'var(--card)' })];
-    }
-    if (pair.value === null) return [];
-    const up = y(pair.value);
-    if (!pair.over) return [svg('circle', { cx: at, cy: up, r, fill: 'var(--within)' })];
-    const d = `M${at - 4} ${up - 4}l8 8m0 -8l-8 8`;
-    return [svg('path', { d, stroke: 'var(--over)', 'stroke-width': 2.2 })];
+    const drawn = sign(pair, plot, few);
+    const told = pair.givenUp ? 'given up' : `${short(pair.value)} ${unitText(unit)}`;
+    drawn?.append(svg('title', {}, `pair ${pair.index}: ${told}`));
+    return drawn ? [drawn] : [];
   });
 }
 
-function limitLine({ limit, unit }: TrendView, { x: _, y, box }: FramedPlot): SVGElement[] {
+function sign(pair: TrendPair, { x, y, box }: FramedPlot, few: boolean): SVGElement | null {
+  const at = x(pair.index);
+  if (pair.givenUp) {
+    const low = box.y + box.height;
+    return svg('path', { d: `M${at} ${low}l-5 -9h10z`, fill: 'var(--given-up)', stroke: 'var(--card)' });
+  }
+  if (pair.value === null || !(few || pair.over)) return null;
+  const up = y(pair.value);
+  if (!pair.over) return svg('circle', { cx: at, cy: up, r: 2.8, fill: 'var(--within)' });
+  return svg('path', { d: `M${at - 4} ${up - 4}l8 8m0 -8l-8 8`, stroke: 'var(--over)', 'stroke-width': 2.2 });
+}
+
+function limitLine({ limit, unit }: TrendView, { y, box }: FramedPlot): SVGElement[] {
   if (!limit) return [];
   const at = y(limit.value);
-  const text = `limit ${fixed(limit.value, 6).replace(/\.?0+$/, '')} ${unitText(unit)}`;
+  const text = `limit ${plain(limit.value)} ${unitText(unit)}`;
   return [
     svg('path', {
       d: `M${box.x} ${at}h${box.width}`,
@@ -124,7 +131,7 @@ function limitLine({ limit, unit }: TrendView, { x: _, y, box }: FramedPlot): SV
       'stroke-dasharray': '5 4',
       'stroke-width': 1.5,
     }),
-    svg('text', { x: box.x + 4, y: at - 4, fill: 'var(--over)' }, text),
+    svg('text', { x: box.x + 4, y: at - 4, fill: 'var(--over)', ...halo }, text),
   ];
 }
 

@@ -1,7 +1,7 @@
-/** How the board is looked at: turned about its upright axis, then tipped, degrees. */
+/** How the board is looked at: turned in its own plane, then laid back as on a table; degrees. */
 export interface Turn {
-  yaw: number;
-  pitch: number;
+  around: number;
+  back: number;
 }
 
 export interface Point3 {
@@ -10,11 +10,13 @@ export interface Point3 {
   z: number;
 }
 
-/** Place on the screen, right and down, of a point of the board (x right, y down, z away from the reader). */
-export function turned({ x, y, z }: Point3, { yaw, pitch }: Turn): { x: number; y: number } {
-  const a = (yaw * Math.PI) / 180;
-  const b = (pitch * Math.PI) / 180;
-  const right = x * Math.cos(a) + z * Math.sin(a);
-  const away = -x * Math.sin(a) + z * Math.cos(a);
-  return { x: right, y: y * Math.cos(b) - away * Math.sin(b) };
+/** Place on the screen, right and down, of a point of the board (x right, y down, z away from who looks at it). On a
+ * board that is laid back, what stands out towards the cameras stands up. */
+export function turned({ x, y, z }: Point3, { around, back }: Turn): { x: number; y: number } {
+  const a = (around * Math.PI) / 180;
+  const b = (back * Math.PI) / 180;
+  return {
+    x: x * Math.cos(a) - y * Math.sin(a),
+    y: (x * Math.sin(a) + y * Math.cos(a)) * Math.cos(b) + z * Math.sin(b),
+  };
 }
