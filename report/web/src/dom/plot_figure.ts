@@ -24,12 +24,34 @@ export interface DrawnFigure {
   show(view: unknown, sentence?: string): void;
 }
 
-const drawings = new Set<() => void>();
+const drawings = new Map<HTMLElement, Draw>();
+const waiting = new Map<HTMLElement, Draw>();
 let numbers = 0;
+
+/** Draws with a width in CSS pixels. */
+type Draw = (width: number) => void;
 
 /** For paper and back. */
 export function redrawAll(): void {
-  for (const draw of drawings) draw();
+  drawMeasured(drawings);
+}
+
+/** All widths are read before anything is drawn: each drawing in between would have the whole page laid out anew. */
+function drawMeasured(areas: ReadonlyMap<HTMLElement, Draw>): void {
+  const widths = [...areas].map(([area, draw]) => [draw, widthOf(area)] as const);
+  for (const [draw, width] of widths) draw(width);
+}
+
+/** A figure's width is known when it stands in the page, which is when the present work is done. */
+function drawSoon(area: HTMLElement, draw: Draw): void {
+  if (waiting.size === 0) {
+    queueMicrotask(() => {
+      const all = new Map(waiting);
+      waiting.clear();
+      drawMeasured(all);
+    });
+  }
+  waiting.set(area, draw);
 }
 
 export const printing = (): boolean => document.documentElement.classList.contains('printing');
@@ -47,10 +69,11 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
   let drawn = new AbortController();
   let width = 0;
 
-  function draw(): void {
+  function draw(wide: number): void {
+    if (end.aborted) return;
     drawn.abort();
     drawn = new AbortController();
-    width = widthOf(area);
+    width = wide;
     const context: PlotContext = {
       width,
       selection: figure.selection,
@@ -77,8 +100,14 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
         ...(figure.controls ?? []),
         el(
           'button',
-          { type: 'button', class: 'quiet no-print', click: save, 'aria-label': `Save as SVG: ${figure.title}` },
-          'Save as SVG',
+          {
+            type: 'button',
+            class: 'quiet no-print',
+            click: save,
+            title: 'Save as SVG',
+            'aria-label': `SVG of ${figure.title}: save`,
+          },
+          'SVG',
         ),
       ),
     ),
@@ -87,25 +116,23 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
     el('details', { class: 'help' }, el('summary', {}, 'How to read this'), el('p', {}, figure.help)),
   );
   const observer = new ResizeObserver(() => {
-    if (!printing() && Math.abs(widthOf(area) - width) > 4) draw();
+    if (!printing() && Math.abs(widthOf(area) - width) > 4) drawSoon(area, draw);
   });
   observer.observe(area);
-  drawings.add(draw);
+  drawings.set(area, draw);
   end.addEventListener('abort', () => {
     drawn.abort();
     observer.disconnect();
-    drawings.delete(draw);
+    drawings.delete(area);
+    waiting.delete(area);
   });
-  // Its width is known when it stands in the page.
-  queueMicrotask(() => {
-    if (!end.aborted && width === 0) draw();
-  });
+  drawSoon(area, draw);
   return {
     element,
     show(next, sentence) {
       view = next as View;
       if (sentence !== undefined) caption.textContent = sentence;
-      draw();
+      drawSoon(area, draw);
     },
   };
 }

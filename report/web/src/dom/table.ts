@@ -32,6 +32,9 @@ export interface Table {
   headed?: boolean;
 }
 
+/** More are laid out only when they are looked at. */
+const manyCells = 4000;
+
 function sortValue(cell: Cell | undefined): string | number | null {
   if (cell === undefined) return null;
   return typeof cell === 'string' ? cell : cell.value;
@@ -127,5 +130,11 @@ export function tableElement(table: Table): HTMLElement {
       table.foot ? el('tfoot', {}, ...table.foot.map((row) => lineOf(row, null))) : null,
     ),
   );
-  return el('div', { class: 'table' }, scroller, table.copyable === false ? null : copyButton(table));
+  const large = table.rows.length * table.columns.length > manyCells;
+  return el(
+    'div',
+    { class: `table ${large ? 'large' : ''}` },
+    scroller,
+    table.copyable === false ? null : copyButton(table),
+  );
 }

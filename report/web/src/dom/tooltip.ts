@@ -31,10 +31,15 @@ export function followDots(selection: SelectionStore, points: DotColumns, unit: 
   end.addEventListener('abort', () => box.remove());
 }
 
-/** Above the dot, or below where there is no room, and never beyond the window's edges. */
+/** Beside the dot, where it covers fewer of its neighbours; on a narrow screen above or below it. */
 function put(box: HTMLElement, x: number, y: number): void {
   const { offsetWidth: width, offsetHeight: height } = box;
-  const left = Math.min(Math.max(8, x - width / 2), document.documentElement.clientWidth - width - 8);
-  const top = y - height - 14 >= 8 ? y - height - 14 : Math.min(y + 18, innerHeight - height - 8);
-  box.style.transform = `translate(${Math.max(4, left)}px,${Math.max(4, top)}px)`;
+  const { clientWidth } = document.documentElement;
+  const gap = 18;
+  const fits = [x + gap, x - gap - width].find((left) => left >= 4 && left + width <= clientWidth - 4);
+  const above = y - height - gap;
+  const left = fits ?? Math.min(Math.max(4, x - width / 2), clientWidth - width - 4);
+  const top = fits !== undefined ? y - height / 2 : above >= 4 ? above : y + gap;
+  const low = Math.max(4, Math.min(top, innerHeight - height - 4));
+  box.style.transform = `translate(${Math.round(left)}px,${Math.round(low)}px)`;
 }

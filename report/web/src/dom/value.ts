@@ -17,11 +17,11 @@ export interface ShownFigure {
 
 /** Sets what lets a program compare what is shown with the document, number for number. */
 export function tellFigure(element: HTMLElement, figure: ShownFigure): void {
-  element.dataset['figure'] = figure.name;
-  if (figure.pair !== null) element.dataset['pair'] = String(figure.pair);
-  element.dataset['check'] = String(figure.check);
-  element.dataset['value'] = figure.value === null ? 'null' : String(figure.value);
-  element.dataset['source'] = figure.refined ? 'refined' : 'library';
+  element.setAttribute('data-figure', figure.name);
+  if (figure.pair !== null) element.setAttribute('data-pair', String(figure.pair));
+  element.setAttribute('data-check', String(figure.check));
+  element.setAttribute('data-value', String(figure.value));
+  element.setAttribute('data-source', figure.refined ? 'refined' : 'library');
 }
 
 export function figureText(figure: ShownFigure): string {

@@ -56,8 +56,7 @@ export function verdict(scope: Scope): HTMLElement {
       status(check.document),
       ...[check.worst_pair_text, check.refined_text].filter((text) => text !== '').map((text) => el('p', {}, text)),
       causes(scope),
-      facts(scope),
     ),
-    limits(scope),
+    el('div', { class: 'aside' }, limits(scope), el('div', { class: 'card' }, facts(scope))),
   );
 }

@@ -47,11 +47,40 @@ export function shortUnit(unit: string): string {
   return units[unit] ?? unit;
 }
 
+/** Short headings of figures that are known by their names only; lists are `title entry`. */
+const titles: Record<string, string> = {
+  tri_rms: 'Residual, rms',
+  tri_mean: 'Mean residual',
+  tri_min: 'Smallest residual',
+  tri_max: 'Largest residual',
+  tri_dis: 'Distance error, chosen dots',
+  dy_means: 'Mean row difference',
+  dy_min: 'Smallest row difference',
+  dy_max: 'Largest row difference',
+  dy_ratio: 'Share of dots beyond the bound',
+  allpoints_means: 'Mean error of the spacing',
+  allpoints_min: 'Smallest error of the spacing',
+  allpoint_max: 'Largest error of the spacing',
+  pol_dis: 'Distance error, rectified',
+  id_dis: 'Distance error of id pairs',
+  space_rms: 'Fit onto the board, rms',
+  dis_rms: 'Distance error, rms',
+  nor_rms: 'Relative distance error, rms',
+  zero_dis: 'Mean range of the board',
+  icp_x_rms: 'Board fit along x, rms',
+  icp_y_rms: 'Board fit along y, rms',
+  icp_z_rms: 'Board fit along z, rms',
+  icp_nor_rms: 'Board fit, rms',
+  gt_rms: 'Board in the left picture, rms',
+};
+
 export class Explanations {
   constructor(private readonly known: Record<string, Explanation>) {}
 
   of(name: string): Explanation {
-    return this.known[bareName(name)] ?? { title: bareName(name), text: '', unit: '' };
+    const bare = bareName(name);
+    const known = this.known[bare] ?? { title: bare, text: '', unit: '' };
+    return known.title === bare ? { ...known, title: titles[bare] ?? bare } : known;
   }
 
   /** In words, with the entry's number where it is one of a list. */
