@@ -19,7 +19,7 @@ function means(data: PageData, comparison: Comparison, scope: Scope): HTMLElemen
       unit: figure.unit,
       limit: rulesOn(limits, figure.figure, 'library')[0]?.bound ?? null,
       checks: data.checks.map(({ title }, index) => ({
-        title: `${index + 1} ${title}`,
+        title,
         mean: figure.mean[index] ?? null,
         low: figure.low95[index] ?? null,
         high: figure.high95[index] ?? null,
