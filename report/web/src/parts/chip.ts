@@ -1,5 +1,19 @@
 import { icon, type IconName } from '../dom/icon';
 import { el } from '../dom/el';
+import type { CheckDocument } from '../page_data';
+
+const verdicts = { pass: 'Pass', fail: 'Fail', error: 'Error' } as const;
+
+/** The verdict in a word with its shape. Where no limit was given nothing was judged, whatever the run came to. */
+export function verdictOf({ verdict, limits }: CheckDocument): { words: string; shape: IconName } {
+  if (verdict === 'pass' && limits.length === 0) return { words: 'Not judged', shape: 'none' };
+  return { words: verdicts[verdict] ?? verdict, shape: verdict };
+}
+
+export function verdictChip(document: CheckDocument): HTMLElement {
+  const { words, shape } = verdictOf(document);
+  return chip(shape, words.toUpperCase());
+}
 
 /** A state in a word with its shape. */
 export function chip(shape: IconName, words: string): HTMLElement {

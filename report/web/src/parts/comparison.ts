@@ -4,7 +4,7 @@ import type { ComparedFigure, Comparison, PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { shortUnit } from '../text/figures';
 import { error, shown, signed } from '../text/number';
-import { chip, section } from './chip';
+import { chip, section, verdictChip } from './chip';
 import { comparisonPlots } from './comparison_plots';
 import type { Scope } from './scope';
 
@@ -88,7 +88,7 @@ export function comparison(data: PageData, scope: Scope): HTMLElement | null {
     el(
       'li',
       {},
-      chip(check.document.verdict, check.document.verdict.toUpperCase()),
+      verdictChip(check.document),
       ' ',
       el(
         'a',

@@ -2,7 +2,7 @@ import { el } from '../dom/el';
 import { choice } from '../plots/controls';
 import type { PageData } from '../page_data';
 import { hashOf } from '../state/route';
-import { chip } from './chip';
+import { verdictChip } from './chip';
 
 type Theme = 'auto' | 'light' | 'dark';
 
@@ -27,18 +27,17 @@ export function header(data: PageData, check: number): HTMLElement {
       'a',
       { href: hashOf({ check: index, pair: null }), 'aria-current': index === check ? 'true' : null },
       `${index + 1} `,
-      other.title,
+      el('bdi', {}, other.title),
     ),
   );
-  const verdict = view?.document.verdict;
   return el(
     'header',
     { class: 'bar' },
     el('strong', {}, 'PolarLinePrecision'),
     several
       ? el('nav', { 'aria-label': 'Checks', class: 'checks' }, ...links)
-      : el('span', { class: 'name' }, view?.title),
-    verdict && chip(verdict, verdict.toUpperCase()),
+      : el('bdi', { class: 'name' }, view?.title),
+    view && verdictChip(view.document),
     el(
       'span',
       { class: 'tools no-print' },

@@ -9,8 +9,10 @@ import { pairLink, type Scope } from './scope';
 function name(scope: Scope, limit: Limit): Cell {
   const rule = ruleOf(limit.text);
   const title = rule ? scope.explanations.title(rule.figure) : '';
+  // A bound within the figure's interval is nothing to rely on, which the reason says.
+  const doubt = limit.why.includes('too close to call') && limit.why;
   return {
-    content: el('span', { title: limit.why }, title && title !== limit.text ? title : '', el('small', {}, limit.text)),
+    content: el('span', { title: limit.why }, title, el('small', {}, limit.text), doubt && el('small', {}, doubt)),
     value: limit.text,
   };
 }
@@ -37,12 +39,7 @@ export function limits(scope: Scope): HTMLElement {
   const { limits: given } = scope.check.document;
   const title = el('h2', { id: 'limits-title' }, 'Limits');
   if (given.length === 0) {
-    return el(
-      'div',
-      { class: 'card limits' },
-      title,
-      el('p', {}, 'No limit was given, so the verdict says only that the run came to its end.'),
-    );
+    return el('div', { class: 'card limits' }, title, el('p', {}, 'No limit was given, so nothing was judged.'));
   }
   const table = tableElement({
     caption: 'Limits',

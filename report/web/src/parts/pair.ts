@@ -62,7 +62,7 @@ function state(scope: PairScope): HTMLElement {
         ? chip('fail', `over: ${over.join(', ')}`)
         : chip('pass', 'finished'),
     position === check.first_pair && check.worst_pair_text !== '' && chip('none', 'worst pair'),
-    el('span', { class: 'faint' }, `${pair.left} and ${pair.right}`),
+    el('span', { class: 'faint' }, el('bdi', {}, pair.left), ' and ', el('bdi', {}, pair.right)),
     scope.source === 'refined' && el('span', {}, 'seen from refined centres'),
     pair.carried.length > 0 &&
       el(
@@ -96,7 +96,7 @@ function finished(scope: PairScope, selection: SelectionStore): Node[] {
       ...pairPlots(scope, points, statistics, selection),
       quality(scope) ?? '',
       chosenDots(scope, points, selection),
-      worstDots(scope, points, statistics, selection),
+      statistics.worst.length > 0 ? worstDots(scope, points, statistics, selection) : '',
     ),
     allFigures(scope),
   ];

@@ -37,14 +37,14 @@ function tile(scope: PairScope, name: string): HTMLElement {
   return el(
     'div',
     { class: `tile ${over ? 'over' : ''}` },
-    el('dt', { title: scope.explanations.of(name).text }, scope.explanations.title(name), el('small', {}, name)),
     el(
-      'dd',
-      {},
+      'dt',
+      { title: scope.explanations.of(name).text },
       over && icon('fail'),
-      figureValue(figure),
-      over && el('span', { class: 'hidden-text' }, ' over the limit'),
+      scope.explanations.title(name),
+      el('small', {}, name),
     ),
+    el('dd', {}, figureValue(figure), over && el('span', { class: 'hidden-text' }, ' over the limit')),
     scope.pair.refined && el('dd', { class: 'refined' }, 'refined ', figureValue(pairFigure(scope, name, 'refined'))),
   );
 }

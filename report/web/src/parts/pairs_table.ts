@@ -38,7 +38,7 @@ const statistics = [
 function foot(scope: Scope, figures: string[]): Cell[][] {
   const { summary } = scope.check.document;
   const known = scope.source === 'refined' ? summary.refined?.figures : summary.figures;
-  if (!known || summary.finished === 0) return [];
+  if (!known || summary.finished === 0 || figures.length === 0) return [];
   return statistics.map(([key, title]): Cell[] => [
     title,
     '',
@@ -94,7 +94,10 @@ export function pairsTable(scope: Scope): HTMLElement {
       refined: source === 'refined',
       absence: reasonOfAbsence(pair, source, name),
     })),
-    `${pair.left}, ${pair.right}`,
+    {
+      content: el('span', {}, el('bdi', {}, pair.left), ', ', el('bdi', {}, pair.right)),
+      value: `${pair.left}, ${pair.right}`,
+    },
     note(pair),
   ]);
   const from = source === 'refined' ? ', from refined centres' : '';

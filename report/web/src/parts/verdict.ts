@@ -2,11 +2,9 @@ import { el } from '../dom/el';
 import { icon } from '../dom/icon';
 import type { CheckDocument } from '../page_data';
 import { causes } from './causes';
-import { terms } from './chip';
+import { terms, verdictOf } from './chip';
 import { limits } from './limits';
 import type { Scope } from './scope';
-
-const words = { pass: 'Pass', fail: 'Fail', error: 'Error' } as const;
 
 /** "2026-11-22T11:52:42Z" for who reads it. */
 export function moment(iso: string): string {
@@ -44,14 +42,14 @@ function facts(scope: Scope): HTMLElement {
 
 export function verdict(scope: Scope): HTMLElement {
   const { check } = scope;
-  const { verdict: said } = check.document;
+  const { words, shape } = verdictOf(check.document);
   return el(
     'section',
     { id: 'verdict', class: 'verdict', 'aria-labelledby': 'verdict-title' },
     el(
       'div',
       { class: 'card' },
-      el('h1', { id: 'verdict-title', class: said }, icon(said), words[said] ?? said),
+      el('h1', { id: 'verdict-title', class: shape }, icon(shape), words),
       el('p', { class: 'headline' }, sentence(check.headline)),
       status(check.document),
       ...[check.worst_pair_text, check.refined_text].filter((text) => text !== '').map((text) => el('p', {}, text)),
