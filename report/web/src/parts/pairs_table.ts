@@ -78,7 +78,7 @@ export function pairsTable(scope: Scope): HTMLElement {
       below: `${name}${explanations.unit(name) && `, ${shortUnit(explanations.unit(name))}`}`,
       hint: explanations.of(bareName(name)).text,
       numbers: true,
-      more: !scope.check.main_figures.includes(name),
+      more: !scope.check.main_figures.slice(0, 6).includes(name),
     })),
     { title: 'Pictures', more: true },
     { title: 'Note' },
