@@ -56,11 +56,13 @@ export class BoardProjection {
     const { boardX, boardY, offX, offY, offZ } = this.board;
     const x = new Float64Array(boardX.length);
     const y = new Float64Array(boardX.length);
+    // The true place is known of dots that were not measured, too.
+    const off = (error: number | null | undefined) => (factor === 0 ? 0 : factor * (error ?? NaN));
     boardX.forEach((across, i) => {
       const place = this.at({
-        x: (across ?? NaN) + factor * (offX[i] ?? NaN),
-        y: (boardY[i] ?? NaN) + factor * (offY[i] ?? NaN),
-        z: factor * (offZ[i] ?? NaN),
+        x: (across ?? NaN) + off(offX[i]),
+        y: (boardY[i] ?? NaN) + off(offY[i]),
+        z: off(offZ[i]),
       });
       x[i] = place.x;
       y[i] = place.y;

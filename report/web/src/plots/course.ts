@@ -115,7 +115,8 @@ function guides({ course, limit }: CourseView, plot: FramedPlot): SVGElement[] {
   for (const value of [-limit, limit]) {
     parts.push(svg('path', { d: level(value), stroke: 'var(--over)', ...dashed }));
   }
-  const up = Math.max(plot.y(limit) - 4, box.y + 12);
+  const above = plot.y(limit) - box.y > 16;
+  const up = above ? plot.y(limit) - 4 : plot.y(-limit) + 13;
   const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: 'var(--over)', ...halo };
   parts.push(svg('text', place, `limit \u00b1${plain(limit)}`));
   return parts;
