@@ -145,7 +145,10 @@ class Board3d {
       marks: [
         Plot.geo(lines(this.truth, projection.dots(0)), { stroke: 'var(--dot)', strokeWidth: 1, strokeOpacity: 0.55 }),
         ...this.meshes(measured),
-        Plot.text([`Errors drawn ${factor} times as large; grey: the true board`], told),
+        Plot.text(
+          [`Errors drawn ${factor === 1 ? 'as they are' : `${factor} times as large`}; grey: the true board`],
+          told,
+        ),
       ],
     });
     const unit = `${unitText(this.view.unit)} off`;

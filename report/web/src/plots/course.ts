@@ -1,6 +1,6 @@
 import type { Course } from '../page_data';
 import { framed, type FramedPlot } from './base';
-import { keyLegend } from './legend';
+import { keyLegend, keyLegendHeight, type Key } from './legend';
 import { placesOf } from './nearest';
 import {
   decimalsOf,
@@ -34,7 +34,8 @@ export interface CourseView {
 }
 
 export function courseAlong(view: CourseView, context: PlotContext): HTMLElement {
-  const below = 36;
+  const keys = keysOf(view);
+  const below = keyLegendHeight(keys, context.width - 76);
   const height = Math.round(Math.min(300, Math.max(200, context.width * 0.5))) + below;
   const plot = framed({
     width: context.width,
@@ -50,12 +51,7 @@ export function courseAlong(view: CourseView, context: PlotContext): HTMLElement
   const drawn = indices.filter((i) => !Number.isNaN((places.x[i] ?? NaN) + (places.y[i] ?? NaN)));
   const dots = batched(drawn, shape, { fill: 'var(--dot)', 'fill-opacity': 0.5 });
   plot.svg.append(window(plot.box, dots, ...stripes(view.course, plot), ...guides(view, plot)));
-  const keys = [
-    { sign: svg('path', { d: 'M-8 0h16', stroke: 'var(--within)', 'stroke-width': 2.5 }), text: 'mean of a stripe' },
-    { sign: svg('rect', { x: -8, y: -6, width: 16, height: 12, fill: 'var(--band)' }), text: '\u00b1 its scatter' },
-    { sign: lineSign(), text: slopeText(view, plot) },
-  ];
-  plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width).group);
+  plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width));
   const stage = new DotStage(
     { ids: view.ids, label: `${view.name} by ${view.along}. Arrow keys go from dot to dot` },
     context,
@@ -64,11 +60,19 @@ export function courseAlong(view: CourseView, context: PlotContext): HTMLElement
   return stage.element;
 }
 
+function keysOf(view: CourseView): Key[] {
+  return [
+    { sign: svg('path', { d: 'M-8 0h16', stroke: 'var(--within)', 'stroke-width': 2.5 }), text: 'mean of a stripe' },
+    { sign: svg('rect', { x: -8, y: -6, width: 16, height: 12, fill: 'var(--band)' }), text: '\u00b1 its scatter' },
+    { sign: lineSign(), text: slopeText(view) },
+  ];
+}
+
 /** As fine as can be seen in the drawing; the exact slope is told beside it. */
-function slopeText({ course, unit }: CourseView, plot: FramedPlot): string {
-  const tall = Math.abs((plot.y(0) - plot.y(1)) / plot.box.height);
-  const decimals = decimalsOf(niceStep(0.01 / tall)) + 1;
-  return `${fixed(course.slope * 1000, decimals, true)} ${unitText(unit)} per 1000 px`;
+function slopeText(view: CourseView): string {
+  const { from, to } = heightOf(view);
+  const decimals = decimalsOf(niceStep((to - from) / 100)) + 1;
+  return `${fixed(view.course.slope * 1000, decimals, true)} ${unitText(view.unit)} per 1000 px`;
 }
 
 function lineSign(): SVGElement {

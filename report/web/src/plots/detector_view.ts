@@ -76,7 +76,7 @@ class FoundPainter implements DotPainter {
     return Number.isFinite(least) ? least : 20;
   }
 
-  legend(_scale: number, x: number, y: number, width: number): { group: SVGElement; height: number } {
+  legend(_scale: number, x: number, y: number, width: number): SVGElement {
     const ring = (look: Record<string, string | number>) =>
       svg('path', { d: circlePath(0, 0, 6), 'stroke-width': 2, ...look });
     if (this.view.refined.length === 0) {

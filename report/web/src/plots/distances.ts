@@ -1,7 +1,7 @@
 import * as Plot from '@observablehq/plot';
 import type { DistanceBin } from '../page_data';
 import { framed } from './base';
-import { keyLegend } from './legend';
+import { keyLegend, keyLegendHeight } from './legend';
 import { rangeOf, withUnit } from './numbers';
 import type { PlotContext } from './plot';
 import { svg } from './svg';
@@ -13,7 +13,12 @@ export interface DistancesView {
 }
 
 export function distanceErrors(view: DistancesView, context: PlotContext): SVGSVGElement {
-  const below = 36;
+  const keys = [
+    { sign: svg('circle', { r: 4, fill: 'var(--within)' }), text: 'mean' },
+    { sign: svg('rect', { x: -4.5, y: -7, width: 9, height: 14, fill: 'var(--band)' }), text: '\u00b1 scatter' },
+    { sign: svg('path', { d: 'M0 -8v16', stroke: 'var(--dot)', 'stroke-width': 1.5 }), text: 'smallest to largest' },
+  ];
+  const below = keyLegendHeight(keys, context.width - 76);
   const height = Math.round(Math.min(300, Math.max(200, context.width * 0.5))) + below;
   const [from, to] = rangeOf([0, ...view.bins.flatMap((bin) => [bin.min, bin.max])], 0.06);
   const [, far] = rangeOf([0, ...view.bins.map((bin) => bin.to)], 0.02);
@@ -38,11 +43,6 @@ export function distanceErrors(view: DistancesView, context: PlotContext): SVGSV
       Plot.dot(view.bins, { x: middle, y: 'mean', r: 4, fill: 'var(--within)' }),
     ],
   });
-  const keys = [
-    { sign: svg('circle', { r: 4, fill: 'var(--within)' }), text: 'mean' },
-    { sign: svg('rect', { x: -4.5, y: -7, width: 9, height: 14, fill: 'var(--band)' }), text: '\u00b1 scatter' },
-    { sign: svg('path', { d: 'M0 -8v16', stroke: 'var(--dot)', 'stroke-width': 1.5 }), text: 'smallest to largest' },
-  ];
-  plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width).group);
+  plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width));
   return plot.svg;
 }

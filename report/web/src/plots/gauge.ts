@@ -43,7 +43,7 @@ function hatched(from: number, to: number): SVGElement {
 
 function bar({ value, holds, low, high }: GaugeView, x: (value: number) => number): SVGElement[] {
   if (value === null) {
-    return [svg('text', { x: 12, y: 20, fill: 'var(--faint)' }, '\u2013')];
+    return [svg('text', { x: 12, y: 20, 'text-anchor': 'start', fill: 'var(--faint)' }, '\u2013')];
   }
   const colour = holds === false ? 'var(--over)' : 'var(--within)';
   const [left, right] = [Math.min(x(0), x(value)), Math.max(x(0), x(value))];

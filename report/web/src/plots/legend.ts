@@ -38,19 +38,36 @@ export interface Key {
   text: string;
 }
 
-/** Signs with words, side by side and wrapped. Gives the group and the height that it took. */
-export function keyLegend(keys: Key[], x: number, y: number, width: number): { group: SVGGElement; height: number } {
-  const group = svg('g', { class: 'plot-legend' });
-  let left = x;
-  let top = y;
-  for (const { sign, text } of keys) {
+/** Place of each sign with its words, side by side and wrapped. */
+function keyPlaces(keys: readonly Key[], width: number): { left: number; row: number }[] {
+  let left = 0;
+  let row = 0;
+  return keys.map(({ text }) => {
     const needed = 24 + letterWidth * text.length;
-    if (left > x && left + needed > x + width) {
-      left = x;
-      top += 18;
+    if (left > 0 && left + needed > width) {
+      left = 0;
+      row++;
     }
-    group.append(svg('g', { transform: `translate(${left + 8} ${top + 8})` }, sign), words(left + 22, top + 12, text));
+    const place = { left, row };
     left += needed + 10;
-  }
-  return { group, height: top - y + 18 };
+    return place;
+  });
+}
+
+const rowHeight = 18;
+
+export function keyLegendHeight(keys: readonly Key[], width: number): number {
+  return 4 + rowHeight * (1 + Math.max(0, ...keyPlaces(keys, width).map(({ row }) => row)));
+}
+
+export function keyLegend(keys: readonly Key[], x: number, y: number, width: number): SVGGElement {
+  const group = svg('g', { class: 'plot-legend' });
+  const places = keyPlaces(keys, width);
+  keys.forEach(({ sign, text }, i) => {
+    const { left, row } = places[i] ?? { left: 0, row: 0 };
+    const top = y + rowHeight * row;
+    const at = { transform: `translate(${x + left + 8} ${top + 8})` };
+    group.append(svg('g', at, sign), words(x + left + 22, top + 12, text));
+  });
+  return group;
 }

@@ -138,10 +138,10 @@ class MapPainter implements DotPainter {
     }
   }
 
-  legend(scale: number, x: number, y: number, width: number): { group: SVGElement; height: number } {
+  legend(scale: number, x: number, y: number, width: number): SVGElement {
     const unit = unitText(this.view.unit);
     if (this.state.as === 'map') {
-      return { group: classLegend(this.classes(), unit, x, y, width), height: legendHeight };
+      return classLegend(this.classes(), unit, x, y, width);
     }
     const factor = enlargements[this.enlargement()] ?? 1;
     const told = niceStep(40 / scale / factor / 2.5);

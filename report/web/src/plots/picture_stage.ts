@@ -37,7 +37,7 @@ export function freshPictureState(): PictureState {
 /** Draws the dots; `scale` is CSS pixels per picture pixel. */
 export interface DotPainter {
   glyphs(places: Places, indices: number[], scale: number): SVGElement;
-  legend(scale: number, x: number, y: number, width: number): { group: SVGElement; height: number } | null;
+  legend(scale: number, x: number, y: number, width: number): SVGElement;
   /** Room to keep for the legend. */
   legendHeight: number;
 }
@@ -166,8 +166,7 @@ export class PictureStage {
     const places = placesOf(side.x, side.y, plot.x, plot.y);
     const scale = plot.box.width / part.width;
     glyphs.append(this.painter.glyphs(places, visible(places, plot.box), scale));
-    const legend = this.painter.legend(scale, plot.box.x, height - below + 2, plot.box.width);
-    if (legend) plot.svg.append(legend.group);
+    plot.svg.append(this.painter.legend(scale, plot.box.x, height - below + 2, plot.box.width));
     hideOutside(places, plot.box);
     this.stage.show({ svg: plot.svg, places, box: plot.box, base: glyphs });
   }

@@ -131,7 +131,7 @@ function limitLine({ limit, unit }: TrendView, { y, box }: FramedPlot): SVGEleme
       'stroke-dasharray': '5 4',
       'stroke-width': 1.5,
     }),
-    svg('text', { x: box.x + 4, y: at - 4, fill: 'var(--over)', ...halo }, text),
+    svg('text', { x: box.x + 4, y: at - 4, 'text-anchor': 'start', fill: 'var(--over)', ...halo }, text),
   ];
 }
 
