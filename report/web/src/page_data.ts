@@ -113,6 +113,9 @@ export interface DotColumns {
   off_z: (number | null)[];
   /** Measured depth less the depth of the fitted board, board units, along the left camera's axis. */
   depth_error: (number | null)[];
+  /** Only of refined points: 'refined', or another word where the centre stayed as it was found. */
+  left_state?: string[];
+  right_state?: string[];
 }
 
 /** Numbers and sentences of one pair's plots. Each sentence tells a plot in words with its numbers. */

@@ -76,7 +76,7 @@ export interface FramedPlot {
 export function framed(frame: Frame): FramedPlot {
   const yTicks = tickTexts(frame.y, Math.max(2, frame.height / 45));
   const left = leftMargin(yTicks.values.map(yTicks.text));
-  const xTicks = tickTexts(frame.x, Math.max(2, (frame.width - left) / 75));
+  const xTicks = tickTexts(frame.x, Math.max(2, (frame.width - left) / 55));
   const margins = { left, right: 16, top: frame.y.label ? 26 : 10, bottom: 40 + (frame.below ?? 0) };
   const box = boxOf(frame, margins);
   const style = { color: 'var(--faint)', fontSize, labelArrow: 'none' as const };

@@ -1,6 +1,6 @@
 import * as Plot from '@observablehq/plot';
 import { letterWidth, plotted, fontSize } from './base';
-import { fixed, present, rangeOf, ticksOf, withUnit } from './numbers';
+import { fixed, plain, present, rangeOf, ticksOf, withUnit } from './numbers';
 import type { PlotContext } from './plot';
 
 /** One figure of several checks with its intervals, one line a check. */
@@ -36,10 +36,10 @@ export function comparedFigure(view: ComparisonView, context: PlotContext): SVGS
   const x = { domain: [from, to], label: null };
   return plotted({
     width: context.width,
-    height: 58 + 28 * checks.length,
+    height: (limit === null ? 50 : 64) + 28 * checks.length,
     marginLeft: room + 30,
     marginRight: 16,
-    marginTop: 8,
+    marginTop: limit === null ? 8 : 22,
     marginBottom: 42,
     x,
     y: { type: 'band', domain: titles, label: null },
@@ -60,6 +60,16 @@ export function comparedFigure(view: ComparisonView, context: PlotContext): SVGS
         label: null,
       }),
       limit === null ? null : Plot.ruleX([limit], { stroke: 'var(--over)', strokeDasharray: '5 4', strokeWidth: 1.5 }),
+      limit === null
+        ? null
+        : Plot.text([`limit ${plain(limit)}`], {
+            x: () => limit,
+            frameAnchor: 'top',
+            dy: -14,
+            lineAnchor: 'middle',
+            fontSize,
+            fill: 'var(--over)',
+          }),
       Plot.ruleY(
         there.filter((check) => check.low !== null && check.high !== null),
         { y: 'line', x1: 'low', x2: 'high', stroke: 'var(--band)', strokeWidth: 8 },

@@ -1,3 +1,4 @@
+import type { DotColumns } from '../page_data';
 import { keyLegend } from './legend';
 import { kept, toggle } from './controls';
 import type { Places } from './nearest';
@@ -13,6 +14,11 @@ export interface DetectorView {
   sides: readonly PictureSide[];
   /** Of each dot whether its centre was refined, or kept as it was found; empty: only found. */
   refined: readonly boolean[];
+}
+
+/** What a column of states says of each dot; empty where there is none. */
+export function refinedDots({ left_state, right_state }: DotColumns): boolean[] {
+  return (left_state ?? []).map((state, i) => state === 'refined' && right_state?.[i] === 'refined');
 }
 
 interface DetectorState extends PictureState {

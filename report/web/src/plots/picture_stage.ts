@@ -87,7 +87,7 @@ export class PictureStage {
     return [
       this.sides.length > 1 ? choice('Picture', sides, String(state.side), pick) : null,
       this.side().picture ? slider('Picture', fades, state.fade, (f) => `${Math.round(100 * f)} %`, fade) : null,
-      choice('A drag', drags, state.tool, (tool) => (state.tool = tool)),
+      choice('A drag', drags, state.tool, (tool) => this.change(() => (state.tool = tool))),
       el(
         'span',
         { class: 'plot-choice' },
@@ -168,6 +168,7 @@ export class PictureStage {
     glyphs.append(this.painter.glyphs(places, visible(places, plot.box), scale));
     plot.svg.append(this.painter.legend(scale, plot.box.x, height - below + 2, plot.box.width));
     hideOutside(places, plot.box);
+    this.stage.element.style.cursor = this.state.tool === 'move' ? 'grab' : '';
     this.stage.show({ svg: plot.svg, places, box: plot.box, base: glyphs });
   }
 

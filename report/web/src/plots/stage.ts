@@ -66,7 +66,10 @@ export class DotStage {
     listen('pointermove', (event: PointerEvent) => this.move(event));
     listen('pointerup', (event: PointerEvent) => this.up(event));
     listen('pointercancel', () => this.letGo());
-    listen('pointerleave', () => selection.hover(null));
+    listen('pointerleave', (event: PointerEvent) => {
+      // A finger leaves with every tap; what it tapped is to be read.
+      if (event.pointerType !== 'touch') selection.hover(null);
+    });
     listen('keydown', (event: KeyboardEvent) => this.key(event));
     listen('blur', () => selection.hover(null));
   }
@@ -143,6 +146,7 @@ export class DotStage {
     if (id === undefined) selection.brush(null);
     else selection.toggle(id);
     this.cursor = i ?? this.cursor;
+    this.hover(i);
   }
 
   private dragTo(from: Place, to: Place, done: boolean): void {

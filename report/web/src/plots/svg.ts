@@ -41,7 +41,7 @@ export function circlePath(x: number, y: number, r: number): string {
 
 /** An upright arrow from the place, down where `length` is above 0. */
 export function arrowPath(x: number, y: number, length: number): string {
-  const head = Math.sign(length) * Math.min(3, Math.abs(length) / 2);
+  const head = Math.sign(length) * Math.min(3, Math.abs(length) / 2.8);
   const wide = Math.abs(head);
   return `M${tenth(x)} ${tenth(y)}v${tenth(length)}m${tenth(-wide)} ${tenth(-head)}l${tenth(wide)} ${tenth(head)}l${tenth(wide)} ${tenth(-head)}`;
 }
