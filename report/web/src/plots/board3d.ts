@@ -75,7 +75,7 @@ class Board3d {
     const enlarge = (place: number) => this.change(() => (this.state.factor = place));
     return controls(
       choice('Seen', names, chosen, look),
-      slider('Errors enlarged', factors, this.factorPlace(), (f) => `${f} \u00d7`, enlarge),
+      slider('Errors enlarged', factors, this.factorPlace(), (f) => `${f} \u00d7`, enlarge).element,
     );
   }
 

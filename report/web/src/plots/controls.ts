@@ -24,6 +24,12 @@ export function toggle(text: string, on: boolean, change: (on: boolean) => void)
   return el('label', { class: 'plot-toggle' }, box, text);
 }
 
+export interface Slider {
+  element: HTMLElement;
+  /** Shows a step that was not chosen with the slider. */
+  show(place: number): void;
+}
+
 /** A slider over steps; `write` tells the step's value in words. */
 export function slider<T>(
   label: string,
@@ -31,21 +37,21 @@ export function slider<T>(
   chosen: number,
   write: (step: T) => string,
   change: (place: number) => void,
-): HTMLElement {
-  const textAt = (place: number) => {
-    const step = steps[place];
-    return step === undefined ? '' : write(step);
-  };
-  const told = el('output', {}, textAt(chosen));
+): Slider {
+  const told = el('output', {});
   const range = el('input', { type: 'range', min: 0, max: steps.length - 1, step: 1, 'aria-label': label });
-  range.value = String(chosen);
-  range.setAttribute('aria-valuetext', textAt(chosen));
-  range.addEventListener('input', () => {
-    told.textContent = textAt(Number(range.value));
+  function show(place: number): void {
+    const step = steps[place];
+    range.value = String(place);
+    told.textContent = step === undefined ? '' : write(step);
     range.setAttribute('aria-valuetext', told.textContent);
+  }
+  range.addEventListener('input', () => {
+    show(Number(range.value));
     change(Number(range.value));
   });
-  return el('label', { class: 'plot-slider' }, label, range, told);
+  show(chosen);
+  return { element: el('label', { class: 'plot-slider' }, label, range, told), show };
 }
 
 export function button(text: string, label: string, press: () => void): HTMLElement {

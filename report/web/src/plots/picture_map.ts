@@ -59,11 +59,19 @@ function mapControls(
   change: (set: () => void) => void,
 ): (Node | null)[] {
   const forms = [['arrows', 'Arrows'] as const, ['map', 'Map'] as const];
+  const write = (factor: number) => `${factor} \u00d7`;
   const enlarge = (place: number) => change(() => (state.enlarged = place));
-  const remains = (on: boolean) => change(() => (state.remains = on));
+  const enlarged = slider('Enlarged', enlargements, painter.enlargement(), write, enlarge);
+  // What remains is often a hundred times smaller: the arrows find their own length again.
+  const remains = (on: boolean) =>
+    change(() => {
+      state.remains = on;
+      state.enlarged = null;
+      enlarged.show(painter.enlargement());
+    });
   return [
     view.arrows ? choice('Shown as', forms, state.as, (as) => change(() => (state.as = as))) : null,
-    view.arrows ? slider('Enlarged', enlargements, painter.enlargement(), (f) => `${f} \u00d7`, enlarge) : null,
+    view.arrows ? enlarged.element : null,
     view.pattern?.length ? toggle('What remains without the causes', state.remains, remains) : null,
   ];
 }
@@ -83,11 +91,11 @@ class MapPainter implements DotPainter {
   }
 
   /** The scale stays when the pattern is taken out, so that both can be compared; it follows what is left only if
-   * that is too small to be seen. */
+   * all of that would fall into the middle class. */
   private classes(): Classes {
     const all = this.view.largest ?? scaleOf(this.view.values);
     const left = scaleOf(this.values());
-    return classesFor(left < all / 20 ? left : all, this.view.signed);
+    return classesFor(left < all / 4.5 ? left : all, this.view.signed);
   }
 
   /** Arrows of most dots reach to the next dot, 1/40 of the picture or so. */
@@ -134,7 +142,8 @@ class MapPainter implements DotPainter {
       const some = indices.filter((i) => classOf(values[i] ?? 0, classes) === place);
       const shape = roundOf(place, classes) ? circlePath : squarePath;
       const r = large * (0.6 + 0.4 * strengthOf(place, classes));
-      group.append(batched(some, (i) => shape(x[i] ?? 0, y[i] ?? 0, r), { fill: colourOf(place, classes) }));
+      const rim = gap > 7 ? { stroke: 'var(--card)', 'stroke-width': 0.8 } : {};
+      group.append(batched(some, (i) => shape(x[i] ?? 0, y[i] ?? 0, r), { fill: colourOf(place, classes), ...rim }));
     }
   }
 

@@ -86,7 +86,9 @@ export class PictureStage {
     const drags = [['select', 'Select'] as const, ['move', 'Move'] as const];
     return [
       this.sides.length > 1 ? choice('Picture', sides, String(state.side), pick) : null,
-      this.side().picture ? slider('Picture', fades, state.fade, (f) => `${Math.round(100 * f)} %`, fade) : null,
+      this.side().picture
+        ? slider('Picture', fades, state.fade, (f) => `${Math.round(100 * f)} %`, fade).element
+        : null,
       choice('A drag', drags, state.tool, (tool) => this.change(() => (state.tool = tool))),
       el(
         'span',
