@@ -3,7 +3,7 @@ import type { DotColumns, Statistics } from '../page_data';
 import { board3d } from '../plots/board3d';
 import { boardCells } from '../plots/board_cells';
 import { courseAlong } from '../plots/course';
-import { detectorView } from '../plots/detector_view';
+import { detectorView, refinedDots } from '../plots/detector_view';
 import { distanceErrors } from '../plots/distances';
 import { histogram } from '../plots/histogram';
 import { pictureMap } from '../plots/picture_map';
@@ -153,7 +153,7 @@ function seen(given: Given): HTMLElement[] {
   const { scope, points } = given;
   const { found } = scope.pair;
   const sentence = `The detector numbered ${found?.left ?? points.id.length} dots in the left picture and ${found?.right ?? points.id.length} in the right one; ${points.id.length} are in both, of ${scope.check.document.board.points} on the board.`;
-  const refined = scope.source === 'refined' ? points.id.map(() => true) : [];
+  const refined = refinedDots(points);
   const view = { ids: points.id, column: points.column, row: points.row, sides: sides(scope, points), refined };
   return [figure(given, 'What the detector saw', sentence, help.seen, detectorView, view)];
 }
