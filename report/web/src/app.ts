@@ -147,6 +147,11 @@ export class App {
   /** Paper has its own width, which a style sheet for print would give only after the drawing. */
   private forPaper(on: boolean): void {
     document.documentElement.classList.toggle('printing', on);
+    for (const details of this.main.querySelectorAll<HTMLDetailsElement>('details.on-paper')) {
+      if (on && !details.open) details.classList.add('opened');
+      if (on || details.classList.contains('opened')) details.open = on;
+      if (!on) details.classList.remove('opened');
+    }
     redrawAll();
   }
 }

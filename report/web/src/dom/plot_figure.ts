@@ -1,5 +1,6 @@
 import type { Plot, PlotContext } from '../plots/plot';
 import type { Selection } from '../state/selection';
+import { typographic } from '../text/number';
 import { el } from './el';
 import { saveSvg } from './save_svg';
 
@@ -38,7 +39,9 @@ export function redrawAll(): void {
 
 /** All widths are read before anything is drawn: each drawing in between would have the whole page laid out anew. */
 function drawMeasured(areas: ReadonlyMap<HTMLElement, Draw>): void {
-  const widths = [...areas].map(([area, draw]) => [draw, widthOf(area)] as const);
+  // What is folded away is drawn when it is unfolded, which its observer tells.
+  const seen = [...areas].filter(([area]) => area.clientWidth > 0);
+  const widths = seen.map(([area, draw]) => [draw, widthOf(area)] as const);
   for (const [draw, width] of widths) draw(width);
 }
 
@@ -64,7 +67,7 @@ function widthOf(area: HTMLElement): number {
 export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): DrawnFigure {
   const id = `plot-${++numbers}`;
   const area = el('div', { class: 'plot-area', 'aria-labelledby': `${id}-title ${id}-sentence` });
-  const caption = el('figcaption', { id: `${id}-sentence`, class: 'sentence' }, figure.sentence);
+  const caption = el('figcaption', { id: `${id}-sentence`, class: 'sentence' }, typographic(figure.sentence));
   let view = figure.view;
   let drawn = new AbortController();
   let width = 0;
@@ -131,7 +134,7 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
     element,
     show(next, sentence) {
       view = next as View;
-      if (sentence !== undefined) caption.textContent = sentence;
+      if (sentence !== undefined) caption.textContent = typographic(sentence);
       drawSoon(area, draw);
     },
   };

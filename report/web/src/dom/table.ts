@@ -32,8 +32,14 @@ export interface Table {
   headed?: boolean;
 }
 
-/** More are laid out only when they are looked at. */
+/** More wait until the rest of the page stands, and are laid out only when they are looked at. */
 const manyCells = 4000;
+
+function soon(work: () => void): void {
+  if ('requestIdleCallback' in window) requestIdleCallback(work);
+  else setTimeout(work, 500);
+  addEventListener('beforeprint', work, { once: true });
+}
 
 function sortValue(cell: Cell | undefined): string | number | null {
   if (cell === undefined) return null;
@@ -83,7 +89,17 @@ function headCell(column: Column, sort: (() => void) | null): HTMLElement {
   const head = el('th', { scope: 'col', class: classOf(column) || null, title: column.hint });
   const words: Child[] = [column.title, column.below ? el('small', {}, column.below) : null];
   if (!sort) append(head, ...words);
-  else append(head, el('button', { type: 'button', class: 'sort', click: sort }, ...words));
+  else {
+    const button = el('button', { type: 'button', class: 'sort no-print', click: sort }, ...words);
+    // On paper a button in a head that stands on every sheet is painted on the first one only.
+    const printed = el(
+      'span',
+      { class: 'print-only', 'aria-hidden': 'true' },
+      column.title,
+      column.below && el('small', {}, column.below),
+    );
+    append(head, button, printed);
+  }
   return head;
 }
 
@@ -97,12 +113,21 @@ export function tableElement(table: Table): HTMLElement {
     );
     return line;
   };
-  const lines = table.rows.map((row, index) => lineOf(row, table.rowClass?.(index) || null));
-  const body = el('tbody', {}, ...lines);
+  const large = table.rows.length * table.columns.length > manyCells;
+  const body = el('tbody');
+  let lines: HTMLElement[] = [];
+  const fill = (): void => {
+    if (lines.length > 0) return;
+    lines = table.rows.map((row, index) => lineOf(row, table.rowClass?.(index) || null));
+    body.append(...lines);
+  };
+  if (large) soon(fill);
+  else fill();
   let sorted = -1;
   let rising = true;
   const heads = table.columns.map((column, index) => headCell(column, table.sortable ? () => sortBy(index) : null));
   function sortBy(column: number): void {
+    fill();
     rising = column === sorted ? !rising : true;
     sorted = column;
     const keys = table.rows.map((row) => sortValue(row[column]));
@@ -130,7 +155,6 @@ export function tableElement(table: Table): HTMLElement {
       table.foot ? el('tfoot', {}, ...table.foot.map((row) => lineOf(row, null))) : null,
     ),
   );
-  const large = table.rows.length * table.columns.length > manyCells;
   return el(
     'div',
     { class: `table ${large ? 'large' : ''}` },

@@ -10,6 +10,7 @@ export function followDots(selection: SelectionStore, points: DotColumns, unit: 
   const box = el('div', { class: 'tooltip', hidden: true, 'aria-hidden': 'true' }, rows);
   const byId = new Map(points.id.map((id, index) => [id, index]));
   let last: number | null = null;
+  let from = { x: scrollX, y: scrollY };
   document.body.append(box);
   selection.subscribe(() => {
     const index = selection.hovered === null ? undefined : byId.get(selection.hovered);
@@ -24,10 +25,15 @@ export function followDots(selection: SelectionStore, points: DotColumns, unit: 
       say(lines.map(([name, value]) => `${name} ${value}`).join(', '));
       last = index;
     }
+    from = { x: scrollX, y: scrollY };
     if (selection.place) put(box, selection.place.x, selection.place.y);
   }, end);
-  // A place on the screen means nothing any more once the page has moved.
-  addEventListener('scroll', () => (box.hidden = true), { passive: true, signal: end });
+  // The dot moves with the page, as it does when a key has brought it into view.
+  const follow = (): void => {
+    if (selection.place && !box.hidden)
+      put(box, selection.place.x - (scrollX - from.x), selection.place.y - (scrollY - from.y));
+  };
+  addEventListener('scroll', follow, { passive: true, signal: end });
   end.addEventListener('abort', () => box.remove());
 }
 

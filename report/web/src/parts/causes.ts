@@ -1,7 +1,7 @@
 import { el } from '../dom/el';
 import { tableElement, type Cell } from '../dom/table';
 import type { Diagnosis } from '../page_data';
-import { percent, shown, withError } from '../text/number';
+import { percent, shown, typographic, withError } from '../text/number';
 import { shortUnit } from '../text/figures';
 import type { Scope } from './scope';
 
@@ -61,19 +61,10 @@ function correction(diagnosis: Diagnosis): HTMLElement | null {
 export function causes(scope: Scope): HTMLElement | null {
   const { diagnosis } = scope.check.document;
   if (!diagnosis) return null;
-  const { rows_before: before, rows_after: after } = diagnosis;
   return el(
     'div',
     { class: 'causes' },
-    el('p', { class: 'diagnosis' }, diagnosis.text),
-    before !== null &&
-      after !== null &&
-      diagnosis.causes.length > 0 &&
-      el(
-        'p',
-        { class: 'faint' },
-        `Mean row difference: ${shown(before)} px seen, ${shown(after)} px with the causes taken out.`,
-      ),
+    el('p', { class: 'diagnosis' }, typographic(diagnosis.text)),
     diagnosis.pattern_left && el('p', { class: 'faint' }, 'A pattern is left that these causes do not explain.'),
     diagnosis.causes.length > 0 && list(scope, diagnosis.causes),
     correction(diagnosis),

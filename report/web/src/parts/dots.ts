@@ -2,7 +2,7 @@ import { el } from '../dom/el';
 import { tableElement, type Cell, type Column } from '../dom/table';
 import type { DotColumns, Statistics } from '../page_data';
 import type { Selection } from '../state/selection';
-import { shown, signed } from '../text/number';
+import { shown, signed, typographic } from '../text/number';
 import type { PairScope } from './scope';
 
 const columns: Column[] = [
@@ -66,7 +66,7 @@ export function worstDots(
     'div',
     { class: 'card full' },
     el('h3', {}, 'The worst dots'),
-    el('p', { class: 'sentence' }, statistics.sentences.worst_dots),
+    el('p', { class: 'sentence' }, typographic(statistics.sentences.worst_dots)),
     dotTable('The worst dots', points, statistics.worst, selection),
   );
   selection.subscribe(() => {

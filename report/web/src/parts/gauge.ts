@@ -3,7 +3,7 @@ import { limitGauge } from '../plots/gauge';
 import { SelectionStore } from '../state/selection';
 import { ruleOf, type Limit } from '../text/limits';
 
-const width = 150;
+const width = 116;
 const none = new SelectionStore();
 
 /** How near a value comes to its limit; in a table the numbers stand beside it. */

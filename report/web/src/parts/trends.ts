@@ -20,7 +20,8 @@ function viewOf(scope: Scope, name: string, rule: LimitRule | undefined): TrendV
     name: explanations.title(name),
     unit: explanations.unit(name),
     pairs: scope.check.document.pairs.map((pair) => {
-      const value = valueOf(pair, source, name);
+      // A pair that was given up may have got as far as some figures; the run's statistics do not count them.
+      const value = pair.state === 'finished' ? valueOf(pair, source, name) : null;
       const known = source === 'library' ? pair.uncertainty?.[name] : undefined;
       return {
         index: pair.index,
@@ -51,6 +52,17 @@ function sentenceOf(view: TrendView): string {
   return `From ${shown(least)} (pair ${at(least)}) to ${shown(most)} (pair ${at(most)}).${limited}${givenUp > 0 ? ` ${givenUp} given up.` : ''}`;
 }
 
+const shownFirst = 4;
+
+/** What is looked at first, and the rest behind a word: the pair below must not be far away. */
+function folded(figures: HTMLElement[]): HTMLElement[] {
+  const rest = figures.slice(shownFirst);
+  const first = el('div', { class: 'grid' }, ...figures.slice(0, shownFirst));
+  if (rest.length === 0) return [first];
+  const summary = el('summary', {}, rest.length === 1 ? 'One more figure' : `${rest.length} more figures`);
+  return [first, el('details', { class: 'on-paper' }, summary, el('div', { class: 'grid' }, ...rest))];
+}
+
 /** The main figures over the pairs, small. One pair makes no trend. */
 export function trends(scope: Scope): Trends | null {
   const { pairs, limits } = scope.check.document;
@@ -72,7 +84,7 @@ export function trends(scope: Scope): Trends | null {
     return [view, figure];
   });
   return {
-    element: section('run', 'Over the run', el('div', { class: 'grid' }, ...drawn.map(([, { element }]) => element))),
+    element: section('run', 'Over the run', ...folded(drawn.map(([, { element }]) => element))),
     mark(pair) {
       for (const [view, figure] of drawn) {
         if (view.chosen !== pair) figure.show(Object.assign(view, { chosen: pair }));

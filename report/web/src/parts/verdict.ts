@@ -1,4 +1,5 @@
 import { el } from '../dom/el';
+import { typographic } from '../text/number';
 import { icon } from '../dom/icon';
 import type { CheckDocument } from '../page_data';
 import { causes } from './causes';
@@ -52,7 +53,9 @@ export function verdict(scope: Scope): HTMLElement {
       el('h1', { id: 'verdict-title', class: shape }, icon(shape), words),
       el('p', { class: 'headline' }, sentence(check.headline)),
       status(check.document),
-      ...[check.worst_pair_text, check.refined_text].filter((text) => text !== '').map((text) => el('p', {}, text)),
+      ...[check.worst_pair_text, check.refined_text]
+        .filter((text) => text !== '')
+        .map((text) => el('p', {}, typographic(text))),
       causes(scope),
     ),
     el('div', { class: 'aside' }, limits(scope), el('div', { class: 'card' }, facts(scope))),

@@ -47,6 +47,10 @@ export function shortUnit(unit: string): string {
   return units[unit] ?? unit;
 }
 
+/** The six distances of four chosen dots, then the errors of smallest and of largest size. */
+const fourPoints = new Set(['tri_dis', 'pol_dis']);
+const entries = ['1 to 2', '1 to 3', '2 to 4', '3 to 4', '1 to 4', '2 to 3', 'smallest', 'largest'];
+
 /** Short headings of figures that are known by their names only; lists are `title entry`. */
 const titles: Record<string, string> = {
   tri_rms: 'Residual, rms',
@@ -86,7 +90,9 @@ export class Explanations {
   /** In words, with the entry's number where it is one of a list. */
   title(name: string): string {
     const index = /\[(\d+)\]$/.exec(name)?.[1];
-    return this.of(name).title + (index === undefined ? '' : ` ${index}`);
+    if (index === undefined) return this.of(name).title;
+    const words = fourPoints.has(bareName(name)) ? entries[Number(index)] : undefined;
+    return `${this.of(name).title}, ${words ?? index}`;
   }
 
   unit(name: string): string {

@@ -29,6 +29,11 @@ export function percent(part: number): string {
   return `${minus(size.toFixed(digits))} %`;
 }
 
+/** A sentence with the sign that the numbers beside it have. */
+export function typographic(sentence: string): string {
+  return sentence.replace(/(^|[\s(])-(?=\d)/g, '$1\u2212');
+}
+
 function minus(text: string): string {
   return text.replace(/-/g, '\u2212');
 }
