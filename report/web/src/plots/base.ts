@@ -60,6 +60,15 @@ function tickTexts(axis: Axis, count: number): { values: number[]; text: (value:
   return { values: axis.ticks ?? counted, text };
 }
 
+/** As many ticks as have room side by side. */
+function fittingTicks(axis: Axis, width: number): ReturnType<typeof tickTexts> {
+  for (let count = Math.max(1, Math.floor(width / 55)); ; count--) {
+    const ticks = tickTexts(axis, count);
+    const widest = Math.max(1, ...ticks.values.map((value) => ticks.text(value).length)) * letterWidth + 10;
+    if (count <= 1 || axis.ticks || (ticks.values.length - 1) * widest <= width) return ticks;
+  }
+}
+
 /** Room for the longest tick of the upright axis. */
 function leftMargin(texts: string[]): number {
   return Math.ceil(12 + letterWidth * Math.max(2, ...texts.map((text) => text.length)));
@@ -76,8 +85,8 @@ export interface FramedPlot {
 export function framed(frame: Frame): FramedPlot {
   const yTicks = tickTexts(frame.y, Math.max(2, frame.height / 45));
   const left = leftMargin(yTicks.values.map(yTicks.text));
-  const xTicks = tickTexts(frame.x, Math.max(2, (frame.width - left) / 55));
-  const margins = { left, right: 16, top: frame.y.label ? 26 : 10, bottom: 40 + (frame.below ?? 0) };
+  const xTicks = fittingTicks(frame.x, frame.width - left - 20);
+  const margins = { left, right: 20, top: frame.y.label ? 26 : 10, bottom: 40 + (frame.below ?? 0) };
   const box = boxOf(frame, margins);
   const style = { color: 'var(--faint)', fontSize, labelArrow: 'none' as const };
   const svg = plotted({

@@ -93,6 +93,7 @@ function heightOf({ values, course }: CourseView): { from: number; to: number } 
 }
 
 function stripes(course: Course, plot: FramedPlot): SVGElement[] {
+  if (course.at.length === 0) return [];
   const point = (i: number, shift: number) =>
     `${plot.x(course.at[i] ?? 0).toFixed(1)} ${plot.y((course.mean[i] ?? 0) + shift * (course.sd[i] ?? 0)).toFixed(1)}`;
   const order = course.at.map((_, i) => i);

@@ -85,7 +85,6 @@ function drawChosen(
 
 function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
   const { box } = plot;
-  const dash = { 'stroke-width': 1.5, 'stroke-dasharray': '5 4', fill: 'none' };
   const { mean, sd, count } = view.spread ?? { mean: null, sd: null, count: 0 };
   if (view.normal && mean !== null && sd !== null && sd > 0) {
     const points = Array.from({ length: 81 }, (_, k) => {
@@ -97,21 +96,19 @@ function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
       svg('path', { d: `M${points.join('L')}`, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 }),
     );
   }
-  if (view.limit === null) return;
-  for (const limit of [-view.limit, view.limit]) {
-    if (limit < bins.from || limit > bins.to) continue;
-    const at = plot.x(limit);
-    const right = limit > 0 && at > box.x + box.width / 2;
-    const look = {
-      x: at + (right ? -4 : 4),
-      y: box.y + 2,
-      fill: 'var(--over)',
-      ...halo,
-      'text-anchor': right ? 'end' : 'start',
-    };
-    plot.svg.append(
-      svg('path', { d: `M${at} ${box.y}v${box.height}`, stroke: 'var(--over)', ...dash }),
-      svg('text', look, `limit ${plain(limit)} ${unitText(view.unit)}`),
-    );
-  }
+  if (view.limit !== null) drawLimits(plot, view.limit, view.unit, bins);
+}
+
+function drawLimits({ svg: drawing, box, x }: FramedPlot, limit: number, unit: string, bins: Bins): void {
+  const seen = [limit, -limit].filter((value) => value >= bins.from && value <= bins.to);
+  const look = { stroke: 'var(--over)', 'stroke-width': 1.5, 'stroke-dasharray': '5 4' };
+  for (const value of seen) drawing.append(svg('path', { d: `M${x(value)} ${box.y}v${box.height}`, ...look }));
+  const at = seen[0] === undefined ? null : x(seen[0]);
+  if (at === null) return;
+  // The name stands inside the limit where there is room, as most bars end there.
+  const left = at > box.x + box.width / 2;
+  const place = { x: at + (left ? -4 : 4), y: box.y + 4, 'text-anchor': left ? 'end' : 'start' };
+  drawing.append(
+    svg('text', { ...place, fill: 'var(--over)', ...halo }, `limit \u00b1${plain(limit)} ${unitText(unit)}`),
+  );
 }

@@ -33,8 +33,10 @@ export function classLegend(classes: Classes, unit: string, x: number, y: number
 }
 
 export interface Key {
-  /** Drawn around (0, 0), 16 wide. */
+  /** Drawn around (0, 0). */
   sign: SVGElement;
+  /** 16 where nothing is said. */
+  wide?: number;
   text: string;
 }
 
@@ -42,8 +44,8 @@ export interface Key {
 function keyPlaces(keys: readonly Key[], width: number): { left: number; row: number }[] {
   let left = 0;
   let row = 0;
-  return keys.map(({ text }) => {
-    const needed = 24 + letterWidth * text.length;
+  return keys.map(({ text, wide = 16 }) => {
+    const needed = wide + 8 + letterWidth * text.length;
     if (left > 0 && left + needed > width) {
       left = 0;
       row++;
@@ -63,11 +65,11 @@ export function keyLegendHeight(keys: readonly Key[], width: number): number {
 export function keyLegend(keys: readonly Key[], x: number, y: number, width: number): SVGGElement {
   const group = svg('g', { class: 'plot-legend' });
   const places = keyPlaces(keys, width);
-  keys.forEach(({ sign, text }, i) => {
+  keys.forEach(({ sign, text, wide = 16 }, i) => {
     const { left, row } = places[i] ?? { left: 0, row: 0 };
     const top = y + rowHeight * row;
-    const at = { transform: `translate(${x + left + 8} ${top + 8})` };
-    group.append(svg('g', at, sign), words(x + left + 22, top + 12, text));
+    const at = { transform: `translate(${x + left + wide / 2} ${top + 8})` };
+    group.append(svg('g', at, sign), words(x + left + wide + 6, top + 12, text));
   });
   return group;
 }

@@ -103,7 +103,7 @@ class MapPainter implements DotPainter {
     if (this.state.enlarged !== null) return this.state.enlarged;
     const long = quantile(present(this.values()).map(Math.abs), 0.95);
     const wanted = (this.view.sides[0]?.width ?? 1000) / 40 / (this.view.largest ?? long);
-    return Math.max(0, enlargements.filter((factor) => factor <= wanted).length - 1);
+    return long > 0 ? Math.max(0, enlargements.filter((factor) => factor <= wanted).length - 1) : 0;
   }
 
   private over(value: number): boolean {
@@ -159,7 +159,7 @@ class MapPainter implements DotPainter {
       svg('path', { d, stroke: colour, fill: 'none', 'stroke-width': wide, 'stroke-linecap': 'round' });
     const { limit } = this.view;
     const keys = [
-      { sign: line('var(--text)', 1.3, `M${-length / 2} 0h${length}`), text: `${plain(told)} ${unit}` },
+      { sign: line('var(--text)', 1.3, `M${-length / 2} 0h${length}`), text: `${plain(told)} ${unit}`, wide: length },
       ...(limit === null
         ? []
         : [
@@ -167,7 +167,7 @@ class MapPainter implements DotPainter {
             { sign: line('var(--over)', 2.2, arrowPath(0, -7, 14)), text: `above (thick)` },
           ]),
     ];
-    return keyLegend(keys, x + length / 2, y, width - length / 2);
+    return keyLegend(keys, x, y, width);
   }
 }
 
