@@ -95,7 +95,7 @@ export class PictureStage {
         { class: 'plot-choice' },
         button('+', 'Zoom in', () => this.zoomBy(1.5)),
         button('\u2212', 'Zoom out', () => this.zoomBy(1 / 1.5)),
-        button('All', 'Show the whole picture', () => this.zoomBy(0)),
+        button('All', 'All of the picture', () => this.zoomBy(0)),
       ),
     ];
   }
