@@ -9,7 +9,7 @@ import type { Scope } from './scope';
 /** Where dots of any pair have been. */
 export function coverage(scope: Scope): HTMLElement | null {
   const found = scope.check.coverage;
-  if (!found) return null;
+  if (!found || !(found.left.dots.some(Boolean) || found.right.dots.some(Boolean))) return null;
   const figures = (['left', 'right'] as const).map(
     (side) =>
       plotFigure(

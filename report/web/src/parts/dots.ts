@@ -3,6 +3,7 @@ import { tableElement, type Cell, type Column } from '../dom/table';
 import type { DotColumns, Statistics } from '../page_data';
 import type { Selection } from '../state/selection';
 import { shown, signed, typographic } from '../text/number';
+import { pixels } from './pair_views';
 import type { PairScope } from './scope';
 
 const columns: Column[] = [
@@ -36,13 +37,14 @@ function dotRow(points: DotColumns, index: number, selection: Selection): Cell[]
   mark.addEventListener('click', () => selection.toggle(id));
   mark.dataset['dot'] = String(id);
   const off = [points.off_x[index], points.off_y[index], points.off_z[index]];
+  const { left, right } = pixels(points);
   const size = off.every((value) => typeof value === 'number') ? Math.hypot(...(off as number[])) : null;
   return [
     { content: mark, value: id },
     number(points.row[index], String),
     number(points.column[index], String),
-    pixel(points.left_x[index], points.left_y[index]),
-    pixel(points.right_x[index], points.right_y[index]),
+    pixel(left.x[index], left.y[index]),
+    pixel(right.x[index], right.y[index]),
     number(points.dy[index]),
     number(points.residual[index], shown),
     number(size, shown),
@@ -50,9 +52,12 @@ function dotRow(points: DotColumns, index: number, selection: Selection): Cell[]
   ];
 }
 
+/** What no dot of the pair has gets no column. */
 function dotTable(caption: string, points: DotColumns, indices: number[], selection: Selection): HTMLElement {
   const rows = indices.map((index) => dotRow(points, index, selection));
-  return tableElement({ caption, columns, rows, sortable: true });
+  const there = columns.map((_, column) => rows.some((row) => row[column] !== '–'));
+  const kept = <T>(entries: readonly T[]): T[] => entries.filter((_, column) => there[column]);
+  return tableElement({ caption, columns: kept(columns), rows: rows.map(kept), sortable: true });
 }
 
 /** The ten worst dots; each can be marked in all plots. */

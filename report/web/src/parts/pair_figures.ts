@@ -5,6 +5,7 @@ import { figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source 
 import { exceeds, rulesOn } from '../text/limits';
 import { error, shown } from '../text/number';
 import { icon } from '../dom/icon';
+import { isFrame } from './pair_views';
 import type { PairScope } from './scope';
 
 export function pairFigure(scope: PairScope, name: string, source: Source): ShownFigure {
@@ -58,6 +59,7 @@ export function tiles(scope: PairScope): HTMLElement {
     'dl',
     { class: 'tiles' },
     found &&
+      !isFrame(scope) &&
       el(
         'div',
         { class: 'tile' },

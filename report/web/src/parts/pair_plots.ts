@@ -10,7 +10,7 @@ import { pictureMap } from '../plots/picture_map';
 import type { Plot } from '../plots/plot';
 import type { Selection } from '../state/selection';
 import { help } from './help';
-import { dotLimit, sides, some } from './pair_views';
+import { dotLimit, isFrame, sides, some } from './pair_views';
 import type { PairScope } from './scope';
 
 interface Given {
@@ -94,7 +94,9 @@ function residuals(given: Given): HTMLElement[] {
   const cells = { ...residual, column: points.column, row: points.row, columns: board.cols, rows: board.rows };
   const map = { ...residual, sides: sides(scope, points), arrows: false, limit };
   return [
-    figure(given, 'Residual over the board', statistics.sentences.residual, help.cells, boardCells, cells),
+    ...(isFrame(scope)
+      ? []
+      : [figure(given, 'Residual over the board', statistics.sentences.residual, help.cells, boardCells, cells)]),
     figure(given, 'Residual over the picture', statistics.sentences.residual, help.residual, pictureMap, map),
   ];
 }
@@ -117,7 +119,7 @@ function space(given: Given): HTMLElement[] {
   };
   const depthMap = { ...depth, sides: sides(scope, points), limit: null, largest: null };
   return [
-    ...(some(points.off_z)
+    ...(some(points.off_z) && !isFrame(scope)
       ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'tall')]
       : []),
     ...(distances.length > 0
@@ -149,13 +151,19 @@ function disparity(given: Given): HTMLElement[] {
   return [figure(given, 'Range of disparities', statistics.sentences.disparity, help.disparity, histogram, view)];
 }
 
+function seenSentence({ scope, points }: Given): string {
+  const count = points.id.length;
+  if (isFrame(scope)) return `${count} dots of the frame were found in both pictures.`;
+  const { left, right } = scope.pair.found ?? { left: count, right: count };
+  const { points: all } = scope.check.document.board;
+  return `The detector numbered ${left} dots in the left picture and ${right} in the right one; ${count} are in both, of ${all} on the board.`;
+}
+
 function seen(given: Given): HTMLElement[] {
   const { scope, points } = given;
-  const { found } = scope.pair;
-  const sentence = `The detector numbered ${found?.left ?? points.id.length} dots in the left picture and ${found?.right ?? points.id.length} in the right one; ${points.id.length} are in both, of ${scope.check.document.board.points} on the board.`;
   const refined = refinedDots(points);
   const view = { ids: points.id, column: points.column, row: points.row, sides: sides(scope, points), refined };
-  return [figure(given, 'What the detector saw', sentence, help.seen, detectorView, view)];
+  return [figure(given, 'What the detector saw', seenSentence(given), help.seen, detectorView, view)];
 }
 
 /** Everything that is drawn of a finished pair, in the order in which it is looked at. */

@@ -21,12 +21,29 @@ function side(
   return { title, picture, width, height, x, y };
 }
 
+/** Places in the pictures that are there: of a pair that was rectified elsewhere these are the rectified ones. */
+export function pixels(points: DotColumns): Record<'left' | 'right', { x: PictureSide['x']; y: PictureSide['y'] }> {
+  if (!some(points.left_x) && some(points.rectified_left_x)) {
+    return {
+      left: { x: points.rectified_left_x, y: points.rectified_left_y },
+      right: { x: points.rectified_right_x, y: points.rectified_right_y },
+    };
+  }
+  return { left: { x: points.left_x, y: points.left_y }, right: { x: points.right_x, y: points.right_y } };
+}
+
 export function sides(scope: PairScope, points: DotColumns): PictureSide[] {
   const pictures = scope.details?.pictures;
+  const { left, right } = pixels(points);
   return [
-    side(scope, 'Left', pictures?.left ?? null, points.left_x, points.left_y),
-    side(scope, 'Right', pictures?.right ?? null, points.right_x, points.right_y),
+    side(scope, 'Left', pictures?.left ?? null, left.x, left.y),
+    side(scope, 'Right', pictures?.right ?? null, right.x, right.y),
   ];
+}
+
+/** A few dots by ids of their own in place of a numbered board. */
+export function isFrame(scope: Scope): boolean {
+  return Boolean(scope.check.document.settings['frame_work']);
 }
 
 /** What a single dot may have: the limit on the largest, else the bound from which the library counts dots as bad. */

@@ -81,7 +81,7 @@ export function pairsTable(scope: Scope): HTMLElement {
       more: !scope.check.main_figures.slice(0, 6).includes(name),
     })),
     { title: 'Pictures', more: true },
-    { title: 'Note' },
+    { title: 'Note', more: true },
   ];
   const rows = pairs.map((pair) => [
     { content: el('a', { href: pairLink(scope, pair.index) }, String(pair.index)), value: pair.index },

@@ -27,6 +27,8 @@ export function dotLines(points: DotColumns, index: number, unit: string): Line[
     ['Row, column', `${points.row[index]}, ${points.column[index]}`],
     ['Left pixel', pixel(points.left_x[index], points.left_y[index])],
     ['Right pixel', pixel(points.right_x[index], points.right_y[index])],
+    ['Rectified left', pixel(points.rectified_left_x[index], points.rectified_left_y[index])],
+    ['Rectified right', pixel(points.rectified_right_x[index], points.rectified_right_y[index])],
     ['Row difference', number(points.dy, signed, 'px')],
     ['… of the causes', number(points.dy_pattern, signed, 'px')],
     ['… what remains', remains],
