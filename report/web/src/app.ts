@@ -121,8 +121,16 @@ export class App {
     }
     const details = scope.check.details[position] ?? null;
     const choose = (source: Source): void => this.chooseSource(source);
+    const held = this.pairPlace.contains(document.activeElement) ? document.activeElement : null;
     this.pairPlace.replaceChildren(pairSection({ ...scope, pair, details }, this.selection, choose));
+    if (held) this.focusAgain(held.getAttribute('data-focus'));
     this.markTrends?.(pair.index);
+  }
+
+  /** Who steps through the pairs by keyboard stays at what was pressed, although it was made anew. */
+  private focusAgain(name: string | null): void {
+    const places = [...this.pairPlace.querySelectorAll<HTMLElement>('[data-focus]')];
+    (places.find((place) => place.dataset['focus'] === name) ?? places[0])?.focus({ preventScroll: true });
   }
 
   private chooseSource(source: Source): void {

@@ -84,7 +84,9 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
       printing: printing(),
     };
     const plot = figure.plot(view, context);
+    const focused = area.contains(document.activeElement);
     area.replaceChildren(plot);
+    if (focused) area.querySelector<HTMLElement>('[tabindex]')?.focus({ preventScroll: true });
     // What holds things to press is a group; a picture would hide them from who listens.
     area.setAttribute('role', area.querySelector('[tabindex],button,input,select,a') ? 'group' : 'img');
   }

@@ -16,13 +16,13 @@ function step(scope: PairScope, by: number, words: string): HTMLElement {
   const { pairs } = scope.check.document;
   const other = pairs[pairs.indexOf(scope.pair) + by];
   if (!other) return el('span', { class: 'button off', 'aria-hidden': 'true' }, words);
-  return el('a', { class: 'button', href: pairLink(scope, other.index) }, words);
+  return el('a', { class: 'button', 'data-focus': words, href: pairLink(scope, other.index) }, words);
 }
 
 function chooser(scope: PairScope): HTMLElement {
   const select = el(
     'select',
-    { 'aria-label': 'Pair' },
+    { 'aria-label': 'Pair', 'data-focus': 'pair' },
     ...scope.check.document.pairs.map(({ index, state }) =>
       el(
         'option',
