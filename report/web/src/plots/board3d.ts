@@ -81,7 +81,7 @@ class Board3d {
 
   private factorPlace(): number {
     if (this.state.factor !== null) return this.state.factor;
-    const wanted = (0.08 * this.extent()) / (scaleOf(this.off) || 1);
+    const wanted = (0.1 * this.extent()) / (scaleOf(this.off) || 1);
     return Math.max(0, factors.filter((factor) => factor <= wanted).length - 1);
   }
 
@@ -130,7 +130,7 @@ class Board3d {
 
   private draw(): void {
     const { width } = this.context;
-    const height = Math.round(Math.min(520, width * 0.66)) + legendHeight + 30;
+    const height = Math.round(Math.min(520, width * 0.6)) + legendHeight + 44;
     const box = { x: 8, y: 22, width: width - 16, height: height - legendHeight - 44 };
     const factor = factors[this.factorPlace()] ?? 1;
     const projection = new BoardProjection(this.view, this.state.turn, box);

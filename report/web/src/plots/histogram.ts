@@ -1,7 +1,7 @@
 import { el } from '../dom/el';
 import { binsOf, type Bins } from './bins';
 import { framed, type FramedPlot } from './base';
-import { plain, present, rangeOf, unitText, withUnit, type Numbers } from './numbers';
+import { plain, present, rangeOf, short, unitText, withUnit, type Numbers } from './numbers';
 import type { Spread } from '../page_data';
 import type { PlotContext } from './plot';
 import { RangeBrush } from './range_brush';
@@ -96,7 +96,21 @@ function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
       svg('path', { d: `M${points.join('L')}`, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 }),
     );
   }
+  if (!view.normal) drawMedian(plot, view);
   if (view.limit !== null) drawLimits(plot, view.limit, view.unit, bins);
+}
+
+function drawMedian({ svg: drawing, box, x }: FramedPlot, { spread, unit }: HistogramView): void {
+  if (spread === null || spread.median === null) return;
+  const at = x(spread.median);
+  drawing.append(
+    svg('path', { d: `M${at} ${box.y}v${box.height}`, stroke: 'var(--text)', 'stroke-width': 1.5 }),
+    svg(
+      'text',
+      { x: at + 5, y: box.y + 4, 'text-anchor': 'start', fill: 'var(--text)', ...halo },
+      `median ${short(spread.median)} ${unitText(unit)}`,
+    ),
+  );
 }
 
 function drawLimits({ svg: drawing, box, x }: FramedPlot, limit: number, unit: string, bins: Bins): void {
