@@ -32,8 +32,8 @@ const oblique: Turn = { around: -30, back: 62 };
 const views: Record<string, Turn> = {
   Oblique: oblique,
   Front: { around: 0, back: 0 },
-  'Along the columns': { around: 0, back: 90 },
-  'Along the rows': { around: 90, back: 90 },
+  Edge: { around: 0, back: 90 },
+  Side: { around: 90, back: 90 },
 };
 const stateOf = kept<Board3dView, BoardState>(() => ({ turn: { ...oblique }, factor: null }));
 
@@ -81,7 +81,9 @@ class Board3d {
 
   private factorPlace(): number {
     if (this.state.factor !== null) return this.state.factor;
-    const wanted = (0.1 * this.extent()) / (scaleOf(this.off) || 1);
+    // Large enough to be seen, and not so large that noise hides the board.
+    const pitch = this.extent() / Math.max(...this.view.column, ...this.view.row, 1);
+    const wanted = Math.min(0.1 * this.extent(), 4 * pitch) / (scaleOf(this.off) || 1);
     return Math.max(0, factors.filter((factor) => factor <= wanted).length - 1);
   }
 
@@ -136,6 +138,7 @@ class Board3d {
     const projection = new BoardProjection(this.view, this.state.turn, box);
     const measured = projection.dots(factor);
     const told = { frameAnchor: 'top-left' as const, dx: 8, dy: 8, fontSize, fill: 'var(--faint)' };
+    const enlarged = factor === 1 ? 'Errors as they are' : `Errors ${factor} times as large`;
     const drawing = plotted({
       width,
       height,
@@ -145,10 +148,7 @@ class Board3d {
       marks: [
         Plot.geo(lines(this.truth, projection.dots(0)), { stroke: 'var(--dot)', strokeWidth: 1, strokeOpacity: 0.55 }),
         ...this.meshes(measured),
-        Plot.text(
-          [`Errors drawn ${factor === 1 ? 'as they are' : `${factor} times as large`}; grey: the true board`],
-          told,
-        ),
+        Plot.text([`${enlarged}; grey: true board`], told),
       ],
     });
     const unit = `${unitText(this.view.unit)} off`;
@@ -163,7 +163,7 @@ class Board3d {
     if (Number.isNaN(at.x + at.y)) return [];
     const look = { ...halo, fill: 'var(--text)', 'text-anchor': 'end' };
     const ring = svg('circle', { cx: at.x, cy: at.y, r: 4, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 });
-    return [ring, svg('text', { x: Math.max(44, at.x - 8), y: at.y - 4, ...look }, 'dot 0')];
+    return [ring, svg('text', { x: Math.max(44, at.x - 8), y: at.y - 9, ...look }, 'dot 0')];
   }
 
   /** One line work a class of error: five nodes, whatever the number of dots. */
