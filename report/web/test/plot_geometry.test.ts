@@ -73,7 +73,7 @@ test('the board fits its box however it is turned, and its middle stays', () => 
 
 test('errors are enlarged by the factor, the true board is not', () => {
   const board = { boardX: [0, 100], boardY: [0, 0], offX: [0.5, 0], offY: [0, null], offZ: [0, 0] };
-  const projection = new BoardProjection(board, { around: 0, back: 0 }, { x: 0, y: 0, width: 210, height: 9000 });
+  const projection = new BoardProjection(board, { around: 0, back: 0 }, { x: 0, y: 0, width: 230, height: 9000 });
   const [truth, measured] = [projection.dots(0), projection.dots(20)];
   near((truth.x[1] ?? NaN) - (truth.x[0] ?? NaN), 200);
   near((measured.x[0] ?? NaN) - (truth.x[0] ?? NaN), 20);

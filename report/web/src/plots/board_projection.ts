@@ -42,7 +42,7 @@ export class BoardProjection {
     this.middle = middleOf(board);
     const { half } = this.middle;
     const upright = 2.05 * half * Math.cos((turn.back * Math.PI) / 180) + 0.32 * half;
-    this.scale = Math.min(box.width / (2.1 * half), box.height / upright);
+    this.scale = Math.min(box.width / (2.3 * half), box.height / upright);
   }
 
   at(point: Point3): { x: number; y: number } {
