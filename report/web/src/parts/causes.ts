@@ -33,7 +33,11 @@ function list(scope: Scope, causes: Cause[]): HTMLElement {
     columns: [
       { title: 'Cause', hint: 'Of the right camera against the left' },
       { title: 'More than the calibration says', numbers: true },
-      { title: 'Explains', below: 'of the squared row difference' },
+      {
+        title: 'Explains',
+        below: 'of the squared row difference',
+        hint: 'Below 0: it works against the others, whose parts then sum up to more than 100 %',
+      },
       ...(grouped ? [{ title: 'Group', hint: 'The pictures do not tell causes of one group apart' }] : []),
     ],
     rows: causes.map((cause) => [
@@ -67,6 +71,12 @@ export function causes(scope: Scope): HTMLElement | null {
     el('p', { class: 'diagnosis' }, typographic(diagnosis.text)),
     diagnosis.pattern_left && el('p', { class: 'faint' }, 'A pattern is left that these causes do not explain.'),
     diagnosis.causes.length > 0 && list(scope, diagnosis.causes),
+    diagnosis.causes.some(({ share }) => share !== null && share < 0) &&
+      el(
+        'p',
+        { class: 'faint' },
+        'A cause below 0 % works against the others, whose parts then come to more than 100 %.',
+      ),
     correction(diagnosis),
   );
 }

@@ -45,17 +45,17 @@ export function limits(scope: Scope): HTMLElement {
     caption: 'Limits',
     columns: [
       { title: 'Limit' },
+      { title: 'Verdict' },
       { title: 'Worst', numbers: true },
       { title: 'Against the limit' },
       { title: 'Where' },
-      { title: 'Verdict' },
     ],
     rows: given.map((limit, index) => [
       name(scope, limit),
+      held(limit),
       worst(limit, index),
       { content: gauge(limit), value: limit.value },
       where(scope, limit),
-      held(limit),
     ]),
     headed: true,
   });

@@ -2,6 +2,7 @@ import { el } from '../dom/el';
 import { tableElement } from '../dom/table';
 import { section, terms } from './chip';
 import { moment } from './verdict';
+import type { CheckDocument } from '../page_data';
 import type { Scope } from './scope';
 
 /** Names and values of a record within records, a line each. */
@@ -53,6 +54,19 @@ function filesCard(scope: Scope): HTMLElement {
   );
 }
 
+const kinds: Record<number, string> = { 1: 'rings', 2: 'rings', 3: 'big dots' };
+
+function boardWords(board: CheckDocument['board']): [string, string][] {
+  const { type, rows, cols, step, step_y: down, points } = board;
+  if (points <= 0) return [['Board', 'not read']];
+  const apart = down > 0 && down !== step ? `${step} apart in a row, ${down} between rows` : `${step} apart`;
+  const kind = kinds[type] === undefined ? `type ${type}` : `with ${kinds[type]} (type ${type})`;
+  return [
+    ['Board', `${cols} × ${rows} dots ${kind}`],
+    ['Pitch', apart],
+  ];
+}
+
 /** With what, by what and how it was measured. */
 export function measured(scope: Scope, made: string): HTMLElement {
   const { document } = scope.check;
@@ -68,7 +82,7 @@ export function measured(scope: Scope, made: string): HTMLElement {
         { class: 'card' },
         el('h3', {}, 'Board and versions'),
         terms([
-          ...lines(document.board),
+          ...boardWords(document.board),
           ['Command', `${document.tool.name} ${document.tool.version}`],
           ['Library', document.tool.library],
           ['Measured', moment(document.started)],

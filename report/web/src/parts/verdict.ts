@@ -18,13 +18,15 @@ function sentence(headline: string): string {
   return rest.charAt(0).toUpperCase() + rest.slice(1);
 }
 
-function status({ status }: CheckDocument): HTMLElement | null {
+/** How the run ended, where it did not end well; what the headline has said is not said again. */
+function status({ status }: CheckDocument, headline: string): HTMLElement | null {
   if (status.code === 0) return null;
   return el(
     'p',
     { class: 'note error' },
     el('strong', {}, `${status.name}${status.code === null ? '' : ` (${status.code})`}: `),
-    `${status.text} ${status.advice}`.trim(),
+    headline.includes(status.text) ? '' : `${status.text} `,
+    status.advice,
     status.retry ? ' It may succeed when it is tried again.' : '',
   );
 }
@@ -52,7 +54,7 @@ export function verdict(scope: Scope): HTMLElement {
       { class: 'card' },
       el('h1', { id: 'verdict-title', class: shape }, icon(shape), words),
       el('p', { class: 'headline' }, sentence(check.headline)),
-      status(check.document),
+      status(check.document, check.headline),
       ...[check.worst_pair_text, check.refined_text]
         .filter((text) => text !== '')
         .map((text) => el('p', {}, typographic(text))),
