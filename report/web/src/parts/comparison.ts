@@ -3,7 +3,7 @@ import { tableElement, type Cell } from '../dom/table';
 import type { ComparedFigure, Comparison, PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { shortUnit } from '../text/figures';
-import { error, shown, signed } from '../text/number';
+import { error, shown, signed, typographic } from '../text/number';
 import { chip, section, verdictChip } from './chip';
 import { comparisonPlots } from './comparison_plots';
 import type { Scope } from './scope';
@@ -41,49 +41,72 @@ function difference(figure: ComparedFigure, index: number): Cell {
   const found = figure.difference[index];
   if (!found || found.value === null) return '–';
   const by = `${signed(found.value)}${found.sd === null ? '' : ` ± ${error(found.sd)}`}`;
-  const words = {
-    more: ['error', 'more'],
-    less: ['pass', 'less'],
-    none: ['none', 'none'],
-    unknown: ['none', 'uncertainty not known'],
-  } as const;
-  const [, said] = words[found.judged];
+  const said = found.judged === 'unknown' ? 'not known' : found.judged;
   const state =
     found.judged === 'more' || found.judged === 'less' ? el('strong', {}, said) : el('span', { class: 'faint' }, said);
   return { content: el('span', {}, state, el('small', {}, by)), value: found.value };
 }
 
-function figures(data: PageData, comparison: Comparison, scope: Scope): HTMLElement {
-  const others = data.checks.slice(1);
+function nameCell(figure: ComparedFigure, scope: Scope): Cell {
+  const below = `${figure.figure}${figure.unit && `, ${shortUnit(figure.unit)}`}`;
+  return {
+    content: el('span', {}, scope.explanations.title(figure.figure), el('small', {}, below)),
+    value: figure.figure,
+  };
+}
+
+/** Each check's mean with, beside it, how it differs from the first one's. */
+function figures(data: PageData, compared: ComparedFigure[], scope: Scope, caption: string): HTMLElement {
+  const columns = data.checks.flatMap(({ title }, index) => [
+    { title, below: `check ${index + 1}, mean`, numbers: true },
+    ...(index > 0 ? [{ title: 'Difference', below: `check ${index + 1} against 1`, numbers: true }] : []),
+  ]);
+  const cells = (figure: ComparedFigure): Cell[] =>
+    data.checks.flatMap((_, index) => [mean(figure, index), ...(index > 0 ? [difference(figure, index)] : [])]);
   return tableElement({
-    caption: 'Means of the figures over the finished pairs, and how they differ from the first check',
-    columns: [
-      { title: 'Figure' },
-      ...data.checks.map(({ title }, index) => ({ title, below: `check ${index + 1}, mean`, numbers: true })),
-      ...others.map((_, index) => ({ title: 'Difference', below: `check ${index + 2} against 1`, numbers: true })),
-    ],
-    rows: comparison.figures.map((figure): Cell[] => [
-      {
-        content: el(
-          'span',
-          {},
-          scope.explanations.title(figure.figure),
-          el('small', {}, `${figure.figure}${figure.unit && `, ${shortUnit(figure.unit)}`}`),
-        ),
-        value: figure.figure,
-      },
-      ...data.checks.map((_, index) => mean(figure, index)),
-      ...others.map((_, index) => difference(figure, index + 1)),
-    ]),
+    caption,
+    columns: [{ title: 'Figure' }, ...columns],
+    rows: compared.map((figure) => [nameCell(figure, scope), ...cells(figure)]),
     headed: true,
     sortable: true,
   });
+}
+
+/** Those that matter first, in their order, and the others. */
+function parted(all: ComparedFigure[], main: string[]): [ComparedFigure[], ComparedFigure[]] {
+  const first = main.flatMap((name) => all.filter(({ figure }) => figure === name)).slice(0, 6);
+  return [first, all.filter((figure) => !first.includes(figure))];
+}
+
+function figuresCard(data: PageData, [main, rest]: [ComparedFigure[], ComparedFigure[]], scope: Scope): HTMLElement {
+  const caption = 'Means of the figures over the finished pairs';
+  return el(
+    'div',
+    { class: 'card compared-figures' },
+    el('h3', {}, 'Figures'),
+    main.length > 0 && figures(data, main, scope, caption),
+    rest.length > 0 &&
+      el(
+        'details',
+        {},
+        el('summary', {}, `${rest.length} more figures`),
+        figures(data, rest, scope, `${caption}, the others`),
+      ),
+  );
+}
+
+/** What is said of each check against the first, a line each. */
+function told(text: string): HTMLElement {
+  const lines = text.split(/(?<=\.) (?=\S+ against )/);
+  if (lines.length === 1) return el('p', { class: 'headline' }, text);
+  return el('ul', {}, ...lines.map((line) => el('li', {}, typographic(line))));
 }
 
 /** Two to eight checks side by side; one of them follows below in full. */
 export function comparison(data: PageData, scope: Scope): HTMLElement | null {
   const { comparison: found } = data;
   if (!found) return null;
+  const groups = parted(found.figures, scope.check.main_figures);
   const list = data.checks.map((check, index) =>
     el(
       'li',
@@ -102,10 +125,10 @@ export function comparison(data: PageData, scope: Scope): HTMLElement | null {
     'comparison',
     `${data.checks.length} checks side by side`,
     el('ol', { class: 'compared' }, ...list),
-    el('p', { class: 'headline' }, found.text),
+    told(found.text),
     el('div', { class: 'card' }, el('h3', {}, 'Limits'), limits(data, found) ?? el('p', {}, 'No check has a limit.')),
-    el('div', { class: 'card compared-figures' }, el('h3', {}, 'Figures'), figures(data, found, scope)),
-    comparisonPlots(data, found, scope),
+    figuresCard(data, groups, scope),
+    comparisonPlots(data, groups[0], scope),
     el('p', { class: 'faint' }, `Below: check ${scope.number + 1}, ${scope.check.title}.`),
   );
 }

@@ -1,6 +1,6 @@
 import { el } from '../dom/el';
 import { plotFigure } from '../dom/plot_figure';
-import type { Comparison, PageData } from '../page_data';
+import type { ComparedFigure, PageData } from '../page_data';
 import { comparedFigure, type ComparisonView } from '../plots/comparison';
 import { quantile } from '../plots/numbers';
 import { pictureMap } from '../plots/picture_map';
@@ -11,9 +11,9 @@ import { help } from './help';
 import { sides, some } from './pair_views';
 import type { PairScope, Scope } from './scope';
 
-function means(data: PageData, comparison: Comparison, scope: Scope): HTMLElement[] {
+function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLElement[] {
   const limits = data.checks[0]?.document.limits ?? [];
-  return comparison.figures.slice(0, 6).map((figure) => {
+  return figures.map((figure) => {
     const view: ComparisonView = {
       figure: scope.explanations.title(figure.figure),
       unit: figure.unit,
@@ -91,12 +91,12 @@ function maps(data: PageData, scope: Scope): HTMLElement[] {
 }
 
 /** Means beside each other, and the row differences of the worst pairs on one scale. */
-export function comparisonPlots(data: PageData, comparison: Comparison, scope: Scope): HTMLElement {
+export function comparisonPlots(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLElement {
   const drawn = maps(data, scope);
   return el(
     'div',
     {},
-    el('div', { class: 'grid' }, ...means(data, comparison, scope)),
+    el('div', { class: 'grid' }, ...means(data, figures, scope)),
     drawn.length > 0 && el('h3', {}, 'Row differences of the worst pairs, on one scale'),
     el('div', { class: 'grid' }, ...drawn),
   );

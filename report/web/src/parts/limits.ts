@@ -54,7 +54,7 @@ export function limits(scope: Scope): HTMLElement {
       name(scope, limit),
       held(limit),
       worst(limit, index),
-      { content: gauge(limit), value: limit.value },
+      { content: gauge(limit), value: null },
       where(scope, limit),
     ]),
     headed: true,
