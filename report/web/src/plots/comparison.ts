@@ -1,7 +1,9 @@
 import * as Plot from '@observablehq/plot';
 import { letterWidth, plotted, fontSize } from './base';
-import { fixed, plain, present, rangeOf, ticksOf, withUnit } from './numbers';
+import { fixed, plain, present, rangeOf, ticksOf, withUnit, type Ticks } from './numbers';
+import { keyLegend, keyLegendHeight, type Key } from './legend';
 import type { PlotContext } from './plot';
+import { circlePath, svg } from './svg';
 
 /** One figure of several checks with its intervals, one line a check. */
 export interface ComparisonView {
@@ -20,80 +22,104 @@ export interface ComparedCheck {
   judged: 'more' | 'less' | 'none' | 'unknown' | 'first';
 }
 
-const symbols = { more: 'triangle', less: 'triangle2', none: 'circle', unknown: 'circle', first: 'square' } as const;
+const symbols = { more: 'triangle', less: 'triangle', none: 'circle', unknown: 'circle', first: 'square' } as const;
+
+interface Line extends ComparedCheck {
+  line: string;
+}
 
 export function comparedFigure(view: ComparisonView, context: PlotContext): SVGSVGElement {
   const { checks, limit } = view;
+  const longest = Math.max(...checks.map((check) => check.title.length));
+  const room = Math.max(40, Math.min(context.width * 0.35, letterWidth * longest));
+  // Numbered, as two checks may bear names that are cut to the same.
+  const titles = checks.map((check, i) => `${i + 1} ${check.title}`);
+  const lines = checks.map((check, i) => ({ ...check, line: titles[i] ?? '' })).filter((check) => check.mean !== null);
   const numbers = checks.flatMap((check) => present([check.mean, check.low, check.high]));
   const [from, to] = rangeOf([...numbers, ...(limit === null ? [] : [limit])], 0.08);
-  const room = Math.max(
-    40,
-    Math.min(context.width * 0.35, letterWidth * Math.max(...checks.map((c) => c.title.length))),
-  );
   const ticks = ticksOf(from, to, Math.max(2, (context.width - room) / 80));
-  const titles = checks.map((check, i) => `${i + 1} ${check.title}`);
-  const there = checks.map((check, i) => ({ ...check, line: titles[i] ?? '' })).filter((check) => check.mean !== null);
-  const x = { domain: [from, to], label: null };
-  return plotted({
+  const keys = judgements(checks);
+  const below = keys.length ? keyLegendHeight(keys, context.width - 16) : 0;
+  const height = (limit === null ? 50 : 64) + 28 * checks.length + below;
+  const drawing = plotted({
     width: context.width,
-    height: (limit === null ? 50 : 64) + 28 * checks.length,
+    height,
     marginLeft: room + 30,
     marginRight: 16,
     marginTop: limit === null ? 8 : 22,
-    marginBottom: 42,
-    x,
+    marginBottom: 42 + below,
+    x: { domain: [from, to], label: null },
     y: { type: 'band', domain: titles, label: null },
     symbol: { range: ['circle'] },
     marks: [
-      Plot.gridX(ticks.values, { stroke: 'var(--grid)', strokeOpacity: 1 }),
-      Plot.axisY(titles, {
-        fontSize,
-        tickSize: 0,
-        label: null,
-        color: 'var(--text)',
-        tickFormat: (title: string) => clipped(title, room),
-      }),
-      Plot.axisX(ticks.values, {
-        fontSize,
-        color: 'var(--faint)',
-        tickFormat: (value: number) => fixed(value, ticks.decimals),
-        label: null,
-      }),
-      limit === null ? null : Plot.ruleX([limit], { stroke: 'var(--over)', strokeDasharray: '5 4', strokeWidth: 1.5 }),
-      limit === null
-        ? null
-        : Plot.text([`limit ${plain(limit)}`], {
-            x: () => limit,
-            frameAnchor: 'top',
-            dy: -14,
-            lineAnchor: 'middle',
-            fontSize,
-            fill: 'var(--over)',
-          }),
-      Plot.ruleY(
-        there.filter((check) => check.low !== null && check.high !== null),
-        { y: 'line', x1: 'low', x2: 'high', stroke: 'var(--band)', strokeWidth: 8 },
-      ),
-      ...there.map((check) =>
-        Plot.dot([check], {
-          x: 'mean',
-          y: 'line',
-          r: 5,
-          symbol: symbols[check.judged],
-          fill: check.judged === 'none' ? 'var(--card)' : 'var(--within)',
-          stroke: 'var(--within)',
-          strokeWidth: 2,
-        }),
-      ),
+      ...axes(ticks, titles, room),
+      ...limitLine(limit),
+      ...intervals(lines),
       Plot.text([withUnit(view.figure, view.unit)], {
+        ...writing,
         frameAnchor: 'bottom',
         dy: 34,
-        lineAnchor: 'middle',
-        fontSize,
         fill: 'var(--faint)',
       }),
     ],
   });
+  drawing.append(keyLegend(keys, 8, height - below, context.width - 16));
+  return drawing;
+}
+
+/** What the signs mean that are drawn. */
+function judgements(checks: readonly ComparedCheck[]): Key[] {
+  const solid = { fill: 'var(--within)' };
+  const hollow = { fill: 'var(--card)', stroke: 'var(--within)', 'stroke-width': 2 };
+  const signs: Record<Exclude<ComparedCheck['judged'], 'first'>, [string, Record<string, string | number>, string]> = {
+    more: ['M0 -6l6 10h-12z', solid, 'more than the first'],
+    less: ['M0 6l6 -10h-12z', solid, 'less than the first'],
+    none: [circlePath(0, 0, 5), hollow, 'no difference'],
+    unknown: [circlePath(0, 0, 5), solid, 'not known whether it differs'],
+  };
+  return (['more', 'less', 'none', 'unknown'] as const).flatMap((judged) => {
+    const sign = signs[judged];
+    if (!checks.some((check) => check.judged === judged && check.mean !== null)) return [];
+    return [{ sign: svg('path', { d: sign[0], ...sign[1] }), text: sign[2] }];
+  });
+}
+
+const writing = { fontSize, lineAnchor: 'middle' } as const;
+
+function axes(ticks: Ticks, titles: string[], room: number): Plot.Markish[] {
+  const across = { fontSize, color: 'var(--faint)', label: null };
+  const down = { fontSize, color: 'var(--text)', label: null, tickSize: 0 };
+  return [
+    Plot.gridX(ticks.values, { stroke: 'var(--grid)', strokeOpacity: 1 }),
+    Plot.axisY(titles, { ...down, tickFormat: (title: string) => clipped(title, room) }),
+    Plot.axisX(ticks.values, { ...across, tickFormat: (value: number) => fixed(value, ticks.decimals) }),
+  ];
+}
+
+function limitLine(limit: number | null): Plot.Markish[] {
+  if (limit === null) return [];
+  const name = { ...writing, x: () => limit, frameAnchor: 'top', dy: -14, fill: 'var(--over)' } as const;
+  return [
+    Plot.ruleX([limit], { stroke: 'var(--over)', strokeDasharray: '5 4', strokeWidth: 1.5 }),
+    Plot.text([`limit ${plain(limit)}`], name),
+  ];
+}
+
+function intervals(lines: Line[]): Plot.Markish[] {
+  const known = lines.filter((check) => check.low !== null && check.high !== null);
+  const look = { x: 'mean', y: 'line', r: 5, stroke: 'var(--within)', strokeWidth: 2 };
+  return [
+    Plot.ruleY(known, { y: 'line', x1: 'low', x2: 'high', stroke: 'var(--band)', strokeWidth: 8 }),
+    ...lines.map((check) => {
+      const fill = check.judged === 'none' ? 'var(--card)' : 'var(--within)';
+      return Plot.dot([check], {
+        ...look,
+        symbol: symbols[check.judged],
+        rotate: check.judged === 'less' ? 180 : 0,
+        fill,
+      });
+    }),
+  ];
 }
 
 function clipped(title: string, room: number): string {

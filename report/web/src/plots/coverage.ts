@@ -1,9 +1,9 @@
 import type { CoverageGrid } from '../page_data';
 import { framed } from './base';
-import { classesFor, classOf, colourOf, strengthOf } from './classes';
+import { classesFor, classOf, colourOf, strengthOf, type Classes } from './classes';
 import { classLegend, legendHeight } from './legend';
 import type { PlotContext } from './plot';
-import { svg } from './svg';
+import { svg, type Box } from './svg';
 
 /** Where in the picture dots have been, all pairs together: what lies elsewhere was not judged. */
 export interface CoverageView {
@@ -28,34 +28,36 @@ export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGEle
   const classes = classesFor(Math.max(6.5, ...grid.dots), false);
   const wide = plot.box.width / grid.columns;
   const high = plot.box.height / grid.rows;
-  const digits = String(Math.max(...grid.dots)).length;
-  const legible = wide > 8 * digits + 4 && high > 15;
-  const cells = svg('g', {});
-  grid.dots.forEach((dots, i) => {
+  const legible = wide > 8 * String(Math.max(...grid.dots)).length + 4 && high > 15;
+  const cells = grid.dots.map((dots, i) => {
     const x = plot.box.x + (i % grid.columns) * wide;
     const y = plot.box.y + Math.floor(i / grid.columns) * high;
-    cells.append(dots > 0 ? cell(x, y, dots) : emptyCell(x, y));
+    const box = { x: x + 0.5, y: y + 0.5, width: wide - 1, height: high - 1 };
+    return dots > 0 ? cell(box, dots, classes, legible) : emptyCell(box);
   });
-
-  function cell(x: number, y: number, dots: number): SVGElement {
-    const place = classOf(dots, classes);
-    const box = { x: x + 0.5, y: y + 0.5, width: wide - 1, height: high - 1, fill: colourOf(place, classes) };
-    const group = svg('g', {}, svg('rect', box));
-    if (legible) {
-      const fill = strengthOf(place, classes) > 0.5 ? 'var(--card)' : 'var(--text)';
-      const middle = { x: x + wide / 2, y: y + high / 2 + 4, 'text-anchor': 'middle', fill };
-      group.append(svg('text', middle, String(dots)));
-    }
-    return group;
-  }
-
-  function emptyCell(x: number, y: number): SVGElement {
-    const box = { x: x + 1, y: y + 1, width: wide - 2, height: high - 2, fill: 'none', stroke: 'var(--line)' };
-    const r = Math.min(5, wide / 4, high / 4);
-    const d = `M${x + wide / 2 - r} ${y + high / 2 - r}l${2 * r} ${2 * r}m0 ${-2 * r}l${-2 * r} ${2 * r}`;
-    return svg('g', {}, svg('rect', box), svg('path', { d, stroke: 'var(--faint)' }));
-  }
-
-  plot.svg.append(cells, classLegend(classes, 'dots', plot.box.x, height - legendHeight, plot.box.width));
+  plot.svg.append(
+    svg('g', {}, ...cells),
+    classLegend(classes, 'dots', plot.box.x, height - legendHeight, plot.box.width),
+  );
   return plot.svg;
+}
+
+function cell(box: Box, dots: number, classes: Classes, legible: boolean): SVGElement {
+  const place = classOf(dots, classes);
+  const group = svg('g', {}, svg('rect', { ...box, fill: colourOf(place, classes) }));
+  group.append(svg('title', {}, `${dots} dots`));
+  if (!legible) return group;
+  const fill = strengthOf(place, classes) > 0.5 ? 'var(--card)' : 'var(--text)';
+  const middle = { x: box.x + box.width / 2, y: box.y + box.height / 2 + 4, 'text-anchor': 'middle', fill };
+  group.append(svg('text', middle, String(dots)));
+  return group;
+}
+
+/** Crossed out, as the palest colour is not far from none. */
+function emptyCell(box: Box): SVGElement {
+  const r = Math.min(5, box.width / 4, box.height / 4);
+  const [x, y] = [box.x + box.width / 2 - r, box.y + box.height / 2 - r];
+  const cross = `M${x} ${y}l${2 * r} ${2 * r}m0 ${-2 * r}l${-2 * r} ${2 * r}`;
+  const rim = svg('rect', { ...box, fill: 'none', stroke: 'var(--line)' });
+  return svg('g', {}, rim, svg('path', { d: cross, stroke: 'var(--faint)' }));
 }

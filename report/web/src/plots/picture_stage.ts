@@ -159,7 +159,7 @@ export class PictureStage {
     const below = this.painter.legendHeight;
     const height = Math.round((width - 64) * (printing ? Math.min(ratio, 0.9) : ratio)) + 50 + below;
     const part = shownPart(side, ratioOf(width, height, below), this.state.zoom);
-    const x = { from: part.x - 0.5, to: part.x + part.width - 0.5, label: `Column in the picture (px)` };
+    const x = { from: part.x - 0.5, to: part.x + part.width - 0.5, label: 'Column in the picture (px)' };
     const y = { from: part.y + part.height - 0.5, to: part.y - 0.5, label: 'Row (px)' };
     const glyphs = svg('g', {});
     const plot = framed({ width, height, x, y, below, grid: 'none', marks: [] });
