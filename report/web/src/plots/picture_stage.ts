@@ -49,6 +49,7 @@ const sizeLimit = 1.15;
 export class PictureStage {
   readonly element: HTMLElement;
   private readonly stage: DotStage;
+  private readonly images = new Map<Picture, SVGImageElement>();
   private shown: FramedPlot | null = null;
   private waiting = false;
 
@@ -174,14 +175,23 @@ export class PictureStage {
     this.stage.show({ svg: plot.svg, places, box: plot.box, base: glyphs });
   }
 
+  /** One node a picture for all drawings: a new one would be decoded again, and flicker while the picture is moved. */
+  private imageOf(picture: Picture): SVGImageElement {
+    const image = this.images.get(picture) ?? svg('image', { href: picture.source, preserveAspectRatio: 'none' });
+    this.images.set(picture, image);
+    return image;
+  }
+
   private backdrop(side: PictureSide, plot: FramedPlot): SVGElement[] {
     const box = { x: plot.x(-0.5), y: plot.y(-0.5) };
     const width = plot.x(side.width - 0.5) - box.x;
     const height = plot.y(side.height - 0.5) - box.y;
     const frame = svg('rect', { ...box, width, height, fill: 'none', stroke: 'var(--line)' });
     if (!side.picture) return [frame];
-    const look = { opacity: fades[this.state.fade] ?? 1, preserveAspectRatio: 'none' };
-    return [svg('image', { ...box, width, height, href: side.picture.source, ...look }), frame];
+    const image = this.imageOf(side.picture);
+    const place = { ...box, width, height, opacity: fades[this.state.fade] ?? 1 };
+    for (const [name, value] of Object.entries(place)) image.setAttribute(name, String(value));
+    return [image, frame];
   }
 }
 
