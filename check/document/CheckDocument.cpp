@@ -70,11 +70,22 @@ void writeFigures(JsonText& json, const std::vector<Figure>& figures) {
   json.end();
 }
 
+void writeUncertainty(JsonText& json, const std::vector<FigureUncertainty>& figures) {
+  json.key("uncertainty").object();
+  for (const FigureUncertainty& each : figures) {
+    json.key(each.name).object().member("sd", each.sd);
+    json.member("low95", each.low95).member("high95", each.high95).end();
+  }
+  json.end();
+}
+
 void writeRefined(JsonText& json, const RefinedPair& pair) {
   json.key("refined").object();
   writeFigures(json, pair.figures);
   json.member("problem", pair.problem);
-  json.key("dots").object().member("left", pair.refined_left).member("right", pair.refined_right).end();
+  writeUncertainty(json, pair.uncertainty);
+  json.key("dots").object().member("left", pair.refined_left).member("right", pair.refined_right);
+  json.member("left_out", pair.left_out).end();
   json.key("points").object();
   writeLists(json, pair.points);
   json.list("left_sd_x", pair.points.left_sd_x).list("left_sd_y", pair.points.left_sd_y);
@@ -92,15 +103,6 @@ void writeReason(JsonText& json, const PairCheck& pair) {
   }
   json.object().member("code", pair.reason.code).member("text", pair.reason.text);
   json.member("side", pair.reason.side).member("step", pair.reason.step).end();
-}
-
-void writeUncertainty(JsonText& json, const std::vector<FigureUncertainty>& figures) {
-  json.key("uncertainty").object();
-  for (const FigureUncertainty& each : figures) {
-    json.key(each.name).object().member("sd", each.sd);
-    json.member("low95", each.low95).member("high95", each.high95).end();
-  }
-  json.end();
 }
 
 void writePictureQuality(JsonText& json, const char* name, const PictureQuality& quality) {

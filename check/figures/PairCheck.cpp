@@ -10,16 +10,20 @@ const Figure* named(const std::vector<Figure>& figures, const std::string& name)
   return found == figures.end() ? nullptr : &*found;
 }
 
+const FigureUncertainty* named(const std::vector<FigureUncertainty>& figures, const std::string& name) {
+  const auto found = std::ranges::find(figures, name, &FigureUncertainty::name);
+  return found == figures.end() ? nullptr : &*found;
+}
+
 }  // namespace
 
 const Figure* PairCheck::figure(const std::string& name) const { return named(figures, name); }
 
 const Figure* RefinedPair::figure(const std::string& name) const { return named(figures, name); }
 
-const FigureUncertainty* PairCheck::uncertaintyOf(const std::string& name) const {
-  const auto found = std::ranges::find(uncertainty, name, &FigureUncertainty::name);
-  return found == uncertainty.end() ? nullptr : &*found;
-}
+const FigureUncertainty* PairCheck::uncertaintyOf(const std::string& name) const { return named(uncertainty, name); }
+
+const FigureUncertainty* RefinedPair::uncertaintyOf(const std::string& name) const { return named(uncertainty, name); }
 
 std::size_t Check::finished() const {
   return static_cast<std::size_t>(std::ranges::count_if(pairs, &PairCheck::finished));

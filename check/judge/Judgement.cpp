@@ -17,6 +17,8 @@ namespace {
 constexpr const char* kPairs = "pairs";
 constexpr const char* kFinished = "finished";
 constexpr const char* kGivenUp = "given_up";
+/// Comes with the compensation of the eccentricity, which refined centres do not need.
+constexpr const char* kNeverRefined = "PoseReport";
 
 /// Numbers of the run itself.
 std::optional<double> countOf(const std::string& name, const Check& check) {
@@ -77,8 +79,8 @@ class Worst {
     pair_ = static_cast<int>(pair.index);
     name_ = std::string(limit_.is_refined ? kRefinedPrefix : std::string_view()).append(entryName(figure, entry));
     is_single_ = figure.is_single;
-    // What is known of a figure's errors is known of the detected one.
-    const FigureUncertainty* const uncertainty = limit_.is_refined ? nullptr : pair.uncertaintyOf(figure.name);
+    const FigureUncertainty* const uncertainty =
+        limit_.is_refined ? pair.refined->uncertaintyOf(figure.name) : pair.uncertaintyOf(figure.name);
     close_ = uncertainty == nullptr ? "" : closeCall(limit_, uncertainty->low95, uncertainty->high95);
   }
   LimitResult result() const {
@@ -148,7 +150,9 @@ LimitResult judgeOne(const Limit& limit, const Check& check) {
 
 std::vector<std::string> limitNames() {
   std::vector<std::string> names = figureNames();
-  for (const std::string& figure : figureNames()) names.push_back(std::string(kRefinedPrefix).append(figure));
+  for (const std::string& figure : figureNames()) {
+    if (figure != kNeverRefined) names.push_back(std::string(kRefinedPrefix).append(figure));
+  }
   names.insert(names.end(), {kPairs, kFinished, kGivenUp});
   return names;
 }

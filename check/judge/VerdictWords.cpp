@@ -33,10 +33,25 @@ std::string withError(double value, double error) {
   return std::isfinite(error) ? fmt::format("{} ± {}", figureText(value), figureText(error)) : figureText(value);
 }
 
-double errorOf(const Check& check, std::size_t index, const std::string& name) {
-  const auto pair = std::ranges::find(check.pairs, index, &PairCheck::index);
-  const FigureUncertainty* const uncertainty = pair == check.pairs.end() ? nullptr : pair->uncertaintyOf(name);
+double errorOf(const FigureUncertainty* uncertainty) {
   return uncertainty == nullptr ? std::numeric_limits<double>::quiet_NaN() : uncertainty->sd;
+}
+
+const PairCheck* pairAt(const Check& check, std::size_t index) {
+  const auto pair = std::ranges::find(check.pairs, index, &PairCheck::index);
+  return pair == check.pairs.end() ? nullptr : &*pair;
+}
+
+/// The worst pair's value with its standard error.
+std::string worstText(const Check& check, const FigureSummary& summary) {
+  const PairCheck* const pair = pairAt(check, summary.worst_pair);
+  return withError(farthest(summary), errorOf(pair == nullptr ? nullptr : pair->uncertaintyOf(summary.name)));
+}
+
+std::string worstRefinedText(const Check& check, const FigureSummary& summary) {
+  const PairCheck* const pair = pairAt(check, summary.worst_pair);
+  const bool is_refined = pair != nullptr && pair->refined;
+  return withError(farthest(summary), errorOf(is_refined ? pair->refined->uncertaintyOf(summary.name) : nullptr));
 }
 
 /// "1 limit", "2 limits".
@@ -95,8 +110,8 @@ std::string worstPairText(const Check& check) {
   const std::string mean = summary->count == 1 ? ""
                                                : fmt::format("; mean over {} pairs {} {}", summary->count,
                                                              withError(summary->mean, summary->sd_mean), summary->unit);
-  const std::string worst = withError(farthest(*summary), errorOf(check, summary->worst_pair, summary->name));
-  return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, summary->name, worst, summary->unit, mean);
+  return fmt::format("Worst pair: {} ({} {} {}){}.", summary->worst_pair, summary->name, worstText(check, *summary),
+                     summary->unit, mean);
 }
 
 std::string refinedPairText(const Check& check) {
@@ -105,8 +120,8 @@ std::string refinedPairText(const Check& check) {
   const FigureSummary* const refined = named(*check.refined_summary, detected->name);
   if (refined == nullptr) return {};
   const std::string mean =
-      refined->count == 1 ? "" : fmt::format(", mean {} {}", figureText(refined->mean), refined->unit);
-  return fmt::format("From refined centres: {} {} {} in pair {}{}.", refined->name, figureText(farthest(*refined)),
+      refined->count == 1 ? "" : fmt::format(", mean {} {}", withError(refined->mean, refined->sd_mean), refined->unit);
+  return fmt::format("From refined centres: {} {} {} in pair {}{}.", refined->name, worstRefinedText(check, *refined),
                      refined->unit, refined->worst_pair, mean);
 }
 

@@ -4,7 +4,9 @@
 #include <map>
 #include <string>
 
-#include "camera/LensModel.h"
+#include "PolarLinePrecision/BoardRecords.h"
+#include "input/PolarConfig.h"
+#include "polar/run/CropOrigin.h"
 
 namespace polarline {
 namespace {
@@ -36,29 +38,20 @@ bool isUpper(const Limit& limit) {
 
 }  // namespace
 
-StereoCalibParams pinholesOf(const RectifiedParams& rectified) {
-  StereoCalibParams calib;
-  calib.left.intrinsics = {rectified.focal, rectified.focal, rectified.cx, rectified.cy};
-  calib.right.intrinsics = calib.left.intrinsics;
-  calib.right.intrinsics[2] -= rectified.disparity_offset;
-  calib.extrinsics[3] = rectified.baseline;
-  return calib;
-}
-
-void InputWatch::begin(const PolarConfig& config, const BoardInfo& board, const BoardGroundTruth& truth,
-                       const StereoCalibParams& calib, bool takes_rectified) {
-  facts_.calib = calib;
-  facts_.model = takes_rectified ? LensModel::kBrownFive : lensModelOf(config.type).value_or(LensModel::kBrownFive);
-  facts_.takes_rectified = takes_rectified;
+void InputWatch::begin(const RunInputs& inputs, const BoardInfo& board) {
+  const PolarConfig& config = inputs.config;
+  facts_.calib = inputs.cameras();
+  facts_.model = inputs.model();
+  facts_.takes_rectified = inputs.areRectified();
   facts_.grid = {board.rows, board.cols, board.step > 0.0 ? board.step_y / board.step : 1.0};
-  if (config.frame_work == 0) facts_.board = placesOf(board, truth);
+  if (config.frame_work == 0) facts_.board = placesOf(board, inputs.board);
   if (config.crop != 0) crop_ = {config.cropped_cols, config.cropped_rows};
 }
 
 PairQuality InputWatch::look(const PairCheck& pair, const std::array<cv::Mat, 2>& pictures,
                              const PairObservation& seen) {
   if (!watch_) {
-    if (!crop_.empty()) facts_.origin = {(pictures[0].cols - crop_.width) / 2, (pictures[0].rows - crop_.height) / 2};
+    if (!crop_.empty()) facts_.origin = cropOrigin(pictures[0].size(), crop_);
     watch_.emplace(facts_);
   }
   return watch_->look({pair.index, pictures, seen, ownFigures(pair)});

@@ -9,11 +9,14 @@
 namespace polarline {
 namespace {
 
-std::unique_ptr<PairRefiner> makeRefiner(const RunInputs& inputs, const ListedPictures& pictures) {
-  RefinerSettings settings =
-      inputs.areRectified() ? refinerOf(inputs.rectified) : refinerOf(inputs.config, inputs.calib);
-  if (inputs.config.frame_work == 0 || inputs.areRectified())
+std::unique_ptr<PairRefiner> makeRefiner(const RunInputs& inputs, const ListedPictures& pictures, int columns) {
+  RefinerSettings settings = refinerOf(inputs.config, inputs.cameras(), inputs.model());
+  if (inputs.areFrames()) {
+    settings.frame_ids = inputs.config.Frame_ID;
+  } else {
     settings.board = BoardPlaces(PlainPath(inputs.set.target).get());
+    settings.board_columns = columns;
+  }
   return std::make_unique<PairRefiner>(std::move(settings), pictures);
 }
 
@@ -28,10 +31,9 @@ PairLook::PairLook(const RunInputs& inputs, const CheckOptions& options, const B
       first_pair_(first_pair),
       seen_(inputs.config, inputs.calib) {
   picture_warnings_.begin(inputs.config, inputs.calib);
-  watch_.begin(inputs.config, board, inputs.board, inputs.areRectified() ? pinholesOf(inputs.rectified) : inputs.calib,
-               inputs.areRectified());
+  watch_.begin(inputs, board);
   if (options.refine) {
-    refiner_ = makeRefiner(inputs, pictures);
+    refiner_ = makeRefiner(inputs, pictures, options.uncertainty ? board.cols : 0);
   } else {
     requireDetected(inputs.limits);
   }

@@ -23,7 +23,23 @@ void addHashes(const Set& set, std::vector<SetInput>& inputs) {
   }
 }
 
+StereoCalibParams pinholesOf(const RectifiedParams& rectified) {
+  StereoCalibParams calib;
+  calib.left.intrinsics = {rectified.focal, rectified.focal, rectified.cx, rectified.cy};
+  calib.right.intrinsics = calib.left.intrinsics;
+  calib.right.intrinsics[2] -= rectified.disparity_offset;
+  calib.extrinsics[3] = rectified.baseline;
+  return calib;
+}
+
 }  // namespace
+
+StereoCalibParams RunInputs::cameras() const { return areRectified() ? pinholesOf(rectified) : calib; }
+
+LensModel RunInputs::model() const {
+  constexpr LensModel kAnyWithoutCoefficients = LensModel::kBrownFive;
+  return areRectified() ? kAnyWithoutCoefficients : lensModelOf(config.type).value_or(kAnyWithoutCoefficients);
+}
 
 RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) {
   RunInputs inputs;

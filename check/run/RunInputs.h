@@ -4,6 +4,7 @@
 
 #include "PolarLinePrecision/BoardRecords.h"
 #include "PolarLinePrecision/CalibrationRecords.h"
+#include "camera/LensModel.h"
 #include "check/judge/Limit.h"
 #include "input/PolarConfig.h"
 #include "input/StereoCalibParams.h"
@@ -21,6 +22,11 @@ struct RunInputs {
   BoardGroundTruth board;
 
   bool areRectified() const { return !set.rectified.empty(); }
+  bool areFrames() const { return config.frame_work != 0 && !areRectified(); }
+  /// Of the pictures as they are: of pairs that were rectified elsewhere two pinholes side by side.
+  StereoCalibParams cameras() const;
+  /// Of these cameras.
+  LensModel model() const;
 };
 
 /// Reads the files of a set and fills what a check tells of them. Throws `InputError`.

@@ -4,6 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "polar/run/CropOrigin.h"
+
 namespace polarline {
 namespace {
 
@@ -78,8 +80,7 @@ void SeenPairs::add(std::size_t index, const PairEvaluator& evaluator, const cv:
   pair.index = index;
   pair.dots = dotsOf(evaluator.seen, refined);
   // The calibration is that of whole pictures.
-  const cv::Point corner = crop_.empty() ? cv::Point() : cv::Point((picture - crop_) / 2);
-  const cv::Point2d origin = corner;
+  const cv::Point2d origin = crop_.empty() ? cv::Point() : cropOrigin(picture, crop_);
   for (SeenDot& dot : pair.dots) {
     dot.left += origin;
     dot.right += origin;

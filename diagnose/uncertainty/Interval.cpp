@@ -25,5 +25,6 @@ std::optional<polarline::FigureUncertainty> uncertaintyOf(RepeatedFigure figure)
   const double below = quantileOf(values, 0.975) - mean + 0.5 * figure.step;
   const double above = mean - quantileOf(values, 0.025) + 0.5 * figure.step;
   return polarline::FigureUncertainty{figure.name, std::sqrt(squares / (count - 1.0)),
-                                      std::max(0.0, figure.seen - below), figure.seen + above};
+                                      std::clamp(figure.seen - below, 0.0, figure.most),
+                                      std::clamp(figure.seen + above, 0.0, figure.most)};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Eigen/Core>
+#include <limits>
 #include <vector>
 
 /// What noise does to the dots of a pair in one drawn repetition, a column a dot.
@@ -15,6 +16,7 @@ struct RepeatedFigure {
   double seen = 0.0;  ///< Of the pair.
   double step = 0.0;  ///< The least by which it can differ; 0 for one that runs on smoothly.
   std::vector<double> values;
+  double most = std::numeric_limits<double>::infinity();  ///< What it can't be above.
 };
 
 /// Figures that follow from the same dots.

@@ -12,7 +12,7 @@ RowRepeater::RowRepeater(const PairEvaluator& evaluator, const DotScene& rectifi
   const Eigen::Matrix4d covariance = rectified.covariance();
   differences_ = withoutNoise(seen, rectified.trend, covariance(1, 1) + covariance(3, 3));
   figures.push_back({"dy_means", evaluator.figures.dy_means, 0.0, {}});
-  figures.push_back({"dy_ratio", evaluator.figures.dy_ratio, 1.0 / static_cast<double>(count), {}});
+  figures.push_back({"dy_ratio", evaluator.figures.dy_ratio, 1.0 / static_cast<double>(count), {}, 1.0});
 }
 
 void RowRepeater::add(const Repetition& repetition) {

@@ -62,15 +62,19 @@ struct Reason {
   std::string step;       ///< The evaluation or the step of the detection that failed.
 };
 
-/// A pair once more, from refined centres: the same evaluations of the same dots.
+/// A pair once more, from refined centres: the same evaluations of the same dots, but for those that something hides.
 struct RefinedPair {
   std::string problem;          ///< Why there are no figures; empty where there are, and for a pair given up.
   std::vector<Figure> figures;  ///< All of the library's, none carried.
   std::size_t refined_left = 0, refined_right = 0;  ///< Dots whose centre could be refined, of each picture.
+  std::size_t left_out = 0;  ///< Dots that something hides in one of the pictures: they are not evaluated.
   RefinedPoints points;
+  std::vector<FigureUncertainty> uncertainty;  ///< By the covariances of the refined centres.
 
   /// None for a name that is no figure.
   POLARLINE_API const Figure* figure(const std::string& name) const;
+  /// None for a figure that has none, or was not measured.
+  POLARLINE_API const FigureUncertainty* uncertaintyOf(const std::string& name) const;
 };
 
 /// What a run shows of one pair.
@@ -229,7 +233,8 @@ struct CheckOptions {
 /// Checks a set. Failures do not throw: they are the status of the result, with what was measured before them.
 POLARLINE_API Check check(const Set& set, const CheckOptions& options = {});
 
-/// The names that a limit may judge: figures, "refined." before each of them, "pairs", "finished", "given_up".
+/// The names that a limit may judge: figures, "refined." before each that has a refined value, "pairs", "finished",
+/// "given_up".
 POLARLINE_API std::vector<std::string> limitNames();
 
 /// The keys that `CheckOptions::settings` takes, in the order of the page on the polar configuration.

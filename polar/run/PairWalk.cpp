@@ -8,17 +8,18 @@
 #include "platform/Console.h"
 #include "polar/results/RecordExport.h"
 #include "polar/results/Summary.h"
+#include "polar/run/CropOrigin.h"
 #include "polar/run/RunTexts.h"
 
 namespace {
 
-/// Top left pixel of the crop in an image.
-cv::Point cropOrigin(const cv::Size& image, const PolarConfig& config) {
+/// Top left pixel of the crop in an image that is large enough for it.
+cv::Point checkedOrigin(const cv::Size& image, const PolarConfig& config) {
   CV_CheckGT(config.cropped_cols, 0, "cropped_cols must be positive");
   CV_CheckGT(config.cropped_rows, 0, "cropped_rows must be positive");
   CV_CheckLE(config.cropped_cols, image.width, "cropped_cols must not exceed the image's columns");
   CV_CheckLE(config.cropped_rows, image.height, "cropped_rows must not exceed the image's rows");
-  return {(image.width - config.cropped_cols) / 2, (image.height - config.cropped_rows) / 2};
+  return cropOrigin(image, {config.cropped_cols, config.cropped_rows});
 }
 
 // The matrices live for the run while every image arrives uncropped, so the shift adds up over the set. That is meant.
@@ -29,7 +30,7 @@ void shiftPrincipalPoint(cv::Mat& K, const cv::Point& origin) {
 }
 
 void cropToCentre(cv::Mat& image, cv::Mat& K, const PolarConfig& config) {
-  const cv::Point origin = cropOrigin(image.size(), config);
+  const cv::Point origin = checkedOrigin(image.size(), config);
   shiftPrincipalPoint(K, origin);
   image = image(cv::Rect(origin, cv::Size(config.cropped_cols, config.cropped_rows))).clone();
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <opencv2/core.hpp>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,6 +52,12 @@ class RunObserver {
 /// it: cut out, if that is asked for.
 using CentresById = std::map<std::int32_t, cv::Point2d>;
 
+/// What a refiner makes of the dots of a pair.
+struct RefinedCentres {
+  CentresById left, right;          ///< An id that is left out here keeps the centre that it was measured at.
+  std::set<std::int32_t> not_dots;  ///< Not evaluated again: what was measured there is not the dot.
+};
+
 /// Knows better where the dots of a pair are. The run evaluates each pair that it finishes once more with what it is
 /// told, behind everything that it does without, and shows that; neither changes what the run gives or writes.
 class CentreRefiner {
@@ -60,9 +67,8 @@ class CentreRefiner {
   CentreRefiner& operator=(const CentreRefiner&) = delete;
   virtual ~CentreRefiner() = default;
 
-  /// Centres for the places of the left and the right picture. An id that is left out keeps the centre that it was
-  /// measured at.
-  virtual std::array<CentresById, 2> refine(const PairInput& raw, const std::array<CentresById, 2>& places) = 0;
+  /// Centres for the places of the left and the right picture.
+  virtual RefinedCentres refine(const PairInput& raw, const std::array<CentresById, 2>& places) = 0;
   /// Behind the second look at each finished pair, before the observer's `pairDone`. `status`: what ended the
   /// evaluations, an exception too, whose text is then the evaluator's error text; otherwise 0.
   virtual void evaluated(std::int32_t status, const PairEvaluator& evaluator) = 0;

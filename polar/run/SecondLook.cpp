@@ -57,20 +57,23 @@ void replace(const CentresById& centres, PointsById& points) {
   }
 }
 
-void replace(const std::array<CentresById, 2>& centres, MeasuredPair& pair) {
-  replace(centres[0], pair.left_by_id);
-  replace(centres[1], pair.right_by_id);
+void replace(const RefinedCentres& refined, MeasuredPair& pair) {
+  replace(refined.left, pair.left_by_id);
+  replace(refined.right, pair.right_by_id);
+  for (const std::int32_t id : refined.not_dots) {
+    pair.left_by_id.erase(id);
+    pair.right_by_id.erase(id);
+  }
   pair.left_points.clear();
   pair.right_points.clear();
   appendShared(pair);
 }
 
 void refine(CentreRefiner& refiner, const PairInput& raw, const PairViews& views, Measured& measured) {
-  const std::array<CentresById, 2> refined =
-      refiner.refine(raw, {placesOf(measured, &MeasuredPair::left_by_id, views.left),
-                           placesOf(measured, &MeasuredPair::right_by_id, views.right)});
-  const std::array<CentresById, 2> rectified = {rectifiedCentres(refined[0], views.left),
-                                                rectifiedCentres(refined[1], views.right)};
+  const RefinedCentres refined = refiner.refine(raw, {placesOf(measured, &MeasuredPair::left_by_id, views.left),
+                                                      placesOf(measured, &MeasuredPair::right_by_id, views.right)});
+  const RefinedCentres rectified = {rectifiedCentres(refined.left, views.left),
+                                    rectifiedCentres(refined.right, views.right), refined.not_dots};
   for (auto& [evaluation, pair] : measured) replace(isRectified(evaluation) ? rectified : refined, pair);
 }
 

@@ -29,9 +29,9 @@ struct SecondSteps {
 /// outlive what is given back.
 ///
 /// The second look evaluates the dots that the first one measured, under the same ids: nothing is detected again, and
-/// the figures differ only by where the centres are. What the refiner leaves out keeps the centre that it was measured
-/// at, in the raw and in the rectified pictures each. A refined centre comes into the rectified pictures by the lens
-/// and the virtual camera themselves, without their warped pixels. The compensation of the eccentricity stays out of
-/// it.
+/// the figures differ only by where the centres are, and by the dots that the refiner says are none. What it leaves out
+/// keeps the centre that it was measured at, in the raw and in the rectified pictures each. A refined centre comes into
+/// the rectified pictures by the lens and the virtual camera themselves, without their warped pixels. The compensation
+/// of the eccentricity stays out of it.
 PairEvaluation withSecondLook(const PairEvaluation& first, CentreRefiner& refiner, PairEvaluator& evaluator,
                               const SecondSteps& second);

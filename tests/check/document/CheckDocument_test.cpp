@@ -200,6 +200,8 @@ PairCheck refinedPair() {
   }
   pair.refined->refined_left = 2;
   pair.refined->refined_right = 1;
+  pair.refined->left_out = 3;
+  pair.refined->uncertainty = {{"space_rms", 0.25, 0.0, 0.5}};
   RefinedPoints& points = pair.refined->points;
   points.id = {3, 7};
   points.left_x = {0.25F, 0.5F};
@@ -219,7 +221,8 @@ TEST(CheckDocumentRefined, StandsBesideTheDetected) {
   Json pair = document["pairs"][0];
   EXPECT_EQ(pair["refined"]["figures"]["space_rms"], 0.05);
   EXPECT_EQ(pair["refined"]["figures"].size(), pair["figures"].size());
-  EXPECT_EQ(pair["refined"]["dots"], Json::parse(R"({"left": 2, "right": 1})"));
+  EXPECT_EQ(pair["refined"]["dots"], Json::parse(R"({"left": 2, "right": 1, "left_out": 3})"));
+  EXPECT_EQ(pair["refined"]["uncertainty"], Json::parse(R"({"space_rms": {"sd": 0.25, "low95": 0.0, "high95": 0.5}})"));
   EXPECT_EQ(pair["refined"]["points"]["left_x"], Json::parse("[0.25, 0.5]"));
   EXPECT_EQ(pair["refined"]["points"]["right_sd_y"], Json::parse("[0.125, null]"));
   EXPECT_EQ(pair["refined"]["points"]["right_state"], Json::parse(R"(["refined", "covered"])"));

@@ -195,6 +195,8 @@ TEST(JudgementNames, AreFiguresAndCounts) {
                                               "finished", "given_up", "refined.dy_means"}));
   EXPECT_THAT(names, ::testing::Not(::testing::Contains("detect_canvas")));
   EXPECT_THAT(names, ::testing::Not(::testing::Contains("refined.pairs")));
+  EXPECT_THAT(names, ::testing::Contains("PoseReport"));
+  EXPECT_THAT(names, ::testing::Not(::testing::Contains("refined.PoseReport"))) << "nothing would ever measure it";
 }
 
 /// Pair 4 is the worst, certain from 0.4 to 0.625 only; the mean of `dy_means` from 0.2 to 0.3.
@@ -230,6 +232,16 @@ INSTANTIATE_TEST_SUITE_P(
                       CloseCall{"|tri_dis|<=3", true, false}, CloseCall{"summary.dy_means.mean<=0.25", false, true},
                       CloseCall{"summary.dy_means.mean<=0.31", true, false},
                       CloseCall{"summary.dy_means.max<=0.25", false, false}, CloseCall{"pairs>=4", true, false}));
+
+TEST(JudgementOfRefined, CloseCallGoesByTheRefinedInterval) {
+  Check check = uncertain();
+  for (PairCheck& pair : check.pairs) {
+    pair.refined.emplace().figures = pair.figures;
+    pair.refined->uncertainty = {{"dy_means", 0.001, 0.4999, 0.5001}};
+  }
+  EXPECT_THAT(judge({parseLimit("refined.dy_means<=0.5")}, check)[0].why, HasSubstr("from 0.4999 to 0.5001"));
+  EXPECT_THAT(judge({parseLimit("refined.dy_means<=0.6")}, check)[0].why, ::testing::Not(HasSubstr("too close")));
+}
 
 TEST(Judgement, CloseCallTellsTheInterval) {
   EXPECT_EQ(judged("dy_means<=0.5", uncertain()).why,

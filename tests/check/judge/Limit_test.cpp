@@ -100,6 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{"refined.dy_mean<=1", "did you mean refined.dy_means"},
         std::pair{"refined.finished<=1", "there is no figure 'refined.finished'"},
         std::pair{"refined.summary.dy_means.mean<=1", "FIGURE OP VALUE was wanted"},
+        std::pair{"refined.PoseReport[0]<=1", "there is no figure 'refined.PoseReport'"},
         std::pair{"refined.<=1", "FIGURE OP VALUE was wanted"},
         std::pair{"refined.tri_dis[8]<=1", "has the entries 0-7"},
         std::pair{"summary.refined.tri_dis.mean<=1", "such as summary.refined.tri_dis[0].mean"},

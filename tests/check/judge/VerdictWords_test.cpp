@@ -32,6 +32,17 @@ TEST(VerdictWords, NameTheWorstPairByTheFirstMainFigure) {
   EXPECT_EQ(worstPairText(checkOf({hand_made::pair(3, {}, {})})), "");
 }
 
+TEST(VerdictWords, TellTheErrorsOfRefinedFiguresBehindThem) {
+  Check check = checkOf({hand_made::pair(3, {0.1}, {}), hand_made::pair(4, {0.3}, {})});
+  for (PairCheck& pair : check.pairs) pair.refined.emplace().figures = pair.figures;
+  check.refined_summary = refinedSummaryOf(check.pairs);
+  EXPECT_EQ(refinedPairText(check), "From refined centres: dy_means 0.3000 pixels in pair 4, mean 0.2000 pixels.");
+  check.pairs[1].refined->uncertainty = {{"dy_means", 0.002, 0.29, 0.31}};
+  check.refined_summary->at(0).sd_mean = 0.01;
+  EXPECT_EQ(refinedPairText(check),
+            "From refined centres: dy_means 0.3000 ± 0.0020 pixels in pair 4, mean 0.2000 ± 0.0100 pixels.");
+}
+
 TEST(VerdictWords, CountPairs) {
   EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {})})), "1 of 1 pair finished.");
   EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {}), hand_made::givenUp(hand_made::pair(1, {}, {}))})),

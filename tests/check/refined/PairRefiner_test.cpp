@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
+#include <set>
 #include <utility>
 
 #include "input/CalibrationConversion.h"
@@ -25,10 +27,8 @@ struct PairRefinerRun : ::testing::Test {
     importCalibration(read, calib);
     return calib;
   }
-  PairRefiner refiner() const {
-    PolarConfig config;
-    config.type = 1;
-    RefinerSettings settings = refinerOf(config, calibration(set));
+  PairRefiner refiner(const PolarConfig& config = {}) const {
+    RefinerSettings settings = refinerOf(config, calibration(set), LensModel::kBrownEight);
     settings.board = BoardPlaces(set.file("target.ini"));
     return {std::move(settings), pictures};
   }
@@ -42,13 +42,13 @@ struct PairRefinerRun : ::testing::Test {
     return centres;
   }
   /// Mean distance from the truth, pixels.
-  double error(const std::array<CentresById, 2>& centres, const cv::Point2d& origin) const {
+  double error(const CentresById& centres, const cv::Point2d& origin) const {
     double sum = 0.0;
-    for (const auto& [id, centre] : centres[1]) {
+    for (const auto& [id, centre] : centres) {
       const scene::Point2& wanted = truth.dots.at(static_cast<std::size_t>(id)).pixel_right;
       sum += cv::norm(centre + origin - cv::Point2d(wanted.x, wanted.y));
     }
-    return sum / static_cast<double>(centres[1].size());
+    return sum / static_cast<double>(centres.size());
   }
 };
 
@@ -56,8 +56,8 @@ TEST_F(PairRefinerRun, FindsTheCentresOfTheCirclesAndKeepsWhatItKnowsOfThem) {
   auto [left, right] = pictures.take(0);
   PairRefiner refines = refiner();
   const auto centres = refines.refine({0, nullptr, left, right}, places({}));
-  EXPECT_GT(centres[1].size(), 100U);
-  EXPECT_LT(error(centres, {}), 0.015);
+  EXPECT_GT(centres.right.size(), 100U);
+  EXPECT_LT(error(centres.right, {}), 0.015);
   EXPECT_EQ(refines.pictures()[0].dots.size(), places({})[0].size());
   EXPECT_TRUE(refines.pictures()[1].pose);
 }
@@ -69,7 +69,7 @@ TEST_F(PairRefinerRun, KnowsTheLensOfCutOutPictures) {
   refines.refine({0, nullptr, left, right}, places({}));
   const RefinedPose whole = refines.pictures()[1].pose.value();
   const auto centres = refines.refine({0, nullptr, left(middle).clone(), right(middle).clone()}, places({4.0, 3.0}));
-  EXPECT_LT(error(centres, {4.0, 3.0}), 0.015);
+  EXPECT_LT(error(centres.right, {4.0, 3.0}), 0.015);
   EXPECT_LT(cv::norm(refines.pictures()[1].pose.value().T - whole.T), 1e-3 * cv::norm(whole.T))
       << "the board stands where it stood";
 }
@@ -110,29 +110,49 @@ TEST_F(PairRefinerRun, TellsOfAFailureOnlyWhereThePairHasFigures) {
   EXPECT_EQ(refines.warnings().at(0).code, "refining_failed");
 }
 
-TEST(PairRefinerSettings, AreThoseOfThePicturesCameras) {
-  RectifiedParams rectified;
-  rectified.focal = 700.0;
-  rectified.cx = 310.0;
-  rectified.cy = 250.0;
-  const RefinerSettings outside = refinerOf(rectified);
-  for (const CalibratedCamera& camera : outside.cameras) {
-    EXPECT_EQ(camera.focal(), cv::Point2d(700.0, 700.0));
-    EXPECT_EQ(camera.centre(), cv::Point2d(310.0, 250.0));
-    EXPECT_EQ(camera.distorted({0.3, 0.2}), cv::Point2d(0.3, 0.2)) << "a pinhole";
-  }
-  PolarConfig frames;
-  frames.frame_work = 1;
-  frames.Frame_ID = {4, 2};
+/// Puts a dot where the next one is, as if what was taken for it were something else.
+void mistake(CentresById& places, std::int32_t id) {
+  places.at(id) = places.at(id + 1);
+  places.erase(id + 1);
+}
+
+TEST_F(PairRefinerRun, LeavesOutWhatIsNoDotInEitherPictureUnlessItIsAskedFor) {
+  constexpr std::int32_t kLeft = 60, kRight = 75, kWanted = 90;
+  auto [left, right] = pictures.take(0);
+  std::array<CentresById, 2> seen = places({});
+  mistake(seen[0], kLeft);
+  mistake(seen[1], kRight);
+  mistake(seen[0], kWanted);
+  PolarConfig config;
+  config.triangulate_dis_switch = 1;
+  config.TriPoint3_ID = kWanted;
+  PairRefiner refines = refiner(config);
+  const std::set<std::int32_t> left_out = refines.refine({0, nullptr, left, right}, seen).not_dots;
+  EXPECT_EQ(left_out, (std::set<std::int32_t>{kLeft, kRight}));
+  const auto& dots = refines.pictures()[0].dots;
+  EXPECT_EQ(std::ranges::find(dots, kWanted, &RefinedDot::id)->state, DotState::kCovered);
+  refines.evaluated(0, PairEvaluator(std::make_shared<const PolarConfig>()));
+  PairCheck pair;
+  refines.addTo(pair);
+  EXPECT_EQ(pair.refined.value().left_out, 2U);
+}
+
+TEST(PairRefinerSettings, AreThoseOfTheCamerasAndOfTheEvaluations) {
   StereoCalibParams calib;
   calib.left.intrinsics[0] = 600.0;
   calib.right.intrinsics[0] = 650.0;
-  const RefinerSettings settings = refinerOf(frames, calib);
-  EXPECT_EQ(settings.cameras[0].focal().x, 600.0);
-  EXPECT_EQ(settings.cameras[1].focal().x, 650.0);
-  EXPECT_EQ(settings.frame_ids, (std::vector<std::int32_t>{4, 2}));
-  frames.frame_work = 0;
-  EXPECT_TRUE(refinerOf(frames, calib).frame_ids.empty());
+  PolarConfig config;
+  config.TriPoint1_ID = 4;
+  config.PolPoint2_ID = 5;
+  config.Cal_ID_DIS = {{7, 9}, {9, 11}};
+  const RefinerSettings nothing = refinerOf(config, calib, LensModel::kBrownFive);
+  EXPECT_EQ(nothing.cameras[0].focal().x, 600.0);
+  EXPECT_EQ(nothing.cameras[1].focal().x, 650.0);
+  EXPECT_TRUE(nothing.wanted.empty());
+  config.triangulate_dis_switch = 1;
+  EXPECT_EQ(refinerOf(config, calib, LensModel::kBrownFive).wanted, (std::set<std::int32_t>{0, 4}));
+  config.foursixmethod_swithch = config.oqc_switch = 1;
+  EXPECT_EQ(refinerOf(config, calib, LensModel::kBrownFive).wanted, (std::set<std::int32_t>{0, 4, 5, 7, 9, 11}));
 }
 
 }  // namespace

@@ -264,6 +264,28 @@ TEST(CheckRefined, IsNearerToTheTruthAndLeavesTheLibrarysFigures) {
   }
 }
 
+/// The standard deviation of ten values is right to a quarter.
+TEST(CheckRefined, UncertaintyIsTheScatterOfPicturesTakenAgain) {
+  scene::Scene scene = small_scene::rings();
+  scene.left_from_board.resize(10, scene.left_from_board[0]);
+  const RenderedSet rendered(scene);
+  const CopiedSet set(rendered);
+  const Check check = set.check(refining());
+  ASSERT_EQ(check.finished(), 10U);
+  for (const char* name : {"dy_means", "tri_rms", "dis_rms"}) {
+    const auto of_all = std::ranges::find(check.refined_summary.value(), name, &FigureSummary::name);
+    double told = 0.0;
+    for (const PairCheck& pair : check.pairs) {
+      const FigureUncertainty* const uncertainty = pair.refined.value().uncertaintyOf(name);
+      ASSERT_NE(uncertainty, nullptr) << name;
+      EXPECT_LT(uncertainty->sd, pair.uncertaintyOf(name)->sd) << name;
+      told += uncertainty->sd / 10.0;
+    }
+    EXPECT_GT(told, 0.5 * of_all->sd) << name;
+    EXPECT_LT(told, 2.0 * of_all->sd) << name;
+  }
+}
+
 TEST(CheckRefined, PointsTellWhatIsKnownOfThem) {
   const CopiedSet set;
   switchAllOn(set);
@@ -281,7 +303,8 @@ TEST(CheckRefined, PointsTellWhatIsKnownOfThem) {
       EXPECT_LT(points.left_sd_x[k], 0.2F);
     } else {
       EXPECT_TRUE(std::isnan(points.left_sd_x[k]));
-      EXPECT_EQ(points.left_x[k], pair.points.left_x[k]) << "stands where it was detected";
+      const auto place = std::ranges::find(pair.points.id, points.id[k]) - pair.points.id.begin();
+      EXPECT_EQ(points.left_x[k], pair.points.left_x.at(static_cast<std::size_t>(place))) << "where it was detected";
     }
   }
 }

@@ -45,6 +45,13 @@ TEST(Interval, FigureThatCountsDotsGetsHalfAStepOnEitherSide) {
 
 TEST(Interval, NeverGoesBelowZero) { EXPECT_EQ(uncertaintyOf({"tri_rms", 1.0, 0.0, skewed()})->low95, 0.0); }
 
+TEST(Interval, NeverGoesAboveWhatTheFigureCanBe) {
+  const auto interval = uncertaintyOf({"dy_ratio", 1.0, 0.1, {0.9, 0.9, 1.0}, 1.0});
+  ASSERT_TRUE(interval);
+  EXPECT_EQ(interval->high95, 1.0);
+  EXPECT_LT(interval->low95, 1.0);
+}
+
 TEST(Interval, WhatIsNoNumberHasNone) {
   constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
   EXPECT_FALSE(uncertaintyOf({"gt_rms", kNoNumber, 0.0, {1.0, 2.0}}));

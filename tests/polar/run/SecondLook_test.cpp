@@ -42,12 +42,13 @@ struct BothLooks final : CentreRefiner, RunObserver {
     std::string error;
   };
   Refinement refinement;
+  std::set<std::int32_t> not_dots;
   std::vector<Pair> pairs;
   Pair now;
 
-  std::array<CentresById, 2> refine(const PairInput& /*raw*/, const std::array<CentresById, 2>& places) override {
+  RefinedCentres refine(const PairInput& /*raw*/, const std::array<CentresById, 2>& places) override {
     now.places = places;
-    return {refinement(pairs.size(), 0, places[0]), refinement(pairs.size(), 1, places[1])};
+    return {refinement(pairs.size(), 0, places[0]), refinement(pairs.size(), 1, places[1]), not_dots};
   }
   void evaluated(std::int32_t status, const PairEvaluator& evaluator) override {
     now.has_second = true;
@@ -247,6 +248,26 @@ INSTANTIATE_TEST_SUITE_P(
                          0, 4},
                     Case{"frames", Rendered::frames, "", 5, 0}, Case{"outside", Rendered::outside, "", 0, 6}),
     testing::PrintToStringParamName());
+
+TEST(SecondLook, WhatIsNoDotIsNotEvaluatedAgainInTheRawNorInTheRectifiedPictures) {
+  // Not one of the four points that these ask for.
+  constexpr const char* kNoPoints = "triangulate_dis_switch: 0\nfoursixmethod_swithch: 0";
+  const auto seen_before = SecondLookRun(Rendered::twoPairs(), kNoPoints).look(asTheyAre).at(0).seen.raw;
+  SecondLookRun run(Rendered::twoPairs(), kNoPoints);
+  run.looks.not_dots = {seen_before.at(5).id, seen_before.at(20).id};
+  const BothLooks::Pair& pair = run.look(asTheyAre).at(0);
+  ASSERT_EQ(pair.status, 0) << pair.error;
+  for (const auto list : {&PairObservation::raw, &PairObservation::rectified}) {
+    std::vector<std::int32_t> expected;
+    for (const SharedDot& dot : pair.seen.*list) {
+      if (!run.looks.not_dots.contains(dot.id)) expected.push_back(dot.id);
+    }
+    ASSERT_EQ(expected.size() + 2, (pair.seen.*list).size()) << "both were seen before";
+    std::vector<std::int32_t> seen_again;
+    for (const SharedDot& dot : pair.seen_again.*list) seen_again.push_back(dot.id);
+    EXPECT_EQ(seen_again, expected);
+  }
+}
 
 TEST(SecondLook, HonoursTheCropWhosePrincipalPointMovesAgainWithEachPair) {
   SecondLookRun run(Rendered::twoPairs(), kCrop);
