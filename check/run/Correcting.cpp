@@ -16,7 +16,7 @@ namespace polarline {
 namespace {
 
 /// The run that only shows whether the rows have become better.
-double rowsWith(const Set& set, const CheckOptions& options, const std::string& calibration) {
+MeanRow rowsWith(const Set& set, const CheckOptions& options, const std::string& calibration) {
   Set corrected = set;
   corrected.calibration = calibration;
   corrected.limits.clear();
@@ -30,23 +30,30 @@ double rowsWith(const Set& set, const CheckOptions& options, const std::string& 
   again.on_pair = [&rows](const PairCheck& pair, std::size_t) { rows.add(pair); };
   again.keep_points = false;
   check(corrected, again);
-  return rows.mean();
+  return rows;
 }
 
 }  // namespace
 
-void MeanRow::add(const PairCheck& pair) {
-  if (!pair.finished) return;
-  const bool is_refined = pair.refined && pair.refined->problem.empty();
-  for (const float row : is_refined ? pair.refined->points.dy : pair.points.dy) {
+void MeanRow::Rows::add(const std::vector<float>& rows) {
+  for (const float row : rows) {
     if (!std::isfinite(row)) continue;
-    sum_ += static_cast<double>(std::abs(row));
-    ++count_;
+    sum += static_cast<double>(std::abs(row));
+    ++count;
   }
 }
 
-double MeanRow::mean() const {
-  return count_ == 0 ? std::numeric_limits<double>::quiet_NaN() : sum_ / static_cast<double>(count_);
+double MeanRow::Rows::mean() const {
+  return count == 0 ? std::numeric_limits<double>::quiet_NaN() : sum / static_cast<double>(count);
+}
+
+void MeanRow::add(const PairCheck& pair) {
+  if (!pair.finished) return;
+  ++pairs_;
+  detected_.add(pair.points.dy);
+  if (!pair.refined || !pair.refined->problem.empty()) return;
+  ++refined_pairs_;
+  refined_.add(pair.refined->points.dy);
 }
 
 void requireCorrectable(const std::string& path, int type) {
@@ -56,21 +63,25 @@ void requireCorrectable(const std::string& path, int type) {
   if (files::extensionOf(path) != "json") throw InputError(path, "a name that ends in .json was wanted");
 }
 
-Correction correct(const Set& set, const CheckOptions& options, double before, Check& check) {
+Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before, Check& check) {
   Correction correction;
   correction.path = options.write_corrected;
   correction.rows_predicted = check.diagnosis->rows_after;
   const std::string calibration = calibrationJson(*check.diagnosis->corrected);
   const whole_file::PartialFolder trial(correction.path);
   whole_file::write(trial.path() / "calib.json", calibration);
-  correction.rows_seen = rowsWith(set, options, (trial.path() / "calib.json").string());
+  const MeanRow after = rowsWith(set, options, (trial.path() / "calib.json").string());
+  correction.rows_seen = after.mean();
   if (options.go_on && !options.go_on()) return correction;
   whole_file::write(correction.path, calibration);
-  if (!(correction.rows_seen < before)) {
+  const bool are_refined = before.isRefined() && after.isRefined();  // Else the two would be of different centres.
+  const double rows_before = are_refined ? before.mean() : before.detected();
+  const double rows_after = are_refined ? after.mean() : after.detected();
+  if (!(rows_after < rows_before)) {
     check.warnings.push_back(warningOf("correction_no_better",
                                        fmt::format("Checked again with {}, the rows differ by {:.3g} px in the mean; "
                                                    "{:.3g} px without the correction.",
-                                                   correction.path, correction.rows_seen, before)));
+                                                   correction.path, rows_after, rows_before)));
   }
   return correction;
 }

@@ -1,28 +1,39 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "polarline/check.h"
 
 namespace polarline {
 
-/// The mean absolute row difference over all dots of a check's pairs, as it passes by; from refined centres where
-/// there are some.
+/// The mean absolute row difference over all dots of a check's finished pairs, as they pass by: from refined centres
+/// where each of the pairs has refined figures, otherwise from the detected ones of all.
 class MeanRow {
  public:
   void add(const PairCheck& pair);
-  double mean() const;  ///< Not a number before the first dot.
+  bool isRefined() const { return pairs_ > 0 && refined_pairs_ == pairs_; }
+  double mean() const { return isRefined() ? refined_.mean() : detected(); }  ///< Not a number before the first dot.
+  double detected() const { return detected_.mean(); }
 
  private:
-  double sum_ = 0.0;
-  std::size_t count_ = 0;
+  struct Rows {
+    double sum = 0.0;
+    std::size_t count = 0;
+
+    void add(const std::vector<float>& rows);
+    double mean() const;
+  };
+  Rows detected_, refined_;
+  std::size_t pairs_ = 0, refined_pairs_ = 0;
 };
 
 /// Throws `InputError` where the corrected calibration could not be a file of ours.
 void requireCorrectable(const std::string& path, int type);
 
-/// Writes the calibration of a check with its causes taken out, and checks the set again with it. `before`: the mean
-/// row difference of the check. Warns where that has not helped.
-Correction correct(const Set& set, const CheckOptions& options, double before, Check& check);
+/// Writes the calibration of a check with its causes taken out, and checks the set again with it. `before`: the row
+/// differences of the check. Warns where that has not helped.
+Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before, Check& check);
 
 }  // namespace polarline

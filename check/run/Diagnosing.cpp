@@ -47,7 +47,7 @@ void diagnose(const RunInputs& inputs, const CheckOptions& options, const PairLo
   check.diagnosis = diagnosisOf(inputs, pairs);
   if (inputs.areRectified() || options.write_corrected.empty()) return;
   if (check.diagnosis->corrected) {
-    check.correction = correct(inputs.set, options, pairs.rows().mean(), check);
+    check.correction = correct(inputs.set, options, pairs.rows(), check);
   } else {
     check.warnings.push_back(
         warningOf("nothing_to_correct", options.write_corrected + " was not written: " + check.diagnosis->text));

@@ -104,8 +104,8 @@ std::string rowsText(const FoundCauses& found) {
   std::string text =
       fmt::format("With that taken out the rows should differ by {:.3g} px in the mean instead of {:.3g} px",
                   found.rows_after, found.rows_before);
-  if (found.rows_after > kMostNoise) return text + "; what remains is more than noise.";
-  if (!hasPattern(found)) return text + "; what remains is noise.";
+  if (!hasPattern(found))
+    return text + (found.rows_after > kMostNoise ? "; what remains is more than noise." : "; what remains is noise.");
   return text + fmt::format(
                     "; of what remains {:.2g} px are alike in neighbouring dots, which none of these causes "
                     "explains: look at the board's flatness, the focus and the lens calibration.",

@@ -44,6 +44,9 @@ std::optional<Said> faint(const PictureQuality& q) {
   return Said{-q.contrast, is_small ? text : fmt::format("{}, with noise of {:.1f}", text, q.noise)};
 }
 
+/// A direction is one of half a turn, so that what rounds to 180 degrees is 0.
+double wholeDegrees(double direction) { return std::fmod(std::round(direction), 180.0); }
+
 std::optional<Said> smeared(const PictureQuality& q) {
   if (dark(q) || faint(q)) return std::nullopt;  // Noise makes edges look uneven.
   const double smear = std::sqrt(q.edge_width_along * q.edge_width_along - q.edge_width_across * q.edge_width_across);
@@ -52,7 +55,7 @@ std::optional<Said> smeared(const PictureQuality& q) {
   if (!is_smeared) return std::nullopt;
   return Said{smear, fmt::format("Edges are {:.1f} pixels wide in the direction of {:.0f} degrees from the rows, and "
                                  "{:.1f} pixels across it",
-                                 q.edge_width_along, q.blur_direction, q.edge_width_across)};
+                                 q.edge_width_along, wholeDegrees(q.blur_direction), q.edge_width_across)};
 }
 
 std::optional<Said> blurred(const PictureQuality& q) {

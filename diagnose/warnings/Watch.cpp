@@ -1,12 +1,22 @@
 #include "diagnose/warnings/Watch.h"
 
-#include <iterator>
+#include <algorithm>
 #include <utility>
 
 #include "diagnose/quality/MeasureQuality.h"
 #include "diagnose/warnings/Judges.h"
 
 namespace diagnose {
+namespace {
+
+/// Several judges see what makes a pair stand out; the first has the better reason.
+bool isTold(const Warnings& all, const polarline::Warning& one) {
+  return std::ranges::any_of(all, [&](const polarline::Warning& each) {
+    return each.code == one.code && (each.pair == one.pair || each.pair == -1 || one.pair == -1);
+  });
+}
+
+}  // namespace
 
 Watch::Watch(SetFacts facts) : facts_(std::move(facts)), cameras_(camerasOf(facts_)) {}
 
@@ -31,9 +41,11 @@ void Watch::keepWorstSights() {
 }
 
 std::vector<polarline::Warning> Watch::warnings(const AskedLimits& limits) const {
-  std::vector<polarline::Warning> all;
-  const auto add = [&](std::vector<polarline::Warning> some) {
-    all.insert(all.end(), std::make_move_iterator(some.begin()), std::make_move_iterator(some.end()));
+  Warnings all;
+  const auto add = [&](Warnings some) {
+    for (polarline::Warning& one : some) {
+      if (!isTold(all, one)) all.push_back(std::move(one));
+    }
   };
   add(judgeGeometry(facts_, cameras_, looks_));
   add(judgeDots(facts_, looks_));

@@ -43,6 +43,21 @@ TEST(CorrectingMeanRow, IsOverAllDotsOfFinishedPairs) {
   EXPECT_EQ(rows.mean(), 3.0);
 }
 
+TEST(CorrectingMeanRow, IsOfRefinedCentresOnlyWhereEachPairHasThem) {
+  MeanRow rows;
+  PairCheck pair = hand_made::pair(0, {}, {});
+  pair.points.dy = {4.0F};
+  pair.refined.emplace().points.dy = {1.0F};
+  rows.add(pair);
+  EXPECT_TRUE(rows.isRefined());
+  EXPECT_EQ(rows.mean(), 1.0);
+  pair.points.dy = {6.0F};
+  pair.refined->problem = "no light";
+  rows.add(pair);
+  EXPECT_FALSE(rows.isRefined());
+  EXPECT_EQ(rows.mean(), 5.0) << "of all, as they were detected";
+}
+
 TEST(CorrectingRefuses, WhatOurJsonCantHold) {
   EXPECT_THROW(requireCorrectable("c.json", 3), InputError);
   EXPECT_THROW(requireCorrectable("c.bin", 1), InputError);

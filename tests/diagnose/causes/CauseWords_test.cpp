@@ -67,6 +67,15 @@ TEST(CauseWords, DoNotCallLargeDifferencesNoise) {
   EXPECT_THAT(cause_words::ofAll(found), HasSubstr("instead of 1 px; what remains is more than noise."));
 }
 
+TEST(CauseWords, TellThePatternOfLargeDifferencesToo) {
+  FoundCauses found = quiet(0.6);
+  found.rows_before = 1.0;
+  found.choice.named.set(static_cast<std::size_t>(CauseKind::kRowOffset));
+  found.alike.smooth_rms = 0.5;
+  EXPECT_THAT(cause_words::ofAll(found),
+              HasSubstr("instead of 1 px; of what remains 0.5 px are alike in neighbouring"));
+}
+
 TEST(CauseWords, TellACauseAndWhatRemains) {
   FoundCauses found = quiet(0.02);
   found.rows_before = 1.0;

@@ -65,5 +65,22 @@ TEST(JudgeLightOfMotion, TellsItsDirection) {
   EXPECT_NEAR(scene.quality.at(0).right.blur_direction, 45.0, 3.0);
 }
 
+TEST(JudgeLightOfMotion, IsAlongTheRowsFromEitherSide) {
+  PairLook pair;
+  pair.sides[0].quality.dot = 30.0;
+  pair.sides[0].quality.ground = 200.0;
+  pair.sides[0].quality.full_scale = 255.0;
+  pair.sides[0].quality.contrast = 0.67;
+  pair.sides[0].quality.noise = 1.0;
+  pair.sides[0].quality.edge_width_along = 2.0;
+  pair.sides[0].quality.edge_width_across = 0.6;
+  for (const double direction : {0.3, 179.7}) {
+    pair.sides[0].quality.blur_direction = direction;
+    const Warnings warnings = judgeLight({pair});
+    ASSERT_EQ(warnings.size(), 1U);
+    EXPECT_THAT(warnings[0].text, HasSubstr("in the direction of 0 degrees from the rows"));
+  }
+}
+
 }  // namespace
 }  // namespace diagnose

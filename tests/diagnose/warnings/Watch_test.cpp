@@ -50,5 +50,21 @@ TEST(WatchOfPairs, TellsWhatHoldsForAllOnce) {
   EXPECT_THAT(one.text, HasSubstr("in both pictures of all 3 pairs"));
 }
 
+// The right picture of pair 4 is that of pair 0, which spoils its figures, too.
+TEST(WatchOfPairs, TellsOnceThatOneStandsOut) {
+  WatchedScene scene;
+  scene.fills = {0.92, 0.85, 0.78, 0.72, 0.6, 0.8, 0.75};
+  std::vector<SharedDot> first;
+  scene.spoilSeen = [&first](PairObservation& seen, std::size_t pair) {
+    if (pair == 0) first = seen.raw;
+    for (std::size_t k = 0; pair == 4 && k < seen.raw.size(); ++k) seen.raw[k].right = first.at(k).right;
+  };
+  scene.addFigures = [](std::map<std::string, double>& figures, std::size_t pair) {
+    figures["dy_means"] = pair == 4 ? 0.4 : 0.03;
+  };
+  const std::vector<polarline::Warning> warnings = scene.warnings();
+  EXPECT_EQ(std::ranges::count(warnings, "pair_stands_out", &polarline::Warning::code), 1);
+}
+
 }  // namespace
 }  // namespace diagnose
