@@ -18,25 +18,25 @@ std::vector<Eigen::Index> placesIn(const CauseSet& causes) {
   return places;
 }
 
-/// Size of a cause by its standard error, both squared, when some others are known not to be there.
-double clarityOf(const RowFit& all, std::size_t cause, const CauseSet& absent) {
-  CauseSet only = absent;
-  only.set(cause);
-  // The excess of leaving out both over that of leaving out the absent ones alone.
-  return excessOf(all, kAllCauses & ~only) - excessOf(all, kAllCauses & ~absent);
+/// How a cause would be told if some others were known not to be there: its size by its standard error, both squared.
+double clarityOf(const RowFit& all, std::size_t cause, const CauseSet& named, const CauseSet& absent) {
+  const auto place = static_cast<Eigen::Index>(cause);
+  const double size = sizesOf(all, named & ~absent)[place];
+  const double size_of_all = sizesOf(all, ~absent)[place];
+  return size * size / (varianceOf(all, cause, absent) + (size - size_of_all) * (size - size_of_all));
 }
 
 /// The others that must not be there if the cause is to be told.
-CauseSet rivalsOf(const RowFit& all, std::size_t cause, const CauseSet& needed) {
+CauseSet rivalsOf(const RowFit& all, std::size_t cause, const CauseSet& needed, const CauseSet& named) {
   CauseSet rivals;
   const CauseSet candidates = kAllCauses & ~needed;
-  while (clarityOf(all, cause, rivals) < kTold && (candidates & ~rivals).any()) {
+  while (clarityOf(all, cause, named, rivals) < kTold && (candidates & ~rivals).any()) {
     std::size_t best = kCauses;
     double best_clarity = -1.0;
     for (std::size_t k = 0; k < kCauses; ++k) {
       if (!candidates.test(k) || rivals.test(k)) continue;
       CauseSet more = rivals;
-      const double clarity = clarityOf(all, cause, more.set(k));
+      const double clarity = clarityOf(all, cause, named, more.set(k));
       if (clarity > best_clarity) {
         best_clarity = clarity;
         best = k;
@@ -46,7 +46,7 @@ CauseSet rivalsOf(const RowFit& all, std::size_t cause, const CauseSet& needed) 
   }
   for (std::size_t k = 0; k < kCauses; ++k) {
     CauseSet fewer = rivals;
-    if (rivals.test(k) && clarityOf(all, cause, fewer.reset(k)) >= kTold) rivals = fewer;
+    if (rivals.test(k) && clarityOf(all, cause, named, fewer.reset(k)) >= kTold) rivals = fewer;
   }
   return rivals;
 }
@@ -95,8 +95,20 @@ double excessOf(const RowFit& all, const CauseSet& causes) {
   return sizes.dot(part.llt().solve(sizes));
 }
 
+double varianceOf(const RowFit& all, std::size_t cause, const CauseSet& absent) {
+  CauseMatrix information = all.information;
+  for (const Eigen::Index place : placesIn(absent)) {
+    information.row(place).setZero();
+    information.col(place).setZero();
+    information(place, place) = 1.0;
+  }
+  const auto place = static_cast<Eigen::Index>(cause);
+  return CauseMatrix(information.inverse())(place, place);
+}
+
 CauseVector sizesOf(const RowFit& all, const CauseSet& causes) {
   const std::vector<Eigen::Index> left_out = placesIn(~causes);
+  if (left_out.empty()) return all.sizes;
   const CauseMatrix covariance = all.information.inverse();
   const Eigen::MatrixXd part = covariance(left_out, left_out);
   const Eigen::VectorXd sizes = all.sizes(left_out);
@@ -108,10 +120,14 @@ CauseChoice chooseCauses(const RowFit& all) {
   const CauseSet needed = neededOf(all);
   choice.named = needed;
   int groups = 0;
-  for (std::size_t k = 0; k < kCauses; ++k) {
-    if (!needed.test(k)) continue;
-    const CauseSet rivals = rivalsOf(all, k, needed);
-    if (rivals.any()) join(choice, k, rivals, groups);
+  // A group's members are fitted with the others, which may leave one of these unsure in turn.
+  for (CauseSet before; before != choice.named;) {
+    before = choice.named;
+    for (std::size_t k = 0; k < kCauses; ++k) {
+      if (!needed.test(k) || choice.group[k] != 0) continue;
+      const CauseSet rivals = rivalsOf(all, k, needed, before);
+      if (rivals.any()) join(choice, k, rivals, groups);
+    }
   }
   numberInOrder(choice.group);
   return choice;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <vector>
 
 #include "diagnose/causes/RowFit.h"
@@ -12,11 +13,14 @@ struct CauseChoice {
 };
 
 /// From a fit of all causes. The fewest that leave no more than the others would explain by chance are needed; a needed
-/// one that is larger than three standard errors only if others are not there makes a group with these.
+/// one that would be told as larger than three standard errors only if others were not there makes a group with these.
 CauseChoice chooseCauses(const RowFit& all);
 
 /// Squared standard errors that a cause must explain to be told: chance brings one of eight as far in one set of 200.
 inline constexpr double kPriceOfACause = 12.0;
+
+/// Of a cause, if some others are known not to be there; in squares of its expected size.
+double varianceOf(const RowFit& all, std::size_t cause, const CauseSet& absent);
 
 /// The solution with some causes only, near that with all.
 CauseVector sizesOf(const RowFit& all, const CauseSet& causes);

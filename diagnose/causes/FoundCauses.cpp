@@ -38,12 +38,11 @@ std::array<double, kCauses> sharesOf(const RowFit& fit, const Eigen::VectorXd& b
 /// The others of a group may be what was taken for the cause, so its standard error is that of a fit of all causes; and
 /// as far as leaving causes out has moved it.
 Misalignment standardErrors(const RowFit& all, const RowFit& named, const Misalignment& expected) {
-  const CauseMatrix covariance = all.information.inverse();
   Misalignment sds{};
   for (std::size_t k = 0; k < kCauses; ++k) {
     const auto place = static_cast<Eigen::Index>(k);
     const double moved = named.sizes[place] - all.sizes[place];
-    sds[k] = expected[k] * std::hypot(std::sqrt(covariance(place, place)), moved);
+    sds[k] = expected[k] * std::hypot(std::sqrt(varianceOf(all, k, {})), moved);
   }
   return sds;
 }

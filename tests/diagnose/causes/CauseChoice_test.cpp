@@ -73,6 +73,31 @@ TEST(CauseChoiceGroup, HoldsWhatIsNotToldApart) {
   EXPECT_EQ(choice.group[static_cast<std::size_t>(kZ)], 0);
 }
 
+/// Each is clear by its covariance, but leaving out the other moves it by more than that says.
+TEST(CauseChoiceGroup, HoldsWhatLeavingOthersOutHasMoved) {
+  // Correlation 0.9, standard errors 0.1: sizes of 0.31 and 0.25 are 3.1 and 2.5 of these.
+  RowFit fit = clearFit();
+  const double scale = 1.0 / (0.01 * (1.0 - 0.81));
+  fit.information(kX, kX) = fit.information(kRow, kRow) = scale;
+  fit.information(kX, kRow) = fit.information(kRow, kX) = -0.9 * scale;
+  fit.sizes[kX] = 0.31;
+  fit.sizes[kRow] = -0.05;
+  // Alone the rotation is 0.31 + 0.9 * 0.05, told with an error of hypot(0.1, 0.045).
+  EXPECT_NEAR(sizesOf(fit, setOf({kX}))[kX], 0.355, 1e-6);
+  EXPECT_EQ(chooseCauses(fit).named, setOf({kX}));
+  fit.sizes[kRow] = -0.1;  // 0.4, with hypot(0.1, 0.09): less than three of it.
+  const CauseChoice choice = chooseCauses(fit);
+  EXPECT_EQ(choice.named, setOf({kX, kRow}));
+  EXPECT_EQ(choice.group[static_cast<std::size_t>(kX)], choice.group[static_cast<std::size_t>(kRow)]);
+  EXPECT_EQ(choice.group[static_cast<std::size_t>(kX)], 1);
+}
+
+TEST(CauseChoiceVariance, IsLessWhereOthersAreKnownNotToBeThere) {
+  const RowFit fit = blurredFit(0.0, 0.0);
+  EXPECT_NEAR(varianceOf(fit, static_cast<std::size_t>(kX), {}), 0.5, 1e-3);
+  EXPECT_NEAR(varianceOf(fit, static_cast<std::size_t>(kX), setOf({kRow})), 1.0 / 10001.0, 1e-12);
+}
+
 /// Their sum is 0 to within its error: neither is needed.
 TEST(CauseChoiceGroup, IsNotMadeOfNothing) { EXPECT_TRUE(chooseCauses(blurredFit(0.3, -0.3)).named.none()); }
 
