@@ -6,6 +6,7 @@
 #include "refine/RefineDots.h"
 #include "tools/accuracy/Statistics.h"
 #include "tools/scene/Presets.h"
+#include "tools/scene/SceneRecipe.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ nlohmann::json bounds() {
   return nlohmann::json::parse(file);
 }
 
-std::vector<std::string> boundedPresets() {
+std::vector<std::string> boundedScenes() {
   std::vector<std::string> names;
   const nlohmann::json all = bounds();
   for (const auto& [name, bound] : all.items())
@@ -22,15 +23,21 @@ std::vector<std::string> boundedPresets() {
   return names;
 }
 
+/// One pair of a preset, as it is or tilted about x.
+scene::Scene sceneOf(const nlohmann::json& bound) {
+  scene::PresetOptions options;
+  options.pairs = 1;
+  auto recipe = scene::presetRecipe(bound.at("preset").get<std::string>(), options).value();
+  if (bound.contains("tilt")) recipe.poses = {scene::PoseWish{bound.at("tilt").get<double>(), 10.0, 3.0, 0.9}};
+  return scene::sceneOf(recipe);
+}
+
 class RefinedAccuracy : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(RefinedAccuracy, StaysWithinTheBoundsKeptInTheRepository) {
   const nlohmann::json bound = bounds().at(GetParam());
-  scene::PresetOptions options;
-  options.pairs = 1;
-  const auto scene = scene::makePreset(GetParam(), options);
-  ASSERT_TRUE(scene);
-  const accuracy::Sight sight = accuracy::sightOf(*scene, 0, false);
+  const scene::Scene scene = sceneOf(bound);
+  const accuracy::Sight sight = accuracy::sightOf(scene, 0, false);
   const std::vector<DotPlace> places = accuracy::nearTruePlaces(sight, 0.3);
   const RefinedPicture picture = refineDots(sight.picture, places, accuracy::calibratedCamera(sight.camera));
   const auto centres = accuracy::refinedCentres(picture);
@@ -45,6 +52,6 @@ TEST_P(RefinedAccuracy, StaysWithinTheBoundsKeptInTheRepository) {
   EXPECT_NEAR(calibration.observed_by_predicted, 1.0, bound.at("prediction").get<double>());
 }
 
-INSTANTIATE_TEST_SUITE_P(Presets, RefinedAccuracy, ::testing::ValuesIn(boundedPresets()));
+INSTANTIATE_TEST_SUITE_P(Scenes, RefinedAccuracy, ::testing::ValuesIn(boundedScenes()));
 
 }  // namespace
