@@ -5,6 +5,7 @@
 #include <limits>
 #include <numbers>
 
+#include "platform/Median.h"
 #include "refine/outline/GradientLines.h"
 #include "refine/outline/RadialEdges.h"
 
@@ -26,12 +27,6 @@ constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges
 double distanceOf(const DotWork& one, const DotWork& other) {
   if (one.slope_known && other.slope_known) return cv::norm(*one.place->board - *other.place->board);
   return cv::norm(one.place->pixel - other.place->pixel);
-}
-
-double medianOf(std::vector<double>& values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// Circles of one mark: of alternating sign, the outermost as the paper has it.
@@ -83,12 +78,12 @@ Common commonOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>
     strengths.push_back(strengthOf(found));
   }
   if (votes < 0.0) common.sign = -1.0;
-  if (!strengths.empty()) common.strength = medianOf(strengths);
+  if (!strengths.empty()) common.strength = rank::upperMedian(strengths);
   for (std::size_t k = 0; k < all.size(); ++k) {
     if (dots[sample[k]].slope_known && all[k].count == 1 && all[k].edges[0].rise * common.sign > 0.0)
       radii.push_back(all[k].edges[0].radius);
   }
-  if (radii.size() > kFewestPlain) common.radius = medianOf(radii);
+  if (radii.size() > kFewestPlain) common.radius = rank::upperMedian(radii);
   return common;
 }
 
@@ -147,7 +142,7 @@ double spacingOf(const std::vector<DotWork>& dots) {
     }
     if (std::isfinite(least)) nearest.push_back(least);
   }
-  return nearest.empty() ? 50.0 : medianOf(nearest);
+  return nearest.empty() ? 50.0 : rank::upperMedian(nearest);
 }
 
 void findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {

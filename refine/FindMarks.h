@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "camera/PoseFit.h"
 #include "refine/DotWork.h"
-#include "refine/board/BoardPose.h"
 #include "refine/picture/GreyPicture.h"
 
 namespace refine {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "platform/Median.h"
 #include "refine/edge/EdgePixels.h"
 
 namespace refine {
@@ -107,9 +108,7 @@ double meanOf(const std::vector<double>& values) {
 /// Mean without the parts that are more than four times the median: what lies over a mark.
 double trimmedMean(std::vector<double>& values) {
   if (values.empty()) return -1.0;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  const double limit = 4.0 * *middle;
+  const double limit = 4.0 * rank::upperMedian(values);
   std::erase_if(values, [limit](double value) { return value > limit; });
   return meanOf(values);
 }

@@ -5,10 +5,12 @@
 #include <limits>
 #include <numeric>
 
+#include "camera/PoseFit.h"
+#include "platform/Median.h"
 #include "refine/DotWork.h"
 #include "refine/FindMarks.h"
 #include "refine/FitMarks.h"
-#include "refine/board/BoardPose.h"
+#include "refine/board/BoardSlope.h"
 #include "refine/board/ContourCentre.h"
 
 namespace refine {
@@ -28,7 +30,7 @@ constexpr double kFarByMedian = 10.0;  ///< Times the median of all.
 
 /// Slopes of the picture at the dots, by a pose of the places as they are given.
 void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
-  std::vector<SeenPoint> points;
+  std::vector<PosePoint> points;
   for (const DotWork& dot : dots) {
     if (dot.place->board) points.push_back({*dot.place->board, dot.place->pixel});
   }
@@ -46,21 +48,22 @@ void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   }
 }
 
-/// The pose of the centres that the ellipses' centres stand for, and the bias of each.
-std::optional<FittedPose> poseOf(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
-  std::vector<SeenPoint> points;
+/// The pose of the centres that the ellipses' centres stand for, from the one before on if there is one.
+std::optional<FittedPose> poseOf(const CalibratedCamera& camera, const std::vector<DotWork>& dots,
+                                 const std::optional<FittedPose>& before) {
+  std::vector<PosePoint> points;
   for (const DotWork& dot : dots) {
     if (!dot.refined() || !dot.place->board) continue;
     const cv::Matx22d& cov = dot.fit->covariance;
     const double variance = 0.5 * (cov(0, 0) + cov(1, 1)) + kLensError * kLensError;
     points.push_back({*dot.place->board, dot.fit->model.outline.centre - dot.bias, 1.0 / variance});
   }
-  const auto first = firstPose(camera, points);
+  const auto first = before ? before->pose : firstPose(camera, points);
   return first ? fitPose(camera, *first, points) : std::nullopt;
 }
 
 /// Biases of the outer edges, and the inner edges' offsets against them, as the pose has them.
-void findBiases(const CalibratedCamera& camera, const BoardPose& pose, std::vector<DotWork>& dots) {
+void findBiases(const CalibratedCamera& camera, const CameraPose& pose, std::vector<DotWork>& dots) {
   for (DotWork& dot : dots) {
     if (!dot.refined() || !dot.place->board || !dot.slope_known) continue;
     const double radius = dot.boardRadius();
@@ -76,7 +79,7 @@ void findBiases(const CalibratedCamera& camera, const BoardPose& pose, std::vect
 }
 
 /// Whether any dot was found covered.
-bool coverFarDots(const CalibratedCamera& camera, const BoardPose& pose, std::vector<DotWork>& dots) {
+bool coverFarDots(const CalibratedCamera& camera, const CameraPose& pose, std::vector<DotWork>& dots) {
   std::vector<double> misses(dots.size(), 0.0);
   std::vector<double> of_refined;
   for (std::size_t k = 0; k < dots.size(); ++k) {
@@ -87,9 +90,7 @@ bool coverFarDots(const CalibratedCamera& camera, const BoardPose& pose, std::ve
     of_refined.push_back(misses[k]);
   }
   if (of_refined.empty()) return false;
-  const auto middle = of_refined.begin() + static_cast<std::ptrdiff_t>(of_refined.size() / 2);
-  std::nth_element(of_refined.begin(), middle, of_refined.end());
-  const double far = std::max(kFar, kFarByMedian * *middle);
+  const double far = std::max(kFar, kFarByMedian * rank::upperMedian(of_refined));
   bool any = false;
   for (std::size_t k = 0; k < dots.size(); ++k) {
     if (misses[k] <= far) continue;
@@ -130,13 +131,13 @@ std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const 
                                               const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   std::optional<FittedPose> pose;
   for (int round = 0; round < kPoseRounds; ++round) {
-    pose = poseOf(camera, dots);
+    pose = poseOf(camera, dots, pose);
     if (!pose) return std::nullopt;
     findBiases(camera, pose->pose, dots);
     if (round == 0) fitMarks(picture, known, ringsOf(dots), dots);
   }
-  pose = poseOf(camera, dots);
-  if (pose && coverFarDots(camera, pose->pose, dots)) pose = poseOf(camera, dots);
+  pose = poseOf(camera, dots, pose);
+  if (pose && coverFarDots(camera, pose->pose, dots)) pose = poseOf(camera, dots, pose);
   if (!pose) return std::nullopt;
   return RefinedPose{pose->pose.R, pose->pose.T, pose->rms};
 }

@@ -1,8 +1,9 @@
 #include "check/init/BaselineCheck.h"
 
-#include <opencv2/calib3d.hpp>
 #include <optional>
 
+#include "camera/CalibratedPair.h"
+#include "camera/PoseFit.h"
 #include "diagnose/warnings/ShownBaseline.h"
 
 namespace init {
@@ -12,37 +13,32 @@ using polarline::Camera;
 
 /// With fewer the pose is too rough to say anything.
 constexpr std::size_t kLeastDots = 20;
-constexpr int kFisheye = 2;
 
-std::vector<cv::Point2d> normalised(const Camera& camera, int type, const std::vector<cv::Point2d>& pixels) {
-  const cv::Matx33d K(camera.fx, 0, camera.cx, 0, camera.fy, camera.cy, 0, 0, 1);
+CameraCalib calibOf(const Camera& camera) {
   const auto& k = camera.k;
-  std::vector<cv::Point2d> points;
-  if (type == kFisheye)
-    cv::fisheye::undistortPoints(pixels, points, K, cv::Vec4d(k[0], k[1], k[2], k[3]));
-  else
-    cv::undistortPoints(pixels, points, K,
-                        cv::Vec<double, 8>(k[0], k[1], camera.p1, camera.p2, k[2], k[3], k[4], k[5]));
-  return points;
+  CameraCalib calib;
+  calib.intrinsics = {camera.fx, camera.fy, camera.cx, camera.cy, k[0],      k[1],
+                      k[2],      k[3],      k[4],      k[5],      camera.p1, camera.p2};
+  return calib;
 }
 
-std::optional<diagnose::SeenPose> boardPose(const Camera& camera, int type,
-                                            const std::vector<polarline::BoardPoint>& board, const SeenBoard& seen) {
-  std::vector<cv::Point3d> places;
-  std::vector<cv::Point2d> pixels;
+CalibratedPair camerasOf(const polarline::Calibration& calibration) {
+  StereoCalibParams calib;
+  calib.left = calibOf(calibration.left);
+  calib.right = calibOf(calibration.right);
+  const bool is_fisheye = calibration.type == static_cast<int>(LensModel::kFisheye);
+  return {calib, is_fisheye ? LensModel::kFisheye : LensModel::kBrownEight};
+}
+
+std::optional<CameraPose> boardPose(const CalibratedCamera& camera, const std::vector<polarline::BoardPoint>& board,
+                                    const SeenBoard& seen) {
+  std::vector<PosePoint> points;
   for (const auto& [id, pixel] : seen.dots) {
     if (id < 0 || static_cast<std::size_t>(id) >= board.size()) continue;
     const polarline::BoardPoint& point = board[static_cast<std::size_t>(id)];
-    places.emplace_back(point.x, point.y, point.z);
-    pixels.push_back(pixel);
+    points.push_back({{point.x, point.y, point.z}, pixel});
   }
-  if (places.size() < kLeastDots) return std::nullopt;
-  cv::Vec3d turn;
-  diagnose::SeenPose pose;
-  if (!cv::solvePnP(places, normalised(camera, type, pixels), cv::Matx33d::eye(), cv::noArray(), turn, pose.T))
-    return std::nullopt;
-  cv::Rodrigues(turn, pose.R);
-  return pose;
+  return points.size() < kLeastDots ? std::nullopt : firstPose(camera, points);
 }
 
 }  // namespace
@@ -51,8 +47,9 @@ std::vector<polarline::Warning> judgeBaseline(const polarline::Calibration& cali
                                               const polarline::BoardDescription& board, const SeenBoard& left,
                                               const SeenBoard& right) {
   const std::vector<polarline::BoardPoint> points = polarline::boardPoints(board);
-  const auto a = boardPose(calibration.left, calibration.type, points, left);
-  const auto b = boardPose(calibration.right, calibration.type, points, right);
+  const CalibratedPair cameras = camerasOf(calibration);
+  const auto a = boardPose(cameras.left, points, left);
+  const auto b = boardPose(cameras.right, points, right);
   if (!a || !b) return {};
   const cv::Vec3d told(calibration.tx, calibration.ty, calibration.tz);
   const cv::Vec3d shown = diagnose::shownBaseline(*a, *b);

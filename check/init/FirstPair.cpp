@@ -8,20 +8,13 @@
 
 #include "Tallowfen/src/RingTarget.h"
 #include "platform/Console.h"
+#include "platform/Median.h"
 #include "polar/measure/ImageNormalisation.h"
 
 namespace init {
 namespace {
 
 using kestrune::RingTarget;
-
-/// The value that a share of the values lies below; 0 without values.
-double quantile(std::vector<double> values, double share) {
-  if (values.empty()) return 0.0;
-  const auto at = values.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(values.size() - 1));
-  std::nth_element(values.begin(), at, values.end());
-  return *at;
-}
 
 double numberedRadius(const RingTarget& target) {
   constexpr double kSmallest = 0.05;
@@ -30,7 +23,7 @@ double numberedRadius(const RingTarget& target) {
     const double area = dot.semi_a * dot.semi_b;
     if (dot.point_class == kestrune::morvenkit::kDot && area > 0.0) radii.push_back(std::sqrt(area));
   }
-  return quantile(std::move(radii), kSmallest);
+  return radii.empty() ? 0.0 : rank::quantile(std::move(radii), kSmallest);
 }
 
 /// Radii of the spots that are round, dark or bright: an estimate that asks for no board.
@@ -56,7 +49,7 @@ double estimatedRadius(const cv::Mat& grey, int expected_dots) {
   // Two spots a dot would be its two sides; more than that is texture.
   const auto count = static_cast<double>(radii.size());
   const bool is_board = count > 0.5 * expected_dots && count < 4.0 * expected_dots;
-  return is_board ? quantile(radii, 0.5) : 0.0;
+  return is_board ? rank::median(radii) : 0.0;
 }
 
 }  // namespace

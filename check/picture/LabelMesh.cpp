@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "platform/Median.h"
+
 namespace {
 
 using polarline::Detection;
@@ -23,10 +25,7 @@ double pitchOf(const Detection& detection) {
     if (dot.id == before.id + 1 && dot.row == before.row)
       distances.push_back(std::hypot(dot.x - before.x, dot.y - before.y));
   }
-  if (distances.empty()) return 0.0;
-  const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-  std::ranges::nth_element(distances, middle);
-  return *middle;
+  return distances.empty() ? 0.0 : rank::upperMedian(distances);
 }
 
 int meshFor(std::size_t dots, double pitch, double wanted) {

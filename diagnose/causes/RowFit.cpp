@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/Median.h"
+
 namespace {
 
 constexpr int kHuberSteps = 6;
@@ -37,9 +39,7 @@ double scaleOf(const Eigen::VectorXd& rows, const Eigen::VectorXd& sd) {
     if (std::isfinite(rows[k])) sizes.push_back(std::abs(rows[k]) / sd[k]);
   }
   if (sizes.empty()) return 1.0;
-  const auto middle = sizes.begin() + static_cast<std::ptrdiff_t>(sizes.size() / 2);
-  std::nth_element(sizes.begin(), middle, sizes.end());
-  return std::max(kSdOfMedian * *middle, kLeastScale / sd.mean());
+  return std::max(kSdOfMedian * rank::upperMedian(sizes), kLeastScale / sd.mean());
 }
 
 /// A dot that the misaligned lens does not see.

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "diagnose/quality/Median.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -45,7 +45,7 @@ double levelOf(const std::vector<NearPixel>& pixels, double from, double to) {
   for (const NearPixel& pixel : pixels) {
     if (pixel.reach >= from && pixel.reach < to) greys.push_back(pixel.grey);
   }
-  return median(std::move(greys));
+  return rank::median(std::move(greys));
 }
 
 /// Of a picture whose rows and columns lie so far apart, as far as the dot's own surround goes.

@@ -9,7 +9,7 @@
 #include "diagnose/quality/Coverage.h"
 #include "diagnose/quality/DotLook.h"
 #include "diagnose/quality/EdgeSpread.h"
-#include "diagnose/quality/Median.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -66,7 +66,7 @@ double medianOf(const std::vector<DotLook>& looks, const ValueOf& valueOf) {
   std::vector<double> values;
   values.reserve(looks.size());
   for (const DotLook& look : looks) values.push_back(valueOf(look));
-  return median(std::move(values));
+  return rank::median(std::move(values));
 }
 
 std::vector<DotLook> plainOf(std::vector<DotLook> looks) {
@@ -136,8 +136,8 @@ void measureWhole(const cv::Mat& grey, PictureQuality& quality) {
   }
   const auto full = std::ranges::count_if(greys, [&](double value) { return value >= quality.full_scale; });
   quality.saturated = static_cast<double>(full) / static_cast<double>(greys.size());
-  quality.dot = quantile(greys, kPart);
-  quality.ground = quantile(std::move(greys), 1.0 - kPart);
+  quality.dot = rank::quantile(greys, kPart);
+  quality.ground = rank::quantile(std::move(greys), 1.0 - kPart);
 }
 
 }  // namespace

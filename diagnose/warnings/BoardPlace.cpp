@@ -1,13 +1,12 @@
 #include "diagnose/warnings/BoardPlace.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <opencv2/calib3d.hpp>
 
-#include "diagnose/quality/Median.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -15,13 +14,6 @@ namespace {
 constexpr std::size_t kLeastDots = 8;
 /// More dots than these only take time: six numbers are sought.
 constexpr std::size_t kEnoughDots = 160;
-constexpr int kSteps = 12;
-constexpr double kSettled = 1e-8;
-
-struct Pose {
-  cv::Matx33d R;
-  cv::Vec3d T;
-};
 
 using Sights = std::vector<BoardSight>;
 
@@ -36,12 +28,11 @@ double pitchOf(const Sights& sights) {
     }
     nearest.push_back(least);
   }
-  return median(std::move(nearest));
+  return rank::median(std::move(nearest));
 }
 
-double errorAt(const CalibratedCamera& camera, const Pose& pose, const BoardSight& sight) {
-  const cv::Vec3d board(sight.board.x, sight.board.y, sight.board.z);
-  const auto pixel = camera.pixelOf(pose.R * board + pose.T);
+double errorAt(const CalibratedCamera& camera, const CameraPose& pose, const BoardSight& sight) {
+  const auto pixel = camera.pixelOf(pose.toCamera(sight.board));
   return pixel ? cv::norm(*pixel - sight.pixel) : std::numeric_limits<double>::infinity();
 }
 
@@ -53,7 +44,7 @@ Sights someOf(const Sights& sights) {
 }
 
 /// The nearest turn to a matrix whose columns are images of the board's axes.
-Pose poseOfHomography(cv::Matx33d H) {
+CameraPose poseOfHomography(cv::Matx33d H) {
   if (H(2, 2) < 0.0) H *= -1.0;  // The board's origin is in front of the camera.
   const cv::Vec3d a(H(0, 0), H(1, 0), H(2, 0));
   const cv::Vec3d b(H(0, 1), H(1, 1), H(2, 1));
@@ -69,7 +60,7 @@ Pose poseOfHomography(cv::Matx33d H) {
 
 /// A first pose, the dots that agreed on it, and what share of all they are.
 struct Start {
-  Pose pose;
+  CameraPose pose;
   Sights agreeing;
   double share = 0.0;
 };
@@ -98,82 +89,13 @@ std::optional<Start> startOf(const CalibratedCamera& camera, const Sights& sight
   return start;
 }
 
-using Six = cv::Vec<double, 6>;
-
-Pose moved(const Pose& pose, const Six& by) {
-  cv::Matx33d turn;
-  cv::Rodrigues(cv::Vec3d(by[0], by[1], by[2]), turn);
-  return {turn * pose.R, pose.T + cv::Vec3d(by[3], by[4], by[5])};
-}
-
-/// Residuals of all sights, x and y in turn; none where one is not seen.
-std::optional<std::vector<double>> residualsAt(const CalibratedCamera& camera, const Pose& pose, const Sights& sights) {
-  std::vector<double> residuals;
-  residuals.reserve(2 * sights.size());
-  for (const BoardSight& sight : sights) {
-    const auto pixel = camera.pixelOf(pose.R * cv::Vec3d(sight.board.x, sight.board.y, sight.board.z) + pose.T);
-    if (!pixel) return std::nullopt;
-    residuals.push_back(pixel->x - sight.pixel.x);
-    residuals.push_back(pixel->y - sight.pixel.y);
-  }
-  return residuals;
-}
-
-double squares(const std::vector<double>& values) {
-  double sum = 0.0;
-  for (const double value : values) sum += value * value;
-  return sum;
-}
-
-/// One solution of the normal equations, with numeric slopes.
-std::optional<Six> stepFrom(const CalibratedCamera& camera, const Pose& pose, const Sights& sights,
-                            const std::vector<double>& residuals, double damping) {
-  const double distance = cv::norm(pose.T);
-  std::array<std::vector<double>, 6> slopes;
-  for (std::size_t k = 0; k < slopes.size(); ++k) {
-    Six by = Six::all(0.0);
-    const double h = k < 3 ? 1e-6 : 1e-6 * distance;
-    by[static_cast<int>(k)] = h;
-    const auto there = residualsAt(camera, moved(pose, by), sights);
-    if (!there) return std::nullopt;
-    slopes.at(k).resize(residuals.size());
-    for (std::size_t n = 0; n < residuals.size(); ++n) slopes.at(k)[n] = ((*there)[n] - residuals[n]) / h;
-  }
-  cv::Matx<double, 6, 6> normal;
-  Six right;
-  for (std::size_t a = 0; a < slopes.size(); ++a) {
-    const int i = static_cast<int>(a);
-    right[i] = 0.0;
-    for (std::size_t n = 0; n < residuals.size(); ++n) right[i] -= slopes.at(a)[n] * residuals[n];
-    for (std::size_t b = 0; b < slopes.size(); ++b) {
-      double sum = 0.0;
-      for (std::size_t n = 0; n < residuals.size(); ++n) sum += slopes.at(a)[n] * slopes.at(b)[n];
-      normal(i, static_cast<int>(b)) = a == b ? sum * (1.0 + damping) : sum;
-    }
-  }
-  return Six(normal.solve(right, cv::DECOMP_LU));
-}
-
-Pose refined(const CalibratedCamera& camera, Pose pose, const Sights& sights) {
-  auto residuals = residualsAt(camera, pose, sights);
-  double damping = 1e-4;
-  for (int step = 0; residuals && step < kSteps; ++step) {
-    const auto by = stepFrom(camera, pose, sights, *residuals, damping);
-    if (!by) break;
-    const Pose next = moved(pose, *by);
-    const auto there = residualsAt(camera, next, sights);
-    if (!there || !(squares(*there) < squares(*residuals))) {
-      damping *= 30.0;
-      continue;
-    }
-    const double gained = squares(*residuals) - squares(*there);
-    const bool settled = gained <= kSettled * squares(*residuals);
-    pose = next;
-    residuals = there;
-    damping *= 0.1;
-    if (settled) break;
-  }
-  return pose;
+/// By least squares in the picture, if that is to be had.
+CameraPose refined(const CalibratedCamera& camera, const CameraPose& start, const Sights& sights) {
+  std::vector<PosePoint> points;
+  points.reserve(sights.size());
+  for (const BoardSight& sight : sights) points.push_back({sight.board, sight.pixel});
+  const auto fitted = fitPose(camera, start, points);
+  return fitted ? fitted->pose : start;
 }
 
 /// Root mean square of the errors below a bound; not a number without any.
@@ -196,7 +118,7 @@ std::optional<BoardPlace> placeBoard(const CalibratedCamera& camera, const std::
   place.pitch = pitchOf(sights);
   const auto start = startOf(camera, someOf(sights), place.pitch);
   if (!start) return std::nullopt;
-  const Pose pose = start->agreeing.size() < kLeastDots ? start->pose : refined(camera, start->pose, start->agreeing);
+  const CameraPose pose = refined(camera, start->pose, start->agreeing);
   place.R = pose.R;
   place.T = pose.T;
   place.on_grid = start->share;

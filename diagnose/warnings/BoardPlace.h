@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "camera/CalibratedCamera.h"
+#include "camera/PoseFit.h"
 
 namespace diagnose {
 
@@ -29,7 +30,7 @@ struct BoardPlace {
 };
 
 /// Fits the pose: the homography from the board to the ideal image plane as a start (Zhang 2000), then least squares
-/// in the picture through the lens (Levenberg and Marquardt), over the dots that agree. None where too few dots do, or
+/// in the picture through the lens (`fitPose`), over the dots that agree. None where too few dots do, or
 /// the lens does not see them.
 std::optional<BoardPlace> placeBoard(const CalibratedCamera& camera, const std::vector<BoardSight>& sights);
 

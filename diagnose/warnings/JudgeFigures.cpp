@@ -6,10 +6,10 @@
 #include <string_view>
 #include <utility>
 
-#include "diagnose/quality/Median.h"
 #include "diagnose/warnings/Codes.h"
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -29,7 +29,7 @@ std::optional<double> middleOf(const Looks& looks, const ValueOf& valueOf) {
     if (const std::optional<double> value = valueOf(pair)) values.push_back(*value);
   }
   if (values.empty()) return std::nullopt;
-  return median(std::move(values));
+  return rank::median(std::move(values));
 }
 
 std::optional<polarline::Warning> fisheye(const SetFacts& facts, const Looks& looks, const AskedLimits& limits) {

@@ -5,13 +5,13 @@
 #include <string>
 #include <utility>
 
-#include "diagnose/quality/Median.h"
 #include "diagnose/warnings/Codes.h"
 #include "diagnose/warnings/Findings.h"
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/OtherPictures.h"
 #include "diagnose/warnings/ShownBaseline.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -63,7 +63,7 @@ std::string textOf(const SideLook& side, const Explained& explained) {
                      explained.text);
 }
 
-std::optional<polarline::Warning> judgeMisfits(const CameraPair& cameras, const Looks& looks) {
+std::optional<polarline::Warning> judgeMisfits(const CalibratedPair& cameras, const Looks& looks) {
   std::vector<Misfit> found = misfits(looks);
   if (found.empty()) return std::nullopt;
   // The first of the worst, as the watch keeps the dots of that one.
@@ -81,7 +81,7 @@ std::optional<polarline::Warning> judgeMisfits(const CameraPair& cameras, const 
 
 /// Where the cameras stand is one for all pairs: if some show it as it is told, what is wrong with the others is the
 /// pictures.
-std::optional<polarline::Warning> judgeSides(const CameraPair& cameras, const Looks& looks) {
+std::optional<polarline::Warning> judgeSides(const CalibratedPair& cameras, const Looks& looks) {
   std::vector<Finding> findings;
   std::string code;
   std::size_t agree = 0;
@@ -105,7 +105,7 @@ struct SetScale {
   double by_poses = 1.0;
 };
 
-std::optional<SetScale> scaleOfSet(const CameraPair& cameras, const Looks& looks) {
+std::optional<SetScale> scaleOfSet(const CalibratedPair& cameras, const Looks& looks) {
   std::vector<double> slopes;
   std::vector<double> by_poses;
   double within = 0.0;
@@ -117,14 +117,14 @@ std::optional<SetScale> scaleOfSet(const CameraPair& cameras, const Looks& looks
   }
   if (slopes.empty()) return std::nullopt;
   SetScale set;
-  set.triangulated = median(slopes);
-  set.by_poses = median(by_poses);
-  const double between = slopes.size() < 2 ? 0.0 : spreadAround(slopes, set.triangulated);
+  set.triangulated = rank::median(slopes);
+  set.by_poses = rank::median(by_poses);
+  const double between = slopes.size() < 2 ? 0.0 : rank::spreadAround(slopes, set.triangulated);
   set.error = std::max(within, between) / std::sqrt(static_cast<double>(slopes.size()));
   return set;
 }
 
-std::optional<polarline::Warning> judgeScale(const CameraPair& cameras, const Looks& looks) {
+std::optional<polarline::Warning> judgeScale(const CalibratedPair& cameras, const Looks& looks) {
   const auto scale = scaleOfSet(cameras, looks);
   if (!scale) return std::nullopt;
   const double off = scale->triangulated - 1.0;
@@ -132,7 +132,7 @@ std::optional<polarline::Warning> judgeScale(const CameraPair& cameras, const Lo
   const bool agrees = std::abs(scale->by_poses - scale->triangulated) < thresholds::kScaleAgrees * std::abs(off);
   if (!is_off || !agrees) return std::nullopt;
   return warning("scale_wrong",
-                 fmt::format("Distances come out {:.2f} % (standard error {:.2f}) {} than they are: the board's dots "
+                 fmt::format("Distances come out {:.2f} % (standard error {:.2g}) {} than they are: the board's dots "
                              "stand that much {} than they are described, or the baseline told is that much too {}",
                              100.0 * std::abs(off), 100.0 * scale->error, off > 0.0 ? "larger" : "smaller",
                              off > 0.0 ? "farther apart" : "nearer", off > 0.0 ? "long" : "short"));
@@ -140,7 +140,7 @@ std::optional<polarline::Warning> judgeScale(const CameraPair& cameras, const Lo
 
 }  // namespace
 
-Warnings judgeGeometry(const SetFacts& facts, const std::optional<CameraPair>& cameras, const Looks& looks) {
+Warnings judgeGeometry(const SetFacts& facts, const std::optional<CalibratedPair>& cameras, const Looks& looks) {
   Warnings warnings;
   if (!cameras || facts.board.empty()) return warnings;
   const auto add = [&](std::optional<polarline::Warning> one) {

@@ -6,11 +6,11 @@
 #include <optional>
 
 #include "diagnose/quality/Coverage.h"
-#include "diagnose/quality/Median.h"
 #include "diagnose/warnings/Codes.h"
 #include "diagnose/warnings/Findings.h"
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -71,9 +71,9 @@ std::optional<Finding> farthest(const Looks& looks, const Watched& watched) {
     if (found != pair.figures.end() && std::isfinite(found->second)) values.push_back(found->second);
   }
   if (values.size() < thresholds::kLeastPairs) return std::nullopt;
-  const double middle = median(values);
+  const double middle = rank::median(values);
   const double most = std::max({thresholds::kStandsOutTimes * middle, middle + watched.free,
-                                middle + thresholds::kStandsOutSpreads * spreadAround(values, middle)});
+                                middle + thresholds::kStandsOutSpreads * rank::spreadAround(values, middle)});
   std::optional<Finding> worst;
   for (const PairLook& pair : looks) {
     const auto found = pair.figures.find(watched.name);

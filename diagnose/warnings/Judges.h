@@ -13,7 +13,7 @@ using Looks = std::vector<PairLook>;
 using Warnings = std::vector<polarline::Warning>;
 
 /// Board, calibration and sides that do not belong to the pictures.
-Warnings judgeGeometry(const SetFacts& facts, const std::optional<CameraPair>& cameras, const Looks& looks);
+Warnings judgeGeometry(const SetFacts& facts, const std::optional<CalibratedPair>& cameras, const Looks& looks);
 /// Dots that are missing, or none.
 Warnings judgeDots(const SetFacts& facts, const Looks& looks);
 /// Light, sharpness.

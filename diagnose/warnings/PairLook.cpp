@@ -5,10 +5,10 @@
 
 #include "diagnose/quality/Coverage.h"
 #include "diagnose/quality/MeasureQuality.h"
-#include "diagnose/quality/Median.h"
 #include "diagnose/warnings/RowNoise.h"
 #include "diagnose/warnings/ShownBaseline.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 namespace {
@@ -46,7 +46,7 @@ std::vector<BoardSight> sightsOf(const SetFacts& facts, const Dots& dots, std::s
 std::vector<GhostDot> ghostsOf(const std::vector<BoardSight>& sights, const BoardPlace& place) {
   std::vector<double> errors = place.errors;
   const double most = std::max({thresholds::kGhostPixels, thresholds::kGhostOfPitch * place.pitch,
-                                thresholds::kGhostSpreads * median(std::move(errors))});
+                                thresholds::kGhostSpreads * rank::median(std::move(errors))});
   std::vector<GhostDot> ghosts;
   for (std::size_t k = 0; k < sights.size(); ++k) {
     if (place.errors[k] > most) ghosts.push_back({sights[k].id, place.errors[k]});
@@ -70,7 +70,7 @@ bool isGood(const SideLook& side) {
          side.place->rms <= mostMisfit(side.size.width);
 }
 
-std::optional<Slope> scaleIn(const SetFacts& facts, const CameraPair& cameras, const Dots& dots) {
+std::optional<Slope> scaleIn(const SetFacts& facts, const CalibratedPair& cameras, const Dots& dots) {
   std::vector<cv::Vec3d> measured;
   std::vector<cv::Vec3d> truth;
   for (const SharedDot& dot : dots) {
@@ -85,7 +85,7 @@ std::optional<Slope> scaleIn(const SetFacts& facts, const CameraPair& cameras, c
 }
 
 /// How far the run's own triangulation of the raw pair is off what the lenses say.
-std::optional<double> rawOffset(const SetFacts& facts, const CameraPair& cameras, const PairObservation& seen) {
+std::optional<double> rawOffset(const SetFacts& facts, const CalibratedPair& cameras, const PairObservation& seen) {
   std::vector<double> shares;
   for (std::size_t k = 0; k < seen.raw.size() && k < seen.positions.size(); ++k) {
     const auto point =
@@ -95,7 +95,7 @@ std::optional<double> rawOffset(const SetFacts& facts, const CameraPair& cameras
     shares.push_back(cv::norm(found - *point) / cv::norm(*point));
   }
   if (shares.empty()) return std::nullopt;
-  return median(std::move(shares));
+  return rank::median(std::move(shares));
 }
 
 std::optional<double> noiseOfRows(const SetFacts& facts, const PairObservation& seen) {
@@ -113,7 +113,7 @@ void lookAtPicture(const SetFacts& facts, const cv::Mat& picture, const std::vec
   side.outline = boardOutline(dotFrames(dots, facts.grid));
 }
 
-void lookAtGeometry(const SetFacts& facts, const CameraPair& cameras, const Dots& dots, PairLook& look) {
+void lookAtGeometry(const SetFacts& facts, const CalibratedPair& cameras, const Dots& dots, PairLook& look) {
   placeSide(cameras.left, sightsOf(facts, dots, 0), look.sides[0]);
   placeSide(cameras.right, sightsOf(facts, dots, 1), look.sides[1]);
   if (!isGood(look.sides[0]) || !isGood(look.sides[1])) return;
@@ -135,12 +135,12 @@ bool isMisfit(const SideLook& side) {
 
 double mostMisfit(int width) { return std::max(thresholds::kMisfit, thresholds::kMisfitOfWidth * width); }
 
-std::optional<CameraPair> camerasOf(const SetFacts& facts) {
+std::optional<CalibratedPair> camerasOf(const SetFacts& facts) {
   if (!facts.calib) return std::nullopt;
-  return cameraPair(*facts.calib, facts.model);
+  return CalibratedPair(*facts.calib, facts.model);
 }
 
-PairLook lookAtPair(const SetFacts& facts, const std::optional<CameraPair>& cameras, const PairView& view) {
+PairLook lookAtPair(const SetFacts& facts, const std::optional<CalibratedPair>& cameras, const PairView& view) {
   PairLook look;
   look.index = view.index;
   for (const char* name : kWatchedFigures) {

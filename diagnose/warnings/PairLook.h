@@ -67,9 +67,9 @@ struct PairLook {
 };
 
 /// Cameras of the facts; made once a run.
-std::optional<CameraPair> camerasOf(const SetFacts& facts);
+std::optional<CalibratedPair> camerasOf(const SetFacts& facts);
 
-PairLook lookAtPair(const SetFacts& facts, const std::optional<CameraPair>& cameras, const PairView& view);
+PairLook lookAtPair(const SetFacts& facts, const std::optional<CalibratedPair>& cameras, const PairView& view);
 
 /// Whether the board, as described, does not meet the dots through the lens; not of a board that is seen from behind.
 bool isMisfit(const SideLook& side);

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "diagnose/quality/Median.h"
+#include "platform/Median.h"
 
 namespace diagnose {
 
@@ -24,7 +24,7 @@ std::optional<double> rowNoise(const std::map<std::int32_t, double>& rows, int c
   }
   if (apart.size() < kLeast) return std::nullopt;
   // A value against the mean of four others has 1 + 1/4 of its variance.
-  return spreadAround(std::move(apart), 0.0) / std::sqrt(1.25);
+  return rank::spreadAround(std::move(apart), 0.0) / std::sqrt(1.25);
 }
 
 }  // namespace diagnose

@@ -1,10 +1,7 @@
 #include "diagnose/warnings/Scale.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-
-#include "camera/CameraMatrices.h"
 
 namespace diagnose {
 namespace {
@@ -19,14 +16,8 @@ cv::Vec3d meanOf(const std::vector<cv::Vec3d>& points) {
 
 }  // namespace
 
-CameraPair cameraPair(const StereoCalibParams& calib, LensModel model) {
-  const auto& e = calib.extrinsics;
-  const cv::Mat R = EulerToRotation({static_cast<float>(e[0]), static_cast<float>(e[1]), static_cast<float>(e[2])});
-  return {CalibratedCamera(calib, 0, model), CalibratedCamera(calib, 1, model), cv::Matx33d(R),
-          cv::Vec3d(e[3], e[4], e[5])};
-}
-
-std::optional<cv::Vec3d> triangulated(const CameraPair& cameras, const cv::Point2d& left, const cv::Point2d& right) {
+std::optional<cv::Vec3d> triangulated(const CalibratedPair& cameras, const cv::Point2d& left,
+                                      const cv::Point2d& right) {
   const auto ideal_left = cameras.left.idealOf(left);
   const auto ideal_right = cameras.right.idealOf(right);
   if (!ideal_left || !ideal_right) return std::nullopt;

@@ -4,22 +4,12 @@
 #include <optional>
 #include <vector>
 
-#include "camera/CalibratedCamera.h"
-#include "input/StereoCalibParams.h"
+#include "camera/CalibratedPair.h"
 
 namespace diagnose {
 
-/// Two cameras, and the way from the left to the right one: X_right = R X_left + T.
-struct CameraPair {
-  CalibratedCamera left, right;
-  cv::Matx33d R;
-  cv::Vec3d T;
-};
-
-CameraPair cameraPair(const StereoCalibParams& calib, LensModel model);
-
 /// The point in the middle between two rays, left camera frame; none where they are parallel or a lens does not see it.
-std::optional<cv::Vec3d> triangulated(const CameraPair& cameras, const cv::Point2d& left, const cv::Point2d& right);
+std::optional<cv::Vec3d> triangulated(const CalibratedPair& cameras, const cv::Point2d& left, const cv::Point2d& right);
 
 /// A slope of measured on true distances, and its standard error.
 struct Slope {

@@ -7,7 +7,9 @@
 
 namespace diagnose {
 
-cv::Vec3d shownBaseline(const SeenPose& left, const SeenPose& right) { return right.T - right.R * left.R.t() * left.T; }
+cv::Vec3d shownBaseline(const CameraPose& left, const CameraPose& right) {
+  return right.T - right.R * left.R.t() * left.T;
+}
 
 std::optional<polarline::Warning> judgeBaseline(const cv::Vec3d& shown, const cv::Vec3d& told, int pair) {
   const double ratio = cv::norm(shown) / cv::norm(told);

@@ -3,18 +3,13 @@
 #include <opencv2/core.hpp>
 #include <optional>
 
+#include "camera/PoseFit.h"
 #include "polarline/warning.h"
 
 namespace diagnose {
 
-/// A board's pose before a camera: X_camera = R X_board + T.
-struct SeenPose {
-  cv::Matx33d R;
-  cv::Vec3d T;
-};
-
-/// The way between the cameras that two poses of one board show: T of X_right = R X_left + T, board unit.
-cv::Vec3d shownBaseline(const SeenPose& left, const SeenPose& right);
+/// The way between the cameras that two poses of one board before them show: T of X_right = R X_left + T, board unit.
+cv::Vec3d shownBaseline(const CameraPose& left, const CameraPose& right);
 
 /// Compares it with the one that the calibration tells: another length means other units ("baseline_unit"), another
 /// direction exchanged sides ("sides_exchanged").

@@ -31,7 +31,7 @@ class Watch {
   void keepWorstSights();
 
   SetFacts facts_;
-  std::optional<CameraPair> cameras_;
+  std::optional<CalibratedPair> cameras_;
   std::vector<PairLook> looks_;
   std::optional<std::pair<std::size_t, std::size_t>> worst_;  ///< Look and side of the largest misfit.
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "refine/board/BoardSlope.h"
 #include "refine/outline/Outline.h"
 
 namespace refine {
@@ -17,7 +18,7 @@ using Contour = std::array<cv::Point2d, kPoints>;
 using Matx55 = cv::Matx<double, 5, 5>;
 using Vec5 = cv::Vec<double, 5>;
 
-std::optional<Contour> contourOf(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
+std::optional<Contour> contourOf(const CalibratedCamera& camera, const CameraPose& pose, const cv::Point3d& board,
                                  double radius) {
   Contour contour;
   for (std::size_t k = 0; k < kPoints; ++k) {
@@ -56,7 +57,7 @@ std::optional<double> stepTowards(const Contour& contour, Outline& outline) {
 
 }  // namespace
 
-std::optional<cv::Point2d> contourBias(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
+std::optional<cv::Point2d> contourBias(const CalibratedCamera& camera, const CameraPose& pose, const cv::Point3d& board,
                                        double radius) {
   const auto centre = camera.pixelOf(pose.toCamera(board));
   const auto contour = contourOf(camera, pose, board, radius);

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "refine/board/BoardPose.h"
+#include "camera/PoseFit.h"
 
 namespace refine {
 
@@ -10,7 +10,7 @@ namespace refine {
 /// whole lens, with the estimator that the dots are measured with, an ellipse fitted to the outline by its dual conic
 /// with all parts of the outline alike. For a pinhole this is what Heikkila (2000) tells. None where the circle is not
 /// whole in front of the camera.
-std::optional<cv::Point2d> contourBias(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
+std::optional<cv::Point2d> contourBias(const CalibratedCamera& camera, const CameraPose& pose, const cv::Point3d& board,
                                        double radius);
 
 }  // namespace refine

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/Median.h"
+
 namespace refine {
 namespace {
 
@@ -35,9 +37,7 @@ LightField::LightField(const std::vector<PaperGrey>& places) {
     if (place.grey > 0.0)
       errors.push_back(std::abs(std::log(place.grey) - terms_.dot(termsAt((place.pixel - middle_) / unit_))));
   }
-  const auto median = errors.begin() + static_cast<std::ptrdiff_t>(errors.size() / 2);
-  std::nth_element(errors.begin(), median, errors.end());
-  fit(places, kFarOff * *median + 1e-9);
+  fit(places, kFarOff * rank::upperMedian(errors) + 1e-9);
 }
 
 bool LightField::fit(const std::vector<PaperGrey>& places, double limit) {

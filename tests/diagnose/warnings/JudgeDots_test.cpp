@@ -16,7 +16,7 @@ TEST(JudgeDotsOfBoards, TellsDotsThatTheBoardDoesNotHave) {
 TEST(JudgeDotsOfBoards, TellsAGhost) {
   WatchedScene scene;
   scene.spoilSeen = [](PairObservation& seen, std::size_t) { seen.raw.at(40).left.x += 4.0F; };
-  expectOnly(scene, "ghost_dots", "Dot 40 stands 3.9");
+  expectOnly(scene, "ghost_dots", "Dot 40 stands 4.0");
 }
 
 TEST(JudgeDotsOfBoards, TellsThatMostDotsAreMissing) {

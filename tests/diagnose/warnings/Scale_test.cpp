@@ -52,7 +52,7 @@ TEST(ScaleTriangulation, FindsWhereTheSceneHasItsDots) {
     WatchedScene watched(rig);
     watched.tellFacts();
     watched.scene.left_from_board.push_back(scene::fitPose(rig, watched.scene.board, {6.0, -9.0, 3.0, 0.9}));
-    const CameraPair cameras = cameraPair(*watched.facts.calib, watched.facts.model);
+    const CalibratedPair cameras(*watched.facts.calib, watched.facts.model);
     for (const scene::DotTruth& dot : scene::pairTruth(watched.scene, 0).dots) {
       const auto point =
           triangulated(cameras, {dot.pixel_left.x, dot.pixel_left.y}, {dot.pixel_right.x, dot.pixel_right.y});
@@ -65,7 +65,7 @@ TEST(ScaleTriangulation, FindsWhereTheSceneHasItsDots) {
 TEST(ScaleTriangulation, KnowsNoPointOfParallelRays) {
   WatchedScene watched(scene::rectifiedRig({320, 256, 60.0}));
   watched.tellFacts();
-  const CameraPair cameras = cameraPair(*watched.facts.calib, watched.facts.model);
+  const CalibratedPair cameras(*watched.facts.calib, watched.facts.model);
   EXPECT_FALSE(triangulated(cameras, {100.0, 100.0}, {100.0, 100.0}));
 }
 

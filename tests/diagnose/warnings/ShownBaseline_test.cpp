@@ -10,11 +10,11 @@ namespace {
 TEST(ShownBaseline, IsTheWayFromLeftToRight) {
   cv::Matx33d turn;
   cv::Rodrigues(cv::Vec3d(0.1, -0.2, 0.05), turn);
-  const SeenPose left{turn, {10.0, 20.0, 500.0}};
+  const CameraPose left{turn, {10.0, 20.0, 500.0}};
   cv::Matx33d between;
   cv::Rodrigues(cv::Vec3d(0.01, 0.02, -0.03), between);
   const cv::Vec3d way(-60.0, 1.0, 2.0);
-  const SeenPose right{between * turn, between * left.T + way};  // X_right = R X_left + T.
+  const CameraPose right{between * turn, between * left.T + way};  // X_right = R X_left + T.
   EXPECT_NEAR(cv::norm(shownBaseline(left, right) - way), 0.0, 1e-9);
 }
 

@@ -14,8 +14,8 @@ namespace {
 const scene::Pose kPose{scene::rotationFromAngles({0.6, -0.3, 0.1}), {20.0, -30.0, 300.0}};
 constexpr double kRadius = 8.0;
 
-refine::BoardPose libraryPose() {
-  refine::BoardPose pose;
+CameraPose libraryPose() {
+  CameraPose pose;
   for (int row = 0; row < 3; ++row) {
     for (int column = 0; column < 3; ++column)
       pose.R(row, column) = kPose.rotation.values[static_cast<std::size_t>(3 * row + column)];
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Models, ContourCentreLens,
 
 TEST(ContourCentreBias, IsNoneOfACircleBehindTheCamera) {
   const scene::Camera camera = scene::brownRig({640, 512, 60.0}).left;
-  const refine::BoardPose behind{cv::Matx33d::eye(), {0.0, 0.0, -10.0}};
+  const CameraPose behind{cv::Matx33d::eye(), {0.0, 0.0, -10.0}};
   EXPECT_FALSE(refine::contourBias(accuracy::calibratedCamera(camera), behind, {0.0, 0.0, 0.0}, 1.0));
 }
 

@@ -1,10 +1,10 @@
-#include "refine/board/BoardPose.h"
+#include "camera/PoseFit.h"
 
-#include <algorithm>
 #include <cmath>
 #include <opencv2/calib3d.hpp>
 
-namespace refine {
+#include "platform/Median.h"
+
 namespace {
 
 constexpr std::size_t kFewest = 6;
@@ -33,7 +33,7 @@ std::optional<cv::Matx23d> slopeInCamera(const CalibratedCamera& camera, const c
 }
 
 /// Distances of the points from where the pose images them; not a number where it does not.
-void measureErrors(const CalibratedCamera& camera, const BoardPose& pose, const std::vector<SeenPoint>& points,
+void measureErrors(const CalibratedCamera& camera, const CameraPose& pose, const std::vector<PosePoint>& points,
                    std::vector<cv::Vec2d>& errors) {
   for (std::size_t k = 0; k < points.size(); ++k) {
     const auto pixel = camera.pixelOf(pose.toCamera(points[k].board));
@@ -50,9 +50,7 @@ double limitOf(const std::vector<cv::Vec2d>& errors, std::vector<double>& length
     if (std::isfinite(length)) lengths.push_back(length);
   }
   if (lengths.empty()) return 0.0;
-  const auto middle = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);
-  std::nth_element(lengths.begin(), middle, lengths.end());
-  return kFarOff * *middle + kLeastOff;
+  return kFarOff * rank::upperMedian(lengths) + kLeastOff;
 }
 
 struct PoseSums {
@@ -80,7 +78,7 @@ Matx26 slopeByPose(const cv::Matx23d& slope, const cv::Vec3d& turned) {
   return result;
 }
 
-cv::Matx33d rotationOf(const cv::Vec3d& turn) {
+cv::Matx33d turnedBy(const cv::Vec3d& turn) {
   cv::Matx33d R;
   cv::Rodrigues(turn, R);
   return R;
@@ -88,10 +86,10 @@ cv::Matx33d rotationOf(const cv::Vec3d& turn) {
 
 }  // namespace
 
-std::optional<BoardPose> firstPose(const CalibratedCamera& camera, const std::vector<SeenPoint>& points) {
+std::optional<CameraPose> firstPose(const CalibratedCamera& camera, const std::vector<PosePoint>& points) {
   std::vector<cv::Point3d> board;
   std::vector<cv::Point2d> ideal;
-  for (const SeenPoint& point : points) {
+  for (const PosePoint& point : points) {
     const auto seen = camera.idealOf(point.pixel);
     if (!seen) continue;
     board.push_back(point.board);
@@ -104,15 +102,15 @@ std::optional<BoardPose> firstPose(const CalibratedCamera& camera, const std::ve
   } catch (const cv::Exception&) {  // Points on a line have no pose.
     return std::nullopt;
   }
-  const BoardPose pose{rotationOf(turn), T};
+  const CameraPose pose{turnedBy(turn), T};
   for (const cv::Point3d& point : board) {
     if (!(pose.toCamera(point)[2] > 0.0)) return std::nullopt;
   }
   return pose;
 }
 
-std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const BoardPose& start,
-                                  const std::vector<SeenPoint>& points) {
+std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const CameraPose& start,
+                                  const std::vector<PosePoint>& points) {
   if (points.size() < kFewest) return std::nullopt;
   FittedPose fitted{start};
   std::vector<cv::Vec2d> errors(points.size());
@@ -137,21 +135,9 @@ std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const BoardPos
     Vec6 move;
     if (!cv::solve(sums.normal, sums.right, move, cv::DECOMP_CHOLESKY)) return std::nullopt;
     const cv::Vec3d turn(move[0], move[1], move[2]), shift(move[3], move[4], move[5]);
-    fitted.pose.R = rotationOf(turn) * fitted.pose.R;
+    fitted.pose.R = turnedBy(turn) * fitted.pose.R;
     fitted.pose.T += shift;
     if (cv::norm(turn) + cv::norm(shift) / cv::norm(fitted.pose.T) < kSettled) break;
   }
   return fitted;
 }
-
-std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const BoardPose& pose, const cv::Point3d& board,
-                                        double step) {
-  const auto right = camera.pixelOf(pose.toCamera(board + cv::Point3d(step, 0, 0)));
-  const auto left = camera.pixelOf(pose.toCamera(board - cv::Point3d(step, 0, 0)));
-  const auto below = camera.pixelOf(pose.toCamera(board + cv::Point3d(0, step, 0)));
-  const auto above = camera.pixelOf(pose.toCamera(board - cv::Point3d(0, step, 0)));
-  if (!right || !left || !below || !above) return std::nullopt;
-  return cv::Matx22d(right->x - left->x, below->x - above->x, right->y - left->y, below->y - above->y) * (0.5 / step);
-}
-
-}  // namespace refine
