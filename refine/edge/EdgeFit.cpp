@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Median.h"
 #include "refine/edge/EdgePixels.h"
 
 namespace refine {
@@ -53,18 +54,16 @@ NoiseLevel noiseOfResiduals(const EdgeModel& model, EdgeFitting& work) {
   }
   NoiseLevel noise;
   if (work.sorted.empty()) return noise;
-  const auto middle = work.sorted.begin() + static_cast<std::ptrdiff_t>(work.sorted.size() / 2);
-  std::nth_element(work.sorted.begin(), middle, work.sorted.end());
+  const float middle = rank::upperMedian(work.sorted);
   const double least = kLeastScale * std::abs(model.paper - model.ink);
-  noise.base = std::pow(std::max(kMedianToSigma * static_cast<double>(*middle), least), 2);
+  noise.base = std::pow(std::max(kMedianToSigma * static_cast<double>(middle), least), 2);
   return noise;
 }
 
-/// Evaluates the model: residuals and their weights, for a `first` guess with room for what it is off by. The noise
+/// Residuals of the evaluated model and their weights, for a `first` guess with room for what it is off by. The noise
 /// that they were weighted with.
 NoiseLevel weigh(const EdgeModel& model, bool first, EdgeFitting& work) {
-  EdgeTable& table = work.table;
-  table.evaluate(model);
+  const EdgeTable& table = work.table;
   const Eigen::Index n = table.size();
   if (work.residuals.size() < n) {
     work.residuals.resize(2 * n);
@@ -145,6 +144,7 @@ std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work) {
   if (work.table.size() < 2 * unknowns) return std::nullopt;
   if (start.paper == start.ink && !guessGreys(fit.model, work.table)) return std::nullopt;
   std::optional<cv::Point2d> sampled;
+  work.table.evaluate(fit.model);
   for (int step = 0; step < kSteps; ++step) {
     const NoiseLevel noise = weigh(fit.model, step == 0, work);
     const NormalEquations equations = normalEquations(unknowns, work);
@@ -159,7 +159,10 @@ std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work) {
       sampled = fit.model.outline.centre;
       continue;
     }
-    if ((step == 0 || *length > kSettled) && step + 1 < kSteps) continue;  // The first step's weights are a guess.
+    if ((step == 0 || *length > kSettled) && step + 1 < kSteps) {  // The first step's weights are a guess.
+      work.table.evaluate(fit.model);
+      continue;
+    }
     using Unit = Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2>;
     const Unit inverse = solver.solve(Unit::Identity(unknowns, 2));
     fit.covariance = {inverse(0, 0), inverse(0, 1), inverse(1, 0), inverse(1, 1)};

@@ -44,6 +44,16 @@ inline float shareOf(float t, float a, float b) {
   return std::clamp(area / (wide * high), 0.0F, 1.0F);
 }
 
+/// Half the way from the first to the last column of a row whose pixels lie wholly within the innermost edge.
+float wholeWithin(const EdgeModel& model, double dy) {
+  constexpr double kHalfDiagonal = 0.75;
+  double least = model.outline.leastRadius();
+  for (std::size_t k = 0; k < model.edges; ++k)
+    least = std::min(least, model.ratio[k] * model.outline.leastRadius() - cv::norm(model.offset[k]));
+  const double hollow = std::max(least - kHalfDiagonal, 0.0);
+  return static_cast<float>(std::sqrt(std::max(hollow * hollow - dy * dy, 0.0)));
+}
+
 /// Share of ink of a row of pixels.
 void coverRow(const EdgeModel& model, int first_column, int row, cv::Mat& covered, int to_row) {
   const Outline& outline = model.outline;
@@ -51,9 +61,15 @@ void coverRow(const EdgeModel& model, int first_column, int row, cv::Mat& covere
              yy = static_cast<float>(outline.yy);
   const auto left = static_cast<float>(first_column - outline.centre.x);
   const auto dy = static_cast<float>(row - outline.centre.y);
+  const float whole = wholeWithin(model, row - outline.centre.y);
+  const float innermost = model.edges % 2 == 0 ? 0.0F : 1.0F;
   auto* const to = covered.ptr<float>(to_row);
   for (int column = 0; column < covered.cols; ++column) {
     const float dx = left + static_cast<float>(column);
+    if (std::abs(dx) < whole) {
+      to[column] = innermost;
+      continue;
+    }
     const float mx = yy * dx - xy * dy, my = xx * dy - xy * dx;
     const float by_length = 1.0F / std::sqrt(mx * mx + my * my + 1e-20F);
     const float nx = mx * by_length, ny = my * by_length;
@@ -70,12 +86,23 @@ void coverRow(const EdgeModel& model, int first_column, int row, cv::Mat& covere
   }
 }
 
-/// Both sides of the middle, `stride` apart.
-inline float filtered(const float* middle, std::ptrdiff_t stride, const Filter& filter) {
+/// Both sides of the middle.
+inline float filtered(const float* middle, const Filter& filter) {
   float sum = filter.weight[0] * middle[0];
-  for (int k = 1; k <= filter.reach; ++k)
-    sum += filter.weight[static_cast<std::size_t>(k)] * (middle[-k * stride] + middle[k * stride]);
+  for (int k = 1; k <= filter.reach; ++k) sum += filter.weight[static_cast<std::size_t>(k)] * (middle[-k] + middle[k]);
   return sum;
+}
+
+/// A row of the picture filtered down its columns; row by row, so that one instruction works on several columns.
+void filterDown(const cv::Mat& covered, int row, const Filter& filter, float* to) {
+  const auto* const middle = covered.ptr<float>(row);
+  for (int column = 0; column < covered.cols; ++column) to[column] = filter.weight[0] * middle[column];
+  for (int k = 1; k <= filter.reach; ++k) {
+    const float weight = filter.weight[static_cast<std::size_t>(k)];
+    const auto* const above = covered.ptr<float>(row - k);
+    const auto* const below = covered.ptr<float>(row + k);
+    for (int column = 0; column < covered.cols; ++column) to[column] += weight * (above[column] + below[column]);
+  }
 }
 
 void grow(cv::Mat& memory, const cv::Size& size) {
@@ -99,16 +126,11 @@ void takeOffSampling(const EdgeModel& model, EdgeTable& table, SampledBlurMemory
   for (cv::Mat* mat : {&memory.covered, &memory.down}) grow(*mat, size);
   cv::Mat covered = memory.covered(cv::Rect({0, 0}, size)), down = memory.down(cv::Rect({0, 0}, size));
   for (int row = 0; row < size.height; ++row) coverRow(model, low.x - reach, low.y - reach + row, covered, row);
-  const auto stride = static_cast<std::ptrdiff_t>(covered.step1());
-  for (int row = reach; row < size.height - reach; ++row) {
-    const auto* const from = covered.ptr<float>(row);
-    auto* const to = down.ptr<float>(row);
-    for (int column = 0; column < size.width; ++column) to[column] = filtered(from + column, stride, filter);
-  }
+  for (int row = reach; row < size.height - reach; ++row) filterDown(covered, row, filter, down.ptr<float>(row));
   const auto step = static_cast<float>(model.ink - model.paper), paper = static_cast<float>(model.paper);
   for (Eigen::Index i = 0; i < table.size(); ++i) {
     const cv::Point at = table.pixel(i) - low;
-    const float share = filtered(down.ptr<float>(at.y + reach) + at.x + reach, 1, filter);
+    const float share = filtered(down.ptr<float>(at.y + reach) + at.x + reach, filter);
     const auto light = static_cast<float>(1.0 + model.light.dot(cv::Point2d(at + low) - model.light_origin));
     table.correct(i, light * (paper + step * share) - table.modelGrey()(i));
   }

@@ -63,10 +63,17 @@ struct BandSums {
 BandSums sumsOf(const cv::Mat& grey, const Outline& around, const GradientBand& band) {
   BandSums sums(around.centre);
   const cv::Point2d half = around.halfBox();
+  // Within this no pixel is near the outline.
+  const double hollow = std::max(around.leastRadius() - band.inner, 0.0);
   const Range rows = rangeOf(around.centre.y, half.y + band.outer, grey.rows);
   const Range columns = rangeOf(around.centre.x, half.x + band.outer, grey.cols);
   for (int row = rows.first; row <= rows.last; ++row) {
-    for (int column = columns.first; column <= columns.last; ++column) sums.add(grey, column, row, around, band);
+    const double room = hollow * hollow - (row - around.centre.y) * (row - around.centre.y);
+    const double skipped = room > 0.0 ? std::sqrt(room) : 0.0;
+    for (int column = columns.first; column <= columns.last; ++column) {
+      if (std::abs(column - around.centre.x) < skipped) continue;
+      sums.add(grey, column, row, around, band);
+    }
   }
   return sums;
 }

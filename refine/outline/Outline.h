@@ -17,6 +17,11 @@ struct Outline {
   /// Radius of the circle of the same area.
   double radius() const { return std::sqrt(std::sqrt(std::max(determinant(), 0.0))); }
   bool isEllipse() const { return xx > 0.0 && yy > 0.0 && determinant() > 0.0; }
+  /// Its smaller half axis.
+  double leastRadius() const {
+    const double middle = 0.5 * (xx + yy);
+    return std::sqrt(std::max(middle - std::hypot(0.5 * (xx - yy), xy), 0.0));
+  }
   /// Half its extent along x and y.
   cv::Point2d halfBox() const { return {std::sqrt(xx), std::sqrt(yy)}; }
 };
