@@ -76,6 +76,10 @@ void JsonText::separate() {
     return;
   }
   if (!is_first_) text_ += ',';
+  if (is_short_) {
+    is_first_ = false;
+    return;
+  }
   if (!open_.empty() && isInLines()) {
     newLine();
   } else if (!is_first_) {
@@ -102,7 +106,7 @@ JsonText& JsonText::array() {
 
 JsonText& JsonText::end() {
   const char bracket = open_.back();
-  const bool ends_lines = isInLines() && !is_first_;
+  const bool ends_lines = !is_short_ && isInLines() && !is_first_;
   open_.pop_back();
   if (ends_lines) newLine();
   text_ += bracket;
@@ -113,7 +117,7 @@ JsonText& JsonText::end() {
 JsonText& JsonText::key(std::string_view name) {
   separate();
   appendQuoted(text_, name);
-  text_ += ": ";
+  text_ += is_short_ ? ":" : ": ";
   is_behind_key_ = true;
   return *this;
 }

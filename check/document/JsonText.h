@@ -11,6 +11,13 @@ namespace polarline {
 /// read back to the same float or double. What is no finite number is null; bytes that are no UTF-8 become U+FFFD.
 class JsonText {
  public:
+  enum class Form : std::uint8_t {
+    kForPeople,  ///< A line for each member of the outer objects, blanks behind commas.
+    kShort,      ///< No blanks and no lines.
+  };
+
+  explicit JsonText(Form form = Form::kForPeople) : is_short_(form == Form::kShort) {}
+
   JsonText& object();
   JsonText& array();
   JsonText& end();  ///< Of the innermost object or array.
@@ -49,6 +56,7 @@ class JsonText {
   bool isInLines() const;
   void newLine();
 
+  bool is_short_;
   std::string text_;
   std::vector<char> open_;  ///< The closing brackets, innermost last.
   bool is_first_ = true;    ///< Of the innermost object or array.

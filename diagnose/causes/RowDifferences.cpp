@@ -7,6 +7,7 @@
 
 #include "camera/CalibratedPair.h"
 #include "diagnose/causes/RowFrames.h"
+#include "diagnose/causes/RowSlope.h"
 
 namespace {
 
@@ -17,25 +18,14 @@ constexpr double kDetectedSd = 0.02;
 /// Pixels; the lens is smooth over it.
 constexpr double kPixelStep = 0.05;
 
-double slopeOf(const cv::Matx33d& rectified_from_camera, const cv::Vec2d& ideal) {
-  const cv::Vec3d ray = rectified_from_camera * cv::Vec3d(ideal[0], ideal[1], 1.0);
-  return ray[1] / ray[2];
-}
-
-std::optional<double> rowOf(const CalibratedCamera& camera, const cv::Matx33d& frame, const cv::Point2d& pixel) {
-  const std::optional<cv::Point2d> ideal = camera.idealOf(pixel);
-  if (!ideal) return std::nullopt;
-  return slopeOf(frame, {ideal->x, ideal->y});
-}
-
 /// Variance of a rectified slope, from that of the pixel through the lens.
 std::optional<double> slopeVariance(const CalibratedCamera& camera, const cv::Matx33d& frame, const cv::Point2d& pixel,
                                     const cv::Matx22d& covariance) {
   cv::Vec2d gradient;
   for (int axis = 0; axis < 2; ++axis) {
     const cv::Point2d step(axis == 0 ? kPixelStep : 0.0, axis == 1 ? kPixelStep : 0.0);
-    const std::optional<double> above = rowOf(camera, frame, pixel + step);
-    const std::optional<double> below = rowOf(camera, frame, pixel - step);
+    const std::optional<double> above = rowSlopeOf(camera, frame, pixel + step);
+    const std::optional<double> below = rowSlopeOf(camera, frame, pixel - step);
     if (!above || !below) return std::nullopt;
     gradient[axis] = (*above - *below) / (2.0 * kPixelStep);
   }
@@ -86,9 +76,9 @@ std::vector<double> RowDifferences::rows(const Misalignment& misalignment) const
   std::vector<double> rows;
   rows.reserve(dots_.size());
   for (const RowDot& dot : dots_) {
-    const std::optional<double> right = rowOf(cameras.right, frames.right, dot.right);
+    const std::optional<double> right = rowSlopeOf(cameras.right, frames.right, dot.right);
     const double none = std::numeric_limits<double>::quiet_NaN();
-    rows.push_back(right ? focal_ * (slopeOf(frames.left, dot.left_ideal) - *right) : none);
+    rows.push_back(right ? focal_ * (rowSlopeOf(frames.left, dot.left_ideal) - *right) : none);
   }
   return rows;
 }

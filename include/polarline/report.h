@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "polarline/api.h"
+
+/// The page that people look at: one file of HTML made of the documents of one check, or of two to eight side by side.
+/// It opens from disk without a network.
+namespace polarline {
+
+/// The document of a check (schema "polarline-check/1"), as `toJson` and `polarline check --json` write it.
+struct ReportDocument {
+  std::string text;
+  /// The file that it comes from: failures are told of it, and pictures that the document names are looked for beside
+  /// it, too. Empty for a document that was never a file.
+  std::string path;
+};
+
+/// How a page is made. It is the same for the same documents, pictures and options.
+struct ReportOptions {
+  std::string title;   ///< Of the page; empty: the names of the sets and the verdict.
+  bool paths = false;  ///< Otherwise files are told by their names, without folders.
+  /// Bytes of the page's data, about. What every table needs is always in it; of the dots and pictures as much as fits:
+  /// those of the worst pairs, and of others evenly over the list. The page says what was left out.
+  std::size_t budget = 10'000'000;
+  bool pictures = true;  ///< Otherwise the page has no picture of the cameras.
+  std::string made;      ///< When the page is made: UTC, ISO 8601; empty: now.
+};
+
+/// Checks that fit on one page.
+inline constexpr std::size_t kMostReportedChecks = 8;
+
+/// Reads the document at a path. Throws `InputError` for a path that is no readable file.
+POLARLINE_API ReportDocument readReportDocument(const std::string& path);
+
+/// The page of the checks, in their order; the first is what the others are compared with. Pictures are taken from
+/// where the documents name them, or from beside the documents, and only such whose content has the hash that the
+/// document tells; without them the page goes without. Of a pair given up the picture of the side that failed is
+/// searched once more. Throws `InputError` (file, key, what was found and wanted) for no document, more than
+/// `kMostReportedChecks`, and one that is no JSON or not of the schema.
+POLARLINE_API std::string reportPage(const std::vector<ReportDocument>& documents, const ReportOptions& options = {});
+
+}  // namespace polarline

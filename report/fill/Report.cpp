@@ -1,0 +1,90 @@
+#include "polarline/report.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <ctime>
+#include <string_view>
+#include <utility>
+
+#include "platform/Files.h"
+#include "polarline/errors.h"
+#include "report/fill/Escape.h"
+#include "report/fill/PageTemplate.h"
+#include "report/fill/StaticPart.h"
+#include "report/read/ShortPaths.h"
+#include "report/view/PageText.h"
+
+namespace polarline {
+namespace {
+
+std::string now() {
+  const auto time = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  return fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(time));
+}
+
+/// The set's name, else the document's; another than those before.
+std::string titleOf(const ReadCheck& check, const std::vector<CheckView>& before) {
+  std::string name = check.json["set"]["name"].get<std::string>();
+  if (name.empty()) name = fileName(check.path);
+  if (name.empty()) name = "check";
+  std::string title = name;
+  for (int number = 2; std::ranges::count(before, title, &CheckView::title) > 0; ++number)
+    title = fmt::format("{} ({})", name, number);
+  return title;
+}
+
+std::string pageTitle(const std::vector<CheckView>& views, const std::string& wanted) {
+  if (!wanted.empty()) return wanted;
+  if (views.size() == 1) return views[0].title + ": " + views[0].headline.substr(0, views[0].headline.find(':'));
+  std::string title;
+  for (const CheckView& view : views) title += (title.empty() ? "" : ", ") + view.title;
+  return title;
+}
+
+/// The template with each mark replaced; what replaces one is not looked at for others.
+std::string filled(std::string_view page, const std::array<std::pair<std::string_view, std::string>, 3>& marks) {
+  std::string text;
+  while (!page.empty()) {
+    std::size_t at = page.size();
+    const std::pair<std::string_view, std::string>* first = nullptr;
+    for (const auto& mark : marks) {
+      const std::size_t found = page.find(mark.first);
+      if (found >= at) continue;
+      at = found;
+      first = &mark;
+    }
+    text += page.substr(0, at);
+    if (first == nullptr) break;
+    text += first->second;
+    page.remove_prefix(at + first->first.size());
+  }
+  return text;
+}
+
+void requireCount(std::size_t documents) {
+  if (documents > 0 && documents <= kMostReportedChecks) return;
+  throw InputError(fmt::format("{} documents were named; 1 to {} were wanted", documents, kMostReportedChecks));
+}
+
+}  // namespace
+
+std::string reportPage(const std::vector<ReportDocument>& documents, const ReportOptions& options) {
+  requireCount(documents.size());
+  std::vector<CheckView> views;
+  for (const ReportDocument& document : documents) {
+    ReadCheck check = readCheck(document);
+    const std::string title = titleOf(check, views);
+    const auto pictures = [](std::size_t /*place*/) { return PairPictures(); };
+    views.push_back(viewCheck(std::move(check), title, pictures, options.paths, options.budget / documents.size()));
+  }
+  return filled(pageTemplate(),
+                {{{"@POLARLINE_TITLE@", htmlOf(pageTitle(views, options.title))},
+                  {"@POLARLINE_STATIC@", staticPart(views)},
+                  {"@POLARLINE_DATA@", scriptJson(pageText(views, options.made.empty() ? now() : options.made))}}});
+}
+
+}  // namespace polarline

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/view/CheckView.h"
+
+namespace polarline {
+
+/// What stands on the page without its script, as HTML: of each check the verdict, the limits and the figures.
+std::string staticPart(const std::vector<CheckView>& views);
+
+}  // namespace polarline

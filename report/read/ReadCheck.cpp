@@ -1,0 +1,37 @@
+#include "report/read/ReadCheck.h"
+
+#include "report/read/DemandCheck.h"
+#include "report/read/ParseJson.h"
+
+namespace polarline {
+namespace {
+
+ReadPair readPair(const Place& pair) {
+  ReadPair read;
+  read.points = readDots(pair.object("points"));
+  if (const auto refined = pair.objectIfAny("refined")) read.refined = readDots(refined->object("points"));
+  return read;
+}
+
+void dropPoints(Json& pairs) {
+  for (Json& pair : pairs) {
+    pair.erase("points");
+    if (pair.contains("refined") && pair["refined"].is_object()) pair["refined"].erase("points");
+  }
+}
+
+}  // namespace
+
+ReadCheck readCheck(const ReportDocument& document) {
+  const std::string file = document.path.empty() ? "document" : document.path;
+  ReadCheck check;
+  check.path = document.path;
+  check.json = parseJson(document.text, file);
+  const Place place(check.json, file);
+  demandCheck(place);
+  for (const Place& pair : place.objects("pairs")) check.pairs.push_back(readPair(pair));
+  dropPoints(check.json["pairs"]);
+  return check;
+}
+
+}  // namespace polarline

@@ -1,0 +1,143 @@
+#include "report/view/CheckView.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "check/document/JsonText.h"
+#include "report/measure/Board.h"
+#include "report/measure/CausePattern.h"
+#include "report/measure/Coverage.h"
+#include "report/measure/Crop.h"
+#include "report/read/ShortPaths.h"
+#include "report/view/DetailOrder.h"
+#include "report/view/DetailsText.h"
+#include "report/words/CheckRecord.h"
+
+namespace polarline {
+namespace {
+
+/// The figures that say most of a pair, of those that the pairs measured.
+std::vector<std::string> mainOnes(const Check& record) {
+  std::vector<std::string> names;
+  for (const std::string& name : mainFigures()) {
+    if (std::ranges::count(record.summary, name, &FigureSummary::name) > 0) names.push_back(name);
+  }
+  return names;
+}
+
+bool isFinished(const Json& pair) { return pair["state"] == "finished"; }
+
+/// The worst by the figure, else the first finished, else the first.
+std::optional<std::size_t> firstPair(const Check& record, const std::vector<std::string>& names) {
+  if (record.pairs.empty()) return std::nullopt;
+  const auto begin = record.pairs.begin();
+  if (!names.empty()) {
+    const std::size_t worst = std::ranges::find(record.summary, names.front(), &FigureSummary::name)->worst_pair;
+    const auto found = std::ranges::find(record.pairs, worst, &PairCheck::index);
+    if (found != record.pairs.end()) return static_cast<std::size_t>(found - begin);
+  }
+  const auto finished = std::ranges::find(record.pairs, true, &PairCheck::finished);
+  return finished == record.pairs.end() ? 0 : static_cast<std::size_t>(finished - begin);
+}
+
+void writeGrid(JsonText& json, const char* name, const Coverage& coverage) {
+  json.key(name).object().member("columns", coverage.columns()).member("rows", coverage.rows());
+  json.list("dots", coverage.dots()).end();
+}
+
+void writeCoverage(JsonText& json, const ReadCheck& check) {
+  const cv::Size size = partLookedAt(check.json).size();
+  Coverage left(size);
+  Coverage right(size);
+  std::size_t pairs = 0;
+  for (std::size_t place = 0; place < check.pairs.size(); ++place) {
+    if (!isFinished(check.json["pairs"][place])) continue;
+    const DotLists& dots = check.pairs[place].points;
+    left.add(dots.left_x, dots.left_y);
+    right.add(dots.right_x, dots.right_y);
+    pairs += dots.id.empty() ? 0 : 1;
+  }
+  json.key("coverage");
+  if (pairs == 0 || size.empty()) {
+    json.null();
+    return;
+  }
+  json.object();
+  writeGrid(json, "left", left);
+  writeGrid(json, "right", right);
+  json.member("sentence", fmt::format("The dots of {} {} reach {:.0f} % of the left picture's cells and {:.0f} % of "
+                                      "the right one's.",
+                                      pairs, pairs == 1 ? "pair" : "pairs together", 100.0 * left.share(),
+                                      100.0 * right.share()));
+  json.end();
+}
+
+/// The details of as many pairs as fit, each at its place; empty for one left out.
+std::vector<std::string> detailsOf(const ReadCheck& check, const std::string& figure, const PicturesOfPair& pictures,
+                                   std::size_t budget) {
+  const Board board(check.json);
+  const CausePattern pattern(check.json);
+  const Json& pairs = check.json["pairs"];
+  std::vector<std::string> details(pairs.size());
+  std::size_t used = 0;
+  for (const std::size_t place : detailOrder(pairs, figure)) {
+    std::string text = detailsText(check.pairs[place], isFinished(pairs[place]), pictures(place), board, pattern);
+    used += text.size();
+    if (used > budget) break;
+    details[place] = std::move(text);
+  }
+  return details;
+}
+
+std::string leftOutText(const std::vector<std::string>& details) {
+  const auto left_out = std::ranges::count(details, std::string());
+  if (left_out == 0) return {};
+  return fmt::format("Dots and pictures of {} of {} pairs were left out to keep the file small; those of the worst "
+                     "pairs are there, and others evenly over the list. polarline report --budget takes more.",
+                     left_out, details.size());
+}
+
+void writeDetails(JsonText& json, const std::vector<std::string>& details) {
+  json.key("details").array();
+  for (const std::string& each : details) json.raw(each.empty() ? "null" : each);
+  json.end();
+  json.member("left_out", leftOutText(details));
+}
+
+void writeWords(JsonText& json, const CheckView& view, const std::vector<std::string>& names) {
+  json.member("title", view.title).member("headline", view.headline);
+  json.member("worst_pair_text", worstPairText(view.record)).member("refined_text", refinedPairText(view.record));
+  json.key("first_pair");
+  if (const auto first = firstPair(view.record, names)) {
+    json.value(*first);
+  } else {
+    json.null();
+  }
+  json.list("main_figures", names);
+}
+
+}  // namespace
+
+CheckView viewCheck(ReadCheck check, const std::string& title, const PicturesOfPair& pictures, bool paths,
+                    std::size_t budget) {
+  if (!paths) shortenPaths(check.json);
+  CheckView view;
+  view.title = title;
+  view.record = checkRecord(check.json);
+  view.headline = verdictText(view.record);
+  const std::vector<std::string> names = mainOnes(view.record);
+  const std::string document = check.json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  const std::size_t left = budget - std::min(budget, document.size());
+  JsonText json(JsonText::Form::kShort);
+  json.object();
+  writeWords(json, view, names);
+  json.key("document").raw(document);
+  writeDetails(json, detailsOf(check, names.empty() ? "" : names.front(), pictures, left));
+  writeCoverage(json, check);
+  view.data = json.end().take();
+  return view;
+}
+
+}  // namespace polarline

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "report/measure/Board.h"
+#include "report/measure/CausePattern.h"
+#include "report/picture/PagePicture.h"
+#include "report/read/ReadCheck.h"
+
+namespace polarline {
+
+/// What the page is given of one pair beside the document, as JSON.
+std::string detailsText(const ReadPair& pair, bool is_finished, const PairPictures& pictures, const Board& board,
+                        const CausePattern& pattern);
+
+}  // namespace polarline

@@ -1,0 +1,131 @@
+#include "report/words/CheckRecord.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <optional>
+
+#include "polarline/explain.h"
+
+namespace polarline {
+namespace {
+
+double numberOf(const Json& object, const char* key) {
+  const auto found = object.find(key);
+  return found != object.end() && found->is_number() ? found->get<double>() : std::nan("");
+}
+
+/// -1 for what is no index.
+int indexOf(const Json& object, const char* key) {
+  const double index = numberOf(object, key);
+  return index >= 0.0 && index <= INT32_MAX ? static_cast<int>(index) : -1;
+}
+
+/// "tri_dis" and 3 of "tri_dis[3]".
+struct EntryName {
+  std::string figure;
+  std::optional<std::size_t> entry;
+};
+
+EntryName entryName(const std::string& name) {
+  const std::size_t bracket = name.find('[');
+  if (bracket == std::string::npos) return {name, std::nullopt};
+  return {name.substr(0, bracket), std::strtoul(name.c_str() + bracket + 1, nullptr, 10)};
+}
+
+bool hasMeasured(const Json& figures, const EntryName& name) {
+  const auto found = figures.find(name.figure);
+  if (found == figures.end()) return false;
+  if (!name.entry) return found->is_number();
+  return found->is_array() && *name.entry < found->size() && (*found)[*name.entry].is_number();
+}
+
+/// Pairs that measured the figure.
+std::size_t countOf(const Json& document, const std::string& name, bool of_refined) {
+  const EntryName entry = entryName(name);
+  std::size_t count = 0;
+  for (const Json& pair : document["pairs"]) {
+    if (pair["state"] != "finished") continue;
+    if (of_refined && !(pair.contains("refined") && pair["refined"].is_object())) continue;
+    if (hasMeasured((of_refined ? pair["refined"] : pair)["figures"], entry)) ++count;
+  }
+  return count;
+}
+
+std::vector<FigureSummary> summariesOf(const Json& document, const Json& figures, bool of_refined) {
+  std::vector<FigureSummary> summaries;
+  for (const auto& [name, each] : figures.items()) {
+    FigureSummary summary;
+    summary.name = name;
+    summary.unit = unitOf(name);
+    summary.count = countOf(document, name, of_refined);
+    summary.mean = numberOf(each, "mean");
+    summary.sd = numberOf(each, "sd");
+    summary.min = numberOf(each, "min");
+    summary.max = numberOf(each, "max");
+    const int worst = indexOf(each, "worst_pair");
+    summary.worst_pair = worst < 0 ? 0 : static_cast<std::size_t>(worst);
+    summary.sd_mean = numberOf(each, "sd_mean");
+    summary.low95 = numberOf(each, "low95");
+    summary.high95 = numberOf(each, "high95");
+    summaries.push_back(summary);
+  }
+  return summaries;
+}
+
+PairCheck pairOf(const Json& json) {
+  PairCheck pair;
+  pair.index = json["index"].get<std::size_t>();
+  pair.finished = json["state"] == "finished";
+  const auto uncertainty = json.find("uncertainty");
+  if (uncertainty == json.end() || !uncertainty->is_object()) return pair;
+  for (const auto& [name, each] : uncertainty->items())
+    pair.uncertainty.push_back({name, numberOf(each, "sd"), numberOf(each, "low95"), numberOf(each, "high95")});
+  return pair;
+}
+
+Verdict verdictOf(const Json& document) {
+  if (document["verdict"] == "pass") return Verdict::kPass;
+  return document["verdict"] == "fail" ? Verdict::kFail : Verdict::kError;
+}
+
+}  // namespace
+
+std::string unitOf(const std::string& figure) {
+  const auto explained = explain(entryName(figure).figure);
+  if (!explained || explained->unit == "1") return {};
+  if (explained->unit == "deg") return "degrees";
+  if (explained->unit == "px") return "pixels";
+  return explained->unit;
+}
+
+Check checkRecord(const Json& document) {
+  Check check;
+  check.name = document["set"]["name"].get<std::string>();
+  check.verdict = verdictOf(document);
+  check.status.text = document["status"]["text"].get<std::string>();
+  check.status.advice = document["status"]["advice"].get<std::string>();
+  if (document.contains("diagnosis") && document["diagnosis"].is_object()) {
+    check.diagnosis.emplace();
+    check.diagnosis->text = document["diagnosis"]["text"].get<std::string>();
+  }
+  for (const Json& pair : document["pairs"]) check.pairs.push_back(pairOf(pair));
+  const Json& summary = document["summary"];
+  check.summary = summariesOf(document, summary["figures"], false);
+  if (summary.contains("refined") && summary["refined"].is_object())
+    check.refined_summary = summariesOf(document, summary["refined"]["figures"], true);
+  for (const Json& limit : document["limits"]) {
+    LimitResult result;
+    result.text = limit["text"].get<std::string>();
+    result.holds = limit["holds"].get<bool>();
+    result.why = limit["why"].get<std::string>();
+    if (limit["value"].is_number()) result.value = limit["value"].get<double>();
+    check.limits.push_back(result);
+  }
+  for (const Json& warning : document["warnings"]) {
+    check.warnings.push_back({warning["code"].get<std::string>(), warning["text"].get<std::string>(),
+                              warning["advice"].get<std::string>(), indexOf(warning, "pair")});
+  }
+  return check;
+}
+
+}  // namespace polarline

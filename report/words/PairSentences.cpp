@@ -1,0 +1,113 @@
+#include "report/words/PairSentences.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace polarline {
+namespace {
+
+constexpr const char* kNotMeasured = "Not measured in this pair.";
+
+std::string px(double value) { return fmt::format("{:.3g} pixels", value); }
+std::string units(double value) { return fmt::format("{:.3g} board units", value); }
+
+std::string mapText(const PairMeasures& measures) {
+  const Spread& dy = measures.dy;
+  if (dy.count == 0) return kNotMeasured;
+  std::string text = fmt::format("Row difference of {} dots over the picture: from {:.3g} to {}, mean {}.", dy.count,
+                                 dy.min, px(dy.max), px(dy.mean));
+  if (measures.along && measures.across) {
+    text += fmt::format(" It changes by {:.3g} along and by {} across 1000 pixels.", 1000.0 * measures.along->slope,
+                        px(1000.0 * measures.across->slope));
+  }
+  return text;
+}
+
+std::string histogramText(const Spread& dy) {
+  if (dy.count == 0) return kNotMeasured;
+  return fmt::format("Distribution of the row differences: half of the dots are below {:.3g} and half above, "
+                     "95 of 100 are within {} of 0; mean size {}.",
+                     dy.median, px(dy.p95_abs), px(dy.mean_abs));
+}
+
+std::string courseText(const std::optional<Course>& course, const char* way) {
+  if (!course) return kNotMeasured;
+  const auto [least, most] = std::ranges::minmax(course->mean);
+  return fmt::format("Mean row difference {} the picture in {} stripes: from {:.3g} to {}; a line through all dots "
+                     "changes by {} in 1000 pixels.",
+                     way, course->mean.size(), least, px(most), px(1000.0 * course->slope));
+}
+
+std::string residualText(const Spread& residual) {
+  if (residual.count == 0) return kNotMeasured;
+  return fmt::format("Residual of the triangulation of {} dots: mean {}, 95 of 100 within {}, largest {}.",
+                     residual.count, px(residual.mean), px(residual.p95_abs), px(residual.max));
+}
+
+std::string distancesText(const std::vector<DistanceBin>& bins) {
+  if (bins.empty()) return kNotMeasured;
+  std::size_t count = 0;
+  for (const DistanceBin& bin : bins) count += bin.count;
+  const auto size = [](const DistanceBin& bin) { return std::max(std::abs(bin.min), std::abs(bin.max)); };
+  const DistanceBin& worst = *std::ranges::max_element(bins, {}, size);
+  return fmt::format("Errors of {} distances between dots by the true distance: mean {:.3g} among the shortest, {} "
+                     "among the longest; the largest error is {}.",
+                     count, bins.front().mean, units(bins.back().mean), units(size(worst)));
+}
+
+std::string depthText(const Spread& depth) {
+  if (depth.count == 0) return kNotMeasured;
+  return fmt::format("Depth error of {} dots against the fitted board: from {:.3g} to {}, standard deviation {}.",
+                     depth.count, depth.min, units(depth.max), units(depth.sd));
+}
+
+std::string disparityText(const Spread& disparity) {
+  if (disparity.count == 0) return kNotMeasured;
+  return fmt::format("Disparity of {} dots: from {:.4g} to {:.4g} pixels, mean {:.4g} pixels.", disparity.count,
+                     disparity.min, disparity.max, disparity.mean);
+}
+
+std::string boardText(const BoardFit& board) {
+  double squares = 0.0;
+  double largest = 0.0;
+  std::size_t count = 0;
+  for (std::size_t k = 0; k < board.off_x.size(); ++k) {
+    const double off = std::hypot(board.off_x[k], board.off_y[k], board.off_z[k]);
+    if (!std::isfinite(off)) continue;
+    ++count;
+    squares += off * off;
+    largest = std::max(largest, off);
+  }
+  if (count == 0) return kNotMeasured;
+  return fmt::format("Measured board against the true one, {} dots: root mean square {}, largest {}; off the plane "
+                     "from {:.3g} to {}.",
+                     count, units(std::sqrt(squares / static_cast<double>(count))), units(largest),
+                     spreadOf(board.off_z).min, units(spreadOf(board.off_z).max));
+}
+
+std::string worstText(const DotLists& dots, const PairMeasures& measures) {
+  if (measures.worst.empty()) return kNotMeasured;
+  const std::vector<double>& values = measures.worst_by_dy ? dots.dy : dots.residual;
+  const std::size_t first = measures.worst.front();
+  return fmt::format("The {} dots with the largest {}: first dot {} with {}.", measures.worst.size(),
+                     measures.worst_by_dy ? "row difference" : "residual", dots.id[first], px(values[first]));
+}
+
+}  // namespace
+
+PairSentences pairSentences(const DotLists& dots, const PairMeasures& measures) {
+  return {mapText(measures),
+          histogramText(measures.dy),
+          courseText(measures.along, "along"),
+          courseText(measures.across, "across"),
+          residualText(measures.residual),
+          distancesText(measures.distances),
+          depthText(measures.depth_error),
+          disparityText(measures.disparity_spread),
+          boardText(measures.board),
+          worstText(dots, measures)};
+}
+
+}  // namespace polarline

@@ -1,0 +1,52 @@
+#include "polarline/report.h"
+
+#include <memory>
+
+#include "tools/polarline/Outputs.h"
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+namespace {
+
+struct Request {
+  std::vector<std::string> documents;
+  std::string output;
+  polarline::ReportOptions options;
+  bool no_pictures = false;
+  bool quiet = false;
+};
+
+int run(Request& request) {
+  requireSeparate({{"-o", request.output}}, request.documents);
+  request.options.pictures = !request.no_pictures;
+  std::vector<polarline::ReportDocument> documents;
+  for (const std::string& path : request.documents) documents.push_back(polarline::readReportDocument(path));
+  deliver(request.output, polarline::reportPage(documents, request.options));
+  if (!request.quiet && request.output != "-") say("Report: " + request.output + "\n");
+  return kDone;
+}
+
+}  // namespace
+
+Subcommand addReport(CLI::App& polarline) {
+  CLI::App* const app = polarline.add_subcommand(
+      "report", "Makes the page of a check, or of two to eight side by side: one file of HTML");
+  const auto request = std::make_shared<Request>();
+  app->add_option("CHECK", request->documents, "What 'polarline check --json' wrote; the first is compared with")
+      ->required();
+  app->add_option("-o,--output", request->output, "Where the page goes; - is standard output")
+      ->required()
+      ->type_name("FILE");
+  app->add_option("--title", request->options.title, "Of the page, in place of the sets' names")->type_name("TEXT");
+  app->add_option("--budget", request->options.budget,
+                  "Bytes of data, about: the dots and pictures of as many pairs are taken as fit")
+      ->type_name("BYTES")
+      ->capture_default_str();
+  app->add_flag("--paths", request->options.paths, "Tell files by their paths, not only by their names");
+  app->add_flag("--no-pictures", request->no_pictures, "Leave the pictures of the cameras out");
+  app->add_flag("--quiet", request->quiet, "Print nothing but failures");
+  addExample(*app, "polarline report before.json after.json -o report.html");
+  return {app, [request] { return run(*request); }};
+}
+
+}  // namespace command
