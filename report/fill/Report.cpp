@@ -15,6 +15,8 @@
 #include "report/fill/Escape.h"
 #include "report/fill/PageTemplate.h"
 #include "report/fill/StaticPart.h"
+#include "report/measure/Crop.h"
+#include "report/picture/SetPictures.h"
 #include "report/read/ShortPaths.h"
 #include "report/view/PageText.h"
 
@@ -78,7 +80,8 @@ std::string reportPage(const std::vector<ReportDocument>& documents, const Repor
   for (const ReportDocument& document : documents) {
     ReadCheck check = readCheck(document);
     const std::string title = titleOf(check, views);
-    const auto pictures = [](std::size_t /*place*/) { return PairPictures(); };
+    const SetPictures files(check.json, check.path, partLookedAt(check.json));
+    const auto pictures = [&](std::size_t place) { return options.pictures ? files.of(place) : PairPictures(); };
     views.push_back(viewCheck(std::move(check), title, pictures, options.paths, options.budget / documents.size()));
   }
   return filled(pageTemplate(),

@@ -13,8 +13,9 @@ std::string shown(double value) { return std::isfinite(value) ? figureText(value
 
 std::string limitsTable(const std::vector<LimitResult>& limits) {
   if (limits.empty()) return "<p>No limits were given.</p>\n";
-  std::string html = "<table>\n<caption>Limits</caption>\n<thead><tr><th scope=\"col\">Limit</th><th scope=\"col\">"
-                     "Value</th><th scope=\"col\">Holds</th><th scope=\"col\">Why</th></tr></thead>\n<tbody>\n";
+  std::string html =
+      "<table>\n<caption>Limits</caption>\n<thead><tr><th scope=\"col\">Limit</th><th scope=\"col\">"
+      "Value</th><th scope=\"col\">Holds</th><th scope=\"col\">Why</th></tr></thead>\n<tbody>\n";
   for (const LimitResult& limit : limits) {
     html += fmt::format("<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td></tr>\n", htmlOf(limit.text),
                         limit.value ? shown(*limit.value) : "–", limit.holds ? "yes" : "no", htmlOf(limit.why));
@@ -23,16 +24,18 @@ std::string limitsTable(const std::vector<LimitResult>& limits) {
 }
 
 std::string figuresTable(const std::vector<FigureSummary>& figures, const char* caption) {
-  std::string html = fmt::format("<table>\n<caption>{}</caption>\n<thead><tr><th scope=\"col\">Figure</th><th "
-                                 "scope=\"col\">Unit</th><th scope=\"col\">Pairs</th><th scope=\"col\">Mean</th><th "
-                                 "scope=\"col\">±</th><th scope=\"col\">Least</th><th scope=\"col\">Most</th><th "
-                                 "scope=\"col\">Worst pair</th></tr></thead>\n<tbody>\n",
-                                 caption);
+  std::string html = fmt::format(
+      "<table>\n<caption>{}</caption>\n<thead><tr><th scope=\"col\">Figure</th><th "
+      "scope=\"col\">Unit</th><th scope=\"col\">Pairs</th><th scope=\"col\">Mean</th><th "
+      "scope=\"col\">±</th><th scope=\"col\">Least</th><th scope=\"col\">Most</th><th "
+      "scope=\"col\">Worst pair</th></tr></thead>\n<tbody>\n",
+      caption);
   for (const FigureSummary& figure : figures) {
-    html += fmt::format("<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}"
-                        "</td><td>{}</td></tr>\n",
-                        htmlOf(figure.name), htmlOf(figure.unit), figure.count, shown(figure.mean),
-                        shown(figure.sd_mean), shown(figure.min), shown(figure.max), figure.worst_pair);
+    html += fmt::format(
+        "<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}"
+        "</td><td>{}</td></tr>\n",
+        htmlOf(figure.name), htmlOf(figure.unit), figure.count, shown(figure.mean), shown(figure.sd_mean),
+        shown(figure.min), shown(figure.max), figure.worst_pair);
   }
   return html + "</tbody>\n</table>\n";
 }

@@ -9,7 +9,7 @@
 
 namespace polarline {
 
-/// The board of a check: where each dot is on it.
+/// The board of a check, or the fixed points of a frame run: where each dot is on it.
 class Board {
  public:
   /// @param document A document of a check that was looked through.
@@ -26,6 +26,7 @@ class Board {
  private:
   std::int32_t rows_ = 0, columns_ = 0;
   double step_x_ = 0.0, step_y_ = 0.0;
+  bool is_frame_ = false;  ///< Its ids begin with 1, and it has no rows.
   std::vector<cv::Point3d> places_;
 };
 

@@ -25,7 +25,8 @@ void Coverage::add(const std::vector<double>& x, const std::vector<double>& y) {
     const double column = std::floor((x[k] + 0.5) / picture_.width * columns_);
     const double row = std::floor((y[k] + 0.5) / picture_.height * rows_);
     const bool is_inside = column >= 0.0 && column < columns_ && row >= 0.0 && row < rows_;
-    if (is_inside) ++dots_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) + static_cast<std::size_t>(column)];
+    if (is_inside)
+      ++dots_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) + static_cast<std::size_t>(column)];
   }
 }
 

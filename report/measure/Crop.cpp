@@ -18,8 +18,8 @@ int settingOf(const Json& document, const char* key) {
 cv::Rect partLookedAt(const Json& document) {
   const cv::Size picture(document["cameras"]["width"].get<int>(), document["cameras"]["height"].get<int>());
   const cv::Size part(settingOf(document, "cropped_cols"), settingOf(document, "cropped_rows"));
-  const bool is_cropped = settingOf(document, "crop") != 0 && !part.empty() && part.width <= picture.width &&
-                          part.height <= picture.height;
+  const bool is_cropped =
+      settingOf(document, "crop") != 0 && !part.empty() && part.width <= picture.width && part.height <= picture.height;
   if (!is_cropped) return {{}, picture};
   return {cv::Point((picture.width - part.width) / 2, (picture.height - part.height) / 2), part};
 }

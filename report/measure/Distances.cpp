@@ -93,7 +93,8 @@ std::vector<DistanceBin> distanceBins(const DotLists& dots, const Board& board) 
   }
   std::vector<DistanceBin> bins;
   for (std::size_t k = 0; k < sums.size(); ++k) {
-    if (sums[k].count > 0) bins.push_back(sums[k].bin(static_cast<double>(k) * width, static_cast<double>(k + 1) * width));
+    if (sums[k].count > 0)
+      bins.push_back(sums[k].bin(static_cast<double>(k) * width, static_cast<double>(k + 1) * width));
   }
   return bins;
 }

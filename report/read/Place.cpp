@@ -136,9 +136,7 @@ const Place& Place::oneOf(const char* key, std::initializer_list<const char*> wo
   refuse(key, found, wanted);
 }
 
-const std::string& Place::text(const char* key) const {
-  return texts({key}).at(key).get_ref<const std::string&>();
-}
+const std::string& Place::text(const char* key) const { return texts({key}).at(key).get_ref<const std::string&>(); }
 
 std::size_t Place::count(const char* key) const { return counts({key}).at(key).get<std::size_t>(); }
 

@@ -67,41 +67,59 @@ void writeCoverage(JsonText& json, const ReadCheck& check) {
   json.object();
   writeGrid(json, "left", left);
   writeGrid(json, "right", right);
-  json.member("sentence", fmt::format("The dots of {} {} reach {:.0f} % of the left picture's cells and {:.0f} % of "
-                                      "the right one's.",
-                                      pairs, pairs == 1 ? "pair" : "pairs together", 100.0 * left.share(),
-                                      100.0 * right.share()));
+  json.member("sentence",
+              fmt::format("The dots of {} {} reach {:.0f} % of the left picture's cells and {:.0f} % of "
+                          "the right one's.",
+                          pairs, pairs == 1 ? "pair" : "pairs together", 100.0 * left.share(), 100.0 * right.share()));
   json.end();
 }
 
-/// The details of as many pairs as fit, each at its place; empty for one left out.
-std::vector<std::string> detailsOf(const ReadCheck& check, const std::string& figure, const PicturesOfPair& pictures,
-                                   std::size_t budget) {
+/// The details of as many pairs as fit.
+struct Details {
+  std::vector<std::string> texts;    ///< Each at its pair's place; empty for one left out.
+  std::size_t without_pictures = 0;  ///< Of those that are there.
+};
+
+Details detailsOf(const ReadCheck& check, const std::string& figure, const PicturesOfPair& pictures,
+                  std::size_t budget) {
   const Board board(check.json);
   const CausePattern pattern(check.json);
   const Json& pairs = check.json["pairs"];
-  std::vector<std::string> details(pairs.size());
+  Details details;
+  details.texts.resize(pairs.size());
   std::size_t used = 0;
   for (const std::size_t place : detailOrder(pairs, figure)) {
-    std::string text = detailsText(check.pairs[place], isFinished(pairs[place]), pictures(place), board, pattern);
+    const PairPictures shown = pictures(place);
+    std::string text = detailsText(check.pairs[place], isFinished(pairs[place]), shown, board, pattern);
     used += text.size();
     if (used > budget) break;
-    details[place] = std::move(text);
+    details.texts[place] = std::move(text);
+    details.without_pictures += shown.left && shown.right ? 0 : 1;
   }
   return details;
 }
 
-std::string leftOutText(const std::vector<std::string>& details) {
-  const auto left_out = std::ranges::count(details, std::string());
-  if (left_out == 0) return {};
-  return fmt::format("Dots and pictures of {} of {} pairs were left out to keep the file small; those of the worst "
-                     "pairs are there, and others evenly over the list. polarline report --budget takes more.",
-                     left_out, details.size());
+std::string leftOutText(const Details& details) {
+  const auto left_out = std::ranges::count(details.texts, std::string());
+  std::string text;
+  if (left_out > 0) {
+    text = fmt::format(
+        "Dots and pictures of {} of {} pairs were left out to keep the file small; those of the worst "
+        "pairs are there, and others evenly over the list. polarline report --budget takes more.",
+        left_out, details.texts.size());
+  }
+  if (details.without_pictures > 0) {
+    text += fmt::format(
+        "{}Pictures of {} {} are not shown: the files are not where they were, have changed, or were "
+        "not wanted.",
+        text.empty() ? "" : " ", details.without_pictures, details.without_pictures == 1 ? "pair" : "pairs");
+  }
+  return text;
 }
 
-void writeDetails(JsonText& json, const std::vector<std::string>& details) {
+void writeDetails(JsonText& json, const Details& details) {
   json.key("details").array();
-  for (const std::string& each : details) json.raw(each.empty() ? "null" : each);
+  for (const std::string& each : details.texts) json.raw(each.empty() ? "null" : each);
   json.end();
   json.member("left_out", leftOutText(details));
 }

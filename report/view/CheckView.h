@@ -15,8 +15,8 @@ namespace polarline {
 struct CheckView {
   std::string title;
   std::string headline;
-  Check record;        ///< As far as sentences and tables need it.
-  std::string data;    ///< JSON.
+  Check record;      ///< As far as sentences and tables need it.
+  std::string data;  ///< JSON.
 };
 
 /// The pictures of the pair at a place of a document.

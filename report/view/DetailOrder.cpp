@@ -42,7 +42,8 @@ Places evenly(std::size_t count) {
   const int bits = std::countr_zero(steps);
   for (std::size_t step = 0; step < steps; ++step) {
     std::size_t reversed = 0;
-    for (int bit = 0; bit < bits; ++bit) reversed |= (step >> static_cast<unsigned>(bit) & 1U) << static_cast<unsigned>(bits - 1 - bit);
+    for (int bit = 0; bit < bits; ++bit)
+      reversed |= (step >> static_cast<unsigned>(bit) & 1U) << static_cast<unsigned>(bits - 1 - bit);
     if (reversed < count) places.push_back(reversed);
   }
   return places;

@@ -1,9 +1,68 @@
 #include "report/view/PageText.h"
 
+#include <cmath>
+
 #include "check/document/JsonText.h"
+#include "report/measure/Comparing.h"
 #include "report/view/NameTexts.h"
+#include "report/words/ComparisonWords.h"
 
 namespace polarline {
+namespace {
+
+const char* wordOf(Difference::Judged judged) {
+  switch (judged) {
+    case Difference::Judged::kMore:
+      return "more";
+    case Difference::Judged::kLess:
+      return "less";
+    case Difference::Judged::kNone:
+      return "none";
+    case Difference::Judged::kUnknown:
+      return "unknown";
+  }
+  return "unknown";
+}
+
+void writeFigure(JsonText& json, const ComparedFigure& figure) {
+  json.object().member("figure", figure.name).member("unit", figure.unit);
+  json.list("mean", figure.mean).list("low95", figure.low95).list("high95", figure.high95);
+  json.key("difference").array();
+  for (const Difference& each : figure.differences)
+    json.object().member("value", each.value).member("sd", each.sd).member("judged", wordOf(each.judged)).end();
+  json.end().end();
+}
+
+void writeLimit(JsonText& json, const ComparedLimit& limit) {
+  json.object().member("text", limit.text).key("values").array();
+  for (const LimitResult* each : limit.results) json.value(each != nullptr && each->value ? *each->value : NAN);
+  json.end().key("holds").array();
+  for (const LimitResult* each : limit.results) {
+    if (each == nullptr) {
+      json.null();
+    } else {
+      json.value(each->holds);
+    }
+  }
+  json.end().end();
+}
+
+void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
+  std::vector<const Check*> checks;
+  std::vector<std::string> titles;
+  for (const CheckView& view : views) {
+    checks.push_back(&view.record);
+    titles.push_back(view.title);
+  }
+  const std::vector<ComparedFigure> figures = compareFigures(checks);
+  json.object().member("text", comparisonWords(titles, figures)).key("limits").array();
+  for (const ComparedLimit& limit : compareLimits(checks)) writeLimit(json, limit);
+  json.end().key("figures").array();
+  for (const ComparedFigure& figure : figures) writeFigure(json, figure);
+  json.end().end();
+}
+
+}  // namespace
 
 std::string pageText(const std::vector<CheckView>& views, const std::string& made) {
   JsonText json(JsonText::Form::kShort);
@@ -13,7 +72,12 @@ std::string pageText(const std::vector<CheckView>& views, const std::string& mad
   json.key("explanations").raw(nameTexts());
   json.key("checks").array();
   for (const CheckView& view : views) json.raw(view.data);
-  json.end().key("comparison").null();
+  json.end().key("comparison");
+  if (views.size() > 1) {
+    writeComparison(json, views);
+  } else {
+    json.null();
+  }
   return json.end().take();
 }
 

@@ -19,25 +19,27 @@ std::string mapText(const PairMeasures& measures) {
   std::string text = fmt::format("Row difference of {} dots over the picture: from {:.3g} to {}, mean {}.", dy.count,
                                  dy.min, px(dy.max), px(dy.mean));
   if (measures.along && measures.across) {
-    text += fmt::format(" It changes by {:.3g} along and by {} across 1000 pixels.", 1000.0 * measures.along->slope,
-                        px(1000.0 * measures.across->slope));
+    text += fmt::format(" In 1000 pixels it changes by {} along the picture and by {} across it.",
+                        px(1000.0 * measures.along->slope), px(1000.0 * measures.across->slope));
   }
   return text;
 }
 
 std::string histogramText(const Spread& dy) {
   if (dy.count == 0) return kNotMeasured;
-  return fmt::format("Distribution of the row differences: half of the dots are below {:.3g} and half above, "
-                     "95 of 100 are within {} of 0; mean size {}.",
-                     dy.median, px(dy.p95_abs), px(dy.mean_abs));
+  return fmt::format(
+      "Distribution of the row differences: half of the dots are below {:.3g} and half above, "
+      "95 of 100 are within {} of 0; mean size {}.",
+      dy.median, px(dy.p95_abs), px(dy.mean_abs));
 }
 
 std::string courseText(const std::optional<Course>& course, const char* way) {
   if (!course) return kNotMeasured;
   const auto [least, most] = std::ranges::minmax(course->mean);
-  return fmt::format("Mean row difference {} the picture in {} stripes: from {:.3g} to {}; a line through all dots "
-                     "changes by {} in 1000 pixels.",
-                     way, course->mean.size(), least, px(most), px(1000.0 * course->slope));
+  return fmt::format(
+      "Mean row difference {} the picture in {} stripes: from {:.3g} to {}; a line through all dots "
+      "changes by {} in 1000 pixels.",
+      way, course->mean.size(), least, px(most), px(1000.0 * course->slope));
 }
 
 std::string residualText(const Spread& residual) {
@@ -52,9 +54,10 @@ std::string distancesText(const std::vector<DistanceBin>& bins) {
   for (const DistanceBin& bin : bins) count += bin.count;
   const auto size = [](const DistanceBin& bin) { return std::max(std::abs(bin.min), std::abs(bin.max)); };
   const DistanceBin& worst = *std::ranges::max_element(bins, {}, size);
-  return fmt::format("Errors of {} distances between dots by the true distance: mean {:.3g} among the shortest, {} "
-                     "among the longest; the largest error is {}.",
-                     count, bins.front().mean, units(bins.back().mean), units(size(worst)));
+  return fmt::format(
+      "Errors of {} distances between dots by the true distance: mean {:.3g} among the shortest, {} "
+      "among the longest; the largest error is {}.",
+      count, bins.front().mean, units(bins.back().mean), units(size(worst)));
 }
 
 std::string depthText(const Spread& depth) {
@@ -81,10 +84,11 @@ std::string boardText(const BoardFit& board) {
     largest = std::max(largest, off);
   }
   if (count == 0) return kNotMeasured;
-  return fmt::format("Measured board against the true one, {} dots: root mean square {}, largest {}; off the plane "
-                     "from {:.3g} to {}.",
-                     count, units(std::sqrt(squares / static_cast<double>(count))), units(largest),
-                     spreadOf(board.off_z).min, units(spreadOf(board.off_z).max));
+  return fmt::format(
+      "Measured board against the true one, {} dots: root mean square {}, largest {}; off the plane "
+      "from {:.3g} to {}.",
+      count, units(std::sqrt(squares / static_cast<double>(count))), units(largest), spreadOf(board.off_z).min,
+      units(spreadOf(board.off_z).max));
 }
 
 std::string worstText(const DotLists& dots, const PairMeasures& measures) {

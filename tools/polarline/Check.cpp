@@ -4,9 +4,11 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "platform/WholeFile.h"
 #include "polarline/errors.h"
+#include "polarline/report.h"
 #include "tools/polarline/CheckTable.h"
 #include "tools/polarline/Interruption.h"
 #include "tools/polarline/Outputs.h"
@@ -22,6 +24,7 @@ struct Arguments {
   polarline::CheckOptions options;
   ResultOptions result;
   std::string pairs;
+  std::string report;
 };
 
 /// "3" or "3-7".
@@ -78,6 +81,31 @@ class Speaker {
   std::size_t done_ = 0;
 };
 
+/// The page of the check.
+class ReportFile {
+ public:
+  explicit ReportFile(const std::string& path) {
+    if (path.empty()) return;
+    file_ = std::make_unique<whole_file::PartialFile>(path);  // A place that can't be written is told before the run.
+    document_ = std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { text_ += piece; });
+  }
+  void add(const polarline::PairCheck& pair) {
+    if (document_) document_->add(pair);
+  }
+  void finish(const polarline::Check& check) {
+    if (!document_) return;
+    document_->finish(check);
+    const std::string page = polarline::reportPage({{std::move(text_), ""}});
+    file_->append(page);
+    file_->commit();
+  }
+
+ private:
+  std::string text_;
+  std::unique_ptr<whole_file::PartialFile> file_;
+  std::unique_ptr<polarline::CheckDocument> document_;
+};
+
 /// The document at its place: written while the check runs.
 class DocumentFile {
  public:
@@ -130,17 +158,22 @@ std::vector<std::string> inputsOf(const polarline::Set& set) {
 }
 
 int runCheck(Arguments& arguments) {
-  requireSeparate({{"--json", arguments.result.json}, {"--write-corrected", arguments.options.write_corrected}},
+  requireSeparate({{"--json", arguments.result.json},
+                   {"--write-corrected", arguments.options.write_corrected},
+                   {"--report", arguments.report}},
                   inputsOf(arguments.set));
+  if (arguments.report == "-") throw polarline::InputError("--report -", "a file was wanted");
   takePairs(arguments);
   Speaker speaker(arguments.result);
   DocumentFile document(arguments.result.json);
+  ReportFile report(arguments.report);
   polarline::CheckOptions& options = arguments.options;
   options.keep_points = false;
   options.go_on = [] { return !interrupted(); };
   options.on_start = [&](const polarline::Check& check) { speaker.begin(check); };
   options.on_pair = [&](const polarline::PairCheck& pair, std::size_t count) {
     document.add(pair);
+    report.add(pair);
     speaker.pair(pair, count);
   };
   const polarline::Check check = polarline::check(arguments.set, options);
@@ -149,6 +182,7 @@ int runCheck(Arguments& arguments) {
     return kInterrupted;
   }
   document.finish(check);
+  report.finish(check);
   speaker.end(check);
   return check.status.exit_code;
 }
@@ -183,6 +217,7 @@ Subcommand addCheck(CLI::App& polarline) {
   app->add_option("--set", arguments->options.settings, "A key of the polar configuration for this run; repeatable")
       ->type_name("KEY=VALUE")
       ->allow_extra_args(false);
+  app->add_option("--report", arguments->report, "The page to look at: one file of HTML")->type_name("FILE");
   app->add_option("--write-corrected", arguments->options.write_corrected,
                   "The calibration with the causes of the row differences taken out (.json); the set is then run once "
                   "more with it")

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <opencv2/core.hpp>
+#include <string>
+#include <vector>
+
+#include "report/picture/PagePicture.h"
+#include "report/picture/SetFiles.h"
+#include "report/read/Json.h"
+
+namespace polarline {
+
+/// The pictures of a checked set as the page shows them.
+class SetPictures {
+ public:
+  /// @param document As it was read: its paths lead to the files.
+  /// @param part     Of the pictures that the check looked at; empty: it is not known, and the whole is shown.
+  SetPictures(const Json& document, const std::string& path, const cv::Rect& part);
+
+  /// Of the pair at a place of the document.
+  PairPictures of(std::size_t place) const;
+
+ private:
+  struct Pair {
+    std::string index;
+    bool is_finished = false;
+    std::string failed_side;
+  };
+  cv::Mat read(const std::string& role) const;
+  std::optional<FailedStep> failedStep(const Pair& pair, const cv::Mat& left, const cv::Mat& right) const;
+
+  SetFiles files_;
+  cv::Rect part_;
+  std::vector<Pair> pairs_;
+};
+
+}  // namespace polarline

@@ -1,0 +1,70 @@
+#include "report/words/ComparisonWords.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace polarline {
+namespace {
+
+using Judged = Difference::Judged;
+
+/// A sentence names no more.
+constexpr std::size_t kMostNamed = 3;
+
+std::vector<const ComparedFigure*> judged(const std::vector<ComparedFigure>& figures, std::size_t check, Judged how) {
+  std::vector<const ComparedFigure*> all;
+  for (const ComparedFigure& figure : figures) {
+    const Difference& difference = figure.differences[check];
+    if (difference.judged == how && std::isfinite(difference.value)) all.push_back(&figure);
+  }
+  return all;
+}
+
+std::string counted(std::size_t count) { return fmt::format("{} {}", count, count == 1 ? "figure" : "figures"); }
+
+/// "less: dy_means (by 0.1 ± 0.01 pixels), ... and 4 more".
+std::string listed(const std::vector<const ComparedFigure*>& figures, std::size_t check, const char* word) {
+  std::string text;
+  for (std::size_t k = 0; k < std::min(figures.size(), kMostNamed); ++k) {
+    const Difference& difference = figures[k]->differences[check];
+    const std::string& unit = figures[k]->unit;
+    text += fmt::format("{}{} (by {:.3g} ± {:.2g}{}{})", k == 0 ? "" : ", ", figures[k]->name,
+                        std::abs(difference.value), difference.sd, unit.empty() ? "" : " ", unit);
+  }
+  if (figures.size() > kMostNamed) text += fmt::format(" and {} more", counted(figures.size() - kMostNamed));
+  return fmt::format(" {}: {}.", word, text);
+}
+
+std::string ofCheck(const std::vector<std::string>& titles, const std::vector<ComparedFigure>& figures,
+                    std::size_t check) {
+  const auto less = judged(figures, check, Judged::kLess);
+  const auto more = judged(figures, check, Judged::kMore);
+  const auto none = judged(figures, check, Judged::kNone);
+  const auto unknown = judged(figures, check, Judged::kUnknown);
+  std::string text = fmt::format("{} against {}.", titles[check], titles[0]);
+  if (!less.empty()) text += listed(less, check, "Less");
+  if (!more.empty()) text += listed(more, check, "More");
+  if (!none.empty()) text += fmt::format(" None: {}, whose difference is within its uncertainty.", counted(none.size()));
+  if (!unknown.empty()) {
+    text += fmt::format(" Not known: {}, as five finished pairs of each check are needed to tell a difference from "
+                        "chance.",
+                        counted(unknown.size()));
+  }
+  if (less.empty() && more.empty() && none.empty() && unknown.empty()) text += " No figure was measured in both.";
+  return text;
+}
+
+}  // namespace
+
+std::string comparisonWords(const std::vector<std::string>& titles, const std::vector<ComparedFigure>& figures) {
+  std::string text;
+  for (std::size_t check = 1; check < titles.size(); ++check) {
+    if (!text.empty()) text += ' ';
+    text += ofCheck(titles, figures, check);
+  }
+  return text;
+}
+
+}  // namespace polarline
