@@ -16,6 +16,7 @@
 #include "report/fill/PageTemplate.h"
 #include "report/fill/StaticPart.h"
 #include "report/measure/Crop.h"
+#include "report/picture/SetBoard.h"
 #include "report/picture/SetPictures.h"
 #include "report/read/ShortPaths.h"
 #include "report/view/PageText.h"
@@ -79,10 +80,11 @@ std::string reportPage(const std::vector<ReportDocument>& documents, const Repor
   std::vector<CheckView> views;
   for (const ReportDocument& document : documents) {
     ReadCheck check = readCheck(document);
-    const std::string title = titleOf(check, views);
     const SetPictures files(check.json, check.path, partLookedAt(check.json));
     const auto pictures = [&](std::size_t place) { return options.pictures ? files.of(place) : PairPictures(); };
-    views.push_back(viewCheck(std::move(check), title, pictures, options.paths, options.budget / documents.size()));
+    const CheckSources sources{pictures, boardOf(check.json, check.path)};
+    const ViewOptions shown{titleOf(check, views), options.paths, options.budget / documents.size()};
+    views.push_back(viewCheck(std::move(check), sources, shown));
   }
   return filled(pageTemplate(),
                 {{{"@POLARLINE_TITLE@", htmlOf(pageTitle(views, options.title))},

@@ -42,9 +42,10 @@ StereoCalibParams calibrationOf(const Json& cameras) {
   return calib;
 }
 
-bool areFinite(const StereoCalibParams& calib) {
+bool canBeRectified(const StereoCalibParams& calib) {
   const auto is_finite = [](double number) { return std::isfinite(number); };
-  return std::ranges::all_of(calib.left.intrinsics, is_finite) &&
+  const auto& e = calib.extrinsics;
+  return std::hypot(e[3], e[4], e[5]) > 0.0 && std::ranges::all_of(calib.left.intrinsics, is_finite) &&
          std::ranges::all_of(calib.right.intrinsics, is_finite) && std::ranges::all_of(calib.extrinsics, is_finite);
 }
 
@@ -76,7 +77,12 @@ CausePattern::CausePattern(const Json& document) : corner_(partLookedAt(document
   if (!model || causes.empty() || is_turned || !document["cameras"]["extrinsics"].is_object()) return;
   const StereoCalibParams calib = calibrationOf(document["cameras"]);
   const double f_scale = settingOf(document, "f_scale", 1.0);
-  if (areFinite(calib)) pattern_.emplace(calib, *model, f_scale, misalignmentOf(causes));
+  if (!canBeRectified(calib)) return;
+  try {
+    pattern_.emplace(calib, *model, f_scale, misalignmentOf(causes));
+  } catch (const cv::Exception&) {
+    pattern_.reset();  // Cameras that stand as no cameras can.
+  }
 }
 
 std::vector<double> CausePattern::of(const DotLists& dots) const {

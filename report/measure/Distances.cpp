@@ -82,6 +82,7 @@ std::vector<DistanceBin> distanceBins(const DotLists& dots, const Board& board) 
   const double reach = reachOf(placed);
   if (!std::isfinite(reach) || reach <= 0.0) return {};
   const double width = roundWidth(reach / kAboutBins);
+  if (!std::isnormal(width)) return {};
   std::vector<Sums> sums(static_cast<std::size_t>(reach / width) + 1);
   for (std::size_t k = 0; k < placed.size(); ++k) {
     for (std::size_t j = 0; j < k; ++j) {

@@ -39,7 +39,8 @@ std::vector<std::string> SetFiles::candidates(const std::string& path) const {
   const fs::path in_set = fs::path(path).lexically_relative(set_folder_);
   if (in_set.empty() || *in_set.begin() == "..") return paths;
   paths.push_back((fs::path(beside_) / in_set).string());  // The document lies in the set...
-  paths.push_back((fs::path(beside_) / fs::path(set_folder_).filename() / in_set).string());  // ...or the set beside it.
+  paths.push_back(
+      (fs::path(beside_) / fs::path(set_folder_).filename() / in_set).string());  // ...or the set beside it.
   return paths;
 }
 

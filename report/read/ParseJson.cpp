@@ -12,7 +12,7 @@ namespace polarline {
 namespace {
 
 constexpr std::size_t kDeepest = 32;
-constexpr std::size_t kMostMembers = 10000;
+constexpr std::size_t kMostMembers = 4000;
 
 /// Line and column from 1 of a byte.
 std::string placeOf(std::string_view text, std::size_t byte) {

@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::string_view kSeparators = "/\\";
 /// What a path in a sentence begins behind, and what ends it there.
-constexpr std::string_view kBefore = " \t\n'\"(=:,;<>[";
-constexpr std::string_view kBehind = " \t\n'\"()=:,;<>[]";
+constexpr std::string_view kBefore = " \t\n'\"(=:,;[";
+constexpr std::string_view kBehind = " \t\n'\"()=:,;[]";
 
 bool isSeparator(char c) { return kSeparators.find(c) != std::string_view::npos; }
 
@@ -51,7 +51,8 @@ void shortenTexts(Json& json, const std::vector<std::string>& known) {
 
 std::vector<std::string> pathsOf(const Json& document) {
   std::vector<std::string> paths;
-  const auto take = [&paths](const std::string& path) {
+  const auto take = [&paths](std::string path) {
+    while (!path.empty() && isSeparator(path.back())) path.pop_back();
     if (path.find_first_of(kSeparators) != std::string::npos) paths.push_back(path);
   };
   take(document["set"]["folder"].get<std::string>());

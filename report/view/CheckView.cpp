@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "check/document/JsonText.h"
-#include "report/measure/Board.h"
 #include "report/measure/CausePattern.h"
 #include "report/measure/Coverage.h"
 #include "report/measure/Crop.h"
@@ -80,17 +79,15 @@ struct Details {
   std::size_t without_pictures = 0;  ///< Of those that are there.
 };
 
-Details detailsOf(const ReadCheck& check, const std::string& figure, const PicturesOfPair& pictures,
-                  std::size_t budget) {
-  const Board board(check.json);
+Details detailsOf(const ReadCheck& check, const std::string& figure, const CheckSources& sources, std::size_t budget) {
   const CausePattern pattern(check.json);
   const Json& pairs = check.json["pairs"];
   Details details;
   details.texts.resize(pairs.size());
   std::size_t used = 0;
   for (const std::size_t place : detailOrder(pairs, figure)) {
-    const PairPictures shown = pictures(place);
-    std::string text = detailsText(check.pairs[place], isFinished(pairs[place]), shown, board, pattern);
+    const PairPictures shown = sources.pictures(place);
+    std::string text = detailsText(check.pairs[place], isFinished(pairs[place]), shown, sources.board, pattern);
     used += text.size();
     if (used > budget) break;
     details.texts[place] = std::move(text);
@@ -138,21 +135,20 @@ void writeWords(JsonText& json, const CheckView& view, const std::vector<std::st
 
 }  // namespace
 
-CheckView viewCheck(ReadCheck check, const std::string& title, const PicturesOfPair& pictures, bool paths,
-                    std::size_t budget) {
-  if (!paths) shortenPaths(check.json);
+CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOptions& options) {
+  if (!options.paths) shortenPaths(check.json);
   CheckView view;
-  view.title = title;
+  view.title = options.title;
   view.record = checkRecord(check.json);
   view.headline = verdictText(view.record);
   const std::vector<std::string> names = mainOnes(view.record);
   const std::string document = check.json.dump(-1, ' ', false, Json::error_handler_t::replace);
-  const std::size_t left = budget - std::min(budget, document.size());
+  const std::size_t left = options.budget - std::min(options.budget, document.size());
   JsonText json(JsonText::Form::kShort);
   json.object();
   writeWords(json, view, names);
   json.key("document").raw(document);
-  writeDetails(json, detailsOf(check, names.empty() ? "" : names.front(), pictures, left));
+  writeDetails(json, detailsOf(check, names.empty() ? "" : names.front(), sources, left));
   writeCoverage(json, check);
   view.data = json.end().take();
   return view;

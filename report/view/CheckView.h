@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "polarline/check.h"
+#include "report/measure/Board.h"
 #include "report/picture/PagePicture.h"
 #include "report/read/ReadCheck.h"
 
@@ -19,11 +20,20 @@ struct CheckView {
   std::string data;  ///< JSON.
 };
 
-/// The pictures of the pair at a place of a document.
-using PicturesOfPair = std::function<PairPictures(std::size_t place)>;
+/// What a page has of a check besides its document.
+struct CheckSources {
+  /// The pictures of the pair at a place of the document.
+  std::function<PairPictures(std::size_t place)> pictures;
+  Board board;
+};
 
-/// @param budget Bytes for `data`, about. What every table needs is in it all the same.
-CheckView viewCheck(ReadCheck check, const std::string& title, const PicturesOfPair& pictures, bool paths,
-                    std::size_t budget);
+/// How a check is shown.
+struct ViewOptions {
+  std::string title;
+  bool paths = false;      ///< Otherwise files are told by their names.
+  std::size_t budget = 0;  ///< Bytes for `CheckView::data`, about. What every table needs is in it all the same.
+};
+
+CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOptions& options);
 
 }  // namespace polarline

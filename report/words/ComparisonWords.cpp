@@ -46,11 +46,13 @@ std::string ofCheck(const std::vector<std::string>& titles, const std::vector<Co
   std::string text = fmt::format("{} against {}.", titles[check], titles[0]);
   if (!less.empty()) text += listed(less, check, "Less");
   if (!more.empty()) text += listed(more, check, "More");
-  if (!none.empty()) text += fmt::format(" None: {}, whose difference is within its uncertainty.", counted(none.size()));
+  if (!none.empty())
+    text += fmt::format(" None: {}, whose difference is within its uncertainty.", counted(none.size()));
   if (!unknown.empty()) {
-    text += fmt::format(" Not known: {}, as five finished pairs of each check are needed to tell a difference from "
-                        "chance.",
-                        counted(unknown.size()));
+    text += fmt::format(
+        " Not known: {}, as five finished pairs of each check are needed to tell a difference from "
+        "chance.",
+        counted(unknown.size()));
   }
   if (less.empty() && more.empty() && none.empty() && unknown.empty()) text += " No figure was measured in both.";
   return text;

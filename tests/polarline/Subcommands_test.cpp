@@ -66,14 +66,16 @@ TEST_F(Subcommands, RefuseValuesThatAreEmpty) {
 TEST_F(Subcommands, RunTheExamplesOfTheirHelp) {
   ASSERT_GE(names().size(), 7U);
   layOut();
+  for (const char* document : {"before.json", "after.json"})
+    EXPECT_EQ(check({"--json", document, "--quiet"}).exit_code, 0);
   for (const std::string& name : names()) {
     const std::string line = example(name);
     ASSERT_THAT(line, HasSubstr("polarline " + name + " ")) << run({name, "--help"}).out;
     EXPECT_EQ(shell(line), 0) << line << "\n" << set.parent.read("err.txt");
     EXPECT_EQ(set.parent.read("err.txt"), "") << line;
   }
-  for (const char* made :
-       {"myset/polar.txt", "calib.json", "result.json", "seen/left_0_overlay.png", "board.pdf", "simulated/left_0.png"})
+  for (const char* made : {"myset/polar.txt", "calib.json", "result.json", "seen/left_0_overlay.png", "board.pdf",
+                           "simulated/left_0.png", "report.html"})
     EXPECT_TRUE(set.parent.has(made)) << made;
 }
 

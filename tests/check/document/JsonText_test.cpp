@@ -104,5 +104,11 @@ TEST(JsonTextPieces, MakeOneDocument) {
   EXPECT_EQ(json.take(), "");
 }
 
+TEST(JsonTextShort, HasNoBlanksAndNoLines) {
+  JsonText json(JsonText::Form::kShort);
+  json.object().member("a", 1).list("b", std::vector<double>{0.5, -0.0}).key("c").object().end().key("d").array();
+  EXPECT_EQ(json.end().end().take(), R"({"a":1,"b":[0.5,-0.0],"c":{},"d":[]})");
+}
+
 }  // namespace
 }  // namespace polarline

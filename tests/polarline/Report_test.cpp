@@ -1,0 +1,110 @@
+#include <filesystem>
+
+#include "CommandTest.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+/// The page, by 'check --report' and by 'report'.
+struct Report : CommandTest {
+  std::string page = set.parent.file("out.html");
+  std::string json = set.parent.file("r.json");
+
+  static nlohmann::json dataOf(const std::string& html) {
+    const std::size_t element = html.find("id=\"polarline-data\"");
+    const std::size_t begin = html.find('>', element) + 1;
+    return nlohmann::json::parse(html.substr(begin, html.find("</script>", begin) - begin));
+  }
+  nlohmann::json data() const { return dataOf(set.parent.read("out.html")); }
+  void refused(const std::vector<std::string>& arguments, const std::string& words) const {
+    const CommandRun run = this->run(arguments);
+    EXPECT_EQ(run.exit_code, 2) << run.out;
+    EXPECT_THAT(run.err, HasSubstr(words));
+    EXPECT_FALSE(set.parent.has("out.html"));
+    isInWords(run);
+    nothingHalf();
+  }
+};
+
+TEST_F(Report, IsWrittenByACheckBesideItsOtherResults) {
+  const CommandRun run = check({"--report", page, "--json", "-", "--limit", "dy_means<=1e-9"});
+  EXPECT_EQ(run.exit_code, 1) << run.err;
+  const auto document = nlohmann::json::parse(run.out);
+  const nlohmann::json view = data()["checks"][0];
+  EXPECT_EQ(view["headline"], "FAIL: the limit does not hold.");
+  EXPECT_EQ(view["document"]["pairs"][0]["figures"], document["pairs"][0]["figures"]);
+  EXPECT_FALSE(view["details"][0]["pictures"]["left"].is_null());
+  EXPECT_THAT(set.parent.read("out.html"), Not(HasSubstr(set.parent.path().string())));
+}
+
+TEST_F(Report, OfADocumentIsThatOfItsCheck) {
+  EXPECT_EQ(check({"--report", page, "--json", json, "--refine"}).exit_code, 0);
+  nlohmann::json by_check = data();
+  const CommandRun run = this->run({"report", json, "-o", page});
+  EXPECT_EQ(run.exit_code, 0) << run.err;
+  EXPECT_EQ(run.out, "Report: " + page + "\n");
+  nlohmann::json by_report = data();
+  by_check.erase("made");
+  by_report.erase("made");
+  EXPECT_EQ(by_check, by_report);
+}
+
+TEST_F(Report, OfAFailedRunSaysWhy) {
+  fs::remove(set.file("calib.json"));
+  EXPECT_EQ(check({"--report", page}).exit_code, 2);
+  EXPECT_THAT(data()["checks"][0]["headline"].get<std::string>(), HasSubstr("calib.json"));
+}
+
+TEST_F(Report, GoesToStandardOutput) {
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  const CommandRun run = this->run({"report", json, json, "-o", "-", "--title", "a <b>", "--no-pictures"});
+  EXPECT_EQ(run.exit_code, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr("<title>a &lt;b&gt;</title>"));
+  EXPECT_EQ(dataOf(run.out)["checks"].size(), 2U);
+  EXPECT_TRUE(dataOf(run.out)["checks"][0]["details"][0]["pictures"]["left"].is_null());
+}
+
+TEST_F(Report, TellsPathsOnlyWhenAsked) {
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  EXPECT_THAT(run({"report", json, "-o", "-"}).out, Not(HasSubstr(set.folder.string())));
+  EXPECT_THAT(run({"report", json, "-o", "-", "--paths"}).out, HasSubstr(set.folder.string()));
+}
+
+TEST_F(Report, KeepsTheBudget) {
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  const auto view = dataOf(run({"report", json, "-o", "-", "--budget", "1"}).out)["checks"][0];
+  EXPECT_EQ(view["details"].dump(), "[null,null]");
+  EXPECT_THAT(view["left_out"].get<std::string>(), HasSubstr("of 2 of 2 pairs were left out"));
+}
+
+TEST_F(Report, RefusesWhatIsNoDocument) {
+  refused({"report", set.file("polar.txt"), "-o", page}, "polar.txt: line 1, column 1: is no JSON");
+  refused({"report", set.file("calib.json"), "-o", page}, "calib.json: schema: found nothing");
+  refused({"report", set.parent.file("none.json"), "-o", page}, "none.json: cannot be read");
+  refused({"report", set.folder.string(), "-o", page}, "is a folder");
+  refused({"report", "-o", page}, "CHECK");
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  std::vector<std::string> nine(9, json);
+  nine.insert(nine.begin(), "report");
+  nine.insert(nine.end(), {"-o", page});
+  refused(nine, "9 documents were named; 1 to 8 were wanted");
+  refused({"report", json, "-o", json}, "is an input; name another file for -o");
+  refused({"check", set.folder.string(), "--report", "-"}, "--report -: a file was wanted");
+  refused({"check", set.folder.string(), "--report", set.file("calib.json")}, "name another file for --report");
+}
+
+TEST_F(Report, ThatCannotBeWrittenIsTold) {
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  for (const CommandRun& run :
+       {check({"--report", "/dev/full"}), this->run({"report", json, "-o", "/dev/full"}),
+        check({"--report", set.parent.file("none/out.html")}), this->run({"report", json, "-o", "/none/out.html"})}) {
+    EXPECT_EQ(run.exit_code, 4) << run.out;
+    isInWords(run);
+  }
+  nothingHalf();
+}
+
+}  // namespace

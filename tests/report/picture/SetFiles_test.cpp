@@ -1,0 +1,67 @@
+#include "report/picture/SetFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "check/set/Fingerprint.h"
+#include "MadeDocument.h"
+#include "support/TempFolder.h"
+
+namespace polarline {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct SetFilesFound : ::testing::Test {
+  TempFolder folder;
+
+  void put(const std::string& path, const std::string& content) const {
+    fs::create_directories((folder.path() / path).parent_path());
+    folder.write(path, content);
+  }
+  /// What a document finds that was made where the set lay in `set_folder`.
+  std::string found(const std::string& set_folder, const std::string& path, const std::string& document) const {
+    Check check = made_document::check();
+    check.folder = set_folder;
+    check.inputs = {{"target", path, sha256("the target")}};
+    return SetFiles(made_document::json(check), document).find("target").value_or("none");
+  }
+};
+
+TEST_F(SetFilesFound, WhereTheDocumentSays) {
+  put("sets/a/target.ini", "the target");
+  EXPECT_EQ(found("", folder.file("sets/a/target.ini"), ""), folder.file("sets/a/target.ini"));
+}
+
+TEST_F(SetFilesFound, BesideTheDocument) {
+  put("sets/a/target.ini", "the target");
+  const std::string in_set = folder.file("sets/a/r.json");
+  const std::string beside_set = folder.file("sets/r.json");
+  EXPECT_EQ(found("gone/a", "gone/a/target.ini", in_set), folder.file("sets/a/target.ini"));
+  EXPECT_EQ(found("gone/a", "gone/a/target.ini", beside_set), folder.file("sets/a/target.ini"));
+  EXPECT_EQ(found("a", "a/target.ini", beside_set), folder.file("sets/a/target.ini"));
+  EXPECT_EQ(found("/gone/a", "/gone/b/target.ini", in_set), "none");
+}
+
+TEST_F(SetFilesFound, OnlyWithTheContentThatWasChecked) {
+  put("sets/a/target.ini", "another target");
+  EXPECT_EQ(found("", folder.file("sets/a/target.ini"), ""), "none");
+}
+
+TEST_F(SetFilesFound, OnlyAsAFile) {
+  fs::create_directories(folder.path() / "target.ini");
+  EXPECT_EQ(found("", folder.file("target.ini"), ""), "none");
+  EXPECT_EQ(found("", "/dev/zero", ""), "none");
+}
+
+TEST_F(SetFilesFound, NotWithoutAHashOrARole) {
+  put("t", "the target");
+  Check check = made_document::check();
+  check.inputs = {{"target", folder.file("t"), ""}};
+  EXPECT_FALSE(SetFiles(made_document::json(check), "").find("target"));
+  EXPECT_FALSE(SetFiles(made_document::json(check), "").find("left/0"));
+}
+
+}  // namespace
+}  // namespace polarline

@@ -1,0 +1,108 @@
+#include "report/view/CheckView.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "MadeDocument.h"
+
+namespace polarline {
+namespace {
+
+using ::testing::HasSubstr;
+
+using made_document::noPictures;
+using made_document::Pictures;
+
+PairPictures somePictures(std::size_t /*place*/) {
+  const PagePicture picture{"data:", {40, 30}};
+  return {picture, picture, std::nullopt};
+}
+
+Json viewOf(const Check& check, std::size_t budget = 1000000, Pictures* pictures = somePictures) {
+  return Json::parse(made_document::view(check, {"title", false, budget}, pictures).data);
+}
+
+Check manyPairs() {
+  Check check = made_document::check();
+  check.pairs.clear();
+  for (std::size_t k = 0; k < 16; ++k) check.pairs.push_back(made_document::pair(k + 5, k == 11 ? 9.0 : 0.1));
+  check.summary = {made_document::summary("dy_means", 0.1, 0.01, 16)};
+  return check;
+}
+
+TEST(CheckViewWords, AreThoseOfTheCommand) {
+  const Json view = viewOf(made_document::check());
+  EXPECT_EQ(view["title"], "title");
+  EXPECT_EQ(view["headline"], "PASS: the limit holds.");
+  EXPECT_EQ(view["worst_pair_text"], "Worst pair: 0 (dy_means 0.0550 pixels).");
+  EXPECT_EQ(view["refined_text"], "");
+  EXPECT_EQ(view["main_figures"], Json::parse(R"(["dy_means"])"));
+  EXPECT_EQ(view["left_out"], "");
+}
+
+TEST(CheckViewFirstPair, IsTheWorst) {
+  EXPECT_EQ(viewOf(manyPairs())["first_pair"], 11) << "place, not index";
+  Check check = manyPairs();
+  check.summary.clear();
+  check.pairs[0] = hand_made::givenUp(check.pairs[0]);
+  EXPECT_EQ(viewOf(check)["first_pair"], 1) << "the first finished";
+  check.pairs.resize(1);
+  EXPECT_EQ(viewOf(check)["first_pair"], 0);
+  check.pairs.clear();
+  EXPECT_TRUE(viewOf(check)["first_pair"].is_null());
+}
+
+TEST(CheckViewDocument, IsWithoutPoints) {
+  Json document = made_document::json(made_document::check());
+  document["pairs"][0].erase("points");
+  EXPECT_EQ(viewOf(made_document::check())["document"].dump(), document.dump());
+}
+
+TEST(CheckViewBudget, KeepsTheWorstAndSaysWhatIsLeftOut) {
+  const std::size_t whole = made_document::view(manyPairs(), {"", false, 10000000}, somePictures).data.size();
+  const Json view = viewOf(manyPairs(), whole / 2);
+  const Json& details = view["details"];
+  ASSERT_EQ(details.size(), 16U);
+  EXPECT_FALSE(details[11].is_null());
+  EXPECT_FALSE(details[0].is_null());
+  EXPECT_FALSE(details[8].is_null());
+  EXPECT_TRUE(details[15].is_null());
+  std::size_t left_out = 0;
+  for (const Json& each : details) left_out += each.is_null() ? 1 : 0;
+  EXPECT_THAT(view["left_out"].get<std::string>(),
+              HasSubstr("Dots and pictures of " + std::to_string(left_out) + " of 16 pairs were left out"));
+  EXPECT_LE(view.dump().size(), whole / 2 + 2000);
+  EXPECT_EQ(viewOf(manyPairs(), 0)["document"]["pairs"].size(), 16U) << "the tables have every pair";
+}
+
+TEST(CheckViewPictures, ThatAreMissingAreTold) {
+  EXPECT_THAT(viewOf(made_document::check(), 1000000, noPictures)["left_out"].get<std::string>(),
+              HasSubstr("Pictures of 1 pair are not shown"));
+}
+
+TEST(CheckViewCoverage, CountsAllFinishedPairs) {
+  Check check = manyPairs();
+  check.pairs.resize(3);
+  check.pairs[2] = hand_made::givenUp(check.pairs[2]);
+  const Json coverage = viewOf(check)["coverage"];
+  EXPECT_EQ(coverage["left"]["columns"], 16);
+  EXPECT_EQ(coverage["left"]["rows"], 12);
+  int dots = 0;
+  for (const Json& cell : coverage["left"]["dots"]) dots += cell.get<int>();
+  EXPECT_EQ(dots, 24) << "12 of each finished pair";
+  EXPECT_THAT(coverage["sentence"].get<std::string>(), HasSubstr("The dots of 2 pairs together reach"));
+  check.cameras.width = 0;
+  EXPECT_TRUE(viewOf(check)["coverage"].is_null());
+}
+
+TEST(CheckViewPaths, AreFileNamesUnlessWanted) {
+  Check check = made_document::check();
+  check.inputs = {{"target", "/secret/target.ini", ""}};
+  EXPECT_THAT(made_document::view(check, {"", false, 0}, noPictures).data, Not(HasSubstr("secret")));
+  EXPECT_THAT(made_document::view(check, {"", true, 0}, noPictures).data, HasSubstr("/secret/target.ini"));
+}
+
+}  // namespace
+}  // namespace polarline

@@ -1,0 +1,50 @@
+#include "report/words/ComparisonWords.h"
+
+#include <gtest/gtest.h>
+
+#include "MadeDocument.h"
+
+namespace polarline {
+namespace {
+
+using made_document::summary;
+
+std::string wordsOf(const std::vector<FigureSummary>& first, const std::vector<FigureSummary>& other) {
+  Check a = made_document::check();
+  Check b = a;
+  a.summary = first;
+  b.summary = other;
+  return comparisonWords({"before", "after"}, compareFigures({&a, &b}));
+}
+
+TEST(ComparisonWordsOf, ACheckAgainstTheFirst) {
+  EXPECT_EQ(wordsOf({summary("dy_means", 1.0, 0.03), summary("tri_rms", 1.0, 0.3), summary("dis_rms", 1.0, 0.03)},
+                    {summary("dy_means", 0.5, 0.04), summary("tri_rms", 1.1, 0.4), summary("dis_rms", 2.0, 0.04)}),
+            "after against before. Less: dy_means (by 0.5 ± 0.05 pixels). More: dis_rms (by 1 ± 0.05 pixels). None: 1 "
+            "figure, whose difference is within its uncertainty.");
+}
+
+TEST(ComparisonWordsOf, FewPairsSaySo) {
+  EXPECT_EQ(wordsOf({summary("dy_means", 1.0, NAN)}, {summary("dy_means", 0.5, NAN)}),
+            "after against before. Not known: 1 figure, as five finished pairs of each check are needed to tell a "
+            "difference from chance.");
+}
+
+TEST(ComparisonWordsOf, NothingInCommon) {
+  EXPECT_EQ(wordsOf({summary("dy_means", 1.0, 0.1)}, {summary("tri_rms", 0.5, 0.1)}),
+            "after against before. No figure was measured in both.");
+}
+
+TEST(ComparisonWordsMany, AreCounted) {
+  std::vector<FigureSummary> first;
+  std::vector<FigureSummary> other;
+  for (const char* name : {"a", "b", "c", "d", "e"}) {
+    first.push_back(summary(name, 1.0, 0.01));
+    other.push_back(summary(name, 2.0, 0.01));
+  }
+  EXPECT_NE(wordsOf(first, other).find("c (by 1 ± 0.014 pixels) and 2 figures more."), std::string::npos)
+      << wordsOf(first, other);
+}
+
+}  // namespace
+}  // namespace polarline
