@@ -1,0 +1,73 @@
+// Readable for everybody: what axe knows, in both themes, and a sentence with numbers for each plot.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import axe from 'axe-core';
+import { goTo, within } from './support/browser.mjs';
+import { pageFile, withCopy } from './support/pages.mjs';
+
+async function violations(page) {
+  await page.evaluate(axe.source);
+  const found = await page.evaluate(async () => {
+    for (const details of document.querySelectorAll('details')) details.open = true;
+    return (await globalThis.axe.run({ resultTypes: ['violations'] })).violations;
+  });
+  return found.flatMap(({ id, nodes }) =>
+    nodes.slice(0, 5).map(({ target, failureSummary }) => `${id}: ${target.join(' ')}\n${failureSummary}`),
+  );
+}
+
+for (const theme of ['light', 'dark']) {
+  for (const [name, pairs] of [
+    ['misaligned', [0, 2]],
+    ['two', [1]],
+    ['empty', []],
+    ['unseen', []],
+    ['nulls', [0]],
+  ]) {
+    test(`axe finds nothing in '${name}', ${theme}`, async () => {
+      await within(pageFile(name), { theme }, async (page) => {
+        assert.deepEqual(await violations(page), []);
+        for (const pair of pairs) {
+          await goTo(page, `#pair=${pair}`);
+          assert.deepEqual(await violations(page), []);
+        }
+      });
+    });
+  }
+}
+
+test('axe finds nothing in what stands without JavaScript', async () => {
+  // axe itself needs scripts, so the page's own are taken out.
+  await withCopy(
+    'misaligned',
+    (text) => text.replace(/<script(?! type)[^]*<\/script>/, ''),
+    async (file) => {
+      await within(file, { drawn: false }, async (page) => assert.deepEqual(await violations(page), []));
+    },
+  );
+});
+
+test('Each plot has a name and a sentence', async () => {
+  await within(pageFile('misaligned'), { hash: '#pair=0' }, async (page) => {
+    const plots = await page.$$eval('figure.plot', (nodes) =>
+      nodes.map((node) => {
+        const area = node.querySelector('.plot-area');
+        const ids = (area.getAttribute('aria-labelledby') ?? '').split(' ');
+        const text = ids.map((id) => document.getElementById(id)?.textContent ?? '').join(': ');
+        return { text, role: area.getAttribute('role') };
+      }),
+    );
+    assert.ok(plots.length >= 10, `${plots.length} plots`);
+    for (const { text, role } of plots) {
+      assert.match(role, /^(img|group)$/);
+      assert.match(text, /\S.*: .*\d/s, 'a title and a sentence with its numbers');
+    }
+  });
+});
+
+test('The two themes are two', async () => {
+  const background = (page) => page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);
+  const light = await within(pageFile('good'), { theme: 'light' }, background);
+  const dark = await within(pageFile('good'), { theme: 'dark' }, background);
+  assert.notEqual(light, dark);
+});

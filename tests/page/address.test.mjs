@@ -1,0 +1,49 @@
+// The pair that is looked at stands in the address, so a link leads to it and the back button to the one before.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { complaints, goTo, settled, within } from './support/browser.mjs';
+import { pageFile } from './support/pages.mjs';
+
+const shownPair = (page) => page.$eval('#pair h2', (node) => node.textContent.trim());
+
+test('A link leads to its pair', async () => {
+  await within(pageFile('misaligned'), { hash: '#pair=3' }, async (page) => {
+    assert.equal(await shownPair(page), 'Pair 3');
+  });
+});
+
+test('Back leads to the pair before', async () => {
+  await within(pageFile('misaligned'), {}, async (page) => {
+    await goTo(page, '#pair=0');
+    await goTo(page, '#pair=3');
+    await page.goBack();
+    await settled(page);
+    assert.equal(await shownPair(page), 'Pair 0');
+    await page.goForward();
+    await settled(page);
+    assert.equal(await shownPair(page), 'Pair 3');
+  });
+});
+
+test('The page begins with the worst pair', async () => {
+  await within(pageFile('misaligned'), {}, async (page) => {
+    assert.equal(await shownPair(page), 'Pair 1');
+  });
+});
+
+for (const hash of ['#pair=99', '#pair=x', '#check=9&pair=0', '#%00', '#pair=-1', '#<img src=x>']) {
+  test(`The address ${hash} is no failure`, async () => {
+    await within(pageFile('misaligned'), { hash }, async (page, seen) => {
+      assert.match(await shownPair(page), /^Pair \d$/);
+      assert.deepEqual(complaints(seen), []);
+    });
+  });
+}
+
+test('A pair of another check has its address', async () => {
+  await within(pageFile('two'), { hash: '#check=2&pair=1' }, async (page) => {
+    assert.equal(await shownPair(page), 'Pair 1');
+    const checks = await page.$$eval('#pair [data-figure]', (nodes) => nodes.map((node) => node.dataset.check));
+    assert.deepEqual([...new Set(checks)], ['2']);
+  });
+});

@@ -1,0 +1,75 @@
+// Renders small sets, checks them and makes the pages that the tests open.   node make_pages.mjs POLARLINE FOLDER
+import { execFileSync, spawnSync } from 'node:child_process';
+import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import path from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { badBytes, hostile, many, onePair, scaled, withNulls } from './support/alter.mjs';
+
+const [polarline, folder] = process.argv.slice(2).map((name) => path.resolve(name));
+const here = path.dirname(fileURLToPath(import.meta.url));
+const sets = path.join(folder, 'sets');
+const document = (name) => path.join(folder, `${name}.json`);
+
+function run(...words) {
+  execFileSync(polarline, words, { stdio: ['ignore', 'ignore', 'inherit'] });
+}
+
+function simulate(scene, name, ...words) {
+  run('simulate', scene, path.join(sets, name), '--quiet', ...words);
+}
+
+/** A check may end with any of the answers of a run; a page is made of each. */
+function check(name, ...words) {
+  const ended = spawnSync(polarline, ['check', path.join(sets, name), '--json', document(name), '--quiet', ...words]);
+  if (![0, 1, 2, 3].includes(ended.status))
+    throw new Error(`check of ${name} ended with ${ended.status}: ${ended.stderr}`);
+}
+
+const read = (name) => JSON.parse(readFileSync(document(name), 'utf8'));
+const write = (name, made) => writeFileSync(document(name), JSON.stringify(made));
+
+function report(name, documents = [name], ...words) {
+  run('report', ...documents.map(document), '-o', path.join(folder, `${name}.html`), ...words);
+}
+
+function ofRuns() {
+  simulate('ring_320', 'good', '--pairs', '3');
+  check('good', '--refine', '--limit', 'dy_means<=0.5', '--limit', 'tri_rms<=0.5');
+  simulate(path.join(here, 'scenes', 'misaligned.json'), 'misaligned');
+  check(
+    'misaligned',
+    '--refine',
+    '--limit',
+    'dy_means<=0.05',
+    '--limit',
+    '|tri_dis[0]|<=0.5',
+    '--limit',
+    'given_up<=0',
+  );
+  simulate(path.join(here, 'scenes', 'unseen.json'), 'unseen');
+  check('unseen', '--limit', 'dy_means<=0.05');
+  simulate('ring_320', 'empty', '--pairs', '1');
+  writeFileSync(path.join(sets, 'empty', 'list.txt'), '');
+  check('empty');
+  simulate('ring_640', 'dense', '--pairs', '1');
+  check('dense', '--limit', 'dy_means<=0.05');
+}
+
+function altered() {
+  write('hostile', hostile(read('misaligned')));
+  writeFileSync(document('hostile'), badBytes(readFileSync(document('hostile'), 'utf8')));
+  write('nulls', withNulls(read('good')));
+  write('one_pair', onePair(read('good')));
+  write('many', many(read('dense'), 500));
+  for (let index = 1; index <= 6; index += 1)
+    write(`after_${index}`, scaled(read('good'), `after ${index}`, 1 + index / 10));
+}
+
+rmSync(folder, { recursive: true, force: true });
+mkdirSync(sets, { recursive: true });
+ofRuns();
+altered();
+for (const name of ['good', 'misaligned', 'unseen', 'empty', 'hostile', 'nulls', 'one_pair', 'many']) report(name);
+report('two', ['misaligned', 'good']);
+report('eight', ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)]);
+report('with_paths', ['good'], '--paths');

@@ -1,0 +1,66 @@
+// A telephone, a doubled page, and who wants no motion.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { goTo, within } from './support/browser.mjs';
+import { pageFile } from './support/pages.mjs';
+
+/** What sticks out to the right, but for what lies in a frame that scrolls by itself. */
+function stickingOut(page) {
+  return page.evaluate(() => {
+    const wide = document.documentElement.clientWidth;
+    const scrolls = (node) => {
+      for (let at = node.parentElement; at; at = at.parentElement) {
+        if (/auto|scroll|hidden|clip/.test(getComputedStyle(at).overflowX)) return true;
+      }
+      return false;
+    };
+    const out = [...document.body.querySelectorAll('*')].filter(
+      (node) => node.getBoundingClientRect().right > wide + 1 && node.checkVisibility() && !scrolls(node),
+    );
+    return {
+      scroll: document.documentElement.scrollWidth - wide,
+      out: out
+        .slice(0, 5)
+        .map((node) => `${node.tagName}.${node.getAttribute('class')} ${node.textContent.slice(0, 30)}`),
+    };
+  });
+}
+
+const sizes = [
+  ['360 pixels', { width: 360, height: 740 }],
+  ['1280 pixels at 200 %', { width: 640, height: 450, scale: 2 }],
+];
+for (const [size, options] of sizes) {
+  for (const name of ['misaligned', 'eight', 'empty', 'hostile']) {
+    test(`'${name}' fits into ${size}`, async () => {
+      await within(pageFile(name), options, async (page) => {
+        for (const hash of ['', '#pair=0', '#pair=2']) {
+          if (hash) await goTo(page, hash);
+          assert.deepEqual(await stickingOut(page), { scroll: 0, out: [] }, hash);
+        }
+      });
+    });
+  }
+}
+
+test('Without JavaScript it fits into 360 pixels, too', async () => {
+  await within(pageFile('misaligned'), { width: 360, height: 740, script: false }, async (page) => {
+    assert.deepEqual(await stickingOut(page), { scroll: 0, out: [] });
+  });
+});
+
+test('Nothing moves where motion is reduced', async () => {
+  await within(pageFile('misaligned'), { calm: true }, async (page) => {
+    await page.evaluate(() => (location.hash = '#pair=0'));
+    const moving = await page.evaluate(() => {
+      const times = (text) => text.split(',').some((time) => parseFloat(time) > 0.001);
+      const styles = [...document.querySelectorAll('*')].map((node) => getComputedStyle(node));
+      return {
+        animations: document.getAnimations().length,
+        transitions: styles.filter((style) => times(style.transitionDuration)).length,
+        scrolls: styles.filter((style) => style.scrollBehavior === 'smooth').length,
+      };
+    });
+    assert.deepEqual(moving, { animations: 0, transitions: 0, scrolls: 0 });
+  });
+});

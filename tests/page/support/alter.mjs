@@ -1,0 +1,112 @@
+// Documents that no run makes easily, out of one that a run made.
+
+const copy = (document) => structuredClone(document);
+
+/** Texts that would be markup, requests or confusion if a page took them for more than text. */
+export const hostileTexts = [
+  '</script><script>document.title="taken"</script>',
+  '<img src=http://127.0.0.1:9/a.png onerror="document.title=\'taken\'">',
+  '<!--<script>',
+  'line\u2028and\u2029paragraph',
+  'right\u202eto left',
+  '"><svg onload=document.title="taken">',
+  '@POLARLINE_STATIC@ $& {{x}} &lt;b&gt;',
+];
+
+/** Stands where bytes come that are no UTF-8; `badBytes` puts them in. */
+export const badUtf8Mark = 'BAD_BYTES_HERE';
+
+export function badBytes(json) {
+  const [first, ...rest] = json.split(badUtf8Mark).map((part) => Buffer.from(part));
+  return Buffer.concat([first, ...rest.flatMap((part) => [Buffer.from([0xff, 0xfe, 0xc3, 0x28]), part])]);
+}
+
+export function hostile(document) {
+  const made = copy(document);
+  const [script, image, comment, breaks, backwards, quoted, marks] = hostileTexts;
+  made.set.name = script;
+  made.set.folder = `/nowhere/${script}`;
+  made.pairs[0].left = image;
+  made.pairs[0].right = `${backwards}.png`;
+  made.pairs[1].left = `${comment}.png`;
+  made.pairs[1].right = `${badUtf8Mark}.png`;
+  made.limits[0].why = quoted;
+  made.warnings.push({ code: 'made_up', pair: 0, text: image, advice: breaks });
+  made.warnings.push({ code: 'made_up_too', text: marks, advice: script });
+  made.status.text = breaks;
+  if (made.diagnosis) made.diagnosis.text = script;
+  return made;
+}
+
+/** Numbers that were not finite, where there is one pair beside them that has them. */
+export function withNulls(document) {
+  const made = copy(document);
+  const [pair] = made.pairs;
+  Object.assign(pair.figures, { dy_means: null, dis_rms: null });
+  pair.figures.tri_dis[2] = null;
+  pair.carried = ['dis_rms'];
+  if (pair.refined) pair.refined.figures.tri_rms = null;
+  for (const numbers of Object.values(pair.uncertainty ?? {}))
+    Object.assign(numbers, { sd: null, low95: null, high95: null });
+  for (const column of ['dy', 'residual', 'x', 'y', 'z']) {
+    pair.points[column] = pair.points[column].map((value, index) => (index % 3 === 0 ? null : value));
+  }
+  Object.assign(made.summary.figures.dy_means, { mean: null, sd: null, min: null, max: null });
+  return made;
+}
+
+/** The first pair alone. */
+export function onePair(document) {
+  const made = copy(document);
+  made.pairs.length = 1;
+  made.summary.pairs = 1;
+  made.summary.finished = 1;
+  for (const all of [made.summary.figures, made.summary.refined?.figures ?? {}]) {
+    for (const numbers of Object.values(all)) Object.assign(numbers, { sd: null, worst_pair: 0 });
+  }
+  return made;
+}
+
+/** Another check of the same set whose row differences are `factor` times as large. */
+export function scaled(document, name, factor) {
+  const made = copy(document);
+  made.set.name = name;
+  const scale = (numbers, keys) => {
+    for (const key of keys) if (typeof numbers[key] === 'number') numbers[key] *= factor;
+  };
+  for (const figure of ['dy_means', 'dy_max']) {
+    for (const pair of made.pairs) {
+      scale(pair.figures, [figure]);
+      scale(pair.uncertainty?.[figure] ?? {}, ['sd', 'low95', 'high95']);
+    }
+    scale(made.summary.figures[figure], ['mean', 'sd', 'min', 'max', 'sd_mean', 'low95', 'high95']);
+  }
+  return made;
+}
+
+/** The first pair `count` times, each a little different, with the same pictures. */
+export function many(document, count) {
+  const made = copy(document);
+  const [pair] = made.pairs;
+  const drift = (value, index) => (typeof value === 'number' ? value * (1 + 0.2 * Math.sin(index / 30)) : value);
+  made.pairs = Array.from({ length: count }, (_, index) => ({
+    ...pair,
+    index,
+    figures: Object.fromEntries(
+      Object.entries(pair.figures).map(([name, value]) => [
+        name,
+        Array.isArray(value) ? value.map((entry) => drift(entry, index)) : drift(value, index),
+      ]),
+    ),
+    points: { ...pair.points, dy: pair.points.dy.map((value, dot) => value + 0.01 * Math.sin(index + dot)) },
+  }));
+  const pictures = made.set.inputs.filter((input) => /^(left|right)\/0$/.test(input.role));
+  made.set.inputs = made.set.inputs.filter((input) => !/^(left|right)\//.test(input.role));
+  for (let index = 0; index < count; index += 1) {
+    for (const picture of pictures) {
+      made.set.inputs.push({ ...picture, role: picture.role.replace('0', String(index)) });
+    }
+  }
+  Object.assign(made.summary, { pairs: count, finished: count });
+  return made;
+}

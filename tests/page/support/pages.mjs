@@ -1,0 +1,30 @@
+// Where scripts/page_tests put the pages and their documents.
+import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import path from 'node:path';
+import { fileURLToPath } from 'node:url';
+
+export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../../..');
+const folder = process.env.PAGE_TESTS ?? path.join(root, 'build/page_tests');
+
+export const pageFile = (name) => path.join(folder, `${name}.html`);
+export const pageText = (name) => readFileSync(pageFile(name), 'utf8');
+export const checkDocument = (name) => JSON.parse(readFileSync(path.join(folder, `${name}.json`), 'utf8'));
+
+/** The pages of one check. */
+export const single = ['good', 'misaligned', 'nulls', 'one_pair', 'unseen', 'empty'];
+
+/** Works on a page that was changed after it was made. */
+export async function withCopy(name, change, work) {
+  const folder = mkdtempSync(path.join(tmpdir(), 'page_copy_'));
+  const file = path.join(folder, 'page.html');
+  const text = pageText(name);
+  const changed = change(text);
+  if (changed === text) throw new Error(`nothing of ${name} was changed`);
+  writeFileSync(file, changed);
+  try {
+    return await work(file);
+  } finally {
+    rmSync(folder, { recursive: true });
+  }
+}

@@ -1,0 +1,64 @@
+// A page as it is printed: its words and where they stand.
+import { execFileSync } from 'node:child_process';
+import { mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import path from 'node:path';
+
+/**
+ * Has a word stand at the first and at the last line of each plot on paper, by which a cut one is found. They are put
+ * in when printing begins, after the page has drawn for paper.
+ */
+export function markPlots(page) {
+  return page.evaluate(() => {
+    const mark = (text, place) => {
+      const node = document.createElement('span');
+      node.textContent = text;
+      node.style.cssText = `position: absolute; left: 0; ${place}: 0; font: 4px monospace; color: #000`;
+      return node;
+    };
+    addEventListener('beforeprint', () => {
+      [...document.querySelectorAll('figure')].forEach((figure, index) => {
+        figure.style.position = 'relative';
+        figure.append(mark(`begin${index}mark`, 'top'), mark(`end${index}mark`, 'bottom'));
+      });
+    });
+    return [...document.querySelectorAll('figure')].map((figure, index) => ({
+      title: figure.querySelector('h3')?.textContent ?? `figure ${index}`,
+      begin: `begin${index}mark`,
+      end: `end${index}mark`,
+    }));
+  });
+}
+
+const number = (text, name) => Number(new RegExp(`${name}="([\\d.-]+)"`).exec(text)[1]);
+
+function wordOf(line) {
+  const text = /<word[^>]*>([^<]*)<\/word>/.exec(line)[1];
+  return {
+    text,
+    left: number(line, 'xMin'),
+    right: number(line, 'xMax'),
+    top: number(line, 'yMin'),
+    bottom: number(line, 'yMax'),
+  };
+}
+
+/** The sheets with their size and words, points of 1/72 inch. */
+export async function printed(page) {
+  const folder = mkdtempSync(path.join(tmpdir(), 'page_paper_'));
+  try {
+    const file = path.join(folder, 'page.pdf');
+    writeFileSync(file, await page.pdf({ preferCSSPageSize: true, printBackground: true }));
+    const text = execFileSync('pdftotext', ['-bbox', file, '-'], { encoding: 'utf8', maxBuffer: 2 ** 28 });
+    return text
+      .split('<page ')
+      .slice(1)
+      .map((sheet) => ({
+        width: number(sheet, 'width'),
+        height: number(sheet, 'height'),
+        words: (sheet.match(/<word.*<\/word>/g) ?? []).map(wordOf),
+      }));
+  } finally {
+    rmSync(folder, { recursive: true });
+  }
+}
