@@ -104,6 +104,7 @@ test('A dot that is marked with the keys is marked in every plot, and Escape tak
   await within(pageFile('misaligned'), { hash: '#pair=0' }, async (page) => {
     assert.equal(await markedPlots(page), 0);
     await page.focus('#pair .plot-picture .plot-stage');
+    await settled(page);
     await page.keyboard.press('ArrowRight');
     const tip = await page.$eval('.tooltip', (node) => (node.checkVisibility() ? node.textContent : ''));
     assert.match(tip, /row/i);

@@ -2,6 +2,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { complaints, within } from './support/browser.mjs';
+import { textShows } from './support/figures.mjs';
 import { checkDocument, pageFile, single } from './support/pages.mjs';
 
 const verdicts = { pass: /PASS/i, fail: /FAIL/i, error: /ERROR|could not|no figure/i };
@@ -13,13 +14,17 @@ for (const name of single) {
       const text = await page.evaluate(() => document.body.innerText);
       assert.match(text, verdicts[document.verdict]);
       for (const limit of document.limits) assert.ok(text.includes(limit.text), limit.text);
-      for (const pair of document.pairs.filter(({ figures }) => typeof figures.dy_max === 'number')) {
-        const rows = await page.$$eval('tr', (lines) => lines.map((line) => line.innerText));
-        const shown = pair.figures.dy_max.toPrecision(3).slice(0, 5);
-        assert.ok(
-          rows.some((row) => row.includes(shown)),
-          `dy_max ${shown} of pair ${pair.index}`,
-        );
+      const rows = await page.$$eval('tr', (lines) =>
+        lines.map(({ cells }) => [...cells].map((cell) => cell.innerText.trim())),
+      );
+      for (const [figure, { mean, min, max }] of Object.entries(document.summary.figures)) {
+        const texts = rows.find(([head]) => head === figure) ?? [];
+        for (const value of [mean, min, max].filter((number) => number !== null)) {
+          assert.ok(
+            texts.some((shown) => textShows(shown, value)),
+            `${figure} ${value} in '${texts.join(' ')}'`,
+          );
+        }
       }
       assert.deepEqual(complaints(seen), []);
     });

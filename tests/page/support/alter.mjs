@@ -3,33 +3,27 @@
 const copy = (document) => structuredClone(document);
 
 /** Texts that would be markup, requests or confusion if a page took them for more than text. */
-export const hostileTexts = [
-  '</script><script>document.title="taken"</script>',
-  '<img src=http://127.0.0.1:9/a.png onerror="document.title=\'taken\'">',
-  '<!--<script>',
-  'line\u2028and\u2029paragraph',
-  'right\u202eto left',
-  '"><svg onload=document.title="taken">',
-  '@POLARLINE_STATIC@ $& {{x}} &lt;b&gt;',
-];
+const script = '</script><script>document.title="taken"</script>';
+const image = '<img src=http://127.0.0.1:9/a.png onerror="document.title=\'taken\'">';
+const quoted = '"><svg onload=document.title="taken">';
+const comment = '<!--<script>';
+const breaks = 'line\u2028and\u2029paragraph';
+const backwards = 'right\u202eto left';
+const marks = '@POLARLINE_STATIC@ $& {{x}} &lt;b&gt;';
 
-/** Stands where bytes come that are no UTF-8; `badBytes` puts them in. */
-export const badUtf8Mark = 'BAD_BYTES_HERE';
-
-export function badBytes(json) {
-  const [first, ...rest] = json.split(badUtf8Mark).map((part) => Buffer.from(part));
-  return Buffer.concat([first, ...rest.flatMap((part) => [Buffer.from([0xff, 0xfe, 0xc3, 0x28]), part])]);
-}
+/** What of them has to be seen: everything of names; of texts what is no path, since folders are not told. */
+export const shownOfHostile = {
+  still: [`${script}${image}`, quoted],
+  page: [`${script}${image}`, '<img src=http:', comment, backwards, 'line and paragraph', marks],
+};
 
 export function hostile(document) {
   const made = copy(document);
-  const [script, image, comment, breaks, backwards, quoted, marks] = hostileTexts;
-  made.set.name = script;
+  made.set.name = `${script}${image}`;
   made.set.folder = `/nowhere/${script}`;
-  made.pairs[0].left = image;
+  made.pairs[0].left = `${comment}.png`;
   made.pairs[0].right = `${backwards}.png`;
-  made.pairs[1].left = `${comment}.png`;
-  made.pairs[1].right = `${badUtf8Mark}.png`;
+  made.pairs[1].left = image;
   made.limits[0].why = quoted;
   made.warnings.push({ code: 'made_up', pair: 0, text: image, advice: breaks });
   made.warnings.push({ code: 'made_up_too', text: marks, advice: script });
