@@ -101,10 +101,10 @@ const markedPlots = (page) =>
   page.$$eval('#pair .plot-overlay > g:nth-child(2)', (nodes) => nodes.filter((node) => node.childElementCount).length);
 
 test('A dot that is marked with the keys is marked in every plot, and Escape takes it back', async () => {
-  await within(pageFile('misaligned'), { hash: '#pair=0' }, async (page) => {
+  await within(pageFile('misaligned'), { hash: '#pair=0', calm: true }, async (page) => {
     assert.equal(await markedPlots(page), 0);
     await page.focus('#pair .plot-picture .plot-stage');
-    await settled(page);
+    await settled(page); // A page that scrolls takes the tooltip away.
     await page.keyboard.press('ArrowRight');
     const tip = await page.$eval('.tooltip', (node) => (node.checkVisibility() ? node.textContent : ''));
     assert.match(tip, /row/i);

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { within } from './support/browser.mjs';
-import { markPlots, printed } from './support/paper.mjs';
+import { edgeMark, markPlots, printed } from './support/paper.mjs';
 import { pageFile } from './support/pages.mjs';
 
 const A4 = { width: 595, height: 842 };
@@ -15,6 +15,8 @@ for (const name of ['good', 'misaligned', 'two', 'empty']) {
       assert.ok(
         sheets.every(({ width, height }) => Math.abs(width - A4.width) < 2 && Math.abs(height - A4.height) < 2),
       );
+      const edge = sheets[0].words.find(({ text }) => text === edgeMark);
+      assert.ok(edge.right > A4.width - 50, `the print is made smaller: its right edge is at ${edge.right}`);
       const places = new Map(sheets.flatMap(({ words }, sheet) => words.map(({ text }) => [text, sheet])));
       for (const plot of plots) {
         assert.ok(places.has(plot.begin) && places.has(plot.end), `${plot.title} is not on paper as a whole`);

@@ -1,5 +1,4 @@
-// One browser for the tests of a file, and pages that write down everything they should not do.
-import { after } from 'node:test';
+// One browser for whoever asks in this process, and pages that write down everything they should not do.
 import { pathToFileURL } from 'node:url';
 import puppeteer from 'puppeteer-core';
 
@@ -15,9 +14,11 @@ async function theBrowser() {
   return browser;
 }
 
-after(async () => {
+/** Node does not end before. */
+export async function closeBrowser() {
   await browser?.close();
-});
+  browser = undefined;
+}
 
 /** What a page wrote to the console, failed at or asked of anybody but itself; empty lists are what we want. */
 function watched(page) {

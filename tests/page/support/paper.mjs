@@ -4,12 +4,15 @@ import { mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import path from 'node:path';
 
+/** Stands at the right edge of the page's body. */
+export const edgeMark = 'rightmost';
+
 /**
  * Has a word stand at the first and at the last line of each plot on paper, by which a cut one is found. They are put
- * in when printing begins, after the page has drawn for paper.
+ * in when printing begins, after the page has drawn for paper. Another one tells where the page's right edge comes.
  */
 export function markPlots(page) {
-  return page.evaluate(() => {
+  return page.evaluate((edgeText) => {
     const mark = (text, place) => {
       const node = document.createElement('span');
       node.textContent = text;
@@ -17,6 +20,10 @@ export function markPlots(page) {
       return node;
     };
     addEventListener('beforeprint', () => {
+      const edge = mark(edgeText, 'top');
+      Object.assign(edge.style, { left: 'auto', right: '0' });
+      document.body.style.position = 'relative';
+      document.body.append(edge);
       [...document.querySelectorAll('figure')].forEach((figure, index) => {
         figure.style.position = 'relative';
         figure.append(mark(`begin${index}mark`, 'top'), mark(`end${index}mark`, 'bottom'));
@@ -27,7 +34,7 @@ export function markPlots(page) {
       begin: `begin${index}mark`,
       end: `end${index}mark`,
     }));
-  });
+  }, edgeMark);
 }
 
 const number = (text, name) => Number(new RegExp(`${name}="([\\d.-]+)"`).exec(text)[1]);
