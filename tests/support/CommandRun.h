@@ -142,10 +142,11 @@ class CommandRun {
     if (minded_ >= 0.0 && passed() > minded_ + options_.seconds_to_signal) send(SIGINT);
   }
 
+  /// The command keeps signals waiting for the thread that takes them.
   bool minds(int which) const {
     std::ifstream status("/proc/" + std::to_string(process_) + "/status");
     for (std::string line; std::getline(status, line);) {
-      if (line.rfind("SigCgt:", 0) == 0) return ((std::stoull(line.substr(7), nullptr, 16) >> (which - 1)) & 1U) != 0;
+      if (line.rfind("SigBlk:", 0) == 0) return ((std::stoull(line.substr(7), nullptr, 16) >> (which - 1)) & 1U) != 0;
     }
     return false;
   }
