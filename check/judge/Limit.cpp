@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "check/explain/FigureEntries.h"
+#include "check/explain/Names.h"
 #include "check/figures/PairReading.h"
-#include "check/judge/Names.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -30,7 +30,7 @@ enum Part : std::uint8_t {
 
 const std::regex& form() {
   static const std::regex limit(
-      R"(\s*(\|)?\s*(summary\.)?(refined\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(\S+)\s*)");
+      R"(\s*(\|)?\s*(summary\.)?(refined\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(?:([^\s=]\S*)\s*)?)");
   return limit;
 }
 
@@ -43,7 +43,8 @@ double numberOf(const std::string& text, const std::string& written) {
   const char* const end = written.data() + written.size();
   const auto [rest, error] = std::from_chars(written.data(), end, value);
   if (error != std::errc() || rest != end || !std::isfinite(value))
-    refuse(text, "'" + written + "' is no number; a decimal number such as 0.1 was wanted");
+    refuse(text, (written.empty() ? "nothing stands behind the sign" : "'" + written + "' is no number") +
+                     "; a decimal number such as 0.1 was wanted");
   return value;
 }
 

@@ -17,6 +17,19 @@ TEST(Terminal, LeavesAWordThatIsLongerThanTheWidthWhole) {
   EXPECT_EQ(wrapped("see /a/very/long/path now", 10, 2), "see\n  /a/very/long/path\n  now\n");
 }
 
+TEST(Terminal, ShowsControlCharactersByTheirNumbers) {
+  EXPECT_EQ(terminal::printable("a\x1b[2J\tb\x7f\r\n"), "a\\x1B[2J\\x09b\\x7F\\x0D\n");
+  EXPECT_EQ(terminal::printable("\xC2\x9B"
+                                "1m"),
+            "\\xC2\\x9B1m");
+  const std::string words = "\xC2\xB1 \xC3\xA4 \xE2\x82\xAC \xFF";  // Plus-minus, umlaut, euro, no UTF-8.
+  EXPECT_EQ(terminal::printable(words), words);
+  EXPECT_EQ(wrapped("a\x1b"
+                    "b",
+                    9, 0),
+            "a\\x1Bb\n");
+}
+
 TEST(Terminal, LeavesLinesThatFitAsTheyAre) {
   const std::string text = "a    b\n\n      \n  c\n";
   EXPECT_EQ(fitted(text, 40), text);

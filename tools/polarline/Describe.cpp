@@ -8,6 +8,9 @@ std::vector<Subcommand> describe(CLI::App& polarline) {
       "Judges how well a calibrated stereo camera pair is aligned, from pictures of a board of dots.");
   polarline.require_subcommand(1);
   polarline.set_version_flag("--version", PLP_VERSION);
+  polarline.footer(
+      "Example:\n  polarline simulate ring_320 try_it\n  polarline check try_it\n\n"
+      "'polarline SUBCOMMAND --help' tells each one's options, with an example.");
   return addSubcommands(polarline);
 }
 

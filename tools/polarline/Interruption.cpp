@@ -21,8 +21,8 @@ void waitForSignal() {
   is_interrupted = true;
   std::this_thread::sleep_for(kGrace);
   whole_file::abandonAll();
-  const bool is_terminal = terminal::isTerminal(terminal::errors());
-  const std::string clear = is_terminal ? "\r\033[K" : "";
+  const bool can_redraw = terminal::canRedraw(terminal::errors());
+  const std::string clear = can_redraw ? "\r\033[K" : "";
   ending_signals::endWith(kInterrupted, (clear + kInterruptedWords).c_str());
 }
 

@@ -47,10 +47,11 @@ void addResultOptions(CLI::App& app, ResultOptions& options);
 /// Ends the help of a subcommand with an example, which a test runs: a command line that begins with "polarline".
 void addExample(CLI::App& app, const std::string& example);
 
-/// Says something on standard error. That this can't be written changes nothing: the exit code still tells.
+/// Says something on standard error, without control characters. That this can't be written changes nothing: the exit
+/// code still tells.
 template <typename... Values>
 void tell(fmt::format_string<Values...> words, Values&&... values) {
-  std::fputs(fmt::format(words, std::forward<Values>(values)...).c_str(), terminal::errors());
+  std::fputs(terminal::printable(fmt::format(words, std::forward<Values>(values)...)).c_str(), terminal::errors());
 }
 
 /// Puts lines for people on standard output, no longer than a terminal is wide. Throws `polarline::OutputError`.

@@ -1,5 +1,7 @@
 #include "tools/polarline/Terminal.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
@@ -18,6 +20,8 @@ bool isSet(const char* variable) {
 }
 
 constexpr std::size_t kFurther = 2;
+constexpr unsigned char kBlank = 0x20;
+constexpr unsigned char kDelete = 0x7F;
 
 /// A line that is longer than the width.
 std::string folded(const std::string& line, std::size_t width) {
@@ -43,7 +47,8 @@ std::FILE* errors() { return ours(); }
 
 void silenceDecoders() { ours() = terminal_stream::takeStandardError(); }
 
-std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+std::string wrapped(const std::string& raw, std::size_t width, std::size_t indent) {
+  const std::string text = printable(raw);
   std::string lines;
   std::string line(std::min(text.find_first_not_of(' '), text.size()), ' ');  // The first line keeps its own indent.
   std::size_t begin = line.size();
@@ -64,7 +69,7 @@ std::string wrapped(const std::string& text, std::size_t width, std::size_t inde
 
 std::string fitted(const std::string& text, std::size_t width) {
   std::string lines;
-  std::istringstream stream(text);
+  std::istringstream stream(printable(text));
   for (std::string line; std::getline(stream, line);) {
     const bool fits = line.size() <= width || line.find_first_not_of(' ') == std::string::npos;
     lines += fits ? line + "\n" : folded(line, width);
@@ -76,9 +81,27 @@ bool isTerminal(std::FILE* stream) { return terminal_stream::isTerminal(stream);
 
 std::size_t width(std::FILE* stream) { return terminal_stream::columns(stream).value_or(kUsualWidth); }
 
-bool hasColours(std::FILE* stream) {
-  if (!isTerminal(stream) || isSet("NO_COLOR")) return false;
-  return !isSet("TERM") || std::string_view(std::getenv("TERM")) != "dumb";
+bool canRedraw(std::FILE* stream) {
+  return isTerminal(stream) && !(isSet("TERM") && std::string_view(std::getenv("TERM")) == "dumb");
+}
+
+bool hasColours(std::FILE* stream) { return canRedraw(stream) && !isSet("NO_COLOR"); }
+
+std::string printable(const std::string& text) {
+  std::string shown;
+  for (std::size_t k = 0; k < text.size(); ++k) {
+    const auto byte = static_cast<unsigned char>(text[k]);
+    // In UTF-8 the second set of control characters is C2 80 to C2 9F.
+    const bool is_second =
+        byte == 0xC2U && k + 1 < text.size() && (static_cast<unsigned char>(text[k + 1]) & 0xE0U) == 0x80U;
+    const bool is_first = (byte < kBlank && byte != '\n') || byte == kDelete;
+    if (is_first || is_second)
+      shown += fmt::format("\\x{:02X}", byte);
+    else
+      shown += text[k];
+    if (is_second) shown += fmt::format("\\x{:02X}", static_cast<unsigned char>(text[++k]));
+  }
+  return shown;
 }
 
 }  // namespace terminal

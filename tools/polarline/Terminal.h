@@ -22,7 +22,13 @@ std::size_t width(std::FILE* stream);
 /// Whether the stream may be coloured: a terminal that is not "dumb", and no NO_COLOR in the environment.
 bool hasColours(std::FILE* stream);
 
-/// Lines of at most `width` columns, broken at blanks, the later ones moved in.
+/// Whether a line may be drawn anew: a terminal that understands how.
+bool canRedraw(std::FILE* stream);
+
+/// The text with every control character but line ends as \xNN: a file's name must not steer a terminal.
+std::string printable(const std::string& text);
+
+/// Lines of at most `width` columns, broken at blanks, the later ones moved in; without control characters.
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent);
 
 /// Each line of the text in as many as the width makes of it. They go on where the line's last column begins; where

@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <iostream>
 #include <opencv2/core/utils/logger.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "check/judge/Names.h"
+#include "check/explain/Names.h"
 #include "platform/StandardStreams.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Interruption.h"
@@ -35,8 +34,36 @@ void demandValues(const std::vector<std::string>& words) {
   }
 }
 
+/// Of options that the subcommand does not have those that were probably meant.
+std::string optionsNear(const CLI::App& app, const std::vector<std::string>& words) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  for (const std::string& word : words) {
+    const std::string name = word.substr(0, word.find('='));
+    if (name.starts_with("--") && name != "--" && std::ranges::count(names, name) == 0)
+      return polarline::offer(polarline::nearest(name, names));
+  }
+  return {};
+}
+
+/// The parser's words in one line, and whose help tells more.
+int refused(const CLI::App& polarline, const std::vector<std::string>& words, const CLI::ParseError& error) {
+  const CLI::App* app = &polarline;
+  for (const CLI::App* each : polarline.get_subcommands({})) {
+    if (!words.empty() && each->get_name() == words[0]) app = each;
+  }
+  std::string text = error.what();
+  std::ranges::replace(text, '\n', ' ');
+  const std::string name = app == &polarline ? "polarline" : "polarline " + app->get_name();
+  command::tell("polarline: {}{}; '{} --help' tells more\n", text, optionsNear(*app, words), name);
+  return command::kUnusable;
+}
+
 int run(int argc, char** argv) {
-  demandValues({argv + 1, argv + argc});
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  demandValues(words);
   CLI::App polarline;
   const std::vector<command::Subcommand> subcommands = command::describe(polarline);
   if (argc > 1) demandKnown(subcommands, argv[1]);
@@ -44,7 +71,8 @@ int run(int argc, char** argv) {
     polarline.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;
-    if (polarline.exit(error, out, std::cerr) != 0) return command::kUnusable;
+    if (error.get_exit_code() != 0) return refused(polarline, words, error);
+    polarline.exit(error, out, out);
     command::say(out.str());
     return command::kDone;
   }

@@ -1,4 +1,4 @@
-#include "check/judge/Names.h"
+#include "check/explain/Names.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
