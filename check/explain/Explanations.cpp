@@ -3,6 +3,7 @@
 
 #include "calibrations/Warnings.h"
 #include "check/explain/FigureEntries.h"
+#include "check/explain/Names.h"
 #include "check/explain/Tables.h"
 #include "check/init/Warnings.h"
 #include "diagnose/causes/CauseWords.h"
@@ -63,6 +64,16 @@ std::optional<Explanation> explain(const std::string& code) {
       std::ranges::find_if(list, [&](const Explanation& each) { return each.code == wanted || each.name == wanted; });
   if (found == list.end()) return std::nullopt;
   return *found;
+}
+
+std::string nearestCodes(const std::string& code) {
+  std::vector<std::string> names;
+  for (const Explanation& each : explanations()) {
+    for (const std::string& name : {each.code, each.name}) {
+      if (std::ranges::count(names, name) == 0) names.push_back(name);
+    }
+  }
+  return offer(nearest(code, names));
 }
 
 std::optional<Explanation> explainPair(std::int32_t code) {

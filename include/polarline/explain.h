@@ -26,6 +26,9 @@ POLARLINE_API const std::vector<Explanation>& explanations();
 /// status of a pair and an exit code of the command. Empty for what nobody says.
 POLARLINE_API std::vector<Explanation> explainAll(const std::string& code);
 
+/// "; did you mean dy_means?": the codes and names nearest to one that nobody says; empty where none is near.
+POLARLINE_API std::string nearestCodes(const std::string& code);
+
 /// The first of these by code or name as it is shown; none for what nobody says.
 POLARLINE_API std::optional<Explanation> explain(const std::string& code);
 

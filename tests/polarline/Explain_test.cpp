@@ -54,6 +54,8 @@ TEST(ExplainCommand, SaysWhereToLookForAnythingElse) {
   EXPECT_EQ(run.exit_code, 2);
   EXPECT_THAT(run.err, HasSubstr("'nonsense': no status, warning, exit code or figure is called so"));
   EXPECT_EQ(run.out, "");
+  EXPECT_THAT(CommandRun({"explain", "board_mismach"}).err, HasSubstr("did you mean board_mismatch"));
+  EXPECT_THAT(CommandRun({"explain", "dy_mean"}).err, HasSubstr("did you mean dy_means"));
 }
 
 }  // namespace

@@ -17,8 +17,9 @@ std::vector<polarline::Explanation> wanted(const std::string& code) {
   if (code.empty()) return polarline::explanations();
   std::vector<polarline::Explanation> found = polarline::explainAll(code);
   if (found.empty())
-    throw polarline::InputError("'" + code + "'",
-                                "no status, warning, exit code or figure is called so; 'polarline explain' lists them");
+    throw polarline::InputError("'" + code + "'", "no status, warning, exit code or figure is called so" +
+                                                      polarline::nearestCodes(code) +
+                                                      "; 'polarline explain' lists them");
   return found;
 }
 

@@ -168,12 +168,17 @@ TEST(ExplanationsKnow, EveryFigureThatALimitJudges) {
     EXPECT_FALSE(explained->unit.empty()) << name;
   }
   EXPECT_EQ(explain("dy_means")->meaning, "A figure, in pixels: mean absolute row difference after rectification.");
+  const std::string set =
+      " is left on the rendered set big_1280 (1280 columns, a board with steps of 20, 1100 to 1200 away).";
   EXPECT_EQ(explain("dy_means")->advice,
-            "0 is perfect. The limit 'dy_means<=VALUE' judges it of each pair, 'summary.dy_means.mean<=VALUE' the mean "
-            "over the pairs.");
+            "0 is perfect; with an exact calibration 0.013" + set +
+                " The limit 'dy_means<=VALUE' judges it of each pair, 'summary.dy_means.mean<=VALUE' the mean "
+                "over the pairs.");
   EXPECT_EQ(explain("tri_dis")->advice,
-            "0 is perfect. The limit '|tri_dis|<=VALUE' judges every entry of each pair; '|tri_dis[0]|<=VALUE' its "
-            "first entry, '|summary.tri_dis[0].mean|<=VALUE' the mean over the pairs.");
+            "0 is perfect; with an exact calibration 0.16 to 0.24" + set +
+                " The limit '|tri_dis|<=VALUE' judges every entry of each pair; '|tri_dis[0]|<=VALUE' its "
+                "first entry, '|summary.tri_dis[0].mean|<=VALUE' the mean over the pairs.");
+  EXPECT_THAT(explain("allpoints_min")->advice, ::testing::StartsWith("0 is perfect. The limit"));
   EXPECT_EQ(explain("too_few_shared")->unit, "");
 }
 
