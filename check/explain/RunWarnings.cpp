@@ -31,13 +31,18 @@ constexpr auto kEntries = std::to_array<Entry>({
     {"no_baseline", "no_baseline", "The calibration says that both cameras stand in one place.",
      "Write the pose of the right camera against the left one: TX is its distance with a minus."},
     {"bad_value", "bad_value",
-     "A value of the polar configuration can't be read as its key wants it, so that 0 or what "
-     "the key stands at without a line is taken.",
+     "A value of the polar configuration is not what its key wants; for one that can't be read 0 is taken, or what the "
+     "key stands at without a line.",
      "Mend the line that the text names; docs/formats/polar_configuration.md tells what each key takes."},
     {"bad_line", "bad_line", "A line of the polar configuration is neither blank, comment nor 'key: value'.",
      "Mend or remove the line; the file may have been cut off there."},
     {"signed_limit", "signed_limit", "A limit judges a figure with a sign from one side only.",
      "Put the name between bars, which take the size of a value, or add a limit from the other side."},
+    {"not_a_number", "not_a_number",
+     "A figure of a finished pair can't be computed: nothing is left that it could be computed from.",
+     "With the calibration of other cameras, or another type, points come to lie at infinity or behind the cameras: "
+     "see whether Fx, Cx, K1 to K6 and TX of the calibration are those of these cameras. A limit on such a figure does "
+     "not hold."},
     {"pairs_given_up", "pairs_given_up", "Some pairs were given up, and no limit judges how many.",
      "Read the reason of each; with --limit 'given_up<=0' such a check fails."},
     {"nothing_to_correct", "nothing_to_correct", "No corrected calibration was written, as no cause was found.",

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "check/init/BaselineCheck.h"
@@ -23,8 +24,10 @@
 #include "check/init/SetCalibration.h"
 #include "check/init/SetWriter.h"
 #include "check/init/Warnings.h"
+#include "check/picture/BoardExtent.h"
 #include "polarline/board.h"
 #include "polarline/check.h"
+#include "polarline/detect.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -115,14 +118,36 @@ void lookAtPictures(Work& work, std::pair<cv::Mat, cv::Mat>& first) {
   first = std::move(checked.first);
 }
 
+InitDetection seenIn(const SeenBoard& seen, const std::optional<ShownBoard>& shown) {
+  const BoardExtent extent = shown ? shown->extent : BoardExtent{};
+  return {seen.dots.size(), seen.dot_radius, extent.columns, extent.rows};
+}
+
+/// A board of another size than described is numbered, too, only wrongly.
+void lookAtSize(Work& work, const std::pair<cv::Mat, cv::Mat>& first, const std::string& target) {
+  const Detection left = detect(first.first, target);
+  const Detection right = detect(first.second, target);
+  work.made.left = seenIn(work.left, shownBoard(left));
+  work.made.right = seenIn(work.right, shownBoard(right));
+  const std::string problem = sizeProblem(left, right);
+  const std::size_t found = std::min(work.left.dots.size(), work.right.dots.size());
+  if (!problem.empty())
+    work.warn({init::warning("board_size", problem, 0)});
+  else if (found > work.made.expected)
+    work.warn(
+        {init::warning("board_kind",
+                       fmt::format("{} dots were found in both pictures of the first pair, and of {} at most {} can be",
+                                   found, boardText(work.board), work.made.expected),
+                       0)});
+}
+
 void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
   const std::string target = targetIni(work.board);
   const int expected = detectablePoints(work.board);
   work.left = init::seenBoard(first.first, target, expected);
   work.right = init::seenBoard(first.second, target, expected);
   work.made.expected = static_cast<std::size_t>(expected);
-  work.made.left = {work.left.dots.size(), work.left.dot_radius};
-  work.made.right = {work.right.dots.size(), work.right.dot_radius};
+  lookAtSize(work, first, target);
   work.warn(init::judgeDots(work.board, work.made.picture.width, work.left, work.right));
   work.warn(init::judgeBaseline(work.calibration.calibration, work.board, work.left, work.right));
 }

@@ -28,7 +28,8 @@ Json warningsJson(const MadeSet& set) {
 }
 
 Json detectionJson(const InitDetection& detection) {
-  Json json{{"found", detection.found}, {"dot_radius", nullptr}};
+  Json json{
+      {"found", detection.found}, {"columns", detection.columns}, {"rows", detection.rows}, {"dot_radius", nullptr}};
   if (detection.dot_radius > 0.0) json["dot_radius"] = detection.dot_radius;
   return json;
 }

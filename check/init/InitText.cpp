@@ -15,9 +15,10 @@ std::string sentence(const std::string& text) { return text.ends_with('.') ? tex
 
 std::string found(const MadeSet& set) {
   const auto side = [&](const InitDetection& seen) {
-    return seen.dot_radius > 0.0
-               ? fmt::format("{} of {} dots, radius about {:.1f} px", seen.found, set.expected, seen.dot_radius)
-               : fmt::format("{} of {} dots", seen.found, set.expected);
+    std::string text = fmt::format("{} of {} dots", seen.found, set.expected);
+    if (seen.columns > 0) text += fmt::format(" in {} columns and {} rows", seen.columns, seen.rows);
+    if (seen.dot_radius > 0.0) text += fmt::format(", radius about {:.1f} px", seen.dot_radius);
+    return text;
   };
   return fmt::format("Board        {}\nFirst pair   left {}; right {}\n", set.board, side(set.left), side(set.right));
 }

@@ -24,6 +24,12 @@ const warnings::Table& warningCodes() {
        "Set allpoints_calc_switch to 1 to have it all the same."},
       {"board_at_width", "Boards of this kind are not found in pictures of this width.",
        "Use a big dot board, or pictures of another width."},
+      {"board_size", "The pictures show another number of columns or rows of dots than the board is described with.",
+       "Correct rows and cols of the target (init: --board KIND:COLSxROWS:STEP), as the picture shows the board "
+       "upright; "
+       "until then dots bear the numbers of others."},
+      {"board_kind", "More dots were found than a board of the described kind lets be numbered.",
+       "Describe the board that was printed: big rings cover dots beside them, small ones do not."},
       {"board_not_found", "The board was not found in the first pair.", "See why: polarline detect."},
       {"dots_missing", "In the first pair many dots of the board were not found.",
        "See which: polarline detect. The whole board should be in both pictures, lit evenly."},

@@ -29,6 +29,7 @@ PairLook::PairLook(const RunInputs& inputs, const CheckOptions& options, const B
       board_columns_(board.cols),
       pictures_(pictures),
       first_pair_(first_pair),
+      doubts_(board, inputs.config.frame_work != 0 ? "" : inputs.set.target),
       seen_(inputs.config, inputs.calib) {
   picture_warnings_.begin(inputs.config, inputs.calib);
   watch_.begin(inputs, board);
@@ -64,6 +65,7 @@ PairCheck PairLook::look(std::size_t index, bool finished, std::int32_t status, 
     seen_.add(pair.index, evaluator, pictures_.lastSizes()[0], refiner_ ? &refiner_->pictures() : nullptr);
   }
   rows_.add(pair);
+  doubts_.look(pair, pictures_.lastPictures());
   pair.uncertainty = uncertaintyOf(pair, evaluator);
   pair.quality = watch_.look(pair, pictures_.lastPictures(), evaluator.seen);
   pictures_.letGo();
@@ -72,6 +74,7 @@ PairCheck PairLook::look(std::size_t index, bool finished, std::int32_t status, 
 
 std::vector<Warning> PairLook::warnings() const {
   std::vector<Warning> all = picture_warnings_.warnings;
+  all.insert(all.end(), doubts_.warnings.begin(), doubts_.warnings.end());  // Before what follows from it.
   const std::vector<Warning> watched = watch_.warnings(inputs_.limits);
   all.insert(all.end(), watched.begin(), watched.end());
   if (refiner_) all.insert(all.end(), refiner_->warnings().begin(), refiner_->warnings().end());

@@ -9,6 +9,7 @@
 #include "check/refined/PairRefiner.h"
 #include "check/run/Correcting.h"
 #include "check/run/InputWatch.h"
+#include "check/run/PairDoubts.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/RunInputs.h"
 #include "check/run/SeenPairs.h"
@@ -46,6 +47,7 @@ class PairLook {
   ListedPictures& pictures_;
   std::size_t first_pair_;
   PictureWarnings picture_warnings_;
+  PairDoubts doubts_;
   InputWatch watch_;
   PairReading reading_;
   std::unique_ptr<PairRefiner> refiner_;

@@ -17,8 +17,9 @@ const warnings::Table& warningCodes() {
        "translation "
        "of the calibration is wrong by that share."},
       {"board_mismatch", "The dots do not stand in the pictures as those of the described board would.",
-       "Compare rows, cols, step, step_y and board_type of the target, and the true positions, with the board; "
-       "'polarline detect IMAGE --target FILE' shows the numbers."},
+       "Either the board is another one: compare rows, cols, step, step_y and board_type of the target, and the true "
+       "positions, with it; 'polarline detect IMAGE --target FILE' shows the numbers. Or the calibration is of other "
+       "cameras: then other pictures of these cameras, with another board, show the same."},
       {"calibration_mismatch", "The board's image through the calibrated lens does not meet the dots in the pictures.",
        "Take the calibration of these cameras, made with pictures of the same size, cut and orientation; type of the "
        "polar configuration must name its lens model."},

@@ -52,6 +52,8 @@ struct InitPair {
 struct InitDetection {
   std::size_t found = 0;    ///< Numbered dots.
   double dot_radius = 0.0;  ///< Of the smallest twentieth of the plain dots, pixels; 0: not known.
+  int columns = 0;          ///< Of dots, counted in the picture; 0: too few to count.
+  int rows = 0;
 };
 
 /// A set that was made, and how.

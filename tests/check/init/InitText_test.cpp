@@ -22,7 +22,7 @@ TEST(InitText, TellsWhatWasFoundGuessedAndWarnedAndWhatComesNext) {
   set.bits = 8;
   set.board = "dots:9x7:20";
   set.expected = 63;
-  set.left = {63, 7.5};
+  set.left = {63, 7.5, 9, 7};
   set.right = {60, 0.0};
   set.calibration_format = "kalibr";
   set.model = "fisheye";
@@ -31,10 +31,11 @@ TEST(InitText, TellsWhatWasFoundGuessedAndWarnedAndWhatComesNext) {
   set.warnings = {{"some_code", "What was found", "What to do.", -1}};
   set.next = "polarline check set";
   const std::string text = polarline::initText(set);
-  EXPECT_THAT(text, AllOf(HasSubstr("3, pictures 640x480, 8 bits, 1 channel\n"), HasSubstr("left l9.png\n"),
-                          HasSubstr("right r7.png\n"),
-                          HasSubstr("left 63 of 63 dots, radius about 7.5 px; right 60 of 63 dots\n"),
-                          HasSubstr("kalibr, fisheye, baseline 60.25 board units\n")));
+  EXPECT_THAT(text,
+              AllOf(HasSubstr("3, pictures 640x480, 8 bits, 1 channel\n"), HasSubstr("left l9.png\n"),
+                    HasSubstr("right r7.png\n"),
+                    HasSubstr("left 63 of 63 dots in 9 columns and 7 rows, radius about 7.5 px; right 60 of 63 dots\n"),
+                    HasSubstr("kalibr, fisheye, baseline 60.25 board units\n")));
   EXPECT_THAT(text, AllOf(HasSubstr("First guess.\n"), HasSubstr("some_code: What was found. What to do.\n"),
                           HasSubstr("set: list.txt, polar.txt, and 2 pictures\n"), EndsWith(" polarline check set")));
 }
