@@ -51,8 +51,9 @@ constexpr auto kEntries = std::to_array<Entry>({
     {"12", "group_point_missing", "A dot of a Cal_ID_DIS pair was not seen in both pictures.",
      "Choose pairs of dots that are always in view."},
     {"exception", "exception", "A library below ended the run with an exception, whose text is told.",
-     "The text names the value that could not be used. Often the pictures are of a kind that an evaluation cannot "
-     "take (colour with triangulate_residual_switch, a crop beyond the picture)."},
+     "Look at the pictures of the pair that the text names with 'polarline detect IMAGE --target FILE', and at what "
+     "the "
+     "polar configuration switches on beyond the usual."},
     {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
      "Mend what the text names."},
     {"output", "not_written", "A result could not be written.",

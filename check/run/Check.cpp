@@ -81,7 +81,10 @@ void SetCheck::choosePairs() {
   std::vector<ListedPair> listed = listedPairs(inputs_.set.list);
   if (options_.pairs) {
     const auto [first, last] = *options_.pairs;
-    if (first > last || last >= listed.size())
+    if (first > last)
+      throw InputError(fmt::format("pairs {}-{}", first, last),
+                       fmt::format("the first lies behind the last; {}-{} was wanted for these", last, first));
+    if (last >= listed.size())
       throw InputError("pairs " + std::to_string(first) + "-" + std::to_string(last),
                        "the list has the pairs 0-" + std::to_string(listed.size() - 1));
     listed = {listed.begin() + static_cast<std::ptrdiff_t>(first),
@@ -127,13 +130,13 @@ void SetCheck::runWith(OutFolder& out) {
     explainPictures(*pictures_, inputs_.set.list, check_);
     return;
   }
-  if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair(check_);
+  if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair(check_, pictures_->pairs());
   if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
 }
 
 void SetCheck::endWith(const std::exception& error) {
   const std::size_t done = check_.pairs.size();
-  check_.status = statusOf(error, pictures_.get(), first_pair_, done);
+  check_.status = statusOf(error, inputs_, pictures_.get(), first_pair_, check_);
   const bool was_taken = pictures_ && done < pictures_->pairs() && !pictures_->lastSizes()[0].empty();
   if (pairs_ && was_taken) pairs_->lookAtPictures(done);
 }

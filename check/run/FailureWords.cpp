@@ -2,19 +2,44 @@
 
 #include <fmt/format.h>
 
+#include <opencv2/core.hpp>
+#include <optional>
+#include <stdexcept>
 #include <string>
 
+#include "check/picture/BoardExtent.h"
+#include "check/run/EvaluationFault.h"
 #include "check/run/PictureWarnings.h"
+#include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
 #include "check/set/PictureFault.h"
 #include "platform/Files.h"
 
 namespace polarline {
+namespace {
 
-void nameLastPair(Check& check) {
+/// What the pictures that were taken last show of the board's size.
+std::string sizeOfLast(const RunInputs& inputs, const ListedPictures& pictures) {
+  const auto& [left, right] = pictures.lastPictures();
+  const PlainPath target(inputs.set.target);
+  return left.empty() || right.empty() ? "" : sizeProblem(left, right, target.get());
+}
+
+}  // namespace
+
+void nameLastPair(Check& check, std::size_t listed) {
   const PairCheck& last = check.pairs.back();
-  if (check.status.code != last.reason.code) return;
-  check.status.text = fmt::format("pair {}, which ended the run: {}", last.index, last.reason.text);
+  if (last.finished || check.status.code != last.reason.code) return;
+  check.status.text =
+      fmt::format("pair {} ({}, {}), which ended the run: {}", last.index, last.left, last.right, last.reason.text);
+  check.status.advice += " Or set discalsave to 0, which gives such a pair up and goes on with the next.";
+  if (check.finished() == 0) return;
+  // There are figures, and not of the whole set: it is the set that can't be used as it is.
+  check.status.exit_code = kUnusable;
+  const std::size_t left = listed - check.pairs.size();
+  const std::string rest =
+      left == 0 ? "it was the last" : fmt::format("behind it {} of {} were not looked at", left, listed);
+  check.status.advice += " The pairs before it have figures; " + rest + ".";
 }
 
 void explainPictures(const ListedPictures& pictures, const std::string& list, Check& check) {
@@ -35,14 +60,26 @@ void explainPictures(const ListedPictures& pictures, const std::string& list, Ch
   check.status.advice = "It was there when the run began: check that it can be reached, then try again.";
 }
 
-Status statusOf(const std::exception& error, const ListedPictures* pictures, std::size_t first_pair,
-                std::size_t pairs_done) {
-  if (pictures == nullptr || pairs_done == pictures->pairs()) return statusOf("exception", textOf(error), kNoFigure);
-  const std::string pair = fmt::format("pair {}: ", first_pair + pairs_done);
+Status statusOf(const std::exception& error, const RunInputs& inputs, const ListedPictures* pictures,
+                std::size_t first_pair, const Check& check) {
+  const std::size_t done = check.pairs.size();
+  if (pictures == nullptr || done == pictures->pairs()) return statusOf("exception", textOf(error), kNoFigure);
+  const ListedPair& listed = pictures->listed(done);
   const auto& sizes = pictures->lastSizes();
-  if (sizes[0] == sizes[1]) return statusOf("exception", pair + textOf(error), kNoFigure);
-  const std::string found = pair + sizesOf(pictures->listed(pairs_done), sizes) + "; two of one size were wanted";
-  return statusOf("input", found, kUnusable);
+  const std::string pair = fmt::format("pair {}", first_pair + done);
+  if (sizes[0] != sizes[1])
+    return statusOf("input", pair + ": " + sizesOf(listed, sizes) + "; two of one size were wanted", kUnusable);
+  const bool is_ours = dynamic_cast<const cv::Exception*>(&error) == nullptr;
+  const auto fault = is_ours ? std::nullopt : evaluationFault(inputs, *pictures, done);
+  const std::string place = fmt::format("{} ({}, {}): ", pair, listed.left, listed.right);
+  const std::string why = fault ? fault->text : "an evaluation of it failed";
+  const std::string text = is_ours ? textOf(error) : fmt::format("{} (OpenCV says: {})", why, textOf(error));
+  Status status = statusOf("exception", place + text, check.finished() == 0 ? kNoFigure : kUnusable);
+  if (fault) status.advice = fault->advice;
+  const bool is_of_ids = dynamic_cast<const std::out_of_range*>(&error) != nullptr && inputs.config.frame_work == 0;
+  if (const std::string size = is_of_ids ? sizeOfLast(inputs, *pictures) : ""; !size.empty())
+    status.advice = size + ". Correct rows and cols of the target, and write board_gt.txt for this board.";
+  return status;
 }
 
 }  // namespace polarline

@@ -86,6 +86,59 @@ INSTANTIATE_TEST_SUITE_P(Sets, CheckFiguresOf,
                                            OtherScene{"TenBits", tenBits, "brown8"}),
                          [](const auto& tested) { return tested.param.name; });
 
+scene::Scene bySearch() {
+  scene::Scene scene = small_scene::circles();
+  scene.settings.id_method = 1;
+  return scene;
+}
+
+/// The edge binarisation keeps a fixed share of all pixels: few dots, and nothing else that has an edge.
+scene::Scene byEdges() {
+  scene::Scene scene = small_scene::circles();
+  scene.settings.bin_method = 1;
+  scene.optics.surround = scene.optics.paper;
+  scene.optics.texture = 0.0;
+  return scene;
+}
+
+scene::Scene byThirdBinarisation() {
+  scene::Scene scene = small_scene::circles();
+  scene.settings.bin_method = 2;
+  return scene;
+}
+
+scene::Scene rings(scene::BoardKind kind) {
+  return small_scene::of(scene::brownRig({640, 512, 60.0}), scene::largeRingBoard(kind));
+}
+
+scene::Scene inColour() {
+  scene::Scene scene = small_scene::dots();
+  scene.optics.channels = 3;
+  return scene;
+}
+
+class CheckFiguresFoundOtherwise : public ::testing::TestWithParam<OtherScene> {};
+
+/// Wherever the numbers of the dots come from. The residuals want grey pictures, and the distances of all dots end at
+/// those that big rings cover.
+TEST_P(CheckFiguresFoundOtherwise, AreTheExports) {
+  const RenderedSet rendered(GetParam().make());
+  const CopiedSet set(rendered);
+  switchAllOn(set);
+  set.append("polar.txt", "discalswitch: 0\ntriangulate_residual_switch: 0\n");
+  equalsTheExport(set, 1);
+  EXPECT_TRUE(set.check().pairs.at(0).figure("dy_means")->is_own);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sets, CheckFiguresFoundOtherwise,
+    ::testing::Values(OtherScene{"Search", bySearch, ""}, OtherScene{"Edges", byEdges, ""},
+                      OtherScene{"ThirdBinarisation", byThirdBinarisation, ""},
+                      OtherScene{"BigRings", [] { return rings(scene::BoardKind::kBigRings); }, ""},
+                      OtherScene{"MixedRings", [] { return rings(scene::BoardKind::kMixedRings); }, ""},
+                      OtherScene{"Colour", inColour, ""}),
+    [](const auto& tested) { return tested.param.name; });
+
 TEST(CheckFigures, AreTheExportsBehindAPairGivenUp) {
   const CopiedSet set;
   switchAllOn(set);
@@ -519,10 +572,15 @@ TEST(CheckFailures, NameThePairThatEndedTheRun) {
   set.append("polar.txt", "discalsave: 1\n");
   set.blank("left_1.png");
   const Check check = set.check();
-  EXPECT_EQ(check.status.exit_code, 3);
-  EXPECT_THAT(check.status.text,
-              StartsWith("pair 1, which ended the run: 0 dots were found in the left picture; 6 are needed: "));
+  EXPECT_EQ(check.status.exit_code, 2) << "there are figures, and not of the whole set";
+  EXPECT_EQ(check.verdict, Verdict::kError);
+  EXPECT_THAT(check.status.text, StartsWith("pair 1 (left_1.png, right_1.png), which ended the run: 0 dots were found "
+                                            "in the left picture; 6 are needed: "));
+  EXPECT_THAT(check.status.advice, HasSubstr("set discalsave to 0"));
+  EXPECT_THAT(check.status.advice, HasSubstr("The pairs before it have figures; it was the last."));
   documentIsValid(check);
+  set.blank("left_0.png");
+  EXPECT_EQ(set.check().status.exit_code, 3);
 }
 
 TEST(CheckFailures, OfTheOutFolderMayBeTriedAgain) {
