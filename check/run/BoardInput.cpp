@@ -10,6 +10,7 @@
 #include "check/run/InputText.h"
 #include "check/run/PlainPath.h"
 #include "input/BoardGroundTruthReader.h"
+#include "platform/Files.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -54,8 +55,11 @@ BoardInfo readBoard(const std::string& target_path) {
     if (!target.patterns().empty()) requireBoardNumbers(plain.get(), target_path);
   } catch (const InputError&) {
     throw;
-  } catch (const std::exception& error) {
-    throw InputError(target_path, error.what());
+  } catch (const std::exception&) {
+    if (files::extensionOf(target_path) == "json") requireJson(target_path);
+    throw InputError(target_path,
+                     "can't be read as a target: a well-formed JSON, YAML or XML document with the record "
+                     "\"patterns\" and a board_type of 1, 2 or 3 was wanted");
   }
   const kestrune::RingTargetConfig& config = target.config();
   BoardInfo board;

@@ -27,6 +27,7 @@ StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>&
     if (files::extensionOf(path) == "json") lookAtMembers(path, plain.get(), warnings);
     status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
+    requireJson(path);
     throw InputError(path, "is no JSON that can be read (" + textOf(error) + ")");
   }
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <fstream>
+#include <nlohmann/json.hpp>
+#include <regex>
 
 #include "platform/BoundedInput.h"
 #include "polarline/errors.h"
@@ -20,6 +22,18 @@ std::string contentOf(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw InputError(path, "cannot be read");
   return bounded::readText(stream);
+}
+
+void requireJson(const std::string& path) {
+  static const std::regex form(R"(.*at line (\d+), column (\d+): (.*))");
+  try {
+    [[maybe_unused]] const auto json = nlohmann::json::parse(contentOf(path));
+  } catch (const nlohmann::json::parse_error& error) {
+    std::cmatch part;
+    if (!std::regex_match(error.what(), part, form)) throw InputError(path, "is no JSON");
+    throw InputError(fmt::format("{}, line {}, column {}", path, part[1].str(), part[2].str()),
+                     "is no JSON: " + part[3].str());
+  }
 }
 
 std::string shownOf(const std::string& text) {

@@ -12,6 +12,9 @@ std::string contentOf(const std::string& path);
 /// A text as a message repeats it: in quotes, blanks at its end and what is too long cut off.
 std::string shownOf(const std::string& text);
 
+/// Throws `InputError` with line and column where the file's text is no JSON.
+void requireJson(const std::string& path);
+
 /// A status of the library in words, with what to do.
 std::string advisedMeaning(std::int32_t status);
 

@@ -7,8 +7,8 @@
 #include <sstream>
 
 #include "PolarLinePrecision/Status.h"
+#include "check/explain/Names.h"
 #include "check/explain/WarningOf.h"
-#include "check/judge/Names.h"
 #include "check/run/InputText.h"
 #include "check/run/PolarValues.h"
 #include "input/KeyValueText.h"
@@ -76,6 +76,16 @@ void warnOfLines(const std::string& text, const std::string& path, std::vector<W
   }
 }
 
+/// Names the reference point that ended the reading; its status does not.
+void refusePoint(const std::string& text, const std::string& path) {
+  for (const auto& [key, line] : keyLinesOf(text)) {
+    const auto wanted = key.ends_with("_GT") ? wantedInstead(key, line.value) : std::nullopt;
+    if (wanted)
+      throw InputError(fmt::format("{}, line {}: {}", path, line.number, key),
+                       fmt::format("{} was found; {} was wanted", shownOf(line.value), *wanted));
+  }
+}
+
 /// The reader takes such values in silence, and so does a check: a run of the library would have the same figures.
 void warnOfValues(const std::string& text, const std::string& path, const std::string& settings,
                   std::vector<Warning>& warnings) {
@@ -106,13 +116,14 @@ PolarConfig readPolar(const std::string& path, const std::vector<std::string>& s
   const std::string text = written + set;
   const KeyValueTable table = parseKeyValueText(text);
   if (table.empty()) throw InputError(path, "has no line 'key: value'");
-  warnOfUnknown(table, path, warnings);
-  warnOfLines(written, path, warnings);
-  warnOfValues(written, path, set, warnings);
   PolarConfig config;
   // The reader takes a path for a file if it opens; a text with line ends is none.
   const std::int32_t status = ReadPolarConfig(text + "\n", "", config);
+  if (status == polar_status::kBadGroundTruthPoint) refusePoint(written, path);
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
+  warnOfUnknown(table, path, warnings);
+  warnOfLines(written, path, warnings);
+  warnOfValues(written, path, set, warnings);
   return config;
 }
 

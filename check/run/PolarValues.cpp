@@ -51,6 +51,11 @@ bool isRow(std::string row) {
   });
 }
 
+bool areThreeNumbers(const std::string& value) {
+  const auto items = insideBrackets(value);
+  return items && piecesOf(*items, ',').size() == 3 && areNumbers<double>(*items);
+}
+
 template <typename T>
 bool isUnderstood(const std::string& value, const T* /*type*/) {
   return begins<T>(value);
@@ -66,6 +71,13 @@ template <typename T>
 bool isUnderstood(const std::string& value, const std::vector<std::vector<T>>* /*type*/) {
   const auto rows = insideBrackets(value);
   return rows && std::ranges::all_of(piecesOf(*rows, ']'), isRow<T>);
+}
+
+/// The library scales the pictures by it: with 0 nothing is left of them, and below 0 nothing is to be seen.
+bool isNoScale(const std::string& key, const std::string& value) {
+  double number = 0.0;
+  std::istringstream stream = classic::input(value);
+  return key == "f_scale" && stream >> number && !(number > 0.0);
 }
 
 template <typename T>
@@ -90,11 +102,16 @@ std::string wantedOf<std::vector<std::vector<std::int32_t>>>(const std::string& 
 }  // namespace
 
 std::optional<std::string> wantedInstead(const std::string& key, const std::string& value) {
+  if (isNoScale(key, value)) return "a number above 0";
   std::optional<std::string> wanted;
   polar_keys::forEach([&](const auto& each) {
     using Value = typename std::remove_cvref_t<decltype(each)>::Value;
     const Value* const type = nullptr;
-    if (key == each.name && !isUnderstood(value, type)) wanted = wantedOf<Value>(value);
+    if (key != each.name) return;
+    if (each.rule == polar_keys::Rule::kThreeNumbers && !areThreeNumbers(value))
+      wanted = "a list of three numbers such as [1,2,3], without blanks,";
+    else if (!isUnderstood(value, type))
+      wanted = wantedOf<Value>(value);
   });
   return wanted;
 }

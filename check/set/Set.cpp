@@ -57,7 +57,19 @@ void complete(std::string& path, const std::string& folder, const char* what, bo
               std::initializer_list<const char*> names) {
   if (path.empty() && !folder.empty()) path = found(folder, names);
   if (!path.empty()) return requireFile(path);
+  if (needed && folder.empty())
+    throw InputError(std::string("no set was named, and no ") + what + "; the folder of a set was wanted, with " +
+                     listOf(names));
   if (needed) throw InputError(folder, std::string("has no ") + what + " (" + listOf(names) + ")");
+}
+
+/// Whoever moved a list or wrote whole paths into it has to learn where its names are looked for.
+std::string missingText(const std::string& name, const std::string& folder) {
+  const fs::path place = fs::path(files::nativePath(folder + "-")).parent_path();
+  const std::string of = place.empty() ? "the current folder" : place.string();
+  const bool is_whole = fs::path(files::nativePath(name)).is_absolute();
+  return "there is no picture " + name + " in " + of + "; the names of a list are relative to its own folder" +
+         (is_whole ? ", one from the root as well: take the folders off it, or link the picture there" : "");
 }
 
 void requireFolder(const std::string& folder) {
@@ -101,7 +113,7 @@ std::vector<ListedPair> listedPairs(const std::string& list) {
     for (const std::string& name : {pair.left, pair.right}) {
       std::error_code ignored;
       if (!fs::exists(files::nativePath(pair.folder + name), ignored))
-        throw InputError(list + ", line " + std::to_string(pair.line), "there is no picture " + name);
+        throw InputError(list + ", line " + std::to_string(pair.line), missingText(name, pair.folder));
     }
   }
   return pairs;

@@ -113,13 +113,38 @@ TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
   refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});
   set.write("limits.txt", "# ours\ntri_rms<=many\n");
   refused("limits.txt, line 2: limit 'tri_rms<=many': 'many' is no number");
+  refused("limit 'dy_means<=': nothing stands behind the sign; a decimal number such as 0.1 was wanted",
+          {"--limit", "dy_means<="});
+  set.write("limits.txt", "\xEF\xBB\xBFtri_rms<=1000\r\n# ours\r\n");
+  EXPECT_EQ(check().exit_code, 0) << "as an editor of another system writes it";
+}
+
+TEST_F(CheckInputs, NamePlaceAndKeyWhereTheyFail) {
+  const std::string polar = set.read("polar.txt");
+  set.write("polar.txt", "type: 1\nPolPoint4_GT: [1,2]\n");
+  refused("polar.txt, line 2: PolPoint4_GT: '[1,2]' was found; a list of three numbers such as [1,2,3]");
+  set.write("polar.txt", polar);
+  const std::string calibration = set.read("calib.json");
+  set.write("calib.json", "{\"IR_L\": {},\n  \"IR_R\" 3}\n");
+  refused("calib.json, line 2, column 10: is no JSON: ");
+  set.write("calib.json", calibration);
+  set.write("list.txt", "#L R\n" + set.file("left_0.png") + " right_0.png\n");
+  refused(" in " + set.folder.string() +
+          "; the names of a list are relative to its own folder, one from the root as well");
 }
 
 TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
   refused("--pairs 1-x", {"--pairs", "1-x"});
   refused("the list has the pairs 0-1", {"--pairs", "1-2"});
-  refused("--nonsense", {"--nonsense"});
+  refused("pairs 1-0: the first lies behind the last; 0-1 was wanted", {"--pairs", "1-0"});
+  refused("setting 'f_scale=0': '0' was found; a number above 0 was wanted", {"--set", "f_scale=0"});
+  refused("setting 'TriPoint1_GT=[1,2]': '[1,2]' was found; a list of three numbers", {"--set", "TriPoint1_GT=[1,2]"});
+  refused("polarline: The following argument was not expected: --limitt; did you mean --limit", {"--limitt"});
+  EXPECT_EQ(run({"check", "--pairs"}).err,
+            "polarline: --pairs: 1 required A-B missing; 'polarline check --help' tells more\n");
   EXPECT_EQ(run({}).exit_code, 2);
+  EXPECT_THAT(run({}).err, HasSubstr("'polarline --help' tells more"));
+  EXPECT_THAT(run({"check"}).err, HasSubstr("no set was named, and no polar configuration"));
   EXPECT_EQ(run({"nonsense"}).exit_code, 2);
   const CommandRun nowhere = run({"check", set.file("none")});
   EXPECT_EQ(nowhere.exit_code, 2);

@@ -73,8 +73,9 @@ TEST_F(InputsPolar, RefusesASettingWithoutAValueOfItsKey) {
   EXPECT_EQ(with("type=zz"), "setting 'type=zz': 'zz' was found; a whole number was wanted");
   EXPECT_EQ(with("type="), "setting 'type=': '' was found; a whole number was wanted");
   EXPECT_EQ(with("TriPoint1_GT=[a,b,c]"),
-            "setting 'TriPoint1_GT=[a,b,c]': '[a,b,c]' was found; a list of numbers such as [1,2,3], without blanks, "
-            "was wanted");
+            "setting 'TriPoint1_GT=[a,b,c]': '[a,b,c]' was found; a list of three numbers such as [1,2,3], without "
+            "blanks, was "
+            "wanted");
 }
 
 TEST_F(InputsPolar, RefusesWhatIsNoSetting) {
@@ -90,8 +91,10 @@ TEST_F(InputsPolar, RefusesAFileThatIsNone) {
   EXPECT_THAT(refusal([&] { readPolar(folder.write("polar.txt", "no lines of keys"), {}, warnings); }),
               HasSubstr("has no line 'key: value'"));
   EXPECT_THAT(refusal([&] { readPolar(folder.file("none"), {}, warnings); }), HasSubstr("cannot be read"));
-  EXPECT_THAT(refusal([&] { readPolar(folder.write("polar.txt", "TriPoint1_GT: [1,2]\n"), {}, warnings); }),
-              HasSubstr("not three numbers"));
+  EXPECT_THAT(
+      refusal([&] { readPolar(folder.write("polar.txt", "type: 1\nTriPoint1_GT: [1,2]\n"), {}, warnings); }),
+      HasSubstr("polar.txt, line 2: TriPoint1_GT: '[1,2]' was found; a list of three numbers such as [1,2,3], without "
+                "blanks, was wanted"));
 }
 
 TEST_F(InputsPolar, ShowsEverySettingAsJson) {

@@ -20,6 +20,8 @@ TEST_P(PolarValues, AreJudgedByTheTypeOfTheirKey) {
 }
 
 constexpr const char* kList = "a list of numbers such as [1,2,3], without blanks,";
+constexpr const char* kPoint = "a list of three numbers such as [1,2,3], without blanks,";
+constexpr const char* kAbove = "a number above 0";
 constexpr const char* kRows = "a list of lists of numbers such as [[1,2],[3,4]], without blanks,";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -32,8 +34,10 @@ INSTANTIATE_TEST_SUITE_P(
                       Written{"f_scale", "nan", "a number"}, Written{"f_scale", "1e99", "a number of at most 3.4e38"},
                       Written{"tri_bias_divid", "zz", "a number"}, Written{"eccentricity", "2", ""},
                       Written{"eccentricity", "true", "0 or 1"}, Written{"TriPoint1_GT", "[1,-2.5,3e1]", ""},
-                      Written{"TriPoint1_GT", "1,2,3] behind", ""}, Written{"TriPoint1_GT", "[a,b,c]", kList},
-                      Written{"TriPoint1_GT", "[1,,3]", kList}, Written{"TriPoint1_GT", "[1, 2, 3]", kList},
+                      Written{"TriPoint1_GT", "1,2,3] behind", ""}, Written{"TriPoint1_GT", "[a,b,c]", kPoint},
+                      Written{"TriPoint1_GT", "[1,,3]", kPoint}, Written{"TriPoint1_GT", "[1, 2, 3]", kPoint},
+                      Written{"PolPoint4_GT", "[1,2]", kPoint}, Written{"PolPoint4_GT", "[1,2,3,4]", kPoint},
+                      Written{"f_scale", "0", kAbove}, Written{"f_scale", "-1", kAbove}, Written{"f_scale", "0.5", ""},
                       Written{"Frame_ID", "[1,2]", ""}, Written{"Frame_ID", "[]", ""},
                       Written{"Cal_ID_DIS", "[[1,2],[3,4]]", ""}, Written{"Cal_ID_DIS", "[]", ""},
                       Written{"Cal_ID_DIS", "[[1,2],[3,x]]", kRows}, Written{"Frame_3D", "[[1,2,3], [4,5,6]]", kRows},
