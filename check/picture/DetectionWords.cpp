@@ -63,8 +63,7 @@ DetectionWords seedWords(const SeenPicture& seen) {
   if (const std::string problem = spanProblem(seen.config, countedSpan(seen)); !problem.empty())
     return {"the numbering could not begin: " + problem, "correct inner_width and inner_height in the target"};
   return {fmt::format(
-              "the numbering could not begin: 9 dots of a 3 x 3 block around a marker are needed, in the fullest {}; "
-              "the picture shows all ellipses by class",
+              "the numbering could not begin: 9 dots of a 3 x 3 block around a marker are needed, in the fullest {}",
               wereFound(seen.trace.fullest_block)),
           "look whether dots beside the markers are covered, blurred or merged, and compare inner_width, inner_height, "
           "outter_width and outter_height of the target with the board"};

@@ -6,12 +6,11 @@
 
 namespace {
 
-constexpr const char* kSeePicture = "; the picture shows all ellipses by class";
 constexpr std::size_t kRings = 4;
 constexpr std::size_t kSolidRings = 1;
 constexpr std::size_t kBigDots = 4;
 
-std::string notRecognised(const std::string& why) { return "the markers were not recognised: " + why + kSeePicture; }
+std::string notRecognised(const std::string& why) { return "the markers were not recognised: " + why; }
 
 std::size_t sized(const kestrune::RingCounts& rings) {
   return rings.small_rings + rings.big_rings + rings.small_solid_rings + rings.big_solid_rings;
@@ -103,13 +102,12 @@ DetectionWords arrangementWords(const SeenPicture& seen) {
   }
   if (isBigDotBoard(seen)) {
     return {fmt::format("{} were taken for the markers, but they don't stand as the board's: corners of a rectangle of "
-                        "which one is moved a column in, each angle within 70 to 110 degrees{}",
-                        counted(seen.trace.markers.size(), "big dot"), kSeePicture),
+                        "which one is moved a column in, each angle within 70 to 110 degrees",
+                        counted(seen.trace.markers.size(), "big dot")),
             "look whether other large dots were taken for markers, and view the board less slanted"};
   }
   return {
-      fmt::format("the markers were recognised, but they don't stand as the board's: the solid ring must stand on the "
-                  "line through the two rings of its side{}",
-                  kSeePicture),
+      "the markers were recognised, but they don't stand as the board's: the solid ring must stand on the line through "
+      "the two rings of its side",
       "look whether another mark was taken for a marker, and compare the markers with those of the target"};
 }

@@ -17,7 +17,8 @@ struct Subcommands : CommandTest {
       const std::string help = CommandRun({"--help"}).out;
       std::vector<std::string> found;
       const std::regex line("\n  ([a-z]+) ");
-      const std::string listed = help.substr(help.find("Subcommands:"));
+      const std::size_t begin = help.find("Subcommands:");
+      const std::string listed = help.substr(begin, help.find("Example:") - begin);
       for (std::sregex_iterator each(listed.begin(), listed.end(), line), end; each != end; ++each)
         found.push_back((*each)[1]);
       return found;
@@ -73,6 +74,11 @@ TEST_F(Subcommands, RunTheExamplesOfTheirHelp) {
     ASSERT_THAT(line, HasSubstr("polarline " + name + " ")) << run({name, "--help"}).out;
     EXPECT_EQ(shell(line), 0) << line << "\n" << set.parent.read("err.txt");
     EXPECT_EQ(set.parent.read("err.txt"), "") << line;
+  }
+  const std::string all = run({"--help"}).out;
+  for (const char* line : {"polarline simulate ring_320 try_it", "polarline check try_it"}) {
+    EXPECT_THAT(all, HasSubstr(std::string("\n  ") + line + "\n"));
+    EXPECT_EQ(shell(line), 0) << line << "\n" << set.parent.read("err.txt");
   }
   for (const char* made : {"myset/polar.txt", "calib.json", "result.json", "seen/left_0_overlay.png", "board.pdf",
                            "simulated/left_0.png", "report.html"})
@@ -136,6 +142,41 @@ TEST_F(Subcommands, WriteDocumentsOfTheirSchemas) {
   valid("presets", {"simulate", "--list"});
   valid("explain", {"explain"});
   valid("detect", {"detect", "left_0.png", "--target", "my_set/target.ini"});
+}
+
+TEST_F(Subcommands, DetectTakesABoardInWords) {
+  const CommandRun run = this->run({"detect", set.file("left_0.png"), "--board", "dots:9x7:20"});
+  EXPECT_EQ(run.exit_code, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr("63 numbered of 63 dots"));
+}
+
+TEST_F(Subcommands, DetectNamesThePictureOfTheEllipsesWhereItMadeOne) {
+  set.blank("left_0.png");
+  const auto detect = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), {"detect", set.file("left_0.png"), "--board", "dots:9x7:20"});
+    return run(more).out;
+  };
+  EXPECT_THAT(detect({}), Not(HasSubstr("shows all ellipses")));
+  EXPECT_THAT(detect({"--out", "seen"}), HasSubstr("the first of them shows all ellipses by class"));
+}
+
+TEST_F(Subcommands, InitTellsOfAnotherBoardThanTheDescribed) {
+  const RenderedSet& rings = RenderedSet::of("ring_320");  // 17 x 15, small rings
+  const auto init = [&](const char* board) {
+    return run({"init", "made", "--force", "--left", rings.file("left_0.png"), "--right", rings.file("right_0.png"),
+                "--board", board, "--calibration", rings.file("calib.json")})
+        .out;
+  };
+  const std::string right = init("rings-small:17x15:17.5");
+  EXPECT_THAT(right, HasSubstr("left 255 of 255 dots in 17 columns and 15 rows"));
+  EXPECT_THAT(right, Not(HasSubstr("Warning")));
+  EXPECT_THAT(init("rings-small:15x17:17.5"),
+              HasSubstr("board_size: Both pictures show 17 columns and 15 rows of dots, "
+                        "and the board is described with 15 and 17: columns and rows "
+                        "are exchanged"));
+  const std::string kind = init("rings-big:17x15:17.5");
+  EXPECT_THAT(kind, HasSubstr("board_kind: 255 dots were found in both pictures"));
+  EXPECT_THAT(kind, Not(HasSubstr("board_size")));
 }
 
 TEST_F(Subcommands, ImportSaysWhenNothingWasWritten) {

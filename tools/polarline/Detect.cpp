@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "polarline/board.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
@@ -16,6 +17,7 @@ namespace {
 struct Options {
   std::string image;
   std::string target;
+  std::string board;
   std::string out;
   std::string csv;
   bool all_pictures = false;
@@ -29,7 +31,7 @@ void deliverDocuments(const Options& options, const polarline::Detection& detect
     throw polarline::InputError("--csv and --json can't both be standard output");
   if (!options.csv.empty()) deliver(options.csv, pointsCsv(detection));
   if (!options.result.json.empty())
-    deliver(options.result.json, detectionJson(detection, options.image, options.target));
+    deliver(options.result.json, detectionJson(detection, options.image, options.target + options.board));
 }
 
 std::vector<std::string> deliverPictures(const Options& options, const cv::Mat& image,
@@ -47,6 +49,8 @@ void tell(const Options& options, const polarline::Detection& detection, const s
   }
   std::string text = detectionTable(detection);
   for (const std::string& picture : pictures) text += fmt::format("{:<12} {:<12} {}\n", "written", "", picture);
+  if (!detection.found && !options.all_pictures && !pictures.empty())
+    text += fmt::format("{:<12} {:<12} the first of them shows all ellipses by class\n", "pictures", "");
   if (!detection.found && options.out.empty())
     text +=
         fmt::format("{:<12} {:<12} --out FOLDER writes the ellipses by class and the binary picture\n", "pictures", "");
@@ -56,7 +60,9 @@ void tell(const Options& options, const polarline::Detection& detection, const s
 int run(const Options& options) {
   requireSeparate({{"--csv", options.csv}, {"--json", options.result.json}}, {options.image, options.target});
   const cv::Mat image = polarline::readPicture(options.image);
-  const polarline::Detection detection = polarline::detect(image, options.target);
+  const std::string target =
+      options.board.empty() ? options.target : polarline::targetIni(polarline::parseBoard(options.board));
+  const polarline::Detection detection = polarline::detect(image, target);
   deliverDocuments(options, detection);
   tell(options, detection, deliverPictures(options, image, detection));
   return detection.found ? kDone : kNoFigure;
@@ -71,9 +77,14 @@ Subcommand addDetect(CLI::App& polarline) {
   app->add_option("image", options->image, "Picture: 8-bit grey or colour, or 16-bit grey")
       ->required()
       ->type_name("IMAGE");
-  app->add_option("--target", options->target, "Description of the board: target.ini, .json, .yml, .yaml or .xml")
-      ->required()
+  auto* const board = app->add_option_group("Board", "Which board");
+  board->add_option("--target", options->target, "Description of the board: target.ini, .json, .yml, .yaml or .xml")
       ->type_name("FILE");
+  board
+      ->add_option("--board", options->board,
+                   "The board in words in place of such a file, such as rings-small:17x15:14 (see polarline board)")
+      ->type_name("BOARD");
+  board->require_option(1);
   app->add_option("--out", options->out,
                   "Write NAME_overlay.png there; if nothing was found, NAME_ellipses.png and NAME_binary.png")
       ->type_name("FOLDER");

@@ -31,7 +31,7 @@ TEST(DetectionWords, OfRingsCountWhatIsNeededAndFound) {
   EXPECT_EQ(
       seen.words().text,
       "the markers were not recognised: 4 rings are needed, 3 were found; 1 solid ring is needed, 0 were found; 1 mark "
-      "like a marker, but of no kind; the picture shows all ellipses by class");
+      "like a marker, but of no kind");
 }
 
 TEST(DetectionWords, OfEnoughRingsTellTheirSizes) {
