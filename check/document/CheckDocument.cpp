@@ -277,6 +277,8 @@ void writeRest(JsonText& json, const Check& check) {
   writeCameras(json, check.cameras);
   writeSummary(json, check);
   writeLimits(json, check.limits);
+  // Without limits the verdict is "pass", too: who reads it alone has to learn that it rests on none.
+  json.member("judged", check.verdict == Verdict::kError ? std::size_t{0} : check.limits.size());
   json.member("verdict", nameOf(check.verdict));
   writeDiagnosis(json, check);
   writeWarnings(json, check.warnings);

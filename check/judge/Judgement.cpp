@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <string_view>
 
 #include "check/explain/FigureEntries.h"
 #include "check/figures/PairReading.h"
@@ -19,6 +20,9 @@ constexpr const char* kFinished = "finished";
 constexpr const char* kGivenUp = "given_up";
 /// Comes with the compensation of the eccentricity, which refined centres do not need.
 constexpr const char* kNeverRefined = "PoseReport";
+
+/// Editors of some systems put it before the first line of UTF-8.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Numbers of the run itself.
 std::optional<double> countOf(const std::string& name, const Check& check) {
@@ -64,6 +68,19 @@ bool keeps(const Limit& given, const Figure& figure) {
   if (limit.entry) return *limit.entry < figure.values.size() && holds(limit, figure.values[*limit.entry]);
   return !figure.values.empty() &&
          std::ranges::all_of(figure.values, [&](double value) { return holds(limit, value); });
+}
+
+/// Of a limit on one entry of a list what a table has to show; of any other the figure as a whole.
+void markEntry(const Limit& limit, bool exceeds, Figure& figure) {
+  if (!limit.entry) {
+    figure.is_whole_limited = true;
+    return;
+  }
+  const auto known = std::ranges::find(figure.entries, *limit.entry, &LimitedEntry::entry);
+  if (known == figure.entries.end())
+    figure.entries.push_back({*limit.entry, exceeds});
+  else
+    known->exceeds = known->exceeds || exceeds;
 }
 
 /// The worst of the values that one limit judges.
@@ -162,6 +179,7 @@ std::vector<Limit> readLimits(const std::string& path) {
   std::vector<Limit> limits;
   std::string line;
   for (int number = 1; std::getline(stream, line); ++number) {
+    if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     if (line.ends_with('\r')) line.pop_back();
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string::npos || line[begin] == '#') continue;
@@ -188,8 +206,10 @@ void mark(const std::vector<Limit>& limits, PairCheck& pair) {
     std::vector<Figure>& figures = limit.is_refined ? pair.refined->figures : pair.figures;
     const auto figure = std::ranges::find_if(figures, [&](const Figure& each) { return limit.figure == each.name; });
     if (figure == figures.end()) continue;
+    const bool exceeds = pair.finished && !keeps(limit, *figure);
     figure->is_limited = true;
-    figure->exceeds = figure->exceeds || (pair.finished && !keeps(limit, *figure));
+    figure->exceeds = figure->exceeds || exceeds;
+    markEntry(limit, exceeds, *figure);
   }
 }
 

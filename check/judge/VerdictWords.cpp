@@ -26,6 +26,10 @@ const FigureSummary* mainSummary(const Check& check) {
   return nullptr;
 }
 
+/// From here on decimals say nothing, and a table has no room for them.
+constexpr double kWide = 1e5;
+constexpr double kBeyondColumns = 1e10;
+
 double farthest(const FigureSummary& summary) { return std::max(std::abs(summary.min), std::abs(summary.max)); }
 
 /// The value with its standard error behind it, where there is one.
@@ -60,8 +64,9 @@ std::string counted(std::size_t count, const char* noun) {
 }
 
 /// Warnings that make one doubt whether the figures are those of these cameras and this board.
-constexpr std::array<std::string_view, 6> kDoubts = {"sides_exchanged", "baseline_unit",        "scale_wrong",
-                                                     "board_mismatch",  "calibration_mismatch", "pair_stands_out"};
+constexpr std::array<std::string_view, 7> kDoubts = {"board_size",     "sides_exchanged", "baseline_unit",
+                                                     "scale_wrong",    "board_mismatch",  "calibration_mismatch",
+                                                     "pair_stands_out"};
 
 std::string doubtText(const Check& check) {
   for (const Warning& warning : check.warnings) {
@@ -96,8 +101,9 @@ const std::vector<std::string>& mainFigures() {
 }
 
 std::string figureText(double value) {
-  return value != 0.0 && (std::abs(value) < 1e-4 || std::abs(value) >= 1e6) ? fmt::format("{:.3g}", value)
-                                                                            : fmt::format("{:.4f}", value);
+  const double size = std::abs(value);
+  if (size >= kBeyondColumns || (size != 0.0 && size < 1e-4)) return fmt::format("{:.3g}", value);
+  return size >= kWide ? fmt::format("{:.0f}", value) : fmt::format("{:.4f}", value);
 }
 
 std::string finishedText(const Check& check) {

@@ -23,6 +23,12 @@
 /// figures are those of the library's own exports, to the last bit.
 namespace polarline {
 
+/// An entry of a list that a limit judges by its number.
+struct LimitedEntry {
+  std::size_t entry = 0;
+  bool exceeds = false;  ///< As `Figure::exceeds`.
+};
+
 /// A figure of one pair. Lists (`tri_dis`, `id_dis` and the like) have several values.
 struct Figure {
   const char* name = "";
@@ -30,11 +36,13 @@ struct Figure {
   const char* meaning = "";
   std::vector<double> values;  ///< Empty unless the pair measured the figure itself.
   bool is_list = false;
-  bool is_single = false;   ///< The values came in single precision: they read back to the same float.
-  bool is_own = false;      ///< The pair measured it.
-  bool is_carried = false;  ///< The library's record repeats the value of an earlier pair.
-  bool is_limited = false;  ///< A limit judges it in each pair.
-  bool exceeds = false;     ///< The pair is finished, and its value does not keep such a limit.
+  bool is_single = false;             ///< The values came in single precision: they read back to the same float.
+  bool is_own = false;                ///< The pair measured it.
+  bool is_carried = false;            ///< The library's record repeats the value of an earlier pair.
+  bool is_limited = false;            ///< A limit judges it in each pair.
+  bool exceeds = false;               ///< The pair is finished, and its value does not keep such a limit.
+  bool is_whole_limited = false;      ///< A limit judges the number, or every entry of the list.
+  std::vector<LimitedEntry> entries;  ///< Of a list what limits judge one by one.
 };
 
 /// The dots that both pictures of a pair show, one entry an id in every list, ascending. What was not measured is not a
@@ -246,7 +254,7 @@ POLARLINE_API void requireLimit(const std::string& text);
 /// The figures that say most of a pair, the one that says most first.
 POLARLINE_API const std::vector<std::string>& mainFigures();
 
-/// A value as a table has room for it: four decimals, or three digits of what is very small or large.
+/// A value as a table has room for it: four decimals, none from 100000 on, three digits of what is very small or large.
 POLARLINE_API std::string figureText(double value);
 
 /// "2 of 3 pairs finished."

@@ -1,3 +1,6 @@
+#include "polarline/check.h"
+
+#include <opencv2/imgproc.hpp>
 #include <regex>
 
 #include "CommandTest.h"
@@ -36,6 +39,34 @@ TEST_F(CheckCommand, MarksWhatExceedsALimit) {
   EXPECT_TRUE(std::regex_search(run.out, std::regex(R"(0 finished +\d\.\d{4}!)"))) << run.out;
   EXPECT_THAT(run.out, HasSubstr("EXCEEDED tri_rms<=0"));
   EXPECT_THAT(run.out, HasSubstr("FAIL: the limit does not hold."));
+}
+
+TEST_F(CheckCommand, ShowsTheEntryThatALimitJudgesUnderItsWholeName) {
+  const CommandRun run = check({"--limit", "|tri_dis[1]|<=1e9", "--limit", "|tri_dis[0]|<=0", "--json", "-"});
+  const auto pair = DocumentCheck::ofCheck().parsed(run.out)["pairs"][0];
+  const CommandRun table = check({"--limit", "|tri_dis[1]|<=1e9", "--limit", "|tri_dis[0]|<=0"});
+  const std::string first = polarline::figureText(pair["figures"]["tri_dis"][0]);
+  const std::string second = polarline::figureText(pair["figures"]["tri_dis"][1]);
+  EXPECT_TRUE(std::regex_search(table.out, std::regex("state +tri_dis\\[1\\] +tri_dis\\[0\\]"))) << table.out;
+  EXPECT_TRUE(std::regex_search(table.out, std::regex("0 finished +" + second + " +" + first + "! "))) << table.out;
+  EXPECT_THAT(check({"--limit", "|allpoints_means|<=1e9"}).out, HasSubstr(" allpoints_means "));
+}
+
+TEST_F(CheckCommand, SaysInItsOwnWordsWhichEvaluationFailed) {
+  const CommandRun crop = check({"--set", "crop=1", "--set", "cropped_cols=500", "--set", "cropped_rows=40"});
+  EXPECT_EQ(crop.exit_code, 3);
+  EXPECT_THAT(crop.err, HasSubstr("polarline: pair 0 (left_0.png, right_0.png): the crop (cropped_cols, cropped_rows) "
+                                  "is 500 x 40 pixels, and the pictures are 128 x 102 (OpenCV says: "));
+  for (const char* name : {"left_0.png", "right_0.png"}) {
+    cv::Mat colour;
+    cv::cvtColor(set.picture(name), colour, cv::COLOR_GRAY2BGR);
+    set.write(name, colour);
+  }
+  const CommandRun run = check({"--set", "triangulate_residual_switch=1"});
+  EXPECT_EQ(run.exit_code, 3);
+  EXPECT_THAT(run.err, HasSubstr("the residuals of the triangulation (triangulate_residual_switch) can't be taken: "
+                                 "left_0.png has 3 channels"));
+  EXPECT_THAT(run.err, HasSubstr("Convert the pictures to grey, or set triangulate_residual_switch to 0."));
 }
 
 TEST_F(CheckCommand, SaysWhyAPairWasGivenUp) {
@@ -80,9 +111,13 @@ TEST_F(CheckCommand, WritesTheDocumentToAFileOrStandardOutput) {
 }
 
 TEST_F(CheckCommand, IsQuietOnRequest) {
-  const CommandRun run = check({"--quiet", "--limit", "tri_rms<=0"});
-  EXPECT_EQ(run.exit_code, 1);
-  EXPECT_EQ(run.out + run.err, "");
+  EXPECT_EQ(check({"--quiet", "--limit", "tri_rms<=9"}).err, "");
+  for (const CommandRun& run : {check({"--quiet", "--limit", "tri_rms<=0", "--limit", "dy_means<=9"}),
+                                check({"--json", "-", "--limit", "tri_rms<=0", "--limit", "dy_means<=9"})}) {
+    EXPECT_EQ(run.exit_code, 1);
+    EXPECT_THAT(run.out, Not(HasSubstr("EXCEEDED")));
+    EXPECT_THAT(run.err, testing::MatchesRegex("EXCEEDED tri_rms<=0: .*\nFAIL: 1 of 2 limits do not hold.\n"));
+  }
   set.cut("left_1.png");
   const CommandRun failed = check({"--quiet"});
   EXPECT_EQ(failed.exit_code, 2);
@@ -190,12 +225,27 @@ TEST_F(CheckCommandTerminal, KeepsRefinedLinesAsShortAndInTheirColumns) {
   }
 }
 
+TEST_F(CheckCommandTerminal, ShowsNoControlCharacterOfAName) {
+  const std::string moved = set.parent.file("a\x1b]0;b\a");
+  std::filesystem::rename(set.folder, moved);
+  set.folder = moved;
+  options.columns = 80;
+  const CommandRun run = check();
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_THAT(run.out, HasSubstr("a\\x1B]0;b\\x07: board of 9 x 7 dots"));
+  std::filesystem::remove(set.file("polar.txt"));
+  const CommandRun failed = check();
+  EXPECT_THAT(failed.out, HasSubstr("a\\x1B]0;b\\x07: has no polar configuration"));
+  EXPECT_THAT(failed.out, Not(HasSubstr("\x1b]")));
+}
+
 TEST_F(CheckCommandTerminal, HasNoColoursWhereNobodyWantsThem) {
   options.columns = 80;
   for (const char* variable : {"NO_COLOR=1", "TERM=dumb"}) {
     options.environment = {"LC_ALL=C", variable};
     EXPECT_THAT(check({"--limit", "tri_rms<=0"}).out, Not(HasSubstr("\x1b[31m"))) << variable;
   }
+  EXPECT_THAT(check().out, Not(HasSubstr("\x1b"))) << "a dumb terminal redraws no line";
 }
 
 }  // namespace

@@ -36,7 +36,8 @@ void takePairs(Arguments& arguments) {
   const char* const text = arguments.pairs.c_str();
   const int fields = std::sscanf(text, "%zu%n-%zu%n", &first, &used, &last, &used);
   if (fields < 1 || static_cast<std::size_t>(used) != arguments.pairs.size() || text[0] == '-')
-    throw polarline::InputError("--pairs " + arguments.pairs, "A-B was wanted, such as 0-9");
+    throw polarline::InputError("--pairs " + arguments.pairs,
+                                "the first and the last pair, counted from 0, were wanted, such as 0-9");
   arguments.options.pairs = {first, fields == 1 ? first : last};
 }
 
@@ -56,6 +57,7 @@ class Speaker {
   }
   void end(const polarline::Check& check) {
     progress_.clear();
+    if (check.verdict == polarline::Verdict::kFail && is_quiet_) return tell("{}", CheckTable::broken(check));
     if (check.verdict != polarline::Verdict::kError) return say(table_.conclusion(check));
     if (!is_quiet_ && !check.pairs.empty())
       say(table_.conclusion(check));

@@ -157,6 +157,11 @@ TEST(JudgementMarks, LimitedAndExceededFigures) {
   mark(limits, bad);
   EXPECT_TRUE(bad.figures[0].exceeds);
   EXPECT_TRUE(bad.figures[1].exceeds);
+  ASSERT_EQ(bad.figures[1].entries.size(), 1U);
+  EXPECT_EQ(bad.figures[1].entries[0].entry, 0U);
+  EXPECT_TRUE(bad.figures[1].entries[0].exceeds);
+  EXPECT_FALSE(bad.figures[1].is_whole_limited);
+  EXPECT_TRUE(bad.figures[0].is_whole_limited);
   PairCheck unmeasured = hand_made::pair(2, {}, {});
   mark(limits, unmeasured);
   EXPECT_TRUE(unmeasured.figures[0].exceeds);
