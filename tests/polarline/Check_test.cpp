@@ -87,6 +87,7 @@ TEST_F(CheckCommand, SaysStatusAndAdviceWhereNoPairFinished) {
   EXPECT_THAT(run.out, HasSubstr("ERROR: The run ended without one finished pair."));
   EXPECT_THAT(run.out, HasSubstr("polarline detect"));
   EXPECT_EQ(document()["verdict"], "error");
+  EXPECT_EQ(document()["judged"], 0);
   EXPECT_EQ(document()["status"]["code"], 8);
 }
 
@@ -103,6 +104,7 @@ TEST_F(CheckCommand, WritesTheDocumentToAFileOrStandardOutput) {
   EXPECT_EQ(file.exit_code, 0);
   const auto written = document();
   EXPECT_EQ(written["verdict"], "pass");
+  EXPECT_EQ(written["judged"], 0) << "no limit was given";
   const CommandRun out = check({"--json", "-"});
   const auto printed = DocumentCheck::ofCheck().parsed(out.out);  // Nothing else is there.
   EXPECT_EQ(out.err, "");
