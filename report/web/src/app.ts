@@ -51,15 +51,21 @@ export class App {
   private follow(): void {
     const { dataset } = document.documentElement;
     delete dataset['ready'];
-    this.show();
-    requestAnimationFrame(() => requestAnimationFrame(() => (dataset['ready'] = 'true')));
+    const first = this.check < 0;
+    const asked = this.show();
+    requestAnimationFrame(() => {
+      // Only now do the drawings above have their heights; at the start nobody is to watch the way there.
+      if (asked) this.pairPlace.scrollIntoView({ block: 'start', behavior: first ? 'instant' : 'auto' });
+      requestAnimationFrame(() => (dataset['ready'] = 'true'));
+    });
   }
 
-  private show(): void {
+  /** Says whether the address asks for a pair. */
+  private show(): boolean {
     const place = placeOf(location.hash);
     const check = Math.min(place.check, this.data.checks.length - 1);
     const view = this.data.checks[check];
-    if (!view) return;
+    if (!view) return false;
     const first = view.first_pair === null ? null : (view.document.pairs[view.first_pair]?.index ?? null);
     const asked = place.pair !== null && positionOf(view, place.pair) >= 0 ? place.pair : null;
     const pair = asked ?? first;
@@ -72,7 +78,7 @@ export class App {
       this.drawPair();
       say(`Pair ${pair}`);
     }
-    if (asked !== null) this.pairPlace.scrollIntoView({ block: 'start' });
+    return asked !== null;
   }
 
   private scope(end: AbortSignal): Scope {
