@@ -2,9 +2,9 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { csvField } from '../src/dom/copy';
 import { hashOf, placeOf } from '../src/state/route';
-import { flattened, valueOf } from '../src/text/figures';
+import { Explanations, flattened, valueOf } from '../src/text/figures';
 import { exceeds, ruleOf, rulesOn } from '../src/text/limits';
-import { percent, shown, signed, withError } from '../src/text/number';
+import { between, percent, shown, signed, withError } from '../src/text/number';
 import type { CheckPair } from '../src/page_data';
 
 test('numbers keep four figures that count', () => {
@@ -86,4 +86,21 @@ test('a name cannot become a formula of a spreadsheet', () => {
   assert.equal(csvField('=1+1'), "'=1+1");
   assert.equal(csvField('-0.5'), '-0.5');
   assert.equal(csvField('a,"b"'), '"a,""b"""');
+});
+
+test('figures have a heading and a meaning in a few words', () => {
+  const text = 'A figure, in pixels: mean absolute row difference. 0 is perfect. The limit judges it.';
+  const known = new Explanations({ dy_means: { title: 'dy_means', text, unit: 'pixels' } });
+  assert.equal(known.title('dy_means'), 'Mean row difference');
+  assert.equal(known.meaning('dy_means'), 'Mean absolute row difference');
+  assert.equal(known.title('tri_dis[0]'), 'Distance error, chosen dots, 1 to 2');
+  assert.equal(known.title('id_dis[3]'), 'Distance error of id pairs, 3');
+  assert.equal(known.meaning('unheard_of'), 'unheard_of');
+});
+
+test('an interval shows where its ends differ', () => {
+  assert.equal(between(567.8372253, 567.8438789), '567.8372 to 567.8439');
+  assert.equal(between(-0.05, 0.15), '\u22120.05 to 0.15');
+  assert.equal(between(2, 2), '2 to 2');
+  assert.equal(between(100, 300), '100 to 300');
 });

@@ -3,7 +3,7 @@ import { tableElement, type Cell } from '../dom/table';
 import type { ComparedFigure, Comparison, PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { shortUnit } from '../text/figures';
-import { error, shown, signed, typographic } from '../text/number';
+import { between, error, shown, signed, typographic } from '../text/number';
 import { chip, section, verdictChip } from './chip';
 import { comparisonPlots } from './comparison_plots';
 import type { Scope } from './scope';
@@ -32,7 +32,7 @@ function mean(figure: ComparedFigure, index: number): Cell {
   const low = figure.low95[index] ?? null;
   const high = figure.high95[index] ?? null;
   if (value === null) return '–';
-  const interval = low === null || high === null ? null : el('small', {}, `${shown(low)} to ${shown(high)}`);
+  const interval = low === null || high === null ? null : el('small', {}, between(low, high));
   const exact = { 'data-compared': figure.figure, 'data-check': index + 1, 'data-value': String(value) };
   return { content: el('span', exact, shown(value), interval), value };
 }

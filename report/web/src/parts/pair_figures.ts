@@ -3,7 +3,7 @@ import { tableElement, type Cell } from '../dom/table';
 import { figureValue, type ShownFigure } from '../dom/value';
 import { figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
 import { exceeds, rulesOn } from '../text/limits';
-import { error, shown } from '../text/number';
+import { between, error } from '../text/number';
 import { icon } from '../dom/icon';
 import { isFrame } from './pair_views';
 import type { PairScope } from './scope';
@@ -96,7 +96,7 @@ function interval(scope: PairScope, name: string): Cell[] {
   const { sd, low95: low, high95: high } = known;
   return [
     sd === null ? '–' : { content: document.createTextNode(error(sd)), value: sd },
-    low === null || high === null ? '–' : `${shown(low)} to ${shown(high)}`,
+    low === null || high === null ? '–' : between(low, high),
   ];
 }
 
@@ -125,7 +125,7 @@ export function allFigures(scope: PairScope): HTMLElement {
       ...interval(scope, name),
       ...(refined ? [exact(scope, name, 'refined')] : []),
       explanations.unit(name),
-      explanations.of(name).text || explanations.title(name),
+      explanations.meaning(name),
     ]),
     headed: true,
     sortable: true,

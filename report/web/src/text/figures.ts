@@ -95,6 +95,15 @@ export class Explanations {
     return `${this.of(name).title}, ${words ?? index}`;
   }
 
+  /** In a few words: what the explanation says first, without what it is and how it is judged. */
+  meaning(name: string): string {
+    if (name !== bareName(name)) return this.title(name);
+    const [first = ''] = this.of(name)
+      .text.replace(/^A figure,[^:]*: /, '')
+      .split(/\.(?:\s|$)/);
+    return first === '' ? this.title(name) : first.charAt(0).toUpperCase() + first.slice(1);
+  }
+
   unit(name: string): string {
     return this.of(name).unit;
   }

@@ -29,6 +29,13 @@ export function percent(part: number): string {
   return `${minus(size.toFixed(digits))} %`;
 }
 
+/** An interval, with the digits in which its ends differ. */
+export function between(low: number, high: number): string {
+  const digits = high > low ? 1 - Math.floor(Math.log10(high - low)) : Number.NaN;
+  if (!(digits >= 1 && digits <= 9)) return `${shown(low)} to ${shown(high)}`;
+  return minus(`${low.toFixed(digits)} to ${high.toFixed(digits)}`);
+}
+
 /** A sentence with the sign that the numbers beside it have. */
 export function typographic(sentence: string): string {
   return sentence.replace(/(^|[\s(])-(?=\d)/g, '$1\u2212');
