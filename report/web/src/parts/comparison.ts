@@ -98,7 +98,7 @@ function figuresCard(data: PageData, [main, rest]: [ComparedFigure[], ComparedFi
 /** What is said of each check against the first, a line each. */
 function told(text: string): HTMLElement {
   const lines = text.split(/(?<=\.) (?=\S+ against )/);
-  if (lines.length === 1) return el('p', { class: 'headline' }, text);
+  if (lines.length === 1) return el('p', { class: text.length < 120 ? 'headline' : '' }, typographic(text));
   return el('ul', {}, ...lines.map((line) => el('li', {}, typographic(line))));
 }
 

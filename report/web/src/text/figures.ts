@@ -53,6 +53,9 @@ const entries = ['1 to 2', '1 to 3', '2 to 4', '3 to 4', '1 to 4', '2 to 3', 'sm
 
 /** Short headings of figures that are known by their names only; lists are `title entry`. */
 const titles: Record<string, string> = {
+  finished: 'Pairs finished',
+  given_up: 'Pairs given up',
+  pairs: 'Pairs',
   tri_rms: 'Residual, rms',
   tri_mean: 'Mean residual',
   tri_min: 'Smallest residual',
