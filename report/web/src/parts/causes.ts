@@ -20,7 +20,7 @@ function share(cause: Cause): Cell {
   const part = Math.min(1, Math.max(0, cause.share));
   const bar = el(
     'span',
-    { class: 'bar', 'aria-hidden': 'true' },
+    { class: 'meter', 'aria-hidden': 'true' },
     el('span', { style: `width:${(part * 100).toFixed(1)}%` }),
   );
   return { content: el('span', { class: 'share' }, bar, percent(cause.share)), value: cause.share };

@@ -52,7 +52,7 @@ function sentenceOf(view: TrendView): string {
   return `From ${shown(least)} (pair ${at(least)}) to ${shown(most)} (pair ${at(most)}).${limited}${givenUp > 0 ? ` ${givenUp} given up.` : ''}`;
 }
 
-const shownFirst = 4;
+const shownFirst = 3;
 
 /** What is looked at first, and the rest behind a word: the pair below must not be far away. */
 function folded(figures: HTMLElement[]): HTMLElement[] {
