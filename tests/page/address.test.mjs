@@ -9,6 +9,11 @@ const shownPair = (page) => page.$eval('#pair h2', (node) => node.textContent.tr
 test('A link leads to its pair', async () => {
   await within(pageFile('misaligned'), { hash: '#pair=3' }, async (page) => {
     assert.equal(await shownPair(page), 'Pair 3');
+    const top = () => page.$eval('#pair h2', (node) => node.getBoundingClientRect().top);
+    const before = await top();
+    assert.ok(before >= 0 && before < 200, `the pair begins at ${before} of the window`);
+    await new Promise((done) => setTimeout(done, 600));
+    assert.equal(await top(), before, 'it moves no more');
   });
 });
 
