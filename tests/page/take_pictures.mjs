@@ -14,7 +14,7 @@ const pictures = [
 
 try {
   for (const { theme, hash } of pictures) {
-    await within(file, { theme, hash, width: 1280, height: 1040, scale: 0.75, calm: true }, async (page) => {
+    await within(file, { theme, hash, width: 1280, height: 880, scale: 0.75, calm: true }, async (page) => {
       const picture = await page.screenshot();
       if (picture.length > MOST_BYTES) throw new Error(`the ${theme} picture has ${picture.length} bytes`);
       writeFileSync(path.join(folder, `report_${theme}.png`), picture);
