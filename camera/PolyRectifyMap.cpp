@@ -28,10 +28,10 @@ cv::Point2d rawPixel(const cv::Matx33d& K, const CameraIntrinsicsBase& camera, c
 
 /// Clamped to the range of an integer before the conversion, so that an infinite value stays outside of the image.
 int fixedPoint(double value) {
-  constexpr double kSteps = static_cast<int>(cv::INTER_TAB_SIZE);
+  constexpr double kSubPixels = static_cast<int>(cv::INTER_TAB_SIZE);
   constexpr double kLowest = std::numeric_limits<int>::min();
   constexpr double kHighest = std::numeric_limits<int>::max();
-  return cv::saturate_cast<int>(std::clamp(value * kSteps, kLowest, kHighest));
+  return cv::saturate_cast<int>(std::clamp(value * kSubPixels, kLowest, kHighest));
 }
 
 void storeFixed(const cv::Point2d& pixel, int row, int column, cv::Mat& whole, cv::Mat& remainder) {

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr const char* kBlanks = " \t";
+constexpr const char* kBetweenWords = " \t";
 /// Meant: a longer line counts as the end of the list.
 constexpr std::size_t kLongestLine = 511;
 /// Room for the longest line, a carriage return and the terminating zero.
@@ -38,13 +38,13 @@ std::string nextLine(std::istream& stream) {
 
 /// Of a header that is too long, the names in the part that was read count; the list then ends.
 std::size_t cameraCount(const std::string& header) {
-  return header.starts_with('#') ? wordsOf(header.substr(1), kBlanks).size() : 0;
+  return header.starts_with('#') ? wordsOf(header.substr(1), kBetweenWords).size() : 0;
 }
 
 /// The rows behind the header, up to the first that is wrong.
 void readRows(std::istream& stream, ImageNames& names) {
   for (std::string line = nextLine(stream); stream; line = nextLine(stream)) {
-    std::vector<std::string> row = wordsOf(line, kBlanks);
+    std::vector<std::string> row = wordsOf(line, kBetweenWords);
     if (row.empty()) names.failure = "ParseContentLine failed!\n";
     if (!row.empty() && row.size() != names.cameras) {
       names.failure = "fname pairs does not agree with number of camera!\n";

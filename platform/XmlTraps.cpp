@@ -6,7 +6,7 @@
 namespace documents {
 namespace {
 
-constexpr const char* kUnfinished = "an unfinished tag at its end";
+constexpr const char* kUnfinishedTag = "an unfinished tag at its end";
 constexpr std::string_view kNameLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-";
 
 const char* trapInType(std::string_view type) {
@@ -45,7 +45,7 @@ class XmlScanner {
   /// The character behind the ampersand may be any, a bracket or a carriage return too.
   const char* trapInEntity() {
     cursor_.skip(1);
-    if (cursor_.atEnd()) return kUnfinished;
+    if (cursor_.atEnd()) return kUnfinishedTag;
     cursor_.skip(1);
     cursor_.skipTo(";");
     return nullptr;
@@ -91,7 +91,7 @@ class XmlScanner {
 
   const char* trapInValue(bool isType) {
     skipSpaces();
-    if (cursor_.atEnd()) return kUnfinished;
+    if (cursor_.atEnd()) return kUnfinishedTag;
     const std::string_view quote = cursor_.rest().substr(0, 1);
     cursor_.skip(1);
     const std::string_view value = cursor_.rest().substr(0, cursor_.rest().find(quote));

@@ -62,7 +62,7 @@ void skipSingleQuotes(TextCursor& cursor) {
 /// From a backslash over what belongs to it. Of a number the parser takes up to three hexadecimal digits, or two octal
 /// ones behind an x, and goes over the character behind them, whatever it is.
 const char* trapInEscape(TextCursor& cursor) {
-  constexpr const char* kUnfinished = "an unfinished escape at its end";
+  constexpr const char* kUnfinishedEscape = "an unfinished escape at its end";
   const char kind = cursor.peek(1);
   const std::size_t start = kind == 'x' ? 2 : 1;
   std::size_t length = 2;
@@ -72,7 +72,7 @@ const char* trapInEscape(TextCursor& cursor) {
     std::strtol(digits.c_str(), &end, kind == 'x' ? 8 : 16);
     if (end != digits.c_str()) length = start + static_cast<std::size_t>(end - digits.c_str()) + 1;
   }
-  if (cursor.rest().size() < length) return kUnfinished;
+  if (cursor.rest().size() < length) return kUnfinishedEscape;
   cursor.skip(length);
   return nullptr;
 }

@@ -14,13 +14,13 @@ namespace {
 
 using polarline::DotState;
 
-constexpr std::size_t kSampled = 50;
+constexpr std::size_t kSampledDots = 50;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
-constexpr double kSmallest = 1.2;    ///< Radius, pixels.
-constexpr double kBand = 2.5;        ///< Pixels on either side of an outline.
-constexpr double kPlain = 0.7;       ///< The same, of a plain dot's.
-constexpr double kOtherSize = 0.04;  ///< Of the radius.
+constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
+constexpr double kBand = 2.5;           ///< Pixels on either side of an outline.
+constexpr double kPlain = 0.7;          ///< The same, of a plain dot's.
+constexpr double kOtherSize = 0.04;     ///< Of the radius.
 constexpr std::size_t kFewestPlain = 20;
 constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges.
 
@@ -37,7 +37,7 @@ void takeEdges(DotWork& dot, const RadialEdges& found, double sign) {
   double last_sign = 0.0;
   for (std::size_t k = 0; k < found.count; ++k) {
     const RadialEdge& edge = found.edges[k];
-    if (edge.radius * scale < kSmallest) continue;
+    if (edge.radius * scale < kSmallestFound) continue;
     const double edge_sign = edge.rise * sign > 0.0 ? 1.0 : -1.0;
     if (edge_sign == last_sign) break;
     last_sign = edge_sign;
@@ -133,7 +133,7 @@ void takePlain(const GreyPicture& picture, const Common& common, DotWork& dot) {
 
 double spacingOf(const std::vector<DotWork>& dots) {
   std::vector<double> nearest;
-  const std::size_t step = std::max<std::size_t>(dots.size() / kSampled, 1);
+  const std::size_t step = std::max<std::size_t>(dots.size() / kSampledDots, 1);
   for (std::size_t k = 0; k < dots.size(); k += step) {
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t other = 0; other < dots.size(); ++other) {
@@ -150,7 +150,7 @@ void findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {
   const auto edgesOf = [&](const DotWork& dot) { return radialEdges(picture, dot.place->pixel, dot.J, reach); };
   std::vector<std::size_t> sample;
   std::vector<RadialEdges> all;
-  const std::size_t step = std::max<std::size_t>(dots.size() / kSampled, 1);
+  const std::size_t step = std::max<std::size_t>(dots.size() / kSampledDots, 1);
   for (std::size_t k = 0; k < dots.size(); k += step) {
     sample.push_back(k);
     all.push_back(edgesOf(dots[k]));

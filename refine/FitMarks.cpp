@@ -13,14 +13,14 @@ namespace {
 using polarline::DotState;
 
 /// Marks that tell noise, light and blur of the picture.
-constexpr std::size_t kSampled = 40;
+constexpr std::size_t kSampledMarks = 40;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
 constexpr int kFewestOutliers = 2;
-constexpr double kUnclear = 0.3;    ///< Standard deviation of the centre, pixels.
-constexpr double kSmallest = 1.5;   ///< Radius, pixels.
-constexpr double kFarthest = 0.35;  ///< From the given place, of the radius; and a pixel.
+constexpr double kUnclear = 0.3;         ///< Standard deviation of the centre, pixels.
+constexpr double kSmallestFitted = 1.5;  ///< Radius, pixels.
+constexpr double kFarthest = 0.35;       ///< From the given place, of the radius; and a pixel.
 /// From an outline on, in standard deviations of its blur and its neighbour's.
 constexpr double kNear = kEdgeReach + 3.0;
 
@@ -97,7 +97,7 @@ DotState stateOf(const EdgeFit& fit, const DotPlace& place) {
   if (fit.outliers >= kFewestOutliers && fit.outliers > kCoveredShare * fit.on_edge) return DotState::kCovered;
   const double moved = cv::norm(fit.model.outline.centre - place.pixel);
   const double variance = std::max(fit.covariance(0, 0), fit.covariance(1, 1));
-  const bool clear = radius >= kSmallest && moved <= kFarthest * radius + 1.0 && variance < kUnclear * kUnclear;
+  const bool clear = radius >= kSmallestFitted && moved <= kFarthest * radius + 1.0 && variance < kUnclear * kUnclear;
   return clear ? DotState::kRefined : DotState::kUnclear;
 }
 
@@ -170,7 +170,7 @@ std::vector<std::size_t> sampleOf(const std::vector<DotWork>& dots) {
   for (std::size_t k = 0; k < dots.size(); ++k) {
     if (dots[k].outline) found.push_back(k);
   }
-  const std::size_t count = std::min(found.size(), kSampled);
+  const std::size_t count = std::min(found.size(), kSampledMarks);
   for (std::size_t k = 0; k < count; ++k) sample.push_back(found[k * found.size() / count]);
   return sample;
 }

@@ -10,7 +10,7 @@ namespace calibrations {
 namespace {
 
 /// Takes the parser's events; numbers stay as they are written.
-class Events : public nlohmann::json_sax<nlohmann::json> {
+class JsonEvents : public nlohmann::json_sax<nlohmann::json> {
  public:
   ValueBuilder builder;
   std::string problem;
@@ -51,7 +51,7 @@ class Events : public nlohmann::json_sax<nlohmann::json> {
 }  // namespace
 
 Value valueOfJson(const std::string& text, const std::string& path) {
-  Events events;
+  JsonEvents events;
   try {
     if (!nlohmann::json::sax_parse(text, &events)) throw polarline::InputError(path, "is no JSON: " + events.problem);
   } catch (const UnreadableValue& found) {

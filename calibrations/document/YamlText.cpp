@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kLongestYaml = std::size_t{1} << 20;
 
 /// Takes the parser's events. What an anchor names is kept, so that an alias can repeat it.
-class Events : public YAML::EventHandler {
+class YamlEvents : public YAML::EventHandler {
  public:
   std::vector<Value> values;
   int line = 1;  ///< Of the latest event.
@@ -97,7 +97,7 @@ std::vector<Value> valuesOfYaml(const std::string& text, const std::string& path
         path, "is longer than " + std::to_string(kLongestYaml) + " characters; a calibration file was wanted");
   }
   std::istringstream stream(text);
-  Events events;
+  YamlEvents events;
   try {
     YAML::Parser parser(stream);
     while (parser.HandleNextDocument(events)) {

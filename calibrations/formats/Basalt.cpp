@@ -16,7 +16,7 @@ std::vector<double> numbersOf(const Node& node, std::initializer_list<const char
   return numbers;
 }
 
-SourceCamera cameraOf(const Node& node) {
+SourceCamera basaltCamera(const Node& node) {
   const std::string type = node.at("camera_type").text();
   if (type != "kb4" && type != "pinhole" && type != "pinhole-radtan8") refuseModel(node, type);
   const Node values = node.at("intrinsics");
@@ -30,7 +30,7 @@ SourceCamera cameraOf(const Node& node) {
 }
 
 /// The body from the camera: a position and a unit quaternion.
-Pose poseOf(const Node& node) {
+Pose basaltPose(const Node& node) {
   const std::vector<double> p = numbersOf(node, {"px", "py", "pz"});
   const std::vector<double> q = numbersOf(node, {"qx", "qy", "qz", "qw"});
   const double norm = std::hypot(std::hypot(q[0], q[1]), std::hypot(q[2], q[3]));
@@ -61,14 +61,14 @@ SourcePair readBasalt(const Documents& documents, const polarline::ImportOptions
   const Node root = document.has("value0") ? document.at("value0") : document;
   const auto [left, right] = chosen(options);
   SourcePair pair;
-  pair.left = cameraOf(entry(root, "intrinsics", left));
-  pair.right = cameraOf(entry(root, "intrinsics", right));
+  pair.left = basaltCamera(entry(root, "intrinsics", left));
+  pair.right = basaltCamera(entry(root, "intrinsics", right));
   if (root.has("resolution")) {
     pair.left.camera.size = sizeOf(entry(root, "resolution", left));
     pair.right.camera.size = sizeOf(entry(root, "resolution", right));
   }
-  const Pose body_from_left = poseOf(entry(root, "T_imu_cam", left));
-  pair.right_from_left = inverse(poseOf(entry(root, "T_imu_cam", right))) * body_from_left;
+  const Pose body_from_left = basaltPose(entry(root, "T_imu_cam", left));
+  pair.right_from_left = inverse(basaltPose(entry(root, "T_imu_cam", right))) * body_from_left;
   return pair;
 }
 

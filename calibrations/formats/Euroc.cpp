@@ -6,7 +6,7 @@
 namespace calibrations {
 namespace {
 
-SourceCamera cameraOf(const Node& root) {
+SourceCamera eurocCamera(const Node& root) {
   const std::string model = root.at("camera_model").text();
   const std::string lens = root.at("distortion_model").text();
   if (model != "pinhole") refuseModel(root, model);
@@ -29,8 +29,8 @@ SourceCamera cameraOf(const Node& root) {
 SourcePair readEuroc(const Documents& documents, const polarline::ImportOptions& options) {
   const auto [left, right] = cameraNodes(documents, options);
   SourcePair pair;
-  pair.left = cameraOf(left);
-  pair.right = cameraOf(right);
+  pair.left = eurocCamera(left);
+  pair.right = eurocCamera(right);
   // T_BS is the body from the sensor.
   const Pose body_from_left = poseOf(left.at("T_BS"), pair.deviation);
   const Pose body_from_right = poseOf(right.at("T_BS"), pair.deviation);

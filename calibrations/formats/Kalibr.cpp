@@ -10,7 +10,7 @@ namespace calibrations {
 
 namespace {
 
-SourceCamera cameraOf(const Node& node) {
+SourceCamera kalibrCamera(const Node& node) {
   const std::string model = node.at("camera_model").text();
   const std::string lens = node.at("distortion_model").text();
   if (model != "pinhole") refuseModel(node, model);
@@ -64,8 +64,8 @@ SourcePair readKalibr(const Documents& documents, const polarline::ImportOptions
                 " camera(s); the two of a pair were wanted");
   }
   SourcePair pair;
-  pair.left = cameraOf(cameras[left]);
-  pair.right = cameraOf(cameras[right]);
+  pair.left = kalibrCamera(cameras[left]);
+  pair.right = kalibrCamera(cameras[right]);
   const Pose pose = laterFromEarlier(cameras, std::min(left, right), later, pair.deviation);
   pair.right_from_left = left < right ? pose : inverse(pose);
   return pair;

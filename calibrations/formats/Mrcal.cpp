@@ -26,7 +26,7 @@ std::string modelOf(const Node& node) {
   return text;
 }
 
-SourceCamera cameraOf(const Node& root) {
+SourceCamera mrcalCamera(const Node& root) {
   const Node lens = root.at({"lensmodel", "lens_model", "distortion_model"});
   const auto* const model =
       std::ranges::find_if(kModels, [name = modelOf(lens)](const Model& each) { return each.name == name; });
@@ -41,7 +41,7 @@ SourceCamera cameraOf(const Node& root) {
 }
 
 /// Camera from the reference: axis times angle, then the translation.
-Pose poseOf(const Node& root) {
+Pose mrcalPose(const Node& root) {
   const Node node = root.at({"rt_cam_ref", "extrinsics"});
   const std::vector<double> rt = node.numbers(6);
   if (root.has("rt_cam_ref") && root.has("extrinsics") && root.at("extrinsics").numbers(6) != rt) {
@@ -58,10 +58,10 @@ Pose poseOf(const Node& root) {
 SourcePair readMrcal(const Documents& documents, const polarline::ImportOptions& options) {
   const auto [left, right] = cameraNodes(documents, options);
   SourcePair pair;
-  pair.left = cameraOf(left);
-  pair.right = cameraOf(right);
-  const Pose left_from_reference = poseOf(left);
-  pair.right_from_left = poseOf(right) * inverse(left_from_reference);
+  pair.left = mrcalCamera(left);
+  pair.right = mrcalCamera(right);
+  const Pose left_from_reference = mrcalPose(left);
+  pair.right_from_left = mrcalPose(right) * inverse(left_from_reference);
   return pair;
 }
 

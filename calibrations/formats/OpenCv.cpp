@@ -39,7 +39,7 @@ std::string modelIn(const Node& document, const polarline::ImportOptions& option
   return model ? model->text() : "";
 }
 
-SourceCamera cameraOf(const Node& document, Names matrix, Names lens, const polarline::ImportOptions& options) {
+SourceCamera openCvCamera(const Node& document, Names matrix, Names lens, const polarline::ImportOptions& options) {
   SourceCamera source;
   setMatrix(source.camera, document.at(matrix));
   const Node node = document.at(lens);
@@ -95,13 +95,13 @@ SourcePair readOpenCv(const Documents& documents, const polarline::ImportOptions
   const std::vector<Node> singles = having(documents, kMatrix);
   requireBothHalves(documents, singles.size());
   if (singles.size() == 2) {
-    pair.left = cameraOf(singles[0], kMatrix, kLens, options);
-    pair.right = cameraOf(singles[1], kMatrix, kLens, options);
+    pair.left = openCvCamera(singles[0], kMatrix, kLens, options);
+    pair.right = openCvCamera(singles[1], kMatrix, kLens, options);
   } else {
     const Node cameras =
         having(documents, kMatrixLeft).empty() ? Node(documents.front()) : only(documents, kMatrixLeft);
-    pair.left = cameraOf(cameras, kMatrixLeft, kLensLeft, options);
-    pair.right = cameraOf(cameras, kMatrixRight, kLensRight, options);
+    pair.left = openCvCamera(cameras, kMatrixLeft, kLensLeft, options);
+    pair.right = openCvCamera(cameras, kMatrixRight, kLensRight, options);
   }
   const Node pose = only(documents, kRotation);
   pair.right_from_left.R = rotationOf(pose.at(kRotation), pair.deviation);

@@ -14,7 +14,7 @@ double numberIn(const Node& node, const char* name) {
   return member ? member->number() : 0.0;
 }
 
-SourceCamera cameraOf(const Node& node) {
+SourceCamera oursCamera(const Node& node) {
   SourceCamera source;
   setPinhole(source.camera, {numberIn(node, "Fx"), numberIn(node, "Fy"), numberIn(node, "Cx"), numberIn(node, "Cy")},
              node);
@@ -50,9 +50,9 @@ SourcePair readOurs(const Documents& documents, const polarline::ImportOptions& 
   const Node root(documents.front());
   if (root.has("DEPTH")) root.at("DEPTH").refuse("is a depth camera; a pair of infra-red ones alone was wanted");
   SourcePair pair;
-  pair.left = cameraOf(root.at("IR_L"));
+  pair.left = oursCamera(root.at("IR_L"));
   const Node right = root.at("IR_R");
-  pair.right = cameraOf(right);
+  pair.right = oursCamera(right);
   pair.left.lens = pair.right.lens = lensOf(pair, root, options.model);
   const Node rotation = right.at("Rotate");
   const Node translation = right.at("Translate");

@@ -27,7 +27,7 @@ void requireWholePictures(const Node& root) {
   }
 }
 
-SourceCamera cameraOf(const Node& root) {
+SourceCamera rosCamera(const Node& root) {
   requireWholePictures(root);
   const auto model = root.find("distortion_model");
   const std::string lens = model ? model->text() : "plumb_bob";
@@ -89,8 +89,8 @@ cv::Vec3d rectifiedTranslation(const Node& left, const Node& right, bool lengthI
 SourcePair readRos(const Documents& documents, const polarline::ImportOptions& options) {
   const auto [left, right] = cameraNodes(documents, options);
   SourcePair pair;
-  pair.left = cameraOf(left);
-  pair.right = cameraOf(right);
+  pair.left = rosCamera(left);
+  pair.right = rosCamera(right);
   const cv::Matx33d rectified_from_left = rotationOf(left.at("rectification_matrix"), pair.deviation);
   const cv::Matx33d rectified_from_right = rotationOf(right.at("rectification_matrix"), pair.deviation);
   const Node p_right = right.at("projection_matrix");

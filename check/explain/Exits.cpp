@@ -5,7 +5,7 @@
 namespace polarline {
 namespace {
 
-constexpr auto kEntries = std::to_array<Entry>({
+constexpr auto kExits = std::to_array<Entry>({
     {"exit 0", "done", "Done, and every limit holds.", ""},
     {"exit 1", "limit_exceeded", "A limit is exceeded.", "The table marks the figure and the pair."},
     {"exit 2", "unusable", "The command line or an input can't be used.",
@@ -18,6 +18,6 @@ constexpr auto kEntries = std::to_array<Entry>({
 
 }  // namespace
 
-std::span<const Entry> exitEntries() { return kEntries; }
+std::span<const Entry> exitEntries() { return kExits; }
 
 }  // namespace polarline

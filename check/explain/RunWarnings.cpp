@@ -5,7 +5,7 @@
 namespace polarline {
 namespace {
 
-constexpr auto kEntries = std::to_array<Entry>({
+constexpr auto kRunWarnings = std::to_array<Entry>({
     {"unknown_key", "unknown_key", "The polar configuration has a key that nothing reads.",
      "Compare its spelling with docs/formats/polar_configuration.md: some names have letters that one would not "
      "expect. Or take the line out."},
@@ -70,6 +70,6 @@ constexpr auto kEntries = std::to_array<Entry>({
 
 }  // namespace
 
-std::span<const Entry> warningEntries() { return kEntries; }
+std::span<const Entry> warningEntries() { return kRunWarnings; }
 
 }  // namespace polarline

@@ -5,7 +5,7 @@
 namespace polarline {
 namespace {
 
-constexpr auto kEntries = std::to_array<Entry>({
+constexpr auto kStatuses = std::to_array<Entry>({
     {"0", "success", "The run came to its end with at least one finished pair.", ""},
     {"1", "input_unreadable", "The image list could not be read, or a polynomial table is missing.",
      "Compare the list with docs/formats/image_list.md: a header line '#L R', then two file names a line."},
@@ -62,6 +62,6 @@ constexpr auto kEntries = std::to_array<Entry>({
 
 }  // namespace
 
-std::span<const Entry> statusEntries() { return kEntries; }
+std::span<const Entry> statusEntries() { return kStatuses; }
 
 }  // namespace polarline

@@ -5,7 +5,7 @@
 namespace polarline {
 namespace {
 
-constexpr auto kEntries = std::to_array<Entry>({
+constexpr auto kSteps = std::to_array<Entry>({
 
     {"image", "image", "Step of a detection: the picture or the target can't be used.",
      "Give an 8-bit or 16-bit picture that decodes, and a target that loads."},
@@ -31,6 +31,6 @@ constexpr auto kEntries = std::to_array<Entry>({
 
 }  // namespace
 
-std::span<const Entry> stepEntries() { return kEntries; }
+std::span<const Entry> stepEntries() { return kSteps; }
 
 }  // namespace polarline

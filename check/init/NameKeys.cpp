@@ -86,8 +86,6 @@ std::size_t commonLength(const Names& names, bool at_end, std::size_t most) {
   return length;
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 /// What is left when the beginning and end that all names share are gone. A number is never cut.
 std::vector<NameKey> middles(const Names& paths) {
   Names names;

@@ -7,13 +7,14 @@ namespace {
 
 enum class Kind { kDigit, kLetter, kOther };
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80;
 }
 Kind kindOf(char c) { return isDigit(c) ? Kind::kDigit : isLetter(c) ? Kind::kLetter : Kind::kOther; }
 
 }  // namespace
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 NamePieces piecesOf(std::string_view text) {
   NamePieces pieces;

@@ -15,6 +15,8 @@ struct NamePiece {
 };
 using NamePieces = std::vector<NamePiece>;
 
+bool isDigit(char c);
+
 /// The pieces of a text, in its order. Bytes beyond ASCII count as letters.
 NamePieces piecesOf(std::string_view text);
 

@@ -47,7 +47,7 @@ void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const 
   }
 }
 
-BoardInfo readBoard(const std::string& target_path) {
+BoardInfo readBoardInfo(const std::string& target_path) {
   kestrune::RingTarget target;
   try {
     const PlainPath plain(target_path);

@@ -17,6 +17,6 @@ void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const 
                       std::vector<Warning>& warnings);
 
 /// Also proves that the detector can be configured from it.
-BoardInfo readBoard(const std::string& target);
+BoardInfo readBoardInfo(const std::string& target);
 
 }  // namespace polarline

@@ -53,7 +53,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
   warnOfSigns(inputs.limits, check.warnings);
   inputs.config = readPolar(inputs.set.polar, options.settings, check.warnings);
   check.settings = settingsOf(inputs.config);
-  check.board = readBoard(inputs.set.target);
+  check.board = readBoardInfo(inputs.set.target);
   if (!inputs.set.board.empty()) inputs.board = readBoardTruth(inputs.set.board);
   check.board.points = inputs.board.size();
   warnOfBoardTruth(inputs.set.board, inputs.config, check.board, check.warnings);

@@ -8,11 +8,12 @@
 #include <memory>
 #include <new>
 
+#include "platform/FileHandle.h"
+
 namespace polarline {
 namespace {
 
-struct Close {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+struct FreeContext {
   void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
 };
 
@@ -36,13 +37,13 @@ class Sha256 {
   }
 
  private:
-  std::unique_ptr<EVP_MD_CTX, Close> context_;
+  std::unique_ptr<EVP_MD_CTX, FreeContext> context_;
 };
 
 }  // namespace
 
 std::string sha256OfFile(const std::string& path) {
-  const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
+  const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (!file) return {};
   Sha256 hash;
   std::vector<char> block(std::size_t{1} << 16U);

@@ -3,9 +3,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <string_view>
 #include <system_error>
+
+#include "platform/FileHandle.h"
 
 namespace polarline {
 namespace {
@@ -15,11 +16,6 @@ constexpr std::string_view kPngEnd("IEND\xAE\x42\x60\x82", 8);
 constexpr std::string_view kJpeg = "\xFF\xD8\xFF";
 constexpr std::string_view kJpegScan = "\xFF\xDA";
 constexpr std::string_view kJpegEnd = "\xFF\xD9";
-
-struct Close {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Close>;
 
 /// As much of it as can be read; `errno` is 0 where that is all.
 std::string bytesOf(std::FILE* file) {
@@ -50,7 +46,7 @@ bool isCutOff(const std::string& content) {
 }
 
 bool isCutOffJpeg(const std::string& path) {
-  const File file(std::fopen(path.c_str(), "rb"));
+  const FileHandle file(std::fopen(path.c_str(), "rb"));
   std::string begin(kJpeg.size(), ' ');
   if (!file || std::fread(begin.data(), 1, begin.size(), file.get()) != begin.size() || begin != kJpeg) return false;
   return isCutOff(begin + bytesOf(file.get()));
@@ -59,7 +55,7 @@ bool isCutOffJpeg(const std::string& path) {
 PictureFault pictureFault(const std::string& path) {
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return unread(EISDIR);
-  const File file(std::fopen(path.c_str(), "rb"));
+  const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (!file) return unread(errno);
   const std::string content = bytesOf(file.get());
   if (errno != 0) return unread(errno);

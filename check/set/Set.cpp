@@ -5,10 +5,10 @@
 #include <cstring>
 #include <filesystem>
 #include <initializer_list>
-#include <memory>
 #include <system_error>
 
 #include "input/ImageList.h"
+#include "platform/FileHandle.h"
 #include "platform/Files.h"
 #include "polarline/errors.h"
 
@@ -16,10 +16,6 @@ namespace polarline {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Close {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
 
 std::string whyMissing(const std::error_code& failure, const char* usually) {
   return failure && failure != std::errc::no_such_file_or_directory ? failure.message() : usually;
@@ -31,7 +27,7 @@ void requireFile(const std::string& path) {
   const fs::file_status status = fs::status(path, failure);
   if (!fs::exists(status)) throw InputError(path, whyMissing(failure, "there is no such file"));
   if (fs::is_directory(status)) throw InputError(path, "is a folder; a file was wanted");
-  const std::unique_ptr<std::FILE, Close> file(std::fopen(path.c_str(), "rb"));
+  const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (!file) throw InputError(path, std::strerror(errno));
   if (std::fgetc(file.get()) == EOF) throw InputError(path, "is empty");
 }

@@ -18,7 +18,7 @@ namespace {
 using polarline::FigureUncertainty;
 using Repeaters = std::vector<std::unique_ptr<FigureRepeater>>;
 
-constexpr std::size_t kLeastDots = 6;
+constexpr std::size_t kLeastDotsOfPair = 6;
 
 constexpr std::array kGroupsOfMeans = {FigureGroup::kResiduals, FigureGroup::kRows,      FigureGroup::kSpacing,
                                        FigureGroup::kDistances, FigureGroup::kAlignment, FigureGroup::kProjection,
@@ -78,7 +78,7 @@ void repeatRaw(const PairEvaluator& evaluator, const PairNoise& noise, int colum
                std::vector<FigureUncertainty>& uncertainties) {
   const PairObservation& seen = evaluator.seen;
   const std::size_t count = std::min(seen.raw.size(), seen.positions.size());
-  if (count < kLeastDots) return;
+  if (count < kLeastDotsOfPair) return;
   DotScene scene(idsOf(seen.raw, count), columns, noise.left, noise.right);
   for (std::size_t k = 0; k < count; ++k) scene.slopes.push_back(slopeAt(seen.positions[k], seen.cameras));
   const Eigen::Matrix3Xd positions = withoutNoise(positionsOf(seen, count), scene.trend, scene.positionVariance());
@@ -102,7 +102,7 @@ void repeatRaw(const PairEvaluator& evaluator, const PairNoise& noise, int colum
 void repeatRectified(const PairEvaluator& evaluator, const PairNoise& noise, int columns, SeededRandom& random,
                      std::vector<FigureUncertainty>& uncertainties) {
   const PairObservation& seen = evaluator.seen;
-  if (seen.rectified.size() < kLeastDots) return;
+  if (seen.rectified.size() < kLeastDotsOfPair) return;
   DotScene scene(idsOf(seen.rectified, seen.rectified.size()), columns, noise.left, noise.right);
   Repeaters repeaters;
   if (evaluator.figures.isMeasured(FigureGroup::kSpacing)) {

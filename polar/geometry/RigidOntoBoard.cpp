@@ -11,7 +11,7 @@ Eigen::Vector3d meanOf(const std::vector<Eigen::Vector3d>& points) {
   return sum / static_cast<double>(points.size());
 }
 
-Eigen::Matrix3d rotationOf(const Eigen::Matrix3d& covariance) {
+Eigen::Matrix3d rotationOntoBoard(const Eigen::Matrix3d& covariance) {
   // The decomposition leaves its matrices unset for such input.
   if (!covariance.allFinite()) return Eigen::Matrix3d::Constant(std::numeric_limits<double>::quiet_NaN());
   const Eigen::JacobiSVD<Eigen::Matrix3d> decomposition(covariance, Eigen::ComputeFullU | Eigen::ComputeFullV);
@@ -35,7 +35,7 @@ RigidMotion FitRigidOntoBoard(const std::vector<Eigen::Vector3d>& source, const 
     covariance += (source[i] - source_mean) * (target.at(i) - target_mean).transpose();
   }
   RigidMotion motion;
-  motion.R = rotationOf(covariance);
+  motion.R = rotationOntoBoard(covariance);
   motion.t = target_mean - motion.R * source_mean;
   return motion;
 }

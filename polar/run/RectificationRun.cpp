@@ -39,7 +39,7 @@ PairStatus pointCloud(const PairInput& pair, PairEvaluator& evaluator) {
 }
 
 // `oqc_switch` alone starts nothing: it only widens the inner condition.
-PairStatus evaluatePair(const PairInput& pair, PairEvaluator& evaluator) {
+PairStatus evaluateRectifiedPair(const PairInput& pair, PairEvaluator& evaluator) {
   const PolarConfig& config = evaluator.config();
   if (config.dy_bias_switch != 0) {
     const PairStatus status = rowDisparity(pair, evaluator);
@@ -63,13 +63,13 @@ std::int32_t PolarCore::RectificationRun(const RunArguments& arguments, const Re
   if (!reportProgress(*this, arguments.progress, run_texts::kRunBegunPercent)) return polar_status::kStoppedByCallback;
 
   PairEvaluation pairs = [&](std::size_t /*index*/, const PairInput& pair) {
-    const PairStatus status = evaluatePair(pair, evaluator);
+    const PairStatus status = evaluateRectifiedPair(pair, evaluator);
     if (status == 0) return PairResult{};
     errorText = evaluator.errorText;
     return PairResult{PairOutcome::kGivenUp, status};
   };
   if (arguments.refiner != nullptr) {
-    pairs = withSecondLook(pairs, *arguments.refiner, evaluator, {unwarped, evaluatePair});
+    pairs = withSecondLook(pairs, *arguments.refiner, evaluator, {unwarped, evaluateRectifiedPair});
   }
   return walkPairs(*this, arguments, evaluator, summary, start, WalkRules{}, pairs);
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kPoints = 24;
 constexpr int kRounds = 3;
-constexpr double kSettled = 1e-9;  ///< Pixels.
+constexpr double kSettledShift = 1e-9;  ///< Pixels.
 
 using Contour = std::array<cv::Point2d, kPoints>;
 using Matx55 = cv::Matx<double, 5, 5>;
@@ -68,7 +68,7 @@ std::optional<cv::Point2d> contourBias(const CalibratedCamera& camera, const Cam
   for (int round = 0; round < kRounds; ++round) {
     const auto length = stepTowards(*contour, outline);
     if (!length) return std::nullopt;
-    if (*length < kSettled) break;
+    if (*length < kSettledShift) break;
   }
   return outline.centre - *centre;
 }

@@ -8,7 +8,7 @@ namespace refine {
 namespace {
 
 /// Beyond the edge's reach, so that there is flat paper and ink to compare with.
-constexpr double kFlat = 0.6;
+constexpr double kFlatPixels = 0.6;
 /// A neighbour's edge changes the grey by less than a thousandth beyond this, in standard deviations.
 constexpr double kClear = 3.0;
 
@@ -63,7 +63,7 @@ double nearestEdge(const EdgeModel& model, const EdgePlace& place) {
 EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,
                              const std::vector<Neighbour>& neighbours, EdgeTable& table) {
   EdgeCounts counts;
-  const double reach = kEdgeReach * model.blur + kFlat;
+  const double reach = kEdgeReach * model.blur + kFlatPixels;
   const double on_edge = kOnEdge * model.blur;
   const cv::Point2d half = model.outline.halfBox() + cv::Point2d(reach, reach);
   const cv::Point2d centre = model.outline.centre;

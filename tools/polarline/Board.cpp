@@ -21,7 +21,7 @@ const std::map<std::string, BoardRings> kRings = {
 const std::map<std::string, Paper> kPapers = {
     {"A4", Paper::kA4}, {"A3", Paper::kA3}, {"A2", Paper::kA2}, {"A1", Paper::kA1}, {"fit", Paper::kFit}};
 
-struct Options {
+struct BoardCommand {
   std::string target;
   std::string board;
   std::string output;
@@ -31,7 +31,7 @@ struct Options {
   ResultOptions result;
 };
 
-int run(const Options& options) {
+int runBoard(const BoardCommand& options) {
   requireSeparate({{"--output", options.output}, {"--json", options.result.json}}, {options.target});
   if (options.output == "-" && options.result.json == "-") {
     throw polarline::InputError("--json", "standard output is taken by --output; wanted one of them in a file");
@@ -54,7 +54,7 @@ int run(const Options& options) {
 
 Subcommand addBoard(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand("board", "Draw a board in true size, to print");
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<BoardCommand>();
   auto* const source = app->add_option_group("Board", "Which board");
   source->add_option("--target", options->target, "Target configuration (.ini, .json, .yml, .yaml, .xml)")
       ->type_name("FILE");
@@ -78,7 +78,7 @@ Subcommand addBoard(CLI::App& polarline) {
   app->add_option("--dpi", options->print.dpi, "Dots per inch of a PNG")->capture_default_str();
   addResultOptions(*app, options->result);
   addExample(*app, "polarline board --board rings-small:17x15:14 --paper A3 -o board.pdf");
-  return {app, [options] { return run(*options); }};
+  return {app, [options] { return runBoard(*options); }};
 }
 
 }  // namespace command

@@ -14,7 +14,7 @@
 namespace command {
 namespace {
 
-struct Options {
+struct DetectCommand {
   std::string image;
   std::string target;
   std::string board;
@@ -26,7 +26,7 @@ struct Options {
   bool usesStandardOutput() const { return csv == "-" || result.json == "-"; }
 };
 
-void deliverDocuments(const Options& options, const polarline::Detection& detection) {
+void deliverDocuments(const DetectCommand& options, const polarline::Detection& detection) {
   if (options.csv == "-" && options.result.json == "-")
     throw polarline::InputError("--csv and --json can't both be standard output");
   if (!options.csv.empty()) deliver(options.csv, pointsCsv(detection));
@@ -34,14 +34,15 @@ void deliverDocuments(const Options& options, const polarline::Detection& detect
     deliver(options.result.json, detectionJson(detection, options.image, options.target + options.board));
 }
 
-std::vector<std::string> deliverPictures(const Options& options, const cv::Mat& image,
+std::vector<std::string> deliverPictures(const DetectCommand& options, const cv::Mat& image,
                                          const polarline::Detection& detection) {
   if (options.out.empty()) return {};
   const std::string name = std::filesystem::path(options.image).stem().string();
   return writePictures(image, detection, options.out, name, options.all_pictures);
 }
 
-void tell(const Options& options, const polarline::Detection& detection, const std::vector<std::string>& pictures) {
+void tellDetection(const DetectCommand& options, const polarline::Detection& detection,
+                   const std::vector<std::string>& pictures) {
   if (options.result.quiet || options.usesStandardOutput()) {
     if (!detection.found)
       command::tell("polarline: {}: {}\nadvice: {}\n", options.image, detection.text, detection.advice);
@@ -57,14 +58,14 @@ void tell(const Options& options, const polarline::Detection& detection, const s
   say(text);
 }
 
-int run(const Options& options) {
+int runDetect(const DetectCommand& options) {
   requireSeparate({{"--csv", options.csv}, {"--json", options.result.json}}, {options.image, options.target});
   const cv::Mat image = polarline::readPicture(options.image);
   const std::string target =
       options.board.empty() ? options.target : polarline::targetIni(polarline::parseBoard(options.board));
   const polarline::Detection detection = polarline::detect(image, target);
   deliverDocuments(options, detection);
-  tell(options, detection, deliverPictures(options, image, detection));
+  tellDetection(options, detection, deliverPictures(options, image, detection));
   return detection.found ? kDone : kNoFigure;
 }
 
@@ -73,7 +74,7 @@ int run(const Options& options) {
 Subcommand addDetect(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand(
       "detect", "What the detector sees in one picture: the dots with their numbers, or the step where it stopped");
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<DetectCommand>();
   app->add_option("image", options->image, "Picture: 8-bit grey or colour, or 16-bit grey")
       ->required()
       ->type_name("IMAGE");
@@ -93,7 +94,7 @@ Subcommand addDetect(CLI::App& polarline) {
       ->type_name("FILE");
   addResultOptions(*app, options->result);
   addExample(*app, "polarline detect my_set/left_0.png --target my_set/target.ini --out seen");
-  return {app, [options] { return run(*options); }};
+  return {app, [options] { return runDetect(*options); }};
 }
 
 }  // namespace command

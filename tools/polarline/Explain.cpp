@@ -8,7 +8,7 @@
 namespace command {
 namespace {
 
-struct Request {
+struct ExplainCommand {
   std::string code;
   ResultOptions result;
 };
@@ -23,7 +23,7 @@ std::vector<polarline::Explanation> wanted(const std::string& code) {
   return found;
 }
 
-int runExplain(const Request& request) {
+int runExplain(const ExplainCommand& request) {
   const std::vector<polarline::Explanation> all = wanted(request.code);
   if (!request.result.json.empty()) deliver(request.result.json, polarline::explanationsJson(all));
   if (!request.result.quiet && request.result.json != "-") say(polarline::explanationsText(all));
@@ -35,7 +35,7 @@ int runExplain(const Request& request) {
 Subcommand addExplain(CLI::App& polarline) {
   CLI::App* const app =
       polarline.add_subcommand("explain", "Says what a status, warning, exit code or figure means and what to do");
-  const auto request = std::make_shared<Request>();
+  const auto request = std::make_shared<ExplainCommand>();
   app->add_option("CODE", request->code,
                   "A number or word that the command or the library has told; without it all are listed");
   app->allow_extras(false)->prefix_command(false);

@@ -20,7 +20,7 @@ struct ImportCommand {
   ResultOptions result;
 };
 
-int run(const ImportCommand& command) {
+int runImport(const ImportCommand& command) {
   requireSeparate({{"--output", command.output}, {"--json", command.result.json}}, command.files);
   polarline::ImportOptions options = command.options;
   if (!command.size.empty()) options.size = polarline::sizeOf(command.size);
@@ -82,7 +82,7 @@ Subcommand addImport(CLI::App& polarline) {
   app->add_flag("--swap", command->options.swap, "Exchange left and right");
   addResultOptions(*app, command->result);
   addExample(*app, "polarline import camchain.yaml --scale 1000 -o calib.json");
-  return {app, [command] { return run(*command); }};
+  return {app, [command] { return runImport(*command); }};
 }
 
 }  // namespace command

@@ -10,14 +10,14 @@
 namespace command {
 namespace {
 
-struct Options {
+struct InitCommand {
   polarline::InitRequest request;
   std::string pairing = "auto";
   std::string size;
   ResultOptions result;
 };
 
-int run(const Options& options) {
+int runInit(const InitCommand& options) {
   requireSeparate({{"--json", options.result.json}}, options.request.calibration);
   polarline::InitRequest request = options.request;
   request.pairing = polarline::pairByOf(options.pairing);
@@ -47,7 +47,7 @@ void addInputs(CLI::App& app, polarline::InitRequest& request) {
       ->type_name("FILE");
 }
 
-void addCalibrationOptions(CLI::App& app, Options& options) {
+void addCalibrationOptions(CLI::App& app, InitCommand& options) {
   polarline::ImportOptions& import = options.request.import;
   app.add_option("--format", import.format, "Format of the calibration, where its content does not tell")
       ->type_name("FORMAT");
@@ -65,7 +65,7 @@ void addCalibrationOptions(CLI::App& app, Options& options) {
 
 Subcommand addInit(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand("init", "Make a set from pictures, a calibration and a board");
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<InitCommand>();
   addInputs(*app, options->request);
   addCalibrationOptions(*app, *options);
   app->add_option("--pairing", options->pairing,
@@ -83,7 +83,7 @@ Subcommand addInit(CLI::App& polarline) {
   addExample(*app,
              "polarline init myset --left 'left_*.png' --right 'right_*.png' --board dots:21x13:20 --calibration "
              "calib.json");
-  return {app, [options] { return run(*options); }};
+  return {app, [options] { return runInit(*options); }};
 }
 
 }  // namespace command

@@ -12,7 +12,7 @@
 namespace command {
 namespace {
 
-struct Request {
+struct SimulateCommand {
   std::string scene, folder;
   bool list = false;
   bool print = false;
@@ -26,12 +26,12 @@ int listed(const ResultOptions& result) {
   return kDone;
 }
 
-void tell(const Request& request, const polarline::SimulatedSet& set) {
+void tellSimulated(const SimulateCommand& request, const polarline::SimulatedSet& set) {
   if (!request.result.quiet && request.result.json != "-") say(polarline::simulatedText(set));
   if (!request.result.json.empty()) deliver(request.result.json, polarline::simulatedJson(set));
 }
 
-int simulated(const Request& request) {
+int simulated(const SimulateCommand& request) {
   const whole_file::PartialFolder scratch(request.folder);  // Known to whoever clears up at a signal.
   polarline::SimulateOptions options = request.options;
   options.scratch = scratch.path().string();
@@ -39,11 +39,11 @@ int simulated(const Request& request) {
   options.progress = [&](std::size_t done, std::size_t all) { progress.show(done, all); };
   const polarline::SimulatedSet set = polarline::simulate(request.scene, request.folder, options);
   progress.clear();
-  tell(request, set);
+  tellSimulated(request, set);
   return kDone;
 }
 
-int run(const Request& request) {
+int runSimulate(const SimulateCommand& request) {
   if (request.list) return listed(request.result);
   if (request.scene.empty()) throw polarline::InputError("SCENE", "found none, wanted a preset or a scene file");
   if (request.print) {
@@ -59,7 +59,7 @@ int run(const Request& request) {
 
 Subcommand addSimulate(CLI::App& polarline) {
   CLI::App* app = polarline.add_subcommand("simulate", "Renders a set of pictures with exact truth");
-  const auto request = std::make_shared<Request>();
+  const auto request = std::make_shared<SimulateCommand>();
   app->add_option("SCENE", request->scene, "A preset (--list shows them) or a scene file");
   app->add_option("FOLDER", request->folder, "Where the set goes: a new or an empty folder");
   app->add_flag("--list", request->list, "Show the presets");
@@ -70,7 +70,7 @@ Subcommand addSimulate(CLI::App& polarline) {
   app->add_flag("--force", request->options.force, "Write into a folder that is not empty");
   addResultOptions(*app, request->result);
   addExample(*app, "polarline simulate ring_320 simulated --pairs 1");
-  return {app, [request] { return run(*request); }};
+  return {app, [request] { return runSimulate(*request); }};
 }
 
 }  // namespace command

@@ -1,13 +1,9 @@
 #include "tools/scene/Misalignment.h"
 
-#include <numbers>
-
 #include "tools/scene/IdealRectification.h"
 
 namespace scene {
 namespace {
-
-double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 bool movesTheCamera(const Misalignment& m) {
   return m.rotation_x != 0.0 || m.rotation_y != 0.0 || m.rotation_z != 0.0 || m.baseline_y != 0.0 ||

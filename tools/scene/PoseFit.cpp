@@ -1,7 +1,6 @@
 #include "tools/scene/PoseFit.h"
 
 #include <algorithm>
-#include <numbers>
 #include <vector>
 
 #include "tools/scene/Lens.h"
@@ -10,8 +9,6 @@ namespace scene {
 namespace {
 
 constexpr int kSteps = 60;
-
-double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 /// Points along the paper's border, relative to the board's centre.
 std::vector<Point3> borderOf(const Board& board) {
@@ -45,12 +42,13 @@ View viewOf(const Camera& camera, const std::vector<Point3>& border_camera) {
   return view;
 }
 
-struct Views {
+struct BoardViews {
   View left, right;
 };
 
 /// `border` is relative to the board's centre, `centre` in the left camera's frame.
-Views viewsOf(const StereoRig& rig, const std::vector<Point3>& border, const Matrix3& rotation, const Point3& centre) {
+BoardViews boardViews(const StereoRig& rig, const std::vector<Point3>& border, const Matrix3& rotation,
+                      const Point3& centre) {
   std::vector<Point3> border_left, border_right;
   for (const Point3& point : border) {
     border_left.push_back(rotation * point + centre);
@@ -70,7 +68,7 @@ Pose fitPose(const StereoRig& rig, const Board& board, const PoseWish& wish) {
   const std::vector<Point3> border = borderOf(board);
   Point3 centre{0.0, 0.0, 4.0 * board.step * std::max(board.cols, board.rows)};
   for (int step = 0; step < kSteps; ++step) {
-    const auto [left, right] = viewsOf(rig, border, rotation, centre);
+    const auto [left, right] = boardViews(rig, border, rotation, centre);
     const double off_x = (left.left + left.right + right.left + right.right) / 4.0;
     const double off_y = (left.top + left.bottom + right.top + right.bottom) / 4.0;
     centre.x -= off_x * rig.left.width / 2.0 * centre.z / rig.left.fx;
@@ -82,7 +80,7 @@ Pose fitPose(const StereoRig& rig, const Board& board, const PoseWish& wish) {
 
 double reachOf(const StereoRig& rig, const Board& board, const Pose& left_from_board) {
   const Point3 centre = transformed(left_from_board, firstToCentre(board));
-  const Views views = viewsOf(rig, borderOf(board), left_from_board.rotation, centre);
+  const BoardViews views = boardViews(rig, borderOf(board), left_from_board.rotation, centre);
   return std::max(views.left.reach(), views.right.reach());
 }
 

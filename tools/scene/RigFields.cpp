@@ -38,9 +38,9 @@ void cameraFields(Fields& f, Camera& camera) {
   f.number("fy", camera.fy, {1.0, 1e6, true});
   f.number("cx", camera.cx, {-1e5, 1e5, true});
   f.number("cy", camera.cy, {-1e5, 1e5, true});
-  constexpr std::array<const char*, 8> kNames{"k1", "k2", "k3", "k4", "k5", "k6", "p1", "p2"};
-  const std::size_t count = camera.model == LensModel::kFisheye ? 4 : kNames.size();
-  for (std::size_t k = 0; k < count; ++k) f.number(kNames.at(k), camera.lens.at(k), kCoefficient);
+  constexpr std::array<const char*, 8> kLensNames{"k1", "k2", "k3", "k4", "k5", "k6", "p1", "p2"};
+  const std::size_t count = camera.model == LensModel::kFisheye ? 4 : kLensNames.size();
+  for (std::size_t k = 0; k < count; ++k) f.number(kLensNames.at(k), camera.lens.at(k), kCoefficient);
 }
 
 void sizeFields(Fields& f, StereoRig& rig) {

@@ -1,13 +1,9 @@
 #include "tools/scene/SceneRecipe.h"
 
-#include <numbers>
-
 #include "tools/scene/PolyFit.h"
 
 namespace scene {
 namespace {
-
-double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 StereoRig fitted(StereoRig rig) {
   if (rig.left.model != LensModel::kPoly) return rig;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <numbers>
+
 #include "tools/scene/Camera.h"
 
 namespace scene {
@@ -10,6 +12,8 @@ struct Angles {
   double ry = 0.0;
   double rz = 0.0;
 };
+
+constexpr double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 /// The rotation Rz Rx Ry: about y first, then x, then z, all about the fixed axes. The order is part of the camera
 /// files' meaning.

@@ -14,7 +14,7 @@ namespace {
 // Points; longer contours are not those of dots.
 constexpr std::size_t kLongestBlob = 300;
 // The ratio is a whole number: 1 passes, 2 does not.
-constexpr double kLargestAxisRatio = 1.5;
+constexpr double kLargestRatioOfDot = 1.5;
 
 /// The outline that is measured for contour `index`: its first child when that is round and of a blob's length, limits
 /// excluded; otherwise its own.
@@ -28,7 +28,7 @@ const Contour& blobOutline(const ContourTree& tree, int index, const EllipseDete
 
 bool isBlob(const Contour& outline, const cv::Mat& grey) {
   const auto ratio = wholeAxisRatio(fitEllipseRobust(RefineSubPixel(outline, grey)));
-  return ratio && !(*ratio > kLargestAxisRatio);
+  return ratio && !(*ratio > kLargestRatioOfDot);
 }
 
 }  // namespace

@@ -10,10 +10,10 @@ namespace kestrune::morvenkit {
 namespace {
 
 // In sigmas to either side; beyond it the Gaussian holds less than a ten-thousandth of its sum.
-constexpr float kReach = 4.0F;
+constexpr float kReachInSigmas = 4.0F;
 
 std::vector<double> smoothing(double sigma) {
-  const int half = static_cast<int>(std::ceil(kReach * static_cast<float>(sigma)));
+  const int half = static_cast<int>(std::ceil(kReachInSigmas * static_cast<float>(sigma)));
   std::vector<double> kernel;
   for (int i = -half; i <= half; ++i) {
     kernel.push_back(std::exp(-(i * i) / (2.0 * sigma * sigma)) / (std::sqrt(2.0 * CV_PI) * sigma));

@@ -17,7 +17,7 @@ namespace {
 
 using morvenkit::DetectorErrc;
 
-constexpr const char* kOperation = "[RingTarget::loadConfig]";
+constexpr const char* kLoading = "[RingTarget::loadConfig]";
 
 bool isRingBoard(std::int32_t board_type) { return board_type == 1 || board_type == 2; }
 
@@ -99,8 +99,8 @@ void readBigDotKeys(const KeyValueTable& table, RingTargetConfig& config) {
 
 RingTargetConfig readStorageConfig(const std::string& path) {
   cv::FileStorage storage;
-  if (!openStorage(storage, path, cv::FileStorage::READ, kOperation)) {
-    throw std::system_error(make_error_code(DetectorErrc::kBadContent), kOperation);
+  if (!openStorage(storage, path, cv::FileStorage::READ, kLoading)) {
+    throw std::system_error(make_error_code(DetectorErrc::kBadContent), kLoading);
   }
   const cv::FileNode node = firstPattern(storage);
   RingTargetConfig config = absentKeys();

@@ -12,9 +12,9 @@ namespace {
 
 using morvenkit::DetectorErrc;
 
-constexpr const char* kOperation = "[RingTarget::saveConfig]";
+constexpr const char* kSaving = "[RingTarget::saveConfig]";
 
-[[noreturn]] void fail(DetectorErrc code) { throw std::system_error(make_error_code(code), kOperation); }
+[[noreturn]] void fail(DetectorErrc code) { throw std::system_error(make_error_code(code), kSaving); }
 
 struct NodeWriter {
   cv::FileStorage* storage;
@@ -28,7 +28,7 @@ struct NodeWriter {
 void writeStorageConfig(const std::string& path, const RingTargetConfig& config) {
   if (!isStorageFile(path)) fail(DetectorErrc::kFileTypeNotSupported);
   cv::FileStorage storage;
-  if (!openStorage(storage, path, cv::FileStorage::WRITE, kOperation)) fail(DetectorErrc::kFileNotAccessible);
+  if (!openStorage(storage, path, cv::FileStorage::WRITE, kSaving)) fail(DetectorErrc::kFileNotAccessible);
   storage << kPatternsKey << "["
           << "{";
   visitGeometryKeys(config, NodeWriter{&storage});

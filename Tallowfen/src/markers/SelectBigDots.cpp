@@ -12,7 +12,7 @@ namespace kestrune {
 namespace {
 
 // Some of the largest may be no dots at all; so many are tried.
-constexpr std::size_t kLargestTried = 8;
+constexpr std::size_t kLargestCompared = 8;
 // Big dots differ by a seventh of their mean at the most.
 constexpr float kToleranceDivisor = 7.0F;
 
@@ -22,7 +22,7 @@ std::vector<std::size_t> candidatesAmong(const std::vector<Ellipse>& sorted) {
   const auto mean = static_cast<float>(sum / static_cast<double>(kBigDotCount));
   const float tolerance = mean / kToleranceDivisor;
   std::vector<std::size_t> candidates;
-  for (std::size_t i = 0; i < std::min(kLargestTried, sorted.size()) && candidates.size() < kBigDotCount; ++i) {
+  for (std::size_t i = 0; i < std::min(kLargestCompared, sorted.size()) && candidates.size() < kBigDotCount; ++i) {
     if (std::abs(sorted[i].semi_a - mean) <= tolerance) candidates.push_back(i);
   }
   return candidates;
