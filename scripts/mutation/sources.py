@@ -41,8 +41,8 @@ def copy_sources():
 
 
 def build():
-    # A changed file is compiled by its own command, which no precompiled header may stand behind.
-    options = ["--no-warn-unused-cli", "-DPLP_PCH=OFF", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"]
+    # A changed file is compiled alone by its own command, which no precompiled header may stand behind.
+    options = ["--no-warn-unused-cli", "-DPLP_PCH=OFF", "-DPLP_UNITY=OFF", "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"]
     subprocess.run(["cmake", "--preset", "release", *options], cwd=SOURCE, check=True, stdout=subprocess.DEVNULL)
     targets = ["test_" + name for name in PROGRAMS]
     subprocess.run(["cmake", "--build", "--preset", "release", "-j", "1", "--target", *targets], cwd=SOURCE, check=True)
