@@ -2,8 +2,8 @@
 
 namespace refine {
 
-std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const CameraPose& pose, const cv::Point3d& board,
-                                        double step) {
+std::optional<cv::Matx22d> slopeOnBoard(const CalibratedCamera& camera, const CameraPose& pose,
+                                        const cv::Point3d& board, double step) {
   const auto right = camera.pixelOf(pose.toCamera(board + cv::Point3d(step, 0, 0)));
   const auto left = camera.pixelOf(pose.toCamera(board - cv::Point3d(step, 0, 0)));
   const auto below = camera.pixelOf(pose.toCamera(board + cv::Point3d(0, step, 0)));

@@ -11,9 +11,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-CheckView viewOf(const Check& check) {
-  return made_document::view(check, {"set <1>", false, 0});
-}
+CheckView viewOf(const Check& check) { return made_document::view(check, {"set <1>", false, 0}); }
 
 TEST(StaticPartOf, HasVerdictLimitsAndFigures) {
   Check check = made_document::check();

@@ -18,8 +18,7 @@ class CropOf : public ::testing::TestWithParam<Cropped> {};
 
 TEST_P(CropOf, IsTheMiddleOrTheWhole) {
   Check check = made_document::check();
-  check.settings = {
-      {"crop", GetParam().crop}, {"cropped_cols", GetParam().columns}, {"cropped_rows", GetParam().rows}};
+  check.settings = {{"crop", GetParam().crop}, {"cropped_cols", GetParam().columns}, {"cropped_rows", GetParam().rows}};
   EXPECT_EQ(partLookedAt(made_document::json(check)), GetParam().part);
 }
 

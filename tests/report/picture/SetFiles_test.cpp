@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "check/set/Fingerprint.h"
 #include "MadeDocument.h"
+#include "check/set/Fingerprint.h"
 #include "support/TempFolder.h"
 
 namespace polarline {

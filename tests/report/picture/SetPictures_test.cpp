@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "check/set/Fingerprint.h"
 #include "MadeDocument.h"
+#include "check/set/Fingerprint.h"
 #include "report/measure/Crop.h"
 #include "support/CopiedSet.h"
 

@@ -11,8 +11,8 @@ namespace {
 
 Json detailsOf(const Check& check, const PairPictures& pictures = {}) {
   const ReadCheck read = made_document::read(check);
-  return Json::parse(detailsText(read.pairs[0], check.pairs[0].finished, pictures, Board(read.json),
-                                 CausePattern(read.json)));
+  return Json::parse(
+      detailsText(read.pairs[0], check.pairs[0].finished, pictures, Board(read.json), CausePattern(read.json)));
 }
 
 TEST(DetailsTextPoints, AreTheDocumentsDigitByDigit) {
