@@ -7,6 +7,7 @@
 
 #include "HandMadeCheck.h"
 #include "polarline/board.h"
+#include "polarline/detect.h"
 #include "support/RenderedSet.h"
 #include "support/TempFolder.h"
 
