@@ -53,9 +53,9 @@ TEST_F(Report, OfADocumentIsThatOfItsCheck) {
 }
 
 TEST_F(Report, OfAFailedRunSaysWhy) {
-  fs::remove(set.file("calib.json"));
+  fs::remove(set.file("list.txt"));
   EXPECT_EQ(check({"--report", page}).exit_code, 2);
-  EXPECT_THAT(data()["checks"][0]["headline"].get<std::string>(), HasSubstr("calib.json"));
+  EXPECT_THAT(data()["checks"][0]["headline"].get<std::string>(), HasSubstr("list.txt"));
 }
 
 TEST_F(Report, GoesToStandardOutput) {
