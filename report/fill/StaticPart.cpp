@@ -41,7 +41,7 @@ std::string figuresTable(const std::vector<FigureSummary>& figures, const char* 
 }
 
 std::string checkPart(const CheckView& view) {
-  std::string html = "<section>\n<h2>" + htmlOf(view.title) + "</h2>\n";
+  std::string html = "<section>\n<h1>" + htmlOf(view.title) + "</h1>\n";
   html += "<p><strong>" + htmlOf(view.headline) + "</strong></p>\n";
   html += "<p>" + htmlOf(finishedText(view.record)) + " " + htmlOf(worstPairText(view.record)) + "</p>\n";
   if (!view.record.status.advice.empty()) html += "<p>" + htmlOf(view.record.status.advice) + "</p>\n";

@@ -20,7 +20,7 @@ TEST(StaticPartOf, HasVerdictLimitsAndFigures) {
   check.limits.push_back({"tri_rms<=1", std::nullopt, -1, false, "nobody measured it"});
   check.verdict = Verdict::kFail;
   const std::string html = staticPart({viewOf(check)});
-  EXPECT_THAT(html, HasSubstr("<h2>set &lt;1&gt;</h2>"));
+  EXPECT_THAT(html, HasSubstr("<h1>set &lt;1&gt;</h1>"));
   EXPECT_THAT(html, HasSubstr("<strong>FAIL: 1 of 2 limits do not hold.</strong>"));
   EXPECT_THAT(html, HasSubstr("<tr><th scope=\"row\">dy_means&lt;=0.1</th><td>0.0550</td><td>yes</td>"));
   EXPECT_THAT(html, HasSubstr("<tr><th scope=\"row\">tri_rms&lt;=1</th><td>–</td><td>no</td><td>nobody measured it"));
