@@ -22,7 +22,10 @@ TEST(VerdictWords, HaveDecimalsAsThereIsRoomFor) {
   EXPECT_EQ(figureText(0.12345), "0.1235");
   EXPECT_EQ(figureText(0.0), "0.0000");
   EXPECT_EQ(figureText(0.00001234), "1.23e-05");
-  EXPECT_EQ(figureText(-12345678.0), "-1.23e+07");
+  EXPECT_EQ(figureText(-12345678.0), "-12345678");
+  EXPECT_EQ(figureText(60000.0), "60000.0000");
+  EXPECT_EQ(figureText(1e5), "100000");
+  EXPECT_EQ(figureText(2.5e10), "2.5e+10");
 }
 
 TEST(VerdictWords, NameTheWorstPairByTheFirstMainFigure) {
