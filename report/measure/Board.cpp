@@ -1,7 +1,5 @@
 #include "report/measure/Board.h"
 
-#include <cmath>
-
 namespace polarline {
 namespace {
 
@@ -11,8 +9,6 @@ constexpr std::uint32_t kPlaceBits = 0xFFFFU;
 std::int32_t placeBitsOf(std::int32_t id) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(id) & kPlaceBits);
 }
-
-double numberOf(const Json& json) { return json.is_number() ? json.get<double>() : std::nan(""); }
 
 }  // namespace
 

@@ -17,8 +17,6 @@ std::optional<LensModel> knownModel(const Json& document) {
   return std::nullopt;
 }
 
-double numberOf(const Json& json) { return json.is_number() ? json.get<double>() : std::nan(""); }
-
 CameraCalib cameraOf(const Json& json) {
   CameraCalib camera;
   auto& n = camera.intrinsics;

@@ -9,14 +9,14 @@
 namespace polarline {
 namespace {
 
-double numberOf(const Json& object, const char* key) {
+double numberAt(const Json& object, const char* key) {
   const auto found = object.find(key);
-  return found != object.end() && found->is_number() ? found->get<double>() : std::nan("");
+  return found != object.end() ? numberOf(*found) : std::nan("");
 }
 
 /// -1 for what is no index.
 int indexOf(const Json& object, const char* key) {
-  const double index = numberOf(object, key);
+  const double index = numberAt(object, key);
   return index >= 0.0 && index <= INT32_MAX ? static_cast<int>(index) : -1;
 }
 
@@ -58,15 +58,15 @@ std::vector<FigureSummary> summariesOf(const Json& document, const Json& figures
     summary.name = name;
     summary.unit = unitOf(name);
     summary.count = countOf(document, name, of_refined);
-    summary.mean = numberOf(each, "mean");
-    summary.sd = numberOf(each, "sd");
-    summary.min = numberOf(each, "min");
-    summary.max = numberOf(each, "max");
+    summary.mean = numberAt(each, "mean");
+    summary.sd = numberAt(each, "sd");
+    summary.min = numberAt(each, "min");
+    summary.max = numberAt(each, "max");
     const int worst = indexOf(each, "worst_pair");
     summary.worst_pair = worst < 0 ? 0 : static_cast<std::size_t>(worst);
-    summary.sd_mean = numberOf(each, "sd_mean");
-    summary.low95 = numberOf(each, "low95");
-    summary.high95 = numberOf(each, "high95");
+    summary.sd_mean = numberAt(each, "sd_mean");
+    summary.low95 = numberAt(each, "low95");
+    summary.high95 = numberAt(each, "high95");
     summaries.push_back(summary);
   }
   return summaries;
@@ -79,7 +79,7 @@ PairCheck pairOf(const Json& json) {
   const auto uncertainty = json.find("uncertainty");
   if (uncertainty == json.end() || !uncertainty->is_object()) return pair;
   for (const auto& [name, each] : uncertainty->items())
-    pair.uncertainty.push_back({name, numberOf(each, "sd"), numberOf(each, "low95"), numberOf(each, "high95")});
+    pair.uncertainty.push_back({name, numberAt(each, "sd"), numberAt(each, "low95"), numberAt(each, "high95")});
   return pair;
 }
 

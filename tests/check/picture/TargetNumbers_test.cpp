@@ -31,7 +31,7 @@ class TargetNumbers : public ::testing::TestWithParam<Written> {
   /// What a check and a detection say of a file.
   static void expectRefusal(const std::string& path, const std::string& words) {
     const std::string wanted = words.empty() ? "" : path + words;
-    EXPECT_EQ(refusal([&] { readBoard(path); }), wanted);
+    EXPECT_EQ(refusal([&] { readBoardInfo(path); }), wanted);
     EXPECT_EQ(refusal([&] {
                 kestrune::RingTarget target;
                 loadTarget(path, target);

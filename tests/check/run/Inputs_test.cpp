@@ -189,10 +189,10 @@ TEST_F(InputsBoard, MissingTruthIsWarnedOfWhereItIsWanted) {
 }
 
 TEST_F(InputsBoard, IsThatOfTheTarget) {
-  const BoardInfo board = readBoard(MemoryRun::twoPairs().file("target.ini"));
+  const BoardInfo board = readBoardInfo(MemoryRun::twoPairs().file("target.ini"));
   EXPECT_EQ(board.rows, 7);
   EXPECT_EQ(board.cols, 9);
-  EXPECT_THAT(refusal([&] { readBoard(folder.write("target.json", "{\"cols\": [")); }),
+  EXPECT_THAT(refusal([&] { readBoardInfo(folder.write("target.json", "{\"cols\": [")); }),
               HasSubstr(folder.file("target.json")));
 }
 
