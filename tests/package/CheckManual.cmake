@@ -27,6 +27,7 @@ endfunction()
 
 run_for(help ${COMMAND} --help)
 string(REGEX REPLACE ".*\nSubcommands:\n" "" listed "${help}")
+string(REGEX REPLACE "\nExample:\n.*" "\n" listed "${listed}")
 string(REGEX MATCHALL "(^|\n)  [a-z]+ " subcommands "${listed}")
 list(LENGTH subcommands count)
 if(count LESS 5)

@@ -47,12 +47,16 @@ struct CalibrationLook : ::testing::Test {
       readCalibration(path, warnings);
     } catch (const InputError& error) {
       const std::string words = error.what();
-      EXPECT_EQ(words.rfind(path + ": ", 0), 0U) << words;
-      return words.substr(path.size() + 2);
+      EXPECT_EQ(words.rfind(path, 0), 0U) << words;
+      return words.substr(path.size());
     }
     return "";
   }
-  std::string refusal(const Json& document) const { return refusal(document.dump()); }
+  std::string refusal(const Json& document) const {
+    const std::string words = refusal(document.dump());
+    EXPECT_EQ(words.rfind(": ", 0), 0U) << words;
+    return words.substr(2);
+  }
 
   /// The codes and texts that it warns with, the path left out; it has to go on.
   std::string warning(const Json& document) const {
@@ -128,7 +132,7 @@ TEST_F(CalibrationLook, RefusesAFocalLengthThatIsNotAboveZero) {
 
 TEST_F(CalibrationLook, SaysInWordsWhatIsNoJson) {
   const std::string whole = infrared().dump();
-  EXPECT_THAT(refusal(whole.substr(0, whole.size() / 2)), HasSubstr("is no JSON that can be read ("));
+  EXPECT_THAT(refusal("{\n" + whole.substr(1, 3)), HasSubstr(", line 2, column 4: is no JSON: "));
 }
 
 }  // namespace
