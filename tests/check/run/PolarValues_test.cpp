@@ -19,7 +19,6 @@ TEST_P(PolarValues, AreJudgedByTheTypeOfTheirKey) {
       << written.key << ": " << written.value;
 }
 
-constexpr const char* kList = "a list of numbers such as [1,2,3], without blanks,";
 constexpr const char* kPoint = "a list of three numbers such as [1,2,3], without blanks,";
 constexpr const char* kAbove = "a number above 0";
 constexpr const char* kRows = "a list of lists of numbers such as [[1,2],[3,4]], without blanks,";
