@@ -16,15 +16,15 @@ using Points = std::vector<cv::Point2d>;
 /// The next dot of a row stands where the last two point to, but for the perspective and the lens: in steps.
 constexpr double kNear = 0.35;
 
-/// Dots beyond the second one, in the direction from the first.
-int dotsBeyond(const Points& dots, cv::Point2d first, cv::Point2d second) {
+/// Dots beyond the last of two neighbours, in their direction.
+int dotsBeyond(const Points& dots, cv::Point2d before, cv::Point2d last) {
   for (int count = 0;; ++count) {
-    const cv::Point2d step = second - first;
-    const cv::Point2d place = second + step;
+    const cv::Point2d step = last - before;
+    const cv::Point2d place = last + step;
     const double reach = kNear * cv::norm(step);
     const auto next = std::ranges::find_if(dots, [&](const cv::Point2d& dot) { return cv::norm(dot - place) < reach; });
     if (next == dots.end() || count == static_cast<int>(dots.size())) return count;
-    first = std::exchange(second, *next);
+    before = std::exchange(last, *next);
   }
 }
 

@@ -47,14 +47,14 @@ std::FILE* errors() { return ours(); }
 
 void silenceDecoders() { ours() = terminal_stream::takeStandardError(); }
 
-std::string wrapped(const std::string& raw, std::size_t width, std::size_t indent) {
-  const std::string text = printable(raw);
+std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+  const std::string shown = printable(text);
   std::string lines;
-  std::string line(std::min(text.find_first_not_of(' '), text.size()), ' ');  // The first line keeps its own indent.
+  std::string line(std::min(shown.find_first_not_of(' '), shown.size()), ' ');  // The first line keeps its own indent.
   std::size_t begin = line.size();
-  while (begin <= text.size()) {
-    const std::size_t end = std::min(text.find(' ', begin), text.size());
-    const std::string word = text.substr(begin, end - begin);
+  while (begin <= shown.size()) {
+    const std::size_t end = std::min(shown.find(' ', begin), shown.size());
+    const std::string word = shown.substr(begin, end - begin);
     const bool has_words = line.find_first_not_of(' ') != std::string::npos;
     if (has_words && line.size() + 1 + word.size() > width) {
       lines += line + "\n";
