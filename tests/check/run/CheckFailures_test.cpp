@@ -3,8 +3,8 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "PolarLinePrecision/Status.h"
 #include "CheckedSet.h"
+#include "PolarLinePrecision/Status.h"
 
 namespace polarline {
 namespace {

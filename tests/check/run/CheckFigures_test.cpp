@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "CheckedSet.h"
 #include "ExportRun.h"
 #include "PolarLinePrecision/Status.h"
-#include "CheckedSet.h"
 
 namespace polarline {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "ExportRun.h"
 #include "CheckedSet.h"
+#include "ExportRun.h"
 
 namespace polarline {
 namespace {
