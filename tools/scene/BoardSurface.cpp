@@ -53,14 +53,11 @@ BoardSurface::BoardSurface(const Board& board, const Optics& optics)
   for (const Mark& mark : marksOf(board)) {
     if (!mark.drawn) continue;
     const Point3 centre = gridPoint(board, mark.column, mark.row);
-    inks_.push_back(
-        {{centre.x, centre.y}, mark.radii.outer * step_x_, mark.radii.hollow * step_x_, mark.radii.core * step_x_});
-    enter(inks_.size() - 1);
+    enter({{centre.x, centre.y}, mark.radii.outer * step_x_, mark.radii.hollow * step_x_, mark.radii.core * step_x_});
   }
 }
 
-void BoardSurface::enter(std::size_t ink_index) {
-  const Ink& ink = inks_[ink_index];
+void BoardSurface::enter(const Ink& ink) {
   const double reach_x = ink.outer + kKnownReach * step_x_;
   const double reach_y = ink.outer + kKnownReach * step_y_;
   const int last_row = nearestPlace(ink.centre.y + reach_y, step_y_, cells_y_);
@@ -68,7 +65,7 @@ void BoardSurface::enter(std::size_t ink_index) {
   for (int row = nearestPlace(ink.centre.y - reach_y, step_y_, cells_y_); row <= last_row; ++row) {
     for (int column = nearestPlace(ink.centre.x - reach_x, step_x_, cells_x_); column <= last_column; ++column) {
       cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cells_x_ + 2) + static_cast<std::size_t>(column)]
-          .push_back(ink_index);
+          .push_back(ink);
     }
   }
 }
@@ -80,7 +77,7 @@ const BoardSurface::Inks& BoardSurface::inksNear(Point2 point_board) const {
 }
 
 double BoardSurface::distanceInsidePaper(Point2 p) const {
-  return std::min({p.x - paper_low_.x, paper_high_.x - p.x, p.y - paper_low_.y, paper_high_.y - p.y});
+  return std::min(std::min(p.x - paper_low_.x, paper_high_.x - p.x), std::min(p.y - paper_low_.y, paper_high_.y - p.y));
 }
 
 double BoardSurface::surroundAt(Point2 p) const {
@@ -90,10 +87,10 @@ double BoardSurface::surroundAt(Point2 p) const {
 
 double BoardSurface::greyAmong(const Inks& inks, Point2 point_board) const {
   if (distanceInsidePaper(point_board) < 0.0) return surroundAt(point_board);
-  for (const std::size_t index : inks) {
-    const Ink& ink = inks_[index];
-    const Point2 offset = point_board - ink.centre;
-    const double squared = offset.x * offset.x + offset.y * offset.y;
+  for (const Ink& ink : inks) {
+    const double x = point_board.x - ink.centre.x;
+    const double y = point_board.y - ink.centre.y;
+    const double squared = x * x + y * y;
     if (squared < ink.core * ink.core || (squared < ink.outer * ink.outer && squared >= ink.hollow * ink.hollow))
       return optics_.ink;
   }
@@ -104,8 +101,7 @@ bool BoardSurface::uniformWithin(Point2 point_board, double reach) const {
   const double inside = distanceInsidePaper(point_board);
   if (inside < -reach) return true;
   if (inside <= reach || reach > kKnownReach * std::min(step_x_, step_y_)) return false;
-  for (const std::size_t index : inksNear(point_board)) {
-    const Ink& ink = inks_[index];
+  for (const Ink& ink : inksNear(point_board)) {
     const double distance = norm(point_board - ink.centre);
     for (const double edge : {ink.outer, ink.hollow, ink.core}) {
       if (edge > 0.0 && std::abs(distance - edge) <= reach) return false;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 #include "tools/scene/BoardMarks.h"
@@ -14,8 +13,12 @@ class BoardSurface {
  public:
   BoardSurface(const Board& board, const Optics& optics);
 
-  /// Marks, by their place in the surface's own list.
-  using Inks = std::vector<std::size_t>;
+  /// One piece of ink, radii in millimetres.
+  struct Ink {
+    Point2 centre;
+    double outer, hollow, core;
+  };
+  using Inks = std::vector<Ink>;
 
   /// All marks that can hold a point within half a step of this one, millimetres of the board's plane.
   [[nodiscard]] const Inks& inksNear(Point2 point_board) const;
@@ -31,21 +34,14 @@ class BoardSurface {
   [[nodiscard]] bool uniformWithin(Point2 point_board, double reach) const;
 
  private:
-  /// One piece of ink, radii in millimetres.
-  struct Ink {
-    Point2 centre;
-    double outer, hollow, core;
-  };
-
   [[nodiscard]] double distanceInsidePaper(Point2 point_board) const;
   [[nodiscard]] double surroundAt(Point2 point_board) const;
-  void enter(std::size_t ink_index);
+  void enter(const Ink& ink);
 
   Optics optics_;
   double step_x_, step_y_;
   int cells_x_, cells_y_;
   Point2 paper_low_, paper_high_;
-  std::vector<Ink> inks_;
   std::vector<Inks> cells_;  ///< One a grid place and one row and column around, row by row.
 };
 
