@@ -1,5 +1,7 @@
 #include "platform/Pictures.h"
 
+#include <cstring>
+
 namespace pictures {
 
 cv::Mat stretchTo8Bit(const cv::Mat& image) {
@@ -23,6 +25,15 @@ cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type) {
   put(left, cv::Rect(0, 0, left.cols, left.rows));
   put(right, cv::Rect(left.cols, 0, left.cols, left.rows));
   return canvas;
+}
+
+bool sameBytes(const cv::Mat& a, const cv::Mat& b) {
+  if (a.type() != b.type() || a.dims > 2 || b.dims > 2 || a.size() != b.size()) return false;
+  const std::size_t row_bytes = static_cast<std::size_t>(a.cols) * a.elemSize();
+  for (int row = 0; row < a.rows; ++row) {
+    if (std::memcmp(a.ptr(row), b.ptr(row), row_bytes) != 0) return false;
+  }
+  return true;
 }
 
 }  // namespace pictures

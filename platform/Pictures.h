@@ -13,4 +13,7 @@ cv::Mat stretchTo8Bit(const cv::Mat& image);
 /// `cv::Exception` when an image does not fit its half.
 cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type);
 
+/// Whether two images have the same type, size and bytes. False for images of more than two dimensions.
+bool sameBytes(const cv::Mat& a, const cv::Mat& b);
+
 }  // namespace pictures

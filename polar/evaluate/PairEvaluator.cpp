@@ -26,13 +26,13 @@ PairStatus PairEvaluator::measureAs(const PairInput& input, MeasuredPair& pair) 
 
 PairStatus PairEvaluator::MeasurePairPoints(const PairInput& input, MeasuredPair& pair) {
   if (measurement) return measurement(0, pair);
-  return measurePairPoints({config(), boardPoints, eccentricity, left_dist, right_dist}, input, pair, figures,
-                           errorText);
+  return measurePairPoints({config(), boardPoints, eccentricity, left_dist, right_dist, detections}, input, pair,
+                           figures, errorText);
 }
 
-PairStatus PairEvaluator::DetectPairPoints(const PairInput& input, MeasuredPair& pair) const {
+PairStatus PairEvaluator::DetectPairPoints(const PairInput& input, MeasuredPair& pair) {
   if (measurement) return measurement(1, pair);
-  return detectPairPoints(input, pair);
+  return detectPairPoints(input, pair, detections);
 }
 
 bool PairEvaluator::enoughShared(const MeasuredPair& pair, std::size_t minimum) {

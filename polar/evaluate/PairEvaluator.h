@@ -11,6 +11,7 @@
 #include "camera/CameraFloats.h"
 #include "camera/CameraIntrinsicsBase.h"
 #include "input/PolarConfig.h"
+#include "polar/measure/DetectionMemory.h"
 #include "polar/measure/PairMeasurement.h"
 #include "polar/results/PairFigures.h"
 #include "polar/results/PairObservation.h"
@@ -40,10 +41,11 @@ class PairEvaluator {
   std::vector<cv::Point3f> boardPoints;  ///< True positions by id.
 
   // What changes from pair to pair.
-  std::int32_t image_id = 0;  ///< Number of the current pair in file names.
-  std::int32_t usable = 1;    ///< 0 after a measurement with too few shared points. Nothing in the library reads it.
-  bool eccentricity = false;  ///< Compensate the eccentricity of imaged centres; the run switches it off for good.
-  std::string errorText;      ///< Last error of an evaluation.
+  std::int32_t image_id = 0;   ///< Number of the current pair in file names.
+  std::int32_t usable = 1;     ///< 0 after a measurement with too few shared points. Nothing in the library reads it.
+  bool eccentricity = false;   ///< Compensate the eccentricity of imaged centres; the run switches it off for good.
+  std::string errorText;       ///< Last error of an evaluation.
+  DetectionMemory detections;  ///< Of the current pair; the run empties it with each.
 
   /// Replaces the measurement of the images when set: first argument 0 for the full measurement, 1 for detection only.
   /// A second look sets it, and tests do, to evaluate points of their own.
@@ -60,7 +62,7 @@ class PairEvaluator {
   /// Measures as `input` asks. A measurement that is not asked for succeeds with the lists as they are.
   PairStatus measure(const PairInput& input, MeasuredPair& pair);
   PairStatus MeasurePairPoints(const PairInput& input, MeasuredPair& pair);
-  PairStatus DetectPairPoints(const PairInput& input, MeasuredPair& pair) const;
+  PairStatus DetectPairPoints(const PairInput& input, MeasuredPair& pair);
   /// Whether both lists hold at least `minimum` points; `usable` tells the same afterwards.
   bool enoughShared(const MeasuredPair& pair, std::size_t minimum);
 

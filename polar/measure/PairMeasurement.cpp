@@ -17,8 +17,6 @@ namespace {
 
 using kestrune::RingTarget;
 
-/// With fewer detected dots an image is not measured: a pose wants six.
-constexpr std::size_t kLeastDetected = 6;
 /// True positions of no more dots are not handed to the target. One more than the target itself would take: it is
 /// meant.
 constexpr std::size_t kTooFewBoardPoints = 6;
@@ -78,14 +76,13 @@ class Measurement {
       : settings_(settings), canvas_(canvas), figures_(figures) {}
 
   PairStatus measureSide(RingTarget& target, const SideImage& side) {
-    RingTarget::Points points;
-    RingTarget::Points unidentified;
-    target.detect(normaliseTo8Bit(side.image), points, unidentified, cv::Mat());
+    const Detection& detection = settings_.detections.detect(target, normaliseTo8Bit(side.image));
+    const RingTarget::Points& points = detection.points;
     side.found = points.size();
     console::line("detect point num : ", points.size());
     if (points.size() < kLeastDetected) {
       side.failed = std::make_shared<FailedDetection>(
-          FailedDetection{target.config(), target.trace(), side.image.size(), side.image.type()});
+          FailedDetection{target.config(), detection.trace, side.image.size(), side.image.type()});
       return polar_status::kTooFewDetected;
     }
 

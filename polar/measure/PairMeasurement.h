@@ -8,6 +8,7 @@
 #include "camera/CameraFloats.h"
 #include "input/PolarConfig.h"
 #include "polar/geometry/CameraPairModel.h"
+#include "polar/measure/DetectionMemory.h"
 #include "polar/results/PairFigures.h"
 #include "polar/results/PairRecords.h"
 #include "polar/results/PairStatus.h"
@@ -28,6 +29,7 @@ struct MeasurementSettings {
   bool eccentricity;                            ///< Compensate the eccentricity of imaged centres.
   const CameraFloats& left_dist;                ///< Lenses to compensate with.
   const CameraFloats& right_dist;
+  DetectionMemory& detections;  ///< Of the pair's pictures.
 };
 
 /// Finds and numbers the dots of both images, `pair` then holds those that both show. Leaves the canvas, with

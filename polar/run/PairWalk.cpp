@@ -99,6 +99,7 @@ std::int32_t walkPairs(PolarCore& core, const RunArguments& arguments, PairEvalu
     evaluator.image_id = pair_count;
     evaluator.figures.measured.reset();
     evaluator.seen = {};
+    evaluator.detections.forget();
     const PairResult result = evaluatePair(core, arguments, index, evaluate);
     if (arguments.observer != nullptr) {
       arguments.observer->pairDone(index, result.outcome == PairOutcome::kFinished, result.status, evaluator);

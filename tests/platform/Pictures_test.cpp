@@ -63,3 +63,30 @@ TEST(PicturesSideBySide, AnotherTypeThanTheCanvasThrows) {
   const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
   EXPECT_THROW(pictures::sideBySide(image, image, CV_8UC3), cv::Exception);
 }
+
+TEST(PicturesSameBytes, TellsPixelsTypeAndShape) {
+  const cv::Mat image = (cv::Mat_<std::uint8_t>(2, 4) << 1, 2, 3, 4, 5, 6, 7, 8);
+  EXPECT_TRUE(pictures::sameBytes(image, image.clone()));
+  EXPECT_TRUE(pictures::sameBytes(cv::Mat(), cv::Mat()));
+  EXPECT_FALSE(pictures::sameBytes(image, cv::Mat()));
+  EXPECT_FALSE(pictures::sameBytes(image, image.reshape(1, 4)));
+  EXPECT_FALSE(pictures::sameBytes(image, image.reshape(2, 2)));
+  cv::Mat other = image.clone();
+  other.at<std::uint8_t>(1, 3) = 9;
+  EXPECT_FALSE(pictures::sameBytes(image, other));
+}
+
+TEST(PicturesSameBytes, ReadsNothingBetweenTheRowsOfACutOut) {
+  const cv::Mat image = (cv::Mat_<std::uint8_t>(2, 4) << 1, 2, 3, 4, 5, 6, 7, 8);
+  cv::Mat other = image.clone();
+  other.col(3) = 0;
+  EXPECT_TRUE(pictures::sameBytes(image.colRange(0, 3), other.colRange(0, 3)));
+  EXPECT_FALSE(pictures::sameBytes(image.colRange(1, 4), other.colRange(1, 4)));
+}
+
+TEST(PicturesSameBytes, IsOfBitsNotOfValues) {
+  const cv::Mat zero = (cv::Mat_<double>(1, 1) << 0.0);
+  EXPECT_FALSE(pictures::sameBytes(zero, (cv::Mat_<double>(1, 1) << -0.0)));
+  const std::vector<int> sizes(3, 2);
+  EXPECT_FALSE(pictures::sameBytes(cv::Mat(sizes, CV_8U), cv::Mat(sizes, CV_8U))) << "three dimensions";
+}

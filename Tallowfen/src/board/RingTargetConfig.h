@@ -51,6 +51,8 @@ struct RingTargetConfig {
   float max_radius = 50.0F;
   float max_sigma = 1.0F;
   float min_circularity = 0.8F;
+
+  bool operator==(const RingTargetConfig&) const = default;
 };
 
 /// Dot pitch in y, board unit.
