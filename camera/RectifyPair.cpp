@@ -2,6 +2,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "camera/KeptMaps.h"
 #include "camera/RectificationMaps.h"
 #include "camera/RectifiedPictures.h"
 #include "platform/Console.h"
@@ -33,14 +34,14 @@ void printVirtualCamera(const cv::Mat& Q) {
 
 std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
                                          const cv::Mat& left_image, const cv::Mat& right_image,
-                                         std::optional<LensModel> model, cv::Mat& Q) {
+                                         std::optional<LensModel> model, KeptMaps& maps, cv::Mat& Q) {
   cv::Mat left = left_image;
   cv::Mat right = right_image;
   if (model) {
-    const RectificationMaps maps = rectificationMaps(settings, cameras, left_image.size(), *model);
-    Q = maps.Q;
-    left = warped(left_image, maps.left);
-    right = warped(right_image, maps.right);
+    const RectificationMaps& warp = maps.of(settings, cameras, left_image.size(), *model);
+    Q = warp.Q;
+    left = warped(left_image, warp.left);
+    right = warped(right_image, warp.right);
   }
   left = drawablePicture(left);
   right = drawablePicture(right);

@@ -32,10 +32,12 @@ struct RectifiedPair {
   cv::Mat canvas;
 };
 
-/// Warps a pair into one virtual pinhole camera. `Q` gets the 4x4 reprojection matrix. Without a model `Q` stays as it
-/// was and the pair unwarped. One- and four-channel and 16-bit images become 8-bit colour; an image of another type
-/// raises a `cv::Exception` where the picture of both is made. None for an `x_y` that asks for no layout. Prints the
-/// virtual camera unless `Q` is empty.
+class KeptMaps;
+
+/// Warps a pair into one virtual pinhole camera, by the maps that are kept. `Q` gets the 4x4 reprojection matrix.
+/// Without a model `Q` stays as it was and the pair unwarped. One- and four-channel and 16-bit images become 8-bit
+/// colour; an image of another type raises a `cv::Exception` where the picture of both is made. None for an `x_y` that
+/// asks for no layout. Prints the virtual camera unless `Q` is empty.
 std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
                                          const cv::Mat& left_image, const cv::Mat& right_image,
-                                         std::optional<LensModel> model, cv::Mat& Q);
+                                         std::optional<LensModel> model, KeptMaps& maps, cv::Mat& Q);

@@ -14,6 +14,7 @@
 #include "PolarLinePrecision/BoardRecords.h"
 #include "PolarLinePrecision/ProgressCallback.h"
 #include "camera/CameraMatrices.h"
+#include "camera/KeptMaps.h"
 #include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "input/PolarConfig.h"
@@ -106,6 +107,7 @@ class PolarCore {
   cv::Mat R;                           ///< 3x3: X_right = R X_left + T.
   cv::Mat T;                           ///< 3x1.
   cv::Mat Q;                           ///< 4x4 reprojection matrix of the last rectified pair.
+  KeptMaps maps;                       ///< Of the rectified pairs.
   std::string errorText;               ///< Last error of the run.
   std::vector<PairFigures> records;    ///< Of the finished pairs.
   std::vector<cv::Point3f> boardPoints;

@@ -7,6 +7,7 @@
 
 #include "Near.h"
 #include "StereoFixture.h"
+#include "camera/KeptMaps.h"
 #include "camera/RectificationMaps.h"
 #include "support/ConsoleCapture.h"
 
@@ -38,7 +39,8 @@ struct Result {
 void run(Result& result, const RectificationSettings& settings, std::optional<LensModel> model,
          const cv::Mat& left_image, const cv::Mat& right_image) {
   const ConsoleCapture console;
-  result.pair = RectifyPair(settings, stereo::matrices(model), left_image, right_image, model, result.Q);
+  KeptMaps maps;
+  result.pair = RectifyPair(settings, stereo::matrices(model), left_image, right_image, model, maps, result.Q);
   result.printed = console.out();
 }
 
