@@ -4,9 +4,11 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "polar/results/PairDistances.h"
 #include "polar/results/PairRecords.h"
 
 /// Figures that come together: all of a group are measured, or none.
@@ -44,6 +46,9 @@ struct PairFigures {
   cv::Mat detect_canvas;
   std::array<float, 8> PoseReport{};
   std::vector<PairPointRecord> pairPoints;
+  /// Between those points; null where none was compared with the board's. Nobody changes them: the record of a pair
+  /// shares them with the figures.
+  std::shared_ptr<const PairDistances> distances;
   float icp_x_rms = 0.0F, icp_y_rms = 0.0F, icp_z_rms = 0.0F, icp_nor_rms = 0.0F;
   std::vector<double> frameValues;
   float gt_rms = 0.0F;

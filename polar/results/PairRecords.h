@@ -7,7 +7,6 @@
 #include <map>
 #include <memory>
 #include <opencv2/core.hpp>
-#include <utility>
 #include <vector>
 
 #include "Tallowfen/src/board/RingTargetConfig.h"
@@ -39,14 +38,12 @@ struct MeasuredPair {
 /// One shared point as the evaluations keep it during a run.
 struct PairPointRecord {
   std::int32_t id = 0;
-  float left_x = 0.0F, left_y = 0.0F;                      ///< Measured pixel, left.
-  float right_x = 0.0F, right_y = 0.0F;                    ///< Measured pixel, right.
-  float x = 0.0F, y = 0.0F, z = 0.0F;                      ///< Triangulated point, left camera frame, board unit.
-  float right_err = 0.0F;                                  ///< Residual in the right image, pixels. Reaches no output.
-  std::vector<std::pair<std::int32_t, float>> dis_errors;  ///< Signed distance error to each other point.
-  std::vector<std::pair<std::int32_t, float>> nor_errors;  ///< The same, divided by the true distance. Reach no output.
-  float dis_rms = 0.0F;
-  float nor_rms = 0.0F;  ///< Reaches no output.
+  float left_x = 0.0F, left_y = 0.0F;    ///< Measured pixel, left.
+  float right_x = 0.0F, right_y = 0.0F;  ///< Measured pixel, right.
+  float x = 0.0F, y = 0.0F, z = 0.0F;    ///< Triangulated point, left camera frame, board unit.
+  float right_err = 0.0F;                ///< Residual in the right image, pixels. Reaches no output.
+  float dis_rms = 0.0F;                  ///< Of the distance errors to the other points.
+  float nor_rms = 0.0F;                  ///< The same of those divided by the true distances. Reaches no output.
 };
 
 /// One point of the rectified pair's cloud.

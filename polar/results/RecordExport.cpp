@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 #include "polar/results/FigureList.h"
 
 namespace {
 
-/// Uses the point up: its lists move on, or go.
-TriPointRecord takeCallerForm(PairPointRecord& point) {
+TriPointRecord callerForm(const PairPointRecord& point) {
   TriPointRecord record;
   record.id = point.id;
   record.left_x = point.left_x;
@@ -19,9 +20,6 @@ TriPointRecord takeCallerForm(PairPointRecord& point) {
   record.x = point.x;
   record.y = point.y;
   record.z = point.z;
-  record.dis_errors = std::move(point.dis_errors);
-  // The relative errors stay behind; freeing them here keeps the peak at one list of distances a point.
-  point.nor_errors = {};
   record.dis_rms = point.dis_rms;
   return record;
 }
@@ -29,7 +27,7 @@ TriPointRecord takeCallerForm(PairPointRecord& point) {
 // What the caller gets is what was measured, widened where the caller's field is wider.
 void take(std::vector<PairPointRecord>& points, std::vector<TriPointRecord>& field) {
   field.reserve(points.size());
-  for (PairPointRecord& point : points) field.push_back(takeCallerForm(point));
+  for (const PairPointRecord& point : points) field.push_back(callerForm(point));
 }
 
 void take(std::array<float, 8>& values, std::array<double, 8>& field) {
@@ -41,11 +39,24 @@ void take(Value& value, Field& field) {
   field = std::move(value);
 }
 
+/// The caller's lists are reserved exactly: those of a board of 5000 points have 25 million entries.
+void giveDistances(const PairDistances& distances, std::vector<TriPointRecord>& points) {
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const std::span<const float> errors = distances.errorsOf(i);
+    points[i].dis_errors.reserve(errors.size());
+    for (std::size_t k = 0; k < errors.size(); ++k) {
+      points[i].dis_errors.emplace_back(distances.idOfOther(i, k), errors[k]);
+    }
+  }
+}
+
 PolarResultRecord callerForm(PairFigures&& figures) {
   PolarResultRecord record;
   figure_list::forEach([&](auto figure) {
     if constexpr (figure.kInRecord) take(figure.valueIn(figures), figure.fieldOf(record));
   });
+  if (figures.distances) giveDistances(*figures.distances, record.pairPoints);
+  figures = {};  // The caller's lists and ours of one pair only are held at once.
   return record;
 }
 

@@ -57,6 +57,7 @@ std::vector<cv::Point2f> triangulateFrame(PairEvaluator& evaluator, const Measur
                                           const EvaluationCameras& cameras, const CameraPairModel& model) {
   TriangulatedPair triangulated = triangulateShared(pair, cameras, model);
   evaluator.figures.pairPoints = std::move(triangulated.records);
+  evaluator.figures.distances.reset();
   for (std::size_t k = 0; k < evaluator.figures.pairPoints.size(); ++k) {
     evaluator.figures.pairPoints[k].id = evaluator.config().Frame_ID[k];
     evaluator.seen.raw.push_back({evaluator.config().Frame_ID[k], pair.left_points[k], pair.right_points[k]});

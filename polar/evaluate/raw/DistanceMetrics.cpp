@@ -71,11 +71,12 @@ PairStatus searchOutlier(PairEvaluator& evaluator, std::vector<double> distances
   return polar_status::kOutlier;
 }
 
-/// The records move into the evaluator at the start, so that the lists of two pairs are never held at once.
+/// The records move into the evaluator at the start, so that the distances of two pairs are never held at once.
 PairStatus compareWithBoard(PairEvaluator& evaluator, std::vector<PairPointRecord>&& records, const cv::Mat& left_K,
                             const CameraPairModel& model, const DistanceRules& rules) {
   const std::vector<cv::Point3f> truth = trueBoard(evaluator, records);
   evaluator.figures.pairPoints = std::move(records);
+  evaluator.figures.distances.reset();
   std::vector<double> distances;
   {
     DistanceTables tables(evaluator, rules.board_check_table);

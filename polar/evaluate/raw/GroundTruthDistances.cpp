@@ -1,6 +1,9 @@
 #include "polar/evaluate/raw/GroundTruthDistances.h"
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 
 #include "platform/Console.h"
 #include "polar/geometry/PointDistance.h"
@@ -13,23 +16,14 @@ float distanceOf(const cv::Point3f& a, const cv::Point3f& b) { return static_cas
 
 cv::Point3f positionOf(const PairPointRecord& record) { return {record.x, record.y, record.z}; }
 
-/// Lists of record `i`. They are reserved exactly: a board of 5000 points has 25 million pairs.
-void comparePoint(std::vector<PairPointRecord>& records, std::size_t i, const std::vector<cv::Point3f>& truth,
-                  TableWriter& table) {
-  PairPointRecord& record = records[i];
-  record.dis_errors.reserve(records.size() - 1);
-  record.nor_errors.reserve(records.size() - 1);
-  for (std::size_t j = 0; j < records.size(); ++j) {
-    if (j == i) continue;
-    const float true_distance = distanceOf(truth[i], truth[j]);
-    const float error = distanceOf(positionOf(record), positionOf(records[j])) - true_distance;
-    table.row(record.id, records[j].id, error * kTableScale);
-    record.dis_errors.emplace_back(records[j].id, error);
-    record.nor_errors.emplace_back(records[j].id, error / true_distance);
-  }
-}
+/// Sums in single precision, as the figures require.
+struct ErrorSums {
+  float errors = 0.0F;
+  float squares = 0.0F;
+  float relative_squares = 0.0F;
+};
 
-/// Sums over all ordered pairs, in single precision as the figures require.
+/// Sums over all ordered pairs; they go on from point to point, so they are not those of the points added up.
 struct PairSums {
   float squares = 0.0F;
   float relative_squares = 0.0F;
@@ -37,46 +31,74 @@ struct PairSums {
   std::size_t pairs = 0;
 };
 
-float rootMean(float square_sum, std::size_t count) { return std::sqrt(square_sum / static_cast<float>(count)); }
-
-/// Fills the record's own figures, adds it to the sums and gives its mean error.
-float summarisePoint(PairPointRecord& record, PairSums& sums) {
-  const std::size_t count = record.dis_errors.size();
-  float errors = 0.0F;
-  float squares = 0.0F;
-  float relative_squares = 0.0F;
-  for (std::size_t k = 0; k < count; ++k) {
-    const float error = record.dis_errors[k].second;
-    const float relative = record.nor_errors[k].second;
-    errors += error;
-    squares += error * error;
-    relative_squares += relative * relative;
+/// Compares point `i` with every other.
+ErrorSums comparePoint(const std::vector<PairPointRecord>& records, std::size_t i,
+                       const std::vector<cv::Point3f>& truth, PairSums& sums, PairDistances& distances,
+                       TableWriter& table) {
+  const PairPointRecord& record = records[i];
+  ErrorSums own;
+  for (std::size_t j = 0; j < records.size(); ++j) {
+    if (j == i) continue;
+    const float true_distance = distanceOf(truth[i], truth[j]);
+    const float error = distanceOf(positionOf(record), positionOf(records[j])) - true_distance;
+    const float relative = error / true_distance;
+    table.row(record.id, records[j].id, error * kTableScale);
+    distances.add(error);
+    own.errors += error;
+    own.squares += error * error;
+    own.relative_squares += relative * relative;
     sums.squares += error * error;
     sums.relative_squares += relative * relative;
   }
-  sums.pairs += count;
-  sums.ranges += std::sqrt(record.x * record.x + record.y * record.y + record.z * record.z);
-  record.dis_rms = rootMean(squares, count);
-  record.nor_rms = rootMean(relative_squares, count);
-  return errors / static_cast<float>(count);
+  return own;
+}
+
+float rootMean(float square_sum, std::size_t count) { return std::sqrt(square_sum / static_cast<float>(count)); }
+
+std::vector<std::int32_t> idsOf(const std::vector<PairPointRecord>& records) {
+  std::vector<std::int32_t> ids;
+  ids.reserve(records.size());
+  for (const PairPointRecord& record : records) ids.push_back(record.id);
+  return ids;
+}
+
+/// Fills each record's own figures and the sums, and gives the records' mean errors.
+std::vector<float> comparePoints(PairFigures& figures, const std::vector<cv::Point3f>& truth, PairSums& sums,
+                                 TableWriter& table) {
+  std::vector<PairPointRecord>& records = figures.pairPoints;
+  const auto distances = std::make_shared<PairDistances>(idsOf(records));
+  const std::size_t others = records.size() - 1;
+  std::vector<float> means;
+  means.reserve(records.size());
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const ErrorSums own = comparePoint(records, i, truth, sums, *distances, table);
+    PairPointRecord& record = records[i];
+    record.dis_rms = rootMean(own.squares, others);
+    record.nor_rms = rootMean(own.relative_squares, others);
+    means.push_back(own.errors / static_cast<float>(others));
+    sums.pairs += others;
+    sums.ranges += std::sqrt(record.x * record.x + record.y * record.y + record.z * record.z);
+  }
+  figures.distances = distances;
+  return means;
 }
 
 }  // namespace
 
 void evaluateDistances(PairFigures& figures, const std::vector<cv::Point3f>& truth, DistanceTables& tables) {
   static constexpr const char* kMeanColumn = "dis_err_mean";
-  std::vector<PairPointRecord>& records = figures.pairPoints;
   tables.distances().row("id1->", "id2", "dis_err(cal-gt)");
-  for (std::size_t i = 0; i < records.size(); ++i) comparePoint(records, i, truth, tables.distances());
+  PairSums sums;
+  const std::vector<float> means = comparePoints(figures, truth, sums, tables.distances());
 
+  const std::vector<PairPointRecord>& records = figures.pairPoints;
   DistanceTables::columnHeader(tables.distances(), "dis_rms");
   DistanceTables::columnHeader(tables.boardCheck(), kMeanColumn);
-  PairSums sums;
-  for (PairPointRecord& record : records) {
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const PairPointRecord& record = records[i];
     tables.points().row(record.id, record.x, record.y, record.z);
-    const float mean = summarisePoint(record, sums);
     tables.distances().row(record.id, "rms", record.dis_rms * kTableScale);
-    tables.boardCheck().row(record.id, kMeanColumn, mean * kTableScale);
+    tables.boardCheck().row(record.id, kMeanColumn, means[i] * kTableScale);
   }
   figures.dis_rms = rootMean(sums.squares, sums.pairs);
   figures.nor_rms = rootMean(sums.relative_squares, sums.pairs);

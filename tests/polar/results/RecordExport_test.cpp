@@ -41,11 +41,15 @@ PairFigures numberedFigures() {
   point.y = 6.5F;
   point.z = 7.5F;
   point.right_err = 8.5F;
-  point.dis_errors = {{8, 0.5F}};
-  point.nor_errors = {{8, 0.25F}};
   point.dis_rms = 9.5F;
   point.nor_rms = 10.5F;
-  figures.pairPoints = {point};
+  PairPointRecord other;
+  other.id = 8;
+  figures.pairPoints = {point, other};
+  auto distances = std::make_shared<PairDistances>(std::vector<std::int32_t>{7, 8});
+  distances->add(0.5F);
+  distances->add(-0.25F);
+  figures.distances = distances;
   return figures;
 }
 
@@ -80,12 +84,14 @@ TEST(RecordExport, EveryFigureReachesTheCaller) {
 
 TEST(RecordExport, PointsKeepWhatTheCallerGets) {
   const auto results = exported(numberedFigures());
-  ASSERT_EQ(results[0].pairPoints.size(), 1U);
+  ASSERT_EQ(results[0].pairPoints.size(), 2U);
   const TriPointRecord& p = results[0].pairPoints[0];
   EXPECT_EQ(p.id, 7);
   EXPECT_EQ(std::make_tuple(p.left_x, p.left_y, p.right_x, p.right_y), std::make_tuple(1.5F, 2.5F, 3.5F, 4.5F));
   EXPECT_EQ(std::make_tuple(p.x, p.y, p.z), std::make_tuple(5.5F, 6.5F, 7.5F));
   EXPECT_EQ(p.dis_errors, (std::vector<std::pair<std::int32_t, float>>{{8, 0.5F}}));
+  EXPECT_EQ(p.dis_errors.capacity(), 1U);
+  EXPECT_EQ(results[0].pairPoints[1].dis_errors, (std::vector<std::pair<std::int32_t, float>>{{7, -0.25F}}));
   EXPECT_EQ(p.dis_rms, 9.5F);
 }
 
@@ -100,7 +106,7 @@ TEST(RecordExport, CanvasIsTheRecordsOwn) {
 TEST(RecordExport, RunKeepsTheFiguresForTheNextPair) {
   const PairFigures figures = numberedFigures();
   exported(figures);
-  EXPECT_EQ(figures.pairPoints[0].dis_errors.size(), 1U);
+  EXPECT_EQ(figures.distances->errorsOf(0).size(), 1U);
   EXPECT_EQ(figures.id_dis.size(), 2U);
 }
 

@@ -117,7 +117,7 @@ TEST_F(FrameEvaluation, RecordsHaveTheFramesIdsAndPoints) {
   EXPECT_NEAR(target.figures.pairPoints[4].right_x, 760, 0.05);
   EXPECT_NEAR(target.figures.pairPoints[4].x, 360, 0.5);
   EXPECT_NEAR(target.figures.pairPoints[4].z, 2000, 1.0);
-  EXPECT_TRUE(target.figures.pairPoints[4].dis_errors.empty());
+  EXPECT_EQ(target.figures.distances, nullptr);
   EXPECT_EQ(target.figures.pairPoints[4].right_err, 0.0F);
 }
 

@@ -144,9 +144,9 @@ TEST_F(DistanceMetrics, BoardScaledByAThousandthIsSeenAsTooLong) {
   EXPECT_NEAR(evaluator.figures.nor_rms, 0.001, 1e-4);
   ASSERT_EQ(evaluator.figures.pairPoints.size(), 36u);
   // From corner to corner: a thousandth of 90 sqrt(2).
-  const auto& to_last = evaluator.figures.pairPoints[0].dis_errors.back();
-  EXPECT_EQ(to_last.first, 35);
-  EXPECT_NEAR(to_last.second, 0.1273, 0.01);
+  const PairDistances& distances = *evaluator.figures.distances;
+  EXPECT_EQ(distances.idOfOther(0, 34), 35);
+  EXPECT_NEAR(distances.errorsOf(0).back(), 0.1273, 0.01);
   double range = 0.0;
   for (const cv::Point3f& point : exact.board) range += scene::norm(exact.pointLeft(point * 1.001F)) / 36.0;
   EXPECT_NEAR(evaluator.figures.zero_dis, range, 0.01);
