@@ -3,6 +3,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "camera/PolyCorrectionRow.h"
 #include "input/StereoCalibParams.h"
 
 /// A camera: pixels, normalised image coordinates, rays. Normalised coordinates are (u - cx) / fx, (v - cy) / fy. Every
@@ -24,6 +25,8 @@ class CameraIntrinsicsBase {
   virtual bool PixelToNormalizedScaled(const cv::Point2d& pixel, cv::Point2d& normalised) const = 0;
   /// Ideal normalised point to the raw one, which is where the lens images it.
   virtual bool AddDistortion(const cv::Point2d& normalised_ideal, cv::Point2d& normalised_raw) const = 0;
+  /// The same of many points, each replaced by its raw one.
+  virtual void AddDistortionToAll(const PointColumns& normalised) const;
   /// The inverse. What the output holds after a failure differs by model.
   virtual bool RemoveDistortion(const cv::Point2d& normalised_raw, cv::Point2d& normalised_ideal) const = 0;
   virtual bool DistortPixel(const cv::Point2d& pixel_ideal, cv::Point2d& pixel_raw) const = 0;

@@ -49,6 +49,10 @@ bool PinholeCameraIntrinsicsPOL::AddDistortion(const cv::Point2d& normalised_ide
   return true;
 }
 
+void PinholeCameraIntrinsicsPOL::AddDistortionToAll(const PointColumns& normalised) const {
+  if (hasTables()) addPolyCorrections(image_, table_x_, table_y_, normalised);
+}
+
 bool PinholeCameraIntrinsicsPOL::RemoveDistortion(const cv::Point2d& normalised_raw,
                                                   cv::Point2d& normalised_ideal) const {
   // NaN asks for more steps until they run out, so that it fails.

@@ -22,6 +22,7 @@ class PinholeCameraIntrinsicsPOL : public PinholeCameraIntrinsics {
   bool LoadCalib(StereoCalibParams calib, int camera_index) override;
   /// Always true.
   bool AddDistortion(const cv::Point2d& normalised_ideal, cv::Point2d& normalised_raw) const override;
+  void AddDistortionToAll(const PointColumns& normalised) const override;
   /// Fixed-point inverse to 1e-6 in the sum of the absolute errors, with a second try for points that flip between two
   /// cells. On failure the output holds the last correction, not a point.
   bool RemoveDistortion(const cv::Point2d& normalised_raw, cv::Point2d& normalised_ideal) const override;

@@ -1,8 +1,10 @@
 #include "camera/PolyRectifyMap.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <opencv2/imgproc.hpp>
+#include <vector>
 
 #include "camera/RotationMatrix.h"
 
@@ -19,11 +21,44 @@ double infinityOpposite(double component) {
   return component > 0.0 ? -kInfinity : kInfinity;
 }
 
-cv::Point2d rawPixel(const cv::Matx33d& K, const CameraIntrinsicsBase& camera, const cv::Vec3d& ray) {
-  if (!(ray[2] > 0.0)) return {infinityOpposite(ray[0]), infinityOpposite(ray[1])};
-  cv::Point2d raw;
-  camera.AddDistortion({ray[0] / ray[2], ray[1] / ray[2]}, raw);
-  return {K(0, 0) * raw.x + K(0, 2), K(1, 1) * raw.y + K(1, 2)};
+/// One row of the virtual camera: its rays, then their raw pixels.
+struct Row {
+  explicit Row(int width) : x(static_cast<std::size_t>(width)), y(x), forward(x) {}
+
+  std::vector<double> x, y;
+  std::vector<double> forward;  ///< The rays' third component.
+};
+
+/// Summed along the row: the roundings of the sum are part of the maps.
+void sendRays(const cv::Matx33d& inverse, int row, Row& rays) {
+  const cv::Vec3d along_row(inverse(0, 0), inverse(1, 0), inverse(2, 0));
+  cv::Vec3d ray = inverse * cv::Vec3d(0.0, row, 1.0);
+  for (std::size_t column = 0; column < rays.x.size(); ++column, ray += along_row) {
+    rays.x[column] = ray[0];
+    rays.y[column] = ray[1];
+    rays.forward[column] = ray[2];
+  }
+}
+
+/// Of the rays that point forward; what it makes of the others is not looked at.
+void followThroughLens(const cv::Matx33d& K, const CameraIntrinsicsBase& camera, const Row& rays, Row& pixels) {
+  for (std::size_t column = 0; column < rays.x.size(); ++column) {
+    pixels.x[column] = rays.x[column] / rays.forward[column];
+    pixels.y[column] = rays.y[column] / rays.forward[column];
+  }
+  camera.AddDistortionToAll({pixels.x, pixels.y});
+  for (std::size_t column = 0; column < rays.x.size(); ++column) {
+    pixels.x[column] = K(0, 0) * pixels.x[column] + K(0, 2);
+    pixels.y[column] = K(1, 1) * pixels.y[column] + K(1, 2);
+  }
+}
+
+void sendBackwardsAway(const Row& rays, Row& pixels) {
+  for (std::size_t column = 0; column < rays.x.size(); ++column) {
+    if (rays.forward[column] > 0.0) continue;
+    pixels.x[column] = infinityOpposite(rays.x[column]);
+    pixels.y[column] = infinityOpposite(rays.y[column]);
+  }
 }
 
 /// Clamped to the range of an integer before the conversion, so that an infinite value stays outside of the image.
@@ -34,18 +69,21 @@ int fixedPoint(double value) {
   return cv::saturate_cast<int>(std::clamp(value * kSubPixels, kLowest, kHighest));
 }
 
-void storeFixed(const cv::Point2d& pixel, int row, int column, cv::Mat& whole, cv::Mat& remainder) {
-  const int u = fixedPoint(pixel.x);
-  const int v = fixedPoint(pixel.y);
+void storeFixed(const Row& pixels, int row, cv::Mat& whole, cv::Mat& remainder) {
   constexpr int kFraction = cv::INTER_TAB_SIZE - 1;
-  whole.at<cv::Vec2s>(row, column) = {cv::saturate_cast<short>(u >> cv::INTER_BITS),
-                                      cv::saturate_cast<short>(v >> cv::INTER_BITS)};
-  remainder.at<ushort>(row, column) = static_cast<ushort>((v & kFraction) * cv::INTER_TAB_SIZE + (u & kFraction));
+  for (int column = 0; column < whole.cols; ++column) {
+    const int u = fixedPoint(pixels.x[static_cast<std::size_t>(column)]);
+    const int v = fixedPoint(pixels.y[static_cast<std::size_t>(column)]);
+    whole.at<cv::Vec2s>(row, column) = {cv::saturate_cast<short>(u >> cv::INTER_BITS),
+                                        cv::saturate_cast<short>(v >> cv::INTER_BITS)};
+    remainder.at<ushort>(row, column) = static_cast<ushort>((v & kFraction) * cv::INTER_TAB_SIZE + (u & kFraction));
+  }
 }
 
-void storeFloat(const cv::Point2d& pixel, int row, int column, cv::Mat& columns, cv::Mat& rows) {
-  columns.at<float>(row, column) = static_cast<float>(pixel.x);
-  rows.at<float>(row, column) = static_cast<float>(pixel.y);
+void storeFloats(const Row& pixels, int row, cv::Mat& columns, cv::Mat& rows) {
+  const auto narrowed = [](double value) { return static_cast<float>(value); };
+  std::transform(pixels.x.begin(), pixels.x.end(), columns.ptr<float>(row), narrowed);
+  std::transform(pixels.y.begin(), pixels.y.end(), rows.ptr<float>(row), narrowed);
 }
 
 }  // namespace
@@ -56,16 +94,19 @@ void InitPolyRectifyMap(const cv::Mat& K, const CameraIntrinsicsBase& camera, co
   CV_CheckType(type, type == CV_16SC2 || type == CV_32FC1, "maps are of fixed point or of floats");
   map1.create(size, type);
   map2.create(size, type == CV_16SC2 ? CV_16UC1 : CV_32FC1);
-  const auto store = type == CV_16SC2 ? storeFixed : storeFloat;
 
   const cv::Matx33d k(K);
   const cv::Matx33d inverse = (projectionMatrix(projection) * rotationMatrixOf(rotation)).inv();
-  const cv::Vec3d along_row(inverse(0, 0), inverse(1, 0), inverse(2, 0));
+  Row rays(size.width);
+  Row pixels(size.width);
   for (int row = 0; row < size.height; ++row) {
-    // Summed along the row: the roundings of the sum are part of the maps.
-    cv::Vec3d ray = inverse * cv::Vec3d(0.0, row, 1.0);
-    for (int column = 0; column < size.width; ++column, ray += along_row) {
-      store(rawPixel(k, camera, ray), row, column, map1, map2);
+    sendRays(inverse, row, rays);
+    followThroughLens(k, camera, rays, pixels);
+    sendBackwardsAway(rays, pixels);
+    if (type == CV_16SC2) {
+      storeFixed(pixels, row, map1, map2);
+    } else {
+      storeFloats(pixels, row, map1, map2);
     }
   }
 }
