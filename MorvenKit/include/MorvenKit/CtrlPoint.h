@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <opencv2/core.hpp>
-#include <vector>
+
+#include "MorvenKit/EdgePoints.h"
 
 namespace kestrune::morvenkit {
 
@@ -29,7 +29,7 @@ struct CtrlPoint {
   T x = 0;                               ///< Column of the centre.
   T y = 0;                               ///< Row of the centre.
   std::int32_t id = -1;                  ///< Low 16 bits: row * columns + column; bits 16 to 23: layer; -1 at first.
-  std::vector<cv::Point2f> edge_points;  ///< Sub-pixel, in the scale that the detector worked in.
+  EdgePoints edge_points;                ///< Sub-pixel, in the scale that the detector worked in.
   std::uint8_t flag = 0;                 ///< Always 0. Not read: kept as a part of the record.
   std::uint8_t point_class = kRejected;  ///< A `PointClass`.
 };
