@@ -36,6 +36,21 @@ cv::Mat leftOf(const scene::Scene& scene) {
   return scene::renderImage(scene.rig.left, scene.board, scene.left_from_board.front(), scene.optics, scene.seed);
 }
 
+std::vector<BoardPicture> smallestPicture() { return {{BoardKind::kBigDots, 320, 256, 21, 23}}; }
+
+std::vector<BoardPicture> allPictures() {
+  return {{BoardKind::kSmallRings, 320, 256, 23, 27},   {BoardKind::kBigRings, 320, 256, 35, 37},
+          {BoardKind::kBigDots, 320, 256, 23, 27},      {BoardKind::kBigDots, 320, 256, 35, 37},
+          {BoardKind::kSmallRings, 640, 512, 23, 27},   {BoardKind::kSmallRings, 640, 512, 35, 37},
+          {BoardKind::kBigRings, 640, 512, 71, 73},     {BoardKind::kBigDots, 640, 512, 23, 27},
+          {BoardKind::kBigDots, 640, 512, 35, 37},      {BoardKind::kBigDots, 1280, 1024, 16, 26},
+          {BoardKind::kBigDots, 1280, 1024, 23, 27},    {BoardKind::kBigDots, 1280, 1024, 35, 37},
+          {BoardKind::kBigDots, 1920, 1536, 71, 73},    {BoardKind::kSmallRings, 2448, 2048, 23, 27},
+          {BoardKind::kSmallRings, 2448, 2048, 35, 37}, {BoardKind::kSmallRings, 2448, 2048, 71, 73},
+          {BoardKind::kBigDots, 2448, 2048, 23, 27},    {BoardKind::kBigDots, 2448, 2048, 35, 37},
+          {BoardKind::kBigDots, 4096, 3072, 71, 73}};
+}
+
 }  // namespace
 
 std::string BoardPicture::name() const {
@@ -55,16 +70,8 @@ cv::Mat BoardPicture::plainGrid() const {
   return leftOf(sceneOf(*this, board));
 }
 
-std::vector<BoardPicture> boardPictures(bool quick) {
-  if (quick) return {{BoardKind::kBigDots, 320, 256, 21, 23}};
-  return {{BoardKind::kSmallRings, 320, 256, 23, 27},   {BoardKind::kBigRings, 320, 256, 35, 37},
-          {BoardKind::kBigDots, 320, 256, 23, 27},      {BoardKind::kBigDots, 320, 256, 35, 37},
-          {BoardKind::kSmallRings, 640, 512, 23, 27},   {BoardKind::kSmallRings, 640, 512, 35, 37},
-          {BoardKind::kBigRings, 640, 512, 71, 73},     {BoardKind::kBigDots, 640, 512, 23, 27},
-          {BoardKind::kBigDots, 640, 512, 35, 37},      {BoardKind::kBigDots, 1280, 1024, 16, 26},
-          {BoardKind::kBigDots, 1280, 1024, 23, 27},    {BoardKind::kBigDots, 1280, 1024, 35, 37},
-          {BoardKind::kBigDots, 1920, 1536, 71, 73},    {BoardKind::kSmallRings, 2448, 2048, 23, 27},
-          {BoardKind::kSmallRings, 2448, 2048, 35, 37}, {BoardKind::kSmallRings, 2448, 2048, 71, 73},
-          {BoardKind::kBigDots, 2448, 2048, 23, 27},    {BoardKind::kBigDots, 2448, 2048, 35, 37},
-          {BoardKind::kBigDots, 4096, 3072, 71, 73}};
+std::vector<BoardPicture> boardPictures(bool quick, const std::string& only) {
+  std::vector<BoardPicture> pictures = quick ? smallestPicture() : allPictures();
+  std::erase_if(pictures, [&](const BoardPicture& picture) { return picture.name().find(only) == std::string::npos; });
+  return pictures;
 }

@@ -22,5 +22,5 @@ struct BoardPicture {
 };
 
 /// One board on each scale that the detection works at, with some 600, 1300 and 5200 dots where they are found; for a
-/// quick bench the smallest alone.
-std::vector<BoardPicture> boardPictures(bool quick);
+/// quick bench the smallest alone. Only those whose names hold a text.
+std::vector<BoardPicture> boardPictures(bool quick, const std::string& only);

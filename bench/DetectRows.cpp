@@ -127,7 +127,7 @@ double exponentOf(const std::vector<std::pair<double, double>>& amounts_and_time
 template <typename Picks, typename Amount>
 void addGrowth(const Plan& plan, Table& table, Row row, const Picks& picks, const Amount& amount) {
   std::vector<std::pair<double, double>> points;
-  for (const BoardPicture& picture : boardPictures(plan.quick)) {
+  for (const BoardPicture& picture : boardPictures(plan.quick, plan.only)) {
     if (!picks(picture)) continue;
     for (const Row& measured : table.rows()) {
       if (measured.group == "detect" && measured.name == picture.name() && measured.ours)
@@ -145,7 +145,7 @@ void addGrowth(const Plan& plan, Table& table, Row row, const Picks& picks, cons
 }  // namespace
 
 void detectRows(const Plan& plan, Table& table) {
-  for (const BoardPicture& picture : boardPictures(plan.quick)) {
+  for (const BoardPicture& picture : boardPictures(plan.quick, plan.only)) {
     Finder finder(picture);
     const Contest contest({{"detect", [&] { finder(); }},
                            {"floor", [&] { floorOfDetection(finder.image(), isBigDots(picture), picture.dots()); }}},
@@ -162,7 +162,7 @@ void detectRows(const Plan& plan, Table& table) {
 void otherRows(const Plan& plan, Table& table) {
   Plan slow = plan;
   slow.effort.fewest = std::min<std::size_t>(plan.effort.fewest, 3);
-  for (const BoardPicture& picture : boardPictures(plan.quick)) {
+  for (const BoardPicture& picture : boardPictures(plan.quick, plan.only)) {
     if (picture.dots() <= kMostForOthers) addOthers(picture, slow, table);
   }
 }

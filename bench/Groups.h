@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "bench/Contest.h"
 #include "bench/Report.h"
 
@@ -7,6 +9,7 @@
 struct Plan {
   Effort effort;
   bool quick = false;
+  std::string only;  ///< Of the boards those whose names hold this.
 };
 
 /// One function for each group of rows. Each renders its own pictures before it measures.

@@ -30,8 +30,9 @@ const std::vector<NamedGroup>& groups() {
   return kGroups;
 }
 
-Plan planOf(bool quick, double seconds) {
+Plan planOf(bool quick, double seconds, const std::string& only) {
   Plan plan;
+  plan.only = only;
   plan.quick = quick;
   plan.effort.seconds = seconds;
   if (quick) plan.effort = {.seconds = 0.0, .fewest = 1, .most = 1, .warm_up = false};
@@ -41,7 +42,7 @@ Plan planOf(bool quick, double seconds) {
 int run(int argc, char** argv) {
   CLI::App app("Times of PolarLinePrecision, each as a ratio to something that runs in turn with it.");
   app.name("bench_polar");
-  std::string json;
+  std::string json, only;
   std::vector<std::string> wanted;
   bool quick = false;
   double seconds = 3.0;
@@ -50,6 +51,7 @@ int run(int argc, char** argv) {
   for (const NamedGroup& group : groups()) names.push_back(group.name);
   app.add_option("--json", json, "File for the rows as a JSON document");
   app.add_option("--groups", wanted, "Only these groups of rows")->delimiter(',')->check(CLI::IsMember(names));
+  app.add_option("--boards", only, "Of the pictures that dots are looked for in those whose names hold this text");
   app.add_flag("--quick", quick, "One round of the smallest picture of each group: shows that the bench works");
   app.add_option("--seconds", seconds, "Processor time for each contest")
       ->capture_default_str()
@@ -67,7 +69,7 @@ int run(int argc, char** argv) {
   const console::Redirection quiet(swallowed, swallowed);  // The lines of the library.
   for (const NamedGroup& group : groups()) {
     const bool asked_for = wanted.empty() || std::find(wanted.begin(), wanted.end(), group.name) != wanted.end();
-    if (asked_for) group.add(planOf(quick, seconds), table);
+    if (asked_for) group.add(planOf(quick, seconds, only), table);
     swallowed.str("");
   }
   if (!json.empty()) std::ofstream(json) << jsonOf(notes, table.rows());
