@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstddef>
-#include <opencv2/imgproc.hpp>
+#include <cstdint>
 #include <ostream>
 
 #include "MorvenKit/src/classify/ScanLine.h"
@@ -50,8 +50,20 @@ ContourStatus judge(const Tally& tally) {
 }  // namespace
 
 cv::Point2f contourCentroid(const Contour& contour) {
-  const cv::Moments moments = cv::moments(contour, false);
-  return {static_cast<float>(moments.m10 / moments.m00), static_cast<float>(moments.m01 / moments.m00)};
+  // The moments of the polygon, as cv::moments rounds them; of whole pixels all sums are exact.
+  constexpr double kHalf = 0.5, kSixth = 1.0 / 6.0;
+  std::int64_t area = 0, area_x = 0, area_y = 0;
+  cv::Point from = contour.empty() ? cv::Point() : contour.back();
+  for (const cv::Point& to : contour) {
+    const std::int64_t across = std::int64_t{from.x} * to.y - std::int64_t{from.y} * to.x;
+    area += across;
+    area_x += across * (from.x + to.x);
+    area_y += across * (from.y + to.y);
+    from = to;
+  }
+  const double m00 = static_cast<double>(area) * kHalf;
+  return {static_cast<float>(static_cast<double>(area_x) * kSixth / m00),
+          static_cast<float>(static_cast<double>(area_y) * kSixth / m00)};
 }
 
 ContourStatus HopScan(int index, const Contour& contour, const cv::Point2f& centroid, const cv::Mat& binary) {

@@ -6,6 +6,13 @@ namespace kestrune::morvenkit {
 
 namespace {
 
+/// What std::round gives, without the call: halves go away from zero.
+int rounded(float value) {
+  const int whole = static_cast<int>(value);
+  const float rest = value - static_cast<float>(whole);
+  return whole + (rest >= 0.5F ? 1 : 0) - (rest <= -0.5F ? 1 : 0);
+}
+
 /// Counts changes between the pixels that it is given one after the other.
 class TransitionCounter {
  public:
@@ -42,13 +49,13 @@ void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
   const float length = from.major - to.major;
   const float slope = (from.minor - to.minor) / length;
   const int step = length > 0.0F ? -1 : 1;
-  const int start = static_cast<int>(std::round(from.major));
+  const int start = rounded(from.major);
   const int steps = static_cast<int>(std::abs(length) + 1.0F);
   for (int k = 0; k < steps; ++k) {
     const int major = start + k * step;
     const auto along = static_cast<float>(major);
     if (along == to.major) continue;
-    addPixel(major, static_cast<int>(std::round((along - from.major) * slope + from.minor)));
+    addPixel(major, rounded((along - from.major) * slope + from.minor));
   }
 }
 

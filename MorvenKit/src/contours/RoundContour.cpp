@@ -1,6 +1,6 @@
 #include "MorvenKit/src/contours/RoundContour.h"
 
-#include <opencv2/imgproc.hpp>
+#include "MorvenKit/OutlineMeasures.h"
 
 namespace kestrune::morvenkit {
 
@@ -12,11 +12,7 @@ constexpr double kLongestPerRadius = 8.5;
 
 }  // namespace
 
-double contourCircularity(const Contour& contour) {
-  const double area = cv::moments(contour, false).m00;
-  const double perimeter = cv::arcLength(contour, true);
-  return 4.0 * CV_PI * area / (perimeter * perimeter);
-}
+double contourCircularity(const Contour& contour) { return measureOutline(contour).circularity(); }
 
 bool isRoundContour(const Contour& contour, const EllipseDetectorParams& params) {
   return static_cast<double>(contour.size()) < params.max_radius * kLongestPerRadius &&

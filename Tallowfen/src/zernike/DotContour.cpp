@@ -1,13 +1,12 @@
 #include "Tallowfen/src/zernike/DotContour.h"
 
-#include <opencv2/imgproc.hpp>
+#include "MorvenKit/OutlineMeasures.h"
 
 namespace kestrune {
 
 double circularityOf(const Contour& contour) {
-  const double perimeter = cv::arcLength(contour, true);
-  if (perimeter == 0) return 0;
-  return 4 * CV_PI * cv::contourArea(contour) / (perimeter * perimeter);
+  const morvenkit::OutlineMeasures measures = morvenkit::measureOutline(contour);
+  return measures.perimeter == 0 ? 0 : measures.circularity();
 }
 
 bool isDot(const Contour& contour, const DotLimits& limits) {
