@@ -21,7 +21,7 @@ ContourCounts detectBy(TreeWalk walk, const EllipseDetectorParams& params, cv::I
   const cv::Mat grey = image.getMat();
   const cv::Mat allowed = mask.getMat();
   const cv::Mat traced = Binarize(grey, params);
-  traced.copyTo(binary);
+  binary.assign(traced);
   const ContourTree tree = findContourTree(traced);
   return walk({params, tree, grey, traced, allowed}, ellipses);
 }

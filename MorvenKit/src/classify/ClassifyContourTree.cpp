@@ -2,13 +2,13 @@
 
 #include <cstddef>
 #include <functional>
-#include <opencv2/imgproc.hpp>
 #include <utility>
 
+#include "MorvenKit/OutlineMeasures.h"
 #include "MorvenKit/src/classify/ContourStatus.h"
 #include "MorvenKit/src/classify/HopScan.h"
 #include "MorvenKit/src/classify/MeanBlobArea.h"
-#include "MorvenKit/src/contours/RefineSubPixel.h"
+#include "MorvenKit/src/classify/OutlineFits.h"
 #include "MorvenKit/src/contours/RoundContour.h"
 #include "MorvenKit/src/ellipse/EllipseShape.h"
 
@@ -27,8 +27,8 @@ using StatusRule = std::function<int(int index, const Contour& outline)>;
 
 class ContourWalk {
  public:
-  ContourWalk(const ContourWalkInput& input, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
-      : in_(input), rule_(std::move(rule)), ellipses_(ellipses) {
+  ContourWalk(const ContourWalkInput& input, OutlineFits& fits, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
+      : in_(input), fits_(fits), rule_(std::move(rule)), ellipses_(ellipses) {
     counts_.traced = input.tree.contours.size();
   }
 
@@ -50,16 +50,14 @@ class ContourWalk {
     const Contour& contour = in_.tree.points(index);
     if (isTooShort(contour.size())) return counted(counts_.too_short, Next::kSibling);
     if (!isRoundContour(contour, in_.params)) return counted(counts_.not_round, Next::kChildren);
-    const Contour& outline = outlineOf(index);
-    const int status = rule_(index, outline);
-    std::vector<cv::Point2f> refined = RefineSubPixel(outline, in_.grey);
-    const bool complete = refined.size() == outline.size();
-    Ellipse<double> ellipse = fitEllipseRobust(std::move(refined));
+    const int outline = outlineOf(index);
+    const int status = rule_(index, in_.tree.points(outline));
+    const auto& [ellipse, complete] = fits_.of(outline);
     if (isMaskedOut(ellipse) || !isFitted(ellipse)) return counted(counts_.not_fitted, Next::kChildren);
-    ellipse.point_class = classOfStatus(status);
     if (!complete || !(in_.params.max_sigma > ellipse.sigma) || !liesWithin(ellipse, in_.grey.size()))
       return counted(counts_.inexact, Next::kSibling);
-    ellipses_.push_back(std::move(ellipse));
+    ellipses_.push_back(ellipse);
+    ellipses_.back().point_class = classOfStatus(status);
     return counted(counts_.accepted, Next::kSibling);
   }
 
@@ -75,12 +73,12 @@ class ContourWalk {
   }
 
   /// In area mode, a thick outline is measured at its inner border.
-  const Contour& outlineOf(int index) const {
+  int outlineOf(int index) const {
     if (in_.params.area_mode) {
       const auto child = roundChild(in_.tree, index, in_.params);
-      if (child && in_.tree.points(*child).size() > shortest()) return in_.tree.points(*child);
+      if (child && in_.tree.points(*child).size() > shortest()) return *child;
     }
-    return in_.tree.points(index);
+    return index;
   }
 
   /// By the pixel nearest to the centre. A centre outside the mask, or NaN, counts as masked out.
@@ -97,15 +95,16 @@ class ContourWalk {
   }
 
   const ContourWalkInput& in_;
+  OutlineFits& fits_;
   StatusRule rule_;
   std::vector<Ellipse<double>>& ellipses_;
   ContourCounts counts_;
 };
 
-StatusRule areaRule(const ContourWalkInput& input) {
-  const float mean = MeanBlobArea(input.tree, input.grey, input.params);
+StatusRule areaRule(const ContourWalkInput& input, OutlineFits& fits) {
+  const float mean = MeanBlobArea(input.tree, fits, input.params);
   return [mean](int /*index*/, const Contour& outline) {
-    return static_cast<int>(statusOfArea(cv::contourArea(outline), mean));
+    return static_cast<int>(statusOfArea(measureOutline(outline).area, mean));
   };
 }
 
@@ -118,13 +117,15 @@ StatusRule hopRule(const ContourWalkInput& input) {
 }  // namespace
 
 ContourCounts ClassifyContourTree(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
-  StatusRule rule = input.params.area_mode ? areaRule(input) : hopRule(input);
-  return ContourWalk(input, std::move(rule), ellipses).walk();
+  OutlineFits fits(input.tree, input.grey);
+  StatusRule rule = input.params.area_mode ? areaRule(input, fits) : hopRule(input);
+  return ContourWalk(input, fits, std::move(rule), ellipses).walk();
 }
 
 ContourCounts ClassifyContourTreeFlat(const ContourWalkInput& input, std::vector<Ellipse<double>>& ellipses) {
   const auto rule = [](int /*index*/, const Contour& /*outline*/) { return static_cast<int>(kStatusDot); };
-  return ContourWalk(input, rule, ellipses).walk();
+  OutlineFits fits(input.tree, input.grey);
+  return ContourWalk(input, fits, rule, ellipses).walk();
 }
 
 }  // namespace kestrune::morvenkit
