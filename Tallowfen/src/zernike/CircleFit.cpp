@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <opencv2/imgproc.hpp>
+#include <utility>
 
 namespace kestrune {
 
@@ -36,8 +37,7 @@ bool hasGap(const Points& points) {
 }
 
 // 4 pi area / perimeter^2 of the outline where it is that of a dot.
-std::optional<double> dotRoundness(const Points& points) {
-  const double area = cv::contourArea(points);
+std::optional<double> dotRoundness(const Points& points, double area) {
   const double perimeter = cv::arcLength(points, true);
   if (perimeter == 0) return std::nullopt;
   const double roundness = area * kFourPi / (perimeter * perimeter);
@@ -47,15 +47,15 @@ std::optional<double> dotRoundness(const Points& points) {
   return roundness;
 }
 
-bool isConvex(const Points& points) {
+bool isConvex(const Points& points, double area) {
   Points hull;
   cv::convexHull(points, hull, false, true);
   const double hull_area = cv::contourArea(hull);
   if (hull_area == 0) return false;
-  return cv::contourArea(points) / hull_area >= static_cast<double>(kLeastConvexity);
+  return area / hull_area >= static_cast<double>(kLeastConvexity);
 }
 
-Ellipse recordOf(const cv::RotatedRect& fit, double roundness, const Points& edge_points) {
+Ellipse recordOf(const cv::RotatedRect& fit, double roundness, Points edge_points) {
   Ellipse ellipse;
   ellipse.x = fit.center.x;
   ellipse.y = fit.center.y;
@@ -63,7 +63,7 @@ Ellipse recordOf(const cv::RotatedRect& fit, double roundness, const Points& edg
   ellipse.semi_b = static_cast<double>(std::min(fit.size.width, fit.size.height)) / 2;
   ellipse.angle = (static_cast<double>(fit.angle) - 90) * CV_PI / 180;
   ellipse.sigma = 0;
-  ellipse.edge_points = edge_points;
+  ellipse.edge_points = std::move(edge_points);
   ellipse.roundness = roundness;
   return ellipse;
 }
@@ -99,18 +99,20 @@ double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::Rotat
   return std::sqrt(sum / static_cast<double>(points.size()));
 }
 
-std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points) {
-  return dotOfFit(cv::fitEllipseDirect(edge_points), edge_points);
+std::optional<Ellipse> fitCircle(std::vector<cv::Point2f> edge_points) {
+  const cv::RotatedRect fit = cv::fitEllipseDirect(edge_points);
+  return dotOfFit(fit, std::move(edge_points));
 }
 
-std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points) {
+std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, std::vector<cv::Point2f> edge_points) {
   // NaN would pass the limits below, as it exceeds none of them.
   if (!isFinite(fit)) return std::nullopt;
   if (hasGap(edge_points) || !hasDotSize(fit.size)) return std::nullopt;
-  const std::optional<double> roundness = dotRoundness(edge_points);
-  if (!roundness || !isConvex(edge_points)) return std::nullopt;
+  const double area = cv::contourArea(edge_points);
+  const std::optional<double> roundness = dotRoundness(edge_points, area);
+  if (!roundness || !isConvex(edge_points, area)) return std::nullopt;
   if (algebraicResidual(edge_points, fit) > kLargestResidual) return std::nullopt;
-  return recordOf(fit, *roundness, edge_points);
+  return recordOf(fit, *roundness, std::move(edge_points));
 }
 
 }  // namespace kestrune

@@ -18,10 +18,10 @@ double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::Rotat
 
 /// The ellipse fitted to the edge points of one outline, pixels, in order around it (direct fit: Fitzgibbon, Pilu and
 /// Fisher 1999). Nothing when the points leave a gap or don't look like a dot. Needs five points at least.
-std::optional<Ellipse> fitCircle(const std::vector<cv::Point2f>& edge_points);
+std::optional<Ellipse> fitCircle(std::vector<cv::Point2f> edge_points);
 
 /// The record of an ellipse that was fitted to these edge points. Nothing when the two don't look like a dot, or when
 /// the fit is not finite. A residual of NaN, as a fit without height can have, passes: it is not above the limit.
-std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, const std::vector<cv::Point2f>& edge_points);
+std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, std::vector<cv::Point2f> edge_points);
 
 }  // namespace kestrune

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <opencv2/core.hpp>
 #include <vector>
 
@@ -7,15 +8,24 @@
 
 namespace kestrune {
 
-/// Thresholds against the mean of the `block` x `block` pixels around each, less 2.5, and finds all contours of the
-/// result, in two levels: outlines and the holes in them. `type` is that of the threshold, plain or inverted.
-void findContoursByLocalMean(const cv::Mat& grey, int block, int type, cv::Mat& bin, std::vector<Contour>& contours,
+/// By how much each pixel of an 8-bit picture is darker than the mean, rounded, of the `block` x `block` pixels around
+/// it; 0 where it is brighter. The outermost pixels go on outside. Throws `cv::Exception` for any other picture.
+cv::Mat belowLocalMean(const cv::Mat& grey, int block);
+
+/// Which pixels are white, by how much they are `belowLocalMean`.
+enum class Polarity : std::uint8_t {
+  kBright,  ///< At most 2 below it.
+  kDark,    ///< 2 or more below it. Meant: what is just 2 below is white by either.
+};
+
+/// Makes the two-valued picture and finds all its contours, in two levels: outlines and the holes in them.
+void findContoursByLocalMean(const cv::Mat& below_mean, Polarity polarity, cv::Mat& bin, std::vector<Contour>& contours,
                              std::vector<cv::Vec4i>& hierarchy);
 
 /// Counts the round contours of dot size that have no parent and prints the count. With fewer than ten the polarity is
-/// taken to be wrong: `bin`, `contours` and `hierarchy` are made anew with the inverted threshold. Every round contour
+/// taken to be wrong: `bin`, `contours` and `hierarchy` are made anew with dark pixels white. Every round contour
 /// of that size, also one with a parent, is appended to `candidates`, which our detector does not read.
-void PolarityCheck(const cv::Mat& grey, cv::Mat& bin, std::vector<Contour>& contours, std::vector<Contour>& candidates,
-                   std::vector<cv::Vec4i>& hierarchy, int block);
+void PolarityCheck(const cv::Mat& below_mean, cv::Mat& bin, std::vector<Contour>& contours,
+                   std::vector<Contour>& candidates, std::vector<cv::Vec4i>& hierarchy);
 
 }  // namespace kestrune

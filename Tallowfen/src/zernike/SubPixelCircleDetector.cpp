@@ -38,8 +38,9 @@ void countRefused(const Contour& contour, const cv::Vec4i& relatives, morvenkit:
 std::vector<Contour> dotContours(const cv::Mat& grey, CircleSearch& search) {
   std::vector<Contour> contours, candidates;
   std::vector<cv::Vec4i> hierarchy;
-  findContoursByLocalMean(grey, kMeanBlock, cv::THRESH_BINARY, search.binary, contours, hierarchy);
-  PolarityCheck(grey, search.binary, contours, candidates, hierarchy, kMeanBlock);
+  const cv::Mat below_mean = belowLocalMean(grey, kMeanBlock);
+  findContoursByLocalMean(below_mean, Polarity::kBright, search.binary, contours, hierarchy);
+  PolarityCheck(below_mean, search.binary, contours, candidates, hierarchy);
   search.contours.traced = contours.size();
   std::vector<Contour> kept;
   for (std::size_t i = 0; i < contours.size(); ++i) {
@@ -64,8 +65,7 @@ CircleSearch SubPixelCircleDetector(const cv::Mat& image, std::vector<Ellipse>& 
   const cv::Mat grey = smoothedGrey(image);
   const std::vector<Contour> dots = dotContours(grey, search);
   for (const std::vector<cv::Point2d>& edge : ZernikeEdgeRefine(grey, dots, kZernikeSize)) {
-    const std::vector<cv::Point2f> narrowed(edge.begin(), edge.end());
-    std::optional<Ellipse> ellipse = fitCircle(narrowed);
+    std::optional<Ellipse> ellipse = fitCircle({edge.begin(), edge.end()});
     if (ellipse) ellipses.push_back(std::move(*ellipse));
   }
   search.contours.accepted = ellipses.size();

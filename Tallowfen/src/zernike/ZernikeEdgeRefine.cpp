@@ -36,6 +36,13 @@ EdgeMoments momentsAround(const cv::Mat& image, const cv::Point& point, const Ze
   return moments;
 }
 
+// The step's height is 3/2 of the turned moment over (1 - l^2)^(3/2), l the distance (Ghosal and Mehrotra 1993): never
+// less than without the divisor, whose power only the weak ones need.
+bool isStrong(double across, double distance) {
+  const double least = across * 1.5;
+  return std::abs(least) > kWeakestStep || std::abs(least / std::pow(1 - distance * distance, 1.5)) > kWeakestStep;
+}
+
 bool hasNeighbourhood(const cv::Mat& image, const cv::Point& point, int half) {
   return point.y - half > 0 && point.y + half < image.rows - 1 && point.x - half > 0 && point.x + half < image.cols - 1;
 }
@@ -47,9 +54,7 @@ std::optional<cv::Point2d> edgePoint(const cv::Point& point, const EdgeMoments& 
   const double across = std::cos(phi) * moments.x + std::sin(phi) * moments.y;
   const double distance = moments.radial / across;
   if (!(std::abs(distance) < kFarthestStep)) return std::nullopt;
-  // The step's height: 3/2 of the turned moment over (1 - l^2)^(3/2), l the distance (Ghosal and Mehrotra 1993).
-  const double step = std::abs(across * 1.5 / std::pow(1 - distance * distance, 1.5));
-  if (!(step > kWeakestStep)) return std::nullopt;
+  if (!isStrong(across, distance)) return std::nullopt;
   const double shift = size * 0.5 * distance;
   return cv::Point2d(point.x + std::cos(phi) * shift, point.y + std::sin(phi) * shift);
 }

@@ -13,16 +13,19 @@
 
 namespace {
 
+using kestrune::belowLocalMean;
 using kestrune::Contour;
 using kestrune::findContoursByLocalMean;
+using kestrune::Polarity;
 using kestrune::PolarityCheck;
 
 struct Check {
   explicit Check(const cv::Mat& grey) {
-    findContoursByLocalMean(grey, 37, cv::THRESH_BINARY, bin, contours, hierarchy);
+    const cv::Mat below_mean = belowLocalMean(grey, 37);
+    findContoursByLocalMean(below_mean, Polarity::kBright, bin, contours, hierarchy);
     before = bin.clone();
     const ConsoleCapture console;
-    PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+    PolarityCheck(belowLocalMean(grey, 37), bin, contours, candidates, hierarchy);
     printed = console.out();
     inverted = cv::countNonZero(bin != before) > 0;
   }
@@ -57,8 +60,8 @@ cv::Mat_<int> aboveMean(const cv::Mat& grey, int block) {
   return result;
 }
 
-// Bright pixels lie above their mean less 2.5. OpenCV cuts that number to 2 for the dark ones, so that two below the
-// mean is white by either rule.
+// Bright pixels lie above their mean less 2.5, dark ones 2 or more below it, so that two below the mean is white by
+// either rule. The same as by OpenCV's own adaptive threshold.
 TEST(PolarityCheckFindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
   const cv::Mat grey = noisySlope();
   for (const int block : {37, 21}) {
@@ -68,10 +71,17 @@ TEST(PolarityCheckFindContoursByLocalMean, ThresholdIsTheMeanLessTwoAndAHalf) {
     cv::Mat bin;
     std::vector<Contour> contours;
     std::vector<cv::Vec4i> hierarchy;
-    findContoursByLocalMean(grey, block, cv::THRESH_BINARY, bin, contours, hierarchy);
+    findContoursByLocalMean(belowLocalMean(grey, block), Polarity::kBright, bin, contours, hierarchy);
     EXPECT_EQ(cv::countNonZero(bin != (above > -3)), 0) << block;
-    findContoursByLocalMean(grey, block, cv::THRESH_BINARY_INV, bin, contours, hierarchy);
+    findContoursByLocalMean(belowLocalMean(grey, block), Polarity::kDark, bin, contours, hierarchy);
     EXPECT_EQ(cv::countNonZero(bin != (above <= -2)), 0) << block;
+    for (const auto& [polarity, type] :
+         {std::pair(Polarity::kBright, cv::THRESH_BINARY), {Polarity::kDark, cv::THRESH_BINARY_INV}}) {
+      cv::Mat expected;
+      cv::adaptiveThreshold(grey, expected, 255, cv::ADAPTIVE_THRESH_MEAN_C, type, block, 2.5);
+      findContoursByLocalMean(belowLocalMean(grey, block), polarity, bin, contours, hierarchy);
+      EXPECT_EQ(cv::countNonZero(bin != expected), 0) << block;
+    }
   }
 }
 
@@ -84,7 +94,7 @@ TEST(PolarityCheckFindContoursByLocalMean, OutlinesHaveTwoLevels) {
   for (const auto& [radius, grey] : {std::pair(30, 200), {22, 0}, {12, 200}}) {
     cv::circle(nested, {50, 50}, radius, grey, cv::FILLED);
   }
-  findContoursByLocalMean(nested, 21, cv::THRESH_BINARY, bin, contours, hierarchy);
+  findContoursByLocalMean(belowLocalMean(nested, 21), Polarity::kBright, bin, contours, hierarchy);
   cv::findContours(bin, expected, relatives, cv::RETR_CCOMP, cv::CHAIN_APPROX_NONE);
   EXPECT_EQ(contours, expected);
   EXPECT_EQ(hierarchy, relatives);
@@ -152,7 +162,7 @@ TEST_P(PolarityCheckOutlineOfADot, CountsWithinTheLimits) {
   std::vector<Contour> contours(10, GetParam().contour), candidates;
   std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
   const ConsoleCapture console;
-  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  PolarityCheck(belowLocalMean(grey, 37), bin, contours, candidates, hierarchy);
   EXPECT_EQ(console.out(), GetParam().counted ? "*****inner_counter:10\n" : "*****inner_counter:0\n");
   EXPECT_EQ(candidates.size(), GetParam().counted ? 10U : 0U);
   EXPECT_EQ(bin.at<uchar>(0, 0) == 7, GetParam().counted) << "thresholded anew when none counts";
@@ -177,7 +187,7 @@ TEST(PolarityCheck, DotsWithAParentAreCandidatesOnly) {
   std::vector<cv::Vec4i> hierarchy(10, cv::Vec4i::all(-1));
   hierarchy[4][3] = 0;
   const ConsoleCapture console;
-  PolarityCheck(grey, bin, contours, candidates, hierarchy, 37);
+  PolarityCheck(belowLocalMean(grey, 37), bin, contours, candidates, hierarchy);
   EXPECT_EQ(console.out(), "*****inner_counter:9\n");
   EXPECT_EQ(candidates.size(), 10U);
   EXPECT_NE(bin.at<uchar>(0, 0), 7);
