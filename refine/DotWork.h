@@ -18,7 +18,8 @@ struct DotWork {
   bool slope_known = false;                           ///< J is of the board's pose.
   std::size_t edges = 0;                              ///< Circles of the mark; 0: none was seen.
   std::array<double, EdgeModel::kMostEdges> radii{};  ///< Of these, the outer one first, in units of J.
-  std::optional<Outline> outline;                     ///< From the gradients.
+  std::optional<Outline> outline;                     ///< Where the edge is expected.
+  bool assumed = false;                               ///< That outline is what a plain dot's would be, not measured.
   double blur = 0.8;
   std::optional<EdgeFit> fit;
   polarline::DotState state = polarline::DotState::kUnclear;

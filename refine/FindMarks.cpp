@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "platform/Median.h"
+#include "refine/board/SpreadChoice.h"
 #include "refine/outline/GradientLines.h"
 #include "refine/outline/RadialEdges.h"
 
@@ -14,14 +15,14 @@ namespace {
 
 using polarline::DotState;
 
-constexpr std::size_t kSampledDots = 50;
+constexpr std::size_t kSampledDots = 40;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
 constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
 constexpr double kBand = 2.5;           ///< Pixels on either side of an outline.
 constexpr double kPlain = 0.7;          ///< The same, of a plain dot's.
 constexpr double kOtherSize = 0.04;     ///< Of the radius.
-constexpr std::size_t kFewestPlain = 20;
+constexpr std::size_t kFewestPlain = 15;
 constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges.
 
 double distanceOf(const DotWork& one, const DotWork& other) {
@@ -60,16 +61,10 @@ bool leavesPicture(const Outline& outline, const cv::Size& size) {
          outline.centre.x + half.x > size.width - 2.0 || outline.centre.y + half.y > size.height - 2.0;
 }
 
-/// What the most marks of a picture look like.
-struct Common {
-  double sign = 1.0;      ///< 1 where paper is brighter than ink, -1 where it is darker.
-  double strength = 0.0;  ///< Median strength of the marks' edges.
-  double radius = 0.0;    ///< Of the plain dots, units of J; 0 where there are too few to tell.
-};
-
-Common commonOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>& sample,
+/// Without the blur.
+MarkLook lookOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>& sample,
                 const std::vector<RadialEdges>& all) {
-  Common common;
+  MarkLook common;
   double votes = 0.0;
   std::vector<double> strengths, radii;
   for (const RadialEdges& found : all) {
@@ -88,7 +83,7 @@ Common commonOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>
 }
 
 /// Whether there is a plain dot: ink and paper just inside and outside of its outline, and paper farther out.
-bool looksPlain(const GreyPicture& picture, const Common& common, const DotWork& dot) {
+bool looksPlain(const GreyPicture& picture, const MarkLook& common, const DotWork& dot) {
   constexpr int kDirections = 8;
   if (!(common.radius > 0.0) || !dot.slope_known) return false;
   const double scale = std::sqrt(std::abs(cv::determinant(dot.J)));
@@ -100,7 +95,7 @@ bool looksPlain(const GreyPicture& picture, const Common& common, const DotWork&
     const double angle = 2.0 * std::numbers::pi * (k + 0.5) / kDirections;
     const cv::Vec2d out = dot.J * cv::Vec2d(std::cos(angle), std::sin(angle));
     const auto greyOut = [&](double radius) {
-      return greyAt(picture.grey, dot.place->pixel.x + radius * out[0], dot.place->pixel.y + radius * out[1]);
+      return picture.between(dot.place->pixel.x + radius * out[0], dot.place->pixel.y + radius * out[1]);
     };
     inside += greyOut(common.radius - off);
     outside += greyOut(common.radius + off);
@@ -121,20 +116,58 @@ void findOutline(const GreyPicture& picture, double sign, DotWork& dot) {
   dot.blur = found->blur;
 }
 
-/// As a plain dot; without an outline where its size is another one, as that of a solid ring's core.
-void takePlain(const GreyPicture& picture, const Common& common, DotWork& dot) {
+/// As a plain dot would be.
+void assumePlain(const MarkLook& look, DotWork& dot) {
   dot.edges = 1;
-  dot.radii[0] = common.radius;
-  findOutline(picture, common.sign, dot);
-  if (dot.outline && std::abs(dot.boardRadius() / common.radius - 1.0) > kOtherSize) dot.outline.reset();
+  dot.radii[0] = look.radius;
+  dot.outline = outlineOfCircle(dot.place->pixel, dot.J, look.radius);
+  dot.blur = look.blur;
+  dot.state = DotState::kUnclear;
+  dot.assumed = true;
+}
+
+/// From what is seen.
+void findMark(const GreyPicture& picture, const MarkLook& look, const RadialEdges& found, DotWork& dot) {
+  dot.state = DotState::kCovered;
+  dot.assumed = false;
+  dot.edges = 0;
+  dot.outline.reset();
+  dot.fit.reset();
+  if (strengthOf(found) >= kFaint * look.strength) takeEdges(dot, found, look.sign);
+  if (dot.edges > 0) findOutline(picture, look.sign, dot);
+}
+
+/// Radius and blur of plain dots by the outlines of some of them.
+void measurePlain(const GreyPicture& picture, const std::vector<std::size_t>& sample, std::vector<DotWork>& dots,
+                  MarkLook& look) {
+  std::vector<double> radii, blurs;
+  for (const std::size_t k : sample) {
+    DotWork& dot = dots[k];
+    if (!looksPlain(picture, look, dot)) continue;
+    assumePlain(look, dot);
+    dot.outline.reset();
+    findOutline(picture, look.sign, dot);
+    if (!dot.outline) continue;
+    radii.push_back(dot.boardRadius());
+    blurs.push_back(dot.blur);
+  }
+  if (radii.empty()) {
+    look.radius = 0.0;
+    return;
+  }
+  look.radius = rank::upperMedian(radii);
+  look.blur = rank::upperMedian(blurs);
+}
+
+bool isUnlike(const DotWork& dot, const MarkLook& look) {
+  return !dot.refined() || std::abs(dot.boardRadius() / look.radius - 1.0) > kOtherSize;
 }
 
 }  // namespace
 
 double spacingOf(const std::vector<DotWork>& dots) {
   std::vector<double> nearest;
-  const std::size_t step = std::max<std::size_t>(dots.size() / kSampledDots, 1);
-  for (std::size_t k = 0; k < dots.size(); k += step) {
+  for (const std::size_t k : spreadChoice(dots.size(), kSampledDots)) {
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t other = 0; other < dots.size(); ++other) {
       if (other != k && dots[other].slope_known == dots[k].slope_known)
@@ -145,27 +178,34 @@ double spacingOf(const std::vector<DotWork>& dots) {
   return nearest.empty() ? 50.0 : rank::upperMedian(nearest);
 }
 
-void findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {
+MarkLook findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {
   const double reach = kReach * spacingOf(dots);
-  const auto edgesOf = [&](const DotWork& dot) { return radialEdges(picture, dot.place->pixel, dot.J, reach); };
-  std::vector<std::size_t> sample;
+  const std::vector<std::size_t> sample = spreadChoice(dots.size(), kSampledDots);
   std::vector<RadialEdges> all;
-  const std::size_t step = std::max<std::size_t>(dots.size() / kSampledDots, 1);
-  for (std::size_t k = 0; k < dots.size(); k += step) {
-    sample.push_back(k);
-    all.push_back(edgesOf(dots[k]));
-  }
-  const Common common = commonOf(dots, sample, all);
+  all.reserve(sample.size());
+  for (const std::size_t k : sample) all.push_back(radialEdges(picture, dots[k].place->pixel, dots[k].J, reach));
+  MarkLook look = lookOf(dots, sample, all);
+  look.reach = reach;
+  measurePlain(picture, sample, dots, look);
   for (DotWork& dot : dots) {
-    dot.state = DotState::kCovered;
-    if (looksPlain(picture, common, dot)) {
-      takePlain(picture, common, dot);
-      if (dot.outline) continue;
+    if (looksPlain(picture, look, dot)) {
+      assumePlain(look, dot);
+    } else {
+      findMark(picture, look, radialEdges(picture, dot.place->pixel, dot.J, reach), dot);
     }
-    const RadialEdges found = edgesOf(dot);
-    if (strengthOf(found) >= kFaint * common.strength) takeEdges(dot, found, common.sign);
-    if (dot.edges > 0) findOutline(picture, common.sign, dot);
   }
+  return look;
+}
+
+std::vector<std::size_t> findUnlikeMarks(const GreyPicture& picture, const MarkLook& look, std::vector<DotWork>& dots) {
+  std::vector<std::size_t> again;
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    DotWork& dot = dots[k];
+    if (!dot.assumed || !isUnlike(dot, look)) continue;
+    findMark(picture, look, radialEdges(picture, dot.place->pixel, dot.J, look.reach), dot);
+    again.push_back(k);
+  }
+  return again;
 }
 
 }  // namespace refine

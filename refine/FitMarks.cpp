@@ -5,7 +5,7 @@
 #include <numeric>
 
 #include "platform/Median.h"
-#include "refine/edge/EdgePixels.h"
+#include "refine/board/SpreadChoice.h"
 
 namespace refine {
 namespace {
@@ -126,7 +126,7 @@ std::vector<double> zoneVariances(const std::vector<DotWork>& dots, ZoneResidual
 
 /// Means over the refined marks.
 struct Greys {
-  double paper = 0.0, ink = 0.0, blur = 0.0;
+  double paper = 0.0, ink = 0.0, blur = 0.0, radius = 0.0;
   int marks = 0;
 };
 
@@ -137,10 +137,12 @@ Greys greysOf(const std::vector<DotWork>& dots) {
     greys.paper += dot.fit->model.paper;
     greys.ink += dot.fit->model.ink;
     greys.blur += dot.fit->model.blur;
+    greys.radius += dot.fit->model.outline.radius();
     ++greys.marks;
   }
   if (greys.marks == 0) return greys;
-  return {greys.paper / greys.marks, greys.ink / greys.marks, greys.blur / greys.marks, greys.marks};
+  const double share = 1.0 / greys.marks;
+  return {share * greys.paper, share * greys.ink, share * greys.blur, share * greys.radius, greys.marks};
 }
 
 NoiseLevel noiseOf(const GreyPicture& picture, const Greys& greys, const std::vector<DotWork>& dots) {
@@ -170,8 +172,7 @@ std::vector<std::size_t> sampleOf(const std::vector<DotWork>& dots) {
   for (std::size_t k = 0; k < dots.size(); ++k) {
     if (dots[k].outline) found.push_back(k);
   }
-  const std::size_t count = std::min(found.size(), kSampledMarks);
-  for (std::size_t k = 0; k < count; ++k) sample.push_back(found[k * found.size() / count]);
+  for (const std::size_t k : spreadChoice(found.size(), kSampledMarks)) sample.push_back(found[k]);
   return sample;
 }
 
@@ -182,14 +183,14 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
   const Sorted sorted(dots);
   EdgeFitting work;
   work.noise = known.noise;
-  work.blur = known.blur_origin;
+  work.sampled = known.sampled ? &*known.sampled : nullptr;
   std::vector<Neighbour> neighbours;
   for (const std::size_t k : which) {
     DotWork& dot = dots[k];
     if (!dot.outline) continue;
     sorted.neighboursOf(k, known.blur, neighbours);
     const EdgeModel model = modelOf(dot, known);
-    dot.state = stateOf(collectEdgePixels(picture, model, neighbours, work.table));
+    dot.state = stateOf(collectEdgePixels(picture, model, neighbours, known.pixels, work.table));
     if (!dot.refined()) continue;
     dot.fit = fitEdge(model, work);
     dot.state = dot.fit ? stateOf(*dot.fit, *dot.place) : DotState::kUnclear;
@@ -208,12 +209,13 @@ PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots
   known.blur = greys.blur;
   // Only with the light's slope taken out the paper's residuals are the noise.
   fitMarks(picture, known, sample, dots);
-  known.noise = noiseOf(picture, greysOf(dots), dots);
-  fitMarks(picture, known, sample, dots);
+  const NoiseLevel noise = noiseOf(picture, greysOf(dots), dots);
   const double misfit_of_lens = misfitOf(dots);
-  known.blur_origin = BlurOrigin::kFilter;
+  known.sampled.emplace(greys.blur, greys.radius);
   fitMarks(picture, known, sample, dots);
-  if (misfitOf(dots) >= misfit_of_lens) known.blur_origin = BlurOrigin::kLens;
+  if (misfitOf(dots) >= misfit_of_lens) known.sampled.reset();
+  known.noise = noise;
+  known.pixels = PixelChoice::kWhatTells;
   return known;
 }
 

@@ -10,8 +10,10 @@
 #include "refine/DotWork.h"
 #include "refine/FindMarks.h"
 #include "refine/FitMarks.h"
+#include "refine/board/BiasField.h"
 #include "refine/board/BoardSlope.h"
 #include "refine/board/ContourCentre.h"
+#include "refine/board/SpreadChoice.h"
 
 namespace refine {
 namespace {
@@ -23,10 +25,18 @@ using polarline::RefinedDot;
 /// the lens deserves.
 constexpr double kLensError = 0.01;
 constexpr int kPoseRounds = 2;
+/// Dots that do for a pose of which only slopes and biases are wanted.
+constexpr std::size_t kPoseDots = 200;
 /// A centre that misses the board's image by more than both is not its dot's: something lies across it that looks like
 /// an edge. A bent board or a lens that was calibrated badly moves neighbours alike and so the median, too.
 constexpr double kFar = 0.1;           ///< Pixels.
 constexpr double kFarByMedian = 10.0;  ///< Times the median of all.
+
+std::vector<PosePoint> someOf(const std::vector<PosePoint>& points) {
+  std::vector<PosePoint> some;
+  for (const std::size_t k : spreadChoice(points.size(), kPoseDots)) some.push_back(points[k]);
+  return some;
+}
 
 /// Slopes of the picture at the dots, by a pose of the places as they are given.
 void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
@@ -34,9 +44,10 @@ void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   for (const DotWork& dot : dots) {
     if (dot.place->board) points.push_back({*dot.place->board, dot.place->pixel});
   }
-  const auto first = firstPose(camera, points);
+  const std::vector<PosePoint> some = someOf(points);
+  const auto first = firstPose(camera, some);
   if (!first) return;
-  const auto fitted = fitPose(camera, *first, points);
+  const auto fitted = fitPose(camera, *first, some);
   if (!fitted) return;
   for (DotWork& dot : dots) {
     if (!dot.place->board) continue;
@@ -48,9 +59,8 @@ void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   }
 }
 
-/// The pose of the centres that the ellipses' centres stand for, from the one before on if there is one.
-std::optional<FittedPose> poseOf(const CalibratedCamera& camera, const std::vector<DotWork>& dots,
-                                 const std::optional<FittedPose>& before) {
+/// The refined centres that the ellipses' centres stand for.
+std::vector<PosePoint> refinedPoints(const std::vector<DotWork>& dots) {
   std::vector<PosePoint> points;
   for (const DotWork& dot : dots) {
     if (!dot.refined() || !dot.place->board) continue;
@@ -58,21 +68,45 @@ std::optional<FittedPose> poseOf(const CalibratedCamera& camera, const std::vect
     const double variance = 0.5 * (cov(0, 0) + cov(1, 1)) + kLensError * kLensError;
     points.push_back({*dot.place->board, dot.fit->model.outline.centre - dot.bias, 1.0 / variance});
   }
+  return points;
+}
+
+/// The pose of such centres, from the one before on if there is one.
+std::optional<FittedPose> poseOf(const CalibratedCamera& camera, const std::vector<PosePoint>& points,
+                                 const std::optional<FittedPose>& before) {
   const auto first = before ? before->pose : firstPose(camera, points);
   return first ? fitPose(camera, *first, points) : std::nullopt;
 }
 
+/// The field of the biases, for circles of the dots' median size.
+BiasField biasField(const CalibratedCamera& camera, const CameraPose& pose, const std::vector<DotWork>& dots) {
+  std::vector<cv::Point3d> places;
+  std::vector<double> radii;
+  for (const DotWork& dot : dots) {
+    if (!dot.refined() || !dot.place->board || !dot.slope_known) continue;
+    places.push_back(*dot.place->board);
+    radii.push_back(dot.boardRadius());
+  }
+  return {camera, pose, places, radii.empty() ? 1.0 : rank::upperMedian(radii)};
+}
+
 /// Biases of the outer edges, and the inner edges' offsets against them, as the pose has them.
 void findBiases(const CalibratedCamera& camera, const CameraPose& pose, std::vector<DotWork>& dots) {
+  const BiasField field = biasField(camera, pose, dots);
   for (DotWork& dot : dots) {
     if (!dot.refined() || !dot.place->board || !dot.slope_known) continue;
+    const cv::Point3d& board = *dot.place->board;
+    const auto biasOf = [&](double radius) {
+      const auto bias = field.biasOf(board, radius);
+      return bias ? bias : contourBias(camera, pose, board, radius);
+    };
     const double radius = dot.boardRadius();
-    const auto bias = contourBias(camera, pose, *dot.place->board, radius);
+    const auto bias = biasOf(radius);
     if (!bias) continue;
     dot.bias = *bias;
     EdgeModel& model = dot.fit->model;
     for (std::size_t k = 1; k < model.edges; ++k) {
-      const auto inner = contourBias(camera, pose, *dot.place->board, radius * model.ratio[k]);
+      const auto inner = biasOf(radius * model.ratio[k]);
       if (inner) model.offset[k] = *inner - *bias;
     }
   }
@@ -131,13 +165,13 @@ std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const 
                                               const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   std::optional<FittedPose> pose;
   for (int round = 0; round < kPoseRounds; ++round) {
-    pose = poseOf(camera, dots, pose);
+    pose = poseOf(camera, someOf(refinedPoints(dots)), pose);
     if (!pose) return std::nullopt;
     findBiases(camera, pose->pose, dots);
     if (round == 0) fitMarks(picture, known, ringsOf(dots), dots);
   }
-  pose = poseOf(camera, dots, pose);
-  if (pose && coverFarDots(camera, pose->pose, dots)) pose = poseOf(camera, dots, pose);
+  pose = poseOf(camera, refinedPoints(dots), pose);
+  if (pose && coverFarDots(camera, pose->pose, dots)) pose = poseOf(camera, refinedPoints(dots), pose);
   if (!pose) return std::nullopt;
   return RefinedPose{pose->pose.R, pose->pose.T, pose->rms};
 }
@@ -151,11 +185,12 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   std::vector<DotWork> dots(places.size());
   for (std::size_t k = 0; k < places.size(); ++k) dots[k].place = &places[k];
   findSlopes(camera, dots);
-  findMarks(grey, dots);
+  const MarkLook look = findMarks(grey, dots);
   const PictureState known = learnPicture(grey, dots);
   std::vector<std::size_t> all(dots.size());
   std::iota(all.begin(), all.end(), std::size_t{0});
   fitMarks(grey, known, all, dots);
+  fitMarks(grey, known, findUnlikeMarks(grey, look, dots), dots);
   // A part of what the model misses is alike on opposite sides of a dot and does not move its centre. The root is what
   // rendered pictures of all kinds bear out, not derived.
   const double misfit = std::sqrt(misfitOf(dots));

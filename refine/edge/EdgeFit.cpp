@@ -11,11 +11,10 @@ namespace refine {
 namespace {
 
 constexpr int kSteps = 12;
-/// Pixels. The method's error falls to some hundredths with each step, so that what is left is below a ten-thousandth.
-constexpr double kSettled = 0.003;
+/// Pixels. The method's error falls to some hundredths with each step: what is left is some ten-thousandths.
+constexpr double kSettled = 0.01;
 constexpr double kLongestStep = 0.5;  ///< Pixels.
-constexpr double kNearby = 0.03;      ///< Pixels; the sampling of the pixels tells from here on,
-constexpr double kAsSampled = 0.004;  ///< and changes when the centre has moved by more than this.
+constexpr float kStartOff = 0.15F;    ///< Pixels; what an outline may well be off by at first.
 constexpr double kSharpest = 0.2;     ///< Pixels; a pixel's own width blurs by 0.29.
 constexpr double kSoftest = 8.0;
 constexpr float kTukey = 6.0F;  ///< Standard deviations; 99 of 100 parts of the efficiency with Gaussian noise.
@@ -61,7 +60,7 @@ NoiseLevel noiseOfResiduals(const EdgeModel& model, EdgeFitting& work) {
 }
 
 /// Residuals of the evaluated model and their weights, for a `first` guess with room for what it is off by. The noise
-/// that they were weighted with.
+/// of the pixels.
 NoiseLevel weigh(const EdgeModel& model, bool first, EdgeFitting& work) {
   const EdgeTable& table = work.table;
   const Eigen::Index n = table.size();
@@ -71,13 +70,14 @@ NoiseLevel weigh(const EdgeModel& model, bool first, EdgeFitting& work) {
     work.weighted.resize(2 * n, Eigen::NoChange);
   }
   work.residuals.head(n) = table.grey() - table.modelGrey();
-  NoiseLevel noise = work.noise && !first ? *work.noise : noiseOfResiduals(model, work);
-  if (work.noise && first) noise.base = std::max(noise.base, work.noise->variance(model.paper));
+  const NoiseLevel noise = work.noise ? *work.noise : noiseOfResiduals(model, work);
   const auto base = static_cast<float>(noise.base), slope = static_cast<float>(noise.slope);
   const auto least = static_cast<float>(noise.least);
   const auto r = work.residuals.head(n);
   auto w = work.weights.head(n);
-  w = (base + slope * table.modelGrey()).max(least).inverse();
+  w = (base + slope * table.modelGrey()).max(least);
+  if (work.noise && first) w += kStartOff * kStartOff * table.slopes(2).array().square().rowwise().sum();
+  w = w.inverse();
   w *= (1.0F - r.square() * w / (kTukey * kTukey)).max(0.0F).square();
   return noise;
 }
@@ -115,7 +115,7 @@ std::optional<double> stepped(EdgeModel& model, const Vector& step) {
   return length;
 }
 
-/// After a fit: the residuals by zone. The table is that of the last evaluation, a step of some thousandths ago.
+/// After a fit: the residuals by zone. The table is that of the last evaluation, a step of a hundredth ago at most.
 void measureResiduals(const NoiseLevel& noise, const EdgeFitting& work, EdgeFit& fit) {
   const auto flat = static_cast<float>(kFlat * fit.model.blur), on_edge = static_cast<float>(kOnEdge * fit.model.blur);
   const auto allowed = static_cast<float>(std::pow(kModelError * (fit.model.paper - fit.model.ink), 2));
@@ -143,26 +143,16 @@ std::optional<EdgeFit> fitEdge(const EdgeModel& start, EdgeFitting& work) {
   const auto unknowns = static_cast<Eigen::Index>(start.unknowns());
   if (work.table.size() < 2 * unknowns) return std::nullopt;
   if (start.paper == start.ink && !guessGreys(fit.model, work.table)) return std::nullopt;
-  std::optional<cv::Point2d> sampled;
-  work.table.evaluate(fit.model);
   for (int step = 0; step < kSteps; ++step) {
+    work.table.evaluate(fit.model, work.sampled);
     const NoiseLevel noise = weigh(fit.model, step == 0, work);
     const NormalEquations equations = normalEquations(unknowns, work);
     const Eigen::LDLT<Normal, Eigen::Lower> solver(equations.normal);
     if (solver.info() != Eigen::Success || !solver.isPositive()) return std::nullopt;
     const std::optional<double> length = stepped(fit.model, solver.solve(equations.right));
     if (!length) return std::nullopt;
-    if (work.blur == BlurOrigin::kFilter && *length < kNearby && step + 2 < kSteps &&
-        !(sampled && cv::norm(*sampled - fit.model.outline.centre) < kAsSampled)) {
-      work.table.evaluate(fit.model);
-      takeOffSampling(fit.model, work.table, work.sampling);
-      sampled = fit.model.outline.centre;
-      continue;
-    }
-    if ((step == 0 || *length > kSettled) && step + 1 < kSteps) {  // The first step's weights are a guess.
-      work.table.evaluate(fit.model);
-      continue;
-    }
+    // The first step's weights are a guess.
+    if ((step == 0 || *length > kSettled) && step + 1 < kSteps) continue;
     using Unit = Eigen::Matrix<double, Eigen::Dynamic, 2, 0, kMost, 2>;
     const Unit inverse = solver.solve(Unit::Identity(unknowns, 2));
     fit.covariance = {inverse(0, 0), inverse(0, 1), inverse(1, 0), inverse(1, 1)};

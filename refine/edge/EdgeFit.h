@@ -33,13 +33,12 @@ struct EdgeFit {
 
 /// What a fit starts from and works in.
 struct EdgeFitting {
-  std::optional<NoiseLevel> noise;  ///< None: the scale is that of the median residual on the edge (Huber 1981).
-  BlurOrigin blur = BlurOrigin::kLens;
-  EdgeTable table;  ///< The pixels.
+  std::optional<NoiseLevel> noise;       ///< None: the scale is that of the median residual on the edge (Huber 1981).
+  const SampledBlur* sampled = nullptr;  ///< Of a picture that is blurred behind its pixels.
+  EdgeTable table;                       ///< The pixels.
   Eigen::ArrayXf residuals, weights;
   EdgeTable::Slopes weighted;
   std::vector<float> sorted;
-  SampledBlurMemory sampling;
 };
 
 /// Fits a model to the table's pixels by the method of Gauss and Newton, every pixel weighted by the inverse of its

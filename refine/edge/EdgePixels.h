@@ -26,8 +26,12 @@ inline constexpr double kEdgeReach = 2.6;
 /// Pixels this near, in the same, hold nearly all that is known of its place.
 inline constexpr double kOnEdge = 1.5;
 
+/// How many of the pixels are taken. Flat paper and ink tell nothing of the centre, so that some of them do, and the
+/// edge of a large mark tells more than is asked for.
+enum class PixelChoice { kAll, kWhatTells };
+
 /// Puts the pixels around a mark's edges into the table, without those that a neighbour's edge changes.
 EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,
-                             const std::vector<Neighbour>& neighbours, EdgeTable& table);
+                             const std::vector<Neighbour>& neighbours, PixelChoice choice, EdgeTable& table);
 
 }  // namespace refine

@@ -9,6 +9,8 @@
 namespace refine {
 namespace {
 
+/// No power of two, so that the columns of a matrix do not lie in the same places of the processor's cache.
+constexpr Eigen::Index kFirstRows = 1040;
 constexpr float kFlat = 5.0F;  ///< Beyond this the edge is over, in standard deviations.
 
 /// exp(x) for -20 <= x <= 0, right to 2e-7 of itself: a power of two times a polynomial.
@@ -31,6 +33,59 @@ inline float tailOf(float u, float bell) {
   return 0.5F * bell * t * (a1 + t * (a2 + t * (a3 + t * (a4 + t * a5))));
 }
 
+/// A model's outline and light as single numbers, the centre from the table's origin.
+struct OutlineNumbers {
+  float cx, cy, xx, xy, yy;
+  float light, light_x, light_y;  ///< At the origin, and its change by pixel.
+};
+
+OutlineNumbers outlineNumbers(const EdgeModel& model, const cv::Point& origin) {
+  const Outline& outline = model.outline;
+  const auto number = [](double value) { return static_cast<float>(value); };
+  return {number(outline.centre.x - origin.x),
+          number(outline.centre.y - origin.y),
+          number(outline.xx),
+          number(outline.xy),
+          number(outline.yy),
+          number(1.0 - model.light.dot(model.light_origin - cv::Point2d(origin))),
+          number(model.light.x),
+          number(model.light.y)};
+}
+
+// The loops over pixels stand in functions of their own: that their columns are apart from each other is told by the
+// parameters, and only then do compilers work on several pixels at once.
+
+void placeAll(Eigen::Index n, const OutlineNumbers& of, const float* __restrict px, const float* __restrict py,
+              float* __restrict nx, float* __restrict ny, float* __restrict reach, float* __restrict along,
+              float* __restrict light) {
+  const OutlineNumbers o = of;
+  for (Eigen::Index i = 0; i < n; ++i) {
+    const float dx = px[i] - o.cx, dy = py[i] - o.cy;
+    const float mx = o.yy * dx - o.xy * dy, my = o.xx * dy - o.xy * dx;
+    const float by_length = 1.0F / std::sqrt(mx * mx + my * my + 1e-20F);
+    const float x = mx * by_length, y = my * by_length;
+    nx[i] = x;
+    ny[i] = y;
+    reach[i] = std::sqrt(o.xx * x * x + 2.0F * o.xy * x * y + o.yy * y * y + 1e-12F);
+    along[i] = x * dx + y * dy;
+    light[i] = o.light + o.light_x * px[i] + o.light_y * py[i];
+  }
+}
+
+/// Share of ink and its slope by the distance, of an edge at the distances `away`.
+void blurAll(Eigen::Index n, float by_blur, const float* __restrict away, float* __restrict share,
+             float* __restrict bell) {
+  const float peak = by_blur * static_cast<float>(0.5 * std::numbers::inv_sqrtpi * std::numbers::sqrt2);
+  for (Eigen::Index i = 0; i < n; ++i) {
+    const float u = away[i] * by_blur, distance = std::abs(u);
+    const float size = distance < kFlat ? distance : kFlat;
+    const float exponential = expOf(-0.5F * size * size);
+    const float tail = tailOf(size, exponential), rest = 1.0F - tail, slope = peak * exponential;
+    share[i] = u > 0.0F ? tail : rest;
+    bell[i] = distance < kFlat ? slope : 0.0F;
+  }
+}
+
 }  // namespace
 
 void EdgeTable::clear(const cv::Point& origin) {
@@ -39,18 +94,18 @@ void EdgeTable::clear(const cv::Point& origin) {
 }
 
 void EdgeTable::reserve(Eigen::Index rows) {
-  for (Column* column : {&x_, &y_, &seen_, &grey_}) column->conservativeResize(rows);
-  for (Column* column :
-       {&model_, &distance_, &nx_, &ny_, &reach_, &along_, &light_, &covered_, &by_along_, &by_reach_, &by_blur_})
+  for (Column* column : {&x_, &y_, &grey_}) column->conservativeResize(rows);
+  for (Column* column : {&model_, &distance_, &nx_, &ny_, &reach_, &along_, &light_, &away_, &share_, &bell_, &covered_,
+                         &by_along_, &by_reach_, &by_blur_})
     column->resize(rows);
   slopes_.resize(rows, Eigen::NoChange);
 }
 
 void EdgeTable::add(int column, int row, float grey) {
-  if (size_ == x_.size()) reserve(std::max<Eigen::Index>(2 * size_, 1024));
+  if (size_ == x_.size()) reserve(std::max<Eigen::Index>(2 * size_, kFirstRows));
   x_(size_) = static_cast<float>(column - origin_.x);
   y_(size_) = static_cast<float>(row - origin_.y);
-  seen_(size_) = grey_(size_) = grey;
+  grey_(size_) = grey;
   ++size_;
 }
 
@@ -59,54 +114,36 @@ cv::Point EdgeTable::pixel(Eigen::Index i) const {
 }
 
 void EdgeTable::placePixels(const EdgeModel& model) {
-  const Outline& outline = model.outline;
-  const auto cx = static_cast<float>(outline.centre.x - origin_.x),
-             cy = static_cast<float>(outline.centre.y - origin_.y);
-  const auto xx = static_cast<float>(outline.xx), xy = static_cast<float>(outline.xy),
-             yy = static_cast<float>(outline.yy);
-  const auto lx = static_cast<float>(model.light.x), ly = static_cast<float>(model.light.y);
-  const auto l0 = static_cast<float>(1.0 - model.light.dot(model.light_origin - cv::Point2d(origin_)));
-  const float* const px = x_.data();
-  const float* const py = y_.data();
-  float* const nx = nx_.data();
-  float* const ny = ny_.data();
-  float* const reach = reach_.data();
-  float* const along = along_.data();
-  float* const light = light_.data();
-  for (Eigen::Index i = 0; i < size_; ++i) {
-    const float dx = px[i] - cx, dy = py[i] - cy;
-    const float mx = yy * dx - xy * dy, my = xx * dy - xy * dx;
-    const float by_length = 1.0F / std::sqrt(mx * mx + my * my + 1e-20F);
-    nx[i] = mx * by_length;
-    ny[i] = my * by_length;
-    reach[i] = std::sqrt(xx * nx[i] * nx[i] + 2.0F * xy * nx[i] * ny[i] + yy * ny[i] * ny[i] + 1e-12F);
-    along[i] = nx[i] * dx + ny[i] * dy;
-    light[i] = l0 + lx * px[i] + ly * py[i];
-  }
+  placeAll(size_, outlineNumbers(model, origin_), x_.data(), y_.data(), nx_.data(), ny_.data(), reach_.data(),
+           along_.data(), light_.data());
 }
 
-void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge) {
+void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const SampledBlur* sampled) {
   const auto ox = static_cast<float>(model.offset[edge].x), oy = static_cast<float>(model.offset[edge].y);
-  const auto ratio = static_cast<float>(model.ratio[edge]);
-  const auto by_blur = static_cast<float>(1.0 / model.blur);
+  const auto ratio = static_cast<float>(model.ratio[edge]), by_blur = static_cast<float>(1.0 / model.blur);
   const float sign = edge % 2 == 0 ? 1.0F : -1.0F;
-  const float peak = sign * by_blur * static_cast<float>(0.5 * std::numbers::inv_sqrtpi * std::numbers::sqrt2);
-  const auto step = static_cast<float>(model.ink - model.paper);
-  float* const by_ratio = edge > 0 ? slopes_.col(static_cast<Eigen::Index>(7 + edge)).data() : nullptr;
-  for (Eigen::Index i = 0; i < size_; ++i) {
-    const float t = along_[i] - nx_[i] * ox - ny_[i] * oy - ratio * reach_[i];
-    const float u = t * by_blur;
-    const float size = std::min(std::abs(u), kFlat);
-    const float exponential = expOf(-0.5F * size * size);
-    const float tail = tailOf(size, exponential);
-    covered_[i] += sign * (u > 0.0F ? tail : 1.0F - tail);
-    const float bell = size < kFlat ? peak * exponential : 0.0F;
-    by_along_[i] -= bell;
-    by_reach_[i] += bell * ratio;
-    by_blur_[i] += bell * u;
-    distance_[i] = std::abs(t) < std::abs(distance_[i]) ? t : distance_[i];
-    if (by_ratio != nullptr) by_ratio[i] = light_[i] * step * bell * reach_[i];
+  const auto n = size_;
+  const auto nx = nx_.head(n), ny = ny_.head(n), reach = reach_.head(n);
+  auto away = away_.head(n), share = share_.head(n), bell = bell_.head(n), nearest = distance_.head(n);
+  away = along_.head(n) - ox * nx - oy * ny - ratio * reach;
+  blurAll(n, by_blur, away_.data(), share_.data(), bell_.data());
+  if (sampled != nullptr) addDeparture(*sampled);
+  bell *= sign;
+  covered_.head(n) += sign * share;
+  by_along_.head(n) -= bell;
+  by_reach_.head(n) += ratio * bell;
+  by_blur_.head(n) += by_blur * bell * away;
+  if (edge == 0) {
+    nearest = away;
+    return;
   }
+  nearest = (away.abs() < nearest.abs()).select(away, nearest);
+  slopes_.col(static_cast<Eigen::Index>(7 + edge)).head(n).array() =
+      static_cast<float>(model.ink - model.paper) * light_.head(n) * bell * reach;
+}
+
+void EdgeTable::addDeparture(const SampledBlur& sampled) {
+  for (Eigen::Index i = 0; i < size_; ++i) share_[i] += sampled.departure(away_[i], nx_[i], ny_[i]);
 }
 
 void EdgeTable::formSlopes(const EdgeModel& model) {
@@ -125,11 +162,10 @@ void EdgeTable::formSlopes(const EdgeModel& model) {
   slopes_.col(7).head(n).array() = step * light * by_blur_.head(n);
 }
 
-void EdgeTable::evaluate(const EdgeModel& model) {
+void EdgeTable::evaluate(const EdgeModel& model, const SampledBlur* sampled) {
   placePixels(model);
   for (Column* column : {&covered_, &by_along_, &by_reach_, &by_blur_}) column->head(size_).setZero();
-  distance_.head(size_).setConstant(1e9F);
-  for (std::size_t edge = 0; edge < model.edges; ++edge) addEdge(model, edge);
+  for (std::size_t edge = 0; edge < model.edges; ++edge) addEdge(model, edge, sampled);
   formSlopes(model);
 }
 

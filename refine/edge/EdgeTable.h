@@ -3,6 +3,7 @@
 #include <Eigen/Core>
 
 #include "refine/edge/EdgeModel.h"
+#include "refine/edge/SampledBlur.h"
 
 namespace refine {
 
@@ -20,18 +21,16 @@ class EdgeTable {
   const cv::Point& origin() const { return origin_; }
   cv::Point pixel(Eigen::Index i) const;
 
-  /// What was seen, less the model's own departure from a smooth picture where one is taken off.
+  /// What was seen.
   auto grey() const { return grey_.head(size_); }
-  /// Takes `departure` off the grey that was seen at a pixel.
-  void correct(Eigen::Index i, float departure) { grey_(i) = seen_(i) - departure; }
 
   /// Grey of a model at each pixel, its slopes by the unknowns in their order, and the signed distance from its nearest
   /// edge, outwards positive, in pixels.
   ///
   /// The edge of a circle much larger than its blur is that of a straight line, Phi(-t / s). The next term, of
   /// curvature, moves it by s^2 / (2 r) on all sides alike and so leaves the centre alone. Phi after Abramowitz and
-  /// Stegun 1964, 7.1.26, right to 1.5e-7.
-  void evaluate(const EdgeModel& model);
+  /// Stegun 1964, 7.1.26, right to 1.5e-7. `sampled`: what a filter behind the pixels adds, or none.
+  void evaluate(const EdgeModel& model, const SampledBlur* sampled = nullptr);
   auto modelGrey() const { return model_.head(size_); }
   auto distance() const { return distance_.head(size_); }
   auto slopes(Eigen::Index unknowns) const { return slopes_.topLeftCorner(size_, unknowns); }
@@ -39,13 +38,15 @@ class EdgeTable {
  private:
   void reserve(Eigen::Index rows);
   void placePixels(const EdgeModel& model);
-  void addEdge(const EdgeModel& model, std::size_t edge);
+  void addEdge(const EdgeModel& model, std::size_t edge, const SampledBlur* sampled);
+  void addDeparture(const SampledBlur& sampled);
   void formSlopes(const EdgeModel& model);
 
   cv::Point origin_;
   Eigen::Index size_ = 0;
-  Column x_, y_, seen_, grey_, model_, distance_;
+  Column x_, y_, grey_, model_, distance_;
   Column nx_, ny_, reach_, along_, light_;          ///< Of the model's outline and light.
+  Column away_, share_, bell_;                      ///< Of the edge at hand: signed distance, share of ink, its slope.
   Column covered_, by_along_, by_reach_, by_blur_;  ///< Share of ink and its slopes.
   Slopes slopes_;
 };

@@ -1,139 +1,99 @@
 #include "refine/edge/SampledBlur.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <numbers>
 
 namespace refine {
 namespace {
 
 constexpr double kPixelVariance = 1.0 / 12.0;
 constexpr double kLeastVariance = 0.04;
-constexpr int kMostReach = 12;
+constexpr int kMostTaps = 12;
 constexpr double kReach = 4.0;  ///< Standard deviations.
+/// Of the unit normal's smaller part.
+constexpr float kLargest = 0.5F * std::numbers::sqrt2_v<float>;
 
 /// The sampled Gaussian, one half with the middle.
 struct Filter {
-  std::array<float, kMostReach + 1> weight{};
+  std::array<double, kMostTaps + 1> weight{};
   int reach = 0;
+
+  double at(int k) const { return weight[static_cast<std::size_t>(std::abs(k))]; }
 };
 
 Filter filterOf(double blur) {
   const double variance = std::max(blur * blur - kPixelVariance, kLeastVariance);
   Filter filter;
-  filter.reach = std::min(static_cast<int>(std::ceil(kReach * std::sqrt(variance))), kMostReach);
+  filter.reach = std::min(static_cast<int>(std::ceil(kReach * std::sqrt(variance))), kMostTaps);
   double sum = 0.0;
   for (int k = 0; k <= filter.reach; ++k) sum += (k == 0 ? 1.0 : 2.0) * std::exp(-0.5 * k * k / variance);
   for (int k = 0; k <= filter.reach; ++k)
-    filter.weight[static_cast<std::size_t>(k)] = static_cast<float>(std::exp(-0.5 * k * k / variance) / sum);
+    filter.weight[static_cast<std::size_t>(k)] = std::exp(-0.5 * k * k / variance) / sum;
   return filter;
 }
 
 /// Integral of the positive part, squared and halved.
-inline float ramp(float x) {
-  const float positive = std::max(x, 0.0F);
-  return 0.5F * positive * positive;
+double ramp(double x) {
+  const double positive = std::max(x, 0.0);
+  return 0.5 * positive * positive;
 }
 
 /// Share of a unit square on the near side of a straight line at the distance t from its middle, whose normal is (a, b)
 /// with both positive: the integral of a box of a width convolved with one of b.
-inline float shareOf(float t, float a, float b) {
-  const float wide = std::max(a, 1e-3F), high = std::max(b, 1e-3F);
-  const float sum = 0.5F * (wide + high), difference = 0.5F * (wide - high);
-  const float area = ramp(sum - t) - ramp(difference - t) - ramp(-difference - t) + ramp(-sum - t);
-  return std::clamp(area / (wide * high), 0.0F, 1.0F);
+double shareOf(double t, double a, double b) {
+  const double wide = std::max(a, 1e-6), high = std::max(b, 1e-6);
+  const double sum = 0.5 * (wide + high), difference = 0.5 * (wide - high);
+  const double area = ramp(sum - t) - ramp(difference - t) - ramp(-difference - t) + ramp(-sum - t);
+  return std::clamp(area / (wide * high), 0.0, 1.0);
 }
 
-/// Half the way from the first to the last column of a row whose pixels lie wholly within the innermost edge.
-float wholeWithin(const EdgeModel& model, double dy) {
-  constexpr double kHalfDiagonal = 0.75;
-  double least = model.outline.leastRadius();
-  for (std::size_t k = 0; k < model.edges; ++k)
-    least = std::min(least, model.ratio[k] * model.outline.leastRadius() - cv::norm(model.offset[k]));
-  const double hollow = std::max(least - kHalfDiagonal, 0.0);
-  return static_cast<float>(std::sqrt(std::max(hollow * hollow - dy * dy, 0.0)));
-}
-
-/// Share of ink of a row of pixels.
-void coverRow(const EdgeModel& model, int first_column, int row, cv::Mat& covered, int to_row) {
-  const Outline& outline = model.outline;
-  const auto xx = static_cast<float>(outline.xx), xy = static_cast<float>(outline.xy),
-             yy = static_cast<float>(outline.yy);
-  const auto left = static_cast<float>(first_column - outline.centre.x);
-  const auto dy = static_cast<float>(row - outline.centre.y);
-  const float whole = wholeWithin(model, row - outline.centre.y);
-  const float innermost = model.edges % 2 == 0 ? 0.0F : 1.0F;
-  auto* const to = covered.ptr<float>(to_row);
-  for (int column = 0; column < covered.cols; ++column) {
-    const float dx = left + static_cast<float>(column);
-    if (std::abs(dx) < whole) {
-      to[column] = innermost;
-      continue;
+/// Share of ink of a pixel at (x, y) from the middle of a circle, filtered.
+double filteredShare(double x, double y, double radius, const Filter& filter) {
+  double sum = 0.0;
+  for (int row = -filter.reach; row <= filter.reach; ++row) {
+    for (int column = -filter.reach; column <= filter.reach; ++column) {
+      const double dx = x + column, dy = y + row;
+      const double distance = std::max(std::sqrt(dx * dx + dy * dy), 1e-9);
+      const double share = shareOf(distance - radius, std::abs(dx) / distance, std::abs(dy) / distance);
+      sum += filter.at(row) * filter.at(column) * share;
     }
-    const float mx = yy * dx - xy * dy, my = xx * dy - xy * dx;
-    const float by_length = 1.0F / std::sqrt(mx * mx + my * my + 1e-20F);
-    const float nx = mx * by_length, ny = my * by_length;
-    const float reach = std::sqrt(xx * nx * nx + 2.0F * xy * nx * ny + yy * ny * ny + 1e-12F);
-    const float along = nx * dx + ny * dy;
-    float share = 0.0F;
-    for (std::size_t k = 0; k < model.edges; ++k) {
-      const float t = along - nx * static_cast<float>(model.offset[k].x) - ny * static_cast<float>(model.offset[k].y) -
-                      static_cast<float>(model.ratio[k]) * reach;
-      const float inside = shareOf(t, std::abs(nx), std::abs(ny));
-      share += k % 2 == 0 ? inside : -inside;
-    }
-    to[column] = share;
   }
-}
-
-/// Both sides of the middle.
-inline float filtered(const float* middle, const Filter& filter) {
-  float sum = filter.weight[0] * middle[0];
-  for (int k = 1; k <= filter.reach; ++k) sum += filter.weight[static_cast<std::size_t>(k)] * (middle[-k] + middle[k]);
   return sum;
-}
-
-/// A row of the picture filtered down its columns; row by row, so that one instruction works on several columns.
-void filterDown(const cv::Mat& covered, int row, const Filter& filter, float* to) {
-  const auto* const middle = covered.ptr<float>(row);
-  for (int column = 0; column < covered.cols; ++column) to[column] = filter.weight[0] * middle[column];
-  for (int k = 1; k <= filter.reach; ++k) {
-    const float weight = filter.weight[static_cast<std::size_t>(k)];
-    const auto* const above = covered.ptr<float>(row - k);
-    const auto* const below = covered.ptr<float>(row + k);
-    for (int column = 0; column < covered.cols; ++column) to[column] += weight * (above[column] + below[column]);
-  }
-}
-
-void grow(cv::Mat& memory, const cv::Size& size) {
-  if (memory.rows < size.height || memory.cols < size.width)
-    memory.create(std::max(memory.rows, size.height), std::max(memory.cols, size.width), CV_32F);
 }
 
 }  // namespace
 
-void takeOffSampling(const EdgeModel& model, EdgeTable& table, SampledBlurMemory& memory) {
-  if (table.size() == 0) return;
-  const Filter filter = filterOf(model.blur);
-  cv::Point low = table.pixel(0), high = low;
-  for (Eigen::Index i = 1; i < table.size(); ++i) {
-    const cv::Point pixel = table.pixel(i);
-    low = {std::min(low.x, pixel.x), std::min(low.y, pixel.y)};
-    high = {std::max(high.x, pixel.x), std::max(high.y, pixel.y)};
+SampledBlur::SampledBlur(double blur, double radius) {
+  const Filter filter = filterOf(blur);
+  const double reach = kReach * blur, step = 2.0 * reach / static_cast<double>(kDistances - 1);
+  reach_ = static_cast<float>(reach);
+  by_step_ = static_cast<float>(1.0 / step);
+  for (std::size_t angle = 0; angle < kAngles; ++angle) {
+    const double small = static_cast<double>(kLargest) * static_cast<double>(angle) / static_cast<double>(kAngles - 1);
+    const double large = std::sqrt(1.0 - small * small);
+    for (std::size_t k = 0; k < kDistances; ++k) {
+      const double t = -reach + step * static_cast<double>(k);
+      const double smooth = 0.5 * std::erfc(t / blur / std::numbers::sqrt2);
+      const double from_middle = std::max(radius + t, 0.0);
+      shares_[angle][k] =
+          static_cast<float>(filteredShare(from_middle * large, from_middle * small, radius, filter) - smooth);
+    }
   }
-  const int reach = filter.reach;
-  const cv::Size size(high.x - low.x + 1 + 2 * reach, high.y - low.y + 1 + 2 * reach);
-  for (cv::Mat* mat : {&memory.covered, &memory.down}) grow(*mat, size);
-  cv::Mat covered = memory.covered(cv::Rect({0, 0}, size)), down = memory.down(cv::Rect({0, 0}, size));
-  for (int row = 0; row < size.height; ++row) coverRow(model, low.x - reach, low.y - reach + row, covered, row);
-  for (int row = reach; row < size.height - reach; ++row) filterDown(covered, row, filter, down.ptr<float>(row));
-  const auto step = static_cast<float>(model.ink - model.paper), paper = static_cast<float>(model.paper);
-  for (Eigen::Index i = 0; i < table.size(); ++i) {
-    const cv::Point at = table.pixel(i) - low;
-    const float share = filtered(down.ptr<float>(at.y + reach) + at.x + reach, filter);
-    const auto light = static_cast<float>(1.0 + model.light.dot(cv::Point2d(at + low) - model.light_origin));
-    table.correct(i, light * (paper + step * share) - table.modelGrey()(i));
-  }
+}
+
+float SampledBlur::departure(float t, float nx, float ny) const {
+  const float place = (t + reach_) * by_step_;
+  if (!(place >= 0.0F) || place >= static_cast<float>(kDistances - 1)) return 0.0F;
+  const float small = std::min(std::min(std::abs(nx), std::abs(ny)) / kLargest, 0.999999F);
+  const float turned = small * static_cast<float>(kAngles - 1);
+  const auto angle = static_cast<std::size_t>(turned), k = static_cast<std::size_t>(place);
+  const float across = turned - static_cast<float>(angle), along = place - static_cast<float>(k);
+  const auto& below = shares_[angle];
+  const auto& above = shares_[angle + 1];
+  const float first = below[k] + along * (below[k + 1] - below[k]);
+  const float second = above[k] + along * (above[k + 1] - above[k]);
+  return first + across * (second - first);
 }
 
 }  // namespace refine

@@ -1,25 +1,31 @@
 #pragma once
 
-#include <opencv2/core.hpp>
-
-#include "refine/edge/EdgeModel.h"
-#include "refine/edge/EdgeTable.h"
+#include <array>
+#include <cstddef>
 
 namespace refine {
 
-/// Where a picture's blur comes from: of the lens, before the pixels see it, or of a filter behind them. The edges of
-/// the first are smooth whatever the pixels; the second's still tell how each pixel was cut by the edge, and a smooth
-/// model of them is some thousandths of a pixel off, differently for each dot.
-enum class BlurOrigin { kLens, kFilter };
+/// What the edges of a picture that is blurred behind its pixels have beside a smooth edge. A lens blurs before the
+/// pixels see it, and its edges are smooth. After a filter behind them each pixel still tells how it was cut by the
+/// edge, and a smooth model is some thousandths of a pixel off, differently for each dot.
+///
+/// The share of each pixel's square that is covered, filtered by the sampled Gaussian, depends on the distance and the
+/// direction of the edge alone, as long as marks are about of one size. So it is worked out once a picture.
+class SampledBlur {
+ public:
+  /// `blur`: standard deviation of the edges, the pixel's own width in it; `radius`: of the marks; pixels.
+  SampledBlur(double blur, double radius);
 
-/// Memory of `takeOffSampling`.
-struct SampledBlurMemory {
-  cv::Mat covered, across, down;
+  /// Share of ink beyond that of the smooth edge at the distance t outside of an edge with the unit normal (nx, ny).
+  float departure(float t, float nx, float ny) const;
+
+ private:
+  static constexpr std::size_t kAngles = 17;
+  static constexpr std::size_t kDistances = 161;
+
+  float reach_ = 0.0F;                                           ///< Beyond this distance there is none.
+  float by_step_ = 0.0F;                                         ///< Places of the table by pixel.
+  std::array<std::array<float, kDistances>, kAngles> shares_{};  ///< By the smaller part of the normal, and by t.
 };
-
-/// Takes off each pixel of the table what a filter behind the pixels makes differ from a smooth edge of the same blur:
-/// the share of each pixel's square that is covered, filtered by the sampled Gaussian, less the model. The model has
-/// just been evaluated. Meant for models that are a few hundredths of a pixel off or better.
-void takeOffSampling(const EdgeModel& model, EdgeTable& table, SampledBlurMemory& memory);
 
 }  // namespace refine

@@ -18,14 +18,12 @@ struct Gradient {
 };
 
 /// Differences over two pixels, smoothed across with the weights that turn least with the direction (Scharr 2000).
-Gradient gradientAt(const cv::Mat& grey, int column, int row) {
+Gradient gradientAt(const GreyPicture& picture, int column, int row) {
   constexpr double kSide = 3.0 / 32.0, kMiddle = 10.0 / 32.0;
-  const auto* const up = grey.ptr<float>(row - 1) + column;
-  const auto* const at = grey.ptr<float>(row) + column;
-  const auto* const down = grey.ptr<float>(row + 1) + column;
-  const double falling = static_cast<double>(down[1]) - up[-1], rising = static_cast<double>(up[1]) - down[-1];
-  return {kSide * (falling + rising) + kMiddle * (static_cast<double>(at[1]) - at[-1]),
-          kSide * (falling - rising) + kMiddle * (static_cast<double>(down[0]) - up[0])};
+  const auto at = [&](int down, int across) -> double { return picture.at(row + down, column + across); };
+  const double falling = at(1, 1) - at(-1, -1), rising = at(-1, 1) - at(1, -1);
+  return {kSide * (falling + rising) + kMiddle * (at(0, 1) - at(0, -1)),
+          kSide * (falling - rising) + kMiddle * (at(1, 0) - at(-1, 0))};
 }
 
 struct Range {
@@ -45,11 +43,11 @@ struct BandSums {
 
   explicit BandSums(const cv::Point2d& origin) : fit(origin) {}
 
-  void add(const cv::Mat& grey, int column, int row, const Outline& around, const GradientBand& band) {
+  void add(const GreyPicture& picture, int column, int row, const Outline& around, const GradientBand& band) {
     const EdgePlace place = edgePlace(around, column, row);
     const double outside = place.outside();
     if (outside < -band.inner || outside > band.outer) return;
-    const Gradient g = gradientAt(grey, column, row);
+    const Gradient g = gradientAt(picture, column, row);
     const double squared = g.x * g.x + g.y * g.y;
     const double across = band.sign * (g.x * place.nx + g.y * place.ny);
     if (!(across > 0.0) || across * across < kAcross * kAcross * squared) return;
@@ -60,19 +58,19 @@ struct BandSums {
   }
 };
 
-BandSums sumsOf(const cv::Mat& grey, const Outline& around, const GradientBand& band) {
+BandSums sumsOf(const GreyPicture& picture, const Outline& around, const GradientBand& band) {
   BandSums sums(around.centre);
   const cv::Point2d half = around.halfBox();
   // Within this no pixel is near the outline.
   const double hollow = std::max(around.leastRadius() - band.inner, 0.0);
-  const Range rows = rangeOf(around.centre.y, half.y + band.outer, grey.rows);
-  const Range columns = rangeOf(around.centre.x, half.x + band.outer, grey.cols);
+  const Range rows = rangeOf(around.centre.y, half.y + band.outer, picture.grey.rows);
+  const Range columns = rangeOf(around.centre.x, half.x + band.outer, picture.grey.cols);
   for (int row = rows.first; row <= rows.last; ++row) {
     const double room = hollow * hollow - (row - around.centre.y) * (row - around.centre.y);
     const double skipped = room > 0.0 ? std::sqrt(room) : 0.0;
     for (int column = columns.first; column <= columns.last; ++column) {
       if (std::abs(column - around.centre.x) < skipped) continue;
-      sums.add(grey, column, row, around, band);
+      sums.add(picture, column, row, around, band);
     }
   }
   return sums;
@@ -84,7 +82,7 @@ std::optional<GradientOutline> outlineOfGradients(const GreyPicture& picture, co
                                                   const GradientBand& band) {
   GradientOutline result{expected};
   for (int round = 0; round < kRounds; ++round) {
-    const BandSums sums = sumsOf(picture.grey, result.outline, band);
+    const BandSums sums = sumsOf(picture, result.outline, band);
     const std::optional<Outline> next = sums.fit.outline();
     if (!next) return std::nullopt;
     const cv::Point2d moved = next->centre - result.outline.centre;

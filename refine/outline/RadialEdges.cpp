@@ -29,11 +29,11 @@ double roomAround(const cv::Size& size, const cv::Point2d& centre, const cv::Mat
   return std::min(room_x / across, room_y / down);
 }
 
-Profile profileAround(const cv::Mat& grey, const cv::Point2d& centre, const cv::Matx22d& J, double reach) {
+Profile profileAround(const GreyPicture& picture, const cv::Point2d& centre, const cv::Matx22d& J, double reach) {
   const double scale = std::sqrt(std::abs(cv::determinant(J)));
   Profile profile;
   profile.step = std::max(kStep / scale, reach / static_cast<double>(kMostRadii - 1));
-  const double last = std::min(reach, roomAround(grey.size(), centre, J));
+  const double last = std::min(reach, roomAround(picture.grey.size(), centre, J));
   if (!(last * scale >= 1.0)) return profile;
   profile.count = std::min(static_cast<std::size_t>(last / profile.step) + 1, kMostRadii);
   profile.grey.fill(0.0);
@@ -42,7 +42,7 @@ Profile profileAround(const cv::Mat& grey, const cv::Point2d& centre, const cv::
     const cv::Vec2d step = J * cv::Vec2d(std::cos(angle), std::sin(angle)) * profile.step;
     for (std::size_t i = 0; i < profile.count; ++i) {
       const auto times = static_cast<double>(i);
-      profile.grey[i] += greyAt(grey, centre.x + times * step[0], centre.y + times * step[1]) / kDirections;
+      profile.grey[i] += picture.between(centre.x + times * step[0], centre.y + times * step[1]) / kDirections;
     }
   }
   return profile;
@@ -64,7 +64,7 @@ double topOf(double before, double here, double after) {
 
 RadialEdges radialEdges(const GreyPicture& picture, const cv::Point2d& centre, const cv::Matx22d& J, double reach) {
   RadialEdges found;
-  const Profile profile = profileAround(picture.grey, centre, J, reach);
+  const Profile profile = profileAround(picture, centre, J, reach);
   if (profile.count < 2 * kHalfDifference + 2) return found;
   const std::size_t end = profile.count - kHalfDifference;
   double strongest = 0.0;

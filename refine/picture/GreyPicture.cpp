@@ -33,10 +33,9 @@ double rangeOf(const cv::Mat& picture) {
 }
 
 template <typename Pixel>
-void fill(GreyPicture& result, const cv::Mat& picture) {
-  const int channels = picture.channels();
-  const int colours = std::min(channels, kColours);
+void mixColours(GreyPicture& result, const cv::Mat& picture) {
   const auto end = static_cast<Pixel>(result.range);
+  const int channels = picture.channels(), colours = std::min(channels, kColours);
   const float share = 1.0F / static_cast<float>(colours);
   for (int row = 0; row < picture.rows; ++row) {
     const auto* from = picture.ptr<Pixel>(row);
@@ -49,7 +48,7 @@ void fill(GreyPicture& result, const cv::Mat& picture) {
         sum += static_cast<float>(from[colour]);
         if (from[colour] == 0 || from[colour] >= end) at_end = 1;
       }
-      grey[column] = colours == 1 ? sum : sum * share;
+      grey[column] = sum * share;
       clipped[column] = at_end;
     }
   }
@@ -60,13 +59,19 @@ void fill(GreyPicture& result, const cv::Mat& picture) {
 GreyPicture greyPictureOf(const cv::Mat& picture) {
   if (picture.empty() || (picture.depth() != CV_8U && picture.depth() != CV_16U))
     throw std::invalid_argument("a picture of 8 or 16 bits a channel is wanted");
-  GreyPicture result{cv::Mat(picture.size(), CV_32F), cv::Mat(picture.size(), CV_8U)};
+  GreyPicture result;
   result.range = rangeOf(picture);
   result.step = 1.0 / std::sqrt(std::min(picture.channels(), kColours));
+  if (picture.channels() == 1) {
+    result.grey = picture;
+    return result;
+  }
+  result.grey.create(picture.size(), CV_32F);
+  result.clipped.create(picture.size(), CV_8U);
   if (picture.depth() == CV_8U) {
-    fill<std::uint8_t>(result, picture);
+    mixColours<std::uint8_t>(result, picture);
   } else {
-    fill<std::uint16_t>(result, picture);
+    mixColours<std::uint16_t>(result, picture);
   }
   return result;
 }

@@ -26,7 +26,8 @@ Fitted fitted(const cv::Mat& picture, const EllipsePicture& drawing, std::size_t
   refine::EdgeFitting work;
   if (noise > 0.0) work.noise = refine::NoiseLevel{noise * noise + 1.0 / 12.0, 0.0, 0.01};
   Fitted result;
-  result.counts = refine::collectEdgePixels(refine::greyPictureOf(picture), start, {}, work.table);
+  result.counts =
+      refine::collectEdgePixels(refine::greyPictureOf(picture), start, {}, refine::PixelChoice::kAll, work.table);
   result.fit = refine::fitEdge(start, work);
   return result;
 }

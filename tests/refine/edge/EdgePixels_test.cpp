@@ -6,6 +6,8 @@
 
 namespace {
 
+using refine::PixelChoice;
+
 refine::EdgeModel circle(const cv::Point2d& centre, double radius) {
   refine::EdgeModel model;
   model.outline = {centre, radius * radius, 0.0, radius * radius};
@@ -17,7 +19,7 @@ refine::GreyPicture blank() { return refine::greyPictureOf(cv::Mat(40, 40, CV_8U
 
 TEST(EdgePixelsCollected, LieAroundTheOutline) {
   refine::EdgeTable table;
-  const auto counts = refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 10.0), {}, table);
+  const auto counts = refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 10.0), {}, PixelChoice::kAll, table);
   ASSERT_GT(table.size(), 200);
   for (Eigen::Index i = 0; i < table.size(); ++i) {
     const double radius = std::hypot(table.pixel(i).x - 20.0, table.pixel(i).y - 20.0);
@@ -31,20 +33,43 @@ TEST(EdgePixelsCollected, LieAroundTheOutline) {
 
 TEST(EdgePixelsCollected, LeaveOutWhatANeighbourBlursInto) {
   refine::EdgeTable all, clear;
-  refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 8.0), {}, all);
+  refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 8.0), {}, PixelChoice::kAll, all);
   const refine::Neighbour neighbour{{{32.0, 20.0}, 9.0, 0.0, 9.0}, 0.8};
-  const auto counts = refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 8.0), {neighbour}, clear);
+  const auto counts =
+      refine::collectEdgePixels(blank(), circle({20.0, 20.0}, 8.0), {neighbour}, PixelChoice::kAll, clear);
   EXPECT_LT(clear.size(), all.size());
   EXPECT_GT(counts.neighboured, 0);
   for (Eigen::Index i = 0; i < clear.size(); ++i)
     EXPECT_GE(std::hypot(clear.pixel(i).x - 32.0, clear.pixel(i).y - 20.0), 3.0 + 3.0 * 0.8 - 1e-9);
 }
 
+TEST(EdgePixelsThatTell, AreAllOnASmallEdgeAndAQuarterOfTheFlatOnes) {
+  refine::EdgeTable all, some;
+  const refine::EdgeModel model = circle({20.0, 20.0}, 10.0);
+  const auto counts = refine::collectEdgePixels(blank(), model, {}, PixelChoice::kAll, all);
+  const auto same = refine::collectEdgePixels(blank(), model, {}, PixelChoice::kWhatTells, some);
+  EXPECT_EQ(same.on_edge, counts.on_edge);
+  const auto flat = [&](const refine::EdgeTable& table) { return static_cast<double>(table.size() - counts.on_edge); };
+  EXPECT_NEAR(flat(some) / flat(all), 0.25, 0.04);
+}
+
+TEST(EdgePixelsThatTell, AreHalfOfThoseOnALargeEdge) {
+  refine::EdgeTable some;
+  const auto grey = refine::greyPictureOf(cv::Mat(140, 140, CV_8U, cv::Scalar(100)));
+  const auto counts = refine::collectEdgePixels(grey, circle({70.0, 70.0}, 50.0), {}, PixelChoice::kWhatTells, some);
+  int on_edge = 0;
+  for (Eigen::Index i = 0; i < some.size(); ++i) {
+    const double off = std::hypot(some.pixel(i).x - 70.0, some.pixel(i).y - 70.0) - 50.0;
+    on_edge += std::abs(off) < refine::kOnEdge * 0.8;
+  }
+  EXPECT_NEAR(static_cast<double>(on_edge) / counts.on_edge, 0.5, 0.03);
+}
+
 TEST(EdgePixelsClipped, AreThoseBeyondThePictureAndAtTheRangesEnd) {
   refine::EdgeTable table;
-  EXPECT_GT(refine::collectEdgePixels(blank(), circle({4.0, 20.0}, 6.0), {}, table).clipped, 5);
+  EXPECT_GT(refine::collectEdgePixels(blank(), circle({4.0, 20.0}, 6.0), {}, PixelChoice::kAll, table).clipped, 5);
   const auto white = refine::greyPictureOf(cv::Mat(40, 40, CV_8U, cv::Scalar(255)));
-  const auto counts = refine::collectEdgePixels(white, circle({20.0, 20.0}, 6.0), {}, table);
+  const auto counts = refine::collectEdgePixels(white, circle({20.0, 20.0}, 6.0), {}, PixelChoice::kAll, table);
   EXPECT_EQ(counts.clipped, counts.on_edge);
 }
 
@@ -53,7 +78,7 @@ TEST(EdgePixelsCollected, AreAroundTheHoleToo) {
   ring.edges = 2;
   ring.ratio = {1.0, 0.5};
   refine::EdgeTable table;
-  refine::collectEdgePixels(blank(), ring, {}, table);
+  refine::collectEdgePixels(blank(), ring, {}, PixelChoice::kAll, table);
   bool on_hole = false;
   for (Eigen::Index i = 0; i < table.size(); ++i)
     on_hole = on_hole || std::abs(std::hypot(table.pixel(i).x - 20.0, table.pixel(i).y - 20.0) - 6.0) < 0.5;

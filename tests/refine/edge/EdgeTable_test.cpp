@@ -104,14 +104,22 @@ TEST(EdgeTableDistance, IsThatFromTheNearestEdge) {
   EXPECT_NEAR(table.distance()(2), -2.0, 1e-5);
 }
 
-TEST(EdgeTablePixels, AreCorrectedFromWhatWasSeen) {
-  EdgeTable table;
-  table.clear({5, 5});
-  table.add(7, 4, 100.0F);
-  table.correct(0, 3.0F);
-  table.correct(0, 2.0F);
-  EXPECT_EQ(table.grey()(0), 98.0F);
-  EXPECT_EQ(table.pixel(0), cv::Point(7, 4));
+TEST(EdgeTableGrey, HasWhatAFilterBehindThePixelsAddsAtEachEdge) {
+  const EdgeModel model = ringModel();
+  EdgeTable table = tableOf(model);
+  const Eigen::ArrayXf smooth = table.modelGrey();
+  const refine::SampledBlur sampled(model.blur, 6.0);
+  table.evaluate(model, &sampled);
+  for (Eigen::Index i = 0; i < table.size(); ++i) {
+    const cv::Point pixel = table.pixel(i);
+    const refine::EdgePlace place = refine::edgePlace(model.outline, pixel.x, pixel.y);
+    const auto nx = static_cast<float>(place.nx), ny = static_cast<float>(place.ny);
+    const double inner = place.along - place.nx * 0.05 + place.ny * 0.02 - 0.5 * place.reach;
+    const double share = static_cast<double>(sampled.departure(static_cast<float>(place.outside()), nx, ny)) -
+                         sampled.departure(static_cast<float>(inner), nx, ny);
+    const double light = 1.0 + 0.002 * (pixel.x - 30.0) - 0.001 * (pixel.y - 20.0);
+    EXPECT_NEAR(table.modelGrey()(i) - smooth(i), light * (30.0 - 200.0) * share, 5e-3) << pixel;
+  }
 }
 
 TEST(EdgeTablePixels, StayWhenTheMemoryGrows) {

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include "refine/EllipsePicture.h"
+#include "refine/edge/EdgeTable.h"
 
 namespace {
 
@@ -36,24 +40,41 @@ TEST(SampledBlurDeparture, IsThatOfAFilterBehindThePixels) {
     for (int column = 5; column < 25; ++column)
       table.add(column, row, static_cast<float>(paper + (ink - paper) * covered.at<float>(row, column)));
   }
-  table.evaluate(model);
   const auto rms = [&] { return std::sqrt((table.grey() - table.modelGrey()).square().mean()); };
   const auto moment = [&] {  // of the residuals along x: what would move the centre
     return std::abs((table.slopes(1).col(0).array() * (table.grey() - table.modelGrey())).sum());
   };
+  table.evaluate(model);
   const float before = rms(), moment_before = moment();
-  refine::SampledBlurMemory memory;
-  refine::takeOffSampling(model, table, memory);
+  const refine::SampledBlur sampled(model.blur, radius);
+  table.evaluate(model, &sampled);
   EXPECT_LT(rms(), 0.6F * before);
   EXPECT_LT(moment(), 0.25F * moment_before);
 }
 
-TEST(SampledBlurDeparture, OfNoPixelsIsNothing) {
-  refine::EdgeTable table;
-  table.clear({0, 0});
-  refine::SampledBlurMemory memory;
-  refine::takeOffSampling({}, table, memory);
-  EXPECT_EQ(table.size(), 0);
+/// Along a column of pixels a straight edge of the normal (1, 0) covers the same share of each: the filter down the
+/// column changes nothing, and across it adds up shares of whole pixels.
+TEST(SampledBlurDeparture, OfAStraightEdgeAlongTheColumnsIsThatOfTheAddedShares) {
+  const double sigma = 0.7, blur = std::sqrt(sigma * sigma + 1.0 / 12.0);
+  const refine::SampledBlur sampled(blur, 1e5);
+  double sum = 0.0;
+  for (int k = -6; k <= 6; ++k) sum += std::exp(-0.5 * k * k / (sigma * sigma));
+  for (const double t : {-1.3, -0.4, 0.0, 0.2, 0.9, 1.7}) {
+    double share = 0.0;
+    for (int k = -6; k <= 6; ++k) {
+      const double covered = std::clamp(0.5 - (t + k), 0.0, 1.0);
+      share += std::exp(-0.5 * k * k / (sigma * sigma)) / sum * covered;
+    }
+    const double smooth = 0.5 * std::erfc(t / blur / std::sqrt(2.0));
+    EXPECT_NEAR(sampled.departure(static_cast<float>(t), 1.0F, 0.0F), share - smooth, 2e-3) << t;
+    EXPECT_NEAR(sampled.departure(static_cast<float>(t), 0.0F, -1.0F), share - smooth, 2e-3) << t;
+  }
+}
+
+TEST(SampledBlurDeparture, IsNoneFarFromTheEdge) {
+  const refine::SampledBlur sampled(0.8, 6.0);
+  EXPECT_EQ(sampled.departure(3.3F, 1.0F, 0.0F), 0.0F);
+  EXPECT_EQ(sampled.departure(-3.3F, 0.6F, 0.8F), 0.0F);
 }
 
 }  // namespace
