@@ -7,6 +7,7 @@
 
 #include "calibrations/Warnings.h"
 #include "calibrations/geometry/DistortionFold.h"
+#include "platform/PlainNumber.h"
 
 namespace calibrations {
 namespace {
@@ -25,8 +26,8 @@ void checkPicture(const polarline::Camera& camera, const char* name, Warnings& w
     warnings.push_back(warning("no_image_size", fmt::format("{}: no image size in the file", name)));
   } else if (!isInside(camera.cx, width) || !isInside(camera.cy, height)) {
     warnings.push_back(warning("principal_point_outside",
-                               fmt::format("{}: the principal point ({:.6g}, {:.6g}) lies outside the picture of {}x{}",
-                                           name, camera.cx, camera.cy, width, height)));
+                               fmt::format("{}: the principal point ({}, {}) lies outside the picture of {}x{}", name,
+                                           plain::rounded(camera.cx, 6), plain::rounded(camera.cy, 6), width, height)));
   }
 }
 
@@ -35,8 +36,8 @@ void checkLens(const polarline::Camera& camera, bool is_fisheye, const char* nam
   if (is_fisheye && largest > kLargestFisheyeCoefficient) {
     warnings.push_back(
         warning("suspect_coefficients",
-                fmt::format("{}: coefficients up to {:.3g}; rational coefficients under the label of a fisheye?", name,
-                            largest)));
+                fmt::format("{}: coefficients up to {}; rational coefficients under the label of a fisheye?", name,
+                            plain::rounded(largest, 3))));
   }
   if (const std::optional<Fold> fold = foldInside(camera, is_fisheye)) {
     warnings.push_back(
@@ -49,12 +50,13 @@ void checkLens(const polarline::Camera& camera, bool is_fisheye, const char* nam
 
 void checkPlaces(const polarline::Calibration& calibration, Warnings& warnings) {
   if (std::abs(calibration.ty) > std::abs(calibration.tx)) {
-    warnings.push_back(warning("vertical_pair", fmt::format("the cameras stand above each other: TX {:.6g}, TY {:.6g}",
-                                                            calibration.tx, calibration.ty)));
+    warnings.push_back(
+        warning("vertical_pair", fmt::format("the cameras stand above each other: TX {}, TY {}",
+                                             plain::rounded(calibration.tx, 6), plain::rounded(calibration.ty, 6))));
   } else if (calibration.tx > 0.0) {
-    warnings.push_back(warning(
-        "second_camera_on_the_left",
-        fmt::format("the second camera stands on the left of the first: TX {:.6g}; names swapped?", calibration.tx)));
+    warnings.push_back(warning("second_camera_on_the_left",
+                               fmt::format("the second camera stands on the left of the first: TX {}; names swapped?",
+                                           plain::rounded(calibration.tx, 6))));
   }
 }
 

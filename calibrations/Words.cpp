@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "calibrations/document/Shown.h"
+#include "platform/PlainNumber.h"
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
 
@@ -42,9 +43,10 @@ std::string typeName(int type) {
 
 std::string importedCalibrationText(const ImportedCalibration& imported) {
   const Calibration& calibration = imported.calibration;
-  std::string text = fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {:.7g}\n",
-                                 imported.format, calibration.type, typeName(calibration.type),
-                                 pictureOf(calibration.left), pictureOf(calibration.right), baselineOf(calibration));
+  std::string text =
+      fmt::format("format    {}\ntype      {} ({})\nsize      left {}, right {}\nbaseline  {}\n", imported.format,
+                  calibration.type, typeName(calibration.type), pictureOf(calibration.left),
+                  pictureOf(calibration.right), plain::rounded(baselineOf(calibration), 7));
   for (const Warning& each : imported.warnings)
     text += fmt::format("warning   {} ({})\n          {}\n", each.text, each.code, each.advice);
   return text;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/PlainNumber.h"
 #include "polarline/init.h"
 
 namespace polarline {
@@ -53,8 +54,8 @@ std::string initText(const MadeSet& set) {
                   set.picture.height, set.bits, set.channels, set.channels == 1 ? "" : "s");
   text += aloneText(set.alone_left, "left") + aloneText(set.alone_right, "right");
   text += found(set);
-  text += fmt::format("Calibration  {}, {}, baseline {:.6g} board units\n", set.calibration_format, set.model,
-                      set.baseline);
+  text += fmt::format("Calibration  {}, {}, baseline {} board units\n", set.calibration_format, set.model,
+                      plain::rounded(set.baseline, 6));
   for (const std::string& guess : set.guesses) text += fmt::format("Guessed      {}\n", sentence(guess));
   for (const Warning& warning : set.warnings)
     text += fmt::format("Warning      {}: {} {}\n", warning.code, sentence(warning.text), sentence(warning.advice));

@@ -10,6 +10,7 @@
 #include "check/explain/FigureEntries.h"
 #include "check/figures/PairReading.h"
 #include "check/figures/Summary.h"
+#include "platform/PlainNumber.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -51,7 +52,8 @@ LimitResult unmeasured(const Limit& limit, const std::string& why) {
 /// Behind the reason of a limit whose bound lies where the figure may as well be. The verdict stays that of the figure.
 std::string closeCall(const Limit& limit, double low95, double high95) {
   if (!(low95 <= limit.bound && limit.bound <= high95)) return {};
-  return fmt::format("; too close to call, it is certain to 95 % only from {:.4g} to {:.4g}", low95, high95);
+  return fmt::format("; too close to call, it is certain to 95 % only from {} to {}", plain::rounded(low95, 4),
+                     plain::rounded(high95, 4));
 }
 
 /// For a figure of single precision the bound is the float that is written so, as the figure itself is: what is
@@ -101,7 +103,7 @@ class Worst {
     close_ = uncertainty == nullptr ? "" : closeCall(limit_, uncertainty->low95, uncertainty->high95);
   }
   LimitResult result() const {
-    const std::string number = is_single_ ? fmt::format("{}", static_cast<float>(*value_)) : fmt::format("{}", *value_);
+    const std::string number = is_single_ ? plain::exact(static_cast<float>(*value_)) : plain::exact(*value_);
     LimitResult result = outcome(is_single_ ? asSingle(limit_) : limit_, value_, pair_,
                                  fmt::format("{} is {} in pair {}", name_, number, pair_) + close_);
     result.is_single = is_single_;
@@ -153,8 +155,10 @@ LimitResult judgeSummary(const Limit& limit, const Check& check) {
   if (found == summary.end()) return unmeasured(limit, "no pair measured " + wanted);
   const double value = statisticOf(*found, limit.statistic);
   const std::string close = limit.statistic == "mean" ? closeCall(limit, found->low95, found->high95) : "";
-  return outcome(limit, value, -1,
-                 fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, value) + close);
+  return outcome(
+      limit, value, -1,
+      fmt::format("the {} of {} over {} pairs is {}", limit.statistic, wanted, found->count, plain::exact(value)) +
+          close);
 }
 
 LimitResult judgeOne(const Limit& limit, const Check& check) {

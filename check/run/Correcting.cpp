@@ -8,6 +8,7 @@
 #include "camera/LensModel.h"
 #include "check/explain/WarningOf.h"
 #include "platform/Files.h"
+#include "platform/PlainNumber.h"
 #include "platform/WholeFile.h"
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
@@ -78,10 +79,11 @@ Correction correct(const Set& set, const CheckOptions& options, const MeanRow& b
   const double rows_before = are_refined ? before.mean() : before.detected();
   const double rows_after = are_refined ? after.mean() : after.detected();
   if (!(rows_after < rows_before)) {
-    check.warnings.push_back(warningOf("correction_no_better",
-                                       fmt::format("Checked again with {}, the rows differ by {:.3g} px in the mean; "
-                                                   "{:.3g} px without the correction.",
-                                                   correction.path, rows_after, rows_before)));
+    check.warnings.push_back(
+        warningOf("correction_no_better",
+                  fmt::format("Checked again with {}, the rows differ by {} px in the mean; "
+                              "{} px without the correction.",
+                              correction.path, plain::rounded(rows_after, 3), plain::rounded(rows_before, 3))));
   }
   return correction;
 }

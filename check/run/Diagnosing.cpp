@@ -10,6 +10,7 @@
 #include "check/explain/WarningOf.h"
 #include "check/run/Correcting.h"
 #include "diagnose/causes/Causes.h"
+#include "platform/PlainNumber.h"
 
 namespace polarline {
 namespace {
@@ -20,7 +21,8 @@ constexpr std::array<std::string_view, 4> kWrongInputs = {"sides_exchanged", "ba
 
 Diagnosis without(const std::string& reason, double rows) {
   Diagnosis diagnosis;
-  diagnosis.text = fmt::format("The rows differ by {:.3g} px in the mean. No causes are told: {}", rows, reason);
+  diagnosis.text =
+      fmt::format("The rows differ by {} px in the mean. No causes are told: {}", plain::rounded(rows, 3), reason);
   diagnosis.rows_before = diagnosis.rows_after = rows;
   return diagnosis;
 }

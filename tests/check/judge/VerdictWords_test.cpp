@@ -21,7 +21,7 @@ Check checkOf(std::vector<PairCheck> pairs, Verdict verdict = Verdict::kPass) {
 TEST(VerdictWords, HaveDecimalsAsThereIsRoomFor) {
   EXPECT_EQ(figureText(0.12345), "0.1235");
   EXPECT_EQ(figureText(0.0), "0.0000");
-  EXPECT_EQ(figureText(0.00001234), "1.23e-05");
+  EXPECT_EQ(figureText(0.00001234), "0.0000123");
   EXPECT_EQ(figureText(-12345678.0), "-12345678");
   EXPECT_EQ(figureText(60000.0), "60000.0000");
   EXPECT_EQ(figureText(1e5), "100000");
