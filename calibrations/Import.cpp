@@ -8,6 +8,7 @@
 #include "calibrations/document/Shown.h"
 #include "calibrations/formats/Formats.h"
 #include "calibrations/geometry/Angles.h"
+#include "platform/PlainNumber.h"
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
 
@@ -65,8 +66,9 @@ int typeOf(const SourcePair& pair) {
   return hasDenominator(pair.left.camera) || hasDenominator(pair.right.camera) ? 1 : 0;
 }
 
-void setPose(Calibration& calibration, const calibrations::Pose& pose, double factor) {
-  const calibrations::Angles angles = calibrations::anglesOf(pose.R);
+void setPose(Calibration& calibration, const SourcePair& pair, double factor) {
+  const calibrations::Pose& pose = pair.right_from_left;
+  const calibrations::Angles angles = pair.angles.value_or(calibrations::anglesOf(pose.R));
   calibration.rx = angles.rx;
   calibration.ry = angles.ry;
   calibration.rz = angles.rz;
@@ -120,6 +122,7 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
   if (options.swap) {
     std::swap(pair.left, pair.right);
     pair.right_from_left = inverse(pair.right_from_left);
+    pair.angles.reset();
   }
   ImportedCalibration imported;
   imported.format = format.name;
@@ -129,14 +132,15 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
   calibration.right = pair.right.camera;
   setSize(calibration.left, options, "left", imported.warnings);
   setSize(calibration.right, options, "right", imported.warnings);
-  setPose(calibration, pair.right_from_left, factorOf(pair.right_from_left, options, files.front()));
+  setPose(calibration, pair, factorOf(pair.right_from_left, options, files.front()));
   if (pair.deviation > kRoundedRotation) {
     imported.warnings.push_back(
-        calibrations::warning("rounded_rotation", fmt::format("a printed rotation is off by {:.2g}", pair.deviation)));
+        calibrations::warning("rounded_rotation", "a printed rotation is off by " + plain::rounded(pair.deviation, 2)));
   }
   if (looksLikeMetres(calibration, options))
     imported.warnings.push_back(calibrations::warning(
-        "baseline_in_metres", fmt::format("the baseline is {:.4g} board units", baselineOf(calibration))));
+        "baseline_in_metres",
+        fmt::format("the baseline is {} board units", plain::rounded(baselineOf(calibration), 4))));
   const std::vector<Warning> odd = calibrations::oddities(calibration);
   imported.warnings.insert(imported.warnings.end(), odd.begin(), odd.end());
   return imported;

@@ -38,7 +38,9 @@ std::string openCvText(const Calibration& calibration) {
   text += cameraMatrix("M2", calibration.right) + coefficients("D2", calibration.right, calibration.type);
   const cv::Matx33d rotation = calibrations::rotationOf({calibration.rx, calibration.ry, calibration.rz});
   text += matrix("R", 3, {rotation.val, rotation.val + 9});
-  return text + matrix("T", 3, {calibration.tx, calibration.ty, calibration.tz});
+  text += matrix("T", 3, {calibration.tx, calibration.ty, calibration.tz});
+  // R holds them but for their last digit.
+  return text + matrix("polarline_angles", 3, {calibration.rx, calibration.ry, calibration.rz});
 }
 
 }  // namespace polarline

@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <opencv2/core.hpp>
+#include <optional>
 
 #include "calibrations/formats/CameraNode.h"
 #include "calibrations/formats/Formats.h"
 #include "calibrations/formats/PoseNode.h"
+#include "calibrations/geometry/Angles.h"
 #include "polarline/errors.h"
 
 namespace calibrations {
@@ -59,6 +62,17 @@ SourceCamera openCvCamera(const Node& document, Names matrix, Names lens, const 
   return source;
 }
 
+/// The angles that we write beside R, unless R has been changed since.
+std::optional<Angles> anglesIn(const Node& pose, const cv::Matx33d& rotation) {
+  constexpr double kLastBits = 1e-14;  // Of sines and of the nearest rotation.
+  const auto node = pose.find("polarline_angles");
+  if (!node) return std::nullopt;
+  const std::vector<double> values = node->numbers(3);
+  const Angles angles{values[0], values[1], values[2]};
+  if (cv::norm(rotationOf(angles) - rotation, cv::NORM_INF) > kLastBits) return std::nullopt;
+  return angles;
+}
+
 std::vector<Node> having(const Documents& documents, Names names) {
   std::vector<Node> found;
   for (const Document& document : documents) {
@@ -107,6 +121,7 @@ SourcePair readOpenCv(const Documents& documents, const polarline::ImportOptions
   pair.right_from_left.R = rotationOf(pose.at(kRotation), pair.deviation);
   const std::vector<double> t = pose.at(kTranslation).numbers(3);
   pair.right_from_left.T = {t[0], t[1], t[2]};
+  pair.angles = anglesIn(pose, pair.right_from_left.R);
   return pair;
 }
 

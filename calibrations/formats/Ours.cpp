@@ -56,7 +56,8 @@ SourcePair readOurs(const Documents& documents, const polarline::ImportOptions& 
   pair.left.lens = pair.right.lens = lensOf(pair, root, options.model);
   const Node rotation = right.at("Rotate");
   const Node translation = right.at("Translate");
-  pair.right_from_left.R = rotationOf({numberIn(rotation, "RX"), numberIn(rotation, "RY"), numberIn(rotation, "RZ")});
+  pair.angles = Angles{numberIn(rotation, "RX"), numberIn(rotation, "RY"), numberIn(rotation, "RZ")};
+  pair.right_from_left.R = rotationOf(*pair.angles);
   pair.right_from_left.T = {numberIn(translation, "TX"), numberIn(translation, "TY"), numberIn(translation, "TZ")};
   return pair;
 }

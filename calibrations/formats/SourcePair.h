@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "calibrations/geometry/Angles.h"
 #include "calibrations/geometry/Pose.h"
 #include "polarline/calibration.h"
 
@@ -20,7 +22,8 @@ struct SourcePair {
   SourceCamera left;
   SourceCamera right;
   Pose right_from_left;
-  double deviation = 0.0;  ///< Of the printed rotation that was farthest from one.
+  std::optional<Angles> angles;  ///< Of `right_from_left`, where the file tells them: from R they lose a digit.
+  double deviation = 0.0;        ///< Of the printed rotation that was farthest from one.
 };
 
 }  // namespace calibrations
