@@ -28,6 +28,10 @@ class JsonText {
   JsonText& value(const std::string& text) { return value(std::string_view(text)); }
   JsonText& value(double number);
   JsonText& value(float number);
+  /// A number that came from a float reads back to that.
+  JsonText& value(double number, bool is_single) {
+    return is_single ? value(static_cast<float>(number)) : value(number);
+  }
   JsonText& value(std::int64_t number);
   JsonText& value(std::int32_t number) { return value(std::int64_t{number}); }
   JsonText& value(std::size_t number) { return value(static_cast<std::int64_t>(number)); }
