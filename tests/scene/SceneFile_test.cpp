@@ -121,9 +121,11 @@ TEST_P(SceneFileRefuses, WithThePlaceWhatWasFoundAndWhatWasWanted) {
 INSTANTIATE_TEST_SUITE_P(
     Documents, SceneFileRefuses,
     testing::Values(
-        Refused{"", "scene.json: line 1: found no JSON"},
-        Refused{"{\n\"seed\": 1,\n}", "scene.json: line 3: found no JSON"},
-        Refused{"[]", "scene.json: found no JSON object"}, Refused{R"({"seed": 1e999})", "scene.json: found no JSON"},
+        Refused{"", "scene.json, line 1, column 1: found the end of the file, wanted a value in JSON"},
+        Refused{"{\n\"seed\": 1,\n}",
+                "scene.json, line 3, column 1, behind the key seed: found '}', wanted a key in double quotes"},
+        Refused{"[]", "scene.json: found no JSON object"},
+        Refused{R"({"seed": 1e999})", "scene.json: seed: found a number beyond"},
         Refused{R"({"schema": "polarline-scene/2"})",
                 "scene.json: schema: found \"polarline-scene/2\", wanted one of polarline-scene/1"},
         Refused{R"({"preset": "ring"})", "scene.json: preset: found \"ring\", wanted one of ring_320, ring_640"},
@@ -135,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{R"({"board": {"rows": 35.5}})", "scene.json: board.rows: found 35.5, wanted a whole number"},
         Refused{R"({"board": {"rowz": 35}})",
                 "scene.json: board.rowz: found a key that nothing reads, wanted one of kind, rows, cols"},
-        Refused{R"({"board": {"rows": 5, "rows": 7}})", "scene.json: rows: found twice in an object, wanted once",
+        Refused{R"({"board": {"rows": 5, "rows": 7}})", "scene.json: board.rows: found twice in an object, wanted once",
                 BySchema::kNot},
         Refused{R"({"board": {"kind": "rings"}})",
                 "scene.json: board.kind: found \"rings\", wanted one of small_rings, big_rings, mixed_rings, big_dots"},

@@ -7,10 +7,10 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <vector>
 
 #include "polarline/errors.h"
+#include "tools/scene/JsonDocument.h"
 #include "tools/scene/KeyReader.h"
 #include "tools/scene/KeyWriter.h"
 #include "tools/scene/SceneFields.h"
@@ -26,26 +26,6 @@ constexpr std::size_t kMostBytes = std::size_t{1} << 24U;
 
 [[noreturn]] void refuse(const std::string& place, const std::string& problem) {
   throw polarline::InputError(place, problem);
-}
-
-/// The document. Of two members of the same name JSON readers take the last: here that is a mistake.
-Json documentOf(const std::string& text, const std::string& place) {
-  std::vector<std::set<std::string>> seen;
-  const Json::parser_callback_t refuse_repeated = [&](int /*depth*/, Json::parse_event_t event, Json& value) {
-    if (event == Json::parse_event_t::object_start) seen.emplace_back();
-    if (event == Json::parse_event_t::object_end) seen.pop_back();
-    if (event == Json::parse_event_t::key && !seen.back().insert(value.get<std::string>()).second)
-      refuse(place + ": " + value.get<std::string>(), "found twice in an object, wanted once");
-    return true;
-  };
-  try {
-    return Json::parse(text, refuse_repeated);
-  } catch (const Json::exception& error) {
-    const auto* parse = dynamic_cast<const Json::parse_error*>(&error);
-    const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(parse ? parse->byte : 0, text.size()));
-    const std::string line = parse ? fmt::format(": line {}", std::count(text.begin(), end, '\n') + 1) : "";
-    refuse(place + line, fmt::format("found no JSON ({}), wanted a scene file", error.what()));
-  }
 }
 
 void readSchema(Fields& fields) {
@@ -82,7 +62,7 @@ void applyNoise(Fields& fields, Optics& optics) {
 }  // namespace
 
 SceneRecipe parsedScene(const std::string& text, const std::string& place, const PresetOptions& options) {
-  const Json document = documentOf(text, place);
+  const Json document = jsonDocument(text, place);
   if (!document.is_object()) refuse(place, "found no JSON object, wanted a scene file");
   KeyReader fields(document, place);
   readSchema(fields);
