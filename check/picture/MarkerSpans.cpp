@@ -149,8 +149,8 @@ std::optional<MarkerSpan> countedSpan(const SeenPicture& seen) {
 std::string spanProblem(const kestrune::RingTargetConfig& config, const std::optional<MarkerSpan>& span) {
   if (!span || (span->columns == config.inner_width && span->rows == config.inner_height)) return {};
   return fmt::format(
-      "the markers of the picture span {} columns and {} rows, by inner_width and inner_height of the target they "
-      "should span {} and {}",
+      "the markers of the picture span {0} columns and {1} rows (inner={0}x{1}), by inner_width and inner_height of "
+      "the target they should span {2} and {3}",
       span->columns, span->rows, config.inner_width, config.inner_height);
 }
 

@@ -19,8 +19,8 @@ struct MarkerSpan {
 /// for big rings, which cover dots.
 std::optional<MarkerSpan> countedSpan(const SeenPicture& seen);
 
-/// "the markers of the picture span 5 columns and 3 rows, by inner_width and inner_height they should span 7 and 3";
-/// empty where they agree or nothing is known.
+/// "the markers of the picture span 5 columns and 3 rows (inner=5x3), by inner_width and inner_height they should span
+/// 7 and 3"; empty where they agree or nothing is known.
 std::string spanProblem(const kestrune::RingTargetConfig& config, const std::optional<MarkerSpan>& span);
 
 /// Warns of numbers that run the other way round, and of markers whose numbers are not those of the target.

@@ -6,23 +6,35 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "check/picture/BoardExtent.h"
+#include "check/picture/NumberingProblem.h"
 #include "check/run/EvaluationFault.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
 #include "check/set/PictureFault.h"
 #include "platform/Files.h"
+#include "polarline/detect.h"
 
 namespace polarline {
 namespace {
 
-/// What the pictures that were taken last show of the board's size.
-std::string sizeOfLast(const RunInputs& inputs, const ListedPictures& pictures) {
+/// Ids ran beyond the board: what to do, as far as the pictures that were taken last show why. Empty where they don't.
+std::string adviceOnIds(const RunInputs& inputs, const ListedPictures& pictures) {
   const auto& [left, right] = pictures.lastPictures();
+  if (left.empty() || right.empty()) return {};
   const PlainPath target(inputs.set.target);
-  return left.empty() || right.empty() ? "" : sizeProblem(left, right, target.get());
+  const Detection in_left = detect(left, target.get());
+  const Detection in_right = detect(right, target.get());
+  if (const std::string size = sizeProblem(in_left, in_right); !size.empty())
+    return size + ". Correct rows and cols of the target, and write board_gt.txt for this board.";
+  for (const auto& [seen, side] : {std::pair(&in_left, "left"), std::pair(&in_right, "right")}) {
+    if (const auto problem = numberingProblem(*seen))
+      return fmt::format("In the {} picture {}: {}.", side, problem->text, problem->advice);
+  }
+  return {};
 }
 
 }  // namespace
@@ -77,8 +89,8 @@ Status statusOf(const std::exception& error, const RunInputs& inputs, const List
   Status status = statusOf("exception", place + text, check.finished() == 0 ? kNoFigure : kUnusable);
   if (fault) status.advice = fault->advice;
   const bool is_of_ids = dynamic_cast<const std::out_of_range*>(&error) != nullptr && inputs.config.frame_work == 0;
-  if (const std::string size = is_of_ids ? sizeOfLast(inputs, *pictures) : ""; !size.empty())
-    status.advice = size + ". Correct rows and cols of the target, and write board_gt.txt for this board.";
+  if (const std::string advice = is_of_ids ? adviceOnIds(inputs, *pictures) : ""; !advice.empty())
+    status.advice = advice;
   return status;
 }
 

@@ -35,8 +35,9 @@ std::optional<std::string> wordsOf(const std::exception& error) {
   std::cmatch part;
   if (!std::regex_match(error.what(), part, beyond)) return std::nullopt;
   return fmt::format(
-      "id {} was seen, and the true positions (board_gt.txt, in a frame run Frame_3D) are {}: compare them and the "
-      "target with the board",
+      "a dot was numbered {}, and there are {} true positions (board_gt.txt, in a frame run Frame_3D): compare them "
+      "and "
+      "the target with the board",
       part[1].str(), part[2].str());
 }
 

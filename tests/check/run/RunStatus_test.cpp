@@ -43,7 +43,8 @@ TEST(RunStatus, SaysAnExceptionOnOneLine) {
   EXPECT_EQ(textOf(std::runtime_error("a  text")), "a text");
   const char* const beyond = "vector::_M_range_check: __n (which is 209) >= this->size() (which is 200)";
   EXPECT_EQ(textOf(std::out_of_range(beyond)),
-            "id 209 was seen, and the true positions (board_gt.txt, in a frame run Frame_3D) are 200: compare them and "
+            "a dot was numbered 209, and there are 200 true positions (board_gt.txt, in a frame run Frame_3D): compare "
+            "them and "
             "the target with the board");
 }
 
