@@ -43,13 +43,8 @@ void judgeSide(const DotRange& limits, int width, const SeenBoard& seen, const c
   if (radius > limits.most) say("dots_large", "smallest");
 }
 
-void judgeCount(int expected, std::size_t found, const char* side, const std::string& limits,
-                std::vector<Warning>& to) {
-  if (found == 0)
-    to.push_back(warning("board_not_found",
-                         fmt::format("The board was not found in the {} picture of the first pair; {}", side, limits),
-                         0));
-  else if (static_cast<double>(found) < kEnoughFound * expected)
+void judgeCount(int expected, std::size_t found, const char* side, std::vector<Warning>& to) {
+  if (found > 0 && static_cast<double>(found) < kEnoughFound * expected)
     to.push_back(
         warning("dots_missing",
                 fmt::format("{} of {} dots were found in the {} picture of the first pair", found, expected, side), 0));
@@ -75,8 +70,8 @@ std::vector<Warning> judgeDots(const BoardDescription& board, int width, const S
                                 width))};
   std::vector<Warning> warnings;
   const int expected = polarline::detectablePoints(board);
-  judgeCount(expected, left.dots.size(), "left", limitsText(*limits, width), warnings);
-  judgeCount(expected, right.dots.size(), "right", limitsText(*limits, width), warnings);
+  judgeCount(expected, left.dots.size(), "left", warnings);
+  judgeCount(expected, right.dots.size(), "right", warnings);
   judgeSide(*limits, width, left, "left", warnings);
   judgeSide(*limits, width, right, "right", warnings);
   return warnings;

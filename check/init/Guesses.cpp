@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -51,14 +52,6 @@ void addGuesses(polarline::MadeSet& set, const CornerPoints& corners, const SetF
   guesses.push_back(fmt::format("Every evaluation of an image set is on, but {}", offText(config)));
   guesses.emplace_back("f_scale is 1; dy_bias_divid and tri_bias_divid are 0.1 pixels");
   if (facts.is_vertical) guesses.emplace_back("x_y is 1, as the cameras stand one above the other");
-}
-
-std::string shellWord(const std::string& word) {
-  constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_./+-,:@%";
-  if (!word.empty() && word.find_first_not_of(kPlain) == std::string::npos && word[0] != '-') return word;
-  std::string quoted;
-  for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return "'" + quoted + "'";
 }
 
 }  // namespace init

@@ -17,6 +17,7 @@
 #include "check/init/FirstPair.h"
 #include "check/init/Guesses.h"
 #include "check/init/ListNames.h"
+#include "check/init/NumberingCheck.h"
 #include "check/init/Pairing.h"
 #include "check/init/PictureCheck.h"
 #include "check/init/PolarSettings.h"
@@ -25,6 +26,7 @@
 #include "check/init/SetWriter.h"
 #include "check/init/Warnings.h"
 #include "check/picture/BoardExtent.h"
+#include "check/set/ShellWord.h"
 #include "polarline/board.h"
 #include "polarline/check.h"
 #include "polarline/detect.h"
@@ -123,8 +125,8 @@ InitDetection seenIn(const SeenBoard& seen, const std::optional<ShownBoard>& sho
   return {seen.dots.size(), seen.dot_radius, extent.columns, extent.rows};
 }
 
-/// A board of another size than described is numbered, too, only wrongly.
-void lookAtSize(Work& work, const std::pair<cv::Mat, cv::Mat>& first, const std::string& target) {
+/// A board of another size than described, or with other markers, is numbered, too, only wrongly.
+void lookAtNumbers(Work& work, const std::pair<cv::Mat, cv::Mat>& first, const std::string& target) {
   const Detection left = detect(first.first, target);
   const Detection right = detect(first.second, target);
   work.made.left = seenIn(work.left, shownBoard(left));
@@ -139,6 +141,7 @@ void lookAtSize(Work& work, const std::pair<cv::Mat, cv::Mat>& first, const std:
                        fmt::format("{} dots were found in both pictures of the first pair, and of {} at most {} can be",
                                    found, boardText(work.board), work.made.expected),
                        0)});
+  if (init::dotLimits(work.board, work.made.picture.width)) work.warn(init::judgeNumbering(left, right));
 }
 
 void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
@@ -147,7 +150,7 @@ void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
   work.left = init::seenBoard(first.first, target, expected);
   work.right = init::seenBoard(first.second, target, expected);
   work.made.expected = static_cast<std::size_t>(expected);
-  lookAtSize(work, first, target);
+  lookAtNumbers(work, first, target);
   work.warn(init::judgeDots(work.board, work.made.picture.width, work.left, work.right));
   work.warn(init::judgeBaseline(work.calibration.calibration, work.board, work.left, work.right));
 }
@@ -201,7 +204,7 @@ void tellInputs(Work& work, const PolarConfig& config) {
   made.model = init::modelName(calibration.type);
   made.calibration_format = work.calibration.format;
   made.baseline = baselineOf(calibration);
-  made.next = "polarline check " + init::shellWord(made.folder);
+  made.next = "polarline check " + shellWord(made.folder);
   init::addGuesses(made, work.corners, work.facts, config);
 }
 

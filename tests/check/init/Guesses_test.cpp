@@ -8,15 +8,6 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 
-TEST(Guesses, AWordForTheShellIsQuotedWhereItMust) {
-  EXPECT_EQ(init::shellWord("sets/rig_2-a.b"), "sets/rig_2-a.b");
-  EXPECT_EQ(init::shellWord("my set"), "'my set'");
-  EXPECT_EQ(init::shellWord("it's"), "'it'\\''s'");
-  EXPECT_EQ(init::shellWord("$(x)"), "'$(x)'");
-  EXPECT_EQ(init::shellWord(""), "''");
-  EXPECT_EQ(init::shellWord("-x"), "'-x'") << "no shell takes the quotes for more, but nobody reads it as an option";
-}
-
 std::vector<std::string> guesses(const PolarConfig& config, const init::SetFacts& facts) {
   polarline::MadeSet set;
   set.type = 1;
