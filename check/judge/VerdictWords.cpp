@@ -7,6 +7,8 @@
 #include <map>
 #include <string_view>
 
+#include "check/judge/DetectCommand.h"
+#include "platform/PlainNumber.h"
 #include "polarline/check.h"
 #include "polarline/explain.h"
 
@@ -80,7 +82,8 @@ std::string passText(const Check& check) {
   const std::string but = given_up == 0 ? "."
                                         : fmt::format(", but {} given up and not judged.",
                                                       counted(given_up, "pair") + (given_up == 1 ? " was" : " were"));
-  if (check.limits.empty()) return "No limits were given: there are figures, and nothing was judged.";
+  if (check.limits.empty())
+    return "No limits were given: there are figures, and nothing was judged. --limit 'dy_means<=0.1' would judge one.";
   const std::string hold =
       check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
   return "PASS: " + hold + but + doubtText(check);
@@ -102,12 +105,21 @@ const std::vector<std::string>& mainFigures() {
 
 std::string figureText(double value) {
   const double size = std::abs(value);
-  if (size >= kBeyondColumns || (size != 0.0 && size < 1e-4)) return fmt::format("{:.3g}", value);
+  if (size >= kBeyondColumns) return fmt::format("{:.3g}", value);
+  if (size != 0.0 && size < 1e-4) return plain::rounded(value, 3);
   return size >= kWide ? fmt::format("{:.0f}", value) : fmt::format("{:.4f}", value);
 }
 
 std::string finishedText(const Check& check) {
   return fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair"));
+}
+
+std::string fisheyeText(const Check& check) {
+  constexpr int kFisheye = 2;
+  if (check.cameras.type != kFisheye || check.cameras.extrinsics.empty() || check.finished() == 0) return {};
+  return "Fisheye lenses: residuals, distances and the fit of the board (tri_rms, dis_rms, space_rms, gt_rms) are "
+         "those "
+         "of the raw pair, where the coefficients are taken for Brown's; judge by dy_means and dy_max.";
 }
 
 std::string worstPairText(const Check& check) {
@@ -132,17 +144,18 @@ std::string refinedPairText(const Check& check) {
 }
 
 std::vector<std::string> givenUpTexts(const Check& check) {
-  std::vector<std::int32_t> codes;
+  std::vector<const PairCheck*> firsts;  // One of each code.
   std::map<std::int32_t, std::size_t> counts;
   for (const PairCheck& pair : check.pairs) {
-    if (!pair.finished && ++counts[pair.reason.code] == 1) codes.push_back(pair.reason.code);
+    if (!pair.finished && ++counts[pair.reason.code] == 1) firsts.push_back(&pair);
   }
   std::vector<std::string> texts;
-  for (const std::int32_t code : codes) {
+  for (const PairCheck* const pair : firsts) {
+    const auto& [code, text, side, step] = pair->reason;
     const auto explained = explainPair(code);
     if (!explained) continue;
     texts.push_back(fmt::format("{} given up with {} ({}): {} {}", counted(counts[code], "pair"), code, explained->name,
-                                explained->meaning, explained->advice));
+                                explained->meaning, withDetectCommand(explained->advice, check, pair->index, side)));
   }
   return texts;
 }

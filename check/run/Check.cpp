@@ -13,6 +13,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "check/figures/Summary.h"
+#include "check/judge/DetectCommand.h"
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
 #include "check/run/Diagnosing.h"
@@ -154,6 +155,7 @@ void SetCheck::addPictures() {
 }
 
 void SetCheck::conclude() {
+  nameDetectCommand(check_, first_pair_ + check_.pairs.size());
   check_.summary = summaryOf(check_.pairs);
   if (options_.refine) check_.refined_summary = refinedSummaryOf(check_.pairs);
   check_.limits = judge(inputs_.limits, check_);

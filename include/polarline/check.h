@@ -257,6 +257,10 @@ POLARLINE_API const std::vector<std::string>& mainFigures();
 /// A value as a table has room for it: four decimals, none from 100000 on, three digits of what is very small or large.
 POLARLINE_API std::string figureText(double value);
 
+/// What stands behind the figures of the raw pair of fisheye lenses: they take the coefficients for Brown's. Empty for
+/// other lenses and without a finished pair.
+POLARLINE_API std::string fisheyeText(const Check& check);
+
 /// "2 of 3 pairs finished."
 POLARLINE_API std::string finishedText(const Check& check);
 

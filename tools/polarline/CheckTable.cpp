@@ -163,6 +163,7 @@ std::string CheckTable::conclusion(const Check& check) const {
     text += wrapped(finishedText(check), width_, 2);
     for (const std::string& each : givenUpTexts(check)) text += wrapped(each, width_, 2);
     if (check.finished() > 0) text += wrapped(worstPairText(check), width_, 2);
+    if (const std::string fisheye = fisheyeText(check); !fisheye.empty()) text += wrapped(fisheye, width_, 2);
     if (const std::string refined = refinedPairText(check); !refined.empty()) text += wrapped(refined, width_, 2);
   }
   if (check.diagnosis) text += wrapped("Diagnosis: " + check.diagnosis->text, width_, 2);

@@ -68,7 +68,9 @@ TEST(VerdictWords, SayTheVerdictAndWhy) {
   const LimitResult holds{"dy_means<=1", 0.1, 0, true, ""};
   const LimitResult broken{"dy_means<=0", 0.1, 0, false, ""};
   Check check = checkOf({hand_made::pair(0, {0.1}, {})});
-  EXPECT_EQ(verdictText(check), "No limits were given: there are figures, and nothing was judged.");
+  EXPECT_EQ(
+      verdictText(check),
+      "No limits were given: there are figures, and nothing was judged. --limit 'dy_means<=0.1' would judge one.");
   check.limits = {holds};
   EXPECT_EQ(verdictText(check), "PASS: the limit holds.");
   check.limits = {holds, holds};
@@ -92,6 +94,16 @@ TEST(VerdictWords, DoubtAVerdictByDoubtfulInputs) {
   check.limits = {{"dy_means<=1", 0.1, 0, true, ""}};
   check.warnings = {{"colour_pictures", "", ""}, {"scale_wrong", "", ""}};
   EXPECT_EQ(verdictText(check), "PASS: the limit holds. But see the warning scale_wrong first.");
+}
+
+TEST(VerdictWords, SayOfFisheyesWhichFiguresAreNot) {
+  Check check = checkOf({hand_made::pair(0, {0.1}, {})});
+  check.cameras.type = 2;
+  EXPECT_EQ(fisheyeText(check), "") << "rectified elsewhere";
+  check.cameras.extrinsics = {0, 0, 0, -60, 0, 0};
+  EXPECT_THAT(fisheyeText(check), StartsWith("Fisheye lenses: residuals, distances"));
+  check.cameras.type = 1;
+  EXPECT_EQ(fisheyeText(check), "");
 }
 
 }  // namespace

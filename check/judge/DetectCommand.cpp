@@ -1,0 +1,44 @@
+#include "check/judge/DetectCommand.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "check/set/ShellWord.h"
+
+namespace polarline {
+namespace {
+
+constexpr std::string_view kWords = "IMAGE --target FILE";
+
+std::string pathOf(const Check& check, const std::string& role) {
+  const auto found = std::ranges::find(check.inputs, role, &SetInput::role);
+  return found == check.inputs.end() ? "" : found->path;
+}
+
+/// The pair that the library's status is of: the last one, where that ended the run, else the first that was given up.
+const PairCheck* pairOf(const Check& check) {
+  if (!check.status.code) return nullptr;
+  if (!check.pairs.empty() && !check.pairs.back().finished && check.pairs.back().reason.code == *check.status.code)
+    return &check.pairs.back();
+  const auto first = std::ranges::find(check.pairs, false, &PairCheck::finished);
+  return first == check.pairs.end() ? nullptr : &*first;
+}
+
+}  // namespace
+
+std::string withDetectCommand(std::string advice, const Check& check, std::size_t pair, const std::string& side) {
+  const std::size_t at = advice.find(kWords);
+  if (at == std::string::npos) return advice;
+  const std::string image = pathOf(check, (side == "right" ? "right/" : "left/") + std::to_string(pair));
+  const std::string target = pathOf(check, "target");
+  if (image.empty() || target.empty()) return advice;
+  return advice.replace(at, kWords.size(), shellWord(image) + " --target " + shellWord(target));
+}
+
+void nameDetectCommand(Check& check, std::size_t next) {
+  const PairCheck* const pair = pairOf(check);
+  check.status.advice = pair != nullptr ? withDetectCommand(check.status.advice, check, pair->index, pair->reason.side)
+                                        : withDetectCommand(check.status.advice, check, next, "left");
+}
+
+}  // namespace polarline
