@@ -11,8 +11,8 @@ std::string explanationsText(const std::vector<Explanation>& all) {
   for (const Explanation& each : all) {
     const std::string name = each.name == each.code ? "" : " (" + each.name + ")";
     text += fmt::format("{}{}\n  {}\n", each.code, name, each.meaning);
-    if (!each.advice.empty())
-      text += fmt::format("  {}: {}\n", each.unit.empty() ? "What to do" : "Limits", each.advice);
+    const bool is_figure = each.meaning.starts_with("A figure");  // A cause has a unit, too, and no limit.
+    if (!each.advice.empty()) text += fmt::format("  {}: {}\n", is_figure ? "Limits" : "What to do", each.advice);
   }
   return text;
 }

@@ -24,7 +24,7 @@ struct Typical {
   std::string_view name;
   const char* values;
 };
-constexpr std::array<Typical, 16> kTypical = {{{"tri_rms", "0.009"},
+constexpr std::array<Typical, 18> kTypical = {{{"tri_rms", "0.009"},
                                                {"tri_mean", "0.007"},
                                                {"tri_max", "0.029 to 0.031"},
                                                {"tri_dis", "0.16 to 0.24"},
@@ -39,23 +39,30 @@ constexpr std::array<Typical, 16> kTypical = {{{"tri_rms", "0.009"},
                                                {"icp_y_rms", "0.036 to 0.039"},
                                                {"icp_z_rms", "0.22 to 0.26"},
                                                {"icp_nor_rms", "0.23 to 0.26"},
-                                               {"gt_rms", "0.024"}}};
+                                               {"gt_rms", "0.024"},
+                                               {"allpoints_means", "9.2"},
+                                               {"allpoint_max", "581"}}};
+/// The dot behind the last of a row is the next row's first: the way there counts as a spacing, too.
+constexpr std::array<std::string_view, 2> kAcrossRows = {"allpoints_means", "allpoint_max"};
+
+bool isAmong(const auto& names, const std::string& name) { return std::ranges::count(names, name) != 0; }
 
 std::string typicalOf(const std::string& name) {
   const auto* const found = std::ranges::find(kTypical, name, &Typical::name);
   if (found == kTypical.end()) return "0 is perfect.";
-  return fmt::format(
-      "0 is perfect; with an exact calibration {} is left on the rendered set big_1280 (1280 columns, "
-      "a board with steps of 20, 1100 to 1200 away).",
+  const std::string left = fmt::format(
+      "with an exact calibration {} is left on the rendered set big_1280 (1280 columns, a board with steps of 20, 1100 "
+      "to 1200 away).",
       found->values);
+  if (!isAmong(kAcrossRows, name)) return "0 is perfect; " + left;
+  return "The way from a row's last dot to the next row's first counts as a spacing, too, so 0 can't be reached; " +
+         left + " Compare it with that of a good pair on the same board.";
 }
 
 template <typename Value>
 inline constexpr bool is_list_v = requires(const Value& value) {
   value.size();
 };
-
-bool isAmong(const auto& names, const std::string& name) { return std::ranges::count(names, name) != 0; }
 
 std::string meaningOf(const std::string& text, const std::string& unit) {
   const std::string of_unit = unit == "1" ? "without a unit" : unit == "board unit" ? "in board units" : "in " + unit;
