@@ -165,7 +165,7 @@ TEST_F(CheckResults, OfAPictureThatGoesAwayMayBeTriedAgain) {
 
 TEST_F(CheckResults, OfAReaderThatGoesAreNotHalf) {
   set.repeat(200);
-  const std::string command = "'" POLARLINE_COMMAND "' check '" + set.folder.string() + "' --json '" +
+  const std::string command = "'" + InstalledCommand::path() + "' check '" + set.folder.string() + "' --json '" +
                               set.parent.file("r.json") + "' 2>/dev/null | head -n 3 >/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0);
   const auto told = document();  // Whole, as of any run that failed.

@@ -44,9 +44,8 @@ struct Subcommands : CommandTest {
                      "  T_cn_cnm1: [[1, 0, 0, -0.06], [0, 1, 0, 0], [0, 0, 1, 0], [0, 0, 0, 1]]\n");
   }
   int shell(const std::string& line) const {
-    const std::string command = "cd '" + set.parent.path().string() +
-                                "' && polarline() { '" POLARLINE_COMMAND "' \"$@\"; } && " + line +
-                                " >out.txt 2>err.txt";
+    const std::string command = "cd '" + set.parent.path().string() + "' && polarline() { '" +
+                                InstalledCommand::path() + "' \"$@\"; } && " + line + " >out.txt 2>err.txt";
     const int status =
         std::system(("bash -c \"" + std::regex_replace(command, std::regex("[\"$]"), "\\$&") + "\"").c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -19,7 +19,9 @@
 #include <string>
 #include <vector>
 
-/// The built command as a process of its own: what it printed and how it ended.
+#include "support/InstalledCommand.h"
+
+/// The installed command as a process of its own: what it printed and how it ended.
 class CommandRun {
  public:
   struct Options {
@@ -115,7 +117,7 @@ class CommandRun {
     std::vector<char*> environment;
     for (const std::string& each : options_.environment) environment.push_back(const_cast<char*>(each.c_str()));
     environment.push_back(nullptr);
-    execve(POLARLINE_COMMAND, words.data(), environment.data());
+    execve(command_.c_str(), words.data(), environment.data());
     _exit(99);
   }
 
@@ -165,6 +167,7 @@ class CommandRun {
   }
 
   Options options_;
+  const std::string& command_ = InstalledCommand::path();
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::array<int, 2> read_ends_{-1, -1};
   std::array<int, 2> write_ends_{-1, -1};
