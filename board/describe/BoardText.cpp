@@ -20,7 +20,8 @@
 namespace polarline {
 namespace {
 
-constexpr std::string_view kForm = "KIND:COLSxROWS:STEP[:NAME=VALUE...]";
+constexpr std::string_view kForm =
+    "KIND:COLSxROWS:STEP[:NAME=VALUE...] with KIND rings-small, rings-big, rings-mixed or dots, such as dots:26x16:20";
 
 std::vector<std::string_view> split(std::string_view text, char separator) {
   std::vector<std::string_view> pieces;

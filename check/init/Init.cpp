@@ -219,7 +219,7 @@ PairBy pairByOf(const std::string& text) {
 }
 
 MadeSet initSet(const InitRequest& request) {
-  if (request.folder.empty()) throw InputError("no folder is named for the set");
+  init::requirePlace(request.folder);
   Work work(request);
   const std::string limits = limitsText(request);
   if (!request.force)

@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
@@ -33,7 +35,7 @@ constexpr int kFisheyeCode = 2;
 
 std::string contentOf(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
-  if (!stream) throw InputError(path, "the calibration does not open");
+  if (!stream) throw InputError(path, std::strerror(errno));
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 

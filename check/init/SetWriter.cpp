@@ -92,10 +92,15 @@ std::vector<std::string> writeInto(const fs::path& folder, const SetFiles& files
 
 }  // namespace
 
-void refuseOldSet(const std::string& folder, const SetFiles& kept, bool with_limits) {
+void requirePlace(const std::string& folder) {
   std::error_code ignored;
+  if (folder.empty()) throw polarline::InputError("no folder is named for the set");
   if (isThere(folder) && !fs::is_directory(folder, ignored))
-    throw polarline::InputError(folder, "is a file; a folder was wanted");
+    throw polarline::InputError(
+        folder, "is a file; the folder of the set was wanted, as in 'polarline init FOLDER --left ...'");
+}
+
+void refuseOldSet(const std::string& folder, const SetFiles& kept, bool with_limits) {
   std::vector<std::string> in_the_way;
   for (const char* name : kSetNames) {
     const fs::path path = fs::path(folder) / name;

@@ -11,6 +11,9 @@ namespace init {
 /// Contents of files by their names.
 using SetFiles = std::map<std::string, std::string>;
 
+/// Throws `InputError` for a place that is no folder and can't become one.
+void requirePlace(const std::string& folder);
+
 /// Throws `InputError` that names the files of a set which are in the folder already, save those that hold just what
 /// `kept` says of them. Limits are in the way of new ones only.
 void refuseOldSet(const std::string& folder, const SetFiles& kept, bool with_limits = false);

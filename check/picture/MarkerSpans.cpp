@@ -148,10 +148,12 @@ std::optional<MarkerSpan> countedSpan(const SeenPicture& seen) {
 
 std::string spanProblem(const kestrune::RingTargetConfig& config, const std::optional<MarkerSpan>& span) {
   if (!span || (span->columns == config.inner_width && span->rows == config.inner_height)) return {};
+  const bool is_exchanged = span->columns == config.inner_height && span->rows == config.inner_width;
   return fmt::format(
       "the markers of the picture span {0} columns and {1} rows (inner={0}x{1}), by inner_width and inner_height of "
-      "the target they should span {2} and {3}",
-      span->columns, span->rows, config.inner_width, config.inner_height);
+      "the target they should span {2} and {3}{4}",
+      span->columns, span->rows, config.inner_width, config.inner_height,
+      is_exchanged ? ": columns and rows are exchanged" : "");
 }
 
 void warnOfNumbering(const SeenPicture& seen, polarline::Detection& detection) {

@@ -50,6 +50,7 @@ Status statusOf(const std::string& code, const std::string& text, int exit_code)
     status = {std::nullopt,      explained->name,          explained->meaning,
               explained->advice, exit_code == kNotWritten, exit_code};
   if (!text.empty()) status.text = text;
+  if (code == "input") status.advice.clear();  // The text itself says what was wanted.
   return status;
 }
 

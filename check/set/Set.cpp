@@ -56,7 +56,9 @@ void complete(std::string& path, const std::string& folder, const char* what, bo
   if (needed && folder.empty())
     throw InputError(std::string("no set was named, and no ") + what + "; the folder of a set was wanted, with " +
                      listOf(names));
-  if (needed) throw InputError(folder, std::string("has no ") + what + " (" + listOf(names) + ")");
+  if (needed)
+    throw InputError(folder, std::string("has no ") + what + " (" + listOf(names) +
+                                 "); 'polarline init' makes a set of pictures, a calibration and a board");
 }
 
 /// Whoever moved a list or wrote whole paths into it has to learn where its names are looked for.

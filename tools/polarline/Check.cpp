@@ -72,7 +72,7 @@ class Speaker {
  private:
   static void tellFailure(const polarline::Check& check) {
     for (const polarline::Warning& each : check.warnings) tell("warning: {}\n  {}\n", each.text, each.advice);
-    tell("polarline: {}\n{}\n", check.status.text, check.status.advice);
+    tell("polarline: {}\n{}{}", check.status.text, check.status.advice, check.status.advice.empty() ? "" : "\n");
   }
   void say(const std::string& text) const {
     if (!is_quiet_) deliver("-", text);

@@ -219,14 +219,17 @@ TEST_F(Init, RefusesACalibrationThatIsNone) {
   request.calibration = {folder().write("notes.txt", "no calibration at all\n")};
   EXPECT_THAT(refusal(), HasSubstr("notes.txt"));
   request.calibration = {folder().file("not_there.json")};
-  EXPECT_THAT(refusal(), HasSubstr("not_there.json"));
+  EXPECT_THAT(refusal(), HasSubstr("not_there.json: No such file"));
   request.calibration = {};
   EXPECT_THAT(refusal(), HasSubstr("no calibration is named"));
 }
 
 TEST_F(Init, RefusesANamelessFolderAndAFileInItsPlace) {
   request.folder = folder().write("file", "mine");
-  EXPECT_THAT(refusal(), HasSubstr("is a file; a folder was wanted"));
+  EXPECT_THAT(refusal(), HasSubstr("is a file; the folder of the set was wanted"));
+  request.force = true;
+  request.calibration = {"not_there.json"};  // Who forgets the folder may have named a calibration in its place.
+  EXPECT_THAT(refusal(), HasSubstr("is a file; the folder of the set was wanted"));
   request.folder = "";
   EXPECT_THAT(refusal(), HasSubstr("no folder is named"));
 }

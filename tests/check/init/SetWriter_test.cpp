@@ -75,7 +75,14 @@ TEST(SetWriter, OldFilesAreRefusedByName) {
   EXPECT_THAT(refusal(folder.path().string()), AllOf(HasSubstr("polar.txt, calib.json"), HasSubstr("--force")));
   EXPECT_THAT(refusal(folder.path().string(), {{"calib.json", "mine"}}), Not(HasSubstr("calib.json")));
   EXPECT_THAT(refusal(folder.path().string(), {{"calib.json", "other"}}), HasSubstr("calib.json"));
-  EXPECT_THAT(refusal(folder.file("polar.txt")), HasSubstr("is a file; a folder was wanted"));
+}
+
+TEST(SetWriter, AFileInThePlaceOfTheFolderIsRefused) {
+  const TempFolder folder;
+  EXPECT_NO_THROW(init::requirePlace(folder.path().string()));
+  EXPECT_NO_THROW(init::requirePlace(folder.file("not there")));
+  EXPECT_THROW(init::requirePlace(""), polarline::InputError);
+  EXPECT_THROW(init::requirePlace(folder.write("polar.txt", "mine")), polarline::InputError);
 }
 
 TEST(SetWriter, OldPicturesAreRefusedByName) {

@@ -1,5 +1,6 @@
 #include "check/picture/MarkerSpans.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,6 +13,7 @@ namespace {
 using polarline::Detection;
 using scene::BoardKind;
 using testing::HasSubstr;
+using testing::Not;
 
 struct Kind {
   const char* name;
@@ -53,6 +55,8 @@ TEST_P(MarkerSpans, OfAnotherTargetAreNamedByWhatThePictureHas) {
     EXPECT_THAT(told, HasSubstr("span " + std::to_string(columns) + " columns and " + std::to_string(rows) + " rows"))
         << wrong_columns << " x " << wrong_rows;
     EXPECT_THAT(told, HasSubstr("span " + std::to_string(wrong_columns) + " and " + std::to_string(wrong_rows)));
+    EXPECT_THAT(told, HasSubstr(fmt::format("(inner={}x{})", columns, rows)));
+    EXPECT_THAT(told, Not(HasSubstr("exchanged")));
     EXPECT_EQ(warnsOf(detection, "marker_span"), detection.found);
   }
 }
@@ -75,6 +79,15 @@ INSTANTIATE_TEST_SUITE_P(Boards, MarkerSpans,
                          testing::Values(Kind{"Rings", BoardKind::kSmallRings, 9, 7},
                                          Kind{"BigDots", BoardKind::kBigDots, 5, 5}),
                          [](const auto& tested) { return tested.param.name; });
+
+TEST(MarkerSpansThatAreExchanged, AreCalledSo) {
+  const BoardPicture picture(BoardKind::kSmallRings, 640, 512);
+  const Detection detection = polarline::detect(picture.image(), withSpan(picture.target(), 7, 9));
+  std::string told = detection.text;
+  for (const polarline::Warning& each : detection.warnings) told += "\n" + each.text;
+  EXPECT_THAT(told, HasSubstr("span 9 columns and 7 rows (inner=9x7)"));
+  EXPECT_THAT(told, HasSubstr("span 7 and 9: columns and rows are exchanged"));
+}
 
 TEST(MarkerSpansOfBigRings, AreNotGuessed) {
   const BoardPicture picture(BoardKind::kBigRings, 640, 512);
