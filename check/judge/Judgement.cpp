@@ -187,6 +187,8 @@ std::vector<Limit> readLimits(const std::string& path) {
     if (line.ends_with('\r')) line.pop_back();
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string::npos || line[begin] == '#') continue;
+    if (line.find('\0') != std::string::npos)
+      throw InputError(fmt::format("{}, line {}", path, number), "holds a NUL; a text with limits was wanted");
     try {
       limits.push_back(parseLimit(line));
     } catch (const InputError& error) {

@@ -52,7 +52,10 @@ BoardInfo readBoardInfo(const std::string& target_path) {
   try {
     const PlainPath plain(target_path);
     target.loadConfig(plain.get());
-    if (!target.patterns().empty()) requireBoardNumbers(plain.get(), target_path);
+    // The library would look for a board of its own.
+    if (target.patterns().empty())
+      throw InputError(target_path, "board_type: none that is known was found; 1, 2 or 3 was wanted");
+    requireBoardNumbers(plain.get(), target_path);
   } catch (const InputError&) {
     throw;
   } catch (const std::exception&) {

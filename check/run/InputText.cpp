@@ -39,6 +39,8 @@ void requireJson(const std::string& path) {
 std::string shownOf(const std::string& text) {
   std::string shown = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);
   if (shown.size() > kMostShown) shown.resize(kMostShown);
+  // The text of an exception would end there.
+  for (std::size_t at = 0; (at = shown.find('\0', at)) != std::string::npos;) shown.replace(at, 1, "\\x00");
   return fmt::format("'{}'", shown);
 }
 

@@ -108,6 +108,24 @@ TEST_F(CheckInputs, OfAnotherCameraAreToldOf) {
   isInWords(run);
 }
 
+TEST_F(CheckInputs, ThatAreNoTextAreToldToTheEnd) {
+  const std::string bytes = {'\0', '\1', '\xFF', '\n'};
+  for (const auto& [name, words] : {std::pair{"polar.txt", "has no line 'key: value'"},
+                                    {"target.ini", "board_type: none that is known was found"},
+                                    {"calib.json", "line 1, column 1: is no JSON"},
+                                    {"list.txt", "was wanted"},
+                                    {"board_gt.txt", "line 1: '\\x00"},
+                                    {"board_gt.txt", "was found; three numbers x y z were wanted"}}) {
+    const std::string content = set.read(name);
+    set.write(name, bytes);
+    refused(name);
+    refused(words);
+    set.write(name, content);
+  }
+  set.write("limits.txt", bytes);
+  refused("limits.txt, line 1: holds a NUL; a text with limits was wanted");
+}
+
 TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
   refused("did you mean dy_means", {"--limit", "dy_mean<=0.1"});
   refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});

@@ -124,9 +124,12 @@ TEST_F(CheckResults, OfARunStoppedWhileItReadsAreNone) {
   fs::remove(set.file("left_0.png"));
   ASSERT_EQ(mkfifo(set.file("left_0.png").c_str(), 0600), 0);  // A reader waits here until somebody writes.
   options.seconds_to_signal = 0.3;
-  const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
-  interrupted(run);
-  EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing half was left"));
+  for (const int signal : {SIGINT, SIGTERM}) {
+    options.late_signal = signal;
+    const CommandRun run = check({"--json", set.parent.file("r.json"), "--out", set.parent.file("out")});
+    interrupted(run);
+    EXPECT_THAT(run.err, HasSubstr("polarline: interrupted; nothing half was left"));
+  }
 }
 
 TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
@@ -144,8 +147,10 @@ TEST_F(CheckResults, OfARunStoppedWhileItEvaluatesAreNone) {
 TEST_F(CheckResults, OfARunStoppedWhileItWritesAreNone) {
   ASSERT_EQ(mkfifo(set.parent.file("pipe").c_str(), 0600), 0);  // Nobody reads: the document waits for its place.
   options.seconds_to_signal = 0.3;
-  const CommandRun run = check({"--json", set.parent.file("pipe"), "--out", set.parent.file("out")});
-  interrupted(run);
+  for (const int signal : {SIGINT, SIGTERM}) {
+    options.late_signal = signal;
+    interrupted(check({"--json", set.parent.file("pipe"), "--out", set.parent.file("out")}));
+  }
 }
 
 TEST_F(CheckResults, OfAPictureThatGoesAwayMayBeTriedAgain) {

@@ -33,7 +33,8 @@ class CommandRun {
     std::vector<std::string> environment = {"LC_ALL=C"};
     /// Called whenever something was printed, with all that was printed before; the result is a signal to send, or 0.
     std::function<int(const std::string& out)> watch;
-    double seconds_to_signal = -1.0;  ///< From 0: SIGINT so long after the command began to mind it.
+    double seconds_to_signal = -1.0;  ///< From 0: `late_signal` so long after the command began to mind SIGINT.
+    int late_signal = SIGINT;
   };
 
   int exit_code = -1;  ///< -1: ended by a signal.
@@ -141,7 +142,7 @@ class CommandRun {
   /// A busy machine may take its time to start the command; before it minds the signal, it would end without a word.
   void signalInTime() {
     if (minded_ < 0.0 && minds(SIGINT)) minded_ = passed();
-    if (minded_ >= 0.0 && passed() > minded_ + options_.seconds_to_signal) send(SIGINT);
+    if (minded_ >= 0.0 && passed() > minded_ + options_.seconds_to_signal) send(options_.late_signal);
   }
 
   /// The command keeps signals waiting for the thread that takes them.
