@@ -53,7 +53,7 @@ int runBoard(const BoardCommand& options) {
 }  // namespace
 
 Subcommand addBoard(CLI::App& polarline) {
-  CLI::App* const app = polarline.add_subcommand("board", "Draw a board in true size, to print");
+  CLI::App* const app = polarline.add_subcommand("board", "Draws a board in true size, to print");
   const auto options = std::make_shared<BoardCommand>();
   auto* const source = app->add_option_group("Board", "Which board");
   source->add_option("--target", options->target, "Target configuration (.ini, .json, .yml, .yaml, .xml)")

@@ -190,8 +190,8 @@ int runCheck(Arguments& arguments) {
 }
 
 void addSetOptions(CLI::App& app, polarline::Set& set) {
-  app.add_option("SET", set.folder,
-                 "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt");
+  app.add_option("SET", set.folder, "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt")
+      ->type_name("");
   app.add_option("--polar", set.polar, "Polar configuration in place of the set's")->type_name("FILE");
   app.add_option("--target", set.target, "Description of the board in place of the set's")->type_name("FILE");
   app.add_option("--calibration", set.calibration, "Calibration in place of the set's")->type_name("FILE");

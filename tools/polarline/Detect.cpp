@@ -75,9 +75,7 @@ Subcommand addDetect(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand(
       "detect", "What the detector sees in one picture: the dots with their numbers, or the step where it stopped");
   const auto options = std::make_shared<DetectCommand>();
-  app->add_option("image", options->image, "Picture: 8-bit grey or colour, or 16-bit grey")
-      ->required()
-      ->type_name("IMAGE");
+  app->add_option("IMAGE", options->image, "Picture: 8-bit grey or colour, or 16-bit grey")->required()->type_name("");
   auto* const board = app->add_option_group("Board", "Which board");
   board->add_option("--target", options->target, "Description of the board: target.ini, .json, .yml, .yaml or .xml")
       ->type_name("FILE");

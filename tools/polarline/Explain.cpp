@@ -37,7 +37,8 @@ Subcommand addExplain(CLI::App& polarline) {
       polarline.add_subcommand("explain", "Says what a status, warning, exit code or figure means and what to do");
   const auto request = std::make_shared<ExplainCommand>();
   app->add_option("CODE", request->code,
-                  "A number or word that the command or the library has told; without it all are listed");
+                  "A number or word that the command or the library has told; without it all are listed")
+      ->type_name("");
   app->allow_extras(false)->prefix_command(false);
   addResultOptions(*app, request->result);
   addExample(*app, "polarline explain too_few_shared");

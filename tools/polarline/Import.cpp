@@ -58,7 +58,8 @@ Subcommand addImport(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand("import", "Makes a calibration of another tool ours");
   const auto command = std::make_shared<ImportCommand>();
   app->add_option("FILES", command->files, "The calibration: one file, or one for each camera, the left one first")
-      ->required();
+      ->required()
+      ->type_name("");
   app->add_option("-o,--output", command->output,
                   "Where the calibration goes, a path that ends in .json; - is standard output")
       ->type_name("FILE");

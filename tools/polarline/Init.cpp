@@ -32,7 +32,7 @@ int runInit(const InitCommand& options) {
 }
 
 void addInputs(CLI::App& app, polarline::InitRequest& request) {
-  app.add_option("folder", request.folder, "Folder of the set, which is made")->required()->type_name("FOLDER");
+  app.add_option("FOLDER", request.folder, "Folder of the set, which is made")->required()->type_name("");
   app.add_option("--left", request.left, "Left pictures: a folder, names, or a pattern in quotes with * ? [..] **")
       ->required()
       ->type_name("GLOB");
@@ -64,7 +64,7 @@ void addCalibrationOptions(CLI::App& app, InitCommand& options) {
 }  // namespace
 
 Subcommand addInit(CLI::App& polarline) {
-  CLI::App* const app = polarline.add_subcommand("init", "Make a set from pictures, a calibration and a board");
+  CLI::App* const app = polarline.add_subcommand("init", "Makes a set from pictures, a calibration and a board");
   const auto options = std::make_shared<InitCommand>();
   addInputs(*app, options->request);
   addCalibrationOptions(*app, *options);

@@ -33,7 +33,8 @@ Subcommand addReport(CLI::App& polarline) {
       "report", "Makes the page of a check, or of two to eight side by side: one file of HTML");
   const auto request = std::make_shared<Request>();
   app->add_option("CHECK", request->documents, "What 'polarline check --json' wrote; the first is compared with")
-      ->required();
+      ->required()
+      ->type_name("");
   app->add_option("-o,--output", request->output, "Where the page goes; - is standard output")
       ->required()
       ->type_name("FILE");

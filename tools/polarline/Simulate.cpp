@@ -60,8 +60,8 @@ int runSimulate(const SimulateCommand& request) {
 Subcommand addSimulate(CLI::App& polarline) {
   CLI::App* app = polarline.add_subcommand("simulate", "Renders a set of pictures with exact truth");
   const auto request = std::make_shared<SimulateCommand>();
-  app->add_option("SCENE", request->scene, "A preset (--list shows them) or a scene file");
-  app->add_option("FOLDER", request->folder, "Where the set goes: a new or an empty folder");
+  app->add_option("SCENE", request->scene, "A preset (--list shows them) or a scene file")->type_name("");
+  app->add_option("FOLDER", request->folder, "Where the set goes: a new or an empty folder")->type_name("");
   app->add_flag("--list", request->list, "Show the presets");
   app->add_flag("--print-scene", request->print, "Print SCENE as a scene file that tells everything, to change it");
   app->add_option("--pairs", request->options.pairs, "Pairs of pictures, 1 to 1000")->type_name("N");
