@@ -63,7 +63,7 @@ class Nesting {
 
 }  // namespace
 
-Json parseJson(std::string_view text, const std::string& place) {
+Json parseJson(std::string_view text, const std::string& place, const Json::parser_callback_t& look) {
   const std::size_t fault = Nesting(text).firstFault();
   if (fault < text.size()) {
     throw InputError(place, fmt::format("{}: nested deeper than {} or an object of more than {} members; the document "
@@ -71,7 +71,7 @@ Json parseJson(std::string_view text, const std::string& place) {
                                         placeOf(text, fault), kDeepest, kMostMembers));
   }
   try {
-    return Json::parse(text);
+    return Json::parse(text, look);
   } catch (const nlohmann::json::parse_error& error) {
     throw InputError(place, placeOf(text, error.byte) + ": is no JSON; the document of a check was wanted");
   } catch (const nlohmann::json::out_of_range&) {

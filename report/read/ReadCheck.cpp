@@ -1,15 +1,18 @@
 #include "report/read/ReadCheck.h"
 
+#include <functional>
+
 #include "report/read/DemandCheck.h"
+#include "report/read/DotsAside.h"
 #include "report/read/ParseJson.h"
 
 namespace polarline {
 namespace {
 
-ReadPair readPair(const Place& pair) {
+ReadPair readPair(const Place& pair, DotsAside& dots) {
   ReadPair read;
-  read.points = readDots(pair.object("points"));
-  if (const auto refined = pair.objectIfAny("refined")) read.refined = readDots(refined->object("points"));
+  read.points = dots.take(pair);
+  if (const auto refined = pair.objectIfAny("refined")) read.refined = dots.take(*refined);
   return read;
 }
 
@@ -26,10 +29,11 @@ ReadCheck readCheck(const ReportDocument& document) {
   const std::string file = document.path.empty() ? "document" : document.path;
   ReadCheck check;
   check.path = document.path;
-  check.json = parseJson(document.text, file);
+  DotsAside dots;
+  check.json = parseJson(document.text, file, std::ref(dots));
   const Place place(check.json, file);
   demandCheck(place);
-  for (const Place& pair : place.objects("pairs")) check.pairs.push_back(readPair(pair));
+  for (const Place& pair : place.objects("pairs")) check.pairs.push_back(readPair(pair, dots));
   dropPoints(check.json["pairs"]);
   return check;
 }
