@@ -17,6 +17,7 @@
 #include "report/fill/StaticPart.h"
 #include "report/measure/Crop.h"
 #include "report/picture/SetBoard.h"
+#include "report/picture/SetCameras.h"
 #include "report/picture/SetPictures.h"
 #include "report/read/ShortPaths.h"
 #include "report/view/PageText.h"
@@ -80,9 +81,10 @@ std::string reportPage(const std::vector<ReportDocument>& documents, const Repor
   std::vector<CheckView> views;
   for (const ReportDocument& document : documents) {
     ReadCheck check = readCheck(document);
-    const SetPictures files(check.json, check.path, partLookedAt(check.json));
+    const auto cameras = setCameras(check.json, check.path);
+    const SetPictures files(check.json, check.path, partLookedAt(check.json), cameras);
     const auto pictures = [&](std::size_t place) { return options.pictures ? files.of(place) : PairPictures(); };
-    const CheckSources sources{pictures, boardOf(check.json, check.path)};
+    const CheckSources sources{pictures, boardOf(check.json, check.path), cameras};
     const ViewOptions shown{titleOf(check, views), options.paths, options.budget / documents.size()};
     views.push_back(viewCheck(std::move(check), sources, shown));
   }

@@ -15,6 +15,7 @@ struct PagePicture {
 /// What the step saw that failed.
 struct FailedStep {
   PagePicture picture;
+  std::string seen;  ///< What it is a picture of: "left picture", "rectified right picture".
   std::string text;  ///< Of the detection.
 };
 

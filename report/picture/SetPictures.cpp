@@ -4,6 +4,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "platform/Pictures.h"
+#include "polar/results/PairStatus.h"
 #include "polarline/detect.h"
 #include "report/picture/JpegUri.h"
 
@@ -25,16 +26,35 @@ std::optional<PagePicture> pageOf(const cv::Mat& picture) {
   return PagePicture{jpegUri(grey), grey.size()};
 }
 
+constexpr const char* kNotRectified =
+    ". The step that failed looked at the rectified picture, which can't be made again: the calibration is not where "
+    "it "
+    "was, or has changed";
+
+/// Of the evaluations, whose names stand for a step where the detection did not fail.
+bool looksAtGiven(const std::string& step) { return step == "triangulation" || step == "board"; }
+
+std::optional<FailedStep> stepOf(const cv::Mat& picture, const Detection& detection, const std::string& seen,
+                                 const char* note) {
+  const cv::Mat drawn = detection.found ? overlay(picture, detection) : ellipsesPicture(picture, detection);
+  if (drawn.empty()) return std::nullopt;
+  return FailedStep{{jpegUri(drawn), drawn.size()}, seen, detection.text + note};
+}
+
 }  // namespace
 
-SetPictures::SetPictures(const Json& document, const std::string& path, const cv::Rect& part)
-    : files_(document, path), part_(part) {
+SetPictures::SetPictures(const Json& document, const std::string& path, const cv::Rect& part,
+                         const std::optional<KnownCameras>& cameras)
+    : files_(document, path), rectifier_(document, cameras), part_(part) {
   for (const Json& each : document["pairs"]) {
     Pair pair;
     pair.index = std::to_string(each["index"].get<std::size_t>());
     pair.is_finished = each["state"] == "finished";
     const auto reason = each.find("reason");
-    if (reason != each.end() && reason->is_object()) pair.failed_side = (*reason)["side"].get<std::string>();
+    if (reason != each.end() && reason->is_object()) {
+      pair.failed_side = (*reason)["side"].get<std::string>();
+      pair.failed_step = (*reason)["step"].get<std::string>();
+    }
     pairs_.push_back(pair);
   }
 }
@@ -48,15 +68,23 @@ cv::Mat SetPictures::read(const std::string& role) const {
   return part_.empty() || (part_ & whole) != part_ ? picture : picture(part_).clone();
 }
 
-/// Of both or neither side the left one stands for the pair.
-std::optional<FailedStep> SetPictures::failedStep(const Pair& pair, const cv::Mat& left, const cv::Mat& right) const {
-  const cv::Mat& seen = pair.failed_side == "right" ? right : left;
+/// Where a detection failed, the run may have failed at the picture as it is or at the rectified one; the document does
+/// not tell, but the first of them that fails here is the one. Of both or neither side the left one stands for the
+/// pair.
+std::optional<FailedStep> SetPictures::failedStep(std::size_t place, const cv::Mat& left, const cv::Mat& right) const {
+  const Pair& pair = pairs_.at(place);
+  const bool is_right = pair.failed_side == "right";
+  const cv::Mat& given = is_right ? right : left;
   const auto target = files_.find("target");
-  if (seen.empty() || !target) return std::nullopt;
-  const Detection detection = detect(seen, *target);
-  const cv::Mat drawn = detection.found ? overlay(seen, detection) : ellipsesPicture(seen, detection);
-  if (drawn.empty()) return std::nullopt;
-  return FailedStep{{jpegUri(drawn), drawn.size()}, detection.text};
+  if (given.empty() || !target) return std::nullopt;
+  const std::string seen = is_right ? "right picture" : "left picture";
+  const Detection detection = detect(given, *target);
+  const bool is_enough = detection.dots.size() >= kLeastSharedRaw;
+  if (!rectifier_.hasRun() || looksAtGiven(pair.failed_step) || !is_enough) return stepOf(given, detection, seen, "");
+  const auto rectified = rectifier_.of(place, left, right);
+  if (!rectified) return stepOf(given, detection, seen, kNotRectified);
+  const cv::Mat& failed = is_right ? rectified->right : rectified->left;
+  return stepOf(failed, detect(failed, *target), "rectified " + seen, "");
 }
 
 PairPictures SetPictures::of(std::size_t place) const {
@@ -67,7 +95,7 @@ PairPictures SetPictures::of(std::size_t place) const {
     const cv::Mat right = read("right/" + pair.index);
     pictures.left = pageOf(left);
     pictures.right = pageOf(right);
-    if (!pair.is_finished) pictures.failed = failedStep(pair, left, right);
+    if (!pair.is_finished) pictures.failed = failedStep(place, left, right);
   } catch (const std::exception&) {
     return pictures;  // A page without a picture is better than none.
   }

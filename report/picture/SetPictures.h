@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <opencv2/core.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "report/measure/KnownCameras.h"
 #include "report/picture/PagePicture.h"
+#include "report/picture/Rectifier.h"
 #include "report/picture/SetFiles.h"
 #include "report/read/Json.h"
 
@@ -16,7 +19,8 @@ class SetPictures {
  public:
   /// @param document As it was read: its paths lead to the files.
   /// @param part     Of the pictures that the check looked at; empty: it is not known, and the whole is shown.
-  SetPictures(const Json& document, const std::string& path, const cv::Rect& part);
+  SetPictures(const Json& document, const std::string& path, const cv::Rect& part,
+              const std::optional<KnownCameras>& cameras);
 
   /// Of the pair at a place of the document.
   PairPictures of(std::size_t place) const;
@@ -25,12 +29,13 @@ class SetPictures {
   struct Pair {
     std::string index;
     bool is_finished = false;
-    std::string failed_side;
+    std::string failed_side, failed_step;
   };
   cv::Mat read(const std::string& role) const;
-  std::optional<FailedStep> failedStep(const Pair& pair, const cv::Mat& left, const cv::Mat& right) const;
+  std::optional<FailedStep> failedStep(std::size_t place, const cv::Mat& left, const cv::Mat& right) const;
 
   SetFiles files_;
+  Rectifier rectifier_;
   cv::Rect part_;
   std::vector<Pair> pairs_;
 };

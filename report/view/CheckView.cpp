@@ -79,8 +79,8 @@ struct Details {
   std::size_t without_pictures = 0;  ///< Of those that are there.
 };
 
-Details detailsOf(const ReadCheck& check, const std::string& figure, const CheckSources& sources, std::size_t budget) {
-  const CausePattern pattern(check.json);
+Details detailsOf(const ReadCheck& check, const std::string& figure, const CheckSources& sources,
+                  const CausePattern& pattern, std::size_t budget) {
   const Json& pairs = check.json["pairs"];
   Details details;
   details.texts.resize(pairs.size());
@@ -148,7 +148,9 @@ CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOpti
   json.object();
   writeWords(json, view, names);
   json.key("document").raw(document);
-  writeDetails(json, detailsOf(check, names.empty() ? "" : names.front(), sources, left));
+  const CausePattern pattern(check.json, sources.cameras);
+  json.member("pattern_unknown", pattern.whyUnknown());
+  writeDetails(json, detailsOf(check, names.empty() ? "" : names.front(), sources, pattern, left));
   writeCoverage(json, check);
   view.data = json.end().take();
   return view;

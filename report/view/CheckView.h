@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "polarline/check.h"
 #include "report/measure/Board.h"
+#include "report/measure/KnownCameras.h"
 #include "report/picture/PagePicture.h"
 #include "report/read/ReadCheck.h"
 
@@ -25,6 +27,7 @@ struct CheckSources {
   /// The pictures of the pair at a place of the document.
   std::function<PairPictures(std::size_t place)> pictures;
   Board board;
+  std::optional<KnownCameras> cameras;  ///< None where they are not known.
 };
 
 /// How a check is shown.

@@ -38,7 +38,7 @@ void writePictures(JsonText& json, const PairPictures& pictures) {
   }
   json.object();
   writePicture(json, pictures.failed->picture);
-  json.member("text", pictures.failed->text).end();
+  json.member("seen", pictures.failed->seen).member("text", pictures.failed->text).end();
 }
 
 /// What the document has, digit by digit; as many as there are dots.

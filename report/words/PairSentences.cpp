@@ -10,14 +10,21 @@ namespace {
 
 constexpr const char* kNotMeasured = "Not measured in this pair.";
 
-std::string px(double value) { return fmt::format("{:.3g} pixels", value); }
-std::string units(double value) { return fmt::format("{:.3g} board units", value); }
+/// To three digits that count, without an exponent where the size is one that figures have.
+std::string number(double value) {
+  const double size = std::abs(value);
+  if (!(size >= 1e-7 && size < 1e-4)) return fmt::format("{:.3g}", value);
+  return fmt::format("{:.{}f}", value, 2 - static_cast<int>(std::floor(std::log10(size))));
+}
+
+std::string px(double value) { return number(value) + " pixels"; }
+std::string units(double value) { return number(value) + " board units"; }
 
 std::string mapText(const PairMeasures& measures) {
   const Spread& dy = measures.dy;
   if (dy.count == 0) return kNotMeasured;
-  std::string text = fmt::format("Row difference of {} dots over the picture: from {:.3g} to {}, mean {}.", dy.count,
-                                 dy.min, px(dy.max), px(dy.mean));
+  std::string text = fmt::format("Row difference of {} dots over the picture: from {} to {}, mean {}.", dy.count,
+                                 number(dy.min), px(dy.max), px(dy.mean));
   if (measures.along && measures.across) {
     text += fmt::format(" In 1000 pixels it changes by {} along the picture and by {} across it.",
                         px(1000.0 * measures.along->slope), px(1000.0 * measures.across->slope));
@@ -28,23 +35,24 @@ std::string mapText(const PairMeasures& measures) {
 std::string histogramText(const Spread& dy) {
   if (dy.count == 0) return kNotMeasured;
   return fmt::format(
-      "Distribution of the row differences: half of the dots are below {:.3g} and half above, "
-      "95 of 100 are within {} of 0; mean size {}.",
-      dy.median, px(dy.p95_abs), px(dy.mean_abs));
+      "Distribution of the row differences: half of the dots are below {} and half above; mean size {}, and 95 % of "
+      "the "
+      "dots have at most {}.",
+      number(dy.median), px(dy.mean_abs), px(dy.p95_abs));
 }
 
 std::string courseText(const std::optional<Course>& course, const char* way) {
   if (!course) return kNotMeasured;
   const auto [least, most] = std::ranges::minmax(course->mean);
   return fmt::format(
-      "Mean row difference {} the picture in {} stripes: from {:.3g} to {}; a line through all dots "
+      "Mean row difference {} the picture in {} stripes: from {} to {}; a line through all dots "
       "changes by {} in 1000 pixels.",
-      way, course->mean.size(), least, px(most), px(1000.0 * course->slope));
+      way, course->mean.size(), number(least), px(most), px(1000.0 * course->slope));
 }
 
 std::string residualText(const Spread& residual) {
   if (residual.count == 0) return kNotMeasured;
-  return fmt::format("Residual of the triangulation of {} dots: mean {}, 95 of 100 within {}, largest {}.",
+  return fmt::format("Residual of the triangulation of {} dots: mean {}, 95 % of them at most {}, largest {}.",
                      residual.count, px(residual.mean), px(residual.p95_abs), px(residual.max));
 }
 
@@ -55,15 +63,15 @@ std::string distancesText(const std::vector<DistanceBin>& bins) {
   const auto size = [](const DistanceBin& bin) { return std::max(std::abs(bin.min), std::abs(bin.max)); };
   const DistanceBin& worst = *std::ranges::max_element(bins, {}, size);
   return fmt::format(
-      "Errors of {} distances between dots by the true distance: mean {:.3g} among the shortest, {} "
+      "Errors of {} distances between dots by the true distance: mean {} among the shortest, {} "
       "among the longest; the largest error is {}.",
-      count, bins.front().mean, units(bins.back().mean), units(size(worst)));
+      count, number(bins.front().mean), units(bins.back().mean), units(size(worst)));
 }
 
 std::string depthText(const Spread& depth) {
   if (depth.count == 0) return kNotMeasured;
-  return fmt::format("Depth error of {} dots against the fitted board: from {:.3g} to {}, standard deviation {}.",
-                     depth.count, depth.min, units(depth.max), units(depth.sd));
+  return fmt::format("Depth error of {} dots against the fitted board: from {} to {}, standard deviation {}.",
+                     depth.count, number(depth.min), units(depth.max), units(depth.sd));
 }
 
 std::string disparityText(const Spread& disparity) {
@@ -86,8 +94,8 @@ std::string boardText(const BoardFit& board) {
   if (count == 0) return kNotMeasured;
   return fmt::format(
       "Measured board against the true one, {} dots: root mean square {}, largest {}; off the plane "
-      "from {:.3g} to {}.",
-      count, units(std::sqrt(squares / static_cast<double>(count))), units(largest), spreadOf(board.off_z).min,
+      "from {} to {}.",
+      count, units(std::sqrt(squares / static_cast<double>(count))), units(largest), number(spreadOf(board.off_z).min),
       units(spreadOf(board.off_z).max));
 }
 

@@ -83,7 +83,8 @@ inline polarline::PairPictures noPictures(std::size_t /*place*/) { return {}; }
 /// As the page has the check.
 inline polarline::CheckView view(const polarline::Check& check, const polarline::ViewOptions& options,
                                  Pictures* pictures = noPictures) {
-  return polarline::viewCheck(read(check), {pictures, polarline::Board(json(check))}, options);
+  return polarline::viewCheck(read(check),
+                              {pictures, polarline::Board(json(check)), polarline::knownCameras(json(check))}, options);
 }
 
 /// The dots of the first pair.

@@ -9,7 +9,7 @@ namespace {
 
 PairMeasures measured(const DotLists& dots) {
   const Json document = made_document::json(made_document::check());
-  return measure(dots, Board(document), CausePattern(document));
+  return measure(dots, Board(document), CausePattern(document, knownCameras(document)));
 }
 
 TEST(PairMeasuresOf, AWholePair) {

@@ -19,7 +19,9 @@ struct SetPicturesOf : ::testing::Test {
 
   SetPicturesOf() { set.append("polar.txt", "\ndiscalsave: 0\n"); }
   Json checked() const { return made_document::json(set.check()); }
-  static SetPictures pictures(const Json& document) { return {document, "", partLookedAt(document)}; }
+  static SetPictures pictures(const Json& document) {
+    return {document, "", partLookedAt(document), knownCameras(document)};
+  }
 };
 
 TEST_F(SetPicturesOf, AFinishedPair) {
@@ -37,8 +39,25 @@ TEST_F(SetPicturesOf, APairGivenUpShowsTheSideThatFailed) {
   ASSERT_EQ(document["pairs"][1]["reason"]["side"], "right");
   const PairPictures shown = pictures(document).of(1);
   ASSERT_TRUE(shown.left && shown.right && shown.failed);
+  EXPECT_EQ(shown.failed->seen, "right picture");
   EXPECT_THAT(shown.failed->text, ::testing::HasSubstr("outline")) << "of a bare grey nothing has one";
   EXPECT_THAT(shown.failed->picture.source, ::testing::StartsWith("data:image/jpeg;base64,/9j/"));
+}
+
+/// A corner dot is hidden on the right, which the point cloud wants and the triangulation does not.
+TEST_F(SetPicturesOf, APairGivenUpAfterTheRectificationShowsTheRectifiedPicture) {
+  set.append("polar.txt", "\nPolPoint1_ID: 0\n");
+  set.hide(false, 1, 0);
+  const Json document = checked();
+  ASSERT_EQ(document["pairs"][1]["reason"]["step"], "cloud");
+  const PairPictures shown = pictures(document).of(1);
+  ASSERT_TRUE(shown.left && shown.failed);
+  EXPECT_EQ(shown.failed->seen, "rectified left picture");
+  EXPECT_NE(shown.failed->picture.size, shown.left->size) << "it is enlarged, with a legend";
+  const PairPictures unknown = SetPictures(document, "", partLookedAt(document), std::nullopt).of(1);
+  ASSERT_TRUE(unknown.failed);
+  EXPECT_EQ(unknown.failed->seen, "left picture");
+  EXPECT_THAT(unknown.failed->text, ::testing::HasSubstr("can't be made again"));
 }
 
 TEST_F(SetPicturesOf, ChangedOrMissingFilesAreNone) {

@@ -11,8 +11,8 @@ namespace {
 
 Json detailsOf(const Check& check, const PairPictures& pictures = {}) {
   const ReadCheck read = made_document::read(check);
-  return Json::parse(
-      detailsText(read.pairs[0], check.pairs[0].finished, pictures, Board(read.json), CausePattern(read.json)));
+  return Json::parse(detailsText(read.pairs[0], check.pairs[0].finished, pictures, Board(read.json),
+                                 CausePattern(read.json, knownCameras(read.json))));
 }
 
 TEST(DetailsTextPoints, AreTheDocumentsDigitByDigit) {
@@ -75,12 +75,13 @@ TEST(DetailsTextGivenUp, HasPicturesOnly) {
   check.pairs[0] = hand_made::givenUp(check.pairs[0]);
   PairPictures pictures;
   pictures.left = PagePicture{"data:a", {40, 30}};
-  pictures.failed = FailedStep{{"data:b", {80, 70}}, "no outline"};
+  pictures.failed = FailedStep{{"data:b", {80, 70}}, "left picture", "no outline"};
   const Json details = detailsOf(check, pictures);
   EXPECT_TRUE(details["points"].is_null());
   EXPECT_TRUE(details["statistics"].is_null());
   EXPECT_EQ(details["pictures"].dump(), R"({"left":{"source":"data:a","width":40,"height":30},"right":null})");
-  EXPECT_EQ(details["failed_step"].dump(), R"({"source":"data:b","width":80,"height":70,"text":"no outline"})");
+  EXPECT_EQ(details["failed_step"].dump(),
+            R"({"source":"data:b","width":80,"height":70,"seen":"left picture","text":"no outline"})");
 }
 
 }  // namespace

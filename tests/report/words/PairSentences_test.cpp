@@ -12,7 +12,7 @@ using ::testing::HasSubstr;
 
 PairSentences sentencesOf(const DotLists& dots) {
   const Json document = made_document::json(made_document::check());
-  return pairSentences(dots, measure(dots, Board(document), CausePattern(document)));
+  return pairSentences(dots, measure(dots, Board(document), CausePattern(document, knownCameras(document))));
 }
 
 TEST(PairSentencesOf, TellTheNumbers) {
@@ -23,7 +23,7 @@ TEST(PairSentencesOf, TellTheNumbers) {
   EXPECT_THAT(sentences.histogram, HasSubstr("mean size 0.055 pixels"));
   EXPECT_THAT(sentences.along, HasSubstr("along the picture in 4 stripes: from 0.04 to 0.07 pixels"));
   EXPECT_THAT(sentences.across, HasSubstr("changes by 4 pixels in 1000 pixels"));
-  EXPECT_THAT(sentences.residual, HasSubstr("12 dots: mean 0.25 pixels, 95 of 100 within 0.25 pixels"));
+  EXPECT_THAT(sentences.residual, HasSubstr("12 dots: mean 0.25 pixels, 95 % of them at most 0.25 pixels"));
   EXPECT_THAT(sentences.distances, HasSubstr("Errors of 66 distances"));
   EXPECT_THAT(sentences.depth, HasSubstr("of 12 dots"));
   EXPECT_EQ(sentences.disparity, "Disparity of 12 dots: from 5 to 5 pixels, mean 5 pixels.");
