@@ -14,11 +14,36 @@ const FigureSummary* named(const Check& check, const std::string& name) {
   return found == check.summary.end() ? nullptr : &*found;
 }
 
-Difference differenceOf(const FigureSummary* first, const FigureSummary* other) {
+/// How certain a mean is: by the scatter of the pairs, where there are enough; else by that of the dots in each of
+/// them, which the pairs' own figures have.
+struct MeanError {
+  double sd = NAN;
+  Difference::Basis basis = Difference::Basis::kPairs;
+};
+
+MeanError errorOf(const Check& check, const FigureSummary& figure) {
+  if (std::isfinite(figure.sd_mean)) return {figure.sd_mean, Difference::Basis::kPairs};
+  double squares = 0.0;
+  std::size_t count = 0;
+  for (const PairCheck& pair : check.pairs) {
+    const auto own = std::ranges::find(pair.uncertainty, figure.name, &FigureUncertainty::name);
+    if (own == pair.uncertainty.end()) continue;
+    squares += own->sd * own->sd;
+    ++count;
+  }
+  if (count == 0 || count != figure.count) return {};
+  return {std::sqrt(squares) / static_cast<double>(count), Difference::Basis::kDots};
+}
+
+Difference differenceOf(const Check& first_check, const FigureSummary* first, const Check& other_check,
+                        const FigureSummary* other) {
   Difference difference;
   if (first == nullptr || other == nullptr) return difference;
+  const MeanError first_error = errorOf(first_check, *first);
+  const MeanError other_error = errorOf(other_check, *other);
   difference.value = other->mean - first->mean;
-  difference.sd = std::hypot(first->sd_mean, other->sd_mean);
+  difference.sd = std::hypot(first_error.sd, other_error.sd);
+  difference.basis = std::max(first_error.basis, other_error.basis);
   if (difference.value == 0.0) difference.judged = Difference::Judged::kNone;
   if (!std::isfinite(difference.sd) || !(std::abs(difference.value) > 0.0)) return difference;
   const bool is_chance = std::abs(difference.value) <= kMoreThanChance * difference.sd;
@@ -38,7 +63,7 @@ ComparedFigure compare(const std::vector<const Check*>& checks, const FigureSumm
     compared.mean.push_back(shown.mean);
     compared.low95.push_back(shown.low95);
     compared.high95.push_back(shown.high95);
-    compared.differences.push_back(differenceOf(first, summary));
+    compared.differences.push_back(differenceOf(*checks.front(), first, *check, summary));
   }
   return compared;
 }

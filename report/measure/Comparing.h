@@ -18,9 +18,15 @@ struct Difference {
     kNone,     ///< Within it: chance makes such differences.
     kUnknown,  ///< The checks have too few pairs to tell.
   };
+  /// What the standard deviation is of.
+  enum class Basis : std::uint8_t {
+    kPairs,  ///< The scatter of the pairs, in both checks.
+    kDots,   ///< In one or both that of the dots within the pairs: what changes from pair to pair is not in it.
+  };
   double value = std::numeric_limits<double>::quiet_NaN();  ///< Less the first check's; not a number: not measured.
   double sd = std::numeric_limits<double>::quiet_NaN();
   Judged judged = Judged::kUnknown;
+  Basis basis = Basis::kPairs;
 };
 
 /// A figure in several checks: an entry a check.

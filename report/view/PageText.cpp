@@ -28,8 +28,10 @@ void writeFigure(JsonText& json, const ComparedFigure& figure) {
   json.object().member("figure", figure.name).member("unit", figure.unit);
   json.list("mean", figure.mean).list("low95", figure.low95).list("high95", figure.high95);
   json.key("difference").array();
-  for (const Difference& each : figure.differences)
-    json.object().member("value", each.value).member("sd", each.sd).member("judged", wordOf(each.judged)).end();
+  for (const Difference& each : figure.differences) {
+    json.object().member("value", each.value).member("sd", each.sd).member("judged", wordOf(each.judged));
+    json.member("basis", each.basis == Difference::Basis::kDots ? "dots" : "pairs").end();
+  }
   json.end().end();
 }
 

@@ -37,6 +37,12 @@ std::string listed(const std::vector<const ComparedFigure*>& figures, std::size_
   return fmt::format(" {}: {}.", word, text);
 }
 
+bool isByDots(const std::vector<const ComparedFigure*>& figures, std::size_t check) {
+  return std::ranges::any_of(figures, [&](const ComparedFigure* figure) {
+    return figure->differences[check].basis == Difference::Basis::kDots;
+  });
+}
+
 std::string ofCheck(const std::vector<std::string>& titles, const std::vector<ComparedFigure>& figures,
                     std::size_t check) {
   const auto less = judged(figures, check, Judged::kLess);
@@ -50,9 +56,15 @@ std::string ofCheck(const std::vector<std::string>& titles, const std::vector<Co
     text += fmt::format(" None: {}, whose difference is within its uncertainty.", counted(none.size()));
   if (!unknown.empty()) {
     text += fmt::format(
-        " Not known: {}, as five finished pairs of each check are needed to tell a difference from "
-        "chance.",
+        " Not known: {}, as five finished pairs of each check are needed to tell a difference of them "
+        "from chance.",
         counted(unknown.size()));
+  }
+  if (isByDots(less, check) || isByDots(more, check) || isByDots(none, check)) {
+    text +=
+        " With fewer than five finished pairs in a check the ± is of the dots within them alone: other pairs may "
+        "differ "
+        "by more.";
   }
   if (less.empty() && more.empty() && none.empty() && unknown.empty()) text += " No figure was measured in both.";
   return text;

@@ -42,6 +42,45 @@ INSTANTIATE_TEST_SUITE_P(All, ComparingJudges,
                                            Compared{0.0, 0.4, Judged::kNone}, Compared{-0.01, 0.4, Judged::kLess},
                                            Compared{5.0, NAN, Judged::kUnknown}, Compared{1.0, NAN, Judged::kNone}));
 
+/// Two pairs whose figures have 0.3 and 0.4: their mean has half of 0.5.
+Check ofTwoPairs(double mean) {
+  Check check = made_document::check();
+  check.pairs = {made_document::pair(0, mean), made_document::pair(1, mean)};
+  check.pairs[0].uncertainty = {{"dy_means", 0.3, NAN, NAN}};
+  check.pairs[1].uncertainty = {{"dy_means", 0.4, NAN, NAN}};
+  check.summary = {summary("dy_means", mean, NAN)};
+  check.summary[0].count = 2;
+  return check;
+}
+
+TEST(ComparingFewPairs, AreJudgedByTheirDots) {
+  const Check first = ofTwoPairs(1.0);
+  const Check other = ofTwoPairs(2.0);
+  const Difference difference = compareFigures({&first, &other})[0].differences[1];
+  EXPECT_EQ(difference.basis, Difference::Basis::kDots);
+  EXPECT_NEAR(difference.sd, 0.25 * std::sqrt(2.0), 1e-12);
+  EXPECT_EQ(difference.judged, Judged::kMore);
+}
+
+TEST(ComparingFewPairs, AgainstManyAreStillJudgedByTheirDots) {
+  Check first = made_document::check();
+  first.summary = {summary("dy_means", 1.0, 0.3)};
+  const Check other = ofTwoPairs(1.5);
+  const Difference difference = compareFigures({&first, &other})[0].differences[1];
+  EXPECT_EQ(difference.basis, Difference::Basis::kDots);
+  EXPECT_DOUBLE_EQ(difference.sd, std::hypot(0.3, 0.25));
+  EXPECT_EQ(difference.judged, Judged::kNone);
+}
+
+TEST(ComparingFewPairs, AreNotKnownWhereAPairDoesNotSay) {
+  const Check first = ofTwoPairs(1.0);
+  Check other = ofTwoPairs(2.0);
+  other.pairs[1].uncertainty.clear();
+  EXPECT_EQ(compareFigures({&first, &other})[0].differences[1].judged, Judged::kUnknown);
+  other.pairs[1].uncertainty = {{"dy_means", NAN, NAN, NAN}};
+  EXPECT_EQ(compareFigures({&first, &other})[0].differences[1].judged, Judged::kUnknown);
+}
+
 TEST(ComparingFigures, AreThoseOfAnyCheck) {
   Check first = made_document::check();
   Check other = first;

@@ -27,7 +27,18 @@ TEST(ComparisonWordsOf, ACheckAgainstTheFirst) {
 TEST(ComparisonWordsOf, FewPairsSaySo) {
   EXPECT_EQ(wordsOf({summary("dy_means", 1.0, NAN)}, {summary("dy_means", 0.5, NAN)}),
             "after against before. Not known: 1 figure, as five finished pairs of each check are needed to tell a "
-            "difference from chance.");
+            "difference of them from chance.");
+}
+
+TEST(ComparisonWordsOf, FewPairsWithCertainDotsSayOfWhat) {
+  Check first = made_document::check();
+  first.pairs[0].uncertainty = {{"dy_means", 0.03, NAN, NAN}};
+  Check other = first;
+  other.pairs[0].uncertainty = {{"dy_means", 0.04, NAN, NAN}};
+  other.summary[0].mean = 1.055;
+  EXPECT_EQ(comparisonWords({"before", "after"}, compareFigures({&first, &other})),
+            "after against before. More: dy_means (by 1 ± 0.05 pixels). With fewer than five finished pairs in a check "
+            "the ± is of the dots within them alone: other pairs may differ by more.");
 }
 
 TEST(ComparisonWordsOf, NothingInCommon) {
