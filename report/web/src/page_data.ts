@@ -38,6 +38,8 @@ export interface CheckView {
   /** The document 'polarline-check/1' as it was written, but for `pairs[].points` and `pairs[].refined.points`, which
    * stand in `details`, and for paths, which are file names unless they were asked for. */
   document: CheckDocument;
+  /** Why `dy_pattern` is empty although causes are told; '' where it is not. */
+  pattern_unknown: string;
   /** By index in `document.pairs`; null where the details were left out. */
   details: (PairDetails | null)[];
   /** What was left out and why; '' where nothing was. */
@@ -62,12 +64,19 @@ export interface CoverageGrid {
 export interface PairDetails {
   pictures: { left: Picture | null; right: Picture | null };
   /** Of a given-up pair: what the step that failed saw. */
-  failed_step: (Picture & { text: string }) | null;
+  failed_step: (Picture & FailedStep) | null;
   /** Of a finished pair. */
   points: DotColumns | null;
   refined_points: DotColumns | null;
   statistics: Statistics | null;
   refined_statistics: Statistics | null;
+}
+
+export interface FailedStep {
+  /** What it is a picture of: 'left picture', 'rectified right picture'. */
+  seen: string;
+  /** What the detection says of it. */
+  text: string;
 }
 
 export interface Picture {
@@ -97,7 +106,7 @@ export interface DotColumns {
   rectified_right_y: (number | null)[];
   /** Row difference, left less right, pixels. */
   dy: (number | null)[];
-  /** What the told causes would make of it; empty without causes. */
+  /** What the told causes would make of it; empty without causes, and where it is not known. */
   dy_pattern: (number | null)[];
   /** Residual of the triangulation, pixels. */
   residual: (number | null)[];
@@ -194,8 +203,14 @@ export interface ComparedFigure {
   low95: (number | null)[];
   high95: (number | null)[];
   /** Against the first check: difference, its standard deviation, and whether it is more than chance
-   * ('none' where it is within its uncertainty, 'unknown' where there is no uncertainty). */
-  difference: { value: number | null; sd: number | null; judged: 'more' | 'less' | 'none' | 'unknown' }[];
+   * ('none' where it is within its uncertainty, 'unknown' where there is no uncertainty). The standard deviation is of
+   * the scatter of the pairs or, with too few of them, of that of the dots within them alone. */
+  difference: {
+    value: number | null;
+    sd: number | null;
+    judged: 'more' | 'less' | 'none' | 'unknown';
+    basis: 'pairs' | 'dots';
+  }[];
 }
 
 // ---- The document of a check, as far as the page reads it (docs/schema/polarline-check-1.schema.json) ----

@@ -12,7 +12,9 @@ test('numbers keep four figures that count', () => {
   assert.equal(shown(567.8404), '567.8');
   assert.equal(shown(12345.678), '12345.7');
   assert.equal(shown(-0.5), '\u22120.5000');
-  assert.equal(shown(6.1035156e-5), '6.104e\u22125');
+  assert.equal(shown(6.1035156e-5), '0.00006104');
+  assert.equal(shown(9.996e-4), '0.0009996');
+  assert.equal(shown(-6.1035156e-8), '\u22126.104e\u22128');
   assert.equal(shown(0), '0');
   assert.equal(signed(2), '+2');
 });

@@ -64,6 +64,7 @@ function cellElement(cell: Cell, heading: boolean, name: string): HTMLElement {
     element.textContent = figureText(cell);
     tellFigure(element, cell);
     if (cell.value === null) element.title = cell.absence ?? '';
+    if (cell.over) element.classList.add('over-text');
   }
   return element;
 }

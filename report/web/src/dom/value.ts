@@ -13,6 +13,8 @@ export interface ShownFigure {
   unit?: string;
   /** Why there is none. */
   absence?: string;
+  /** It is beyond a limit. */
+  over?: boolean;
 }
 
 /** Sets what lets a program compare what is shown with the document, number for number. */

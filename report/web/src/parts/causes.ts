@@ -26,8 +26,17 @@ function share(cause: Cause): Cell {
   return { content: el('span', { class: 'share' }, bar, percent(cause.share)), value: cause.share };
 }
 
+/** With the others of its group, from which the pictures do not tell it apart. */
+function name(scope: Scope, cause: Cause, causes: Cause[]): Cell {
+  const title = scope.explanations.title(cause.name);
+  const grouped = cause.group !== null && cause.group !== undefined;
+  const others = causes.filter((other) => grouped && other !== cause && other.group === cause.group);
+  if (others.length === 0) return title;
+  const told = `not told apart from ${others.map((other) => scope.explanations.title(other.name)).join(', ')}`;
+  return { content: el('span', {}, title, el('small', {}, told)), value: `${title}, ${told}` };
+}
+
 function list(scope: Scope, causes: Cause[]): HTMLElement {
-  const grouped = causes.some(({ group }) => group !== null && group !== undefined);
   return tableElement({
     caption: 'Causes of the row differences',
     columns: [
@@ -38,14 +47,8 @@ function list(scope: Scope, causes: Cause[]): HTMLElement {
         below: 'of the squared row difference',
         hint: 'Below 0: it works against the others, whose parts then sum up to more than 100 %',
       },
-      ...(grouped ? [{ title: 'Group', hint: 'The pictures do not tell causes of one group apart' }] : []),
     ],
-    rows: causes.map((cause) => [
-      scope.explanations.title(cause.name),
-      size(cause),
-      share(cause),
-      ...(grouped ? [cause.group === null || cause.group === undefined ? '' : `not told apart (${cause.group})`] : []),
-    ]),
+    rows: causes.map((cause) => [name(scope, cause, causes), size(cause), share(cause)]),
     headed: true,
   });
 }

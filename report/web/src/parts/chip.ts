@@ -4,9 +4,9 @@ import type { CheckDocument } from '../page_data';
 
 const verdicts = { pass: 'Pass', fail: 'Fail', error: 'Error' } as const;
 
-/** The verdict in a word with its shape. Where no limit was given nothing was judged, whatever the run came to. */
+/** The verdict in a word with its shape. Where no limit was given none is exceeded, which says nothing of the cameras. */
 export function verdictOf({ verdict, limits }: CheckDocument): { words: string; shape: IconName } {
-  if (verdict === 'pass' && limits.length === 0) return { words: 'Not judged', shape: 'none' };
+  if (verdict === 'pass' && limits.length === 0) return { words: 'Pass, no limits', shape: 'none' };
   return { words: verdicts[verdict] ?? verdict, shape: verdict };
 }
 

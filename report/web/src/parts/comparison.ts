@@ -40,7 +40,8 @@ function mean(figure: ComparedFigure, index: number): Cell {
 function difference(figure: ComparedFigure, index: number): Cell {
   const found = figure.difference[index];
   if (!found || found.value === null) return '–';
-  const by = `${signed(found.value)}${found.sd === null ? '' : ` ± ${error(found.sd)}`}`;
+  const of = found.basis === 'dots' ? ' (dots alone)' : '';
+  const by = `${signed(found.value)}${found.sd === null ? '' : ` ± ${error(found.sd)}${of}`}`;
   const said = found.judged === 'unknown' ? 'not known' : found.judged;
   const state =
     found.judged === 'more' || found.judged === 'less' ? el('strong', {}, said) : el('span', { class: 'faint' }, said);

@@ -31,7 +31,7 @@ function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLEle
       {
         title: view.figure,
         sentence: `${told.join('; ')}.`,
-        help: 'Mean over the finished pairs of each check with its 95 % interval. A hollow mark does not differ from the first check by more than chance.',
+        help: 'Mean over the finished pairs of each check with its 95 % interval. A hollow mark does not differ from the first check by more than chance; where a check has fewer than five pairs, chance is that of the dots within them alone.',
         plot: comparedFigure,
         view,
         selection: new SelectionStore(),

@@ -33,7 +33,7 @@ export function givenUp(scope: PairScope): HTMLElement {
       el(
         'figure',
         { class: 'card wide shot' },
-        el('h3', {}, 'What the step that failed saw'),
+        el('h3', {}, `What the step that failed saw: the ${step.seen}`),
         picture(step, step.text || 'Picture of the step that failed'),
         el('figcaption', { class: 'sentence' }, step.text),
       ),

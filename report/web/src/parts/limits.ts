@@ -10,7 +10,7 @@ function name(scope: Scope, limit: Limit): Cell {
   const rule = ruleOf(limit.text);
   const title = rule ? scope.explanations.title(rule.figure) : '';
   // A bound within the figure's interval is nothing to rely on, which the reason says.
-  const doubt = limit.why.includes('too close to call') && limit.why;
+  const doubt = (limit.value === null || limit.why.includes('too close to call')) && limit.why;
   return {
     content: el('span', { title: limit.why }, title, el('small', {}, limit.text), doubt && el('small', {}, doubt)),
     value: limit.text,

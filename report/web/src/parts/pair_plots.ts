@@ -66,7 +66,15 @@ function rowDifferences(given: Given): HTMLElement[] {
     ],
   ] as const;
   return [
-    figure(given, 'Row differences over the picture', sentences.map, help.map, pictureMap, map, 'tall'),
+    figure(
+      given,
+      'Row differences over the picture',
+      withUnknown(scope, sentences.map),
+      help.map,
+      pictureMap,
+      map,
+      'tall',
+    ),
     figure(given, 'Distribution', sentences.histogram, help.histogram, histogram, {
       ...dy,
       spread: statistics.dy,
@@ -76,6 +84,11 @@ function rowDifferences(given: Given): HTMLElement[] {
       course ? [figure(given, title, sentence, help.course, courseAlong, { ...dy, along, at, course })] : [],
     ),
   ];
+}
+
+/** What remains without the causes can't be shown where what they make of each dot is not known. */
+function withUnknown({ check }: PairScope, sentence: string): string {
+  return check.pattern_unknown === '' ? sentence : `${sentence} ${check.pattern_unknown}`;
 }
 
 function residuals(given: Given): HTMLElement[] {

@@ -1,6 +1,6 @@
 import { el } from '../dom/el';
 import { tableElement } from '../dom/table';
-import { percent, shown } from '../text/number';
+import { percent, shown, typographic } from '../text/number';
 import type { PairScope } from './scope';
 
 interface Row {
@@ -9,7 +9,10 @@ interface Row {
   words: (value: number) => string;
 }
 
-const plain = (unit: string) => (value: number) => `${shown(Number(value.toPrecision(3)))}${unit && ` ${unit}`}`;
+/** To three figures that count, without zeros that nobody measured. */
+const plain = (unit: string) => (value: number) =>
+  `${typographic(String(Number(value.toPrecision(3))))}${unit && ` ${unit}`}`;
+const whole = (unit: string) => (value: number) => `${typographic(value.toFixed(0))} ${unit}`;
 
 /** Keys that are not here are shown by their names, so that none is lost. */
 const known: Row[] = [
@@ -24,7 +27,7 @@ const known: Row[] = [
   { key: 'edge_width', title: 'Width of the edges', words: plain('px') },
   { key: 'edge_width_along', title: 'Width along the blur', words: plain('px') },
   { key: 'edge_width_across', title: 'Width across the blur', words: plain('px') },
-  { key: 'blur_direction', title: 'Direction of the blur', words: plain('°') },
+  { key: 'blur_direction', title: 'Direction of the blur', words: whole('°') },
   { key: 'board_share', title: 'Part of the picture that the board fills', words: percent },
 ];
 

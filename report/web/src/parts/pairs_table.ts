@@ -65,11 +65,9 @@ export function pairsTable(scope: Scope): HTMLElement {
   const { pairs, limits } = scope.check.document;
   const figures = names(scope, source);
   const rules = new Map(figures.map((name) => [name, rulesOn(limits, name, source)]));
-  const over = (pair: CheckPair): string[] =>
-    figures.filter((name) => {
-      const value = valueOf(pair, source, name);
-      return value !== null && rules.get(name)?.some((rule) => exceeds(rule, value));
-    });
+  const isOver = (name: string, value: number | null): boolean =>
+    value !== null && (rules.get(name) ?? []).some((rule) => exceeds(rule, value));
+  const over = (pair: CheckPair): string[] => figures.filter((name) => isOver(name, valueOf(pair, source, name)));
   const columns: Column[] = [
     { title: 'Pair', numbers: true },
     { title: 'State' },
@@ -86,14 +84,18 @@ export function pairsTable(scope: Scope): HTMLElement {
   const rows = pairs.map((pair) => [
     { content: el('a', { href: pairLink(scope, pair.index) }, String(pair.index)), value: pair.index },
     state(pair, over(pair)),
-    ...figures.map((name) => ({
-      name,
-      pair: pair.index,
-      check: number + 1,
-      value: valueOf(pair, source, name),
-      refined: source === 'refined',
-      absence: reasonOfAbsence(pair, source, name),
-    })),
+    ...figures.map((name) => {
+      const value = valueOf(pair, source, name);
+      return {
+        name,
+        pair: pair.index,
+        check: number + 1,
+        value,
+        refined: source === 'refined',
+        absence: reasonOfAbsence(pair, source, name),
+        over: pair.state === 'finished' && isOver(name, value),
+      };
+    }),
     {
       content: el('span', {}, el('bdi', {}, pair.left), ', ', el('bdi', {}, pair.right)),
       value: `${pair.left}, ${pair.right}`,

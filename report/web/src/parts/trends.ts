@@ -68,6 +68,7 @@ export function trends(scope: Scope): Trends | null {
   const { pairs, limits } = scope.check.document;
   if (pairs.length < 2) return null;
   const selection = new SelectionStore();
+  if (scope.check.main_figures.length === 0) return null;
   const drawn = scope.check.main_figures.map((name): [TrendView, DrawnFigure] => {
     const view = viewOf(scope, name, rulesOn(limits, name, scope.source)[0]);
     const figure = plotFigure(

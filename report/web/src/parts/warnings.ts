@@ -1,7 +1,14 @@
 import { el } from '../dom/el';
 import { icon } from '../dom/icon';
 import { section } from './chip';
-import { pairLink, type Scope } from './scope';
+import { pairLink, positionOf, type Scope } from './scope';
+
+/** A run that ended early has warnings of pairs that it does not list. */
+function pairWord(scope: Scope, pair: number): HTMLElement {
+  const words = `pair ${pair}`;
+  if (positionOf(scope.check, pair) < 0) return el('span', { class: 'faint' }, ` ${words}`);
+  return el('a', { href: pairLink(scope, pair) }, words);
+}
 
 /** What a user should look at although the work went on; many of a kind fold. */
 export function warnings(scope: Scope): HTMLElement | null {
@@ -16,7 +23,7 @@ export function warnings(scope: Scope): HTMLElement | null {
         'div',
         {},
         el('strong', {}, scope.explanations.title(code)),
-        typeof pair === 'number' && el('a', { href: pairLink(scope, pair) }, `pair ${pair}`),
+        typeof pair === 'number' && pairWord(scope, pair),
         el('p', {}, text),
         advice && el('p', { class: 'faint' }, advice),
       ),

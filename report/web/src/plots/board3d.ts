@@ -9,6 +9,7 @@ import { gridLines, sparse, type Link } from './grid_lines';
 import { unitText, type Numbers } from './numbers';
 import type { Places } from './nearest';
 import type { PlotContext } from './plot';
+import { redrawer } from './redraw';
 import { DotStage, type Place } from './stage';
 import { halo, svg } from './svg';
 import type { Turn } from './turn';
@@ -50,13 +51,14 @@ class Board3d {
   private readonly truth: Link[];
   private readonly classes: Classes;
   private last: Place | null = null;
-  private waiting = false;
+  private readonly redraw: () => void;
 
   constructor(
     private readonly view: Board3dView,
     private readonly context: PlotContext,
   ) {
     this.state = stateOf(view);
+    this.redraw = redrawer(() => this.draw(), context.signal);
     this.off = view.ids.map((_, i) => Math.hypot(view.offX[i] ?? NaN, view.offY[i] ?? NaN, view.offZ[i] ?? NaN));
     this.links = gridLines(view.column, view.row);
     this.truth = sparse(this.links, view.column, view.row);
@@ -95,12 +97,7 @@ class Board3d {
 
   private change(set: () => void): void {
     set();
-    if (this.waiting || this.context.signal.aborted) return;
-    this.waiting = true;
-    requestAnimationFrame(() => {
-      this.waiting = false;
-      if (!this.context.signal.aborted) this.draw();
-    });
+    this.redraw();
   }
 
   private turnBy(around: number, back: number): void {

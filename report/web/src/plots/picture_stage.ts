@@ -5,6 +5,7 @@ import { button, choice, controls, slider } from './controls';
 import { placesOf, type Places } from './nearest';
 import type { Numbers } from './numbers';
 import type { PlotContext } from './plot';
+import { redrawer } from './redraw';
 import { DotStage, type Place } from './stage';
 import { svg, window, type Box } from './svg';
 import { moved, shownPart, zoomedAt, type Zoom } from './zoom';
@@ -51,7 +52,7 @@ export class PictureStage {
   private readonly stage: DotStage;
   private readonly images = new Map<Picture, SVGImageElement>();
   private shown: FramedPlot | null = null;
-  private waiting = false;
+  private readonly redraw: () => void;
 
   constructor(
     private readonly sides: readonly PictureSide[],
@@ -62,6 +63,7 @@ export class PictureStage {
     label: string,
     extra: (Node | null)[] = [],
   ) {
+    this.redraw = redrawer(() => this.draw(), context.signal);
     const keys =
       'Arrow keys go from dot to dot, Enter marks, plus and minus zoom, Shift with arrows moves the picture.';
     const own = { drag: this.drag.bind(this), key: this.key.bind(this) };
@@ -101,15 +103,9 @@ export class PictureStage {
     ];
   }
 
-  /** Draws again once, however often it is asked for before the next frame. */
   change(set: () => void): void {
     set();
-    if (this.waiting || this.context.signal.aborted) return;
-    this.waiting = true;
-    requestAnimationFrame(() => {
-      this.waiting = false;
-      if (!this.context.signal.aborted) this.draw();
-    });
+    this.redraw();
   }
 
   private zoomBy(factor: number, at: Place | null = null): void {

@@ -1,5 +1,6 @@
 import { el } from '../dom/el';
 import { framed, type FramedPlot } from './base';
+import { labelPlace } from './label_place';
 import { plain, present, rangeOf, short, unitText, withUnit } from './numbers';
 import type { PlotContext } from './plot';
 import { halo, svg } from './svg';
@@ -120,10 +121,14 @@ function sign(pair: TrendPair, { x, y, box }: FramedPlot, few: boolean): SVGElem
   return svg('path', { d: `M${at - 4} ${up - 4}l8 8m0 -8l-8 8`, stroke: 'var(--over)', 'stroke-width': 2.2 });
 }
 
-function limitLine({ limit, unit }: TrendView, { y, box }: FramedPlot): SVGElement[] {
+function limitLine(view: TrendView, plot: FramedPlot): SVGElement[] {
+  const { limit, pairs, unit } = view;
   if (!limit) return [];
+  const { x, y, box } = plot;
   const at = y(limit.value);
   const text = `limit ${plain(limit.value)} ${unitText(unit)}`;
+  const shown = pairs.map(({ index, value }) => ({ x: x(index), y: y(value ?? NaN) }));
+  const place = labelPlace(text, at, box, shown);
   return [
     svg('path', {
       d: `M${box.x} ${at}h${box.width}`,
@@ -131,7 +136,7 @@ function limitLine({ limit, unit }: TrendView, { y, box }: FramedPlot): SVGEleme
       'stroke-dasharray': '5 4',
       'stroke-width': 1.5,
     }),
-    svg('text', { x: box.x + 4, y: at - 4, 'text-anchor': 'start', fill: 'var(--over)', ...halo }, text),
+    svg('text', { ...place, 'text-anchor': 'start', fill: 'var(--over)', ...halo }, text),
   ];
 }
 

@@ -2,7 +2,8 @@
 export function shown(value: number): string {
   const size = Math.abs(value);
   if (Number.isInteger(value) && size < 1e6) return minus(String(value));
-  if (size >= 1e6 || size < 1e-3) return minus(value.toExponential(3));
+  if (size >= 1e6 || size < 1e-6) return minus(value.toExponential(3));
+  if (size < 1e-3) return minus(value.toFixed(3 - Math.floor(Math.log10(size))));
   return minus(size >= 1000 ? value.toFixed(1) : value.toPrecision(4));
 }
 
