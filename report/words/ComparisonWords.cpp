@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+
+#include "polarline/check.h"
 
 namespace polarline {
 namespace {
@@ -13,12 +16,19 @@ using Judged = Difference::Judged;
 /// A sentence names no more.
 constexpr std::size_t kMostNamed = 3;
 
+/// Those that matter most come first.
+std::ptrdiff_t rankOf(const std::string& figure) {
+  const std::vector<std::string>& main = mainFigures();
+  return std::ranges::find(main, figure) - main.begin();
+}
+
 std::vector<const ComparedFigure*> judged(const std::vector<ComparedFigure>& figures, std::size_t check, Judged how) {
   std::vector<const ComparedFigure*> all;
   for (const ComparedFigure& figure : figures) {
     const Difference& difference = figure.differences[check];
     if (difference.judged == how && std::isfinite(difference.value)) all.push_back(&figure);
   }
+  std::ranges::stable_sort(all, {}, [](const ComparedFigure* figure) { return rankOf(figure->name); });
   return all;
 }
 

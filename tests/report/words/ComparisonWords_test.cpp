@@ -46,6 +46,13 @@ TEST(ComparisonWordsOf, NothingInCommon) {
             "after against before. No figure was measured in both.");
 }
 
+TEST(ComparisonWordsMany, BeginWithThoseThatMatterMost) {
+  EXPECT_NE(wordsOf({summary("icp_x_rms", 1.0, 0.01), summary("dy_means", 1.0, 0.01)},
+                    {summary("icp_x_rms", 2.0, 0.01), summary("dy_means", 2.0, 0.01)})
+                .find("More: dy_means"),
+            std::string::npos);
+}
+
 TEST(ComparisonWordsMany, AreCounted) {
   std::vector<FigureSummary> first;
   std::vector<FigureSummary> other;
