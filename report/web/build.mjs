@@ -44,6 +44,15 @@ function filled(template, values) {
   return template.replace(/@(STYLE|SCRIPT|SCRIPT_HASH|LICENCES)@/g, (_, name) => values[name]);
 }
 
+/** In the order in which they count. */
+const styleSheets = [
+  ...['colours', 'page', 'controls', 'cards', 'states', 'figures', 'tables', 'around', 'narrow', 'sections'].map(
+    (name) => `styles/${name}.css`,
+  ),
+  'plots/plots.css',
+  'styles/print.css',
+];
+
 async function main() {
   const source = (name) => readFile(path.join(here, 'src', name), 'utf8');
   const bundle = await build({
@@ -62,7 +71,7 @@ async function main() {
   });
   const script = bundle.outputFiles[0].text.trim();
   if (/<\/script|<!--/i.test(script)) throw new Error('the script would end its own element');
-  const styles = await Promise.all(['page.css', 'plots/plots.css', 'print.css'].map(source));
+  const styles = await Promise.all(styleSheets.map(source));
   const style = (await transform(styles.join('\n'), { loader: 'css', minify: true })).code.trim();
   const page = filled(await source('page.html'), {
     SCRIPT: script,

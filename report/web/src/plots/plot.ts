@@ -3,7 +3,7 @@ import type { Selection } from '../state/selection';
 /**
  * What every plot is given besides its data. A plot is a function `(view, context) => element`: it draws once; the
  * frame calls it again with another width or for paper, and aborts `signal` before, so listeners and subscriptions
- * are made with that signal. Colours are CSS variables (`src/page.css`) inside attributes or inline styles, so that
+ * are made with that signal. Colours are CSS variables (`src/styles/colours.css`) inside attributes or inline styles, so that
  * a change of theme needs no redraw and a saved file can have them replaced.
  */
 export interface PlotContext {
