@@ -29,14 +29,12 @@ CausePattern::CausePattern(const Json& document, const std::optional<KnownCamera
   if (causes.empty()) return;
   // Turned pictures have their rows along the other axis.
   if (settingOf(document, "x_y", 0.0) != 0.0) {
-    why_unknown_ =
-        "The pictures were turned before they were rectified, so what the causes make of each dot is not known.";
+    why_unknown_ = "What remains without the causes is not known: the run turned its pictures.";
     return;
   }
   why_unknown_ =
-      "The document does not hold all of these cameras, and their calibration is not where it was, or has changed: "
-      "what "
-      "the causes make of each dot is not known.";
+      "What remains without the causes is not known: the document does not hold all of these cameras, and their "
+      "calibration is not where it was, or has changed.";
   if (!cameras) return;
   try {
     pattern_.emplace(cameras->calib, cameras->model, settingOf(document, "f_scale", 1.0), misalignmentOf(causes));

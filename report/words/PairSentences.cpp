@@ -5,18 +5,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "report/words/NumberText.h"
+
 namespace polarline {
 namespace {
 
 constexpr const char* kNotMeasured = "Not measured in this pair.";
 
-/// To three digits that count, without an exponent where the size is one that figures have.
-std::string number(double value) {
-  const double size = std::abs(value);
-  if (!(size >= 1e-7 && size < 1e-4)) return fmt::format("{:.3g}", value);
-  return fmt::format("{:.{}f}", value, 2 - static_cast<int>(std::floor(std::log10(size))));
-}
-
+std::string number(double value) { return numberText(value, 3); }
 std::string px(double value) { return number(value) + " pixels"; }
 std::string units(double value) { return number(value) + " board units"; }
 
@@ -35,9 +31,8 @@ std::string mapText(const PairMeasures& measures) {
 std::string histogramText(const Spread& dy) {
   if (dy.count == 0) return kNotMeasured;
   return fmt::format(
-      "Distribution of the row differences: half of the dots are below {} and half above; mean size {}, and 95 % of "
-      "the "
-      "dots have at most {}.",
+      "Distribution of the row differences: half of them are below {} and half above; their mean size is {}, and 95 % "
+      "of them are at most {} in size.",
       number(dy.median), px(dy.mean_abs), px(dy.p95_abs));
 }
 

@@ -20,7 +20,7 @@ TEST(PairSentencesOf, TellTheNumbers) {
   EXPECT_EQ(sentences.map,
             "Row difference of 12 dots over the picture: from 0 to 0.11 pixels, mean 0.055 pixels. In 1000 pixels it "
             "changes by 1 pixels along the picture and by 4 pixels across it.");
-  EXPECT_THAT(sentences.histogram, HasSubstr("mean size 0.055 pixels"));
+  EXPECT_THAT(sentences.histogram, HasSubstr("mean size is 0.055 pixels"));
   EXPECT_THAT(sentences.along, HasSubstr("along the picture in 4 stripes: from 0.04 to 0.07 pixels"));
   EXPECT_THAT(sentences.across, HasSubstr("changes by 4 pixels in 1000 pixels"));
   EXPECT_THAT(sentences.residual, HasSubstr("12 dots: mean 0.25 pixels, 95 % of them at most 0.25 pixels"));
