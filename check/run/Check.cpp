@@ -24,6 +24,7 @@
 #include "check/run/RunInputs.h"
 #include "check/run/RunStatus.h"
 #include "check/set/Fingerprint.h"
+#include "check/set/GivenPictures.h"
 #include "check/set/PictureSource.h"
 #include "platform/Console.h"
 #include "polar/run/PolarPrecision.h"
@@ -79,7 +80,7 @@ class SetCheck final : public RunObserver {
 };
 
 void SetCheck::choosePairs() {
-  std::vector<ListedPair> listed = listedPairs(inputs_.set.list);
+  std::vector<ListedPair> listed = options_.pictures ? listedPairs(*options_.pictures) : listedPairs(inputs_.set.list);
   if (options_.pairs) {
     const auto [first, last] = *options_.pairs;
     if (first > last)
@@ -92,7 +93,8 @@ void SetCheck::choosePairs() {
               listed.begin() + static_cast<std::ptrdiff_t>(last) + 1};
     first_pair_ = first;
   }
-  pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_);
+  pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_,
+                                               options_.pictures ? &*options_.pictures : nullptr);
   pairs_ = std::make_unique<PairLook>(inputs_, options_, check_.board, *pictures_, first_pair_);
 }
 

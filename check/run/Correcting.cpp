@@ -24,6 +24,7 @@ MeanRow rowsWith(const Set& set, const CheckOptions& options, const std::string&
   CheckOptions again;
   again.settings = options.settings;
   again.pairs = options.pairs;
+  again.pictures = options.pictures;
   again.go_on = options.go_on;
   again.refine = options.refine;
   again.diagnose = again.uncertainty = false;

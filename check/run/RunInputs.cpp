@@ -45,7 +45,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
   RunInputs inputs;
   inputs.limits.reserve(options.limits.size());
   for (const std::string& text : options.limits) inputs.limits.push_back(parseLimit(text));
-  inputs.set = openSet(set);
+  inputs.set = options.pictures ? openSetWithoutList(set) : openSet(set);
   if (!inputs.set.limits.empty()) {
     const std::vector<Limit> of_set = readLimits(inputs.set.limits);
     inputs.limits.insert(inputs.limits.end(), of_set.begin(), of_set.end());

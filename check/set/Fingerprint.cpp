@@ -59,6 +59,16 @@ std::string sha256(const std::string& text) {
   return hash.digits();
 }
 
+std::string sha256OfPicture(const cv::Mat& picture) {
+  const std::string form =
+      std::to_string(picture.rows) + " " + std::to_string(picture.cols) + " " + std::to_string(picture.type()) + "\n";
+  Sha256 hash;
+  hash.add(form.data(), form.size());
+  for (int row = 0; row < picture.rows; ++row)
+    hash.add(picture.ptr(row), static_cast<std::size_t>(picture.cols) * picture.elemSize());
+  return hash.digits();
+}
+
 std::string fingerprint(std::vector<SetInput> inputs) {
   std::ranges::sort(inputs, {}, &SetInput::role);
   std::string text;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <opencv2/core.hpp>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,9 @@ std::string sha256OfFile(const std::string& path);
 
 /// SHA-256 of a text.
 std::string sha256(const std::string& text);
+
+/// SHA-256 of a picture in memory: of its rows, columns and type of pixel, then of the pixels.
+std::string sha256OfPicture(const cv::Mat& picture);
 
 /// What tells a set from another: over roles and contents, in the order of the roles, paths left out.
 std::string fingerprint(std::vector<SetInput> inputs);

@@ -8,15 +8,29 @@
 
 namespace polarline {
 
-ListedPictures::ListedPictures(std::vector<ListedPair> pairs, std::size_t first)
-    : pairs_(std::move(pairs)), first_(first) {}
+ListedPictures::ListedPictures(std::vector<ListedPair> pairs, std::size_t first, const Pictures* given)
+    : pairs_(std::move(pairs)), first_(first), given_(given) {}
+
+/// OpenCV's filters read beyond the edges of a picture that they know to be a part of another; from a file there is
+/// nothing beyond.
+cv::Mat ListedPictures::given(std::size_t index, bool left) const {
+  const cv::Mat& picture = (left ? given_->left : given_->right).at(first_ + index);
+  return {picture.rows, picture.cols, picture.type(), picture.data, picture.step[0]};
+}
+
+std::string ListedPictures::hashOf(std::size_t index, bool left) const {
+  return given_ != nullptr ? sha256OfPicture(given(index, left)) : sha256OfFile(pathOf(index, left));
+}
 
 std::string ListedPictures::pathOf(std::size_t index, bool left) const {
+  if (given_ != nullptr) return {};
   const ListedPair& pair = pairs_.at(index);
   return files::nativePath(pair.folder + (left ? pair.left : pair.right));
 }
 
-ListedPictures::Pictures ListedPictures::read(std::size_t index) const {
+ListedPictures::TakenPair ListedPictures::read(std::size_t index) const {
+  if (given_ != nullptr)
+    return {given(index, true), given(index, false), hashOf(index, true), hashOf(index, false), {false, false}};
   const std::string left = pathOf(index, true);
   const std::string right = pathOf(index, false);
   return {files::readImage(left),
@@ -27,7 +41,7 @@ ListedPictures::Pictures ListedPictures::read(std::size_t index) const {
 }
 
 std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {
-  Pictures pictures = ahead_.valid() ? ahead_.get() : read(index);
+  TakenPair pictures = ahead_.valid() ? ahead_.get() : read(index);
   if (index + 1 < pairs_.size()) ahead_ = std::async(std::launch::async, [this, index] { return read(index + 1); });
   const std::string number = std::to_string(first_ + index);
   inputs_.push_back({"left/" + number, pathOf(index, true), std::move(pictures.left_hash)});
@@ -45,8 +59,7 @@ std::vector<SetInput> ListedPictures::inputs() {
   for (std::size_t index = inputs_.size() / 2; index < pairs_.size(); ++index) {
     const std::string number = std::to_string(first_ + index);
     for (const bool left : {true, false}) {
-      const std::string path = pathOf(index, left);
-      inputs_.push_back({(left ? "left/" : "right/") + number, path, sha256OfFile(path)});
+      inputs_.push_back({(left ? "left/" : "right/") + number, pathOf(index, left), hashOf(index, left)});
     }
   }
   return inputs_;

@@ -12,17 +12,18 @@
 namespace polarline {
 
 /// The pictures of a list, read and decoded ahead by a thread of its own while the pair before is evaluated: no more
-/// than two pairs are held at once.
+/// than two pairs are held at once. Or pictures in memory, which are only hashed ahead.
 class ListedPictures final : public ImageSource {
  public:
   /// `first`: position of the first of the pairs in its list; the roles of the inputs count from there.
-  ListedPictures(std::vector<ListedPair> pairs, std::size_t first);
+  /// `given`: all pictures of the list, which are then taken in place of files; outlives this.
+  ListedPictures(std::vector<ListedPair> pairs, std::size_t first, const Pictures* given = nullptr);
 
   std::size_t pairs() const override { return pairs_.size(); }
   std::pair<cv::Mat, cv::Mat> take(std::size_t index) override;
 
   const ListedPair& listed(std::size_t index) const { return pairs_.at(index); }
-  /// The place of a pair's side in the list, for messages.
+  /// The place of a pair's side in the list, for messages; empty for a picture in memory.
   std::string pathOf(std::size_t index, bool left) const;
   /// Of the first left picture; empty while none was read.
   const cv::Size& size() const { return size_; }
@@ -38,16 +39,19 @@ class ListedPictures final : public ImageSource {
   std::vector<SetInput> inputs();
 
  private:
-  struct Pictures {
+  struct TakenPair {
     cv::Mat left, right;
     std::string left_hash, right_hash;
     std::array<bool, 2> cut_off;
   };
-  Pictures read(std::size_t index) const;
+  TakenPair read(std::size_t index) const;
+  cv::Mat given(std::size_t index, bool left) const;
+  std::string hashOf(std::size_t index, bool left) const;
 
   std::vector<ListedPair> pairs_;
   std::size_t first_ = 0;
-  std::future<Pictures> ahead_;
+  const Pictures* given_;
+  std::future<TakenPair> ahead_;
   std::vector<SetInput> inputs_;
   cv::Size size_;
   std::array<cv::Size, 2> last_sizes_;

@@ -79,8 +79,9 @@ void requireFolder(const std::string& folder) {
 
 }  // namespace
 
-Set openSet(const Set& named) {
+Set openSetWithoutList(const Set& named) {
   Set set = named;
+  set.list.clear();
   if (!set.folder.empty()) requireFolder(set.folder);
   complete(set.polar, set.folder, "polar configuration", true, {"polar.txt"});
   complete(set.target, set.folder, "description of the board", true,
@@ -88,9 +89,15 @@ Set openSet(const Set& named) {
   complete(set.rectified, set.folder, "geometry of rectified pairs", false, {"rectified.txt"});
   const bool calibrated = set.rectified.empty();
   complete(set.calibration, set.folder, "calibration", calibrated, {"calib.json", "calib.bin"});
-  complete(set.list, set.folder, "image list", true, {"list.txt"});
   complete(set.board, set.folder, "true positions of the dots", false, {"board_gt.txt"});
   complete(set.limits, set.folder, "limits", false, {"limits.txt"});
+  return set;
+}
+
+Set openSet(const Set& named) {
+  Set set = openSetWithoutList(named);
+  set.list = named.list;
+  complete(set.list, set.folder, "image list", true, {"list.txt"});
   return set;
 }
 

@@ -217,11 +217,20 @@ struct Check {
   POLARLINE_API std::size_t finished() const;
 };
 
-/// What a check does beyond running the set. Nothing here changes a figure, but for `settings`.
+/// Pictures in memory, one a pair and side: grey, BGR or BGRA of 8 or 16 bit a channel, rows with gaps between them,
+/// too. The pixels are read only and not copied; they outlive the check.
+struct Pictures {
+  std::vector<cv::Mat> left, right;
+};
+
+/// What a check does beyond running the set. Nothing here changes a figure, but for `settings` and `pictures`.
 struct CheckOptions {
   std::vector<std::string> limits;    ///< "FIGURE OP VALUE", besides those of the set's file.
   std::vector<std::string> settings;  ///< "KEY=VALUE": keys of the polar configuration for this run.
-  std::string out;                    ///< Folder for the library's own files; empty: none is written.
+  /// In place of those of the set's list, which then need not be there. They are called "left[0]", "right[0]" and so
+  /// on, have no path, and their hash is that of their size, type and pixels.
+  std::optional<Pictures> pictures;
+  std::string out;  ///< Folder for the library's own files; empty: none is written.
   /// Refines the dots' centres of each finished pair and evaluates it once more from these: `PairCheck::refined`.
   bool refine = false;
   std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.

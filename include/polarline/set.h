@@ -26,6 +26,9 @@ struct Set {
 /// file.
 POLARLINE_API Set openSet(const Set& named);
 
+/// The same for pictures that are elsewhere: a list is neither wanted nor looked for.
+POLARLINE_API Set openSetWithoutList(const Set& named);
+
 /// A line of the image list.
 struct ListedPair {
   std::size_t line = 0;  ///< From 1.
