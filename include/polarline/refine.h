@@ -1,6 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <opencv2/core.hpp>
+#include <string>
+#include <vector>
+
+#include "polarline/api.h"
+#include "polarline/calibration.h"
+#include "polarline/detect.h"
 
 /// Dot centres that are several times closer to the truth than those of a detection, with what is known of their
 /// errors. A dot's outline from the lines across its gradients (Ouellet and Hebert 2009), then a fit of the edge's grey
@@ -26,5 +33,15 @@ struct RefinedDot {
   double ellipse_x = 0.0, ellipse_y = 0.0;  ///< Centre of the imaged ellipse, which the perspective moves away.
   double edge_width = 0.0;                  ///< Standard deviation of the edge's blur, pixels; not a number: unknown.
 };
+
+/// The dots of one picture, refined; one each, in the order of the detection. Deterministic, thread-safe.
+/// @param image      The picture that was searched.
+/// @param detection  What was seen in it.
+/// @param target     As for `detect`: the board, whose pose tells the perspective of its circles.
+/// @param camera     The camera that took the picture, its lens included.
+/// @param type       Of the lens, as `Calibration::type`.
+/// Throws `InputError` for a picture of another size, a target that can't be used, and a type that is none.
+POLARLINE_API std::vector<RefinedDot> refine(const cv::Mat& image, const Detection& detection,
+                                             const std::string& target, const Camera& camera, int type);
 
 }  // namespace polarline
