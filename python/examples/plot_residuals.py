@@ -1,0 +1,35 @@
+#!/usr/bin/env python3
+"""Plots where the row differences of a set lie in the left picture.   plot_residuals.py SET PLOT.png"""
+
+from __future__ import annotations
+
+import sys
+
+import matplotlib
+
+matplotlib.use("Agg")
+
+import matplotlib.pyplot as plt
+import numpy as np
+
+import polarline
+
+
+def main(folder: str, plot: str) -> None:
+    result = polarline.check(folder)
+    x = np.concatenate([pair.points.left_x for pair in result.pairs])
+    y = np.concatenate([pair.points.left_y for pair in result.pairs])
+    dy = np.concatenate([pair.points.dy for pair in result.pairs])
+    largest = float(np.nanmax(np.abs(dy)))
+    figure, axes = plt.subplots(figsize=(7, 5))
+    dots = axes.scatter(x, y, c=dy, s=12, cmap="RdBu_r", vmin=-largest, vmax=largest)
+    figure.colorbar(dots, label="row difference, left less right, pixels")
+    axes.set(xlim=(0, result.cameras.width), ylim=(result.cameras.height, 0), aspect="equal", title=result.set.name)
+    figure.savefig(plot, dpi=120)
+    print(f"{len(dy)} dots of {result.summary.finished} pairs in {plot}")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    main(sys.argv[1], sys.argv[2])

@@ -1,0 +1,247 @@
+"""Checks of whole sets."""
+
+from __future__ import annotations
+
+import importlib
+import json
+from typing import Any, Callable, Dict, List, Mapping, NamedTuple, Optional, Sequence, Tuple, Union
+
+import numpy as np
+
+from . import _polarline
+from ._errors import RunError
+from ._files import StrPath, bytes_of, write_whole
+from ._html import html_of
+from ._polarline import Check, Diagnosis, Simulated
+from ._set import SetLike, files_of
+
+Progress = Callable[[int, int], object]
+Pictures = Sequence["np.ndarray[Any, Any]"]
+
+
+class Tool(NamedTuple):
+    """What made a document."""
+
+    name: str
+    version: str
+    library: str
+
+
+_EMPTY: Dict[str, Any] = json.loads(_polarline.empty_document())
+TOOL = Tool(**_EMPTY["tool"])
+SCHEMA: str = _EMPTY["schema"]
+
+
+def _lines_of(settings: Union[Mapping[str, object], Sequence[str]]) -> Sequence[str]:
+    if isinstance(settings, str):
+        return [settings]
+    if isinstance(settings, Mapping):
+        return [f"{key}={value}" for key, value in settings.items()]
+    return list(settings)
+
+
+def _run(given: SetLike, left: Optional[Pictures], right: Optional[Pictures], progress: Optional[Progress],
+         **options: Any) -> Check:
+    """A check whatever came of it."""
+    if isinstance(given, Simulated) and left is None and right is None:
+        left, right = given.left, given.right
+    if (left is None) != (right is None):
+        raise TypeError(f"{'left' if left is None else 'right'}: found None; as many pictures as on the other side were wanted")
+    with files_of(given) as files:
+        return _polarline.run_check(files, None if left is None else list(left), None if right is None else list(right),
+                                    progress, **options)
+
+
+def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pictures] = None, *,
+          limits: Union[str, Sequence[str]] = (), refine: bool = False, progress: Optional[Progress] = None,
+          settings: Union[Mapping[str, object], Sequence[str]] = (), pairs: Optional[Tuple[int, int]] = None,
+          out: Optional[StrPath] = None, write_corrected: Optional[StrPath] = None, diagnose: bool = True,
+          uncertainty: bool = True) -> Check:
+    """Checks a set: runs the library over its pairs and judges the figures by limits.
+
+    Parameters
+    ----------
+    set : path, Set or Simulated
+        The folder of a set, a set whose files are named one by one, or one that was simulated in memory.
+    left, right : sequence of ndarray, optional
+        Pictures in place of those of the set's list, one a pair: uint8 or uint16, of shape (rows, columns), or
+        (rows, columns, 3 or 4) in the order blue, green, red. Nothing is copied where rows run from left to right.
+    limits : sequence of str
+        ``'FIGURE OP VALUE'`` each, such as ``'dy_means<=0.1'``, besides those of the set.
+    refine : bool
+        Refines the dots' centres and gives every figure from these, too: `Pair.refined`.
+    progress : callable, optional
+        Called with the pairs done and all pairs behind each pair. What it raises ends the check and comes back.
+    settings : mapping or sequence of str
+        Keys of the polar configuration for this run, ``{'crop': 1}`` or ``['crop=1']``.
+    pairs : (int, int), optional
+        Positions of the first and the last pair, from 0.
+    out : path, optional
+        Folder for the library's own files.
+    write_corrected : path, optional
+        Where the calibration goes with the causes taken out (.json); the set is then run once more with it.
+    diagnose : bool
+        Look for the causes of the row differences.
+    uncertainty : bool
+        Tell how certain the figures are, for which the dots are detected twice more.
+
+    Returns
+    -------
+    Check
+        With the verdict ``'pass'`` or ``'fail'``.
+
+    Raises
+    ------
+    RunError
+        For a run that ends without figures, an input or a limit that can't be used, and a file that can't be
+        written. `RunError.check` has what was measured before.
+    TypeError
+        For what is no picture.
+    KeyboardInterrupt
+        For Ctrl-C, behind the pair that is being measured.
+
+    Notes
+    -----
+    The GIL is free while the library works. Its calls may not overlap within a process, so that threads take turns;
+    processes run side by side.
+
+    Examples
+    --------
+    >>> result = polarline.check(polarline.simulate('ring_320'), limits='dy_means<=5')
+    >>> result.verdict
+    'pass'
+    >>> result.pairs[0].points.dy.dtype
+    dtype('float32')
+    """
+    done = _run(set, left, right, progress, limits=[limits] if isinstance(limits, str) else list(limits), refine=refine,
+                settings=_lines_of(settings), pairs=pairs, out=b"" if out is None else bytes_of(out),
+                write_corrected=b"" if write_corrected is None else bytes_of(write_corrected), diagnose=diagnose,
+                uncertainty=uncertainty)
+    if done.verdict == "error":
+        status = done.status
+        raise RunError(status.text, status=status.code, name=status.name, advice=status.advice, retry=status.retry,
+                       check=done)
+    return done
+
+
+def diagnose(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pictures] = None, *, refine: bool = True,
+             progress: Optional[Progress] = None) -> Diagnosis:
+    """Says why the rows of a set differ: which misalignments of the right camera would make them.
+
+    Parameters
+    ----------
+    set, left, right, progress
+        As for `check`.
+    refine : bool
+        Diagnose from refined centres, which tells smaller causes.
+
+    Returns
+    -------
+    Diagnosis
+
+    Raises
+    ------
+    RunError
+        As `check`; also where there is nothing to diagnose, as of a frame run.
+
+    Examples
+    --------
+    >>> seen = polarline.diagnose(polarline.simulate('ring_320'))
+    >>> seen.rows_after <= seen.rows_before
+    True
+    """
+    done = check(set, left, right, refine=refine, progress=progress, uncertainty=False)
+    if done.diagnosis is None:
+        raise RunError("the run has no row differences to diagnose", name="no_diagnosis",
+                       advice="Row differences are known for raw and rectified pairs, not for frames.", check=done)
+    return done.diagnosis
+
+
+def report(checks: Union[Check, StrPath, Sequence[Union[Check, StrPath]]], path: StrPath, *, title: str = "",
+           paths: bool = False, budget: int = 10_000_000, pictures: bool = True) -> None:
+    """Writes the page of a check, or of two to eight side by side: one file of HTML.
+
+    Parameters
+    ----------
+    checks : Check or path, or a sequence of them
+        Checks, or paths of their JSON documents. The first is what the others are compared with.
+    path : path
+        Where the page goes.
+    title : str
+        Of the page; empty: the names of the sets.
+    paths : bool
+        Tell files by their paths, not only by their names.
+    budget : int
+        Bytes of the page's data, about.
+    pictures : bool
+        Show the pictures of the cameras.
+
+    Raises
+    ------
+    InputError
+        For no check, more than eight, and a document that is none.
+    OutputError
+        Where the page can't be written.
+    """
+    several = checks if isinstance(checks, Sequence) and not isinstance(checks, str) else [checks]
+    documents: List[Tuple[Union[str, bytes], Union[str, bytes]]] = []
+    for each in several:
+        documents.append((each.to_json(), "") if isinstance(each, Check) else ("", bytes_of(each)))
+    write_whole(path, _polarline.report_page(documents, title=title, paths=paths, budget=budget, pictures=pictures))
+
+
+def _to_dict(self: Check) -> Dict[str, Any]:
+    """The JSON document as dictionaries and lists."""
+    return dict(json.loads(self.to_json()))
+
+
+def _to_pandas(self: Check, *, points: bool = False) -> Any:
+    """A `pandas.DataFrame`: a row a pair with its figures, or with `points` a row a dot of each pair.
+
+    Entries of a list have a column each, ``tri_dis[0]``. Raises `ImportError` where pandas is not installed.
+    """
+    pandas = importlib.import_module("pandas")
+    if points:
+        frames = [pandas.DataFrame({"pair": pair.index, **{name: getattr(pair.points, name) for name in _COLUMNS}})
+                  for pair in self.pairs]
+        return pandas.concat(frames, ignore_index=True) if frames else pandas.DataFrame(columns=["pair", *_COLUMNS])
+    rows = []
+    for pair in self.pairs:
+        row: Dict[str, object] = {"left": pair.left, "right": pair.right, "state": pair.state}
+        for name in pair.figures:
+            value = pair.figures[name]
+            if isinstance(value, np.ndarray):
+                row.update({f"{name}[{k}]": number for k, number in enumerate(value)})
+            else:
+                row[name] = np.nan if value is None else value
+        rows.append(row)
+    return pandas.DataFrame(rows, index=pandas.Index([pair.index for pair in self.pairs], name="pair"))
+
+
+_COLUMNS = ("id", "left_x", "left_y", "right_x", "right_y", "dy", "residual", "x", "y", "z", "rectified_left_x",
+            "rectified_left_y", "rectified_right_x", "rectified_right_y")
+
+
+def _report(self: Check, path: StrPath, *, title: str = "", paths: bool = False, pictures: bool = True) -> None:
+    """Writes the page of the check: one file of HTML. Raises `OutputError` where it can't be written."""
+    report(self, path, title=title, paths=paths, pictures=pictures)
+
+
+def _repr(self: Check) -> str:
+    return f"<polarline.Check {self.set.name!r}: {_polarline.verdict_text(self)}>"
+
+
+def _add(name: str, value: object) -> None:
+    """Gives `Check` what is easier said in Python."""
+    if callable(value):
+        value.__name__, value.__qualname__ = name, f"Check.{name}"  # type: ignore[attr-defined]
+    setattr(Check, name, value)
+
+
+_add("to_dict", _to_dict)
+_add("to_pandas", _to_pandas)
+_add("report", _report)
+_add("_repr_html_", html_of)
+_add("__repr__", _repr)
+_add("schema", property(lambda self: SCHEMA, doc="'polarline-check/1'."))
+_add("tool", property(lambda self: TOOL, doc="The `Tool` that made the check."))

@@ -1,0 +1,342 @@
+"""One picture, one board, one calibration, one scene."""
+
+from __future__ import annotations
+
+import json
+import os
+from typing import Any, Dict, Optional, Sequence, Tuple, Union, overload
+
+import numpy as np
+
+from . import _polarline
+from ._check import Progress
+from ._files import StrPath, bytes_of, write_whole
+from ._polarline import (Calibration, Camera, Detection, Explanation, ImportedCalibration, PrintedBoard, RefinedDots, Simulated,
+                         SimulatedSet, Target, TrueFigures)
+
+Picture = "np.ndarray[Any, Any]"
+
+
+def read_picture(path: StrPath) -> "np.ndarray[Any, Any]":
+    """Reads a picture with its pixels as they are stored.
+
+    Parameters
+    ----------
+    path : path
+        A picture.
+
+    Returns
+    -------
+    ndarray
+        uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red.
+
+    Raises
+    ------
+    InputError
+        For a path that is no picture.
+    """
+    return _polarline.read_picture(bytes_of(path))
+
+
+def _target_of(target: Union[Target, StrPath]) -> Union[str, bytes]:
+    """A target configuration as the library takes it: the text or the path."""
+    if isinstance(target, Target):
+        return target.to_ini()
+    if isinstance(target, (str, os.PathLike)):
+        return bytes_of(target)
+    raise TypeError(f"target: found {type(target).__name__}; a Target, a path or a text was wanted")
+
+
+def detect(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, StrPath]) -> Detection:
+    """Finds and numbers the dots of a board in one picture, exactly as a run does.
+
+    Parameters
+    ----------
+    image : ndarray or path
+        uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red.
+    target : Target or path
+        The board, or a target configuration (ini, json, yml, yaml, xml) or its text.
+
+    Returns
+    -------
+    Detection
+        `Detection.found` tells whether dots were numbered, `Detection.text` what else.
+
+    Raises
+    ------
+    InputError
+        For a target that can't be used and a path that is no picture.
+    TypeError
+        For what is no picture.
+
+    Examples
+    --------
+    >>> seen = polarline.simulate('ring_320', pairs=1)
+    >>> found = polarline.detect(seen.left[0], seen.target)
+    >>> found.found, found.id.dtype, found.x.shape == found.id.shape
+    (True, dtype('int32'), True)
+    """
+    picture = read_picture(image) if isinstance(image, (str, os.PathLike)) else image
+    return _polarline.detect(picture, _target_of(target))
+
+
+def refine(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, StrPath], camera: Camera, *,
+           type: int = 0, detection: Optional[Detection] = None) -> RefinedDots:
+    """Refines the centres of the dots of one picture, several times nearer to the truth, with their covariances.
+
+    Parameters
+    ----------
+    image : ndarray or path
+        As for `detect`.
+    target : Target or path
+        The board, whose pose tells the perspective of its circles.
+    camera : Camera
+        The camera that took the picture, `Calibration.left` or `Calibration.right`.
+    type : int
+        Of the lens, `Calibration.type`.
+    detection : Detection, optional
+        What was seen in the picture; without it, it is searched.
+
+    Returns
+    -------
+    RefinedDots
+        One entry a dot of the detection, in its order.
+
+    Raises
+    ------
+    InputError
+        For a target or a type that can't be used, and a detection of a picture of another size.
+    TypeError
+        For what is no picture.
+    """
+    picture = read_picture(image) if isinstance(image, (str, os.PathLike)) else image
+    board_text = _target_of(target)
+    seen = detection if detection is not None else _polarline.detect(picture, board_text)
+    return _polarline.refine(picture, seen, board_text, camera, type)
+
+
+def import_calibration(*files: StrPath, format: str = "", scale: float = 1.0, model: str = "",
+                       size: Optional[Tuple[int, int]] = None, baseline: Optional[float] = None,
+                       pair: Optional[Tuple[int, int]] = None, swap: bool = False) -> ImportedCalibration:
+    """Reads the calibration of a pair that another tool wrote, or our own JSON.
+
+    Parameters
+    ----------
+    *files : path
+        One file, or one for each camera, the left one first.
+    format : str
+        A name of `calibration_formats`; empty: told by the content.
+    scale : float
+        Board units in a unit of the file: 1000 from metres to millimetres.
+    model : str
+        'brown' or 'fisheye', where the file does not tell.
+    size : (int, int), optional
+        (columns, rows) of both cameras' pictures, where the file does not tell.
+    baseline : float, optional
+        Length between the cameras, board unit, where the file lost it.
+    pair : (int, int), optional
+        Which cameras of several are left and right, from 0.
+    swap : bool
+        Exchange left and right.
+
+    Returns
+    -------
+    ImportedCalibration
+
+    Raises
+    ------
+    InputError
+        For what is no such calibration, and for one that ours can't hold exactly.
+    """
+    return _polarline.import_calibration([bytes_of(file) for file in files], format=format, scale=scale, model=model,
+                                         size=size, baseline=baseline, pair=pair, swap=swap)
+
+
+def board(target: Target, path: Optional[StrPath] = None, *, format: str = "", paper: str = "fit", title: str = "",
+          dpi: float = 300.0) -> PrintedBoard:
+    """Draws a board in true size, to print; a board unit is a millimetre.
+
+    Parameters
+    ----------
+    target : Target
+        The board.
+    path : path, optional
+        File to write.
+    format : str
+        'svg', 'pdf' or 'png'; empty: by the path's ending, without a path 'svg'.
+    paper : str
+        'A4', 'A3', 'A2', 'A1', or 'fit' for the board's own size.
+    title : str
+        Printed below the ruler; empty: the board in words.
+    dpi : float
+        Dots per inch of a PNG.
+
+    Returns
+    -------
+    PrintedBoard
+
+    Raises
+    ------
+    InputError
+        For a sheet that is too small, and what else can't be printed.
+    OutputError
+        Where the file can't be written.
+
+    Examples
+    --------
+    >>> polarline.board(polarline.Target('rings-small:17x15:14'), paper='A3').paper
+    'A3'
+    """
+    ending = os.path.splitext(os.fspath(path))[1][1:] if path is not None else ""
+    printed = _polarline.print_board(target, format=format or ending or "svg", paper=paper, title=title, dpi=dpi)
+    if path is not None:
+        write_whole(path, printed.data)
+    return printed
+
+
+@overload
+def simulate(scene: StrPath, folder: None = None, *, pairs: Optional[int] = None, seed: Optional[int] = None,
+             noise: Optional[float] = None, force: bool = False, progress: Optional[Progress] = None) -> Simulated: ...
+
+
+@overload
+def simulate(scene: StrPath, folder: StrPath, *, pairs: Optional[int] = None, seed: Optional[int] = None,
+             noise: Optional[float] = None, force: bool = False, progress: Optional[Progress] = None) -> SimulatedSet: ...
+
+
+def simulate(scene: StrPath, folder: Optional[StrPath] = None, *, pairs: Optional[int] = None,
+             seed: Optional[int] = None, noise: Optional[float] = None, force: bool = False,
+             progress: Optional[Progress] = None) -> Union[Simulated, SimulatedSet]:
+    """Renders a set whose truth is known to the last digit.
+
+    Parameters
+    ----------
+    scene : str or path
+        The name of a preset (`presets`) or the path of a scene file.
+    folder : path, optional
+        Where the set goes; without it, it stays in memory.
+    pairs : int, optional
+        Pairs of pictures, 1 to 1000.
+    seed : int, optional
+        Of the noise. The same seed gives the same pictures to the byte.
+    noise : float, optional
+        Read noise, greys of an 8 bit picture; 0 takes all noise away.
+    force : bool
+        Write into a folder that is not empty.
+    progress : callable, optional
+        Called with the pairs done and all pairs. What it raises ends the simulation and comes back.
+
+    Returns
+    -------
+    Simulated or SimulatedSet
+        In memory: arrays, texts and truth. In a folder: what was written.
+
+    Raises
+    ------
+    InputError
+        For a scene that can't be used, and a folder that is not empty.
+    OutputError
+        Where a file can't be written.
+
+    Examples
+    --------
+    >>> seen = polarline.simulate('ring_320', pairs=1)
+    >>> seen.left[0].shape, seen.left[0].dtype
+    ((256, 320), dtype('uint8'))
+    """
+    options: Dict[str, Any] = {"pairs": pairs, "seed": seed, "noise": noise, "progress": progress}
+    if folder is None:
+        return _polarline.simulate_images(bytes_of(scene), **options)
+    return _polarline.simulate_set(bytes_of(scene), bytes_of(folder), force=force, **options)
+
+
+def scene_file(scene: StrPath, *, pairs: Optional[int] = None, seed: Optional[int] = None,
+               noise: Optional[float] = None) -> str:
+    """A preset or scene file as a scene file that tells everything, JSON, to change it.
+
+    Parameters
+    ----------
+    scene, pairs, seed, noise
+        As for `simulate`.
+
+    Returns
+    -------
+    str
+
+    Examples
+    --------
+    >>> import json
+    >>> json.loads(polarline.scene_file('ring_320', seed=7))['seed']
+    7
+    """
+    return _polarline.scene_file(bytes_of(scene), pairs=pairs, seed=seed, noise=noise)
+
+
+def truth_of(folder: StrPath) -> Tuple[TrueFigures, ...]:
+    """The true figures of a simulated set, one a pair.
+
+    Parameters
+    ----------
+    folder : path
+        Of a set that `simulate` wrote.
+
+    Returns
+    -------
+    tuple of TrueFigures
+
+    Raises
+    ------
+    InputError
+        For a folder without a truth.
+    """
+    return _polarline.truth_of(bytes_of(folder))
+
+
+def explain(code: Union[int, str]) -> Tuple[Explanation, ...]:
+    """All that a status, a warning, an exit code or the name of a figure may mean.
+
+    Parameters
+    ----------
+    code : int or str
+        Such as -9, 'too_few_shared' or 'dy_means'.
+
+    Returns
+    -------
+    tuple of Explanation
+        Empty for what nobody says.
+
+    Examples
+    --------
+    >>> polarline.explain('dy_means')[0].unit
+    'pixels'
+    """
+    return _polarline.explain(str(code))
+
+
+def _replace(self: Calibration, **changes: Any) -> Calibration:
+    """The same calibration with other values for some of its members."""
+    values = {name: getattr(self, name) for name in ("left", "right", "type", "rx", "ry", "rz", "tx", "ty", "tz")}
+    unknown = sorted(set(changes) - set(values))
+    if unknown:
+        raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
+    values.update(changes)
+    return Calibration(values.pop("left"), values.pop("right"), **values)
+
+
+def _replace_camera(self: Camera, **changes: Any) -> Camera:
+    """The same camera with other values for some of its members."""
+    values = {name: getattr(self, name) for name in ("fx", "fy", "cx", "cy", "k", "p1", "p2", "size")}
+    unknown = sorted(set(changes) - set(values))
+    if unknown:
+        raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
+    values.update(changes)
+    return Camera(**values)
+
+
+def _truth(self: Simulated) -> Dict[str, Any]:
+    return dict(json.loads(self.truth_json))
+
+
+setattr(Calibration, "replace", _replace)
+setattr(Camera, "replace", _replace_camera)
+setattr(Simulated, "truth", property(_truth, doc="The truth, as truth.json has it."))

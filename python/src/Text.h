@@ -1,0 +1,24 @@
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include <string>
+
+namespace binding {
+
+/// A text that may hold the name of a file, whose bytes need be no UTF-8: as `os.fsdecode` has it.
+inline pybind11::str textOf(const std::string& text) {
+  PyObject* const decoded = PyUnicode_DecodeFSDefaultAndSize(text.data(), static_cast<Py_ssize_t>(text.size()));
+  if (decoded == nullptr) throw pybind11::error_already_set();
+  return pybind11::reinterpret_steal<pybind11::str>(decoded);
+}
+
+/// A read-only property of a text.
+template <typename Class, typename Owner>
+void defText(Class& type, const char* name, std::string Owner::*member, const char* doc) {
+  using Bound = typename Class::type;
+  type.def_property_readonly(
+      name, [member](const Bound& self) { return textOf(self.*member); }, doc);
+}
+
+}  // namespace binding
