@@ -20,10 +20,10 @@ constexpr std::size_t kSampledDots = 40;
 constexpr double kReach = 1.05;
 constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
 constexpr double kBand = 2.5;           ///< Pixels on either side of an outline.
-constexpr double kPlain = 0.7;          ///< The same, of a plain dot's.
 constexpr double kOtherSize = 0.04;     ///< Of the radius.
 constexpr std::size_t kFewestPlain = 15;
-constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges.
+constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges: no mark below,
+constexpr double kPlain = 0.7;   ///< a plain dot not below.
 
 double distanceOf(const DotWork& one, const DotWork& other) {
   if (one.slope_known && other.slope_known) return cv::norm(*one.place->board - *other.place->board);
@@ -64,7 +64,7 @@ bool leavesPicture(const Outline& outline, const cv::Size& size) {
 /// Without the blur.
 MarkLook lookOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>& sample,
                 const std::vector<RadialEdges>& all) {
-  MarkLook common;
+  MarkLook look;
   double votes = 0.0;
   std::vector<double> strengths, radii;
   for (const RadialEdges& found : all) {
@@ -72,23 +72,23 @@ MarkLook lookOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>
     votes += found.edges[found.count - 1].rise > 0.0 ? 1.0 : -1.0;
     strengths.push_back(strengthOf(found));
   }
-  if (votes < 0.0) common.sign = -1.0;
-  if (!strengths.empty()) common.strength = rank::upperMedian(strengths);
+  if (votes < 0.0) look.sign = -1.0;
+  if (!strengths.empty()) look.strength = rank::upperMedian(strengths);
   for (std::size_t k = 0; k < all.size(); ++k) {
-    if (dots[sample[k]].slope_known && all[k].count == 1 && all[k].edges[0].rise * common.sign > 0.0)
+    if (dots[sample[k]].slope_known && all[k].count == 1 && all[k].edges[0].rise * look.sign > 0.0)
       radii.push_back(all[k].edges[0].radius);
   }
-  if (radii.size() > kFewestPlain) common.radius = rank::upperMedian(radii);
-  return common;
+  if (radii.size() > kFewestPlain) look.radius = rank::upperMedian(radii);
+  return look;
 }
 
 /// Whether there is a plain dot: ink and paper just inside and outside of its outline, and paper farther out.
-bool looksPlain(const GreyPicture& picture, const MarkLook& common, const DotWork& dot) {
+bool looksPlain(const GreyPicture& picture, const MarkLook& look, const DotWork& dot) {
   constexpr int kDirections = 8;
-  if (!(common.radius > 0.0) || !dot.slope_known) return false;
+  if (!(look.radius > 0.0) || !dot.slope_known) return false;
   const double scale = std::sqrt(std::abs(cv::determinant(dot.J)));
-  const double off = std::min(1.2 / scale, 0.3 * common.radius);
-  const Outline far = outlineOfCircle(dot.place->pixel, dot.J, common.radius + 2.0 * off);
+  const double off = std::min(1.2 / scale, 0.3 * look.radius);
+  const Outline far = outlineOfCircle(dot.place->pixel, dot.J, look.radius + 2.0 * off);
   if (leavesPicture(far, picture.grey.size())) return false;
   double inside = 0.0, outside = 0.0, farther = 0.0;
   for (int k = 0; k < kDirections; ++k) {
@@ -97,12 +97,12 @@ bool looksPlain(const GreyPicture& picture, const MarkLook& common, const DotWor
     const auto greyOut = [&](double radius) {
       return picture.between(dot.place->pixel.x + radius * out[0], dot.place->pixel.y + radius * out[1]);
     };
-    inside += greyOut(common.radius - off);
-    outside += greyOut(common.radius + off);
-    farther += greyOut(common.radius + 2.0 * off);
+    inside += greyOut(look.radius - off);
+    outside += greyOut(look.radius + off);
+    farther += greyOut(look.radius + 2.0 * off);
   }
-  const double wanted = kPlain * common.strength * kDirections;
-  return common.sign * (outside - inside) > wanted && common.sign * (farther - inside) > wanted;
+  const double wanted = kPlain * look.strength * kDirections;
+  return look.sign * (outside - inside) > wanted && look.sign * (farther - inside) > wanted;
 }
 
 void findOutline(const GreyPicture& picture, double sign, DotWork& dot) {
