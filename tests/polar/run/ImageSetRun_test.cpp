@@ -210,6 +210,23 @@ TEST_F(ImageSetRun, CropShiftAddsUpOverTheSet) {
   EXPECT_EQ(arguments.images[0][0].cols, 40);
 }
 
+TEST_F(ImageSetRun, PairsOfOneCameraAndSizeShareTheMapsOfTheirRectification) {
+  config.dy_bias_switch = 1;
+  pairs(3, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.maps.made(), 1U);
+}
+
+TEST_F(ImageSetRun, CropMakesTheMapsAnewForEachPair) {
+  config.dy_bias_switch = 1;
+  config.crop = 1;
+  config.cropped_cols = 380;
+  config.cropped_rows = 290;
+  pairs(3, 400, 300);
+  EXPECT_EQ(run(), 0);
+  EXPECT_EQ(core.maps.made(), 3U);
+}
+
 TEST_F(ImageSetRun, CropIsTakenForEachImageByItself) {
   pairs(1);
   arguments.images[1][0] = cv::Mat(35, 50, CV_8UC1, cv::Scalar(90));
