@@ -8,6 +8,7 @@
 #include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/results/ResultFiles.h"
+#include "polar/results/TableWriter.h"
 
 namespace {
 
@@ -43,7 +44,8 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
 
   const bool saves_picture = config().tri_bias_savepng_swithch == 1;
   const bool saves_table = config().tir_bias_savecsv_swithch == 1;
-  files::OutputFile table(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
+  files::OutputFile table_file(saves_table ? pairFile(result_folder, image_id, "_right_tri.csv") : "");
+  TableWriter table(table_file);
   cv::Mat picture;
   cv::cvtColor(right_image, picture, cv::COLOR_GRAY2BGR);
 
@@ -57,7 +59,7 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
     // expect.
     if (config().tri_bias_savepng_swithch == 0 && std::isfinite(error)) drawResidual(picture, measured_right[i], error);
     if (error < config().tri_bias_divid) ++residuals.within;
-    if (saves_table) table << error << '\n';
+    table.row(error);
     residuals.sum += error;
     residuals.square_sum += error * error;
     residuals.kept.push_back(error);
