@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import importlib
 import json
+from types import FunctionType
 from typing import Any, Callable, Dict, List, Mapping, NamedTuple, Optional, Sequence, Tuple, Union
 
 import numpy as np
@@ -186,7 +187,10 @@ def report(checks: Union[Check, StrPath, Sequence[Union[Check, StrPath]]], path:
     several = checks if isinstance(checks, Sequence) and not isinstance(checks, str) else [checks]
     documents: List[Tuple[Union[str, bytes], Union[str, bytes]]] = []
     for each in several:
-        documents.append((each.to_json(), "") if isinstance(each, Check) else ("", bytes_of(each)))
+        if isinstance(each, Check):
+            documents.append((each.to_json(), ""))
+        else:
+            documents.append(("", bytes_of(each)))
     write_whole(path, _polarline.report_page(documents, title=title, paths=paths, budget=budget, pictures=pictures))
 
 
@@ -231,17 +235,22 @@ def _repr(self: Check) -> str:
     return f"<polarline.Check {self.set.name!r}: {_polarline.verdict_text(self)}>"
 
 
+def _repr_html(self: Check) -> str:
+    """A small table and picture for notebooks."""
+    return html_of(self)
+
+
 def _add(name: str, value: object) -> None:
     """Gives `Check` what is easier said in Python."""
-    if callable(value):
-        value.__name__, value.__qualname__ = name, f"Check.{name}"  # type: ignore[attr-defined]
+    if isinstance(value, FunctionType):
+        value.__name__, value.__qualname__ = name, f"Check.{name}"
     setattr(Check, name, value)
 
 
 _add("to_dict", _to_dict)
 _add("to_pandas", _to_pandas)
 _add("report", _report)
-_add("_repr_html_", html_of)
+_add("_repr_html_", _repr_html)
 _add("__repr__", _repr)
 _add("schema", property(lambda self: SCHEMA, doc="'polarline-check/1'."))
 _add("tool", property(lambda self: TOOL, doc="The `Tool` that made the check."))
