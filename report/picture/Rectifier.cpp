@@ -4,6 +4,7 @@
 
 #include "camera/CameraFloats.h"
 #include "camera/CameraMatrices.h"
+#include "camera/KeptMaps.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "camera/RectifyPair.h"
 #include "platform/Console.h"
@@ -60,8 +61,10 @@ std::optional<Rectifier::Pictures> Rectifier::of(std::size_t place, const cv::Ma
   const PinholeCameraIntrinsicsPOL right_camera = polynomialCamera(*cameras_, 1);
   std::ostringstream unread;
   const console::Redirection quiet(unread, unread);
+  KeptMaps maps;
   cv::Mat Q;
-  const auto pair = RectifyPair({f_scale_, x_y_, left_camera, right_camera}, matrices, left, right, cameras_->model, Q);
+  const auto pair =
+      RectifyPair({f_scale_, x_y_, left_camera, right_camera}, matrices, left, right, cameras_->model, maps, Q);
   return pair ? std::optional(Pictures{pair->left, pair->right}) : std::nullopt;
 }
 
