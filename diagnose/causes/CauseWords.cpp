@@ -8,6 +8,8 @@
 #include <numbers>
 #include <vector>
 
+#include "platform/PlainNumber.h"
+
 namespace cause_words {
 namespace {
 
@@ -101,33 +103,32 @@ std::string ofGroup(const FoundCauses& found, int group) {
 }
 
 std::string rowsText(const FoundCauses& found) {
-  std::string text =
-      fmt::format("With that taken out the rows should differ by {:.3g} px in the mean instead of {:.3g} px",
-                  found.rows_after, found.rows_before);
+  std::string text = fmt::format("With that taken out the rows should differ by {} px in the mean instead of {} px",
+                                 plain::rounded(found.rows_after, 3), plain::rounded(found.rows_before, 3));
   if (!hasPattern(found))
     return text + (found.rows_after > kMostNoise ? "; what remains is more than noise." : "; what remains is noise.");
   return text + fmt::format(
-                    "; of what remains {:.2g} px are alike in neighbouring dots, which none of these causes "
+                    "; of what remains {} px are alike in neighbouring dots, which none of these causes "
                     "explains: look at the board's flatness, the focus and the lens calibration.",
-                    found.alike.smooth_rms);
+                    plain::rounded(found.alike.smooth_rms, 2));
 }
 
 std::string withoutCause(const FoundCauses& found) {
   if (found.rows_before > kMostNoise) {
     return fmt::format(
-        "The rows differ by {:.3g} px in the mean, and no turn or shift of the cameras explains that: look whether the "
+        "The rows differ by {} px in the mean, and no turn or shift of the cameras explains that: look whether the "
         "two pictures of each pair belong together, and at the board's numbers.",
-        found.rows_before);
+        plain::rounded(found.rows_before, 3));
   }
   if (!hasPattern(found)) {
-    return fmt::format("No cause is needed: the rows differ by {:.3g} px in the mean, which is the noise.",
-                       found.rows_before);
+    return fmt::format("No cause is needed: the rows differ by {} px in the mean, which is the noise.",
+                       plain::rounded(found.rows_before, 3));
   }
   return fmt::format(
-      "None of the causes known explains the row differences of {:.3g} px in the mean, and {:.2g} px of "
+      "None of the causes known explains the row differences of {} px in the mean, and {} px of "
       "them are alike in neighbouring dots: look at the board's flatness, the focus and the lens "
       "calibration.",
-      found.rows_before, found.alike.smooth_rms);
+      plain::rounded(found.rows_before, 3), plain::rounded(found.alike.smooth_rms, 2));
 }
 
 }  // namespace
@@ -139,13 +140,14 @@ double told(CauseKind kind, double value) { return wordsOf(kind).scale == kDegre
 
 std::string clause(CauseKind kind, double value) {
   const Words& words = wordsOf(kind);
-  const std::string size = fmt::format("{:.3g}", std::abs(value) * words.scale);
+  const std::string size = plain::rounded(std::abs(value) * words.scale, 3);
   return fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
 }
 
 std::string clause(CauseKind kind, double value, double sd) {
   const Words& words = wordsOf(kind);
-  const std::string size = fmt::format("{:.3g} ± {:.2g}", std::abs(value) * words.scale, sd * words.scale);
+  const std::string size =
+      fmt::format("{} ± {}", plain::rounded(std::abs(value) * words.scale, 3), plain::rounded(sd * words.scale, 2));
   const std::string text = fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
   return std::abs(value) >= kSure * sd ? text
                                        : text + ", which these pictures leave unsure: take some at two distances";

@@ -10,6 +10,7 @@
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/Thresholds.h"
 #include "platform/Median.h"
+#include "platform/PlainNumber.h"
 
 namespace diagnose {
 namespace {
@@ -54,13 +55,12 @@ std::optional<polarline::Warning> noiseFloor(const Looks& looks, const AskedLimi
   if (!noise || !rows) return std::nullopt;
   const double floor = kMeanOfNormal * *noise;
   if (limits.most_row && *limits.most_row < floor)
-    return warning("noise_floor", fmt::format("A limit wants dy_means up to {:.3g} pixels; the noise of the dots' "
-                                              "centres alone makes {:.3g}",
-                                              *limits.most_row, floor));
+    return warning("noise_floor", fmt::format("A limit wants dy_means up to {} pixels; the noise of the dots' "
+                                              "centres alone makes {}",
+                                              plain::rounded(*limits.most_row, 3), plain::rounded(floor, 3)));
   if (*noise < thresholds::kRowNoise || *rows > thresholds::kNoiseShare * floor) return std::nullopt;
-  return warning(
-      "noise_floor",
-      fmt::format("dy_means is {:.3g} pixels; the noise of the dots' centres alone makes {:.3g}", *rows, floor));
+  return warning("noise_floor", fmt::format("dy_means is {} pixels; the noise of the dots' centres alone makes {}",
+                                            plain::rounded(*rows, 3), plain::rounded(floor, 3)));
 }
 
 }  // namespace

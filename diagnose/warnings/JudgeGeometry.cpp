@@ -12,6 +12,7 @@
 #include "diagnose/warnings/ShownBaseline.h"
 #include "diagnose/warnings/Thresholds.h"
 #include "platform/Median.h"
+#include "platform/PlainNumber.h"
 
 namespace diagnose {
 namespace {
@@ -53,14 +54,14 @@ std::vector<Misfit> misfits(const Looks& looks) {
 
 std::string textOf(const SideLook& side, const Explained& explained) {
   std::string text = numbersFit(side)
-                         ? fmt::format("The board through the lens misses the dots by {:.2g} pixels (root mean square)",
-                                       side.place->rms)
+                         ? fmt::format("The board through the lens misses the dots by {} pixels (root mean square)",
+                                       plain::rounded(side.place->rms, 2))
                          : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
                                        100.0 * side.place->on_grid);
   if (explained.text.empty()) return text;
-  return fmt::format("{}; it would meet them to {:.2g} pixels, {}",
-                     numbersFit(side) ? text : "The board through the lens does not meet the dots", explained.rms,
-                     explained.text);
+  return fmt::format("{}; it would meet them to {} pixels, {}",
+                     numbersFit(side) ? text : "The board through the lens does not meet the dots",
+                     plain::rounded(explained.rms, 2), explained.text);
 }
 
 std::optional<polarline::Warning> judgeMisfits(const CalibratedPair& cameras, const Looks& looks) {
@@ -131,11 +132,12 @@ std::optional<polarline::Warning> judgeScale(const CalibratedPair& cameras, cons
   const bool is_off = std::abs(off) > thresholds::kScale && std::abs(off) > thresholds::kScaleSure * scale->error;
   const bool agrees = std::abs(scale->by_poses - scale->triangulated) < thresholds::kScaleAgrees * std::abs(off);
   if (!is_off || !agrees) return std::nullopt;
-  return warning("scale_wrong",
-                 fmt::format("Distances come out {:.2f} % (standard error {:.2g}) {} than they are: the board's dots "
-                             "stand that much {} than they are described, or the baseline told is that much too {}",
-                             100.0 * std::abs(off), 100.0 * scale->error, off > 0.0 ? "larger" : "smaller",
-                             off > 0.0 ? "farther apart" : "nearer", off > 0.0 ? "long" : "short"));
+  return warning(
+      "scale_wrong",
+      fmt::format("Distances come out {:.2f} % (standard error {}) {} than they are: the board's dots "
+                  "stand that much {} than they are described, or the baseline told is that much too {}",
+                  100.0 * std::abs(off), plain::rounded(100.0 * scale->error, 2), off > 0.0 ? "larger" : "smaller",
+                  off > 0.0 ? "farther apart" : "nearer", off > 0.0 ? "long" : "short"));
 }
 
 }  // namespace

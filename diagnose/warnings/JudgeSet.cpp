@@ -11,6 +11,7 @@
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/Thresholds.h"
 #include "platform/Median.h"
+#include "platform/PlainNumber.h"
 
 namespace diagnose {
 namespace {
@@ -53,9 +54,8 @@ std::optional<polarline::Warning> oneDistance(const Looks& looks) {
   if (distances.size() < thresholds::kLeastPairs) return std::nullopt;
   const auto [least, most] = std::ranges::minmax(distances);
   if (most - least > thresholds::kSameDistance * 0.5 * (most + least)) return std::nullopt;
-  return warning("one_distance",
-                 fmt::format("In all {} pairs the board's first dot is {:.4g} to {:.4g} board units away",
-                             distances.size(), least, most));
+  return warning("one_distance", fmt::format("In all {} pairs the board's first dot is {} to {} board units away",
+                                             distances.size(), plain::rounded(least, 4), plain::rounded(most, 4)));
 }
 
 /// A figure and how far, in its own unit, a pair may be from the others without a word.
@@ -80,8 +80,8 @@ std::optional<Finding> farthest(const Looks& looks, const Watched& watched) {
     if (found == pair.figures.end() || !(found->second > most)) continue;
     if (worst && worst->weight >= found->second) continue;
     worst = Finding{pair.index, Finding::kPair, found->second,
-                    fmt::format("{} is {:.3g} in pair {}, and {:.3g} in the middle of all", watched.name, found->second,
-                                pair.index, middle)};
+                    fmt::format("{} is {} in pair {}, and {} in the middle of all", watched.name,
+                                plain::rounded(found->second, 3), pair.index, plain::rounded(middle, 3))};
   }
   return worst;
 }

@@ -4,6 +4,7 @@
 
 #include "diagnose/warnings/Codes.h"
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/PlainNumber.h"
 
 namespace diagnose {
 
@@ -15,9 +16,9 @@ std::optional<polarline::Warning> judgeBaseline(const cv::Vec3d& shown, const cv
   const double ratio = cv::norm(shown) / cv::norm(told);
   if (!(ratio < thresholds::kSameLength && ratio > 1.0 / thresholds::kSameLength)) {
     const std::string text = fmt::format(
-        "The calibration puts the cameras {:.4g} apart, but the pictures show them about {:.4g} board units "
-        "apart, {:.3g} times as far",
-        cv::norm(told), cv::norm(shown), ratio);
+        "The calibration puts the cameras {} apart, but the pictures show them about {} board units "
+        "apart, {} times as far",
+        plain::rounded(cv::norm(told), 4), plain::rounded(cv::norm(shown), 4), plain::rounded(ratio, 3));
     return warning("baseline_unit", text, pair);
   }
   if (shown.dot(told) < thresholds::kOpposite * cv::norm(shown) * cv::norm(told))

@@ -4,13 +4,13 @@
 
 #include <cmath>
 
+#include "platform/PlainNumber.h"
 #include "report/fill/Escape.h"
-#include "report/words/NumberText.h"
 
 namespace polarline {
 namespace {
 
-std::string shown(double value) { return std::isfinite(value) ? numberText(value, 4) : "–"; }
+std::string shown(double value) { return std::isfinite(value) ? plain::rounded(value, 4) : "–"; }
 
 std::string limitsTable(const std::vector<LimitResult>& limits) {
   if (limits.empty()) return "<p>No limits were given.</p>\n";

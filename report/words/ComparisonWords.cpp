@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "platform/PlainNumber.h"
 #include "polarline/check.h"
 
 namespace polarline {
@@ -40,8 +41,9 @@ std::string listed(const std::vector<const ComparedFigure*>& figures, std::size_
   for (std::size_t k = 0; k < std::min(figures.size(), kMostNamed); ++k) {
     const Difference& difference = figures[k]->differences[check];
     const std::string& unit = figures[k]->unit;
-    text += fmt::format("{}{} (by {:.3g} ± {:.2g}{}{})", k == 0 ? "" : ", ", figures[k]->name,
-                        std::abs(difference.value), difference.sd, unit.empty() ? "" : " ", unit);
+    text += fmt::format("{}{} (by {} ± {}{}{})", k == 0 ? "" : ", ", figures[k]->name,
+                        plain::rounded(std::abs(difference.value), 3), plain::rounded(difference.sd, 2),
+                        unit.empty() ? "" : " ", unit);
   }
   if (figures.size() > kMostNamed) text += fmt::format(" and {} more", counted(figures.size() - kMostNamed));
   return fmt::format(" {}: {}.", word, text);

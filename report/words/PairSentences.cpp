@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "report/words/NumberText.h"
+#include "platform/PlainNumber.h"
 
 namespace polarline {
 namespace {
 
 constexpr const char* kNotMeasured = "Not measured in this pair.";
 
-std::string number(double value) { return numberText(value, 3); }
+std::string number(double value) { return plain::rounded(value, 3); }
 std::string px(double value) { return number(value) + " pixels"; }
 std::string units(double value) { return number(value) + " board units"; }
 
@@ -71,8 +71,9 @@ std::string depthText(const Spread& depth) {
 
 std::string disparityText(const Spread& disparity) {
   if (disparity.count == 0) return kNotMeasured;
-  return fmt::format("Disparity of {} dots: from {:.4g} to {:.4g} pixels, mean {:.4g} pixels.", disparity.count,
-                     disparity.min, disparity.max, disparity.mean);
+  return fmt::format("Disparity of {} dots: from {} to {} pixels, mean {} pixels.", disparity.count,
+                     plain::rounded(disparity.min, 4), plain::rounded(disparity.max, 4),
+                     plain::rounded(disparity.mean, 4));
 }
 
 std::string boardText(const BoardFit& board) {

@@ -42,7 +42,7 @@ TEST_F(BaselineCheck, MetresForMillimetresAreTold) {
   ASSERT_EQ(warnings.size(), 1U);
   EXPECT_EQ(warnings[0].code, "baseline_unit");
   EXPECT_EQ(warnings[0].text,
-            "The calibration puts the cameras 0.06 apart, but the pictures show them about 60 board units apart, 1e+03 "
+            "The calibration puts the cameras 0.06 apart, but the pictures show them about 60 board units apart, 1000 "
             "times as far");
 }
 
