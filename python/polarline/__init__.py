@@ -25,6 +25,7 @@ from ._polarline import (BoardInfo, Calibration, Camera, CameraNumbers, Cameras,
                          RefinedDots, RefinedPoints, Simulated, SimulatedSet, Status, Summary, Target, TrueFigures, Uncertainty,
                          Warning, board_kinds, calibration_formats, limit_names, main_figures, presets, setting_keys)
 from ._set import Set
+from ._values import equip as _equip
 
 __version__ = _TOOL.version
 
@@ -42,6 +43,8 @@ __all__ = [
 _abc.Mapping.register(Figures)
 for _name in ("get", "items", "values"):
     setattr(Figures, _name, getattr(_abc.Mapping, _name))
+_equip(kind for kind in vars(_polarline).values()
+       if isinstance(kind, type) and not hasattr(exports, kind.__name__))
 if hasattr(_os, "register_at_fork"):
     _os.register_at_fork(after_in_child=_polarline.forget_turns)
 

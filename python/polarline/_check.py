@@ -5,19 +5,18 @@ from __future__ import annotations
 import importlib
 import json
 from types import FunctionType
-from typing import Any, Callable, Dict, List, Mapping, NamedTuple, Optional, Sequence, Tuple, Union
+import os
+from typing import Any, Dict, Iterable, List, Mapping, NamedTuple, Optional, Sequence, Tuple, Union
 
 import numpy as np
 
 from . import _polarline
+from ._arguments import Lines, Pictures, Progress, flag, lines_of, pictures_of, progress_of, settings_of, two
 from ._errors import RunError
 from ._files import StrPath, bytes_of, write_whole
 from ._html import html_of
 from ._polarline import Check, Diagnosis, Simulated
 from ._set import SetLike, files_of
-
-Progress = Callable[[int, int], object]
-Pictures = Sequence["np.ndarray[Any, Any]"]
 
 
 class Tool(NamedTuple):
@@ -33,14 +32,6 @@ TOOL = Tool(**_EMPTY["tool"])
 SCHEMA: str = _EMPTY["schema"]
 
 
-def _lines_of(settings: Union[Mapping[str, object], Sequence[str]]) -> Sequence[str]:
-    if isinstance(settings, str):
-        return [settings]
-    if isinstance(settings, Mapping):
-        return [f"{key}={value}" for key, value in settings.items()]
-    return list(settings)
-
-
 def _run(given: SetLike, left: Optional[Pictures], right: Optional[Pictures], progress: Optional[Progress],
          **options: Any) -> Check:
     """A check whatever came of it."""
@@ -48,14 +39,14 @@ def _run(given: SetLike, left: Optional[Pictures], right: Optional[Pictures], pr
         left, right = given.left, given.right
     if (left is None) != (right is None):
         raise TypeError(f"{'left' if left is None else 'right'}: found None; as many pictures as on the other side were wanted")
+    pictures = pictures_of("left", left), pictures_of("right", right)
     with files_of(given) as files:
-        return _polarline.run_check(files, None if left is None else list(left), None if right is None else list(right),
-                                    progress, **options)
+        return _polarline.run_check(files, *pictures, progress_of(progress), **options)
 
 
 def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pictures] = None, *,
-          limits: Union[str, Sequence[str]] = (), refine: bool = False, progress: Optional[Progress] = None,
-          settings: Union[Mapping[str, object], Sequence[str]] = (), pairs: Optional[Tuple[int, int]] = None,
+          limits: Lines = (), refine: bool = False, progress: Optional[Progress] = None,
+          settings: Union[Mapping[str, object], Lines] = (), pairs: Optional[Tuple[int, int]] = None,
           out: Optional[StrPath] = None, write_corrected: Optional[StrPath] = None, diagnose: bool = True,
           uncertainty: bool = True) -> Check:
     """Checks a set: runs the library over its pairs and judges the figures by limits.
@@ -67,20 +58,21 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     left, right : sequence of ndarray, optional
         Pictures in place of those of the set's list, one a pair: uint8 or uint16, of shape (rows, columns), or
         (rows, columns, 3 or 4) in the order blue, green, red. Nothing is copied where rows run from left to right.
-    limits : sequence of str
+    limits : str or sequence of str
         ``'FIGURE OP VALUE'`` each, such as ``'dy_means<=0.1'``, besides those of the set.
     refine : bool
         Refines the dots' centres and gives every figure from these, too: `Pair.refined`.
     progress : callable, optional
         Called with the pairs done and all pairs behind each pair. What it raises ends the check and comes back.
     settings : mapping or sequence of str
-        Keys of the polar configuration for this run, ``{'crop': 1}`` or ``['crop=1']``.
+        Keys of the polar configuration for this run, ``{'eccentricity': 1}`` or ``['eccentricity=1']``.
     pairs : (int, int), optional
-        Positions of the first and the last pair, from 0.
+        Positions of the first and the last pair, from 0: ``(0, 4)`` are five.
     out : path, optional
         Folder for the library's own files.
     write_corrected : path, optional
         Where the calibration goes with the causes taken out (.json); the set is then run once more with it.
+        Where no cause is found nothing is written: `Check.correction` is None, and a warning says so.
     diagnose : bool
         Look for the causes of the row differences.
     uncertainty : bool
@@ -97,7 +89,7 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
         For a run that ends without figures, an input or a limit that can't be used, and a file that can't be
         written. `RunError.check` has what was measured before.
     TypeError
-        For what is no picture.
+        For what is no picture, and for other arguments of a wrong type.
     KeyboardInterrupt
         For Ctrl-C, behind the pair that is being measured.
 
@@ -114,10 +106,11 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     >>> result.pairs[0].points.dy.dtype
     dtype('float32')
     """
-    done = _run(set, left, right, progress, limits=[limits] if isinstance(limits, str) else list(limits), refine=refine,
-                settings=_lines_of(settings), pairs=pairs, out=b"" if out is None else bytes_of(out),
-                write_corrected=b"" if write_corrected is None else bytes_of(write_corrected), diagnose=diagnose,
-                uncertainty=uncertainty)
+    done = _run(set, left, right, progress, limits=lines_of("limits", limits, "a text such as 'dy_means<=0.1'"),
+                refine=flag("refine", refine), settings=settings_of(settings), pairs=two("pairs", pairs, "(first, last)"),
+                out=b"" if out is None else bytes_of(out), diagnose=flag("diagnose", diagnose),
+                write_corrected=b"" if write_corrected is None else bytes_of(write_corrected),
+                uncertainty=flag("uncertainty", uncertainty))
     if done.verdict == "error":
         status = done.status
         raise RunError(status.text, status=status.code, name=status.name, advice=status.advice, retry=status.retry,
@@ -158,13 +151,13 @@ def diagnose(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pict
     return done.diagnosis
 
 
-def report(checks: Union[Check, StrPath, Sequence[Union[Check, StrPath]]], path: StrPath, *, title: str = "",
+def report(checks: Union[Check, StrPath, Iterable[Union[Check, StrPath]]], path: StrPath, *, title: str = "",
            paths: bool = False, budget: int = 10_000_000, pictures: bool = True) -> None:
     """Writes the page of a check, or of two to eight side by side: one file of HTML.
 
     Parameters
     ----------
-    checks : Check or path, or a sequence of them
+    checks : Check or path, or several of them
         Checks, or paths of their JSON documents. The first is what the others are compared with.
     path : path
         Where the page goes.
@@ -184,7 +177,7 @@ def report(checks: Union[Check, StrPath, Sequence[Union[Check, StrPath]]], path:
     OutputError
         Where the page can't be written.
     """
-    several = checks if isinstance(checks, Sequence) and not isinstance(checks, str) else [checks]
+    several = [checks] if isinstance(checks, (Check, str, os.PathLike)) else list(checks)
     documents: List[Tuple[Union[str, bytes], Union[str, bytes]]] = []
     for each in several:
         if isinstance(each, Check):
@@ -216,10 +209,11 @@ def _to_pandas(self: Check, *, points: bool = False) -> Any:
             value = pair.figures[name]
             if isinstance(value, np.ndarray):
                 row.update({f"{name}[{k}]": number for k, number in enumerate(value)})
-            else:
+            elif not pair.figures.info(name).is_list:
                 row[name] = np.nan if value is None else value
         rows.append(row)
-    return pandas.DataFrame(rows, index=pandas.Index([pair.index for pair in self.pairs], name="pair"))
+    index = pandas.Index([pair.index for pair in self.pairs], name="pair")
+    return pandas.DataFrame(rows, index=index, columns=None if rows else ["left", "right", "state"])
 
 
 _COLUMNS = ("id", "left_x", "left_y", "right_x", "right_y", "dy", "residual", "x", "y", "z", "rectified_left_x",
@@ -229,10 +223,6 @@ _COLUMNS = ("id", "left_x", "left_y", "right_x", "right_y", "dy", "residual", "x
 def _report(self: Check, path: StrPath, *, title: str = "", paths: bool = False, pictures: bool = True) -> None:
     """Writes the page of the check: one file of HTML. Raises `OutputError` where it can't be written."""
     report(self, path, title=title, paths=paths, pictures=pictures)
-
-
-def _repr(self: Check) -> str:
-    return f"<polarline.Check {self.set.name!r}: {_polarline.verdict_text(self)}>"
 
 
 def _repr_html(self: Check) -> str:
@@ -251,6 +241,5 @@ _add("to_dict", _to_dict)
 _add("to_pandas", _to_pandas)
 _add("report", _report)
 _add("_repr_html_", _repr_html)
-_add("__repr__", _repr)
 _add("schema", property(lambda self: SCHEMA, doc="'polarline-check/1'."))
 _add("tool", property(lambda self: TOOL, doc="The `Tool` that made the check."))

@@ -10,6 +10,7 @@ from numpy.typing import NDArray
 
 from . import _polarline
 from ._polarline import Check, Pair
+from ._values import verdict_of
 
 MOST_PAIRS = 20
 MOST_DOTS = 3000
@@ -26,11 +27,13 @@ def _cell(pair: Pair, name: str) -> str:
 def _row(pair: Pair, names: Sequence[str]) -> str:
     head = f"<tr><td>{pair.index}</td><td>{escape(pair.left)}</td><td>{pair.state}</td>"
     if pair.reason is not None:
-        return f'{head}<td colspan="{len(names)}">{escape(pair.reason.text)}</td></tr>'
+        return f'{head}<td colspan="{max(len(names), 1)}">{escape(pair.reason.text)}</td></tr>'
     return head + "".join(_cell(pair, name) for name in names) + "</tr>"
 
 
 def _table(check: Check) -> str:
+    if not check.pairs:
+        return ""
     names = [name for name in _polarline.main_figures() if any(pair.figures[name] is not None for pair in check.pairs)]
     head = "".join(f"<th>{escape(name)}</th>" for name in ["pair", "left", "state", *names])
     rows = "".join(_row(pair, names) for pair in check.pairs[:MOST_PAIRS])
@@ -67,4 +70,4 @@ def _picture(check: Check) -> str:
 
 def html_of(check: Check) -> str:
     """A small table and picture for notebooks."""
-    return f"<div><p><b>{escape(_polarline.verdict_text(check))}</b></p>{_table(check)}{_picture(check)}</div>"
+    return f"<div><p><b>{escape(verdict_of(check))}</b></p>{_table(check)}{_picture(check)}</div>"

@@ -9,10 +9,12 @@ from typing import Any, Dict, Optional, Sequence, Tuple, Union, overload
 import numpy as np
 
 from . import _polarline
-from ._check import Progress
+from ._arguments import Progress, flag, progress_of, refuse, two, whole
+from ._errors import InputError
 from ._files import StrPath, bytes_of, write_whole
 from ._polarline import (Calibration, Camera, Detection, Explanation, ImportedCalibration, PrintedBoard, RefinedDots, Simulated,
-                         SimulatedSet, Target, TrueFigures)
+                         SimulatedSet, Target, TrueFigures, board_kinds)
+from ._values import CALIBRATION, CAMERA, calibration_of, camera_of, values_of
 
 Picture = "np.ndarray[Any, Any]"
 
@@ -38,13 +40,20 @@ def read_picture(path: StrPath) -> "np.ndarray[Any, Any]":
     return _polarline.read_picture(bytes_of(path))
 
 
+def _is_description(text: object) -> bool:
+    """Whether a text is a board in words, as `Target` takes it."""
+    return isinstance(text, str) and "\n" not in text and text.partition(":")[0] in board_kinds()
+
+
 def _target_of(target: Union[Target, StrPath]) -> Union[str, bytes]:
     """A target configuration as the library takes it: the text or the path."""
+    if isinstance(target, str) and _is_description(target):
+        return Target(target).to_ini()
     if isinstance(target, Target):
         return target.to_ini()
     if isinstance(target, (str, os.PathLike)):
         return bytes_of(target)
-    raise TypeError(f"target: found {type(target).__name__}; a Target, a path or a text was wanted")
+    raise refuse("target", target, "a Target, a path or a text was wanted")
 
 
 def detect(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, StrPath]) -> Detection:
@@ -55,7 +64,8 @@ def detect(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, 
     image : ndarray or path
         uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red.
     target : Target or path
-        The board, or a target configuration (ini, json, yml, yaml, xml) or its text.
+        The board, also in words, such as ``'rings-small:17x15:14'``, or a target configuration (ini, json, yml,
+        yaml, xml) or its text.
 
     Returns
     -------
@@ -149,19 +159,23 @@ def import_calibration(*files: StrPath, format: str = "", scale: float = 1.0, mo
         For what is no such calibration, and for one that ours can't hold exactly.
     """
     return _polarline.import_calibration([bytes_of(file) for file in files], format=format, scale=scale, model=model,
-                                         size=size, baseline=baseline, pair=pair, swap=swap)
+                                         size=two("size", size, "(columns, rows)"), baseline=baseline, pair=two("pair", pair, "(left, right)"),
+                                         swap=flag("swap", swap))
 
 
-def board(target: Target, path: Optional[StrPath] = None, *, format: str = "", paper: str = "fit", title: str = "",
+_PAPERS = ("A4", "A3", "A2", "A1", "fit")
+
+
+def board(target: Union[Target, str], path: Optional[StrPath] = None, *, format: str = "", paper: str = "fit", title: str = "",
           dpi: float = 300.0) -> PrintedBoard:
     """Draws a board in true size, to print; a board unit is a millimetre.
 
     Parameters
     ----------
-    target : Target
-        The board.
+    target : Target or str
+        The board, also in words, such as ``'rings-small:17x15:14'``.
     path : path, optional
-        File to write.
+        File to write. Without it, `PrintedBoard.data` has its bytes.
     format : str
         'svg', 'pdf' or 'png'; empty: by the path's ending, without a path 'svg'.
     paper : str
@@ -187,8 +201,15 @@ def board(target: Target, path: Optional[StrPath] = None, *, format: str = "", p
     >>> polarline.board(polarline.Target('rings-small:17x15:14'), paper='A3').paper
     'A3'
     """
-    ending = os.path.splitext(os.fspath(path))[1][1:] if path is not None else ""
-    printed = _polarline.print_board(target, format=format or ending or "svg", paper=paper, title=title, dpi=dpi)
+    if not isinstance(target, (Target, str)):
+        raise refuse("target", target, "a Target or a board in words was wanted; Target.read reads a file")
+    form = format or ("svg" if path is None else os.path.splitext(os.fspath(path))[1][1:].lower())
+    if form not in ("svg", "pdf", "png"):
+        raise InputError(f"{format or path}: wanted svg, pdf or png, as `format` or the ending of the path")
+    if paper not in _PAPERS:
+        raise InputError(f"paper: found {paper}, wanted one of {', '.join(_PAPERS)}")
+    printed = _polarline.print_board(Target(target) if isinstance(target, str) else target, format=form, paper=paper,
+                                     title=title, dpi=dpi)
     if path is not None:
         write_whole(path, printed.data)
     return printed
@@ -244,10 +265,15 @@ def simulate(scene: StrPath, folder: Optional[StrPath] = None, *, pairs: Optiona
     >>> seen.left[0].shape, seen.left[0].dtype
     ((256, 320), dtype('uint8'))
     """
-    options: Dict[str, Any] = {"pairs": pairs, "seed": seed, "noise": noise, "progress": progress}
+    options: Dict[str, Any] = {**_drawn(pairs, seed, noise), "progress": progress_of(progress)}
     if folder is None:
         return _polarline.simulate_images(bytes_of(scene), **options)
-    return _polarline.simulate_set(bytes_of(scene), bytes_of(folder), force=force, **options)
+    return _polarline.simulate_set(bytes_of(scene), bytes_of(folder), force=flag("force", force), **options)
+
+
+def _drawn(pairs: Optional[int], seed: Optional[int], noise: Optional[float]) -> Dict[str, Any]:
+    """What takes the place of the scene's own."""
+    return {"pairs": whole("pairs", pairs), "seed": whole("seed", seed, 0), "noise": None if noise is None else float(noise)}
 
 
 def scene_file(scene: StrPath, *, pairs: Optional[int] = None, seed: Optional[int] = None,
@@ -269,7 +295,7 @@ def scene_file(scene: StrPath, *, pairs: Optional[int] = None, seed: Optional[in
     >>> json.loads(polarline.scene_file('ring_320', seed=7))['seed']
     7
     """
-    return _polarline.scene_file(bytes_of(scene), pairs=pairs, seed=seed, noise=noise)
+    return _polarline.scene_file(bytes_of(scene), **_drawn(pairs, seed, noise))
 
 
 def truth_of(folder: StrPath) -> Tuple[TrueFigures, ...]:
@@ -315,22 +341,20 @@ def explain(code: Union[int, str]) -> Tuple[Explanation, ...]:
 
 def _replace(self: Calibration, **changes: Any) -> Calibration:
     """The same calibration with other values for some of its members."""
-    values = {name: getattr(self, name) for name in ("left", "right", "type", "rx", "ry", "rz", "tx", "ty", "tz")}
+    values = values_of(self, CALIBRATION)
     unknown = sorted(set(changes) - set(values))
     if unknown:
         raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
-    values.update(changes)
-    return Calibration(values.pop("left"), values.pop("right"), **values)
+    return calibration_of({**values, **changes})
 
 
 def _replace_camera(self: Camera, **changes: Any) -> Camera:
     """The same camera with other values for some of its members."""
-    values = {name: getattr(self, name) for name in ("fx", "fy", "cx", "cy", "k", "p1", "p2", "size")}
+    values = values_of(self, CAMERA)
     unknown = sorted(set(changes) - set(values))
     if unknown:
         raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
-    values.update(changes)
-    return Camera(**values)
+    return camera_of({**values, **changes})
 
 
 def _truth(self: Simulated) -> Dict[str, Any]:

@@ -8,8 +8,9 @@ import tempfile
 from dataclasses import dataclass, fields
 from typing import Dict, Iterator, Optional, Union
 
+from ._arguments import refuse
 from ._files import StrPath, bytes_of
-from ._polarline import Calibration, Simulated, Target
+from ._polarline import Calibration, ImportedCalibration, Simulated, Target
 
 
 @dataclass(frozen=True)
@@ -18,7 +19,8 @@ class Set:
 
     A file that is not named is the folder's own: ``polar.txt``, ``target.ini`` (or json, yml, yaml, xml),
     ``calib.json`` (or bin), ``list.txt`` and, where they are there, ``board_gt.txt``, ``limits.txt``,
-    ``rectified.txt``. A list is not needed where pictures are given as arrays.
+    ``rectified.txt``. A check needs the polar configuration, the target and the cameras (`calibration` or
+    `rectified`); a list is not needed where pictures are given as arrays.
 
     Parameters
     ----------
@@ -41,7 +43,7 @@ class Set:
 
     Examples
     --------
-    >>> Set("my_set", calibration="new.json").calibration
+    >>> polarline.Set("my_set", calibration="new.json").calibration
     'new.json'
     """
 
@@ -81,14 +83,17 @@ def _of_simulated(simulated: Simulated, folder: str) -> Dict[str, bytes]:
     return {"folder": bytes_of(own)}
 
 
-def _file_of(value: object, folder: str) -> bytes:
+def _file_of(role: str, value: object, folder: str) -> bytes:
     if isinstance(value, Target):
         return _write(folder, "target.ini", value.to_ini())
     if isinstance(value, Calibration):
         return _write(folder, "calib.json", value.to_json())
     if isinstance(value, (str, os.PathLike)):
         return bytes_of(value)
-    raise TypeError(f"found {type(value).__name__}; a path was wanted")
+    if isinstance(value, ImportedCalibration):
+        raise refuse(role, value, "its member `calibration` was wanted")
+    in_memory = {"target": "a Target or ", "calibration": "a Calibration or "}.get(role, "")
+    raise refuse(role, value, f"{in_memory}a path was wanted")
 
 
 @contextlib.contextmanager
@@ -104,4 +109,4 @@ def files_of(given: SetLike) -> Iterator[Dict[str, bytes]]:
             yield _of_simulated(given, folder)
             return
         named = {field.name: getattr(given, field.name) for field in fields(given)}
-        yield {role: _file_of(value, folder) for role, value in named.items() if value is not None}
+        yield {role: _file_of(role, value, folder) for role, value in named.items() if value is not None}

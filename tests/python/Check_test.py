@@ -169,6 +169,26 @@ def test_table_has_a_row_a_pair(checked):
     np.testing.assert_array_equal(dots[dots["pair"] == 1]["dy"], checked.pairs[1].points.dy)
 
 
+def test_table_of_pairs_without_figures_has_the_same_columns(checked, ring):
+    pytest.importorskip("pandas")
+    blank = np.full((256, 320), 90, np.uint8)
+    some = polarline.check(ring, [ring.left[0], blank], [ring.right[0], blank], settings={"discalsave": 0}, diagnose=False)
+    table = some.to_pandas()
+    assert list(table) == list(checked.to_pandas()) and table.loc[1, "state"] == "given up"
+    assert len(some.pairs[1].points) == 0 and set(some.to_pandas(points=True)["pair"]) == {0}
+    with pytest.raises(polarline.RunError) as caught:
+        polarline.check("no_such_set")
+    assert len(caught.value.check.to_pandas()) == 0 and "<table>" not in caught.value.check._repr_html_()
+
+
+def test_page_of_given_up_pairs_has_columns(ring):
+    blank = np.full((256, 320), 90, np.uint8)
+    with pytest.raises(polarline.RunError) as caught:
+        polarline.check(ring, [blank] * 2, [blank] * 2, settings={"discalsave": 0})
+    html = caught.value.check._repr_html_()
+    assert html.count('colspan="1"') == 2 and 'colspan="0"' not in html
+
+
 def test_notebook_page_is_small_and_escaped(ring_set, checked, tmp_path):
     html = checked._repr_html_()
     assert html.count("<tr>") == 3 and "<svg" in html and "dy_means" in html and len(html) < 200_000
@@ -185,7 +205,7 @@ def test_report_is_the_page(checked, tmp_path):
     checked.report(page, title="A title of its own")
     text = page.read_text()
     assert "A title of its own" in text and text.lstrip().lower().startswith("<!doctype html")
-    polarline.report([checked, checked], tmp_path / "two.html")
+    polarline.report((each for each in (checked, checked)), tmp_path / "two.html")
     assert {each.name for each in tmp_path.iterdir()} == {"page.html", "two.html"}
     with pytest.raises(polarline.OutputError):
         checked.report(tmp_path / "nowhere" / "page.html")
