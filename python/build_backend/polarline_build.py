@@ -1,6 +1,7 @@
 """Makes the wheel (PEP 517): CMake builds the module with the library in it, and what it installs is packed.
 
-Needs nothing but CMake, the compiler and the packages of scripts/setup. `-C build-dir=FOLDER` keeps the build there.
+Needs nothing but CMake, Ninja, the compiler and the packages of scripts/setup. `pip install --config-settings
+build-dir=FOLDER` keeps the build below that folder, whose path is absolute: pip runs this in a folder of its choice.
 """
 import base64
 import hashlib
@@ -15,6 +16,11 @@ import zipfile
 HERE = pathlib.Path(__file__).resolve().parent.parent
 PROJECT = HERE.parent
 EPOCH = (1980, 1, 1, 0, 0, 0)
+READABLE = 0o100644 << 16  # Without it, what unpacks a wheel by the letter makes files that nobody may read.
+
+
+class UnsupportedOperation(Exception):
+    """What this backend does not do; the name is PEP 517's."""
 
 
 def version():
@@ -48,6 +54,12 @@ def build(folder, stage):
         subprocess.run(command, check=True)
 
 
+def add(archive, name, content):
+    entry = zipfile.ZipInfo(name, EPOCH)
+    entry.external_attr = READABLE
+    archive.writestr(entry, content, zipfile.ZIP_DEFLATED)
+
+
 def pack(stage, path):
     """The files of a folder as a wheel; the same bytes for the same files."""
     info = f"polarline-{version()}.dist-info"
@@ -60,15 +72,17 @@ def pack(stage, path):
         for name, content in sorted(files.items()):
             digest = base64.urlsafe_b64encode(hashlib.sha256(content).digest()).rstrip(b"=").decode()
             record.append(f"{name},sha256={digest},{len(content)}\n")
-            archive.writestr(zipfile.ZipInfo(name, EPOCH), content, zipfile.ZIP_DEFLATED)
+            add(archive, name, content)
         record.append(f"{info}/RECORD,,\n")
-        archive.writestr(zipfile.ZipInfo(f"{info}/RECORD", EPOCH), "".join(record), zipfile.ZIP_DEFLATED)
+        add(archive, f"{info}/RECORD", "".join(record).encode())
 
 
 def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
     name = f"polarline-{version()}-{tag()}.whl"
     with tempfile.TemporaryDirectory(prefix="polarline-wheel-") as scratch:
         kept = (config_settings or {}).get("build-dir")
+        if kept and not pathlib.Path(kept).is_absolute():
+            raise ValueError(f"build-dir: found {kept}; an absolute path was wanted")
         stage = pathlib.Path(scratch) / "stage"
         build(pathlib.Path(kept or scratch) / "build", stage)
         pack(stage, pathlib.Path(wheel_directory) / name)
@@ -76,4 +90,4 @@ def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
 
 
 def build_sdist(sdist_directory, config_settings=None):
-    raise NotImplementedError("the package is built in its repository, of which it needs all")
+    raise UnsupportedOperation("the package is built in its repository, of which it needs all")
