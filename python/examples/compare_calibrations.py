@@ -26,4 +26,7 @@ def main(folder: str, other: str, page: Optional[str]) -> None:
 if __name__ == "__main__":
     if len(sys.argv) not in (3, 4):
         sys.exit(__doc__)
-    main(sys.argv[1], sys.argv[2], sys.argv[3] if len(sys.argv) == 4 else None)
+    try:
+        main(sys.argv[1], sys.argv[2], sys.argv[3] if len(sys.argv) == 4 else None)
+    except polarline.Error as error:
+        sys.exit(str(error))

@@ -16,10 +16,15 @@ import polarline
 
 
 def main(folder: str, plot: str) -> None:
-    result = polarline.check(folder)
+    try:
+        result = polarline.check(folder)
+    except polarline.RunError as error:
+        sys.exit(str(error))
     x = np.concatenate([pair.points.left_x for pair in result.pairs])
     y = np.concatenate([pair.points.left_y for pair in result.pairs])
     dy = np.concatenate([pair.points.dy for pair in result.pairs])
+    if not np.isfinite(dy).any():
+        sys.exit(f"{folder}: no row differences were measured, as of frames")
     largest = float(np.nanmax(np.abs(dy)))
     figure, axes = plt.subplots(figsize=(7, 5))
     dots = axes.scatter(x, y, c=dy, s=12, cmap="RdBu_r", vmin=-largest, vmax=largest)

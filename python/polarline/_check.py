@@ -193,9 +193,23 @@ def _to_dict(self: Check) -> Dict[str, Any]:
 
 
 def _to_pandas(self: Check, *, points: bool = False) -> Any:
-    """A `pandas.DataFrame`: a row a pair with its figures, or with `points` a row a dot of each pair.
+    """The figures or the dots as a table.
 
-    Entries of a list have a column each, ``tri_dis[0]``. Raises `ImportError` where pandas is not installed.
+    Parameters
+    ----------
+    points : bool
+        A row a dot of each pair, with the columns of `Points` and the pair's index, instead of a row a pair.
+
+    Returns
+    -------
+    pandas.DataFrame
+        A row a pair: names, state and figures in the units of `Figures.info`; entries of a list have a column each,
+        ``tri_dis[0]``. What was not measured is not a number.
+
+    Raises
+    ------
+    ImportError
+        Where pandas is not installed.
     """
     pandas = importlib.import_module("pandas")
     if points:
@@ -221,7 +235,24 @@ _COLUMNS = ("id", "left_x", "left_y", "right_x", "right_y", "dy", "residual", "x
 
 
 def _report(self: Check, path: StrPath, *, title: str = "", paths: bool = False, pictures: bool = True) -> None:
-    """Writes the page of the check: one file of HTML. Raises `OutputError` where it can't be written."""
+    """Writes the page of the check: one file of HTML.
+
+    Parameters
+    ----------
+    path : path
+        Where the page goes.
+    title : str
+        Of the page; empty: the name of the set.
+    paths : bool
+        Tell files by their paths, not only by their names.
+    pictures : bool
+        Show the pictures of the cameras.
+
+    Raises
+    ------
+    OutputError
+        Where the page can't be written.
+    """
     report(self, path, title=title, paths=paths, pictures=pictures)
 
 
@@ -242,4 +273,6 @@ _add("to_pandas", _to_pandas)
 _add("report", _report)
 _add("_repr_html_", _repr_html)
 _add("schema", property(lambda self: SCHEMA, doc="'polarline-check/1'."))
+_add("judged", property(lambda self: 0 if self.verdict == "error" else len(self.limits),
+                        doc="How many limits were judged; 0: the verdict says only that there are figures."))
 _add("tool", property(lambda self: TOOL, doc="The `Tool` that made the check."))

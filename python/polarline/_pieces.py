@@ -340,7 +340,17 @@ def explain(code: Union[int, str]) -> Tuple[Explanation, ...]:
 
 
 def _replace(self: Calibration, **changes: Any) -> Calibration:
-    """The same calibration with other values for some of its members."""
+    """The same calibration with other values for some of its members.
+
+    Parameters
+    ----------
+    **changes
+        Members of `Calibration` and their new values.
+
+    Returns
+    -------
+    Calibration
+    """
     values = values_of(self, CALIBRATION)
     unknown = sorted(set(changes) - set(values))
     if unknown:
@@ -349,7 +359,17 @@ def _replace(self: Calibration, **changes: Any) -> Calibration:
 
 
 def _replace_camera(self: Camera, **changes: Any) -> Camera:
-    """The same camera with other values for some of its members."""
+    """The same camera with other values for some of its members.
+
+    Parameters
+    ----------
+    **changes
+        Members of `Camera` and their new values.
+
+    Returns
+    -------
+    Camera
+    """
     values = values_of(self, CAMERA)
     unknown = sorted(set(changes) - set(values))
     if unknown:

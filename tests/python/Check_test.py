@@ -42,7 +42,8 @@ def scalar_equal(attribute, value):
 
 def test_attributes_are_those_of_the_document(checked):
     document = checked.to_dict()
-    for key in ("schema", "started", "seconds", "verdict"):
+    assert [key for key in document if not hasattr(checked, key)] == []
+    for key in ("schema", "started", "seconds", "verdict", "judged"):
         assert getattr(checked, key) == document[key]
     assert checked.tool._asdict() == document["tool"]
     assert dict(checked.settings) == document["settings"]
@@ -128,7 +129,7 @@ def test_arrays_give_what_their_files_give(ring_set, ring):
 def test_limits_judge(ring_set):
     fails = polarline.check(ring_set, limits=["finished>=1", "given_up>=1"])
     assert fails.verdict == "fail"
-    assert [limit.holds for limit in fails.limits] == [True, False]
+    assert [limit.holds for limit in fails.limits] == [True, False] and fails.judged == 2
     assert "given_up" in repr(fails) or "FAIL" in repr(fails)
 
 

@@ -57,6 +57,15 @@ def run_example(name, *arguments):
     return done.stdout
 
 
+def test_examples_end_with_the_reason(tmp_path):
+    for name, wanted in (("plot_residuals.py", "no_such_set"), ("compare_calibrations.py", "no_such_set")):
+        done = subprocess.run([sys.executable, str(EXAMPLES / name), "no_such_set", "other"], capture_output=True, text=True)
+        assert done.returncode == 1 and wanted in done.stderr and "Traceback" not in done.stderr
+    polarline.simulate("frame_1280", tmp_path / "frame", pairs=1)
+    done = subprocess.run([sys.executable, str(EXAMPLES / "plot_residuals.py"), tmp_path / "frame", "plot.png"], capture_output=True, text=True)
+    assert done.returncode == 1 and "no row differences" in done.stderr and "Traceback" not in done.stderr
+
+
 def test_example_of_a_sweep():
     lines = run_example("sweep.py", 1).splitlines()
     rows = [float(line.split()[1]) for line in lines[1:]]
