@@ -2,9 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <sstream>
+
 #include "camera/CalibratedCamera.h"
 #include "camera/LensModel.h"
 #include "check/picture/TargetFile.h"
+#include "platform/Console.h"
 #include "polarline/errors.h"
 #include "refine/RefineDots.h"
 
@@ -29,6 +32,8 @@ std::vector<RefinedDot> refine(const cv::Mat& image, const Detection& detection,
     throw InputError("image", fmt::format("{} x {} was found; {} x {}, as the detection has it, was wanted", image.cols,
                                           image.rows, detection.size.width, detection.size.height));
   const CalibratedCamera lens = cameraOf(camera, type);
+  std::ostringstream unread;  // What the library prints is not for callers of this function.
+  const console::Redirection quiet(unread, unread);
   kestrune::RingTarget board;
   loadTarget(target, board);
   const auto& model = board.boardModel();

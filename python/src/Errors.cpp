@@ -1,6 +1,7 @@
 #include "python/src/Errors.h"
 
 #include <exception>
+#include <utility>
 
 #include "polarline/errors.h"
 #include "python/src/Text.h"
@@ -17,7 +18,7 @@ void raise(const char* name, const char* text) {
 
 void translate(std::exception_ptr failure) {
   try {
-    if (failure) std::rethrow_exception(failure);
+    if (failure) std::rethrow_exception(std::move(failure));
   } catch (const polarline::InputError& error) {
     raise("InputError", error.what());
   } catch (const polarline::OutputError& error) {

@@ -133,7 +133,7 @@ void addResult(py::module_& module) {
     record.def_readonly(name, member);
   for (const auto& [name, member] :
        {std::pair{"tri_dis", &Record::tri_dis}, {"pol_dis", &Record::pol_dis}, {"PoseReport", &Record::PoseReport}})
-    record.def_property_readonly(name, [member](const py::object& self) {
+    record.def_property_readonly(name, [member = member](const py::object& self) {
       const auto& values = self.cast<const Record&>().*member;
       return viewOf(values.data(), values.size(), sizeof(double), self);
     });

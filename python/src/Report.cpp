@@ -21,6 +21,7 @@ void addReport(py::module_& module) {
       [](const std::vector<std::pair<std::string, std::string>>& documents, const std::string& title, bool paths,
          std::size_t budget, bool pictures) {
         std::vector<ReportDocument> all;
+        all.reserve(documents.size());
         for (const auto& [text, path] : documents)
           all.push_back(text.empty() ? polarline::readReportDocument(path) : ReportDocument{text, path});
         polarline::ReportOptions options;

@@ -38,6 +38,14 @@ TEST_F(RefinePicture, ComesSeveralTimesNearerToTheTruth) {
   EXPECT_LT(after, before / 2.0);
 }
 
+TEST_F(RefinePicture, PrintsNothing) {
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  refine(image, detection, target, camera, 1);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(RefinePicture, RefusesAnotherPictureLensOrBoard) {
   EXPECT_THROW(refine(image.rowRange(1, 100), detection, target, camera, 1), InputError);
   EXPECT_THROW(refine({}, detection, target, camera, 1), InputError);
