@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "check/refined/StateWords.h"
+#include "polarline/refine.h"
 
 namespace polarline {
 namespace {

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "check/explain/WarningOf.h"
-#include "check/refined/StateWords.h"
+#include "check/refined/UnrefinedStates.h"
 
 namespace polarline {
 namespace {

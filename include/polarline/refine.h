@@ -24,6 +24,23 @@ enum class DotState : std::uint8_t {
   kUnclear,     ///< Too small, too faint or too noisy for an edge to be followed.
 };
 
+/// The state in the word of the JSON document.
+constexpr const char* nameOf(DotState state) {
+  switch (state) {
+    case DotState::kRefined:
+      return "refined";
+    case DotState::kClipped:
+      return "clipped";
+    case DotState::kCovered:
+      return "covered";
+    case DotState::kOverlapped:
+      return "overlapped";
+    case DotState::kUnclear:
+      return "unclear";
+  }
+  return "unclear";
+}
+
 /// A dot of one picture. Pixels of the picture as it came; pixel centres have whole coordinates.
 struct RefinedDot {
   std::int32_t id = 0;

@@ -1,4 +1,4 @@
-from typing import Any, Callable, Dict, Iterator, List, Literal, Mapping, Optional, Sequence, Tuple, Union
+from typing import Any, Callable, Dict, Iterator, List, Literal, Mapping, Optional, Sequence, Tuple, TypeVar, Union, overload
 
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
@@ -12,6 +12,7 @@ _Singles = NDArray[np.float32]
 _Ints = NDArray[np.int32]
 _Picture = NDArray[Any]
 _Value = Union[float, _Floats, None]
+_Default = TypeVar("_Default")
 
 class Figure:
     @property
@@ -93,6 +94,10 @@ class Figures(Mapping[str, _Value]):
     @property
     def PoseReport(self) -> Optional[_Floats]: ...
     def __getitem__(self, name: str) -> _Value: ...
+    @overload
+    def get(self, key: str) -> _Value: ...
+    @overload
+    def get(self, key: str, default: Union[_Value, _Default]) -> Union[_Value, _Default]: ...
     def __len__(self) -> int: ...
     def __iter__(self) -> Iterator[str]: ...
     def info(self, name: str) -> Figure: ...

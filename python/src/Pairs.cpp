@@ -3,7 +3,6 @@
 #include "polarline/check.h"
 #include "python/src/Arrays.h"
 #include "python/src/Figures.h"
-#include "python/src/StateNames.h"
 #include "python/src/Text.h"
 #include "python/src/Types.h"
 
@@ -27,7 +26,7 @@ struct DotCounts {
 
 py::tuple namesOf(const std::vector<DotState>& states) {
   py::tuple names(states.size());
-  for (std::size_t k = 0; k < states.size(); ++k) names[k] = nameOf(states[k]);
+  for (std::size_t k = 0; k < states.size(); ++k) names[k] = polarline::nameOf(states[k]);
   return names;
 }
 

@@ -5,7 +5,6 @@
 #include "polarline/refine.h"
 #include "python/src/Arrays.h"
 #include "python/src/PictureArgument.h"
-#include "python/src/StateNames.h"
 #include "python/src/Turn.h"
 #include "python/src/Types.h"
 
@@ -22,7 +21,7 @@ struct RefinedDots {
 
 py::tuple statesOf(const RefinedDots& self) {
   py::tuple names(self.dots.size());
-  for (std::size_t k = 0; k < self.dots.size(); ++k) names[k] = nameOf(self.dots[k].state);
+  for (std::size_t k = 0; k < self.dots.size(); ++k) names[k] = polarline::nameOf(self.dots[k].state);
   return names;
 }
 

@@ -1,4 +1,4 @@
-#include "check/refined/StateWords.h"
+#include "check/refined/UnrefinedStates.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace polarline {
 namespace {
 
-TEST(StateWords, TellTheStatesApart) {
+TEST(UnrefinedStates, HaveWordsThatTellThemApart) {
   std::set<std::string> words = {nameOf(DotState::kRefined)};
   for (const DotState state : kUnrefinedStates) words.insert(nameOf(state));
   EXPECT_EQ(words, (std::set<std::string>{"refined", "clipped", "covered", "overlapped", "unclear"}));
