@@ -62,6 +62,8 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
      "Move the board nearer, or take a board with fewer and larger dots."},
     {"dots_too_large", "dots_too_large", "The dots are larger in the picture than the detector takes.",
      "Move the board away, or take a board with smaller dots."},
+    {"fewer_than_six", "fewer_than_six", "Fewer than six dots were numbered; a run measures no such picture.",
+     "Bring more of the board into view."},
     {"mirrored_board", "mirrored_board", "The dots are numbered the other way round than the board's.",
      "Take the picture as the camera sees it, or print the board as it was drawn: one of them is mirrored."},
     {"marker_span", "marker_span", "The markers span another number of columns or rows than the target says.",

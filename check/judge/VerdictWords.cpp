@@ -111,7 +111,9 @@ std::string figureText(double value) {
 }
 
 std::string finishedText(const Check& check) {
-  return fmt::format("{} of {} finished.", check.finished(), counted(check.pairs.size(), "pair"));
+  // Behind the last pair that is told the list may have had more.
+  const char* const end = check.status.name == "success" || check.finished() == 0 ? "" : ", then the run ended";
+  return fmt::format("{} of {} finished{}.", check.finished(), counted(check.pairs.size(), "pair"), end);
 }
 
 std::string fisheyeText(const Check& check) {

@@ -35,7 +35,7 @@ void warnOfIds(polarline::Detection& detection) {
          "leave two pitches of even white around the board, and view it less slanted"});
   }
   if (detection.found && detection.dots.size() < kLeastDots) {
-    detection.warnings.push_back({"too_few_dots",
+    detection.warnings.push_back({"fewer_than_six",
                                   fmt::format("a run measures no picture with fewer than {} dots; this one has {}",
                                               kLeastDots, detection.dots.size()),
                                   "bring more of the board into view"});

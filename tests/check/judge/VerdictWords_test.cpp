@@ -52,6 +52,14 @@ TEST(VerdictWords, CountPairs) {
             "1 of 2 pairs finished.");
 }
 
+TEST(VerdictWords, TellThatARunEndedBehindThePairsCounted) {
+  Check check = checkOf({hand_made::pair(0, {0.1}, {})});
+  check.status.name = "unusable_input";
+  EXPECT_EQ(finishedText(check), "1 of 1 pair finished, then the run ended.");
+  check.pairs[0] = hand_made::givenUp(check.pairs[0]);
+  EXPECT_EQ(finishedText(check), "0 of 1 pair finished.");
+}
+
 TEST(VerdictWords, TellWhatEachStatusOfPairsGivenUpMeansOnce) {
   Check check =
       checkOf({hand_made::givenUp(hand_made::pair(0, {}, {})), hand_made::pair(1, {0.1}, {}),
