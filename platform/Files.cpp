@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "platform/OutputFile.h"
+#include "platform/PictureRedirection.h"
 #include "platform/Pieces.h"
 
 namespace files {
@@ -128,6 +129,7 @@ std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<st
 cv::Mat readImage(const std::string& path) { return cv::imread(nativePath(path), cv::IMREAD_UNCHANGED); }
 
 bool writeImage(const std::string& path, const cv::Mat& image) {
+  if (PictureRedirection::takes(path, image)) return true;
   const bool written = cv::imwrite(nativePath(path), image);
   if (!written || !isWholePicture(nativePath(path))) noteFailedWrite(path);
   return written;

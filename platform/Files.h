@@ -51,7 +51,7 @@ std::int32_t readBytes(const std::string& path, std::size_t most, std::vector<st
 /// `cv::imread` with the pixels as they are stored; empty when it cannot be read.
 cv::Mat readImage(const std::string& path);
 
-/// `cv::imwrite` without parameters.
+/// `cv::imwrite` without parameters; or what a `PictureRedirection` of this thread makes of it.
 bool writeImage(const std::string& path, const cv::Mat& image);
 
 }  // namespace files

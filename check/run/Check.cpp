@@ -20,6 +20,7 @@
 #include "check/run/FailureWords.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PairLook.h"
+#include "check/run/PicturesBehind.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunInputs.h"
 #include "check/run/RunStatus.h"
@@ -126,7 +127,10 @@ void SetCheck::runWith(OutFolder& out) {
   precision.config = inputs_.config;
   precision.config.result_folder = out.resultFolder(inputs_.config);
   precision.boardPoints = inputs_.board;
+  std::optional<PicturesBehind> behind;
+  if (!options_.out.empty()) behind.emplace();
   std::int32_t status = runLibrary(precision);
+  if (behind) behind->finish();
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
   if (picture_failed_) {  // The run was not whole, nor are its files.
