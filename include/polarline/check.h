@@ -214,6 +214,7 @@ struct Check {
   std::optional<Correction> correction;  ///< Where one was asked for and there are causes.
   std::vector<Warning> warnings;
 
+  /// How many pairs are finished.
   POLARLINE_API std::size_t finished() const;
 };
 
@@ -298,6 +299,7 @@ class POLARLINE_API CheckDocument {
   CheckDocument& operator=(const CheckDocument&) = delete;
   ~CheckDocument();
 
+  /// The next pair.
   void add(const PairCheck& pair);
   /// Everything else. The pairs of `check` count as added.
   void finish(const Check& check);
