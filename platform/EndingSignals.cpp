@@ -1,5 +1,6 @@
 #include "platform/EndingSignals.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -7,6 +8,8 @@
 #if !defined(_WIN32)
 #include <pthread.h>
 #include <unistd.h>
+
+#include <ctime>
 #endif
 
 namespace ending_signals {
@@ -15,6 +18,7 @@ namespace ending_signals {
 
 void hold() {}
 bool wait() { return false; }
+Request waitFor(std::chrono::milliseconds /*most*/) { return Request::kNone; }
 void endWith(int exit_code, const char* /*words*/) { std::_Exit(exit_code); }
 
 #else
@@ -43,6 +47,19 @@ bool wait() {
   const sigset_t signals = all();
   int signal = 0;
   return sigwait(&signals, &signal) == 0;
+}
+
+Request waitFor(std::chrono::milliseconds most) {
+  const sigset_t signals = all();
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(most);
+  const timespec limit{static_cast<time_t>(seconds.count()),
+                       static_cast<long>(std::chrono::nanoseconds(most - seconds).count())};
+  int signal = 0;
+  do {
+    signal = most.count() < 0 ? sigwaitinfo(&signals, nullptr) : sigtimedwait(&signals, nullptr, &limit);
+  } while (signal < 0 && errno == EINTR);
+  if (signal < 0) return Request::kNone;
+  return signal == SIGTERM ? Request::kInOwnTime : Request::kAtOnce;
 }
 
 void endWith(int exit_code, const char* words) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 /// The signals that ask a process to end: SIGINT, SIGTERM and SIGHUP.
 namespace ending_signals {
 
@@ -9,6 +11,16 @@ void hold();
 
 /// Waits until one comes. False where the system has none: then they end the process as ever.
 bool wait();
+
+/// A request to end that came.
+enum class Request : char {
+  kNone,       ///< None in that time.
+  kAtOnce,     ///< Of somebody who waits, or whose terminal is gone.
+  kInOwnTime,  ///< SIGTERM: of a machine, which gives the process some time.
+};
+
+/// The same for no longer than that, and which kind came; below 0 there is no limit.
+Request waitFor(std::chrono::milliseconds most);
 
 /// Puts bytes on standard error past its stream, which another thread may hold, and ends the process at once.
 [[noreturn]] void endWith(int exit_code, const char* words);

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <mutex>
+#include <random>
 #include <set>
 #include <string>
 #include <system_error>
@@ -15,6 +16,7 @@
 #include <io.h>
 #include <process.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -38,17 +40,10 @@ std::string textOf(int error) { return std::generic_category().message(error); }
 
 std::string nameOf(const fs::path& path) { return path.string(); }
 
-/// A name beside the place that nobody else has.
-fs::path beside(const fs::path& place) {
-  static std::atomic<unsigned> count{0};
-#if defined(_WIN32)
-  const int process = _getpid();
-#else
-  const int process = getpid();
-#endif
-  fs::path name = place.filename();
-  name += ".partial-" + std::to_string(process) + "-" + std::to_string(count++);
-  return place.parent_path() / name;
+/// Processes of two machines may bear one number.
+const std::string& ownToken() {
+  static const std::string token = std::to_string(std::random_device()());
+  return token;
 }
 
 fs::path withoutLastSeparator(const fs::path& place) { return place.has_filename() ? place : place.parent_path(); }
@@ -87,31 +82,54 @@ fs::path behindLinks(const fs::path& named) {
   return place;
 }
 
-void add(const fs::path& path) {
-  const std::lock_guard lock(unfinished().mutex);
-  unfinished().paths.insert(path);
-}
-
-void forget(const fs::path& path) {
-  const std::lock_guard lock(unfinished().mutex);
-  unfinished().paths.erase(path);
-}
-
 void removeAndForget(const fs::path& path) {
   std::error_code ignored;
   fs::remove_all(path, ignored);
-  forget(path);
+  forgetUnfinished(path);
 }
 
 }  // namespace
 
+fs::path beside(const fs::path& place) {
+  static std::atomic<unsigned> count{0};
+#if defined(_WIN32)
+  const int process = _getpid();
+#else
+  const int process = getpid();
+#endif
+  fs::path name = place.filename();
+  name += ".partial-" + std::to_string(process) + "-" + ownToken() + "-" + std::to_string(count++);
+  return place.parent_path() / name;
+}
+
+void addUnfinished(const fs::path& path) {
+  const std::lock_guard lock(unfinished().mutex);
+  unfinished().paths.insert(path);
+}
+
+void forgetUnfinished(const fs::path& path) {
+  const std::lock_guard lock(unfinished().mutex);
+  unfinished().paths.erase(path);
+}
+
+void syncFolder(const fs::path& folder) {
+#if !defined(_WIN32)
+  const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;
+  static_cast<void>(fsync(handle));
+  close(handle);
+#else
+  static_cast<void>(folder);
+#endif
+}
+
 PartialFile::PartialFile(const fs::path& place)
     : place_(behindLinks(place)), written_(isDevice(place_) ? place_ : beside(place_)) {
-  if (written_ != place_) add(written_);
+  if (written_ != place_) addUnfinished(written_);
   file_ = opened(written_);
   if (file_ != nullptr) return;
   const int error = errno;
-  forget(written_);
+  forgetUnfinished(written_);
   fail(error);
 }
 
@@ -142,6 +160,11 @@ void PartialFile::commit() {
   throw polarline::OutputError(nameOf(place_), failure.message());
 }
 
+void PartialFile::commitAt(const fs::path& place) {
+  place_ = behindLinks(place);
+  commit();
+}
+
 void write(const fs::path& path, std::string_view content) {
   PartialFile file(path);
   file.append(content);
@@ -150,9 +173,9 @@ void write(const fs::path& path, std::string_view content) {
 
 PartialFolder::PartialFolder(const fs::path& place) : path_(beside(withoutLastSeparator(place))) {
   std::error_code failure;
-  add(path_);
+  addUnfinished(path_);
   if (fs::create_directory(path_, failure)) return;
-  forget(path_);
+  forgetUnfinished(path_);
   throw polarline::OutputError(nameOf(place), failure ? failure.message() : "cannot be made");
 }
 

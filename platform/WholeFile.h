@@ -23,6 +23,8 @@ class PartialFile {
 
   void append(std::string_view content);
   void commit();
+  /// The same at another place on the device of the first.
+  void commitAt(const std::filesystem::path& place);
 
  private:
   [[noreturn]] void fail(int error) const;
@@ -46,6 +48,16 @@ class PartialFolder {
  private:
   std::filesystem::path path_;
 };
+
+/// A name beside the place that nobody else has, neither another process nor one of another machine.
+std::filesystem::path beside(const std::filesystem::path& place);
+
+/// A path that is to go when the process ends at a signal, though it is not one of the above; and one that need not.
+void addUnfinished(const std::filesystem::path& path);
+void forgetUnfinished(const std::filesystem::path& path);
+
+/// Has the system write down which files a folder holds, as far as it can.
+void syncFolder(const std::filesystem::path& folder);
 
 /// Removes whatever is being written at this moment and keeps every later writer waiting: the last call before a
 /// process ends at a signal, from any thread.

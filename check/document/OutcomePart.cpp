@@ -107,7 +107,7 @@ void writeStatus(JsonText& json, const Status& status) {
     json.null();
   }
   json.member("name", status.name).member("text", status.text).member("advice", status.advice);
-  json.member("retry", status.retry).end();
+  json.member("retry", status.retry).member("exit_code", status.exit_code).end();
 }
 
 void writeOutcome(JsonText& json, const Check& check) {

@@ -24,6 +24,7 @@
 #include "check/run/PlainPath.h"
 #include "check/run/RunInputs.h"
 #include "check/run/RunStatus.h"
+#include "check/set/ChosenPairs.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/GivenPictures.h"
 #include "check/set/PictureSource.h"
@@ -82,18 +83,8 @@ class SetCheck final : public RunObserver {
 
 void SetCheck::choosePairs() {
   std::vector<ListedPair> listed = options_.pictures ? listedPairs(*options_.pictures) : listedPairs(inputs_.set.list);
-  if (options_.pairs) {
-    const auto [first, last] = *options_.pairs;
-    if (first > last)
-      throw InputError(fmt::format("pairs {}-{}", first, last),
-                       fmt::format("the first lies behind the last; {}-{} was wanted for these", last, first));
-    if (last >= listed.size())
-      throw InputError("pairs " + std::to_string(first) + "-" + std::to_string(last),
-                       "the list has the pairs 0-" + std::to_string(listed.size() - 1));
-    listed = {listed.begin() + static_cast<std::ptrdiff_t>(first),
-              listed.begin() + static_cast<std::ptrdiff_t>(last) + 1};
-    first_pair_ = first;
-  }
+  listed = chosenPairs(std::move(listed), options_.pairs);
+  if (options_.pairs) first_pair_ = options_.pairs->first;
   pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_,
                                                options_.pictures ? &*options_.pictures : nullptr);
   pairs_ = std::make_unique<PairLook>(inputs_, options_, check_.board, *pictures_, first_pair_);

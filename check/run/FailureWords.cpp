@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <new>
 #include <opencv2/core.hpp>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "check/picture/BoardExtent.h"
@@ -35,6 +37,19 @@ std::string adviceOnIds(const RunInputs& inputs, const ListedPictures& pictures)
       return fmt::format("In the {} picture {}: {}.", side, problem->text, problem->advice);
   }
   return {};
+}
+
+/// The machine was at its end, not the set.
+bool isShortOfMeans(const std::exception& error) {
+  const auto* const opencv = dynamic_cast<const cv::Exception*>(&error);
+  return dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+         dynamic_cast<const std::system_error*>(&error) != nullptr ||
+         (opencv != nullptr && opencv->code == cv::Error::StsNoMem);
+}
+
+Status retried(Status status, const std::exception& error) {
+  status.retry = status.retry || isShortOfMeans(error);
+  return status;
 }
 
 }  // namespace
@@ -75,7 +90,8 @@ void explainPictures(const ListedPictures& pictures, const std::string& list, Ch
 Status statusOf(const std::exception& error, const RunInputs& inputs, const ListedPictures* pictures,
                 std::size_t first_pair, const Check& check) {
   const std::size_t done = check.pairs.size();
-  if (pictures == nullptr || done == pictures->pairs()) return statusOf("exception", textOf(error), kNoFigure);
+  if (pictures == nullptr || done == pictures->pairs())
+    return retried(statusOf("exception", textOf(error), kNoFigure), error);
   const ListedPair& listed = pictures->listed(done);
   const auto& sizes = pictures->lastSizes();
   const std::string pair = fmt::format("pair {}", first_pair + done);
@@ -91,7 +107,7 @@ Status statusOf(const std::exception& error, const RunInputs& inputs, const List
   const bool is_of_ids = dynamic_cast<const std::out_of_range*>(&error) != nullptr && inputs.config.frame_work == 0;
   if (const std::string advice = is_of_ids ? adviceOnIds(inputs, *pictures) : ""; !advice.empty())
     status.advice = advice;
-  return status;
+  return retried(std::move(status), error);
 }
 
 }  // namespace polarline

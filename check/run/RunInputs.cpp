@@ -1,27 +1,13 @@
 #include "check/run/RunInputs.h"
 
-#include <utility>
-
 #include "check/judge/Judgement.h"
 #include "check/judge/SignedLimits.h"
 #include "check/run/Correcting.h"
 #include "check/run/Inputs.h"
-#include "check/set/Fingerprint.h"
+#include "check/set/SetIdentity.h"
 
 namespace polarline {
 namespace {
-
-void addHashes(const Set& set, std::vector<SetInput>& inputs) {
-  for (const auto& [role, path] : {std::pair{"polar", &set.polar},
-                                   {"target", &set.target},
-                                   {"calibration", &set.calibration},
-                                   {"list", &set.list},
-                                   {"board", &set.board},
-                                   {"limits", &set.limits},
-                                   {"rectified", &set.rectified}}) {
-    if (!path->empty()) inputs.push_back({role, *path, sha256OfFile(*path)});
-  }
-}
 
 StereoCalibParams pinholesOf(const RectifiedParams& rectified) {
   StereoCalibParams calib;
@@ -66,7 +52,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
     check.cameras = camerasOf(inputs.config.type, inputs.calib);
     requireCorrectable(options.write_corrected, inputs.config.type);
   }
-  addHashes(inputs.set, check.inputs);
+  check.inputs = hashedFiles(inputs.set);
   return inputs;
 }
 

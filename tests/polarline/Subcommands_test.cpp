@@ -36,6 +36,7 @@ struct Subcommands : CommandTest {
     for (const char* name : {"my_set", "pictures"}) fs::copy(set.folder, set.parent.file(name));
     for (const char* name : {"left_0.png", "left_1.png", "right_0.png", "right_1.png", "calib.json"})
       fs::copy(set.file(name), set.parent.file(name));
+    set.parent.write("sets.txt", "my_set\tserial=A0042\tstation=3\n");
     set.parent.write("camchain.yaml",
                      "cam0:\n  camera_model: pinhole\n  intrinsics: [500, 500, 320, 240]\n"
                      "  distortion_model: radtan\n  distortion_coeffs: [0, 0, 0, 0]\n  resolution: [640, 480]\n"

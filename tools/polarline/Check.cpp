@@ -11,6 +11,7 @@
 #include "polarline/report.h"
 #include "tools/polarline/CheckTable.h"
 #include "tools/polarline/Interruption.h"
+#include "tools/polarline/JudgingOptions.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
@@ -21,25 +22,11 @@ namespace {
 
 struct Arguments {
   polarline::Set set;
-  polarline::CheckOptions options;
+  JudgingOptions judging;
+  polarline::CheckOptions& options = judging.check;
   ResultOptions result;
-  std::string pairs;
   std::string report;
 };
-
-/// "3" or "3-7".
-void takePairs(Arguments& arguments) {
-  if (arguments.pairs.empty()) return;
-  std::size_t first = 0;
-  std::size_t last = 0;
-  int used = 0;
-  const char* const text = arguments.pairs.c_str();
-  const int fields = std::sscanf(text, "%zu%n-%zu%n", &first, &used, &last, &used);
-  if (fields < 1 || static_cast<std::size_t>(used) != arguments.pairs.size() || text[0] == '-')
-    throw polarline::InputError("--pairs " + arguments.pairs,
-                                "the first and the last pair, counted from 0, were wanted, such as 0-9");
-  arguments.options.pairs = {first, fields == 1 ? first : last};
-}
 
 /// What the command says while the check runs, and behind it.
 class Speaker {
@@ -165,7 +152,7 @@ int runCheck(Arguments& arguments) {
                    {"--report", arguments.report}},
                   inputsOf(arguments.set));
   if (arguments.report == "-") throw polarline::InputError("--report -", "a file was wanted");
-  takePairs(arguments);
+  arguments.judging.takePairs();
   Speaker speaker(arguments.result);
   DocumentFile document(arguments.result.json);
   ReportFile report(arguments.report);
@@ -192,12 +179,8 @@ int runCheck(Arguments& arguments) {
 void addSetOptions(CLI::App& app, polarline::Set& set) {
   app.add_option("SET", set.folder, "Folder with polar.txt, target.ini, calib.json, list.txt, board_gt.txt, limits.txt")
       ->type_name("");
-  app.add_option("--polar", set.polar, "Polar configuration in place of the set's")->type_name("FILE");
-  app.add_option("--target", set.target, "Description of the board in place of the set's")->type_name("FILE");
-  app.add_option("--calibration", set.calibration, "Calibration in place of the set's")->type_name("FILE");
   app.add_option("--list", set.list, "Image list in place of the set's")->type_name("FILE");
-  app.add_option("--board", set.board, "True positions of the dots in place of the set's")->type_name("FILE");
-  app.add_option("--limits", set.limits, "File of limits in place of the set's")->type_name("FILE");
+  addFileOptions(app, set);
 }
 
 }  // namespace
@@ -206,19 +189,9 @@ Subcommand addCheck(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand("check", "Runs a set, prints its figures, ends with the verdict");
   const auto arguments = std::make_shared<Arguments>();
   addSetOptions(*app, arguments->set);
-  app->add_option("--limit", arguments->options.limits,
-                  "FIGURE OP VALUE, such as 'dy_means<=0.1', '|tri_dis[0]|<=0.5', 'summary.dy_means.mean<=0.1', "
-                  "'given_up<=0', with --refine 'refined.dy_means<=0.05'; repeatable")
-      ->type_name("LIMIT")
-      ->allow_extra_args(false);
+  addJudgingOptions(*app, arguments->judging);
   app->add_option("--out", arguments->options.out, "Folder for the library's own files; without it none is written")
       ->type_name("FOLDER");
-  app->add_flag("--refine", arguments->options.refine,
-                "Refines the dots' centres and gives every figure from these, too, beside the library's own");
-  app->add_option("--pairs", arguments->pairs, "Only the pairs A to B of the list, counted from 0")->type_name("A-B");
-  app->add_option("--set", arguments->options.settings, "A key of the polar configuration for this run; repeatable")
-      ->type_name("KEY=VALUE")
-      ->allow_extra_args(false);
   app->add_option("--report", arguments->report, "The page to look at: one file of HTML")->type_name("FILE");
   app->add_option("--write-corrected", arguments->options.write_corrected,
                   "The calibration with the causes of the row differences taken out (.json); the set is then run once "

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <string>
 #include <thread>
 
@@ -14,10 +15,17 @@ namespace command {
 namespace {
 
 std::atomic<bool> is_interrupted{false};
+std::atomic<bool> is_ending{false};
+std::atomic<double> time_to_finish{0.0};  ///< Seconds.
 
 void waitForSignal() {
   constexpr std::chrono::milliseconds kGrace{500};
-  if (!ending_signals::wait()) return;
+  constexpr std::chrono::milliseconds kNoLimit{-1};
+  const ending_signals::Request request = ending_signals::waitFor(kNoLimit);
+  if (request == ending_signals::Request::kNone) return;
+  is_ending = true;
+  if (request == ending_signals::Request::kInOwnTime && time_to_finish > 0.0)
+    ending_signals::waitFor(std::chrono::milliseconds(static_cast<std::int64_t>(time_to_finish * 1000.0)));
   is_interrupted = true;
   std::this_thread::sleep_for(kGrace);
   whole_file::abandonAll();
@@ -34,5 +42,9 @@ void watchForInterruption() {
 }
 
 bool interrupted() { return is_interrupted; }
+
+void finishAtTermination(double seconds) { time_to_finish = seconds; }
+
+bool ending() { return is_ending; }
 
 }  // namespace command

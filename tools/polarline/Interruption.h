@@ -11,4 +11,11 @@ void watchForInterruption();
 
 bool interrupted();
 
+/// From here on SIGTERM lets what is at hand come to its end, for so many seconds at most or until a second signal;
+/// then all is as above. Systems that run jobs send it some time before they end them.
+void finishAtTermination(double seconds);
+
+/// Whether somebody wants nothing new to be begun.
+bool ending();
+
 }  // namespace command

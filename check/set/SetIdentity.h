@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "polarline/check.h"
+#include "polarline/set.h"
+
+namespace polarline {
+
+/// The files of a completed set, pictures left out, with their hashes.
+std::vector<SetInput> hashedFiles(const Set& set);
+
+/// The id that a check of the set has, without the check. Throws `InputError` for a set that can't be used.
+/// @return Empty where an input could not be read.
+std::string identityOf(const Set& named, const std::optional<std::pair<std::size_t, std::size_t>>& pairs);
+
+/// Whether every input has its hash: only then the id tells what was checked.
+bool areAllRead(const std::vector<SetInput>& inputs);
+
+}  // namespace polarline

@@ -1,0 +1,116 @@
+#include "polarline/batch.h"
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "polarline/errors.h"
+#include "tools/polarline/Interruption.h"
+#include "tools/polarline/JudgingOptions.h"
+#include "tools/polarline/PairProgress.h"
+#include "tools/polarline/Subcommand.h"
+
+namespace command {
+namespace {
+
+struct BatchRequest {
+  std::string list, watch, shard;
+  JudgingOptions judging;
+  polarline::BatchOptions options;
+  double grace = 25.0;  ///< Slurm gives 30.
+  bool quiet = false;
+};
+
+std::string environmentOf(const char* name) {
+  const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nobody sets variables here.
+  return value == nullptr ? "" : value;
+}
+
+polarline::Shard partOf(const BatchRequest& request) {
+  return request.shard.empty() ? polarline::shardOfArray(environmentOf) : polarline::parseShard(request.shard);
+}
+
+polarline::BatchOutcome judgedAll(const BatchRequest& request) {
+  if (request.list.empty() == request.watch.empty())
+    throw polarline::InputError("LIST", "a list of sets or --watch FOLDER was wanted, one of the two");
+  if (!request.watch.empty()) return polarline::watchFolder(request.watch, request.options);
+  return polarline::batch(polarline::setsOf(polarline::readBatchList(request.list), partOf(request)), request.options);
+}
+
+/// Tells each set. That nobody reads it any more must not cost a result.
+class SetSpeaker {
+ public:
+  explicit SetSpeaker(bool quiet) : is_quiet_(quiet), progress_(quiet, "set") {}
+
+  void set(const polarline::BatchResult& result, std::size_t done, std::size_t all) {
+    progress_.clear();
+    try {
+      if (!is_quiet_ || result.exit_code >= kUnusable) deliver("-", polarline::batchLine(result) + "\n");
+    } catch (const polarline::OutputError& error) {
+      if (!is_mute_) tell("polarline: {}\n", error.what());
+      is_mute_ = true;
+    }
+    if (done < all) progress_.show(done, all);
+  }
+  void end(const polarline::BatchOutcome& outcome) {
+    progress_.clear();
+    if (!is_quiet_ && terminal::isTerminal(terminal::errors())) tell("{}\n", polarline::batchText(outcome));
+  }
+  bool isMute() const { return is_mute_; }
+
+ private:
+  bool is_quiet_;
+  bool is_mute_ = false;
+  PairProgress progress_;
+};
+
+int runBatch(BatchRequest& request) {
+  request.judging.takePairs();
+  request.options.check = request.judging.check;
+  finishAtTermination(request.grace);
+  SetSpeaker speaker(request.quiet);
+  request.options.on_set = [&](const auto& result, std::size_t done, std::size_t all) {
+    speaker.set(result, done, all);
+  };
+  request.options.go_on = [] { return !interrupted(); };
+  request.options.go_on_with_next = [] { return !ending(); };
+  const polarline::BatchOutcome outcome = judgedAll(request);
+  speaker.end(outcome);
+  if (outcome.exit_code == kInterrupted) tell("{}", kInterruptedWords);
+  return speaker.isMute() && outcome.exit_code < kNotWritten ? kNotWritten : outcome.exit_code;
+}
+
+}  // namespace
+
+Subcommand addBatch(CLI::App& polarline) {
+  CLI::App* const app =
+      polarline.add_subcommand("batch", "Judges many sets into a folder that several workers may share");
+  const auto request = std::make_shared<BatchRequest>();
+  app->add_option("LIST", request->list,
+                  "A set a line, behind it TAB and serial=..., station=..., model=..., time=...; - is standard input")
+      ->type_name("");
+  app->add_option("--store", request->options.store, "Folder of the results, the same for all workers")
+      ->required()
+      ->type_name("FOLDER");
+  app->add_option("--watch", request->watch, "In place of LIST: each folder in it that has a file 'ready', until ended")
+      ->type_name("FOLDER");
+  app->add_option("--shard", request->shard, "Part K of N of the list; by default that of Slurm's array")
+      ->type_name("K/N");
+  app->add_flag("--again", request->options.again, "Judge also what is there");
+  app->add_option("--stop-after", request->options.stop_after, "End after so many sets without a verdict; 0: never")
+      ->type_name("N");
+  app->add_option("--grace", request->grace, "Seconds that SIGTERM leaves the set at hand")
+      ->type_name("SECONDS")
+      ->capture_default_str();
+  app->add_option("--claim-timeout", request->options.claim_timeout,
+                  "Seconds for which a worker of another machine may be silent until its set is taken")
+      ->type_name("SECONDS")
+      ->capture_default_str();
+  addJudgingOptions(*app, request->judging);
+  addFileOptions(*app, request->options.files);
+  app->add_flag("--quiet", request->quiet, "Print nothing but failures");
+  addExample(*app, "polarline batch sets.txt --store results --limit 'dy_means<=0.1'");
+  return {app, [request] { return runBatch(*request); }};
+}
+
+}  // namespace command
