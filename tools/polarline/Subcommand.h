@@ -30,6 +30,7 @@ Subcommand addBoard(CLI::App& polarline);
 Subcommand addSimulate(CLI::App& polarline);
 Subcommand addReport(CLI::App& polarline);
 Subcommand addBatch(CLI::App& polarline);
+Subcommand addMerge(CLI::App& polarline);
 Subcommand addExplain(CLI::App& polarline);
 
 /// Every subcommand, in the order of the help. A new one is a file of its own and a line in Subcommands.cpp.

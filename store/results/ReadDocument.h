@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+#include "store/results/DocumentRows.h"
+
+namespace polarline {
+
+/// Reads the document of a check, schema "polarline-check/1". Keys that are not known are passed over, as new ones may
+/// come. Throws `JsonFault` with words for a text that is no such document.
+DocumentRows readDocument(std::string_view text);
+
+}  // namespace polarline

@@ -1,0 +1,97 @@
+#include "store/results/Schema.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <thread>
+
+#include "polarline/errors.h"
+#include "store/results/SchemaText.h"
+
+namespace polarline {
+namespace {
+
+/// The step at place k leads from version k to k + 1.
+constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema};
+
+std::int64_t versionOf(const sqlite::Database& database) { return database.integer("PRAGMA user_version"); }
+
+bool isEmpty(const sqlite::Database& database) {
+  return database.integer("SELECT count(*) FROM sqlite_master") == 0 && versionOf(database) == 0;
+}
+
+/// Throws for a file that is not ours, or newer than this program.
+void requireOurs(const sqlite::Database& database) {
+  if (database.integer("PRAGMA application_id") != kResultsApplication) {
+    throw InputError(database.path(),
+                     "is an SQLite file of something else; a results file of 'polarline merge' was wanted");
+  }
+  if (const std::int64_t version = versionOf(database); version > kResultsSchema) {
+    throw InputError(database.path(), fmt::format("is of schema {}; this polarline knows none newer than {}. It was "
+                                                  "left alone; a newer polarline reads it",
+                                                  version, kResultsSchema));
+  }
+}
+
+/// Brings the file to the current version. Another process may be doing the same: each looks anew when it is its turn.
+void migrate(const sqlite::Database& database) {
+  while (isEmpty(database) || versionOf(database) < kResultsSchema) {
+    sqlite::Transaction transaction(database);
+    if (!isEmpty(database)) requireOurs(database);
+    const std::int64_t version = versionOf(database);
+    if (version >= kResultsSchema) return;
+    kSteps.at(static_cast<std::size_t>(version))(database);
+    makeViews(database);
+    database.run(fmt::format("PRAGMA application_id = {}; PRAGMA user_version = {}", kResultsApplication, version + 1));
+    transaction.commit();
+  }
+}
+
+/// Readers don't wait for writers then. Changing over needs the file alone for a moment, for which SQLite does not wait
+/// by itself.
+void useWriteAheadLog(const sqlite::Database& database) {
+  constexpr int kTries = 600;
+  constexpr std::chrono::milliseconds kPause{100};
+  for (int k = 0;; ++k) {
+    try {
+      if (database.text("PRAGMA journal_mode = WAL") == "wal") return;
+      throw OutputError(database.path(), "its file system has no write-ahead log of SQLite; name a local file");
+    } catch (const OutputError&) {
+      if (k == kTries || database.text("PRAGMA journal_mode") != "delete") throw;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<sqlite::Database> openResultsToWrite(const std::string& path) {
+  auto database = std::make_unique<sqlite::Database>(path, sqlite::Access::kWrite);
+  if (!isEmpty(*database)) requireOurs(*database);
+  useWriteAheadLog(*database);
+  // With a write-ahead log this keeps the file whole through a loss of power; what the log loses is merged again.
+  database->run("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; PRAGMA cache_size = -65536");
+  migrate(*database);
+  return database;
+}
+
+std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path) {
+  std::error_code failure;
+  if (!std::filesystem::is_regular_file(path, failure))
+    throw InputError(path, "is no file; a results file of 'polarline merge' was wanted");
+  auto database = std::make_unique<sqlite::Database>(path, sqlite::Access::kRead);
+  requireOurs(*database);
+  if (const std::int64_t version = versionOf(*database); version < kResultsSchema) {
+    throw InputError(path, fmt::format("is of schema {}, {} is wanted: 'polarline merge DIR -o {}' brings it there",
+                                       version, kResultsSchema, path));
+  }
+  database->run("PRAGMA cache_size = -65536; PRAGMA mmap_size = 1073741824");
+  return database;
+}
+
+}  // namespace polarline

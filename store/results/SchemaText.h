@@ -1,0 +1,16 @@
+#pragma once
+
+#include "store/results/Sqlite.h"
+
+namespace polarline {
+
+/// A step from one version of the schema to the next, within a transaction.
+using SchemaStep = void (*)(const sqlite::Database& database);
+
+/// From an empty file to version 1.
+void makeFirstSchema(const sqlite::Database& database);
+
+/// Drops every view and makes those of the current version: views hold nothing, so a step need not know them.
+void makeViews(const sqlite::Database& database);
+
+}  // namespace polarline
