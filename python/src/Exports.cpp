@@ -6,6 +6,7 @@
 
 #include "python/src/Arrays.h"
 #include "python/src/CallBack.h"
+#include "python/src/ExportTexts.h"
 #include "python/src/PictureArgument.h"
 #include "python/src/Points.h"
 #include "python/src/Text.h"
@@ -67,20 +68,20 @@ py::tuple readImages(const std::string& path) {
 }
 
 void addRuns(py::module_& module) {
-  module.def("CalPolarLinePrecision", &runFiles, py::arg("polarConfigPath").none(true),
+  module.def("CalPolarLinePrecision", &runFiles, text_of::kRunFiles, py::arg("polarConfigPath").none(true),
              py::arg("targetConfigPath").none(true), py::arg("calibrationPath").none(true),
              py::arg("imageListPath").none(true));
-  module.def("CalPolarLinePrecisionOutMat", &runImages, py::arg("polarConfigPath").none(true),
+  module.def("CalPolarLinePrecisionOutMat", &runImages, text_of::kRunImages, py::arg("polarConfigPath").none(true),
              py::arg("targetConfigPath").none(true), py::arg("calibration"), py::arg("images"),
              py::arg("progress").none(true) = py::none(), py::arg("resultFolder").none(true) = py::none());
-  module.def("CalRecificationPrecision", &runRectified, py::arg("polarConfigPath").none(true),
+  module.def("CalRecificationPrecision", &runRectified, text_of::kRunRectified, py::arg("polarConfigPath").none(true),
              py::arg("targetConfigPath").none(true), py::arg("rectified"), py::arg("imageListPath").none(true));
   module.def(
       "CalTempCompensateCoeff",
       [](const char* polar, const char* target, const char* calibration, const char* list) {
         return aside([&] { return CalTempCompensateCoeff(polar, target, calibration, list); });
       },
-      py::arg("polarConfigPath").none(true), py::arg("targetConfigPath").none(true),
+      text_of::kTemperature, py::arg("polarConfigPath").none(true), py::arg("targetConfigPath").none(true),
       py::arg("calibrationPath").none(true), py::arg("imageListPath").none(true));
 }
 
@@ -90,14 +91,14 @@ void addReaders(py::module_& module) {
       [](const std::string& path, ExportedCalibParams& calibration) {
         return aside([&] { return ReadCalibParams(path, &calibration); });
       },
-      py::arg("path"), py::arg("calibration"));
-  module.def("ReadCalibImagelist", &readImages, py::arg("path"));
+      text_of::kReadCalibration, py::arg("path"), py::arg("calibration"));
+  module.def("ReadCalibImagelist", &readImages, text_of::kReadImages, py::arg("path"));
   module.def(
       "ReadTxtPolyParams",
       [](const std::string& folder, ExportedCalibParams& calibration) {
         return aside([&] { return ReadTxtPolyParams(folder, &calibration); });
       },
-      py::arg("folder"), py::arg("calibration"));
+      text_of::kReadTables, py::arg("folder"), py::arg("calibration"));
   module.def(
       "ReadBoardGTFromCSV",
       [](const std::string& path, bool second_layout) {
@@ -105,7 +106,7 @@ void addReaders(py::module_& module) {
         const std::int32_t status = aside([&] { return ReadBoardGTFromCSV(path, &points, second_layout); });
         return py::make_tuple(status, arrayOf(points));
       },
-      py::arg("path"), py::arg("second_layout"));
+      text_of::kReadBoardReport, py::arg("path"), py::arg("second_layout"));
   module.def(
       "ReadBoardGTFromTxt",
       [](const std::string& path) {
@@ -113,7 +114,7 @@ void addReaders(py::module_& module) {
         aside([&] { ReadBoardGTFromTxt(path, &points); });
         return arrayOf(points);
       },
-      py::arg("path"));
+      text_of::kReadBoardList, py::arg("path"));
   module.def(
       "LoadCalibrationParamsMulti",
       [](const char* path, std::int32_t options) {
@@ -121,7 +122,7 @@ void addReaders(py::module_& module) {
         const std::int32_t status = aside([&] { return LoadCalibrationParamsMulti(path, &record, options); });
         return py::make_tuple(status, std::move(record));
       },
-      py::arg("path").none(true), py::arg("options") = 0);
+      text_of::kReadBinary, py::arg("path").none(true), py::arg("options") = 0);
 }
 
 }  // namespace
@@ -129,17 +130,23 @@ void addReaders(py::module_& module) {
 void addExports(py::module_& module) {
   addRuns(module);
   addReaders(module);
-  module.def("GetPolarErrorInfo", [] {
-    constexpr std::size_t kLongest = std::size_t{1} << 20U;
-    std::string buffer(kLongest, '\0');
-    const Turn turn;
-    return textOf(GetPolarErrorInfo(buffer.data()));
-  });
-  module.def("GetVersionPolarLinePrecision", [] {
-    std::array<char, 64> buffer{};
-    GetVersionPolarLinePrecision(buffer.data());
-    return std::string(buffer.data());
-  });
+  module.def(
+      "GetPolarErrorInfo",
+      [] {
+        constexpr std::size_t kLongest = std::size_t{1} << 20U;
+        std::string buffer(kLongest, '\0');
+        const Turn turn;
+        return textOf(GetPolarErrorInfo(buffer.data()));
+      },
+      text_of::kLastError);
+  module.def(
+      "GetVersionPolarLinePrecision",
+      [] {
+        std::array<char, 64> buffer{};
+        GetVersionPolarLinePrecision(buffer.data());
+        return std::string(buffer.data());
+      },
+      text_of::kVersion);
 }
 
 }  // namespace binding

@@ -28,6 +28,18 @@ def test_every_public_name_is_explained():
                 assert "Returns\n-------" in inspect.getdoc(member) or member is polarline.report, name
 
 
+def test_every_export_tells_its_arguments_and_what_it_returns():
+    functions = [name for name in polarline.exports.__all__ if inspect.isbuiltin(getattr(polarline.exports, name))]
+    assert len(functions) == 12
+    for name in functions:
+        signature, _, text = inspect.getdoc(getattr(polarline.exports, name)).partition("\n")
+        assert re.search(r"Returns\n-------\n\w+ : \w+", text), name
+        arguments = re.findall(r"(\w+): ", signature)
+        told = re.search(r"Parameters\n----------\n(.*?)\n\n", text, re.S)
+        names = re.findall(r"^(\w[\w, ]*) : ", told.group(1), re.M) if told else []
+        assert ", ".join(names).split(", ") == (arguments or [""]), name
+
+
 @pytest.mark.parametrize("name", [name for name in ["", *polarline.__all__]
                                   if ">>>" in (inspect.getdoc(getattr(polarline, name) if name else polarline) or "")])
 def test_docstring_holds(name):
