@@ -1,21 +1,25 @@
-# What `cmake --install` puts in place: the shared library, the public headers, the CMake package and the pkg-config file.
+# What `cmake --install` puts in place: the shared library, the public headers, the CMake package and the pkg-config file. The components are
+# what the Debian packages are made of (packages/Packages.cmake).
 install(TARGETS PolarLinePrecision EXPORT PolarLinePrecisionTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
+        FILES_MATCHING PATTERN "*.h")
 
 set(PLP_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/PolarLinePrecision)
-install(EXPORT PolarLinePrecisionTargets NAMESPACE PolarLinePrecision:: DESTINATION ${PLP_CMAKE_DIR})
+install(EXPORT PolarLinePrecisionTargets NAMESPACE PolarLinePrecision:: DESTINATION ${PLP_CMAKE_DIR} COMPONENT development)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecisionConfig.cmake.in
   ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake INSTALL_DESTINATION ${PLP_CMAKE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfig.cmake ${PROJECT_BINARY_DIR}/PolarLinePrecisionConfigVersion.cmake
-        DESTINATION ${PLP_CMAKE_DIR})
+        DESTINATION ${PLP_CMAKE_DIR} COMPONENT development)
 
 # Relative, so that the package works wherever it is put.
 file(RELATIVE_PATH PLP_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecision.pc.in ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
 # The pages that messages and manual pages name.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.json")
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg" PATTERN "*.json" PATTERN "data" EXCLUDE)

@@ -1,11 +1,13 @@
 # What `cmake --install` puts in place of libpolarline, beside the headers: both libraries, and what CMake and pkg-config ask.
 install(TARGETS polarline EXPORT PolarLinePrecisionTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(TARGETS polarline_static EXPORT PolarLinePrecisionStaticTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(TARGETS polarline_static EXPORT PolarLinePrecisionStaticTargets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 # Apart from the others, as it refers to packages that users of the shared libraries need not have.
 install(EXPORT PolarLinePrecisionStaticTargets NAMESPACE PolarLinePrecision::
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/PolarLinePrecision)
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/PolarLinePrecision COMPONENT development)
 
 set(PLP_STATIC_FINDS "")        # Lines of the CMake package.
 set(PLP_REQUIRES_PRIVATE "")    # Packages of pkg-config.
@@ -28,4 +30,4 @@ set(PLP_STATIC_FINDS "${PLP_STATIC_FINDS}" PARENT_SCOPE)
 
 file(RELATIVE_PATH PLP_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(polarline.pc.in ${PROJECT_BINARY_DIR}/polarline.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/polarline.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/polarline.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
