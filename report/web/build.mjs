@@ -1,5 +1,6 @@
-// Makes the template of the report page, ../page.html, or the file that is named: one html file with the script, the
-// styles and the licences of the packages in it. The same sources give the same bytes in any folder and locale.
+// Makes the templates of the pages, page.html of checks and fleet.html of a store, in .. or the folder that is named: each
+// one html file with the script, the styles and the licences of the packages in it. The same sources give the same bytes
+// in any folder and locale.
 import { createHash } from 'node:crypto';
 import { readFile, readdir, writeFile } from 'node:fs/promises';
 import { fileURLToPath } from 'node:url';
@@ -8,7 +9,11 @@ import { build, transform } from 'esbuild';
 import { leftOut } from './left_out.mjs';
 
 const here = path.dirname(fileURLToPath(import.meta.url));
-const target = path.resolve(process.argv[2] ?? path.join(here, '..', 'page.html'));
+const target = path.resolve(process.argv[2] ?? path.join(here, '..'));
+const pages = [
+  { name: 'page.html', entry: 'src/main.ts', styles: [] },
+  { name: 'fleet.html', entry: 'src/fleet/main.ts', styles: ['fleet/fleet.css'] },
+];
 const largest = 350_000;
 
 /** Names of the packages of which code is in the bundle. */
@@ -50,14 +55,13 @@ const styleSheets = [
     (name) => `styles/${name}.css`,
   ),
   'plots/plots.css',
-  'styles/print.css',
 ];
 
-async function main() {
+async function makePage({ name, entry, styles: own }) {
   const source = (name) => readFile(path.join(here, 'src', name), 'utf8');
   const bundle = await build({
     absWorkingDir: here,
-    entryPoints: ['src/main.ts'],
+    entryPoints: [entry],
     bundle: true,
     minify: true,
     format: 'iife',
@@ -71,7 +75,7 @@ async function main() {
   });
   const script = bundle.outputFiles[0].text.trim();
   if (/<\/script|<!--/i.test(script)) throw new Error('the script would end its own element');
-  const styles = await Promise.all(styleSheets.map(source));
+  const styles = await Promise.all([...styleSheets, ...own, 'styles/print.css'].map(source));
   const style = (await transform(styles.join('\n'), { loader: 'css', minify: true })).code.trim();
   const page = filled(await source('page.html'), {
     SCRIPT: script,
@@ -86,8 +90,8 @@ async function main() {
   if (!page.includes(`<script>${script}</script>`)) throw new Error('the script has to stand alone in its element');
   const size = Buffer.byteLength(page);
   if (size > largest) throw new Error(`the template has ${size} bytes, ${largest} are allowed`);
-  await writeFile(target, page);
-  console.log(`${path.basename(target)}: ${size} bytes`);
+  await writeFile(path.join(target, name), page);
+  console.log(`${name}: ${size} bytes`);
 }
 
-await main();
+for (const page of pages) await makePage(page);

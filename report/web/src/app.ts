@@ -1,5 +1,5 @@
 import { el } from './dom/el';
-import { redrawAll } from './dom/plot_figure';
+import { drawnForPaper } from './dom/paper';
 import { say } from './dom/say';
 import type { PageData } from './page_data';
 import { comparison } from './parts/comparison';
@@ -43,8 +43,7 @@ export class App {
     this.follow();
     addEventListener('hashchange', () => this.follow());
     addEventListener('keydown', (event) => this.key(event));
-    addEventListener('beforeprint', () => this.forPaper(true));
-    addEventListener('afterprint', () => this.forPaper(false));
+    drawnForPaper(this.main);
   }
 
   /** Shows what the address says. Drawings are made when their places are known, which is before the next frame. */
@@ -156,16 +155,5 @@ export class App {
     if (!other) return;
     event.preventDefault();
     location.hash = hashOf({ check: this.check, pair: other.index });
-  }
-
-  /** Paper has its own width, which a style sheet for print would give only after the drawing. */
-  private forPaper(on: boolean): void {
-    document.documentElement.classList.toggle('printing', on);
-    for (const details of this.main.querySelectorAll<HTMLDetailsElement>('details.on-paper')) {
-      if (on && !details.open) details.classList.add('opened');
-      if (on || details.classList.contains('opened')) details.open = on;
-      if (!on) details.classList.remove('opened');
-    }
-    redrawAll();
   }
 }

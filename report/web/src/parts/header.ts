@@ -1,22 +1,8 @@
 import { el } from '../dom/el';
-import { choice } from '../plots/controls';
 import type { PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { verdictChip } from './chip';
-
-type Theme = 'auto' | 'light' | 'dark';
-
-function themes(): HTMLElement {
-  const words = [
-    ['auto', 'Auto'],
-    ['light', 'Light'],
-    ['dark', 'Dark'],
-  ] as const;
-  const set = (theme: Theme): void => {
-    document.documentElement.style.colorScheme = theme === 'auto' ? '' : theme;
-  };
-  return choice<Theme>('Theme', words, 'auto', set);
-}
+import { tools } from './tools';
 
 /** The bar that stays: what it is, the verdict, the checks to choose from. */
 export function header(data: PageData, check: number): HTMLElement {
@@ -38,11 +24,6 @@ export function header(data: PageData, check: number): HTMLElement {
       ? el('nav', { 'aria-label': 'Checks', class: 'checks' }, ...links)
       : el('bdi', { class: 'name' }, view?.title),
     view && verdictChip(view.document),
-    el(
-      'span',
-      { class: 'tools no-print' },
-      themes(),
-      el('button', { type: 'button', click: () => window.print() }, 'Print'),
-    ),
+    tools(),
   );
 }

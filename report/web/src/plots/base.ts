@@ -17,6 +17,8 @@ export interface Axis {
   whole?: boolean;
   /** Written with its sign, where a value is a difference. */
   plus?: boolean;
+  /** Writes a tick that is no plain number, as a date. */
+  write?: (value: number) => string;
 }
 
 export interface Frame {
@@ -56,7 +58,8 @@ function tickTexts(axis: Axis, count: number): { values: number[]; text: (value:
     axis.whole ? 1 : 0,
   );
   const counted = axis.whole ? values.filter(Number.isInteger) : values;
-  const text = (value: number) => fixed(value, axis.ticks || axis.whole ? 0 : decimals, axis.plus);
+  const number = (value: number) => fixed(value, axis.ticks || axis.whole ? 0 : decimals, axis.plus);
+  const text = axis.write ?? number;
   return { values: axis.ticks ?? counted, text };
 }
 

@@ -1,0 +1,55 @@
+import { el } from '../dom/el';
+import type { Cell } from '../dom/table';
+import { shown } from '../text/number';
+import type { Interval, Share } from './statistics/proportion';
+
+/** A number with what lets a program compare it: its name, of what it is ("" of all that is seen), its exact value. */
+export function told(figure: string, of: string, value: number | null, text = numberText(value)): HTMLElement {
+  const exact = { 'data-figure': figure, 'data-of': of, 'data-value': String(value) };
+  return el('span', { class: 'value', ...exact, title: value === null ? null : String(value) }, text);
+}
+
+export function numberText(value: number | null): string {
+  return value === null ? '–' : shown(value);
+}
+
+/** "98.4 %"; near the ends with a digit more. */
+export function percentText(share: number): string {
+  const size = Math.abs(share) * 100;
+  const digits = size === 0 || size === 100 ? 0 : (size > 99 && size < 100) || size < 1 ? 2 : 1;
+  return `${share < 0 ? '\u2212' : ''}${size.toFixed(digits)} %`;
+}
+
+export function rangeText({ low, high }: Interval): string {
+  return `${percentText(low)} to ${percentText(high)}`;
+}
+
+/** Thousands apart, as sets are counted. */
+export function countText(count: number): string {
+  return String(count).replace(/\B(?=(\d{3})+$)/g, '\u202f');
+}
+
+export function toldCount(figure: string, of: string, count: number): HTMLElement {
+  return told(figure, of, count, countText(count));
+}
+
+/** A share with its interval in small. */
+export function toldShare(figure: string, of: string, share: Share | null): HTMLElement {
+  if (!share) return el('span', { class: 'faint' }, '–');
+  return el(
+    'span',
+    {},
+    told(figure, of, share.share, percentText(share.share)),
+    el(
+      'small',
+      {},
+      told(`${figure}.low`, of, share.low, percentText(share.low)),
+      ' to ',
+      told(`${figure}.high`, of, share.high, percentText(share.high)),
+    ),
+  );
+}
+
+export function cell(content: Node | string, value: string | number | null): Cell {
+  return { content: typeof content === 'string' ? document.createTextNode(content) : content, value };
+}
