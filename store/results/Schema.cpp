@@ -17,7 +17,7 @@ namespace polarline {
 namespace {
 
 /// The step at place k leads from version k to k + 1.
-constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema};
+constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema, addLimitRules};
 
 std::int64_t versionOf(const sqlite::Database& database) { return database.integer("PRAGMA user_version"); }
 
@@ -46,7 +46,7 @@ void migrate(const sqlite::Database& database) {
     const std::int64_t version = versionOf(database);
     if (version >= kResultsSchema) return;
     kSteps.at(static_cast<std::size_t>(version))(database);
-    makeViews(database);
+    if (version + 1 == kResultsSchema) makeViews(database);
     database.run(fmt::format("PRAGMA application_id = {}; PRAGMA user_version = {}", kResultsApplication, version + 1));
     transaction.commit();
   }

@@ -52,7 +52,8 @@ SetRows::SetRows(const sqlite::Database& database)
       add_cause_(database, "INSERT INTO causes VALUES (?, ?, ?, ?, ?, ?, ?)"),
       add_warning_(database, "INSERT INTO warnings VALUES (?, ?, ?, ?, ?)"),
       add_name_(database, "INSERT OR IGNORE INTO figure_names(name, figure, entry, refined) VALUES (?, ?, ?, ?)"),
-      find_name_(database, "SELECT id FROM figure_names WHERE name = ?") {}
+      find_name_(database, "SELECT id FROM figure_names WHERE name = ?"),
+      rules_(database) {}
 
 void SetRows::add(std::int64_t document, const std::string& name, const DocumentRows& rows,
                   const SetMetadata& metadata) {
@@ -110,8 +111,10 @@ void SetRows::addFigures(std::int64_t set, const DocumentRows& rows) {
 
 void SetRows::addJudgement(std::int64_t set, const DocumentRows& rows) {
   int position = 0;
-  for (const LimitRow& limit : rows.limits)
+  for (const LimitRow& limit : rows.limits) {
+    rules_.add(limit.text);
     add_limit_.run(set, position++, limit.text, limit.value, limit.holds, limit.pair);
+  }
   for (const CauseRow& cause : rows.causes)
     add_cause_.run(set, cause.name, cause.value, cause.sd, cause.unit, cause.share, cause.group);
   position = 0;

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "store/results/DocumentRows.h"
+#include "store/results/LimitRules.h"
 #include "store/results/ReadMetadata.h"
 #include "store/results/Sqlite.h"
 
@@ -33,6 +34,7 @@ class SetRows {
   sqlite::Statement add_set_, replace_set_, set_metadata_, add_metadata_, drop_metadata_;
   sqlite::Statement drop_pairs_, drop_figures_, drop_limits_, drop_causes_, drop_warnings_;
   sqlite::Statement add_pair_, add_figure_, add_limit_, add_cause_, add_warning_, add_name_, find_name_;
+  LimitRules rules_;
   std::map<std::tuple<std::string, int, bool>, std::int64_t> names_;  ///< `figure_names` as far as it was seen.
 };
 

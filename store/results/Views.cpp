@@ -18,12 +18,24 @@ SELECT station, day, count(*) AS sets,
     nullif(sum(verdict = 'fail' OR (verdict = 'pass' AND judged > 0)), 0) AS yield
 FROM sets GROUP BY station, day ORDER BY station, day;
 
+CREATE VIEW judged_limits AS
+SELECT l.set_id, l.text, l.value, l.holds, l.pair, r.figure, r.statistic, r.absolute, r.comparison, r.bound,
+  min(1000.0, CASE
+    WHEN r.bound > 0 AND r.comparison IN ('<', '<=') THEN abs(l.value) / r.bound
+    WHEN r.bound > 0 AND iif(r.absolute, abs(l.value), l.value) <= 0 THEN 1000.0
+    WHEN r.bound > 0 THEN r.bound / iif(r.absolute, abs(l.value), l.value)
+    ELSE 1 + (iif(r.absolute, abs(l.value), l.value) - r.bound) * iif(r.comparison IN ('<', '<='), 1, -1) /
+      ifnull(nullif(abs(r.bound), 0), 1)
+  END) AS times
+FROM limits l JOIN limit_rules r ON r.text = l.text;
+
 CREATE VIEW worst_sets AS
-SELECT s.id AS set_id, s.set_name, s.serial, s.station, s.model, s.time, s.verdict,
-  sum(l.holds = 0) AS exceeded
-FROM sets s JOIN limits l ON l.set_id = s.id
+SELECT s.id AS set_id, s.set_name, s.serial, s.station, s.model, s.time, s.verdict, count(j.holds = 0 OR NULL) AS exceeded,
+  j.text AS worst_limit, j.value AS measured, max(iif(j.holds = 0, ifnull(j.times, 1000.0), j.times)) AS times,
+  t.path || '/' || substr(s.name, 1, 2) || '/' || s.name || '.json' AS document
+FROM sets s JOIN judged_limits j ON j.set_id = s.id JOIN documents d ON d.id = s.document JOIN stores t ON t.id = d.store
 WHERE s.verdict <> 'error'
-GROUP BY s.id ORDER BY exceeded DESC, s.time, s.id;
+GROUP BY s.id ORDER BY s.verdict = 'fail' DESC, times DESC, s.time, s.id;
 
 CREATE VIEW figure_trend AS
 SELECT n.name AS figure, s.station, s.model, s.day, count(DISTINCT s.id) AS sets, count(*) AS pairs,
