@@ -1,4 +1,4 @@
-# Writes SOURCE, a C++ file with the bytes of TEMPLATE: any compiler takes them, whatever their number.
+# Writes SOURCE, a C++ file with the bytes of TEMPLATE, which the function FUNCTION tells: any compiler takes them, whatever their number.
 file(READ ${TEMPLATE} bytes HEX)
 string(REGEX REPLACE "(..)" "0x\\1," bytes "${bytes}")
 string(REGEX REPLACE "(................................................................................)" "\\1\n" bytes "${bytes}")
@@ -12,7 +12,7 @@ ${bytes}};
 
 }  // namespace
 
-std::string_view pageTemplate() { return {reinterpret_cast<const char*>(kBytes), sizeof(kBytes)}; }
+std::string_view ${FUNCTION}() { return {reinterpret_cast<const char*>(kBytes), sizeof(kBytes)}; }
 
 }  // namespace polarline
 ")

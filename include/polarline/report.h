@@ -42,4 +42,14 @@ POLARLINE_API ReportDocument readReportDocument(const std::string& path);
 /// `kMostReportedChecks`, and one that is no JSON or not of the schema.
 POLARLINE_API std::string reportPage(const std::vector<ReportDocument>& documents, const ReportOptions& options = {});
 
+/// Whether a document is the data of a fleet's page (schema "polarline-fleet/1") rather than that of a check.
+POLARLINE_API bool isFleetDocument(const ReportDocument& document);
+
+/// The page of many checks: yield, figures against their limits, drift, causes that recur, the worst sets. `data` is
+/// the object "polarline-fleet/1" (docs/schema/polarline-fleet-1.schema.json), counts and sums of the sets of a store.
+/// The page works out of them what a filter by metadata leaves; without JavaScript yields, means and the worst sets
+/// stand. It is the same for the same data and title; an empty title: the store's name and the yield. Throws
+/// `InputError` (key, what was found and wanted) for data that is no JSON or not of the schema.
+POLARLINE_API std::string fleetPage(const ReportDocument& data, const std::string& title = {});
+
 }  // namespace polarline

@@ -4,15 +4,14 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <ctime>
-#include <string_view>
 #include <utility>
 
 #include "platform/Files.h"
 #include "polarline/errors.h"
 #include "report/fill/Escape.h"
+#include "report/fill/FillMarks.h"
 #include "report/fill/PageTemplate.h"
 #include "report/fill/StaticPart.h"
 #include "report/measure/Crop.h"
@@ -49,26 +48,6 @@ std::string pageTitle(const std::vector<CheckView>& views, const std::string& wa
   return title;
 }
 
-/// The template with each mark replaced; what replaces one is not looked at for others.
-std::string filled(std::string_view page, const std::array<std::pair<std::string_view, std::string>, 3>& marks) {
-  std::string text;
-  while (!page.empty()) {
-    std::size_t at = page.size();
-    const std::pair<std::string_view, std::string>* first = nullptr;
-    for (const auto& mark : marks) {
-      const std::size_t found = page.find(mark.first);
-      if (found >= at) continue;
-      at = found;
-      first = &mark;
-    }
-    text += page.substr(0, at);
-    if (first == nullptr) break;
-    text += first->second;
-    page.remove_prefix(at + first->first.size());
-  }
-  return text;
-}
-
 void requireCount(std::size_t documents) {
   if (documents > 0 && documents <= kMostReportedChecks) return;
   throw InputError(fmt::format("{} documents were named; 1 to {} were wanted", documents, kMostReportedChecks));
@@ -88,10 +67,11 @@ std::string reportPage(const std::vector<ReportDocument>& documents, const Repor
     const ViewOptions shown{titleOf(check, views), options.paths, options.budget / documents.size()};
     views.push_back(viewCheck(std::move(check), sources, shown));
   }
-  return filled(pageTemplate(),
-                {{{"@POLARLINE_TITLE@", htmlOf(pageTitle(views, options.title))},
-                  {"@POLARLINE_STATIC@", staticPart(views)},
-                  {"@POLARLINE_DATA@", scriptJson(pageText(views, options.made.empty() ? now() : options.made))}}});
+  return filledMarks(
+      pageTemplate(),
+      {{{"@POLARLINE_TITLE@", htmlOf(pageTitle(views, options.title))},
+        {"@POLARLINE_STATIC@", staticPart(views)},
+        {"@POLARLINE_DATA@", scriptJson(pageText(views, options.made.empty() ? now() : options.made))}}});
 }
 
 }  // namespace polarline

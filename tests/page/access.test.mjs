@@ -1,20 +1,9 @@
 // Readable for everybody: what axe knows, in both themes, and a sentence with numbers for each plot.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import axe from 'axe-core';
 import { goTo, within } from './support/browser.mjs';
+import { violations } from './support/axe.mjs';
 import { pageFile, withCopy } from './support/pages.mjs';
-
-async function violations(page, rules = {}) {
-  await page.evaluate(axe.source);
-  const found = await page.evaluate(async (options) => {
-    for (const details of document.querySelectorAll('details')) details.open = true;
-    return (await globalThis.axe.run({ resultTypes: ['violations'], ...options })).violations;
-  }, rules);
-  return found.flatMap(({ id, nodes }) =>
-    nodes.slice(0, 5).map(({ target, failureSummary }) => `${id}: ${target.join(' ')}\n${failureSummary}`),
-  );
-}
 
 // The theme changes nothing but colours.
 const themes = { light: {}, dark: { runOnly: ['color-contrast'] } };

@@ -3,6 +3,7 @@ import { execFileSync, spawnSync } from 'node:child_process';
 import { mkdirSync, readFileSync, renameSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
+import { fleetDocuments } from './support/fleet_pages.mjs';
 import { hostile, many, onePair, scaled, withNulls } from './support/alter.mjs';
 
 const [polarline, folder] = process.argv.slice(2).map((name) => path.resolve(name));
@@ -88,3 +89,7 @@ for (const name of ['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes',
 report('two', ['misaligned', 'good']);
 report('eight', ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)]);
 report('with_paths', ['good'], '--paths');
+for (const [name, made] of fleetDocuments()) {
+  write(name, made);
+  report(name);
+}

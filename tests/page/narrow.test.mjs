@@ -2,29 +2,8 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { goTo, within } from './support/browser.mjs';
+import { stickingOut } from './support/layout.mjs';
 import { pageFile } from './support/pages.mjs';
-
-/** What sticks out to the right, but for what lies in a frame that scrolls by itself. */
-function stickingOut(page) {
-  return page.evaluate(() => {
-    const wide = document.documentElement.clientWidth;
-    const scrolls = (node) => {
-      for (let at = node.parentElement; at; at = at.parentElement) {
-        if (/auto|scroll|hidden|clip/.test(getComputedStyle(at).overflowX)) return true;
-      }
-      return false;
-    };
-    const out = [...document.body.querySelectorAll('*')].filter(
-      (node) => node.getBoundingClientRect().right > wide + 1 && node.checkVisibility() && !scrolls(node),
-    );
-    return {
-      scroll: document.documentElement.scrollWidth - wide,
-      out: out
-        .slice(0, 5)
-        .map((node) => `${node.tagName}.${node.getAttribute('class')} ${node.textContent.slice(0, 30)}`),
-    };
-  });
-}
 
 const sizes = [
   ['360 pixels', { width: 360, height: 740 }],

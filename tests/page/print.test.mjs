@@ -2,32 +2,13 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { within } from './support/browser.mjs';
-import { edgeMark, markPlots, printed } from './support/paper.mjs';
+import { assertWholeOnA4, printed } from './support/paper.mjs';
 import { pageFile } from './support/pages.mjs';
-
-const A4 = { width: 595, height: 842 };
 
 for (const name of ['good', 'misaligned', 'two', 'empty']) {
   test(`'${name}' is printed on A4 without a cut plot`, async () => {
     await within(pageFile(name), {}, async (page) => {
-      const plots = await markPlots(page);
-      const sheets = await printed(page);
-      assert.ok(
-        sheets.every(({ width, height }) => Math.abs(width - A4.width) < 2 && Math.abs(height - A4.height) < 2),
-      );
-      const edge = sheets[0].words.find(({ text }) => text === edgeMark);
-      assert.ok(edge.right > A4.width - 50, `the print is made smaller: its right edge is at ${edge.right}`);
-      const places = new Map(sheets.flatMap(({ words }, sheet) => words.map(({ text }) => [text, sheet])));
-      for (const plot of plots) {
-        assert.ok(places.has(plot.begin) && places.has(plot.end), `${plot.title} is not on paper as a whole`);
-        assert.equal(places.get(plot.begin), places.get(plot.end), `${plot.title} lies on two sheets`);
-      }
-      const out = sheets.flatMap(({ words }) => words.filter(({ left, right }) => left < 20 || right > A4.width - 20));
-      assert.deepEqual(
-        out.map(({ text }) => text),
-        [],
-        'beyond the margin',
-      );
+      await assertWholeOnA4(page);
     });
   });
 }

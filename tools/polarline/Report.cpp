@@ -21,7 +21,9 @@ int run(Request& request) {
   request.options.pictures = !request.no_pictures;
   std::vector<polarline::ReportDocument> documents;
   for (const std::string& path : request.documents) documents.push_back(polarline::readReportDocument(path));
-  deliver(request.output, polarline::reportPage(documents, request.options));
+  const bool is_fleet = documents.size() == 1 && polarline::isFleetDocument(documents[0]);
+  deliver(request.output, is_fleet ? polarline::fleetPage(documents[0], request.options.title)
+                                   : polarline::reportPage(documents, request.options));
   if (!request.quiet && request.output != "-") say("Report: " + request.output + "\n");
   return kDone;
 }

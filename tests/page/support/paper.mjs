@@ -1,17 +1,18 @@
 // A page as it is printed: its words and where they stand.
+import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import path from 'node:path';
 
 /** Stands at the right edge of the page's body. */
-export const edgeMark = 'rightmost';
+const edgeMark = 'rightmost';
 
 /**
  * Has a word stand at the first and at the last line of each plot on paper, by which a cut one is found. They are put
  * in when printing begins, after the page has drawn for paper. Another one tells where the page's right edge comes.
  */
-export function markPlots(page) {
+function markPlots(page) {
   return page.evaluate((edgeText) => {
     const mark = (text, place) => {
       const node = document.createElement('span');
@@ -68,4 +69,26 @@ export async function printed(page) {
   } finally {
     rmSync(folder, { recursive: true });
   }
+}
+
+const A4 = { width: 595, height: 842 };
+
+/** No plot is cut, nothing is made smaller or sticks out. */
+export async function assertWholeOnA4(page) {
+  const plots = await markPlots(page);
+  const sheets = await printed(page);
+  assert.ok(sheets.every(({ width, height }) => Math.abs(width - A4.width) < 2 && Math.abs(height - A4.height) < 2));
+  const edge = sheets[0].words.find(({ text }) => text === edgeMark);
+  assert.ok(edge.right > A4.width - 50, `the print is made smaller: its right edge is at ${edge.right}`);
+  const places = new Map(sheets.flatMap(({ words }, sheet) => words.map(({ text }) => [text, sheet])));
+  for (const plot of plots) {
+    assert.ok(places.has(plot.begin) && places.has(plot.end), `${plot.title} is not on paper as a whole`);
+    assert.equal(places.get(plot.begin), places.get(plot.end), `${plot.title} lies on two sheets`);
+  }
+  const out = sheets.flatMap(({ words }) => words.filter(({ left, right }) => left < 20 || right > A4.width - 20));
+  assert.deepEqual(
+    out.map(({ text }) => text),
+    [],
+    'beyond the margin',
+  );
 }

@@ -17,11 +17,14 @@ export function numberText(value: number | null): string {
 export function percentText(share: number): string {
   const size = Math.abs(share) * 100;
   const digits = size === 0 || size === 100 ? 0 : (size > 99 && size < 100) || size < 1 ? 2 : 1;
-  return `${share < 0 ? '\u2212' : ''}${size.toFixed(digits)} %`;
+  return `${share < 0 ? '\u2212' : ''}${size.toFixed(digits)}\u00a0%`;
 }
 
+/** Both ends with the digits in which they differ. */
 export function rangeText({ low, high }: Interval): string {
-  return `${percentText(low)} to ${percentText(high)}`;
+  const digits = Math.min(2, Math.max(0, 1 - Math.floor(Math.log10(100 * (high - low) || 1))));
+  const text = (share: number) => `${share < 0 ? '\u2212' : ''}${Math.abs(100 * share).toFixed(digits)}`;
+  return `${text(low)} to ${text(high)}\u00a0%`;
 }
 
 /** Thousands apart, as sets are counted. */
@@ -40,6 +43,7 @@ export function toldShare(figure: string, of: string, share: Share | null): HTML
     'span',
     {},
     told(figure, of, share.share, percentText(share.share)),
+    ' ',
     el(
       'small',
       {},

@@ -35,7 +35,7 @@ export function causes(scope: Scope): HTMLElement {
     );
   }
   const table = tableElement({
-    caption: 'Causes that recur',
+    caption: 'Recurring causes',
     columns: [
       { title: 'Station and model' },
       { title: 'Cause' },

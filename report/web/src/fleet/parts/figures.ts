@@ -80,7 +80,7 @@ export function figures(scope: Scope): HTMLElement | null {
     ).element;
   });
   const table = tableElement({
-    caption: 'Figures against their limits',
+    caption: 'All figures',
     columns: [
       { title: 'Figure' },
       { title: 'Unit' },

@@ -4,7 +4,7 @@ import { shortUnit } from '../../text/figures';
 import { numberText, percentText, rangeText, toldShare } from '../dom';
 import type { Drift } from '../statistics/cusum';
 import { capital, causeWords } from '../view/cause_words';
-import { lastingDrift } from '../view/courses';
+import { lastingDrift, type CourseView } from '../view/courses';
 import { measureTitle, type FleetView, type Stream } from '../view/view';
 import type { Scope } from './scope';
 
@@ -20,11 +20,16 @@ export function driftWords(view: FleetView, stream: Stream, measure: number, dri
   const course = stream.courses[measure]!;
   const behind = unit(view.fleet.measures[measure]!.unit);
   const now = (course.baseline?.mean ?? 0) + drift.shift;
-  const since = view.calendar.weekdayOf(course.minutes[drift.from]!);
+  const since = view.calendar.weekdayOf(beginMinute(course, drift));
   const until = drift.lasts ? '' : ` until ${view.calendar.weekdayOf(course.minutes[drift.to]!)}`;
   const word = drift.lasts ? 'since' : 'from';
   const size = numberText(Math.abs(drift.shift));
   return `${drift.side} by ${size}${behind} to ${numberText(now)}${behind} ${word} ${since}${until}`;
+}
+
+/** A point of many sets began when the one before it ended. */
+export function beginMinute({ minutes, each }: CourseView, { from }: Drift): number {
+  return minutes[each > 1 && from > 0 ? from - 1 : from] ?? 0;
 }
 
 /** Measures that drift, the most first. */
@@ -127,6 +132,6 @@ export function changeWords(difference: { value: number; low: number; high: numb
     return `no difference that is more than chance (${rangeText(difference)})`;
   const less = difference.high < 0;
   const [from, to] = less ? [-difference.high, -difference.low] : [difference.low, difference.high];
-  const size = percentText(Math.abs(difference.value)).replace(' %', '');
-  return `${size} points ${less ? 'less' : 'more'} (${rangeText({ low: from, high: to }).replace(/ %/g, '')})`;
+  const size = percentText(Math.abs(difference.value)).replace('\u00a0%', '');
+  return `${size} points ${less ? 'less' : 'more'} (${rangeText({ low: from, high: to }).replace('\u00a0%', '')})`;
 }

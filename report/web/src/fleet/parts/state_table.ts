@@ -4,7 +4,7 @@ import { icon } from '../../dom/icon';
 import { cell } from '../dom';
 import { lastingDrift } from '../view/courses';
 import { measureTitle, type Stream } from '../view/view';
-import { keyOf } from './findings';
+import { beginMinute, keyOf } from './findings';
 import type { Scope } from './scope';
 
 /** A drift that lasts is what matters; a broken rule among hundreds of charts may be chance. */
@@ -17,7 +17,7 @@ function state(scope: Scope, stream: Stream, measure: number): Cell {
     el('a', { href, 'data-state': `${keyOf(stream)} ${measure}` }, drift && icon('fail'), words);
   if (course.values.length < 2) return cell('–', null);
   if (drift) {
-    const since = scope.view.calendar.dayOf(course.minutes[drift.from]!);
+    const since = scope.view.calendar.dayOf(beginMinute(course, drift));
     return cell(link(` ${drift.side} since ${since}`), `${drift.side} since ${since}`);
   }
   const words = rules.length === 0 ? 'steady' : `rules ${rules.join(', ')}`.replace(/^rules (\d)$/, 'rule $1');

@@ -28,7 +28,7 @@ export function worst(scope: Scope): HTMLElement | null {
   const sets = fleet.worst.flatMap((set, index) => (seen[set.group] ? [{ set, index }] : [])).slice(0, most);
   if (sets.length === 0) return null;
   const table = tableElement({
-    caption: 'Worst sets',
+    caption: 'Sets, the worst first',
     columns: [
       { title: 'Set' },
       { title: 'Serial' },

@@ -44,7 +44,10 @@ function line(scope: Scope, stream: Stream): Cell[] {
     cell(toldCount('sets', of, all.sets), all.sets),
     cell(toldShare('late.yield', of, nowYield), nowYield?.share ?? null),
     cell(toldShare('before.yield', of, beforeYield), beforeYield?.share ?? null),
-    cell(difference ? `${percentText(difference.value).replace(' %', '')} points` : '–', difference?.value ?? null),
+    cell(
+      difference ? `${percentText(difference.value).replace('\u00a0%', '')} points` : '–',
+      difference?.value ?? null,
+    ),
     cell(toldCount('errors', of, all.errors), all.errors),
     state(stream),
   ];

@@ -57,6 +57,25 @@ function excursion(sums: readonly number[], decision: number): Excursion | null 
   return { from, to: sums.length - 1, lasts: true };
 }
 
+/**
+ * Where the shift began: the sum's last zero is early for a large one, so it is looked for once more with half of the
+ * shift found as allowance.
+ */
+function beginOf(values: readonly number[], { target, sigma }: CusumSettings, from: number, to: number): number {
+  const points = values.slice(from, to + 1).map((value) => (value - target) / sigma);
+  const half = points.reduce((sum, z) => sum + z, 0) / points.length / 2;
+  let sum = 0;
+  let least = 0;
+  let begin = 0;
+  points.forEach((z, k) => {
+    sum += Math.sign(half) * (z - half);
+    if (sum >= least) return;
+    least = sum;
+    begin = k + 1;
+  });
+  return from + Math.min(begin, points.length - 1);
+}
+
 /** Excursions of one side. Behind one that has come back the sum begins at zero again. */
 function side(values: readonly number[], settings: CusumSettings, sign: 1 | -1): { sums: number[]; drifts: Drift[] } {
   const sums: number[] = [];
@@ -69,8 +88,8 @@ function side(values: readonly number[], settings: CusumSettings, sign: 1 | -1):
       sums.push(...rest);
       break;
     }
-    const from = start + found.from;
     const to = start + found.to;
+    const from = beginOf(values, settings, start + found.from, to);
     const off = values.slice(from, to + 1);
     const shift = off.reduce((sum, value) => sum + value, 0) / off.length - settings.target;
     drifts.push({ side: sign > 0 ? 'up' : 'down', from, to, lasts: found.lasts, shift });

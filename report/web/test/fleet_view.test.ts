@@ -1,0 +1,122 @@
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import type { Fleet } from '../src/fleet/fleet_data';
+import { safePage } from '../src/fleet/parts/worst';
+import { recurrences, type CausePeriod } from '../src/fleet/statistics/recurring';
+import { Calendar } from '../src/fleet/view/calendar';
+import { causeWords } from '../src/fleet/view/cause_words';
+import { hashOf, placeOf, seenGroups } from '../src/fleet/view/filter';
+
+const period = (day: number, n: number, diagnosed: number, mean: number, sd = 0.001): CausePeriod => ({
+  day,
+  n,
+  diagnosed,
+  mean,
+  sd,
+  error: 0.001,
+});
+
+test('a cause recurs from the first day of the unbroken days on which half of the sets tell it', () => {
+  const days = [period(0, 1, 10, 0.05), period(1, 5, 10, 0.05), period(2, 9, 10, 0.05), period(3, 10, 10, 0.05)];
+  const [found, ...more] = recurrences(days);
+  assert.deepEqual(more, []);
+  assert.equal(found?.from, 1);
+  assert.equal(found?.to, 3);
+  assert.equal(found?.lasts, true);
+  assert.equal(found?.told, 24);
+  assert.equal(found?.diagnosed, 30);
+  assert.ok(Math.abs(found!.mean - 0.05) < 1e-12);
+});
+
+test('a cause that went away does not last, and a day without diagnosed sets breaks nothing', () => {
+  const days = [period(0, 5, 5, 0.05), period(1, 0, 0, 0), period(2, 5, 5, 0.05), period(3, 0, 9, 0)];
+  assert.deepEqual(
+    recurrences(days).map(({ from, to, lasts }) => [from, to, lasts]),
+    [[0, 2, false]],
+  );
+});
+
+test('four sets, or a mean that may be zero, are no recurrence', () => {
+  assert.deepEqual(recurrences([period(0, 4, 4, 0.05)]), []);
+  assert.deepEqual(recurrences([period(0, 9, 9, 0.001, 0.01)]), []);
+});
+
+test('a cause that was always there counts from where its value changed', () => {
+  const days = [0, 1, 2, 3].map((day) => period(day, 10, 10, 0.01));
+  const later = [4, 5, 6].map((day) => period(day, 10, 10, 0.05));
+  assert.deepEqual(
+    recurrences([...days, ...later]).map(({ from, to }) => [from, to]),
+    [[4, 6]],
+  );
+});
+
+test('causes are told with their side, size and unit', () => {
+  assert.equal(causeWords('rotation_x', 'deg', 0.0503, 0.0021), 'the right cameras look down by 0.0503° ± 0.0021°');
+  assert.equal(
+    causeWords('row_offset', 'px', -0.4, 0.05),
+    'the principal points of the right cameras are higher by 0.400 px ± 0.05 px',
+  );
+  assert.equal(
+    causeWords('focal_ratio', '', 0.001, 0.0001),
+    'the focal lengths of the right cameras are longer by 0.100 % ± 0.01 %',
+  );
+});
+
+test('days are told by the calendar of UTC', () => {
+  const calendar = new Calendar({ first_day: '2026-10-14', period: 'day' });
+  assert.equal(calendar.long(0), 'Wed 14 Oct 2026');
+  assert.equal(calendar.long(39), 'Sun 22 Nov 2026');
+  assert.equal(calendar.moment(90), 'Wed 14 Oct 2026, 01:30 UTC');
+  assert.equal(new Calendar({ first_day: '2026-10-12', period: 'week' }).long(7), 'the week of 19 Oct 2026');
+  assert.equal(new Calendar({ first_day: '2026-10-01', period: 'month' }).long(31), 'Nov 2026');
+});
+
+const fleet = {
+  keys: [
+    { key: 'station', values: ['1', 'a&b=c', null] },
+    { key: 'model', values: ['K2'] },
+  ],
+  measures: [{}, {}],
+} as unknown as Fleet;
+
+test('the address holds the filter and comes back as it was', () => {
+  for (const filter of [
+    [null, null],
+    [1, 0],
+    [2, null],
+  ]) {
+    const place = { filter, course: [1, 0] as [number, number], measure: 1 };
+    assert.deepEqual(placeOf(hashOf(place, fleet), fleet), place);
+  }
+  assert.deepEqual(placeOf('#by.station=nowhere&figure=9&at=x', fleet), {
+    filter: [null, null],
+    course: null,
+    measure: null,
+  });
+});
+
+test('a filter sees the groups that have all of its values', () => {
+  const groups = [
+    [0, 0],
+    [1, 0],
+    [1, 1],
+  ];
+  assert.deepEqual(seenGroups([1, null], groups), [false, true, true]);
+  assert.deepEqual(seenGroups([1, 1], groups), [false, false, true]);
+  assert.deepEqual(seenGroups([null, null], groups), [true, true, true]);
+});
+
+test('only pages beside or below are linked to', () => {
+  const cases: [string | null, boolean][] = [
+    ['pages/ab12.html', true],
+    ['my%20pages/ab12.html', true],
+    ['/etc/ab.html', false],
+    ['../ab.html', false],
+    ['javascript:alert(1)//.html', false],
+    ['http://x/ab.html', false],
+    ['//x/ab.html', false],
+    ['pages/ab', false],
+    [null, false],
+  ];
+  for (const [page, linked] of cases) assert.equal(safePage(page), linked ? page : null, String(page));
+});
