@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "CommandTest.h"
+#include "report/MadeFleet.h"
 
 namespace {
 
@@ -105,6 +106,15 @@ TEST_F(Report, ThatCannotBeWrittenIsTold) {
     isInWords(run);
   }
   nothingHalf();
+}
+
+TEST_F(Report, OfTheDataOfAFleetIsTheFleetsPage) {
+  set.parent.write("f.json", made_fleet::kText);
+  const CommandRun run = this->run({"report", set.parent.file("f.json"), "-o", page, "--title", "Line 4"});
+  EXPECT_EQ(run.exit_code, 0) << run.err;
+  const std::string html = set.parent.read("out.html");
+  EXPECT_EQ(dataOf(html)["fleet"], nlohmann::json::parse(made_fleet::kText));
+  EXPECT_THAT(html, HasSubstr("<title>Line 4</title>"));
 }
 
 }  // namespace

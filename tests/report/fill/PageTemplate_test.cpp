@@ -3,19 +3,25 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "support/TempFolder.h"
 
 namespace polarline {
 namespace {
 
-TEST(PageTemplateOf, IsTheFileByteForByte) { EXPECT_EQ(pageTemplate(), TempFolder::contentOf(PAGE_TEMPLATE)); }
+TEST(PageTemplateOf, IsTheFileByteForByte) {
+  EXPECT_EQ(pageTemplate(), TempFolder::contentOf(PAGE_TEMPLATE));
+  EXPECT_EQ(fleetTemplate(), TempFolder::contentOf(FLEET_TEMPLATE));
+}
 
 TEST(PageTemplateMarks, AreThereOnce) {
-  for (const char* mark : {"@POLARLINE_TITLE@", "@POLARLINE_DATA@", "@POLARLINE_STATIC@"}) {
-    const std::size_t at = pageTemplate().find(mark);
-    ASSERT_NE(at, std::string_view::npos) << mark;
-    EXPECT_EQ(pageTemplate().find(mark, at + 1), std::string_view::npos) << mark;
+  for (const std::string_view page : {pageTemplate(), fleetTemplate()}) {
+    for (const char* mark : {"@POLARLINE_TITLE@", "@POLARLINE_DATA@", "@POLARLINE_STATIC@"}) {
+      const std::size_t at = page.find(mark);
+      ASSERT_NE(at, std::string_view::npos) << mark;
+      EXPECT_EQ(page.find(mark, at + 1), std::string_view::npos) << mark;
+    }
   }
 }
 
