@@ -142,10 +142,12 @@ PartialFile::~PartialFile() {
 void PartialFile::fail(int error) const { throw polarline::OutputError(nameOf(place_), textOf(error)); }
 
 void PartialFile::append(std::string_view content) {
-  if (std::fwrite(content.data(), 1, content.size(), file_) != content.size()) fail(errno);
+  if (error_ == 0 && std::fwrite(content.data(), 1, content.size(), file_) != content.size()) error_ = errno;
+  if (error_ != 0) fail(error_);
 }
 
 void PartialFile::commit() {
+  if (error_ != 0) fail(error_);
   if (std::fflush(file_) != 0 || !synced(file_)) fail(errno);
   std::error_code failure;
   if (std::fclose(std::exchange(file_, nullptr)) != 0) failure.assign(errno, std::generic_category());

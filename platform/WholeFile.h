@@ -21,6 +21,8 @@ class PartialFile {
   PartialFile& operator=(const PartialFile&) = delete;
   ~PartialFile();
 
+  /// A piece that could not be written is missing for good: from then on every call throws, also once there is space
+  /// again.
   void append(std::string_view content);
   void commit();
   /// The same at another place on the device of the first.
@@ -32,6 +34,7 @@ class PartialFile {
   std::filesystem::path place_;
   std::filesystem::path written_;  ///< The place itself for a device.
   std::FILE* file_ = nullptr;
+  int error_ = 0;  ///< Of the first piece that could not be written.
 };
 
 /// A folder under another name beside its place, gone at the end of the object's life.

@@ -71,6 +71,20 @@ TEST_F(WholeFile, LeavesNothingWithoutACommit) {
   EXPECT_TRUE(isEmpty());
 }
 
+TEST_F(WholeFile, ThatMissesAPieceKeepsTheEarlierOneThoughThereIsSpaceAgain) {
+  folder.write("file", "earlier");
+  {
+    whole_file::PartialFile file(folder.file("file"));
+    {
+      const FullDevice full;
+      EXPECT_THAT(failure([&] { file.append(std::string(100000, 'x')); }), HasSubstr("File too large"));
+    }
+    EXPECT_THAT(failure([&] { file.append("more"); }), HasSubstr("File too large"));
+    EXPECT_THAT(failure([&] { file.commit(); }), HasSubstr("File too large"));
+  }
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("file", "earlier")));
+}
+
 TEST_F(WholeFile, TwoWritersOfOnePlaceDoNotMeet) {
   whole_file::PartialFile one(folder.file("file"));
   whole_file::PartialFile other(folder.file("file"));

@@ -1,11 +1,10 @@
 #include "polarline/check.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <utility>
 
+#include "platform/UnnamedFile.h"
 #include "platform/WholeFile.h"
 #include "polarline/errors.h"
 #include "polarline/report.h"
@@ -103,8 +102,7 @@ class DocumentFile {
     if (path != "-")
       file_ = std::make_unique<whole_file::PartialFile>(path);
     else
-      collected_.reset(std::tmpfile());
-    if (!file_ && !collected_) throw polarline::OutputError("a temporary file", std::strerror(errno));
+      collected_ = std::make_unique<UnnamedFile>();
     document_ = std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { write(piece); });
   }
   bool isWanted() const { return document_ != nullptr; }
@@ -115,24 +113,16 @@ class DocumentFile {
     if (!document_) return;
     document_->finish(check);
     if (file_) return file_->commit();
-    std::rewind(collected_.get());
-    std::string piece(kPiece, ' ');
-    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), collected_.get()))
-      deliver("-", piece.substr(0, count));
+    collected_->read([](const std::string& piece) { deliver("-", piece); });
   }
 
  private:
   void write(const std::string& piece) const {
     if (file_) return file_->append(piece);
-    if (std::fwrite(piece.data(), 1, piece.size(), collected_.get()) != piece.size())
-      throw polarline::OutputError("a temporary file", std::strerror(errno));
+    collected_->append(piece);
   }
 
-  static constexpr std::size_t kPiece = std::size_t{1} << 16U;
-  struct Closer {
-    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-  };
-  std::unique_ptr<std::FILE, Closer> collected_;  ///< Of standard output: nothing half goes there.
+  std::unique_ptr<UnnamedFile> collected_;  ///< Of standard output: nothing half goes there.
   std::unique_ptr<whole_file::PartialFile> file_;
   std::unique_ptr<polarline::CheckDocument> document_;
 };
