@@ -1,7 +1,7 @@
 // Two and eight checks side by side.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { goTo, within } from './support/browser.mjs';
+import { goTo, settled, within } from './support/browser.mjs';
 import { missingFigures, shownFigures, wrongFigures } from './support/figures.mjs';
 import { checkDocument, pageFile } from './support/pages.mjs';
 
@@ -73,3 +73,53 @@ test('The limits stand side by side', async () => {
     }
   });
 });
+
+const mapsOf = (page) =>
+  page.$$eval('#comparison .plot-picture', (nodes) =>
+    nodes.map((node) => [...node.querySelectorAll('.plot-legend text')].map((text) => text.textContent).join(' ')),
+  );
+
+for (const name of ['two', 'eight']) {
+  test(`The maps of '${name}' stay on one scale whatever is pressed`, async () => {
+    await within(pageFile(name), {}, async (page) => {
+      const press = async (label) => {
+        await page.evaluate((wanted) => {
+          const controls = [...document.querySelectorAll('#comparison > div > .plot-controls')];
+          const [bar] = controls;
+          const found = [...bar.querySelectorAll('button, label')].find((node) => node.textContent.startsWith(wanted));
+          if (controls.length !== 1 || !found) throw new Error(`${controls.length} bars, ${wanted}`);
+          (found.querySelector('input[type=checkbox]') ?? found).click();
+        }, label);
+        await settled(page);
+      };
+      const enlarge = async (place) => {
+        await page.$eval(
+          '#comparison > div > .plot-controls input[type=range]',
+          (input, value) => {
+            input.value = value;
+            input.dispatchEvent(new Event('input'));
+          },
+          String(place),
+        );
+        await settled(page);
+      };
+      const seen = [];
+      const one = async (what) => {
+        const legends = await mapsOf(page);
+        assert.equal(legends.length, sides[name].length);
+        assert.deepEqual([...new Set(legends)].length, 1, `${what}: ${legends.join(' | ')}`);
+        seen.push(legends[0]);
+      };
+      await one('arrows');
+      await enlarge(3);
+      await one('enlarged');
+      assert.notEqual(seen[0], seen[1]);
+      await press('Map');
+      await one('map');
+      await press('What remains');
+      await one('what remains');
+      await press('Arrows');
+      await one('arrows of what remains');
+    });
+  });
+}

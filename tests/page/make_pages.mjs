@@ -4,7 +4,7 @@ import { mkdirSync, readFileSync, renameSync, rmSync, writeFileSync } from 'node
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { fleetDocuments } from './support/fleet_pages.mjs';
-import { hostile, many, onePair, scaled, withNulls } from './support/alter.mjs';
+import { hostile, limited, many, onePair, scaled, withNulls } from './support/alter.mjs';
 
 const [polarline, folder] = process.argv.slice(2).map((name) => path.resolve(name));
 const here = path.dirname(fileURLToPath(import.meta.url));
@@ -32,6 +32,17 @@ const write = (name, made) => writeFileSync(document(name), JSON.stringify(made)
 function report(name, documents = [name], ...words) {
   run('report', ...documents.map(document), '-o', path.join(folder, `${name}.html`), ...words);
 }
+
+/** On a list, on a figure that is not a main one, on a refined one, two on one figure, and one from below. */
+const manyLimits = [
+  '|tri_dis[0]|<=0.2',
+  'allpoint_max<=263.5',
+  'refined.dy_means<=0.286',
+  'dy_means<=5',
+  'dy_means<=0.285',
+  'tri_rms>=0.1435',
+  'dy_max<=0.41',
+];
 
 /** Pictures with names that are no UTF-8. */
 function namedByBytes() {
@@ -76,6 +87,9 @@ function altered() {
   write('nulls', withNulls(read('good')));
   write('one_pair', onePair(read('good')));
   write('many', many(read('dense'), 500));
+  write('limits', limited(read('misaligned'), ...manyLimits));
+  write('limits_refined', limited(read('misaligned'), 'refined.dy_means<=0.2845'));
+  write('unlimited', limited(read('misaligned')));
   for (let index = 1; index <= 6; index += 1)
     write(`after_${index}`, scaled(read('good'), `after ${index}`, 1 + index / 10));
 }
@@ -84,7 +98,10 @@ rmSync(folder, { recursive: true, force: true });
 mkdirSync(sets, { recursive: true });
 ofRuns();
 altered();
-for (const name of ['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'many'])
+for (const name of [
+  ...['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'many'],
+  ...['limits', 'limits_refined', 'unlimited'],
+])
   report(name);
 report('two', ['misaligned', 'good']);
 report('eight', ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)]);

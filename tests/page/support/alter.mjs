@@ -104,3 +104,11 @@ export function many(document, count) {
   Object.assign(made.summary, { pairs: count, finished: count });
   return made;
 }
+
+/** The limits of the document in place of its own, broken by its pairs or not; the page marks pairs by itself. */
+export function limited(document, ...texts) {
+  const made = copy(document);
+  made.limits = texts.map((text) => ({ text, value: 1, holds: false, pair: 0, why: 'broken' }));
+  made.verdict = texts.length > 0 ? 'fail' : 'pass';
+  return made;
+}

@@ -1,9 +1,9 @@
 import { el } from '../dom/el';
-import { plotFigure } from '../dom/plot_figure';
+import { plotFigure, type DrawnFigure } from '../dom/plot_figure';
 import type { ComparedFigure, PageData } from '../page_data';
 import { comparedFigure, type ComparisonView } from '../plots/comparison';
-import { quantile } from '../plots/numbers';
-import { pictureMap } from '../plots/picture_map';
+import { scaleOf } from '../plots/classes';
+import { pictureMap, sharedControls, type SharedScale } from '../plots/picture_map';
 import { SelectionStore } from '../state/selection';
 import { rulesOn } from '../text/limits';
 import { shown } from '../text/number';
@@ -12,12 +12,12 @@ import { sides, some } from './pair_views';
 import type { PairScope, Scope } from './scope';
 
 function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLElement[] {
-  const limits = data.checks[0]?.document.limits ?? [];
+  const limits = data.checks.flatMap(({ document }) => document.limits);
   return figures.map((figure) => {
     const view: ComparisonView = {
       figure: scope.explanations.title(figure.figure),
       unit: figure.unit,
-      limit: rulesOn(limits, figure.figure, 'library')[0]?.bound ?? null,
+      limits: [...new Set(rulesOn(limits, figure.figure, 'library').map(({ bound }) => bound))],
       checks: data.checks.map(({ title }, index) => ({
         title,
         mean: figure.mean[index] ?? null,
@@ -59,45 +59,61 @@ function firstPairs(data: PageData, scope: Scope): First[] {
   });
 }
 
-function maps(data: PageData, scope: Scope): HTMLElement[] {
-  const found = firstPairs(data, scope);
-  const all = found.flatMap(({ scope: { details } }) => details?.points?.dy ?? []);
-  const largest = quantile(all.filter((v): v is number => v !== null).map(Math.abs), 0.98);
+/** Of all these pairs together, so that the same arrow or colour is the same difference in each map. */
+function scaleOfAll(found: readonly First[]): SharedScale {
+  const points = found.map(({ scope: { details } }) => details!.points!);
+  const left = points.flatMap(({ dy, dy_pattern }) =>
+    dy.map((value, i) => (value === null ? null : value - (dy_pattern[i] ?? 0))),
+  );
+  return {
+    whole: scaleOf(points.flatMap(({ dy }) => dy)),
+    left: scaleOf(left),
+    width: Math.max(...found.map(({ scope: own }) => sides(own, own.details!.points!)[0]?.width ?? 1000)),
+    form: { as: 'arrows', remains: false, enlarged: null },
+  };
+}
+
+function mapFigures(found: readonly First[], shared: SharedScale, end: AbortSignal): DrawnMap[] {
   return found.map(({ scope: own, title }) => {
     const points = own.details!.points!;
-    return plotFigure(
-      {
-        title,
-        sentence: own.details?.statistics?.sentences.map ?? '',
-        help: help.map,
-        plot: pictureMap,
-        view: {
-          name: 'Row difference',
-          unit: 'pixels',
-          ids: points.id,
-          sides: sides(own, points),
-          values: points.dy,
-          pattern: points.dy_pattern,
-          signed: true,
-          arrows: true,
-          limit: null,
-          largest,
-        },
-        selection: new SelectionStore(),
-      },
-      scope.end,
-    ).element;
+    const view = {
+      name: 'Row difference',
+      unit: 'pixels',
+      ids: points.id,
+      sides: sides(own, points),
+      values: points.dy,
+      pattern: points.dy_pattern,
+      signed: true,
+      arrows: true,
+      bounds: [],
+      shared,
+    };
+    const sentence = own.details?.statistics?.sentences.map ?? '';
+    const selection = new SelectionStore();
+    return { view, figure: plotFigure({ title, sentence, help: help.map, plot: pictureMap, view, selection }, end) };
   });
+}
+
+interface DrawnMap {
+  view: object;
+  figure: DrawnFigure;
+}
+
+function maps(data: PageData, scope: Scope): HTMLElement[] {
+  const found = firstPairs(data, scope);
+  if (found.length === 0) return [];
+  const shared = scaleOfAll(found);
+  const drawn = mapFigures(found, shared, scope.end);
+  const hasPattern = found.some(({ scope: { details } }) => (details?.points?.dy_pattern.length ?? 0) > 0);
+  const redraw = (): void => drawn.forEach(({ view, figure }) => figure.show(view));
+  return [
+    el('h3', {}, 'Row differences of the worst pairs, on one scale'),
+    sharedControls(shared, hasPattern, redraw),
+    el('div', { class: 'grid' }, ...drawn.map(({ figure }) => figure.element)),
+  ];
 }
 
 /** Means beside each other, and the row differences of the worst pairs on one scale. */
 export function comparisonPlots(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLElement {
-  const drawn = maps(data, scope);
-  return el(
-    'div',
-    {},
-    el('div', { class: 'grid' }, ...means(data, figures, scope)),
-    drawn.length > 0 && el('h3', {}, 'Row differences of the worst pairs, on one scale'),
-    el('div', { class: 'grid' }, ...drawn),
-  );
+  return el('div', {}, el('div', { class: 'grid' }, ...means(data, figures, scope)), ...maps(data, scope));
 }

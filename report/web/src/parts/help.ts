@@ -2,7 +2,7 @@
 export const help = {
   map: 'Each arrow stands at a dot and points down where the left dot lies lower than the right one. Noise points anywhere; neighbours that agree mean a misalignment: all the same way is a turn about the horizontal axis or a shift of the rows, growing from left to right is a roll, growing from top to bottom is a focal length. What remains shows the row differences less those that the told causes would make.',
   histogram:
-    'How many dots have which value. The line is the normal distribution of the same mean and standard deviation: flat or two-humped bars are no noise; look at the map. Dashed lines mark the limit. Drag across bars to choose their dots in every plot.',
+    'How many dots have which value. The line is the normal distribution of the same mean and standard deviation: flat or two-humped bars are no noise; look at the map. Dashed lines mark a limit on the largest one, and, without judging, the bound beyond which dy_ratio counts dots. Drag across bars to choose their dots in every plot.',
   course:
     'Mean of the dots in each stripe of the picture with their standard deviation, and the line of least squares through all of them. A line that rises or falls is a misalignment; a bow comes from the lens model.',
   cells:

@@ -1,16 +1,17 @@
 import { el } from '../dom/el';
 import { choice } from '../plots/controls';
+import type { CheckPair } from '../page_data';
 import type { SelectionStore } from '../state/selection';
 import { followDots } from '../dom/tooltip';
 import type { Source } from '../text/figures';
 import { chip, section } from './chip';
 import { chosenDots, worstDots } from './dots';
 import { givenUp } from './given_up';
-import { allFigures, isOver, tiles } from './pair_figures';
+import { allFigures, tiles } from './pair_figures';
 import { pairPlots } from './pair_plots';
 import { quality } from './pair_quality';
 import { hasRefined, pairLink, type PairScope } from './scope';
-import { valueOf } from '../text/figures';
+import { brokenBy, brokenWords } from '../text/limits';
 
 function step(scope: PairScope, by: number, words: string): HTMLElement {
   const { pairs } = scope.check.document;
@@ -19,15 +20,20 @@ function step(scope: PairScope, by: number, words: string): HTMLElement {
   return el('a', { class: 'button', 'data-focus': words, href: pairLink(scope, other.index) }, words);
 }
 
+function stateWords({ check }: PairScope, pair: CheckPair): string {
+  if (pair.state !== 'finished') return ', given up';
+  return brokenBy(check.document.limits, pair).length > 0 ? ', breaks a limit' : '';
+}
+
 function chooser(scope: PairScope): HTMLElement {
   const select = el(
     'select',
     { 'aria-label': 'Pair', 'data-focus': 'pair' },
-    ...scope.check.document.pairs.map(({ index, state }) =>
+    ...scope.check.document.pairs.map((pair) =>
       el(
         'option',
-        { value: index, selected: index === scope.pair.index },
-        `Pair ${index}${state === 'finished' ? '' : ', given up'}`,
+        { value: pair.index, selected: pair === scope.pair },
+        `Pair ${pair.index}${stateWords(scope, pair)}`,
       ),
     ),
   );
@@ -51,15 +57,15 @@ function navigation(scope: PairScope, chooseSource: (source: Source) => void): H
 
 function state(scope: PairScope): HTMLElement {
   const { pair, check } = scope;
-  const over = check.main_figures.filter((name) => isOver(scope, name, valueOf(pair, 'library', name), 'library'));
+  const broken = brokenBy(check.document.limits, pair);
   const position = check.document.pairs.indexOf(pair);
   return el(
     'p',
     { class: 'pair-state' },
     pair.state !== 'finished'
       ? chip('given_up', 'given up')
-      : over.length > 0
-        ? chip('fail', `over: ${over.join(', ')}`)
+      : broken.length > 0
+        ? chip('fail', brokenWords(broken))
         : chip('pass', 'finished'),
     position === check.first_pair && check.worst_pair_text !== '' && chip('none', 'worst pair'),
     el('span', { class: 'faint' }, el('bdi', {}, pair.left), ' and ', el('bdi', {}, pair.right)),

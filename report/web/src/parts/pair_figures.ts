@@ -2,7 +2,7 @@ import { el } from '../dom/el';
 import { tableElement, type Cell } from '../dom/table';
 import { figureValue, type ShownFigure } from '../dom/value';
 import { figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
-import { exceeds, rulesOn } from '../text/limits';
+import { beyondWords, brokenBy, type Broken } from '../text/limits';
 import { between, error } from '../text/number';
 import { icon } from '../dom/icon';
 import { isFrame } from './pair_views';
@@ -23,31 +23,38 @@ export function pairFigure(scope: PairScope, name: string, source: Source): Show
   };
 }
 
-export function isOver(
-  scope: { check: PairScope['check'] },
-  name: string,
-  value: number | null,
-  source: Source,
-): boolean {
-  return value !== null && rulesOn(scope.check.document.limits, name, source).some((rule) => exceeds(rule, value));
-}
-
-function tile(scope: PairScope, name: string): HTMLElement {
-  const figure = pairFigure(scope, name, 'library');
-  const over = isOver(scope, name, figure.value, 'library');
+function tile(scope: PairScope, name: string, broken: readonly Broken[]): HTMLElement {
+  const said = (source: Source): string => beyondWords(broken, name, source);
+  const told = (source: Source): HTMLElement | false =>
+    said(source) !== '' && el('span', { class: 'hidden-text' }, ` ${said(source)}`);
+  const marked = said('refined') !== '' && el('span', { class: 'over-text' }, icon('fail'), ' ');
   return el(
     'div',
-    { class: `tile ${over ? 'over' : ''}` },
+    { class: `tile ${said('library') ? 'over' : ''} ${said('refined') ? 'refined-over' : ''}` },
     el(
       'dt',
       { title: scope.explanations.of(name).text },
-      over && icon('fail'),
+      said('library') !== '' && icon('fail'),
       scope.explanations.title(name),
       el('small', {}, name),
     ),
-    el('dd', {}, figureValue(figure), over && el('span', { class: 'hidden-text' }, ' over the limit')),
-    scope.pair.refined && el('dd', { class: 'refined' }, 'refined ', figureValue(pairFigure(scope, name, 'refined'))),
+    el('dd', {}, figureValue(pairFigure(scope, name, 'library')), told('library')),
+    scope.pair.refined &&
+      el(
+        'dd',
+        { class: 'refined' },
+        marked,
+        'refined ',
+        figureValue(pairFigure(scope, name, 'refined')),
+        told('refined'),
+      ),
   );
+}
+
+/** The main figures, and behind them others by which the pair breaks a limit. */
+function tileNames(scope: PairScope, broken: readonly Broken[]): string[] {
+  const measured = broken.filter(({ how }) => how !== 'not measured').map(({ figure }) => figure);
+  return [...new Set([...scope.check.main_figures, ...measured])];
 }
 
 /** The figures that matter first. */
@@ -55,6 +62,7 @@ export function tiles(scope: PairScope): HTMLElement {
   const { found } = scope.pair;
   const dots = scope.details?.points?.id.length;
   const { points } = scope.check.document.board;
+  const broken = brokenBy(scope.check.document.limits, scope.pair);
   return el(
     'dl',
     { class: 'tiles' },
@@ -67,7 +75,7 @@ export function tiles(scope: PairScope): HTMLElement {
         el('dd', {}, el('span', { class: 'value' }, `${found.left}, ${found.right}`), el('small', {}, ` of ${points}`)),
         dots !== undefined && el('dd', { class: 'refined' }, `${dots} in both`),
       ),
-    ...scope.check.main_figures.map((name) => tile(scope, name)),
+    ...tileNames(scope, broken).map((name) => tile(scope, name, broken)),
   );
 }
 

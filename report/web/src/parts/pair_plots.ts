@@ -10,7 +10,7 @@ import { pictureMap } from '../plots/picture_map';
 import type { Plot } from '../plots/plot';
 import type { Selection } from '../state/selection';
 import { help } from './help';
-import { dotLimit, isFrame, sides, some } from './pair_views';
+import { countingBound, dotLimits, isFrame, sides, some } from './pair_views';
 import type { PairScope } from './scope';
 
 interface Given {
@@ -39,15 +39,14 @@ function rowDifferences(given: Given): HTMLElement[] {
   const { scope, points, statistics } = given;
   if (!some(points.dy)) return [];
   const { sentences } = statistics;
-  const limit = dotLimit(scope, 'dy_max', 'dy_bias_divid');
-  const dy = { name: 'Row difference', unit: 'pixels', ids: points.id, values: points.dy, limit };
+  const bounds = [...dotLimits(scope, 'dy_max'), ...countingBound(scope, 'dy_bias_divid', 'dy_ratio')];
+  const dy = { name: 'Row difference', unit: 'pixels', ids: points.id, values: points.dy, bounds };
   const map = {
     ...dy,
     sides: sides(scope, points),
     pattern: points.dy_pattern,
     signed: true,
     arrows: true,
-    largest: null,
   };
   const courses = [
     [
@@ -95,17 +94,16 @@ function residuals(given: Given): HTMLElement[] {
   const { scope, points, statistics } = given;
   if (!some(points.residual)) return [];
   const { board } = scope.check.document;
-  const limit = dotLimit(scope, 'tri_max', 'tri_bias_divid');
-  const residual = {
-    name: 'Residual',
-    unit: 'pixels',
-    ids: points.id,
-    values: points.residual,
-    signed: false,
+  const residual = { name: 'Residual', unit: 'pixels', ids: points.id, values: points.residual, signed: false };
+  const cells = {
+    ...residual,
     largest: null,
+    column: points.column,
+    row: points.row,
+    columns: board.cols,
+    rows: board.rows,
   };
-  const cells = { ...residual, column: points.column, row: points.row, columns: board.cols, rows: board.rows };
-  const map = { ...residual, sides: sides(scope, points), arrows: false, limit };
+  const map = { ...residual, sides: sides(scope, points), arrows: false, bounds: dotLimits(scope, 'tri_max') };
   return [
     ...(isFrame(scope)
       ? []
@@ -130,7 +128,7 @@ function space(given: Given): HTMLElement[] {
     offY: points.off_y,
     offZ: points.off_z,
   };
-  const depthMap = { ...depth, sides: sides(scope, points), limit: null, largest: null };
+  const depthMap = { ...depth, sides: sides(scope, points), bounds: [] };
   return [
     ...(some(points.off_z) && !isFrame(scope)
       ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'tall')]
@@ -158,7 +156,7 @@ function disparity(given: Given): HTMLElement[] {
     ids: points.id,
     values: points.disparity,
     spread: statistics.disparity,
-    limit: null,
+    bounds: [],
     normal: false,
   };
   return [figure(given, 'Range of disparities', statistics.sentences.disparity, help.disparity, histogram, view)];

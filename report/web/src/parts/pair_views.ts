@@ -1,6 +1,7 @@
 import type { CoverageGrid, DotColumns, Picture } from '../page_data';
 import type { PictureSide } from '../plots/picture_stage';
-import { rulesOn } from '../text/limits';
+import type { Bound } from '../plots/bounds';
+import { isUpper, rulesOn } from '../text/limits';
 import type { PairScope, Scope } from './scope';
 
 /** Of the cameras' pictures; where the document does not tell, the shape of the grid. */
@@ -46,14 +47,16 @@ export function isFrame(scope: Scope): boolean {
   return Boolean(scope.check.document.settings['frame_work']);
 }
 
-/** What a single dot may have: the limit on the largest, else the bound from which the library counts dots as bad. */
-export function dotLimit(scope: PairScope, figure: string, setting: string): number | null {
-  const [rule] = rulesOn(scope.check.document.limits, figure, scope.source).filter(({ operator }) =>
-    operator.startsWith('<'),
-  );
-  if (rule) return rule.bound;
-  const bound = scope.check.document.settings[setting];
-  return typeof bound === 'number' && bound > 0 ? bound : null;
+/** What a single dot may have: the limits on the largest of them. */
+export function dotLimits(scope: PairScope, largest: string): Bound[] {
+  const rules = rulesOn(scope.check.document.limits, largest, scope.source).filter(isUpper);
+  return rules.map(({ bound }) => ({ value: bound, word: 'limit', judges: true }));
+}
+
+/** The bound of the configuration beyond which a figure counts the dots, whoever refined them. */
+export function countingBound(scope: PairScope, setting: string, figure: string): Bound[] {
+  const value = scope.check.document.settings[setting];
+  return typeof value === 'number' && value > 0 ? [{ value, word: `bound of ${figure}`, judges: false }] : [];
 }
 
 export function some(values: readonly (number | null)[]): boolean {

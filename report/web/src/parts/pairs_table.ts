@@ -2,7 +2,7 @@ import { el } from '../dom/el';
 import { tableElement, type Cell, type Column } from '../dom/table';
 import type { CheckPair } from '../page_data';
 import { bareName, figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
-import { exceeds, rulesOn } from '../text/limits';
+import { beyondWords, brokenBy, brokenWords, type Broken } from '../text/limits';
 import { chip, section } from './chip';
 import { pairLink, type Scope } from './scope';
 
@@ -16,10 +16,12 @@ export function names(scope: Scope, source: Source): string[] {
   return [...main, ...[...found].filter((name) => !main.includes(name))];
 }
 
-function state(pair: CheckPair, over: string[]): Cell {
+function state(pair: CheckPair, broken: readonly Broken[]): Cell {
   if (pair.state !== 'finished') return { content: chip('given_up', 'given up'), value: 'given up' };
-  if (over.length > 0) return { content: chip('fail', 'over'), value: `over: ${over.join(' ')}` };
-  return { content: chip('pass', 'finished'), value: 'finished' };
+  if (broken.length === 0) return { content: chip('pass', 'finished'), value: 'finished' };
+  const how = [...new Set(broken.map((each) => each.how))].join(', ');
+  const names = el('small', {}, [...new Set(broken.map(({ name }) => name))].join(', '));
+  return { content: el('span', {}, chip('fail', how), names), value: brokenWords(broken) };
 }
 
 function note(pair: CheckPair): string {
@@ -64,10 +66,6 @@ export function pairsTable(scope: Scope): HTMLElement {
   const { source, explanations, number } = scope;
   const { pairs, limits } = scope.check.document;
   const figures = names(scope, source);
-  const rules = new Map(figures.map((name) => [name, rulesOn(limits, name, source)]));
-  const isOver = (name: string, value: number | null): boolean =>
-    value !== null && (rules.get(name) ?? []).some((rule) => exceeds(rule, value));
-  const over = (pair: CheckPair): string[] => figures.filter((name) => isOver(name, valueOf(pair, source, name)));
   const columns: Column[] = [
     { title: 'Pair', numbers: true },
     { title: 'State' },
@@ -81,9 +79,10 @@ export function pairsTable(scope: Scope): HTMLElement {
     { title: 'Pictures', more: true },
     { title: 'Note', more: true },
   ];
-  const rows = pairs.map((pair) => [
+  const broken = pairs.map((pair) => brokenBy(limits, pair));
+  const rows = pairs.map((pair, at) => [
     { content: el('a', { href: pairLink(scope, pair.index) }, String(pair.index)), value: pair.index },
-    state(pair, over(pair)),
+    state(pair, broken[at] ?? []),
     ...figures.map((name) => {
       const value = valueOf(pair, source, name);
       return {
@@ -93,7 +92,7 @@ export function pairsTable(scope: Scope): HTMLElement {
         value,
         refined: source === 'refined',
         absence: reasonOfAbsence(pair, source, name),
-        over: pair.state === 'finished' && isOver(name, value),
+        over: beyondWords(broken[at] ?? [], name, source) !== '',
       };
     }),
     {

@@ -2,10 +2,11 @@ import { el } from '../dom/el';
 import { plotFigure, type DrawnFigure } from '../dom/plot_figure';
 import { trendOverPairs, type TrendView } from '../plots/trend';
 import { SelectionStore } from '../state/selection';
-import { valueOf } from '../text/figures';
-import { exceeds, rulesOn, type LimitRule } from '../text/limits';
-import { shown } from '../text/number';
+import { bareName, valueOf } from '../text/figures';
+import { exceeds, isUpper, limitedFigures, rulesOn, type LimitRule } from '../text/limits';
+import { shown, typographic } from '../text/number';
 import { section } from './chip';
+import { names } from './pairs_table';
 import type { Scope } from './scope';
 
 export interface Trends {
@@ -14,7 +15,7 @@ export interface Trends {
   mark(pair: number): void;
 }
 
-function viewOf(scope: Scope, name: string, rule: LimitRule | undefined): TrendView {
+function viewOf(scope: Scope, name: string, rules: LimitRule[]): TrendView {
   const { source, explanations } = scope;
   return {
     name: explanations.title(name),
@@ -29,25 +30,39 @@ function viewOf(scope: Scope, name: string, rule: LimitRule | undefined): TrendV
         low: known?.low95 ?? null,
         high: known?.high95 ?? null,
         givenUp: pair.state !== 'finished',
-        over: value !== null && rule !== undefined && exceeds(rule, value),
+        over: value !== null && rules.some((rule) => exceeds(rule, value)),
       };
     }),
-    limit: rule ? { value: rule.bound, sense: rule.operator.startsWith('<') ? 'at most' : 'at least' } : null,
+    limits: rules.map((rule) => ({
+      value: rule.bound,
+      sense: isUpper(rule) ? 'at most' : 'at least',
+      absolute: rule.absolute,
+    })),
     chosen: null,
     choose: scope.go,
   };
 }
 
-function sentenceOf(view: TrendView): string {
+const countedPairs = (count: number): string =>
+  count === 0 ? 'No pair is' : count === 1 ? 'One pair is' : `${count} pairs are`;
+
+/** One for each limit: how many pairs break it, and on which side of it they are. */
+function limitSentences(values: readonly number[], rules: readonly LimitRule[]): string {
+  return rules
+    .map((rule) => {
+      const beyond = values.filter((value) => exceeds(rule, value)).length;
+      return ` ${countedPairs(beyond)} ${isUpper(rule) ? 'over' : 'below'} the limit ${typographic(String(rule.bound))}.`;
+    })
+    .join('');
+}
+
+function sentenceOf(view: TrendView, rules: readonly LimitRule[]): string {
   const there = view.pairs.filter((pair) => pair.value !== null);
   const values = there.map((pair) => pair.value as number);
   if (values.length === 0) return `${view.name}: no pair measured it.`;
   const [least, most] = [Math.min(...values), Math.max(...values)];
   const at = (value: number) => there.find((pair) => pair.value === value)?.index;
-  const over = there.filter((pair) => pair.over).length;
-  const limited = view.limit
-    ? ` ${over === 0 ? 'No pair is' : over === 1 ? 'One pair is' : `${over} pairs are`} over the limit ${view.limit.value}.`
-    : '';
+  const limited = limitSentences(values, rules);
   const givenUp = view.pairs.filter((pair) => pair.givenUp).length;
   return `From ${shown(least)} (pair ${at(least)}) to ${shown(most)} (pair ${at(most)}).${limited}${givenUp > 0 ? ` ${givenUp} given up.` : ''}`;
 }
@@ -63,19 +78,31 @@ function folded(figures: HTMLElement[]): HTMLElement[] {
   return [first, el('details', { class: 'on-paper' }, summary, el('div', { class: 'grid' }, ...rest))];
 }
 
+/** The main ones, and what else a limit judges in each pair; of a list its entries. */
+function figureNames(scope: Scope): string[] {
+  const { document, main_figures } = scope.check;
+  const measured = names(scope, scope.source);
+  const limited = limitedFigures(document.limits, scope.source).flatMap((figure) =>
+    measured.filter((name) => name === figure || bareName(name) === figure),
+  );
+  return [...new Set([...main_figures, ...limited])];
+}
+
 /** The main figures over the pairs, small. One pair makes no trend. */
 export function trends(scope: Scope): Trends | null {
   const { pairs, limits } = scope.check.document;
   if (pairs.length < 2) return null;
   const selection = new SelectionStore();
-  if (scope.check.main_figures.length === 0) return null;
-  const drawn = scope.check.main_figures.map((name): [TrendView, DrawnFigure] => {
-    const view = viewOf(scope, name, rulesOn(limits, name, scope.source)[0]);
+  const figures = figureNames(scope);
+  if (figures.length === 0) return null;
+  const drawn = figures.map((name): [TrendView, DrawnFigure] => {
+    const rules = rulesOn(limits, name, scope.source);
+    const view = viewOf(scope, name, rules);
     const figure = plotFigure(
       {
         title: view.name,
-        sentence: sentenceOf(view),
-        help: 'One point a pair, in the order in which they were taken, with the band in which the figure lies with 95 % where that is known. Crosses are over the limit, ticks on the axis are pairs that were given up. Choose a point, or one with the arrow keys and Enter, to see that pair below.',
+        sentence: sentenceOf(view, rules),
+        help: 'One point a pair, in the order in which they were taken, with the band in which the figure lies with 95 % where that is known. Crosses break a limit, ticks on the axis are pairs that were given up. Choose a point, or one with the arrow keys and Enter, to see that pair below.',
         plot: trendOverPairs,
         view,
         selection,

@@ -10,7 +10,7 @@ export interface ComparisonView {
   figure: string;
   unit: string;
   checks: readonly ComparedCheck[];
-  limit: number | null;
+  limits: readonly number[];
 }
 
 export interface ComparedCheck {
@@ -29,31 +29,31 @@ interface Line extends ComparedCheck {
 }
 
 export function comparedFigure(view: ComparisonView, context: PlotContext): SVGSVGElement {
-  const { checks, limit } = view;
+  const { checks, limits } = view;
   const longest = Math.max(...checks.map((check) => check.title.length));
   const room = Math.max(40, Math.min(context.width * 0.35, letterWidth * longest));
   // Numbered, as two checks may bear names that are cut to the same.
   const titles = checks.map((check, i) => `${i + 1} ${check.title}`);
   const lines = checks.map((check, i) => ({ ...check, line: titles[i] ?? '' })).filter((check) => check.mean !== null);
   const numbers = checks.flatMap((check) => present([check.mean, check.low, check.high]));
-  const [from, to] = rangeOf([...numbers, ...(limit === null ? [] : [limit])], 0.08);
+  const [from, to] = rangeOf([...numbers, ...limits], 0.08);
   const ticks = ticksOf(from, to, Math.max(2, (context.width - room) / 80));
   const keys = judgements(checks);
   const below = keys.length ? keyLegendHeight(keys, context.width - 16) : 0;
-  const height = (limit === null ? 50 : 64) + 28 * checks.length + below;
+  const height = (limits.length === 0 ? 50 : 64) + 28 * checks.length + below;
   const drawing = plotted({
     width: context.width,
     height,
     marginLeft: room + 30,
     marginRight: 16,
-    marginTop: limit === null ? 8 : 22,
+    marginTop: limits.length === 0 ? 8 : 22,
     marginBottom: 42 + below,
     x: { domain: [from, to], label: null },
     y: { type: 'band', domain: titles, label: null },
     symbol: { range: ['circle'] },
     marks: [
       ...axes(ticks, titles, room),
-      ...limitLine(limit),
+      ...limitLines(limits),
       ...intervals(lines),
       Plot.text([withUnit(view.figure, view.unit)], {
         ...writing,
@@ -96,12 +96,13 @@ function axes(ticks: Ticks, titles: string[], room: number): Plot.Markish[] {
   ];
 }
 
-function limitLine(limit: number | null): Plot.Markish[] {
-  if (limit === null) return [];
-  const name = { ...writing, x: () => limit, frameAnchor: 'top', dy: -14, fill: 'var(--over)' } as const;
+function limitLines(limits: readonly number[]): Plot.Markish[] {
+  if (limits.length === 0) return [];
+  const name = { ...writing, x: (limit: number) => limit, frameAnchor: 'top', dy: -14, fill: 'var(--over)' } as const;
+  const text = (limit: number) => `limit ${plain(limit)}`;
   return [
-    Plot.ruleX([limit], { stroke: 'var(--over)', strokeDasharray: '5 4', strokeWidth: 1.5 }),
-    Plot.text([`limit ${plain(limit)}`], name),
+    Plot.ruleX(limits, { stroke: 'var(--over)', strokeDasharray: '5 4', strokeWidth: 1.5 }),
+    Plot.text(limits, { ...name, text }),
   ];
 }
 

@@ -1,19 +1,9 @@
 import type { Course } from '../page_data';
+import { boundColour, boundText, type Bound } from './bounds';
 import { framed, type FramedPlot } from './base';
 import { keyLegend, keyLegendHeight, type Key } from './legend';
 import { placesOf } from './nearest';
-import {
-  decimalsOf,
-  fixed,
-  niceStep,
-  plain,
-  present,
-  quantile,
-  rangeOf,
-  unitText,
-  withUnit,
-  type Numbers,
-} from './numbers';
+import { decimalsOf, fixed, niceStep, present, quantile, rangeOf, unitText, withUnit, type Numbers } from './numbers';
 import type { PlotContext } from './plot';
 import { DotStage } from './stage';
 import { batched, circlePath, halo, svg, window } from './svg';
@@ -30,7 +20,7 @@ export interface CourseView {
   values: Numbers;
   course: Course;
   /** Marked on both sides of zero. */
-  limit: number | null;
+  bounds: readonly Bound[];
 }
 
 export function courseAlong(view: CourseView, context: PlotContext): HTMLElement {
@@ -106,7 +96,7 @@ function stripes(course: Course, plot: FramedPlot): SVGElement[] {
   ];
 }
 
-function guides({ course, limit }: CourseView, plot: FramedPlot): SVGElement[] {
+function guides({ course, bounds, unit }: CourseView, plot: FramedPlot): SVGElement[] {
   const { box } = plot;
   const ends = [course.at[0] ?? 0, course.at[course.at.length - 1] ?? 0];
   const line = ends.map((at) => `${plot.x(at)} ${plot.y(course.intercept + course.slope * at)}`).join('L');
@@ -116,13 +106,14 @@ function guides({ course, limit }: CourseView, plot: FramedPlot): SVGElement[] {
     svg('path', { d: level(0), stroke: 'var(--faint)' }),
     svg('path', { d: `M${line}`, stroke: 'var(--text)', fill: 'none', ...dashed }),
   ];
-  if (limit === null) return parts;
-  for (const value of [-limit, limit]) {
-    parts.push(svg('path', { d: level(value), stroke: 'var(--over)', ...dashed }));
+  for (const bound of bounds) {
+    const colour = boundColour(bound);
+    for (const value of [-bound.value, bound.value])
+      parts.push(svg('path', { d: level(value), stroke: colour, ...dashed }));
+    const above = plot.y(bound.value) - box.y > 16;
+    const up = above ? plot.y(bound.value) - 4 : plot.y(-bound.value) + 13;
+    const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: colour, ...halo };
+    parts.push(svg('text', place, boundText(bound, unit)));
   }
-  const above = plot.y(limit) - box.y > 16;
-  const up = above ? plot.y(limit) - 4 : plot.y(-limit) + 13;
-  const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: 'var(--over)', ...halo };
-  parts.push(svg('text', place, `limit \u00b1${plain(limit)}`));
   return parts;
 }

@@ -1,7 +1,8 @@
 import { el } from '../dom/el';
 import { binsOf, type Bins } from './bins';
+import { boundColour, boundText, strictest, type Bound } from './bounds';
 import { framed, type FramedPlot } from './base';
-import { plain, present, rangeOf, short, unitText, withUnit, type Numbers } from './numbers';
+import { present, rangeOf, short, unitText, withUnit, type Numbers } from './numbers';
 import type { Spread } from '../page_data';
 import type { PlotContext } from './plot';
 import { RangeBrush } from './range_brush';
@@ -15,7 +16,7 @@ export interface HistogramView {
   values: Numbers;
   spread: Spread | null;
   /** Marked on both sides of zero. */
-  limit: number | null;
+  bounds: readonly Bound[];
   /** Draws the normal distribution of the same mean and standard deviation: right for what should be noise. */
   normal: boolean;
 }
@@ -52,8 +53,9 @@ function bar(plot: FramedPlot, bins: Bins, place: number, count: number, look: R
 }
 
 function drawBars(group: SVGGElement, bins: Bins, view: HistogramView, plot: FramedPlot): void {
+  const limit = strictest(view.bounds);
   bins.dots.forEach((dots, place) => {
-    const over = dots.filter((i) => view.limit !== null && Math.abs(view.values[i] ?? 0) > view.limit).length;
+    const over = dots.filter((i) => limit !== null && Math.abs(view.values[i] ?? 0) > limit).length;
     if (dots.length) group.append(bar(plot, bins, place, dots.length, { fill: 'var(--within)', 'fill-opacity': 0.55 }));
     if (over) group.append(bar(plot, bins, place, over, { fill: 'var(--over)' }));
   });
@@ -97,7 +99,7 @@ function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
     );
   }
   if (!view.normal) drawMedian(plot, view);
-  if (view.limit !== null) drawLimits(plot, view.limit, view.unit, bins);
+  view.bounds.forEach((bound, line) => drawBound(plot, bound, view.unit, bins, line));
 }
 
 function drawMedian({ svg: drawing, box, x }: FramedPlot, { spread, unit }: HistogramView): void {
@@ -113,16 +115,16 @@ function drawMedian({ svg: drawing, box, x }: FramedPlot, { spread, unit }: Hist
   );
 }
 
-function drawLimits({ svg: drawing, box, x }: FramedPlot, limit: number, unit: string, bins: Bins): void {
-  const seen = [limit, -limit].filter((value) => value >= bins.from && value <= bins.to);
-  const look = { stroke: 'var(--over)', 'stroke-width': 1.5, 'stroke-dasharray': '5 4' };
+/** Each name stands on a line of its own. */
+function drawBound({ svg: drawing, box, x }: FramedPlot, bound: Bound, unit: string, bins: Bins, line: number): void {
+  const seen = [bound.value, -bound.value].filter((value) => value >= bins.from && value <= bins.to);
+  const colour = boundColour(bound);
+  const look = { stroke: colour, 'stroke-width': 1.5, 'stroke-dasharray': bound.judges ? '5 4' : '2 3' };
   for (const value of seen) drawing.append(svg('path', { d: `M${x(value)} ${box.y}v${box.height}`, ...look }));
   const at = seen[0] === undefined ? null : x(seen[0]);
   if (at === null) return;
   // The name stands inside the limit where there is room, as most bars end there.
   const left = at > box.x + box.width / 2;
-  const place = { x: at + (left ? -4 : 4), y: box.y + 4, 'text-anchor': left ? 'end' : 'start' };
-  drawing.append(
-    svg('text', { ...place, fill: 'var(--over)', ...halo }, `limit \u00b1${plain(limit)} ${unitText(unit)}`),
-  );
+  const place = { x: at + (left ? -4 : 4), y: box.y + 4 + 14 * line, 'text-anchor': left ? 'end' : 'start' };
+  drawing.append(svg('text', { ...place, fill: colour, ...halo }, boundText(bound, unit)));
 }

@@ -1,6 +1,7 @@
 import { classLegend, keyLegend, legendHeight } from './legend';
+import { strictest, type Bound } from './bounds';
 import { classesFor, classOf, colourOf, roundOf, scaleOf, strengthOf, type Classes } from './classes';
-import { choice, kept, slider, toggle } from './controls';
+import { choice, controls, kept, slider, toggle } from './controls';
 import type { Places } from './nearest';
 import { niceStep, present, quantile, plain, unitText, type Numbers } from './numbers';
 import { freshPictureState, PictureStage, type DotPainter, type PictureSide, type PictureState } from './picture_stage';
@@ -22,92 +23,148 @@ export interface PictureMapView {
   signed: boolean;
   /** Offers arrows: the value is a shift along the picture's columns, down where it is above zero. */
   arrows: boolean;
-  /** |value| above it is told apart. */
-  limit: number | null;
-  /** Largest value of the scale, the same for maps that are to be compared; from the values where it is null. */
-  largest: number | null;
+  /** |value| above the strictest limit of them is told apart. */
+  bounds: readonly Bound[];
+  /** Of maps that are to be compared; the scale comes from the values where there is none. */
+  shared?: SharedScale;
 }
 
-interface MapState extends PictureState {
+/** How the values are shown. */
+export interface MapForm {
   as: 'arrows' | 'map';
   remains: boolean;
   /** Place in `enlargements`; null: chosen from the values. */
   enlarged: number | null;
 }
 
+/** What maps side by side have in common: whoever changes it changes it in all of them. */
+export interface SharedScale {
+  /** Size of nearly all values of all maps, and of what remains of them without the causes. */
+  whole: number;
+  left: number;
+  /** Pixels of a picture across. */
+  width: number;
+  form: MapForm;
+}
+
+interface MapState extends PictureState {
+  form: MapForm;
+}
+
 const enlargements = [1, 2, 5, 10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 50000, 100000];
 const stateOf = kept<PictureMapView, MapState>((view) => ({
   ...freshPictureState(),
-  as: view.arrows ? 'arrows' : 'map',
-  remains: false,
-  enlarged: null,
+  form: view.shared?.form ?? { as: view.arrows ? 'arrows' : 'map', remains: false, enlarged: null },
 }));
 
-export function pictureMap(view: PictureMapView, context: PlotContext): HTMLElement {
-  const state = stateOf(view);
-  const painter = new MapPainter(view, state);
-  const stage = new PictureStage(view.sides, view.ids, painter, state, context, `${view.name} over the picture`, [
-    ...mapControls(view, state, painter, (set) => stage.change(set)),
-  ]);
-  return stage.element;
+/** The scale stays when the pattern is taken out, so that both can be compared; it follows what is left only if
+ * all of that would fall into the middle class. */
+function scaleFor(whole: number, left: number): number {
+  return left < whole / 4.5 ? left : whole;
 }
 
-function mapControls(
-  view: PictureMapView,
-  state: MapState,
-  painter: MapPainter,
+/** Arrows of most dots reach to the next dot, 1/40 of the picture or so. */
+function enlargementFor(form: MapForm, width: number, long: number): number {
+  if (form.enlarged !== null) return form.enlarged;
+  return long > 0 ? Math.max(0, enlargements.filter((factor) => factor <= width / 40 / long).length - 1) : 0;
+}
+
+function sharedEnlargement({ form, width, whole, left }: SharedScale): number {
+  return enlargementFor(form, width, form.remains ? left : whole);
+}
+
+/** Arrows or map, how large, and what of it: for one map or for all that are compared. */
+function formControls(
+  form: MapForm,
+  enlargement: () => number,
+  hasPattern: boolean,
   change: (set: () => void) => void,
 ): (Node | null)[] {
   const forms = [['arrows', 'Arrows'] as const, ['map', 'Map'] as const];
   const write = (factor: number) => `${factor} \u00d7`;
-  const enlarge = (place: number) => change(() => (state.enlarged = place));
-  const enlarged = slider('Enlarged', enlargements, painter.enlargement(), write, enlarge);
+  const enlarge = (place: number) => change(() => (form.enlarged = place));
+  const enlarged = slider('Enlarged', enlargements, enlargement(), write, enlarge);
   // What remains is often a hundred times smaller: the arrows find their own length again.
   const remains = (on: boolean) =>
     change(() => {
-      state.remains = on;
-      state.enlarged = null;
-      enlarged.show(painter.enlargement());
+      form.remains = on;
+      form.enlarged = null;
+      enlarged.show(enlargement());
     });
   return [
-    view.arrows ? choice('Shown as', forms, state.as, (as) => change(() => (state.as = as))) : null,
-    view.arrows ? enlarged.element : null,
-    view.pattern?.length ? toggle('What remains without the causes', state.remains, remains) : null,
+    choice('Shown as', forms, form.as, (as) => change(() => (form.as = as))),
+    enlarged.element,
+    hasPattern ? toggle('What remains without the causes', form.remains, remains) : null,
   ];
+}
+
+/** The switches of maps side by side, once for all of them. */
+export function sharedControls(shared: SharedScale, hasPattern: boolean, redraw: () => void): HTMLElement {
+  const change = (set: () => void): void => {
+    set();
+    redraw();
+  };
+  return controls(...formControls(shared.form, () => sharedEnlargement(shared), hasPattern, change));
+}
+
+export function pictureMap(view: PictureMapView, context: PlotContext): HTMLElement {
+  const state = stateOf(view);
+  const painter = new MapPainter(view, state);
+  const own =
+    view.shared || !view.arrows
+      ? []
+      : formControls(
+          state.form,
+          () => painter.enlargement(),
+          (view.pattern?.length ?? 0) > 0,
+          (set) => stage.change(set),
+        );
+  const stage: PictureStage = new PictureStage(
+    view.sides,
+    view.ids,
+    painter,
+    state,
+    context,
+    `${view.name} over the picture`,
+    own,
+  );
+  return stage.element;
 }
 
 class MapPainter implements DotPainter {
   legendHeight = legendHeight;
 
+  private readonly limit: number | null;
+
   constructor(
     private readonly view: PictureMapView,
     private readonly state: MapState,
-  ) {}
+  ) {
+    this.limit = strictest(view.bounds);
+  }
 
   private values(): Numbers {
     const { values, pattern } = this.view;
-    if (!this.state.remains || !pattern) return values;
+    if (!this.state.form.remains || !pattern) return values;
     return values.map((value, i) => (value === null ? null : value - (pattern[i] ?? NaN)));
   }
 
-  /** The scale stays when the pattern is taken out, so that both can be compared; it follows what is left only if
-   * all of that would fall into the middle class. */
   private classes(): Classes {
-    const all = this.view.largest ?? scaleOf(this.view.values);
-    const left = scaleOf(this.values());
-    return classesFor(left < all / 4.5 ? left : all, this.view.signed);
+    const { shared, values, signed } = this.view;
+    const whole = shared?.whole ?? scaleOf(values);
+    if (!this.state.form.remains) return classesFor(whole, signed);
+    return classesFor(scaleFor(whole, shared?.left ?? scaleOf(this.values())), signed);
   }
 
-  /** Arrows of most dots reach to the next dot, 1/40 of the picture or so. */
   enlargement(): number {
-    if (this.state.enlarged !== null) return this.state.enlarged;
+    const { shared, sides } = this.view;
+    if (shared) return sharedEnlargement(shared);
     const long = quantile(present(this.values()).map(Math.abs), 0.95);
-    const wanted = (this.view.sides[0]?.width ?? 1000) / 40 / (this.view.largest ?? long);
-    return long > 0 ? Math.max(0, enlargements.filter((factor) => factor <= wanted).length - 1) : 0;
+    return enlargementFor(this.state.form, sides[0]?.width ?? 1000, long);
   }
 
   private over(value: number): boolean {
-    return this.view.limit !== null && Math.abs(value) > this.view.limit;
+    return this.limit !== null && Math.abs(value) > this.limit;
   }
 
   glyphs(places: Places, indices: number[], scale: number): SVGElement {
@@ -117,7 +174,7 @@ class MapPainter implements DotPainter {
     const group = svg('g', {});
     const cross = (i: number) => `M${(places.x[i] ?? 0) - 2} ${places.y[i] ?? 0}h4`;
     group.append(batched(missing, cross, { stroke: 'var(--faint)' }));
-    if (this.state.as === 'arrows') this.drawArrows(group, values, places, there, scale);
+    if (this.state.form.as === 'arrows') this.drawArrows(group, values, places, there, scale);
     else this.drawMap(group, values, places, there, spacing(places, indices));
     return group;
   }
@@ -127,7 +184,7 @@ class MapPainter implements DotPainter {
     const arrow = (i: number) => arrowPath(x[i] ?? 0, y[i] ?? 0, (values[i] ?? 0) * long);
     const foot = (i: number) => circlePath(x[i] ?? 0, y[i] ?? 0, 1.2);
     const line = { fill: 'none', 'stroke-linecap': 'round' };
-    for (const over of [false, true]) {
+    for (const over of this.limit === null ? [false] : [false, true]) {
       const some = indices.filter((i) => this.over(values[i] ?? 0) === over);
       const colour = over ? 'var(--over)' : 'var(--within)';
       group.append(batched(some, foot, { fill: colour }));
@@ -149,7 +206,7 @@ class MapPainter implements DotPainter {
 
   legend(scale: number, x: number, y: number, width: number): SVGElement {
     const unit = unitText(this.view.unit);
-    if (this.state.as === 'map') {
+    if (this.state.form.as === 'map') {
       return classLegend(this.classes(), unit, x, y, width);
     }
     const factor = enlargements[this.enlargement()] ?? 1;
@@ -157,13 +214,13 @@ class MapPainter implements DotPainter {
     const length = told * factor * scale;
     const line = (colour: string, wide: number, d: string) =>
       svg('path', { d, stroke: colour, fill: 'none', 'stroke-width': wide, 'stroke-linecap': 'round' });
-    const { limit } = this.view;
+    const { limit } = this;
     const keys = [
       { sign: line('var(--text)', 1.3, `M${-length / 2} 0h${length}`), text: `${plain(told)} ${unit}`, wide: length },
       ...(limit === null
         ? []
         : [
-            { sign: line('var(--within)', 1.3, arrowPath(0, -7, 14)), text: `up to ${plain(limit)} ${unit}` },
+            { sign: line('var(--within)', 1.3, arrowPath(0, -7, 14)), text: `up to the limit ${plain(limit)} ${unit}` },
             { sign: line('var(--over)', 2.2, arrowPath(0, -7, 14)), text: `above (thick)` },
           ]),
     ];

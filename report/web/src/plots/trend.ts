@@ -10,10 +10,17 @@ export interface TrendView {
   name: string;
   unit: string;
   pairs: readonly TrendPair[];
-  limit: { value: number; sense: 'at most' | 'at least' } | null;
+  limits: readonly TrendLimit[];
   /** The pair that is shown below, as `index` of one in the list. */
   chosen: number | null;
   choose(index: number): void;
+}
+
+export interface TrendLimit {
+  value: number;
+  sense: 'at most' | 'at least';
+  /** Holds for the size: on both sides of zero. */
+  absolute: boolean;
 }
 
 export interface TrendPair {
@@ -23,17 +30,18 @@ export interface TrendPair {
   low: number | null;
   high: number | null;
   givenUp: boolean;
-  /** Says that the limit does not hold in this pair. */
+  /** Says that a limit does not hold in this pair. */
   over: boolean;
 }
 
 const height = 190;
 
 export function trendOverPairs(view: TrendView, context: PlotContext): HTMLElement {
-  const { pairs, limit } = view;
+  const { pairs } = view;
+  const levels = levelsOf(view).map(({ value }) => value);
   const values = pairs.flatMap((pair) => present([pair.value, pair.low, pair.high]));
-  const [from, to] = rangeOf([0, ...values, ...(limit ? [limit.value] : [])], 0.08);
-  const least = Math.min(...values, limit?.value ?? 0);
+  const [from, to] = rangeOf([0, ...values, ...levels], 0.08);
+  const least = Math.min(...values, ...levels, 0);
   const first = pairs[0]?.index ?? 0;
   const last = pairs[pairs.length - 1]?.index ?? 0;
   const plot = framed({
@@ -46,7 +54,7 @@ export function trendOverPairs(view: TrendView, context: PlotContext): HTMLEleme
   const ground = svg('g', {});
   plot.svg.prepend(ground);
   drawChosen(ground, view, plot);
-  plot.svg.append(...bands(pairs, plot), ...limitLine(view, plot), ...line(pairs, plot), ...signs(view, plot));
+  plot.svg.append(...bands(pairs, plot), ...limitLines(view, plot), ...line(pairs, plot), ...signs(view, plot));
   return interactive(view, plot, ground, context);
 }
 
@@ -121,12 +129,20 @@ function sign(pair: TrendPair, { x, y, box }: FramedPlot, few: boolean): SVGElem
   return svg('path', { d: `M${at - 4} ${up - 4}l8 8m0 -8l-8 8`, stroke: 'var(--over)', 'stroke-width': 2.2 });
 }
 
-function limitLine(view: TrendView, plot: FramedPlot): SVGElement[] {
-  const { limit, pairs, unit } = view;
-  if (!limit) return [];
+/** A limit on the size has its other side where values go below zero. */
+function levelsOf({ limits, pairs }: TrendView): TrendLimit[] {
+  const below = pairs.some(({ value }) => value !== null && value < 0);
+  return limits.flatMap((limit) => (limit.absolute && below ? [limit, { ...limit, value: -limit.value }] : [limit]));
+}
+
+function limitLines(view: TrendView, plot: FramedPlot): SVGElement[] {
+  return levelsOf(view).flatMap((limit) => limitLine(limit, view, plot));
+}
+
+function limitLine(limit: TrendLimit, { pairs, unit }: TrendView, plot: FramedPlot): SVGElement[] {
   const { x, y, box } = plot;
   const at = y(limit.value);
-  const text = `limit ${plain(limit.value)} ${unitText(unit)}`;
+  const text = `${limit.sense === 'at most' ? 'limit' : 'limit, at least'} ${plain(limit.value)} ${unitText(unit)}`;
   const shown = pairs.map(({ index, value }) => ({ x: x(index), y: y(value ?? NaN) }));
   const place = labelPlace(text, at, box, shown);
   return [
