@@ -1,7 +1,7 @@
 #include "store/work/MetadataFile.h"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "check/document/JsonText.h"
 #include "platform/WholeFile.h"
@@ -21,9 +21,9 @@ std::string textOf(const BatchSet& set, const std::string& settings) {
 
 bool hasMetadata(const StoredPlace& place, const BatchSet& set, const std::string& settings) {
   if (set.metadata.empty()) return true;
-  std::ifstream stream(place.metadata(), std::ios::binary);
-  const std::string there{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  return there == textOf(set, settings);
+  std::ostringstream there;
+  there << std::ifstream(place.metadata(), std::ios::binary).rdbuf();
+  return there.str() == textOf(set, settings);
 }
 
 void writeMetadata(const StoredPlace& place, const BatchSet& set, const std::string& settings) {

@@ -1,7 +1,8 @@
 #include "store/work/Silence.h"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <string>
 #include <system_error>
 
 #include "store/work/ClaimText.h"
@@ -10,8 +11,9 @@ namespace polarline {
 namespace {
 
 std::string textOfClaim(const StoredPlace& place) {
-  std::ifstream stream(place.claim(), std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream text;
+  text << std::ifstream(place.claim(), std::ios::binary).rdbuf();
+  return text.str();
 }
 
 }  // namespace

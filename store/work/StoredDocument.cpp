@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <ios>
 #include <nlohmann/json.hpp>
 #include <optional>
 
@@ -90,7 +91,11 @@ std::optional<StoredDocument> readStored(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
   if (!stream) return std::nullopt;
   Reader reader;
-  if (!Json::sax_parse(stream, &reader)) return std::nullopt;
+  try {
+    if (!Json::sax_parse(stream, &reader)) return std::nullopt;
+  } catch (const std::ios_base::failure&) {  // A folder, or a disk that can't read it.
+    return std::nullopt;
+  }
   return reader.result();
 }
 

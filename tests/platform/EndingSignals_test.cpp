@@ -25,6 +25,28 @@ TEST(EndingSignals, WaitUntilSomebodyAsks) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) EXPECT_EQ(endOf(signal), 7) << signal;
 }
 
+using ending_signals::Request;
+
+Request requestBy(int signal) {
+  const pid_t process = fork();
+  if (process == 0) {
+    ending_signals::hold();
+    if (signal != 0) kill(getpid(), signal);
+    const std::chrono::milliseconds most(signal == SIGINT ? -1 : 20);
+    ending_signals::endWith(static_cast<int>(ending_signals::waitFor(most)), "");
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  return static_cast<Request>(WEXITSTATUS(status));
+}
+
+TEST(EndingSignals, TellWhoCanWait) {
+  EXPECT_EQ(requestBy(SIGTERM), Request::kInOwnTime);
+  EXPECT_EQ(requestBy(SIGINT), Request::kAtOnce);
+  EXPECT_EQ(requestBy(SIGHUP), Request::kAtOnce);
+  EXPECT_EQ(requestBy(0), Request::kNone);
+}
+
 TEST(EndingSignals, HoldBackNoOthers) { EXPECT_EQ(endOf(SIGKILL), -1); }
 
 TEST(EndingSignals, HoldTurnsABrokenPipeIntoAFailedWrite) {

@@ -189,4 +189,41 @@ TEST_F(WholeFile, AbandonedFilesAndFoldersAreGone) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
 }
 
+TEST_F(WholeFile, CanBePutElsewhereThanItWasBegun) {
+  whole_file::PartialFile file(folder.path() / "a");
+  file.append("content");
+  fs::create_directory(folder.path() / "b");
+  file.commitAt(folder.path() / "b/c");
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("b/c", "content")));
+}
+
+TEST_F(WholeFile, NamesBesideAPlaceDiffer) {
+  const fs::path place = folder.path() / "a";
+  const fs::path first = whole_file::beside(place);
+  EXPECT_EQ(first.parent_path(), folder.path());
+  EXPECT_NE(first, whole_file::beside(place));
+  EXPECT_THAT(first.filename().string(), ::testing::StartsWith("a.partial-"));
+}
+
+TEST_F(WholeFile, PathsThatAreToGoGoWithTheRest) {
+  const pid_t process = fork();
+  if (process == 0) {
+    folder.write("goes", "");
+    folder.write("stays", "");
+    for (const char* name : {"goes", "stays"}) whole_file::addUnfinished(folder.path() / name);
+    whole_file::forgetUnfinished(folder.path() / "stays");
+    whole_file::abandonAll();
+    _exit(0);
+  }
+  waitpid(process, nullptr, 0);
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("stays", "")));
+}
+
+TEST_F(WholeFile, ASyncedFolderStaysAsItIs) {
+  folder.write("a", "b");
+  whole_file::syncFolder(folder.path());
+  whole_file::syncFolder(folder.path() / "none");
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("a", "b")));
+}
+
 }  // namespace

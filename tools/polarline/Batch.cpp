@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "polarline/errors.h"
 #include "tools/polarline/Interruption.h"
@@ -33,8 +34,11 @@ polarline::Shard partOf(const BatchRequest& request) {
 polarline::BatchOutcome judgedAll(const BatchRequest& request) {
   if (request.list.empty() == request.watch.empty())
     throw polarline::InputError("LIST", "a list of sets or --watch FOLDER was wanted, one of the two");
-  if (!request.watch.empty()) return polarline::watchFolder(request.watch, request.options);
-  return polarline::batch(polarline::setsOf(polarline::readBatchList(request.list), partOf(request)), request.options);
+  std::vector<polarline::BatchSet> sets;
+  if (request.watch.empty()) sets = polarline::setsOf(polarline::readBatchList(request.list), partOf(request));
+  finishAtTermination(request.grace);
+  return request.watch.empty() ? polarline::batch(sets, request.options)
+                               : polarline::watchFolder(request.watch, request.options);
 }
 
 /// Tells each set. That nobody reads it any more must not cost a result.
@@ -67,7 +71,6 @@ class SetSpeaker {
 int runBatch(BatchRequest& request) {
   request.judging.takePairs();
   request.options.check = request.judging.check;
-  finishAtTermination(request.grace);
   SetSpeaker speaker(request.quiet);
   request.options.on_set = [&](const auto& result, std::size_t done, std::size_t all) {
     speaker.set(result, done, all);

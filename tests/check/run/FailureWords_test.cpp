@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 #include <regex>
 #include <stdexcept>
+#include <system_error>
 
 #include "HandMadeCheck.h"
 #include "polarline/exit_code.h"
@@ -82,6 +84,16 @@ TEST_F(FailureWords, OfAPictureThatCanNotBeUsedNameItsLine) {
   explainPictures(pictures(), list(), check);
   EXPECT_EQ(check.status.text, list() + ", line 2: the picture right_0.png can't be decoded: it is cut off");
   EXPECT_FALSE(check.status.retry);
+}
+
+TEST_F(FailureWords, OfAMachineAtItsEndSayThatItMaySucceedLater) {
+  EXPECT_TRUE(statusOfFirst(std::bad_alloc()).retry);
+  EXPECT_TRUE(statusOfFirst(cv::Exception(cv::Error::StsNoMem, "no memory", "f", "f.cpp", 1)).retry);
+  EXPECT_TRUE(statusOf(std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again)), inputs,
+                       nullptr, 0, check)
+                  .retry);
+  EXPECT_FALSE(statusOfFirst(std::runtime_error("no")).retry);
+  EXPECT_FALSE(statusOfFirst(cv::Exception(cv::Error::StsAssert, "a > b", "f", "f.cpp", 1)).retry);
 }
 
 TEST_F(FailureWords, OfAPictureThatWentAwaySayThatItMayReturn) {
