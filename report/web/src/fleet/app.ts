@@ -61,9 +61,11 @@ export class FleetApp {
     delete dataset['ready'];
     const place = this.place();
     const first = this.view === null;
-    if (this.view && String(this.view.filter) === String(place.filter)) this.drawCharts(this.view, place);
+    const same = this.view !== null && String(this.view.filter) === String(place.filter);
+    // Who chooses beside the charts stands there already, and who filters stands above.
+    const asked = place.course !== null && (first || same) && !this.chartPlace.contains(document.activeElement);
+    if (same && this.view) this.drawCharts(this.view, place);
     else this.drawAll(place);
-    const asked = place.course !== null;
     requestAnimationFrame(() => {
       if (asked)
         document
@@ -84,7 +86,7 @@ export class FleetApp {
     this.end = new AbortController();
     this.view = viewOf(this.data, place.filter);
     const seen = counted(fleet.cells, this.view.rows).sets;
-    const words = `${countText(seen)} of ${countText(fleet.sets)} sets are shown`;
+    const words = `${this.filterWords(place)}${countText(seen)} of ${countText(fleet.sets)} sets are shown`;
     this.filters.show(place.filter, words);
     if (again) say(words);
     const scope = this.scope(this.view, place, this.end.signal);
@@ -104,6 +106,15 @@ export class FleetApp {
     ];
     this.body.replaceChildren(...parts.filter((part) => part !== null));
     this.drawCharts(this.view, place);
+  }
+
+  /** Paper has no lists to choose from, and has to say what is left. */
+  private filterWords({ filter }: Place): string {
+    const words = this.data.fleet.keys.flatMap(({ key, values }, k) => {
+      const value = filter[k] ?? null;
+      return value === null ? [] : [`${key} ${values[value] ?? 'not said'}`];
+    });
+    return words.length === 0 ? '' : `${words.join(', ')}: `;
   }
 
   private drawCharts(view: FleetView, place: Place): void {

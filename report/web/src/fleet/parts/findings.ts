@@ -27,9 +27,10 @@ export function driftWords(view: FleetView, stream: Stream, measure: number, dri
   return `${drift.side} by ${size}${behind} to ${numberText(now)}${behind} ${word} ${since}${until}`;
 }
 
-/** A point of many sets began when the one before it ended. */
+/** The sets of a point lie between its end and that of the point before; the first one off is as likely early as late. */
 export function beginMinute({ minutes, each }: CourseView, { from }: Drift): number {
-  return minutes[each > 1 && from > 0 ? from - 1 : from] ?? 0;
+  const end = minutes[from] ?? 0;
+  return each > 1 ? Math.round((end + (minutes[from - 1] ?? end)) / 2) : end;
 }
 
 /** Measures that drift, the most first. */

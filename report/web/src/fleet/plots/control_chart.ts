@@ -1,4 +1,4 @@
-import { framed, type FramedPlot } from '../../plots/base';
+import { framed, letterWidth, type FramedPlot } from '../../plots/base';
 import { rangeOf } from '../../plots/numbers';
 import type { PlotContext } from '../../plots/plot';
 import { halo, svg } from '../../plots/svg';
@@ -92,7 +92,7 @@ function drawCourse(
   });
 }
 
-function drawCrosses(view: ControlChartView, { svg: drawing, x, y }: FramedPlot): void {
+function drawCrosses(view: ControlChartView, { svg: drawing, box, x, y }: FramedPlot): void {
   for (const [point, word] of view.crosses) {
     const value = view.courses[0]?.[point];
     if (value === null || value === undefined) continue;
@@ -100,7 +100,9 @@ function drawCrosses(view: ControlChartView, { svg: drawing, x, y }: FramedPlot)
     const cross = svg('path', { d: `M${at - 4} ${up - 4}l8 8m0 -8l-8 8`, stroke: 'var(--over)', 'stroke-width': 2.2 });
     cross.append(svg('title', {}, view.told(point)));
     drawing.append(cross);
-    if (word)
-      drawing.append(svg('text', { x: at, y: up - 8, 'text-anchor': 'middle', fill: 'var(--over)', ...halo }, word));
+    if (word === '') continue;
+    // At the right edge it ends where the plot does.
+    const place = { x: Math.min(at, box.x + box.width + 14 - (letterWidth * word.length) / 2), y: up - 8 };
+    drawing.append(svg('text', { ...place, 'text-anchor': 'middle', fill: 'var(--over)', ...halo }, word));
   }
 }
