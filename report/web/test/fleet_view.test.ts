@@ -1,10 +1,12 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import type { Fleet } from '../src/fleet/fleet_data';
+import type { Fleet, Measure } from '../src/fleet/fleet_data';
 import { safePage } from '../src/fleet/parts/worst';
+import type { Drift } from '../src/fleet/statistics/cusum';
 import { recurrences, type CausePeriod } from '../src/fleet/statistics/recurring';
 import { Calendar } from '../src/fleet/view/calendar';
 import { causeWords } from '../src/fleet/view/cause_words';
+import { worsens } from '../src/fleet/view/courses';
 import { hashOf, placeOf, seenGroups } from '../src/fleet/view/filter';
 
 const period = (day: number, n: number, diagnosed: number, mean: number, sd = 0.001): CausePeriod => ({
@@ -106,12 +108,32 @@ test('a filter sees the groups that have all of its values', () => {
   assert.deepEqual(seenGroups([null, null], groups), [true, true, true]);
 });
 
-test('only pages beside or below are linked to', () => {
+test('a drift away from the only limit is none that matters', () => {
+  const drift = (side: 'up' | 'down'): Drift => ({ side, from: 0, to: 1, lasts: true, shift: 1 });
+  const bounds = (value: Measure['value'], lower: number | null, upper: number | null): Measure =>
+    ({ value, lower: [null, lower], upper: [null, upper] }) as unknown as Measure;
+  const cases: [Measure, boolean, boolean][] = [
+    [bounds('max', null, 1), true, false],
+    [bounds('abs', null, 1), true, false],
+    [bounds('min', 1, null), false, true],
+    [bounds('mean', null, 1), true, false],
+    [bounds('mean', 1, null), false, true],
+    [bounds('mean', 1, 2), true, true],
+    [bounds('mean', null, null), true, true],
+  ];
+  for (const [measure, up, down] of cases) {
+    assert.equal(worsens(measure, drift('up')), up);
+    assert.equal(worsens(measure, drift('down')), down);
+  }
+});
+
+test('only pages by their way from this one are linked to', () => {
   const cases: [string | null, boolean][] = [
     ['pages/ab12.html', true],
     ['my%20pages/ab12.html', true],
     ['/etc/ab.html', false],
-    ['../ab.html', false],
+    ['../pages/ab.html', true],
+    ['pages//ab.html', false],
     ['javascript:alert(1)//.html', false],
     ['http://x/ab.html', false],
     ['//x/ab.html', false],

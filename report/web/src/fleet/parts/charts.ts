@@ -31,7 +31,7 @@ function chosen({ view, place }: Scope): Chosen | null {
   const asked = view.streams.find(({ station, model }) => place.course?.[0] === station && place.course[1] === model);
   const stream = asked ?? [...view.streams].sort((a, b) => b.weight - a.weight)[0];
   if (!stream || view.fleet.measures.length === 0) return null;
-  return { stream, measure: place.measure ?? lastingDrifts(stream)[0]?.measure ?? 0 };
+  return { stream, measure: place.measure ?? lastingDrifts(view, stream)[0]?.measure ?? 0 };
 }
 
 function base(view: FleetView, course: CourseView, label: string): Omit<ControlChartView, 'courses' | 'lines'> {

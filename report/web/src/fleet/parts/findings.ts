@@ -4,7 +4,7 @@ import { shortUnit } from '../../text/figures';
 import { numberText, percentText, rangeText, toldShare } from '../dom';
 import type { Drift } from '../statistics/cusum';
 import { capital, causeWords } from '../view/cause_words';
-import { lastingDrift, type CourseView } from '../view/courses';
+import { lastingDrift, worsens, type CourseView } from '../view/courses';
 import { measureTitle, type FleetView, type Stream } from '../view/view';
 import type { Scope } from './scope';
 
@@ -33,14 +33,14 @@ export function beginMinute({ minutes, each }: CourseView, { from }: Drift): num
   return each > 1 ? Math.round((end + (minutes[from - 1] ?? end)) / 2) : end;
 }
 
-/** Measures that drift, the most first. */
-export function lastingDrifts(stream: Stream): { measure: number; drift: Drift }[] {
+/** Measures that drift to their limits, the most first. */
+export function lastingDrifts({ fleet }: FleetView, stream: Stream): { measure: number; drift: Drift }[] {
   const size = (measure: number, drift: Drift) =>
     Math.abs(drift.shift) / (stream.courses[measure]?.baseline?.sigma ?? 1);
   return stream.courses
     .flatMap((course, measure) => {
       const drift = lastingDrift(course);
-      return drift ? [{ measure, drift }] : [];
+      return drift && worsens(fleet.measures[measure]!, drift) ? [{ measure, drift }] : [];
     })
     .sort((a, b) => size(b.measure, b.drift) - size(a.measure, a.drift));
 }
@@ -52,7 +52,7 @@ export function keyOf(stream: Stream): string {
 function finding(scope: Scope, stream: Stream): HTMLElement {
   const { view } = scope;
   const { calendar, fleet } = view;
-  const drifting = lastingDrifts(stream);
+  const drifting = lastingDrifts(view, stream);
   const first = drifting[0];
   const target = scope.link({ course: [stream.station, stream.model], measure: first?.measure ?? null });
   const late = calendar.words(calendar.lateCount);

@@ -2,7 +2,7 @@ import { el } from '../../dom/el';
 import { tableElement, type Cell } from '../../dom/table';
 import { icon } from '../../dom/icon';
 import { cell } from '../dom';
-import { lastingDrift } from '../view/courses';
+import { lastingDrift, worsens } from '../view/courses';
 import { measureTitle, type Stream } from '../view/view';
 import { beginMinute, keyOf } from './findings';
 import type { Scope } from './scope';
@@ -14,7 +14,12 @@ function state(scope: Scope, stream: Stream, measure: number): Cell {
   const rules = [...new Set(course.breaks.map(({ rule }) => rule))];
   const href = scope.link({ course: [stream.station, stream.model], measure });
   const link = (words: string) =>
-    el('a', { href, 'data-state': `${keyOf(stream)} ${measure}` }, drift && icon('fail'), words);
+    el(
+      'a',
+      { href, 'data-state': `${keyOf(stream)} ${measure}` },
+      drift && worsens(scope.view.fleet.measures[measure]!, drift) && icon('fail'),
+      words,
+    );
   if (course.values.length < 2) return cell('–', null);
   if (drift) {
     const since = scope.view.calendar.dayOf(beginMinute(course, drift));

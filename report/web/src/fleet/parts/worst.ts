@@ -8,9 +8,9 @@ import type { Scope } from './scope';
 
 const most = 50;
 
-/** A page that lies beside this one or below it; nothing else is linked to. */
+/** A page by its way from this one; no other address is linked to. */
 export function safePage(page: string | null): string | null {
-  return page !== null && /^(?!\/)[\w.~%\-/]+\.html$/.test(page) && !page.split('/').includes('..') ? page : null;
+  return page !== null && /^(?:[\w.~%-]+\/)*[\w.~%-]+\.html$/.test(page) ? page : null;
 }
 
 function moment(iso: string): string {

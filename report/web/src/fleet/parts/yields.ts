@@ -25,8 +25,8 @@ function courseSentence(scope: Scope, periods: readonly PeriodYield[]): string {
   return `${words}. Last: ${percentText(last.yield.share)} (${rangeText(last.yield)}) of ${countText(last.yield.of)}; lowest ${percentText(Math.min(...shares))}, ${calendar.long(lowest.day)}.`;
 }
 
-function state(stream: Stream): Cell {
-  const drifting = lastingDrifts(stream).length > 0;
+function state(scope: Scope, stream: Stream): Cell {
+  const drifting = lastingDrifts(scope.view, stream).length > 0;
   const words = [stream.yieldFell ? 'yield fell' : '', drifting ? 'drifts' : ''].filter((word) => word !== '');
   if (words.length === 0) return { content: chip('pass', 'steady'), value: 'steady' };
   return { content: chip('fail', words.join(', ')), value: words.join(', ') };
@@ -49,7 +49,7 @@ function line(scope: Scope, stream: Stream): Cell[] {
       difference?.value ?? null,
     ),
     cell(toldCount('errors', of, all.errors), all.errors),
-    state(stream),
+    state(scope, stream),
   ];
 }
 

@@ -1,4 +1,4 @@
-import type { Fleet } from '../fleet_data';
+import type { Fleet, Measure } from '../fleet_data';
 import { drifts, type Drift, type Drifts } from '../statistics/cusum';
 import { individuals, type Individuals } from '../statistics/individuals';
 import { brokenRules, type Break } from '../statistics/run_rules';
@@ -70,4 +70,12 @@ export function courseOf(fleet: Fleet, groups: readonly number[], measure: numbe
 /** The drift that lasts, or null. */
 export function lastingDrift(course: CourseView): Drift | null {
   return course.sums?.drifts.filter(({ lasts }) => lasts).at(-1) ?? null;
+}
+
+/** Whether a drift leads to the limit, and not away from the only one. */
+export function worsens({ value, lower, upper }: Measure, { side }: Drift): boolean {
+  const has = (bounds: readonly (number | null)[]) => bounds.some((bound) => bound !== null);
+  if (value === 'max' || value === 'abs' || value === 'sd') return side === 'up';
+  if (value === 'min') return side === 'down';
+  return has(lower) === has(upper) || (has(upper) ? side === 'up' : side === 'down');
 }

@@ -3,7 +3,7 @@ import type { Fleet, FleetPageData, Measure } from '../fleet_data';
 import { pooled } from '../statistics/moments';
 import { recurrences, type Recurrence } from '../statistics/recurring';
 import { Calendar } from './calendar';
-import { courseOf, lastingDrift, type CourseView } from './courses';
+import { courseOf, lastingDrift, worsens, type CourseView } from './courses';
 import { seenGroups, type Filter } from './filter';
 import { against, type Against } from './yields';
 
@@ -101,7 +101,12 @@ function streamOf(fleet: Fleet, calendar: Calendar, groups: number[], rows: numb
   const courses = fleet.measures.map((_, measure) => courseOf(fleet, groups, measure));
   const causes = causesOf(fleet, rows);
   const yieldFell = strict.difference !== null && strict.difference.high < 0;
-  const shifts = courses.map((course) => Math.abs(lastingDrift(course)?.shift ?? 0) / (course.baseline?.sigma ?? 1));
+  const shifts = courses.map((course, measure) => {
+    const drift = lastingDrift(course);
+    return drift && worsens(fleet.measures[measure]!, drift)
+      ? Math.abs(drift.shift) / (course.baseline?.sigma ?? 1)
+      : 0;
+  });
   const fell = yieldFell ? 10 - 20 * (late.difference?.value ?? 0) : 0;
   const recent = causes.filter((cause) => cause.lasts && cause.from > calendar.back(last, calendar.beforeCount));
   const weight = fell + Math.max(0, ...shifts) + 2 * recent.length;
