@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Judges the sets of a list by GNU parallel: on this machine, or on several that share the folders of the sets and of the store.
+#
+#   parallel.sh LIST STORE [OPTION ...]      options as of 'polarline batch', for example --limit 'dy_means<=0.1' --refine
+#
+# WORKERS=N  workers of each machine (one a core)      HOSTS=FILE  machines, one a line: '4/station-pc' has 4 workers, '2/:' is this one
+# SETS=N     sets of a part (20)                       TRIES=N     how often a part is begun at most (3)
+#
+# The list is cut into parts. What became of each is in STORE/joblog, so that a second call begins with those that are not done; a list that
+# changed is gone through again, which costs little, as sets that are in the store are not judged again.
+# Exit code 0: every set has its document. 4: some may succeed when this is called again.
+set -euo pipefail
+if [[ $# -lt 2 ]]; then
+  sed -n '2,/^set/{/^#/s/^# \?//p}' "$0" >&2
+  exit 2
+fi
+list=$(realpath -- "$1") store=$(realpath -m -- "$2") sets=${SETS:-20}
+shift 2
+parts=$((($(grep -cvE '^[[:space:]]*(#|$)' "$list" || true) + sets - 1) / sets))
+joblog=$store/joblog/$({ cat -- "$list" && printf '%s\n' "$parts" "$@"; } | sha256sum | cut -c1-16).tsv
+mkdir -p "$store/joblog"
+
+# One part: $0 is the list, then store, part and options. A limit that is exceeded and a set that can't be used are answers (exit codes 1 to 3);
+# what may succeed when tried again, and a worker that told nothing of its sets, is no answer.
+told='{ print; fflush() } /"retry":true/ { again = 1 } END { exit again || !NR }'
+worker='polarline batch "$0" --store "$1" --shard "$2" "${@:3}"'
+part="$worker | awk ${told@Q}; ((PIPESTATUS[0] == 0 || (PIPESTATUS[0] <= 3 && PIPESTATUS[1] == 0)))"
+
+how=(--jobs "${WORKERS:-100%}" --retries "${TRIES:-3}" --joblog "$joblog" --resume-failed --line-buffer --workdir "$PWD")
+if [[ -n ${HOSTS:-} ]]; then how+=(--sshloginfile "$HOSTS" --filter-hosts); fi
+if [[ -t 2 ]]; then how+=(--bar); fi
+seq "$parts" | PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true
+
+done_parts=$(awk -F '\t' 'NR > 1 { good[$1] = $7 == 0 && $8 == 0 } END { for (part in good) sum += good[part]; print sum + 0 }' "$joblog")
+if [[ $done_parts -lt $parts ]]; then
+  echo "parallel.sh: $done_parts of $parts parts are done; call it again" >&2
+  exit 4
+fi

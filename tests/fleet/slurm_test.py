@@ -1,0 +1,141 @@
+#!/usr/bin/env python3
+"""examples/fleet/fleet.sbatch with a Slurm of two nodes: a node dies and comes back, a task is cancelled, one is put back into the queue, the
+store is away for a while; the store ends as that of one worker, and what was merged says so."""
+
+import contextlib
+import json
+import os
+import pathlib
+import re
+import signal
+import subprocess
+import sys
+import time
+
+from fleet import EXAMPLES, OPTIONS, ROOT, check, check_same, count, descendants, fleet, one_worker, process_stats, sets_of, wait_for
+
+PROGRAMS = ["munged", "slurmctld", "slurmd", "sbatch", "sqlite3"]
+SETS, FEW = 24, 3
+
+
+def ask(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True, timeout=30).stdout.strip()
+
+
+def submit(store, tasks, sets="list.txt"):
+    os.environ["TASKS"] = str(tasks)
+    array, merge = ask(EXAMPLES / "fleet.sbatch", sets, store, *OPTIONS, "--claim-timeout", "1").split()
+    return array, merge
+
+
+def in_queue(job, *more):
+    return ask("squeue", "-h", "-r", "-j", job, "-o", "%i %T %N", *more).splitlines()
+
+
+def running(array):
+    """Tasks that run, by node."""
+    return {node: job for job, _, node in (line.split() for line in in_queue(array, "-t", "R"))}
+
+
+def jobs():
+    return ask("scontrol", "-o", "show", "job")
+
+
+def end_of(array, merge):
+    wait_for(lambda: not in_queue(f"{array},{merge}"), "all jobs have ended", 60)
+
+
+def kill(processes):
+    for process in processes:
+        with contextlib.suppress(ProcessLookupError):
+            os.kill(process, signal.SIGKILL)
+
+
+def node_dies(node):
+    """The node's service, what watches over its tasks, and all that these began."""
+    folder = pathlib.Path(os.environ["SLURM_FOLDER"])
+    watched = [path.name.split("_")[1].split(".")[0] for path in folder.glob(f"spool.{node}/{node}_*")]  # A socket a task: n1_5.4294967291.
+    watchers = [process for process, name, _, _ in process_stats() if name == "slurmstepd" and any(f"[{job}." in title(process) for job in watched)]
+    check(watchers, f"tasks run on {node}")
+    family = [process for watcher in watchers for name in ("slurm_script", "polarline", "bash", "awk") for process in descendants(watcher, name)]
+    kill([int((folder / f"{node}.pid").read_text()), *watchers, *family])
+    ask("scontrol", "update", f"NodeName={node}", "State=DOWN", "Reason=died")
+
+
+def title(process):
+    with contextlib.suppress(OSError):
+        return (pathlib.Path("/proc") / str(process) / "cmdline").read_text()
+    return ""
+
+
+def restarts(array):
+    return [int(each) for each in re.findall(rf"ArrayJobId={array} .*?Restarts=(\d+)", jobs())]
+
+
+def disturbed(expected):
+    """All at once: there are more tasks than a node has time for. Meanwhile another store is away, whose task waits for its turn again."""
+    os.symlink("not there yet/store", "link")
+    away = submit("link", 1, "few.txt")
+    array, merge = submit("store", 6)
+    wait_for(lambda: sum(restarts(away[0])) == 1, "the task whose store is away is put back")
+    os.makedirs("not there yet/store")
+
+    wait_for(lambda: len(running(array)) == 2 and count("store") >= 2, "both nodes work")
+    node, _ = sorted(running(array).items())[0]
+    node_dies(node)
+    other = next(job for where, job in running(array).items() if where != node)
+    ask("scontrol", "requeue", other)
+    waiting = [line.split()[0] for line in in_queue(array, "-t", "PD") if line.split()[0] != other]
+    ask("scancel", waiting[-1])
+    with open("slurmd.out", "wb") as output:
+        subprocess.Popen(["slurmd", "-D", "-N", node], stdout=output, stderr=output)
+    end_of(array, merge)
+    check(sum(restarts(array)) >= 2, f"one task was lost with its node, one was put back: {restarts(array)}")
+    check(count("store") < documented(expected), "what was cancelled is missing")
+    check(sets_of("store.sqlite") == count("store"), "the merge ran, and has what is there")
+
+    end_of(*submit("store", 2))
+    check_same("store", expected, "submitted again")
+    check(sets_of("store.sqlite") == SETS, "all sets are in the results")
+    end_of(*away)
+    check(count("link") == FEW and sets_of("link.sqlite") == FEW, "all sets are in the store that was away")
+
+
+def documented(expected):
+    return len([name for name in expected if not name.endswith(".metadata.json")])
+
+
+def asked_to_end():
+    """A task that is cancelled finishes its set."""
+    array, merge = submit("ended", 1)
+    wait_for(lambda: count("ended") >= 1, "it works")
+    ask("scancel", array)
+    end_of(array, merge)
+    lines = [json.loads(line) for line in pathlib.Path(f"polarline-{array}_1.out").read_text().splitlines() if line.startswith("{")]
+    check(0 < len(lines) < SETS and len(lines) == count("ended"), f"it told {len(lines)} sets, {count('ended')} are in the store")
+    left = [path.name for path in pathlib.Path("ended").glob("??/*") if path.suffix != ".json"]
+    check(not left, f"it left {left}")
+    check(restarts(array) == [0] and re.search(rf"ArrayJobId={array} .*JobState=CANCELLED", jobs()), "it is cancelled, not begun again")
+
+
+def wrong_list():
+    pathlib.Path("wrong.txt").write_text("base\tno metadata\n")
+    array, merge = submit("wrong", 1, "wrong.txt")
+    end_of(array, merge)
+    check(restarts(array) == [0] and re.search(rf"ArrayJobId={array} .*JobState=FAILED", jobs()), "a list that is none fails, once")
+
+
+def main():
+    if "SLURM_FOLDER" not in os.environ:
+        os.execv(ROOT / "scripts/with_slurm", ["with_slurm", "--nodes", "2", "--cpus", "1", sys.executable, "-B", *sys.argv])
+    with fleet(sys.argv[1], PROGRAMS, SETS):
+        expected = one_worker()
+        few = pathlib.Path("list.txt").read_text().splitlines()[:FEW + 1]
+        pathlib.Path("few.txt").write_text("\n".join(few) + "\n")
+        for step in (lambda: disturbed(expected), asked_to_end, wrong_list):
+            begin = time.monotonic()
+            step()
+            print(f"{time.monotonic() - begin:.1f} s", flush=True)
+
+
+main()

@@ -1,0 +1,44 @@
+#!/usr/bin/env python3
+"""examples/fleet/Snakefile with Snakemake: a worker is killed, the list grows; nothing is lost, and nothing is done twice."""
+
+import os
+import pathlib
+import subprocess
+import sys
+
+from fleet import EXAMPLES, OPTIONS, check, check_same, documents, fleet, kill_workers, one_worker, sets_of
+
+
+def start():
+    command = ["snakemake", "-s", EXAMPLES / "Snakefile", "--cores", "2", "--config", "list=list.txt", "store=a store", "parts=3",
+               f"options={OPTIONS[0]} '{OPTIONS[1]}'"]
+    return subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+
+
+def finish(run, words):
+    output, _ = run.communicate(timeout=60)
+    check(run.returncode == 0, f"{words}: ended with {run.returncode}:\n{output}")
+    return output
+
+
+def main():
+    with fleet(sys.argv[1], ["snakemake"], 12) as folder:
+        os.environ["HOME"] = os.environ["XDG_CACHE_HOME"] = str(folder / "home")  # It keeps things there.
+        expected = one_worker()
+        run = start()
+        kill_workers(run.pid, 1)
+        output = finish(run, "with a worker killed")
+        check("Trying to restart job" in output, f"the killed one is begun again:\n{output}")
+        check_same("a store", expected, "with a worker killed")
+        check(sets_of("a store.sqlite") == 12, "all sets are in the results")
+
+        check("Nothing to be done" in finish(start(), "again"), "done is done")
+
+        lines = pathlib.Path("list.txt").read_text().splitlines()
+        pathlib.Path("list.txt").write_text("\n".join([*lines, "base\tserial=new"]) + "\n")
+        output = finish(start(), "with a set more")
+        check(output.count('"state":"judged"') == 2, f"the new one is judged, and the one that can't be used again:\n{output}")
+        check(len(documents("a store")) == len(expected) + 2 and sets_of("a store.sqlite") == 13, "it is in the store and in the results")
+
+
+main()
