@@ -45,6 +45,8 @@ std::string checkPart(const CheckView& view) {
   std::string html = "<section>\n<h1>" + htmlOf(view.title) + "</h1>\n";
   html += "<p><strong>" + htmlOf(view.headline) + "</strong></p>\n";
   html += "<p>" + htmlOf(finishedText(view.record)) + " " + htmlOf(worstPairText(view.record)) + "</p>\n";
+  if (const std::string fisheye = fisheyeText(view.record); !fisheye.empty())
+    html += "<p>" + htmlOf(fisheye) + "</p>\n";
   if (!view.record.status.advice.empty()) html += "<p>" + htmlOf(view.record.status.advice) + "</p>\n";
   if (view.record.diagnosis) html += "<p>" + htmlOf(view.record.diagnosis->text) + "</p>\n";
   html += limitsTable(view.record.limits);

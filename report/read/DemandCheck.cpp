@@ -45,18 +45,22 @@ void demandQuality(const Place& pair) {
   }
 }
 
+void demandUncertainty(const Place& figures) {
+  if (!figures.objectIfAny("uncertainty")) return;
+  for (const Place& figure : figures.members("uncertainty")) demandNumbers(figure.numbers({"sd", "low95", "high95"}));
+}
+
 void demandPair(const Place& pair) {
   pair.counts({"index"}).texts({"left", "right"}).oneOf("state", {"finished", "given up"});
   if (const auto reason = pair.objectIfAny("reason")) reason->numbers({"code"}).texts({"text", "side", "step"});
   pair.figures("figures").textList("carried");
-  if (pair.objectIfAny("uncertainty")) {
-    for (const Place& figure : pair.members("uncertainty")) demandNumbers(figure.numbers({"sd", "low95", "high95"}));
-  }
+  demandUncertainty(pair);
   if (const auto found = pair.objectIfAny("found")) found->counts({"left", "right"});
   demandQuality(pair);
   if (const auto refined = pair.objectIfAny("refined")) {
     refined->figures("figures").texts({"problem"});
     refined->object("dots").counts({"left", "right"});
+    demandUncertainty(*refined);
   }
 }
 

@@ -21,11 +21,22 @@ std::vector<std::int32_t> idsOf(const Place& points) {
   return ids;
 }
 
+void requireLength(const Place& points, const char* key, const Json& list, std::size_t dots) {
+  if (!list.empty() && list.size() != dots)
+    points.refuse(key, fmt::format("found {} entries, wanted {} as in id", list.size(), dots));
+}
+
+std::vector<std::string> textsOf(const Place& points, const char* key, std::size_t dots) {
+  if (!points.json().contains(key)) return {};
+  const Json& list = points.textList(key).json()[key];
+  requireLength(points, key, list, dots);
+  return list.get<std::vector<std::string>>();
+}
+
 std::vector<double> numbersOf(const Place& points, const char* key, std::size_t dots) {
   if (!points.json().contains(key)) return {};
   const Json& list = points.numberList(key).json()[key];
-  if (!list.empty() && list.size() != dots)
-    points.refuse(key, fmt::format("found {} entries, wanted {} as in id", list.size(), dots));
+  requireLength(points, key, list, dots);
   std::vector<double> numbers;
   numbers.reserve(list.size());
   for (const Json& each : list)
@@ -52,6 +63,12 @@ DotLists readDots(const Place& points) {
   take(dots.rectified_left_y, "rectified_left_y");
   take(dots.rectified_right_x, "rectified_right_x");
   take(dots.rectified_right_y, "rectified_right_y");
+  take(dots.left_sd_x, "left_sd_x");
+  take(dots.left_sd_y, "left_sd_y");
+  take(dots.right_sd_x, "right_sd_x");
+  take(dots.right_sd_y, "right_sd_y");
+  dots.left_state = textsOf(points, "left_state", dots.id.size());
+  dots.right_state = textsOf(points, "right_state", dots.id.size());
   return dots;
 }
 

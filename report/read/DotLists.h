@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "report/read/Place.h"
@@ -16,6 +17,8 @@ struct DotLists {
   std::vector<double> residual;                          ///< Pixels.
   std::vector<double> x, y, z;                           ///< Left camera, board units.
   std::vector<double> rectified_left_x, rectified_left_y, rectified_right_x, rectified_right_y;
+  std::vector<double> left_sd_x, left_sd_y, right_sd_x, right_sd_y;  ///< Of refined centres, pixels.
+  std::vector<std::string> left_state, right_state;                  ///< What became of each centre.
 };
 
 /// Reads the object `points` of a pair, or of its refined form. Throws `InputError` for lists of different lengths.

@@ -124,6 +124,7 @@ void writeDetails(JsonText& json, const Details& details) {
 void writeWords(JsonText& json, const CheckView& view, const std::vector<std::string>& names) {
   json.member("title", view.title).member("headline", view.headline);
   json.member("worst_pair_text", worstPairText(view.record)).member("refined_text", refinedPairText(view.record));
+  json.member("fisheye_text", fisheyeText(view.record));
   json.key("first_pair");
   if (const auto first = firstPair(view.record, names)) {
     json.value(*first);

@@ -78,6 +78,17 @@ void writePlaces(JsonText& json, const DotLists& dots, const Board& board) {
   writeDerived(json, "board_y", y);
 }
 
+/// Only refined dots have these.
+void writeCentres(JsonText& json, const DotLists& dots) {
+  if (dots.left_state.empty() && dots.right_state.empty()) return;
+  const std::size_t count = dots.id.size();
+  writeSeen(json, "left_sd_x", dots.left_sd_x, count);
+  writeSeen(json, "left_sd_y", dots.left_sd_y, count);
+  writeSeen(json, "right_sd_x", dots.right_sd_x, count);
+  writeSeen(json, "right_sd_y", dots.right_sd_y, count);
+  json.list("left_state", dots.left_state).list("right_state", dots.right_state);
+}
+
 void writeDots(JsonText& json, const char* name, const DotLists& dots, const PairMeasures& measures,
                const Board& board) {
   const std::size_t count = dots.id.size();
@@ -104,6 +115,7 @@ void writeDots(JsonText& json, const char* name, const DotLists& dots, const Pai
   writeDerived(json, "off_y", measures.board.off_y);
   writeDerived(json, "off_z", measures.board.off_z);
   writeDerived(json, "depth_error", measures.board.depth_error);
+  writeCentres(json, dots);
   json.end();
 }
 

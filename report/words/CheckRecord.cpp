@@ -72,15 +72,34 @@ std::vector<FigureSummary> summariesOf(const Json& document, const Json& figures
   return summaries;
 }
 
+std::vector<FigureUncertainty> uncertaintyOf(const Json& figures) {
+  std::vector<FigureUncertainty> all;
+  const auto uncertainty = figures.find("uncertainty");
+  if (uncertainty == figures.end() || !uncertainty->is_object()) return all;
+  for (const auto& [name, each] : uncertainty->items())
+    all.push_back({name, numberAt(each, "sd"), numberAt(each, "low95"), numberAt(each, "high95")});
+  return all;
+}
+
 PairCheck pairOf(const Json& json) {
   PairCheck pair;
   pair.index = json["index"].get<std::size_t>();
   pair.finished = json["state"] == "finished";
-  const auto uncertainty = json.find("uncertainty");
-  if (uncertainty == json.end() || !uncertainty->is_object()) return pair;
-  for (const auto& [name, each] : uncertainty->items())
-    pair.uncertainty.push_back({name, numberAt(each, "sd"), numberAt(each, "low95"), numberAt(each, "high95")});
+  pair.uncertainty = uncertaintyOf(json);
+  const auto refined = json.find("refined");
+  if (refined != json.end() && refined->is_object()) pair.refined.emplace().uncertainty = uncertaintyOf(*refined);
   return pair;
+}
+
+/// As far as `fisheyeText` asks.
+Cameras camerasOf(const Json& json) {
+  Cameras cameras;
+  const double type = numberAt(json, "type");
+  if (std::abs(type) <= INT32_MAX) cameras.type = static_cast<int>(type);
+  if (json.contains("extrinsics") && json["extrinsics"].is_object()) {
+    for (const auto& [name, each] : json["extrinsics"].items()) cameras.extrinsics.push_back(numberOf(each));
+  }
+  return cameras;
 }
 
 Verdict verdictOf(const Json& document) {
@@ -102,8 +121,10 @@ Check checkRecord(const Json& document) {
   Check check;
   check.name = document["set"]["name"].get<std::string>();
   check.verdict = verdictOf(document);
+  check.status.name = document["status"]["name"].get<std::string>();
   check.status.text = document["status"]["text"].get<std::string>();
   check.status.advice = document["status"]["advice"].get<std::string>();
+  check.cameras = camerasOf(document["cameras"]);
   if (document.contains("diagnosis") && document["diagnosis"].is_object()) {
     check.diagnosis.emplace();
     check.diagnosis->text = document["diagnosis"]["text"].get<std::string>();

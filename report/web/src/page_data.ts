@@ -31,6 +31,8 @@ export interface CheckView {
   /** The sentence of the worst pair, and of the refined figures; '' where there is none. */
   worst_pair_text: string;
   refined_text: string;
+  /** What stands behind figures of the raw pair of fisheye lenses; '' for other lenses. */
+  fisheye_text: string;
   /** Index in `pairs` of the pair to begin with: the worst, else the first finished, else the first; null: no pair. */
   first_pair: number | null;
   /** The figures that matter first, in order: the names of the small trends. */
@@ -122,7 +124,12 @@ export interface DotColumns {
   off_z: (number | null)[];
   /** Measured depth less the depth of the fitted board, board units, along the left camera's axis. */
   depth_error: (number | null)[];
-  /** Only of refined points: 'refined', or another word where the centre stayed as it was found. */
+  /** Only of refined points: standard deviations of the centres, pixels, and 'refined', or another word where the
+   * centre stayed as it was found. */
+  left_sd_x?: (number | null)[];
+  left_sd_y?: (number | null)[];
+  right_sd_x?: (number | null)[];
+  right_sd_y?: (number | null)[];
   left_state?: string[];
   right_state?: string[];
 }
@@ -251,6 +258,12 @@ export interface FigureSummary {
   high95: number | null;
 }
 
+export interface Uncertainty {
+  sd: number | null;
+  low95: number | null;
+  high95: number | null;
+}
+
 export interface CheckPair {
   index: number;
   left: string;
@@ -259,8 +272,13 @@ export interface CheckPair {
   reason: { code: number | string | null; text: string; side: string; step: string } | null;
   figures: Record<string, FigureValue>;
   carried: string[];
-  refined?: { figures: Record<string, FigureValue>; problem: string; dots: { left: number; right: number } };
-  uncertainty?: Record<string, { sd: number | null; low95: number | null; high95: number | null }>;
+  refined?: {
+    figures: Record<string, FigureValue>;
+    problem: string;
+    uncertainty?: Record<string, Uncertainty>;
+    dots: { left: number; right: number };
+  };
+  uncertainty?: Record<string, Uncertainty>;
   found?: { left: number; right: number };
   quality?: { left: PictureQuality | null; right: PictureQuality | null; coverage: number | null } | null;
 }

@@ -44,6 +44,13 @@ TEST(StaticPartOf, AFailedRunSaysWhy) {
   EXPECT_THAT(html, Not(HasSubstr("<b>")));
 }
 
+TEST(StaticPartOf, TellsFisheyeLenses) {
+  Check check = made_document::check();
+  EXPECT_THAT(staticPart({viewOf(check)}), Not(HasSubstr("Fisheye")));
+  check.cameras.type = 2;
+  EXPECT_THAT(staticPart({viewOf(check)}), HasSubstr("judge by dy_means and dy_max.</p>"));
+}
+
 TEST(StaticPartOf, EachCheckHasItsSection) {
   const CheckView view = viewOf(made_document::check());
   const std::string one = staticPart({view});

@@ -17,6 +17,7 @@ Json fullDocument() {
   check.pairs.push_back(hand_made::givenUp(made_document::pair(1, 0.1)));
   check.pairs[0] = hand_made::refined(check.pairs[0], {0.05}, {});
   check.pairs[0].uncertainty = {{"dy_means", 0.1, 0.0, 0.2}};
+  check.pairs[0].refined->uncertainty = {{"dy_means", 0.01, 0.03, 0.07}};
   check.pairs[0].quality.emplace();
   check.diagnosis.emplace();
   check.diagnosis->causes = {{"k1", 0.1, 0.01, "", 0.5, "text", 0}};
@@ -61,12 +62,13 @@ INSTANTIATE_TEST_SUITE_P(
                       "/pairs/0/state", "/pairs/1/reason/text", "/pairs/1/reason/side", "/pairs/0/figures/dy_means",
                       "/pairs/0/carried", "/pairs/0/uncertainty/dy_means", "/pairs/0/uncertainty/dy_means/sd",
                       "/pairs/0/found/left", "/pairs/0/quality/left/noise", "/pairs/0/quality/coverage",
-                      "/pairs/0/refined/problem", "/pairs/0/refined/figures/dy_means", "/pairs/0/refined/dots",
-                      "/summary/pairs", "/summary/figures/dy_means", "/summary/figures/dy_means/mean",
-                      "/summary/refined/figures/dy_means/max", "/limits", "/limits/0/text", "/limits/0/value",
-                      "/limits/0/holds", "/limits/0/why", "/verdict", "/warnings", "/warnings/0/code",
-                      "/warnings/0/pair", "/diagnosis/text", "/diagnosis/causes", "/diagnosis/causes/0/value",
-                      "/diagnosis/pattern_left", "/diagnosis/correction/path"));
+                      "/pairs/0/refined/problem", "/pairs/0/refined/uncertainty/dy_means",
+                      "/pairs/0/refined/uncertainty/dy_means/low95", "/pairs/0/refined/figures/dy_means",
+                      "/pairs/0/refined/dots", "/summary/pairs", "/summary/figures/dy_means",
+                      "/summary/figures/dy_means/mean", "/summary/refined/figures/dy_means/max", "/limits",
+                      "/limits/0/text", "/limits/0/value", "/limits/0/holds", "/limits/0/why", "/verdict", "/warnings",
+                      "/warnings/0/code", "/warnings/0/pair", "/diagnosis/text", "/diagnosis/causes",
+                      "/diagnosis/causes/0/value", "/diagnosis/pattern_left", "/diagnosis/correction/path"));
 
 }  // namespace
 }  // namespace polarline

@@ -39,6 +39,18 @@ TEST(DotListsOf, OtherLengthsAreRefused) {
   EXPECT_EQ(problemOf(R"({"id": [], "x": [0.1]})"), "r.json: x: found 1 entries, wanted 0 as in id");
 }
 
+TEST(DotListsRefined, HaveTheirErrorsAndStates) {
+  const DotLists dots = read(
+      R"({"id": [3, 4], "left_sd_x": [0.1, null], "right_sd_y": [0.2, 0.3], "left_state": ["refined", "clipped"]})");
+  EXPECT_EQ(dots.left_sd_x[0], 0.1);
+  EXPECT_TRUE(std::isnan(dots.left_sd_x[1]));
+  EXPECT_EQ(dots.right_sd_y, (std::vector<double>{0.2, 0.3}));
+  EXPECT_EQ(dots.left_state, (std::vector<std::string>{"refined", "clipped"}));
+  EXPECT_EQ(problemOf(R"({"id": [3, 4], "left_state": ["refined"]})"),
+            "r.json: left_state: found 1 entries, wanted 2 as in id");
+  EXPECT_NE(problemOf(R"({"id": [3], "right_state": [1]})"), "");
+}
+
 TEST(DotListsIds, AreWholeNumbers) {
   for (const char* id : {"1.5", "null", "3e9", "-3e9"}) {
     EXPECT_EQ(problemOf((std::string("{\"id\": [0, ") + id + "]}").c_str()),

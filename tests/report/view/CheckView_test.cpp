@@ -38,6 +38,7 @@ TEST(CheckViewWords, AreThoseOfTheCommand) {
   EXPECT_EQ(view["headline"], "PASS: the limit holds.");
   EXPECT_EQ(view["worst_pair_text"], "Worst pair: 0 (dy_means 0.0550 pixels).");
   EXPECT_EQ(view["refined_text"], "");
+  EXPECT_EQ(view["fisheye_text"], "");
   EXPECT_EQ(view["main_figures"], Json::parse(R"(["dy_means"])"));
   EXPECT_EQ(view["left_out"], "");
 }

@@ -70,6 +70,21 @@ TEST(DetailsTextRefined, StandBesideTheDetected) {
   EXPECT_EQ(details["refined_statistics"], details["statistics"]);
 }
 
+TEST(DetailsTextRefined, TellHowCertainEachCentreIs) {
+  Check check = made_document::check();
+  check.pairs[0] = hand_made::refined(check.pairs[0], {0.01}, {});
+  RefinedPoints& points = check.pairs[0].refined->points;
+  points.id = {0, 1};
+  points.left_sd_x = {0.25F, NAN};
+  points.left_state = {DotState::kRefined, DotState::kClipped};
+  points.right_state = {DotState::kRefined, DotState::kRefined};
+  const Json refined = detailsOf(check)["refined_points"];
+  EXPECT_EQ(refined["left_sd_x"], Json::parse("[0.25, null]"));
+  EXPECT_EQ(refined["left_state"], Json::parse(R"(["refined", "clipped"])"));
+  EXPECT_EQ(refined["right_sd_y"], Json::parse("[null, null]"));
+  EXPECT_FALSE(detailsOf(check)["points"].contains("left_state"));
+}
+
 TEST(DetailsTextGivenUp, HasPicturesOnly) {
   Check check = made_document::check();
   check.pairs[0] = hand_made::givenUp(check.pairs[0]);

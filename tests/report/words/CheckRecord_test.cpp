@@ -14,6 +14,7 @@ Check threePairs() {
                  hand_made::pair(5, {}, {1.0, 2.0})};
   check.pairs[0].uncertainty = {{"dy_means", 0.01, 0.18, 0.22}};
   check.pairs[0] = hand_made::refined(check.pairs[0], {0.1}, {});
+  check.pairs[0].refined->uncertainty = {{"dy_means", 0.002, 0.096, 0.104}};
   check.summary = {made_document::summary("dy_means", 0.2, NAN, 3), made_document::summary("tri_dis[1]", 2.0, NAN, 5)};
   check.refined_summary = {made_document::summary("dy_means", 0.1, NAN, 3)};
   for (auto* summaries : {&check.summary, &*check.refined_summary}) {
@@ -37,6 +38,27 @@ TEST(CheckRecordSentences, AreThoseOfTheCheckItself) {
     EXPECT_NE(refinedPairText(record), "");
     EXPECT_EQ(finishedText(record), finishedText(check));
   }
+}
+
+TEST(CheckRecordSentences, ARefinedFigureHasItsOwnError) {
+  EXPECT_EQ(refinedPairText(checkRecord(made_document::json(threePairs()))),
+            "From refined centres: dy_means 0.1000 ± 0.0020 pixels in pair 3.");
+}
+
+TEST(CheckRecordSentences, ARunThatEndedEarlySaysSo) {
+  Check check = threePairs();
+  check.status.name = "input_unusable";
+  EXPECT_EQ(finishedText(checkRecord(made_document::json(check))), "2 of 3 pairs finished, then the run ended.");
+}
+
+TEST(CheckRecordSentences, FisheyeLensesAreTold) {
+  Check check = threePairs();
+  EXPECT_EQ(fisheyeText(checkRecord(made_document::json(check))), "");
+  check.cameras.type = 2;
+  EXPECT_EQ(fisheyeText(checkRecord(made_document::json(check))), fisheyeText(check));
+  EXPECT_NE(fisheyeText(check), "");
+  check.cameras.extrinsics.clear();
+  EXPECT_EQ(fisheyeText(checkRecord(made_document::json(check))), "") << "rectified elsewhere";
 }
 
 TEST(CheckRecordSummary, CountsThePairsThatMeasured) {

@@ -1,7 +1,7 @@
 import { el } from '../dom/el';
 import { tableElement, type Cell } from '../dom/table';
 import { figureValue, type ShownFigure } from '../dom/value';
-import { figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
+import { figuresOf, flattened, reasonOfAbsence, shortUnit, uncertaintyOf, valueOf, type Source } from '../text/figures';
 import { beyondWords, brokenBy, type Broken } from '../text/limits';
 import { between, error } from '../text/number';
 import { icon } from '../dom/icon';
@@ -10,14 +10,13 @@ import type { PairScope } from './scope';
 
 export function pairFigure(scope: PairScope, name: string, source: Source): ShownFigure {
   const { pair, explanations } = scope;
-  const sd = source === 'library' ? pair.uncertainty?.[name]?.sd : undefined;
   return {
     name,
     pair: pair.index,
     check: scope.number + 1,
     value: valueOf(pair, source, name),
     refined: source === 'refined',
-    sd: sd ?? null,
+    sd: uncertaintyOf(pair, source, name)?.sd ?? null,
     unit: shortUnit(explanations.unit(name)),
     absence: reasonOfAbsence(pair, source, name),
   };
@@ -98,8 +97,8 @@ function exact(scope: PairScope, name: string, source: Source): Cell {
   };
 }
 
-function interval(scope: PairScope, name: string): Cell[] {
-  const known = scope.pair.uncertainty?.[name];
+function interval(scope: PairScope, name: string, source: Source): Cell[] {
+  const known = uncertaintyOf(scope.pair, source, name);
   if (!known) return ['', ''];
   const { sd, low95: low, high95: high } = known;
   return [
@@ -123,15 +122,21 @@ export function allFigures(scope: PairScope): HTMLElement {
       { title: 'Value', numbers: true },
       { title: '±', hint: 'Standard error', numbers: true },
       { title: '95 % interval', numbers: true },
-      ...(refined ? [{ title: 'Refined', numbers: true }] : []),
+      ...(refined
+        ? [
+            { title: 'Refined', numbers: true },
+            { title: '±', below: 'refined', hint: 'Standard error', numbers: true },
+            { title: '95 % interval', below: 'refined', numbers: true },
+          ]
+        : []),
       { title: 'Unit' },
       { title: 'Meaning' },
     ],
     rows: [...names, ...more].map((name) => [
       name,
       exact(scope, name, 'library'),
-      ...interval(scope, name),
-      ...(refined ? [exact(scope, name, 'refined')] : []),
+      ...interval(scope, name, 'library'),
+      ...(refined ? [exact(scope, name, 'refined'), ...interval(scope, name, 'refined')] : []),
       explanations.unit(name),
       explanations.meaning(name),
     ]),

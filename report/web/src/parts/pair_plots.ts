@@ -85,6 +85,11 @@ function rowDifferences(given: Given): HTMLElement[] {
   ];
 }
 
+/** Of the figures of the raw pair: of fisheye lenses they say little. */
+function ofRawPair({ check }: PairScope, sentence: string): string {
+  return check.fisheye_text === '' ? sentence : `${sentence} ${check.fisheye_text}`;
+}
+
 /** What remains without the causes can't be shown where what they make of each dot is not known. */
 function withUnknown({ check }: PairScope, sentence: string): string {
   return check.pattern_unknown === '' ? sentence : `${sentence} ${check.pattern_unknown}`;
@@ -94,6 +99,7 @@ function residuals(given: Given): HTMLElement[] {
   const { scope, points, statistics } = given;
   if (!some(points.residual)) return [];
   const { board } = scope.check.document;
+  const told = ofRawPair(scope, statistics.sentences.residual);
   const residual = { name: 'Residual', unit: 'pixels', ids: points.id, values: points.residual, signed: false };
   const cells = {
     ...residual,
@@ -105,10 +111,8 @@ function residuals(given: Given): HTMLElement[] {
   };
   const map = { ...residual, sides: sides(scope, points), arrows: false, bounds: dotLimits(scope, 'tri_max') };
   return [
-    ...(isFrame(scope)
-      ? []
-      : [figure(given, 'Residual over the board', statistics.sentences.residual, help.cells, boardCells, cells)]),
-    figure(given, 'Residual over the picture', statistics.sentences.residual, help.residual, pictureMap, map),
+    ...(isFrame(scope) ? [] : [figure(given, 'Residual over the board', told, help.cells, boardCells, cells)]),
+    figure(given, 'Residual over the picture', told, help.residual, pictureMap, map),
   ];
 }
 
@@ -131,18 +135,37 @@ function space(given: Given): HTMLElement[] {
   const depthMap = { ...depth, sides: sides(scope, points), bounds: [] };
   return [
     ...(some(points.off_z) && !isFrame(scope)
-      ? [figure(given, 'Measured board against the true one', sentences.board3d, help.board, board3d, board, 'tall')]
+      ? [
+          figure(
+            given,
+            'Measured board against the true one',
+            ofRawPair(scope, sentences.board3d),
+            help.board,
+            board3d,
+            board,
+            'tall',
+          ),
+        ]
       : []),
     ...(distances.length > 0
       ? [
-          figure(given, 'Distance errors', sentences.distances, help.distances, distanceErrors, {
+          figure(given, 'Distance errors', ofRawPair(scope, sentences.distances), help.distances, distanceErrors, {
             unit,
             bins: distances,
           }),
         ]
       : []),
     ...(some(points.depth_error)
-      ? [figure(given, 'Depth error over the picture', sentences.depth, help.depth, pictureMap, depthMap)]
+      ? [
+          figure(
+            given,
+            'Depth error over the picture',
+            ofRawPair(scope, sentences.depth),
+            help.depth,
+            pictureMap,
+            depthMap,
+          ),
+        ]
       : []),
   ];
 }

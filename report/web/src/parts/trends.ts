@@ -2,7 +2,7 @@ import { el } from '../dom/el';
 import { plotFigure, type DrawnFigure } from '../dom/plot_figure';
 import { trendOverPairs, type TrendView } from '../plots/trend';
 import { SelectionStore } from '../state/selection';
-import { bareName, valueOf } from '../text/figures';
+import { bareName, uncertaintyOf, valueOf } from '../text/figures';
 import { exceeds, isUpper, limitedFigures, rulesOn, type LimitRule } from '../text/limits';
 import { shown, typographic } from '../text/number';
 import { section } from './chip';
@@ -23,7 +23,7 @@ function viewOf(scope: Scope, name: string, rules: LimitRule[]): TrendView {
     pairs: scope.check.document.pairs.map((pair) => {
       // A pair that was given up may have got as far as some figures; the run's statistics do not count them.
       const value = pair.state === 'finished' ? valueOf(pair, source, name) : null;
-      const known = source === 'library' ? pair.uncertainty?.[name] : undefined;
+      const known = uncertaintyOf(pair, source, name);
       return {
         index: pair.index,
         value,

@@ -55,7 +55,7 @@ export function verdict(scope: Scope): HTMLElement {
       el('h1', { id: 'verdict-title', class: shape }, icon(shape), words),
       el('p', { class: 'headline' }, sentence(check.headline)),
       status(check.document, check.headline),
-      ...[check.worst_pair_text, check.refined_text]
+      ...[check.worst_pair_text, check.refined_text, check.fisheye_text]
         .filter((text) => text !== '')
         .map((text) => el('p', {}, typographic(text))),
       causes(scope),

@@ -1,10 +1,19 @@
 import type { DotColumns } from '../page_data';
-import { shown, signed } from './number';
+import { error, shown, signed } from './number';
 
 type Line = [name: string, value: string];
 
 function pixel(x: number | null | undefined, y: number | null | undefined): string | null {
   return typeof x === 'number' && typeof y === 'number' ? `${x.toFixed(2)}, ${y.toFixed(2)} px` : null;
+}
+
+/** What became of a centre: how certain it is, or why it stayed where it was detected. */
+function centre(points: DotColumns, index: number, side: 'left' | 'right'): string | null {
+  const state = points[`${side}_state`]?.[index];
+  if (state === undefined) return null;
+  const [x, y] = [points[`${side}_sd_x`]?.[index], points[`${side}_sd_y`]?.[index]];
+  const known = typeof x === 'number' && typeof y === 'number';
+  return known ? `${state}, ± ${error(x)}, ${error(y)} px` : state.replace(/_/g, ' ');
 }
 
 /** All that is known of a dot, in words. What was not measured is left out. */
@@ -27,6 +36,8 @@ export function dotLines(points: DotColumns, index: number, unit: string): Line[
     ['Row, column', `${points.row[index]}, ${points.column[index]}`],
     ['Left pixel', pixel(points.left_x[index], points.left_y[index])],
     ['Right pixel', pixel(points.right_x[index], points.right_y[index])],
+    ['Left centre', centre(points, index, 'left')],
+    ['Right centre', centre(points, index, 'right')],
     ['Rectified left', pixel(points.rectified_left_x[index], points.rectified_left_y[index])],
     ['Rectified right', pixel(points.rectified_right_x[index], points.rectified_right_y[index])],
     ['Row difference', number(points.dy, signed, 'px')],

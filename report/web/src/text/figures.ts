@@ -1,4 +1,4 @@
-import type { CheckPair, Explanation, FigureValue } from '../page_data';
+import type { CheckPair, Explanation, FigureValue, Uncertainty } from '../page_data';
 
 export type Source = 'library' | 'refined';
 
@@ -30,6 +30,11 @@ export function valueOf(pair: CheckPair, source: Source, name: string): number |
   if (!Array.isArray(value)) return value ?? null;
   const index = /\[(\d+)\]$/.exec(name)?.[1];
   return index === undefined ? null : (value[Number(index)] ?? null);
+}
+
+/** How certain the figure is, where that is known. */
+export function uncertaintyOf(pair: CheckPair, source: Source, name: string): Uncertainty | undefined {
+  return (source === 'library' ? pair : pair.refined)?.uncertainty?.[name];
 }
 
 /** Why a figure is not there. */
