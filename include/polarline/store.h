@@ -52,4 +52,29 @@ POLARLINE_API std::string mergeText(const MergeResult& result);
 /// The same as JSON, schema "polarline-merge/1".
 POLARLINE_API std::string mergeJson(const MergeResult& result);
 
+/// Whether a file begins as SQLite's do: results rather than the document of a check.
+POLARLINE_API bool isResultsFile(const std::string& path);
+
+/// How the data of a fleet's page are made. They are the same for the same results and options.
+struct FleetOptions {
+  std::string title;  ///< Empty: the name of the results file, without folder and ending.
+  std::string made;   ///< When: UTC, ISO 8601; empty: now.
+  /// Where the worst sets' pages lie, as a URL that the fleet's page sees, percent-encoded; empty: they have none.
+  std::string pages;
+};
+
+/// What the results say of the fleet as a page needs it: JSON, schema "polarline-fleet/1", of cells (counts, means,
+/// histograms by station, model and day), no points, so that it is small whatever the number of sets. Of one moment,
+/// also while a merge writes. Throws as `merge` does, and `InputError` for results of an earlier schema.
+POLARLINE_API std::string fleetData(const std::string& results, const FleetOptions& options = {});
+
+/// The document of one of the sets that the fleet's page calls worst.
+struct WorstDocument {
+  std::string name;  ///< As the data have it, `worst[].document`.
+  std::string path;  ///< In its store, which may be gone by now.
+};
+
+/// The documents of the worst sets, in the order of the data. Throws as `fleetData` does.
+POLARLINE_API std::vector<WorstDocument> worstDocuments(const std::string& results);
+
 }  // namespace polarline

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace polarline {
+namespace polarline::results {
 
 /// A figure of a pair, or an entry of a list.
 struct FigureRow {
@@ -69,4 +69,4 @@ struct DocumentRows {
   std::vector<WarningRow> warnings;
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

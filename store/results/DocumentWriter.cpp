@@ -4,7 +4,7 @@
 
 #include <tuple>
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// From the size on, as `documents` has the two states.
@@ -151,4 +151,4 @@ DocumentWriter::Outcome DocumentWriter::writeMetadata(std::int64_t document, con
   return Outcome::kRenewed;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

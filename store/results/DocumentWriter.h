@@ -9,7 +9,7 @@
 #include "store/results/SetRows.h"
 #include "store/results/Sqlite.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// What the results know of a document: the states of the files as they were merged. A file that could not be read is
 /// known as one that is not there, and so read again each time.
@@ -67,4 +67,4 @@ class DocumentWriter {
   std::size_t forgotten_ = 0;
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -1,6 +1,6 @@
 #include "store/results/SchemaText.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// Never changed: files of this version are out there. What is new is a step of its own.
@@ -141,4 +141,4 @@ CREATE TABLE warnings(
 
 void makeFirstSchema(const sqlite::Database& database) { database.run(kTables); }
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -8,7 +8,7 @@
 
 #include "store/results/Utf8.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// No document of ours is nested deeper.
@@ -214,4 +214,4 @@ void JsonCursor::end() {
   if (at_ < text_.size()) fault("the end of the text was wanted");
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

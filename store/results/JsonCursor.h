@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace polarline {
+namespace polarline::results {
 
 /// A text that is not the JSON that was wanted.
 class JsonFault : public std::runtime_error {
@@ -73,4 +73,4 @@ class JsonCursor {
   std::size_t depth_ = 0;  ///< Of open brackets.
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstddef>
 
-namespace polarline {
+namespace polarline::results {
 
 void KeyedReader::members(const char* what, std::initializer_list<Key> keys) {
   std::uint64_t seen = 0;
@@ -43,4 +43,4 @@ std::string KeyedReader::oneOf(std::initializer_list<const char*> words) {
   return found;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -9,7 +9,7 @@
 
 #include "store/results/JsonCursor.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// A cursor that takes objects by their keys: what is read of an object stands in one list.
 class KeyedReader : public JsonCursor {
@@ -48,4 +48,4 @@ class KeyedReader : public JsonCursor {
   }
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -3,7 +3,7 @@
 #include "check/judge/Limit.h"
 #include "polarline/errors.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 const char* signOf(Limit::Comparison comparison) {
@@ -38,4 +38,4 @@ void LimitRules::add(const std::string& text) {
   }
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

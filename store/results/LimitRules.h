@@ -5,7 +5,7 @@
 
 #include "store/results/Sqlite.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// Writes down what each limit's text says, once a text: which figure it judges, how and by which bound. A text that
 /// this version can't read has a row all the same, without a figure.
@@ -19,4 +19,4 @@ class LimitRules {
   std::unordered_set<std::string> known_;
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -7,7 +7,7 @@
 #include "store/results/ReadDocument.h"
 #include "store/results/StoreWalk.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// Reads a file and hands it to a reader; what goes wrong is the result.
@@ -41,4 +41,4 @@ LoadedDocument loadDocument(const std::filesystem::path& store, const std::strin
   return loaded;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

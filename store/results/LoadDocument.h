@@ -8,7 +8,7 @@
 #include "store/results/ReadMetadata.h"
 #include "store/results/StoredFile.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// A document and what stands beside it, read and parsed.
 struct LoadedDocument {
@@ -25,4 +25,4 @@ struct LoadedDocument {
 /// Never throws for what the files are: that is a fault told in the result.
 LoadedDocument loadDocument(const std::filesystem::path& store, const std::string& name);
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -13,6 +13,8 @@
 #include "store/results/StoreMerge.h"
 
 namespace polarline {
+using namespace results;
+
 namespace {
 
 namespace fs = std::filesystem;

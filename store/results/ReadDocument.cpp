@@ -13,7 +13,7 @@
 #include "store/results/KeyedReader.h"
 #include "store/results/UtcTime.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 constexpr const char* kSchema = "polarline-check/1";
@@ -209,4 +209,4 @@ DocumentRows readDocument(std::string_view text) {
   return rows;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -4,7 +4,7 @@
 
 #include "store/results/KeyedReader.h"
 
-namespace polarline {
+namespace polarline::results {
 
 std::string SetMetadata::value(std::string_view key) const {
   for (const auto& [name, value] : values) {
@@ -25,4 +25,4 @@ SetMetadata readMetadata(std::string_view text) {
   return metadata;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

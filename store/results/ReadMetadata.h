@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace polarline {
+namespace polarline::results {
 
 /// What the list of a batch said of a set.
 struct SetMetadata {
@@ -19,4 +19,4 @@ struct SetMetadata {
 /// Reads what stands beside a document: `{"metadata": {KEY: TEXT, ...}, "settings": "<hash>"}`. Throws `JsonFault`.
 SetMetadata readMetadata(std::string_view text);
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -13,7 +13,7 @@
 #include "polarline/errors.h"
 #include "store/results/SchemaText.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// The step at place k leads from version k to k + 1.
@@ -94,4 +94,4 @@ std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path) {
   return database;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

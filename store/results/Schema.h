@@ -2,7 +2,7 @@
 
 #include "store/results/Sqlite.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// What `PRAGMA application_id` of a results file says: "PLRS".
 inline constexpr int kResultsApplication = 0x504C5253;
@@ -17,4 +17,4 @@ std::unique_ptr<sqlite::Database> openResultsToWrite(const std::string& path);
 /// Opens one to read. Throws `InputError` also for one of an earlier schema.
 std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path);
 
-}  // namespace polarline
+}  // namespace polarline::results

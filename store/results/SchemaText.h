@@ -2,7 +2,7 @@
 
 #include "store/results/Sqlite.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// A step from one version of the schema to the next, within a transaction.
 using SchemaStep = void (*)(const sqlite::Database& database);
@@ -17,4 +17,4 @@ void addLimitRules(const sqlite::Database& database);
 /// Drops every view and makes those of the current version: views hold nothing, so a step need not know them.
 void makeViews(const sqlite::Database& database);
 
-}  // namespace polarline
+}  // namespace polarline::results

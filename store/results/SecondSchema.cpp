@@ -4,7 +4,7 @@
 #include "store/results/LimitRules.h"
 #include "store/results/SchemaText.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 constexpr const char* kLimitRules = R"sql(
@@ -30,4 +30,4 @@ void addLimitRules(const sqlite::Database& database) {
   for (const std::string& text : texts) rules.add(text);
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

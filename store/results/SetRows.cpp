@@ -6,7 +6,7 @@
 
 #include "store/results/UtcTime.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// NULL for what the list of the batch did not say.
@@ -122,4 +122,4 @@ void SetRows::addJudgement(std::int64_t set, const DocumentRows& rows) {
     add_warning_.run(set, position++, warning.code, warning.pair, warning.text);
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -10,7 +10,7 @@
 #include "store/results/ReadMetadata.h"
 #include "store/results/Sqlite.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// Writes the rows of sets, within transactions of the caller.
 class SetRows {
@@ -38,4 +38,4 @@ class SetRows {
   std::map<std::tuple<std::string, int, bool>, std::int64_t> names_;  ///< `figure_names` as far as it was seen.
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

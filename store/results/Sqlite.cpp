@@ -91,6 +91,8 @@ std::string Statement::text(int column) const {
 
 bool Statement::isNull(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
 
+int Statement::columns() const { return sqlite3_column_count(statement_.get()); }
+
 void Statement::set(int place, std::int64_t value) { sqlite3_bind_int64(statement_.get(), place, value); }
 
 void Statement::set(int place, double value) {

@@ -70,6 +70,7 @@ class Statement {
   double real(int column) const;  ///< 0 for NULL.
   std::string text(int column) const;
   bool isNull(int column) const;
+  int columns() const;
 
  private:
   void set(int place, std::int64_t value);

@@ -5,7 +5,7 @@
 #include <future>
 #include <utility>
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// Documents of a transaction: few enough for another merge to get its turn within a second, and for what is lost with
@@ -106,4 +106,4 @@ void StoreMerge::count(const LoadedDocument& loaded, DocumentWriter::Outcome out
   }
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

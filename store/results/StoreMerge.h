@@ -8,7 +8,7 @@
 #include "store/results/DocumentWriter.h"
 #include "store/results/StoreWalk.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// Merges one store folder.
 class StoreMerge {
@@ -38,4 +38,4 @@ class StoreMerge {
   std::int64_t number_ = 0;
 };
 
-}  // namespace polarline
+}  // namespace polarline::results

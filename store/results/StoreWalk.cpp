@@ -6,7 +6,7 @@
 
 #include "polarline/errors.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 namespace fs = std::filesystem;
@@ -66,4 +66,4 @@ std::vector<FoundDocument> walkStore(const fs::path& store) {
   return found;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

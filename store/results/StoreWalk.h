@@ -6,7 +6,7 @@
 
 #include "store/results/StoredFile.h"
 
-namespace polarline {
+namespace polarline::results {
 
 /// A document in a store folder, `DIR/ab/abcdef....json`, and what stands beside it.
 struct FoundDocument {
@@ -23,4 +23,4 @@ std::vector<FoundDocument> walkStore(const std::filesystem::path& store);
 std::filesystem::path documentPath(const std::filesystem::path& store, const std::string& name);
 std::filesystem::path metadataPath(const std::filesystem::path& store, const std::string& name);
 
-}  // namespace polarline
+}  // namespace polarline::results

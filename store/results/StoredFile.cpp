@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <system_error>
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// Ten thousand pairs have less.
@@ -70,4 +70,4 @@ StoredFile readStoredFile(const std::filesystem::path& path) {
   return read;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

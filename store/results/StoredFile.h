@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-namespace polarline {
+namespace polarline::results {
 
 /// By what a file is known again without reading it. A store's files appear by renaming, so that one that was written
 /// anew has another inode, whatever the clock says.
@@ -28,4 +28,4 @@ struct StoredFile {
 /// Reads a file whole. One that is not there, or gone meanwhile, has no state. Throws `std::system_error`.
 StoredFile readStoredFile(const std::filesystem::path& path);
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <cstddef>
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 constexpr long long kSecondsOfDay = 86400;
@@ -121,4 +121,4 @@ long long secondsOf(std::string_view utc) {
   return days * kSecondsOfDay + of_day;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

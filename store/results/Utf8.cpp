@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 /// The bytes of the character that begins here; 0 for one that is none.
@@ -32,4 +32,4 @@ bool isUtf8(std::string_view bytes) {
   return true;
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

@@ -1,6 +1,6 @@
 #include "store/results/SchemaText.h"
 
-namespace polarline {
+namespace polarline::results {
 namespace {
 
 constexpr const char* kViews = R"sql(
@@ -57,4 +57,4 @@ void makeViews(const sqlite::Database& database) {
   database.run(drops + kViews);
 }
 
-}  // namespace polarline
+}  // namespace polarline::results

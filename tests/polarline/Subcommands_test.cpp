@@ -34,6 +34,7 @@ struct Subcommands : CommandTest {
   /// What the examples name.
   void layOut() const {
     for (const char* name : {"my_set", "pictures"}) fs::copy(set.folder, set.parent.file(name));
+    fs::create_directories(set.parent.file("store"));
     for (const char* name : {"left_0.png", "left_1.png", "right_0.png", "right_1.png", "calib.json"})
       fs::copy(set.file(name), set.parent.file(name));
     set.parent.write("sets.txt", "my_set\tserial=A0042\tstation=3\n");
@@ -81,7 +82,7 @@ TEST_F(Subcommands, RunTheExamplesOfTheirHelp) {
     EXPECT_EQ(shell(line), 0) << line << "\n" << set.parent.read("err.txt");
   }
   for (const char* made : {"myset/polar.txt", "calib.json", "result.json", "seen/left_0_overlay.png", "board.pdf",
-                           "simulated/left_0.png", "report.html"})
+                           "simulated/left_0.png", "report.html", "results.sqlite"})
     EXPECT_TRUE(set.parent.has(made)) << made;
 }
 
@@ -141,6 +142,7 @@ TEST_F(Subcommands, WriteDocumentsOfTheirSchemas) {
   valid("simulate", {"simulate", "ring_320", "simulated", "--pairs", "1"});
   valid("presets", {"simulate", "--list"});
   valid("explain", {"explain"});
+  valid("merge", {"merge", "store", "-o", "r.sqlite"});
   valid("detect", {"detect", "left_0.png", "--target", "my_set/target.ini"});
 }
 

@@ -1,0 +1,119 @@
+#include "store/results/Schema.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "polarline/errors.h"
+#include "store/MadeStore.h"
+
+namespace {
+
+using polarline::results::kResultsSchema;
+using polarline::results::openResultsToRead;
+using polarline::results::openResultsToWrite;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+struct Schema : ::testing::Test {
+  made_store::Results results;
+
+  void refused(const std::string& words) const {
+    const std::string before = TempFolder::contentOf(results.path());
+    try {
+      openResultsToWrite(results.path());
+      ADD_FAILURE() << words;
+    } catch (const polarline::InputError& error) {
+      EXPECT_THAT(error.what(), HasSubstr(words));
+    }
+    EXPECT_EQ(TempFolder::contentOf(results.path()), before) << "is left alone";
+  }
+};
+
+/// Tables, columns, indices and views, by their texts.
+std::vector<std::string> schemaOf(const made_store::Results& results) {
+  return results.rows("SELECT type, name, sql FROM sqlite_master ORDER BY type, name");
+}
+
+TEST_F(Schema, OfANewFileHasTheCurrentVersionAndAWriteAheadLog) {
+  openResultsToWrite(results.path());
+  EXPECT_EQ(results.one("PRAGMA user_version"), std::to_string(kResultsSchema));
+  EXPECT_EQ(results.one("PRAGMA application_id"), std::to_string(0x504C5253));
+  EXPECT_EQ(results.one("PRAGMA journal_mode"), "wal");
+}
+
+TEST_F(Schema, HasStrictTablesOnly) {
+  openResultsToWrite(results.path());
+  EXPECT_EQ(
+      results.one(
+          "SELECT count(*) FROM pragma_table_list WHERE type = 'table' AND name NOT LIKE 'sqlite_%' AND NOT strict"),
+      "0");
+  EXPECT_EQ(results.one("SELECT count(*) FROM pragma_table_list WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"),
+            "12");
+}
+
+TEST_F(Schema, HoldsTheRowsToTheirSets) {
+  const auto database = openResultsToWrite(results.path());
+  EXPECT_THROW(database->run("INSERT INTO limits VALUES (7, 0, 'dy_means<=1', 0.5, 1, 0)"), polarline::OutputError);
+}
+
+/// Files as earlier versions left them; a version that is new needs one of the version before.
+class SchemaEarlier : public ::testing::TestWithParam<int> {};
+
+TEST_P(SchemaEarlier, IsBroughtToTheCurrentOneWithAllItsSets) {
+  const made_store::Results results, fresh;
+  const std::string dump = TempFolder::contentOf(std::filesystem::path(EARLIER_RESULTS) /
+                                                 ("version_" + std::to_string(GetParam()) + ".sql"));
+  results.run(dump);
+  ASSERT_EQ(results.one("PRAGMA user_version"), std::to_string(GetParam()));
+  const auto sets = results.rows("SELECT * FROM sets ORDER BY id");
+  const auto figures = results.rows("SELECT * FROM figures ORDER BY 1, 2, 3");
+  ASSERT_GT(figures.size(), 50U);
+  EXPECT_THROW(openResultsToRead(results.path()), polarline::InputError);
+
+  openResultsToWrite(results.path());
+  openResultsToWrite(fresh.path());
+  EXPECT_EQ(results.one("PRAGMA user_version"), std::to_string(kResultsSchema));
+  EXPECT_EQ(schemaOf(results), schemaOf(fresh));
+  EXPECT_EQ(results.rows("SELECT * FROM sets ORDER BY id"), sets);
+  EXPECT_EQ(results.rows("SELECT * FROM figures ORDER BY 1, 2, 3"), figures);
+  EXPECT_THAT(results.rows("PRAGMA foreign_key_check"), IsEmpty());
+  EXPECT_THAT(results.rows("SELECT text, figure, comparison, bound FROM limit_rules ORDER BY text"),
+              ::testing::ElementsAre("dy_means<=0.8|dy_means|<=|0.8", "|tri_dis[0]|<=1.5|tri_dis[0]|<=|1.5"));
+  openResultsToRead(results.path());
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, SchemaEarlier, ::testing::Range(1, kResultsSchema));
+
+TEST_F(Schema, RefusesANewerOne) {
+  openResultsToWrite(results.path());
+  results.run("PRAGMA user_version = " + std::to_string(kResultsSchema + 1) + "; CREATE TABLE unknown(a)");
+  refused("is of schema " + std::to_string(kResultsSchema + 1));
+  EXPECT_THROW(openResultsToRead(results.path()), polarline::InputError);
+}
+
+TEST_F(Schema, RefusesAnotherProgramsFile) {
+  results.run("CREATE TABLE theirs(a)");
+  refused("is an SQLite file of something else");
+}
+
+TEST_F(Schema, RefusesWhatIsNoDatabase) {
+  std::ofstream(results.path()) << "{\"schema\": \"polarline-check/1\"}" << std::string(2000, ' ');
+  refused("is no SQLite file");
+  EXPECT_THROW(openResultsToRead(results.path()), polarline::InputError);
+}
+
+TEST_F(Schema, SaysWhereThereIsNothingToRead) {
+  EXPECT_THROW(openResultsToRead(results.path()), polarline::InputError);
+  EXPECT_FALSE(std::filesystem::exists(results.path()));
+}
+
+TEST_F(Schema, SaysThatAFolderThatIsNotThereCantBeWritten) {
+  EXPECT_THROW(openResultsToWrite(results.path() + "/none/r.sqlite"), polarline::OutputError);
+}
+
+}  // namespace
