@@ -48,8 +48,17 @@ POLARLINE_API bool isFleetDocument(const ReportDocument& document);
 /// The page of many checks: yield, figures against their limits, drift, causes that recur, the worst sets. `data` is
 /// the object "polarline-fleet/1" (docs/schema/polarline-fleet-1.schema.json), counts and sums of the sets of a store.
 /// The page works out of them what a filter by metadata leaves; without JavaScript yields, means and the worst sets
-/// stand. It is the same for the same data and title; an empty title: the store's name and the yield. Throws
-/// `InputError` (key, what was found and wanted) for data that is no JSON or not of the schema.
-POLARLINE_API std::string fleetPage(const ReportDocument& data, const std::string& title = {});
+/// stand. It is the same for the same arguments. Throws `InputError` (key, what was found and wanted) for data that is
+/// no JSON or not of the schema.
+/// @param title        Empty: the store's name and the yield.
+/// @param without_page Documents of the worst sets (`worst[].document`) whose pages could not be made: not linked to.
+POLARLINE_API std::string fleetPage(const ReportDocument& data, const std::string& title = {},
+                                    const std::vector<std::string>& without_page = {});
+
+/// How a page leads to a folder: a relative URL, percent-encoded, "." for its own folder. Nothing of the folders that
+/// both lie in is in it.
+/// @param page   Path of the page, "-" for standard output, which counts as the current folder.
+/// @param folder Path of the folder.
+POLARLINE_API std::string urlFromPage(const std::string& page, const std::string& folder);
 
 }  // namespace polarline

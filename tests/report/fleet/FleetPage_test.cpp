@@ -43,6 +43,18 @@ TEST(FleetPageOf, IsTheSameForTheSameData) {
   EXPECT_EQ(fleetPage(made_fleet::document()), fleetPage(made_fleet::document()));
 }
 
+TEST(FleetPageOf, DoesNotLinkToPagesThatWereNotMade) {
+  auto data = made_fleet::json();
+  data["worst"].push_back(data["worst"][0]);
+  data["worst"][0]["page"] = "pages/a.html";
+  data["worst"][0]["document"] = "a";
+  data["worst"][1]["page"] = "pages/b.html";
+  data["worst"][1]["document"] = "b";
+  const nlohmann::json shown = dataOf(fleetPage(made_fleet::documentOf(data), "", {"a", "c"}));
+  data["worst"][0]["page"] = nullptr;
+  EXPECT_EQ(shown["fleet"], nlohmann::json(data));
+}
+
 TEST(FleetPageOf, RefusesWhatIsNoFleet) {
   EXPECT_THROW(fleetPage({R"({"schema":"polarline-check/1"})", "c.json"}), InputError);
 }
