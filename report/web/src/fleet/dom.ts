@@ -20,11 +20,19 @@ export function percentText(share: number): string {
   return `${share < 0 ? '\u2212' : ''}${size.toFixed(digits)}\u00a0%`;
 }
 
-/** Both ends with the digits in which they differ. */
-export function rangeText({ low, high }: Interval): string {
-  const digits = Math.min(2, Math.max(0, 1 - Math.floor(Math.log10(100 * (high - low) || 1))));
-  const text = (share: number) => `${share < 0 ? '\u2212' : ''}${Math.abs(100 * share).toFixed(digits)}`;
-  return `${text(low)} to ${text(high)}\u00a0%`;
+/** Digits behind the point in which the ends of an interval differ. */
+function digitsOf({ low, high }: Interval): number {
+  return Math.min(2, Math.max(0, 1 - Math.floor(Math.log10(100 * (high - low) || 1))));
+}
+
+function fixedPercent(share: number, digits: number): string {
+  return `${share < 0 ? '\u2212' : ''}${Math.abs(100 * share).toFixed(digits)}`;
+}
+
+/** "95.1 to 98.9 %" */
+export function rangeText(interval: Interval): string {
+  const digits = digitsOf(interval);
+  return `${fixedPercent(interval.low, digits)} to ${fixedPercent(interval.high, digits)}\u00a0%`;
 }
 
 /** Thousands apart, as sets are counted. */
@@ -36,22 +44,19 @@ export function toldCount(figure: string, of: string, count: number): HTMLElemen
   return told(figure, of, count, countText(count));
 }
 
+/** The ends of a share's interval, with the digits in which they differ. */
+export function toldRange(figure: string, of: string, share: Share): HTMLElement {
+  const digits = digitsOf(share);
+  const end = (name: 'low' | 'high') =>
+    told(`${figure}.${name}`, of, share[name], `${fixedPercent(share[name], digits)}\u00a0%`);
+  return el('span', {}, end('low'), ' to ', end('high'));
+}
+
 /** A share with its interval in small. */
 export function toldShare(figure: string, of: string, share: Share | null): HTMLElement {
   if (!share) return el('span', { class: 'faint' }, '–');
-  return el(
-    'span',
-    {},
-    told(figure, of, share.share, percentText(share.share)),
-    ' ',
-    el(
-      'small',
-      {},
-      told(`${figure}.low`, of, share.low, percentText(share.low)),
-      ' to ',
-      told(`${figure}.high`, of, share.high, percentText(share.high)),
-    ),
-  );
+  const value = told(figure, of, share.share, percentText(share.share));
+  return el('span', {}, value, ' ', el('small', {}, toldRange(figure, of, share)));
 }
 
 export function cell(content: Node | string, value: string | number | null): Cell {

@@ -1,7 +1,7 @@
 import { el } from '../../dom/el';
 import { icon, type IconName } from '../../dom/icon';
 import { terms } from '../../parts/chip';
-import { countText, percentText, rangeText, told, toldCount, toldShare } from '../dom';
+import { countText, percentText, told, toldCount, toldRange, toldShare } from '../dom';
 import { counted } from '../view/counts';
 import { against, type Against } from '../view/yields';
 import { wilson } from '../statistics/proportion';
@@ -25,7 +25,9 @@ function sentence(scope: Scope, day: string, latest: Against): HTMLElement {
     toldCount('latest.passed', '', nowYield.count),
     ' of ',
     toldCount('latest.judged', '', nowYield.of),
-    ` judged sets passed (95 % interval ${rangeText(nowYield)}). `,
+    ' judged sets passed (95 % interval ',
+    toldRange('latest.yield', '', nowYield),
+    '). ',
     ...(beforeYield && difference
       ? [
           `In ${before}: `,
