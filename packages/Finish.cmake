@@ -14,11 +14,15 @@ function(compress)
   run(gzip -9n ${ARGN})
 endfunction()
 
-# What every package has: whose work it is, and what changed.
-function(document root package)
+# What every package has: whose work it is, that of others in it, and what changed.
+function(document root package compiled_in)
   set(folder ${root}/share/doc/${package})
   file(MAKE_DIRECTORY ${folder})
   run(${CPACK_PLP_PYTHON} -B ${here}/copyright.py ${CPACK_PLP_SOURCE}/report/page.html ${folder}/copyright)
+  foreach(other IN LISTS compiled_in)
+    file(MAKE_DIRECTORY ${folder}/compiled_in)
+    file(COPY_FILE /usr/share/doc/${other}/copyright ${folder}/compiled_in/${other})
+  endforeach()
   string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)  # Of SOURCE_DATE_EPOCH.
   file(WRITE ${folder}/changelog.Debian "${CPACK_PACKAGE_NAME} (${CPACK_PLP_VERSION}) bookworm; urgency=medium\n\n\
   * Packages of version ${CPACK_PACKAGE_VERSION}; changelog.gz tells what changed.\n\n\
@@ -60,6 +64,6 @@ endfunction()
 while(CPACK_PLP_PACKAGES)
   list(POP_FRONT CPACK_PLP_PACKAGES group package)
   set(root ${CPACK_TEMPORARY_DIRECTORY}/${group}/usr)
-  document(${root} ${package})
+  document(${root} ${package} "${CPACK_PLP_COMPILED_INTO_${group}}")
   cmake_language(CALL finish_${group} ${root})
 endwhile()

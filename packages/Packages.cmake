@@ -32,11 +32,13 @@ foreach(target IN ITEMS polarline PolarLinePrecision)  # Where dpkg-shlibdeps fi
   list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
 endforeach()
 
-# plp_package(GROUP NAME SECTION SYNOPSIS TEXT [DEPENDS text] [SUGGESTS text] [ARCHITECTURE text] [SHLIBDEPS bool] [CONTROL_EXTRA file...])
-# The last ones are CPACK_DEBIAN_<GROUP>_PACKAGE_...
+# plp_package(GROUP NAME SECTION SYNOPSIS TEXT [COMPILED_IN package...]
+#             [DEPENDS text] [SUGGESTS text] [ARCHITECTURE text] [SHLIBDEPS bool] [CONTROL_EXTRA file...])
+#   COMPILED_IN  packages of Debian whose headers leave code in what is ours, so that their licences have to come along
+# The ones of the last line are CPACK_DEBIAN_<GROUP>_PACKAGE_...
 function(plp_package group name section synopsis text)
   set(fields DEPENDS SUGGESTS ARCHITECTURE SHLIBDEPS CONTROL_EXTRA)
-  cmake_parse_arguments(PARSE_ARGV 5 arg "" "DEPENDS;SUGGESTS;ARCHITECTURE;SHLIBDEPS" CONTROL_EXTRA)
+  cmake_parse_arguments(PARSE_ARGV 5 arg "" "DEPENDS;SUGGESTS;ARCHITECTURE;SHLIBDEPS" "CONTROL_EXTRA;COMPILED_IN")
   string(TOUPPER ${group} group_name)
   set(prefix CPACK_DEBIAN_${group_name})
   set(${prefix}_PACKAGE_NAME ${name} PARENT_SCOPE)
@@ -47,6 +49,7 @@ function(plp_package group name section synopsis text)
       set(${prefix}_PACKAGE_${field} "${arg_${field}}" PARENT_SCOPE)
     endif()
   endforeach()
+  set(CPACK_PLP_COMPILED_INTO_${group} ${arg_COMPILED_IN} PARENT_SCOPE)
   set(PLP_PACKAGES_OF_GROUPS ${PLP_PACKAGES_OF_GROUPS} ${group} ${name} PARENT_SCOPE)
 endfunction()
 
@@ -81,6 +84,7 @@ execute_process(COMMAND ${PLP_PYTHON} -c "import sys; a, b = sys.version_info[:2
                 OUTPUT_VARIABLE python OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 set(same "${library_package} (= ${version})")
 
+set(headers libeigen3-dev libboost-dev nlohmann-json3-dev)
 set(about "PolarLinePrecision judges how well the two cameras of a calibrated stereo
 infra-red pair are aligned, from pictures of a board of dots.
 ")
@@ -94,21 +98,25 @@ file(WRITE ${PROJECT_BINARY_DIR}/packages/triggers "activate-noawait ldconfig\n"
 plp_package(library ${library_package} libs "alignment of stereo infra-red cameras: shared libraries"
   "${about}
 This package has the shared libraries."
+  COMPILED_IN ${headers}
   CONTROL_EXTRA ${PROJECT_BINARY_DIR}/packages/shlibs ${PROJECT_BINARY_DIR}/packages/triggers)
 plp_package(development libpolarlineprecision-dev libdevel "alignment of stereo infra-red cameras: development files"
   "${about}
 This package has the headers, the static library, and the files by which
 CMake and pkg-config find them."
+  COMPILED_IN ${headers}
   DEPENDS "${same}, ${development_packages}" SUGGESTS polarline-doc)
 plp_package(polarline polarline science "alignment of stereo infra-red cameras: the command"
   "${about}
 This package has the command polarline, which makes sets of pictures, judges
 them by limits and writes reports, its manual pages, and completions for
 bash, zsh and fish."
+  COMPILED_IN ${headers} libcli11-dev
   SUGGESTS polarline-doc)
 plp_package(python python3-polarline python "alignment of stereo infra-red cameras: Python package"
   "${about}
 This package has the Python package polarline, with numpy arrays."
+  COMPILED_IN pybind11-dev
   DEPENDS "${same}, ${python}, python3-numpy" SUGGESTS "python3-pandas, python3-matplotlib, polarline-doc"
   CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/python/postinst ${CMAKE_CURRENT_LIST_DIR}/python/prerm)
 plp_package(documentation polarline-doc doc "alignment of stereo infra-red cameras: documentation"
