@@ -16,20 +16,22 @@ if [[ $# -lt 2 ]]; then
 fi
 list=$(realpath -- "$1") store=$(realpath -m -- "$2") sets=${SETS:-20}
 shift 2
+# At least one, so that a list without sets is refused by a worker.
 parts=$((($(grep -cvE '^[[:space:]]*(#|$)' "$list" || true) + sets - 1) / sets))
+parts=$((parts > 0 ? parts : 1))
 joblog=$store/joblog/$({ cat -- "$list" && printf '%s\n' "$parts" "$@"; } | sha256sum | cut -c1-16).tsv
 mkdir -p "$store/joblog"
 
-# One part: $0 is the list, then store, part and options. A limit that is exceeded and a set that can't be used are answers (exit codes 1 to 3);
+# One part: list, store, part and options. A limit that is exceeded and a set that can't be used are answers (exit codes 1 to 3);
 # what may succeed when tried again, and a worker that told nothing of its sets, is no answer.
 told='{ print; fflush() } /"retry":true/ { again = 1 } END { exit again || !NR }'
-worker='polarline batch "$0" --store "$1" --shard "$2" "${@:3}"'
+worker='polarline batch "$1" --store "$2" --shard "$3" "${@:4}"'
 part="$worker | awk ${told@Q}; ((PIPESTATUS[0] == 0 || (PIPESTATUS[0] <= 3 && PIPESTATUS[1] == 0)))"
 
 how=(--jobs "${WORKERS:-100%}" --retries "${TRIES:-3}" --joblog "$joblog" --resume-failed --line-buffer --workdir "$PWD")
 if [[ -n ${HOSTS:-} ]]; then how+=(--sshloginfile "$HOSTS" --filter-hosts); fi
 if [[ -t 2 ]]; then how+=(--bar); fi
-seq "$parts" | PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true
+seq "$parts" | PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" worker "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true
 
 done_parts=$(awk -F '\t' 'NR > 1 { good[$1] = $7 == 0 && $8 == 0 } END { for (part in good) sum += good[part]; print sum + 0 }' "$joblog")
 if [[ $done_parts -lt $parts ]]; then

@@ -26,7 +26,7 @@ def check(holds, words):
         fail(words)
 
 
-def wait_for(holds, words, seconds=30):
+def wait_for(holds, words, seconds=60):
     end = time.monotonic() + seconds
     while not holds():
         check(time.monotonic() < end, f"{seconds} s long not so: {words}")

@@ -42,7 +42,7 @@ def jobs():
 
 
 def end_of(array, merge):
-    wait_for(lambda: not in_queue(f"{array},{merge}"), "all jobs have ended", 60)
+    wait_for(lambda: not in_queue(f"{array},{merge}"), "all jobs have ended")
 
 
 def kill(processes):
