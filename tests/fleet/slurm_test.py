@@ -7,6 +7,7 @@ import json
 import os
 import pathlib
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -73,12 +74,15 @@ def restarts(array):
 
 
 def disturbed(expected):
-    """All at once: there are more tasks than a node has time for. Meanwhile another store is away, whose task waits for its turn again."""
+    """All at once: there are more tasks than a node has time for. Meanwhile another store and another list are away, whose tasks wait for their
+    turn again."""
     os.symlink("not there yet/store", "link")
     away = submit("link", 1, "few.txt")
+    late = ask("sbatch", "--parsable", "--array=1", EXAMPLES / "fleet.sbatch", "not there yet/few.txt", "late", *OPTIONS)
     array, merge = submit("store", 6)
-    wait_for(lambda: sum(restarts(away[0])) == 1, "the task whose store is away is put back")
+    wait_for(lambda: restarts(away[0]) == restarts(late) == [1], "the tasks whose store or list is away are put back")
     os.makedirs("not there yet/store")
+    shutil.copy("few.txt", "not there yet")
 
     wait_for(lambda: len(running(array)) == 2 and count("store") >= 2, "both nodes work")
     node, _ = sorted(running(array).items())[0]
@@ -97,8 +101,9 @@ def disturbed(expected):
     end_of(*submit("store", 2))
     check_same("store", expected, "submitted again")
     check(sets_of("store.sqlite") == SETS, "all sets are in the results")
-    end_of(*away)
+    end_of(f"{away[0]},{late}", away[1])
     check(count("link") == FEW and sets_of("link.sqlite") == FEW, "all sets are in the store that was away")
+    check(count("late") == FEW, "all sets of the list that was away are judged")
 
 
 def documented(expected):
