@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "../MadeFleet.h"
+#include "MadeFleet.h"
 #include "polarline/errors.h"
 #include "polarline/report.h"
 

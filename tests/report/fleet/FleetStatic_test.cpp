@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "../MadeFleet.h"
+#include "MadeFleet.h"
 
 namespace polarline {
 namespace {

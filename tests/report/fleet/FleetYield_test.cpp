@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "../MadeFleet.h"
+#include "MadeFleet.h"
 
 namespace polarline {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "../MadeFleet.h"
+#include "MadeFleet.h"
 #include "polarline/errors.h"
 #include "support/DocumentCheck.h"
 
