@@ -1,7 +1,7 @@
 """Makes the wheel (PEP 517): CMake builds the module with the library in it, and what it installs is packed.
 
 Needs nothing but CMake, Ninja, the compiler and the packages of scripts/setup. `pip install --config-settings
-build-dir=FOLDER` keeps the build below that folder, whose path is absolute: pip runs this in a folder of its choice.
+build-dir=FOLDER` keeps the build in that folder, whose path is absolute: pip runs this in a folder of its choice.
 """
 import base64
 import hashlib
@@ -84,7 +84,7 @@ def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
         if kept and not pathlib.Path(kept).is_absolute():
             raise ValueError(f"build-dir: found {kept}; an absolute path was wanted")
         stage = pathlib.Path(scratch) / "stage"
-        build(pathlib.Path(kept or scratch) / "build", stage)
+        build(pathlib.Path(kept or pathlib.Path(scratch) / "build"), stage)
         pack(stage, pathlib.Path(wheel_directory) / name)
     return name
 
