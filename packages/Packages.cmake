@@ -34,7 +34,7 @@ endforeach()
 
 # plp_package(GROUP NAME SECTION SYNOPSIS TEXT [COMPILED_IN package...]
 #             [DEPENDS text] [SUGGESTS text] [ARCHITECTURE text] [SHLIBDEPS bool] [CONTROL_EXTRA file...])
-#   COMPILED_IN  packages of Debian whose headers leave code in what is ours, so that their licences have to come along
+#   COMPILED_IN  packages of Debian of which a part is in ours, code of headers or what the site is shown with: their licences come along
 # The ones of the last line are CPACK_DEBIAN_<GROUP>_PACKAGE_...
 function(plp_package group name section synopsis text)
   set(fields DEPENDS SUGGESTS ARCHITECTURE SHLIBDEPS CONTROL_EXTRA)
@@ -119,10 +119,15 @@ This package has the Python package polarline, with numpy arrays."
   COMPILED_IN pybind11-dev
   DEPENDS "${same}, ${python}, python3-numpy" SUGGESTS "python3-pandas, python3-matplotlib, polarline-doc"
   CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/python/postinst ${CMAKE_CURRENT_LIST_DIR}/python/prerm)
+set(of_site "")
+if(PLP_SITE)
+  set(of_site mkdocs sphinx-rtd-theme-common fonts-lato fonts-font-awesome libjs-jquery libjs-modernizr libjs-lunr doxygen)
+endif()
 plp_package(documentation polarline-doc doc "alignment of stereo infra-red cameras: documentation"
   "${about}
 This package has the guide, the pages about every subcommand, file format and
 warning, and the schemas of the documents."
+  COMPILED_IN ${of_site}
   ARCHITECTURE all SHLIBDEPS OFF)
 
 # What packages/Finish.cmake must know.
