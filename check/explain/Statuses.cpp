@@ -15,7 +15,7 @@ constexpr auto kStatuses = std::to_array<Entry>({
      "Rename the file, or make one with 'polarline import'."},
     {"7", "file_missing", "A named file is not there.", "Check the path."},
     {"8", "no_figures", "The run ended without one finished pair.",
-     "Read the reason of each pair above; 'polarline detect IMAGE --target FILE' shows what is seen in one picture."},
+     "Read the reason of each pair; 'polarline detect IMAGE --target FILE' shows what is seen in one picture."},
     {"35", "interrupted", "The run was stopped from outside.", "Run it again."},
     {"4096", "null_argument", "The loader of binary calibrations was given nothing.", "This is a fault of the caller."},
     {"4097", "wrong_checksum", "A check sum of the binary calibration file is wrong: the file is damaged.",

@@ -161,9 +161,12 @@ LimitResult judgeSummary(const Limit& limit, const Check& check) {
           close);
 }
 
-LimitResult judgeOne(const Limit& limit, const Check& check) {
-  if (const auto count = countOf(limit.figure, check))
-    return outcome(limit, count, -1, fmt::format("{} is {}", limit.figure, *count));
+LimitResult judgeOne(const Limit& limit, const Check& check, bool is_whole) {
+  const auto count = countOf(limit.figure, check);
+  if (count && !is_whole)
+    return unmeasured(limit,
+                      fmt::format("the run ended before its last pair; up to there {} is {}", limit.figure, *count));
+  if (count) return outcome(limit, count, -1, fmt::format("{} is {}", limit.figure, *count));
   return limit.statistic.empty() ? judgePairs(limit, check) : judgeSummary(limit, check);
 }
 
@@ -219,10 +222,10 @@ void mark(const std::vector<Limit>& limits, PairCheck& pair) {
   }
 }
 
-std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check) {
+std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check, bool is_whole) {
   std::vector<LimitResult> results;
   results.reserve(limits.size());
-  for (const Limit& limit : limits) results.push_back(judgeOne(limit, check));
+  for (const Limit& limit : limits) results.push_back(judgeOne(limit, check, is_whole));
   return results;
 }
 

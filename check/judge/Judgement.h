@@ -19,6 +19,6 @@ void mark(const std::vector<Limit>& limits, PairCheck& pair);
 
 /// Judges every limit on the finished pairs of a check whose summary is made. A limit that a finished pair can't be
 /// judged by, because it did not measure the figure, does not hold.
-std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check);
+std::vector<LimitResult> judge(const std::vector<Limit>& limits, const Check& check, bool is_whole = true);
 
 }  // namespace polarline

@@ -155,7 +155,8 @@ void SetCheck::conclude() {
   nameDetectCommand(check_, first_pair_ + check_.pairs.size());
   check_.summary = summaryOf(check_.pairs);
   if (options_.refine) check_.refined_summary = refinedSummaryOf(check_.pairs);
-  check_.limits = judge(inputs_.limits, check_);
+  const bool is_whole = pictures_ && check_.pairs.size() >= pictures_->pairs();
+  check_.limits = judge(inputs_.limits, check_, is_whole);
   const bool all_hold = std::ranges::all_of(check_.limits, &LimitResult::holds);
   if (check_.status.exit_code != kDone) return;
   check_.verdict = all_hold ? Verdict::kPass : Verdict::kFail;

@@ -80,6 +80,17 @@ TEST(JudgementOfTheUnmeasured, NeverHolds) {
   EXPECT_EQ(nobody.why, "no pair was finished");
 }
 
+TEST(JudgementOfCounts, NeverHoldsWhereTheRunEndedEarly) {
+  const Check check = threeFinished();
+  for (const char* text : {"given_up<=5", "finished>=1", "pairs<=9"}) {
+    EXPECT_TRUE(judge({parseLimit(text)}, check).front().holds) << text;
+    const LimitResult result = judge({parseLimit(text)}, check, false).front();
+    EXPECT_FALSE(result.holds || result.value) << text;
+    EXPECT_THAT(result.why, ::testing::StartsWith("the run ended before its last pair; up to there ")) << text;
+  }
+  EXPECT_TRUE(judge({parseLimit("dy_means<=100")}, check, false).front().value) << "of the pairs that are there";
+}
+
 TEST(JudgementOfNoNumber, IsWorseThanAnyNumber) {
   for (const std::size_t place : {0U, 1U, 3U}) {
     Check check = threeFinished();
