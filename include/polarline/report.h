@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,8 @@ struct ReportOptions {
   std::size_t budget = 10'000'000;
   bool pictures = true;  ///< Otherwise the page has no picture of the cameras.
   std::string made;      ///< When the page is made: UTC, ISO 8601; empty: now.
+  /// Hears, once a check, which pictures the page goes without because they are not where they were, or have changed.
+  std::function<void(const std::string& text)> tell;
 };
 
 /// Checks that fit on one page.

@@ -20,6 +20,8 @@
 #include "report/picture/SetPictures.h"
 #include "report/read/ShortPaths.h"
 #include "report/view/PageText.h"
+#include "report/words/CheckRecord.h"
+#include "report/words/ComparisonWords.h"
 
 namespace polarline {
 namespace {
@@ -29,11 +31,23 @@ std::string now() {
   return fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(time));
 }
 
+/// A hand-made document may have a whole path for a name.
+std::string nameOf(const ReadCheck& check, bool has_paths) {
+  const auto name = check.json["set"]["name"].get<std::string>();
+  return !has_paths && isAbsolute(name) ? fileName(name) : name;
+}
+
 /// The set's name, else the document's; another than those before.
-std::string titleOf(const ReadCheck& check, const std::vector<CheckView>& before) {
-  std::string name = check.json["set"]["name"].get<std::string>();
+std::string titleOf(const ReadCheck& check, const std::vector<CheckView>& before, bool has_paths) {
+  std::string name = nameOf(check, has_paths);
   if (name.empty()) name = fileName(check.path);
   if (name.empty()) name = "check";
+  // Before and after with one thing changed are told by what it is.
+  const auto same = std::ranges::find(before, name, &CheckView::title);
+  if (same != before.end()) {
+    const std::vector<std::string> changed = changedInputs(same->record, checkRecord(check.json));
+    if (changed.size() == 1) name += ", other " + changed.front();
+  }
   std::string title = name;
   for (int number = 2; std::ranges::count(before, title, &CheckView::title) > 0; ++number)
     title = fmt::format("{} ({})", name, number);
@@ -64,8 +78,10 @@ std::string reportPage(const std::vector<ReportDocument>& documents, const Repor
     const SetPictures files(check.json, check.path, partLookedAt(check.json), cameras);
     const auto pictures = [&](std::size_t place) { return options.pictures ? files.of(place) : PairPictures(); };
     const CheckSources sources{pictures, boardOf(check.json, check.path), cameras};
-    const ViewOptions shown{titleOf(check, views), options.paths, options.budget / documents.size()};
+    const ViewOptions shown{titleOf(check, views, options.paths), options.paths, options.budget / documents.size()};
     views.push_back(viewCheck(std::move(check), sources, shown));
+    const std::string lost = options.pictures && options.tell ? files.lost() : "";
+    if (!lost.empty()) options.tell(fmt::format("{}: {}; the page goes without them", views.back().title, lost));
   }
   return filledMarks(
       pageTemplate(),

@@ -9,9 +9,25 @@ namespace {
 /// In standard deviations.
 constexpr double kMoreThanChance = 2.0;
 
-const FigureSummary* named(const Check& check, const std::string& name) {
-  const auto found = std::ranges::find(check.summary, name, &FigureSummary::name);
-  return found == check.summary.end() ? nullptr : &*found;
+/// The figures of the library, or those from refined centres.
+enum class Source : std::uint8_t { kLibrary, kRefined };
+
+const std::vector<FigureSummary>& summaryOf(const Check& check, Source source) {
+  static const std::vector<FigureSummary> none;
+  if (source == Source::kLibrary) return check.summary;
+  return check.refined_summary ? *check.refined_summary : none;
+}
+
+const FigureSummary* named(const Check& check, Source source, const std::string& name) {
+  const std::vector<FigureSummary>& summary = summaryOf(check, source);
+  const auto found = std::ranges::find(summary, name, &FigureSummary::name);
+  return found == summary.end() ? nullptr : &*found;
+}
+
+const std::vector<FigureUncertainty>& uncertaintyOf(const PairCheck& pair, Source source) {
+  static const std::vector<FigureUncertainty> none;
+  if (source == Source::kLibrary) return pair.uncertainty;
+  return pair.refined ? pair.refined->uncertainty : none;
 }
 
 /// How certain a mean is: by the scatter of the pairs, where there are enough; else by that of the dots in each of
@@ -21,13 +37,14 @@ struct MeanError {
   Difference::Basis basis = Difference::Basis::kPairs;
 };
 
-MeanError errorOf(const Check& check, const FigureSummary& figure) {
+MeanError errorOf(const Check& check, Source source, const FigureSummary& figure) {
   if (std::isfinite(figure.sd_mean)) return {figure.sd_mean, Difference::Basis::kPairs};
   double squares = 0.0;
   std::size_t count = 0;
   for (const PairCheck& pair : check.pairs) {
-    const auto own = std::ranges::find(pair.uncertainty, figure.name, &FigureUncertainty::name);
-    if (own == pair.uncertainty.end()) continue;
+    const std::vector<FigureUncertainty>& known = uncertaintyOf(pair, source);
+    const auto own = std::ranges::find(known, figure.name, &FigureUncertainty::name);
+    if (own == known.end()) continue;
     squares += own->sd * own->sd;
     ++count;
   }
@@ -35,12 +52,13 @@ MeanError errorOf(const Check& check, const FigureSummary& figure) {
   return {std::sqrt(squares) / static_cast<double>(count), Difference::Basis::kDots};
 }
 
-Difference differenceOf(const Check& first_check, const FigureSummary* first, const Check& other_check,
-                        const FigureSummary* other) {
+Difference differenceOf(const Check& first_check, const Check& other_check, Source source, const std::string& name) {
+  const FigureSummary* const first = named(first_check, source, name);
+  const FigureSummary* const other = named(other_check, source, name);
   Difference difference;
   if (first == nullptr || other == nullptr) return difference;
-  const MeanError first_error = errorOf(first_check, *first);
-  const MeanError other_error = errorOf(other_check, *other);
+  const MeanError first_error = errorOf(first_check, source, *first);
+  const MeanError other_error = errorOf(other_check, source, *other);
   difference.value = other->mean - first->mean;
   difference.sd = std::hypot(first_error.sd, other_error.sd);
   difference.basis = std::max(first_error.basis, other_error.basis);
@@ -53,17 +71,20 @@ Difference differenceOf(const Check& first_check, const FigureSummary* first, co
   return difference;
 }
 
-ComparedFigure compare(const std::vector<const Check*>& checks, const FigureSummary& figure) {
-  ComparedFigure compared{figure.name, figure.unit, {}, {}, {}, {}};
-  const FigureSummary* const first = named(*checks.front(), figure.name);
+std::string nameOf(const FigureSummary& figure, Source source) {
+  return (source == Source::kRefined ? "refined." : "") + figure.name;
+}
+
+ComparedFigure compare(const std::vector<const Check*>& checks, Source source, const FigureSummary& figure) {
+  ComparedFigure compared{nameOf(figure, source), figure.unit, {}, {}, {}, {}};
   for (const Check* check : checks) {
-    const FigureSummary* const summary = named(*check, figure.name);
+    const FigureSummary* const summary = named(*check, source, figure.name);
     const FigureSummary none{"", "", 0, NAN, NAN, NAN, NAN, 0, NAN, NAN, NAN};
     const FigureSummary& shown = summary == nullptr ? none : *summary;
     compared.mean.push_back(shown.mean);
     compared.low95.push_back(shown.low95);
     compared.high95.push_back(shown.high95);
-    compared.differences.push_back(differenceOf(*checks.front(), first, *check, summary));
+    compared.differences.push_back(differenceOf(*checks.front(), *check, source, figure.name));
   }
   return compared;
 }
@@ -72,11 +93,12 @@ ComparedFigure compare(const std::vector<const Check*>& checks, const FigureSumm
 
 std::vector<ComparedFigure> compareFigures(const std::vector<const Check*>& checks) {
   std::vector<ComparedFigure> figures;
-  for (const Check* check : checks) {
-    for (const FigureSummary& figure : check->summary) {
-      const bool is_entry = figure.name.find('[') != std::string::npos;
-      if (is_entry || std::ranges::count(figures, figure.name, &ComparedFigure::name) > 0) continue;
-      figures.push_back(compare(checks, figure));
+  for (const Source source : {Source::kLibrary, Source::kRefined}) {
+    for (const Check* check : checks) {
+      for (const FigureSummary& figure : summaryOf(*check, source)) {
+        if (std::ranges::count(figures, nameOf(figure, source), &ComparedFigure::name) > 0) continue;
+        figures.push_back(compare(checks, source, figure));
+      }
     }
   }
   return figures;

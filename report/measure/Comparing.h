@@ -37,8 +37,8 @@ struct ComparedFigure {
   std::vector<Difference> differences;      ///< Against the first check.
 };
 
-/// Every figure that the pairs of any of the checks measured, lists left out, in the order of the first check that has
-/// it.
+/// Every figure that the pairs of any of the checks measured, of lists each entry, in the order of the first check that
+/// has it; behind them those from refined centres, "refined.dy_means".
 std::vector<ComparedFigure> compareFigures(const std::vector<const Check*>& checks);
 
 /// A limit in several checks.

@@ -1,5 +1,8 @@
 #include "report/picture/SetFiles.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -50,7 +53,30 @@ std::optional<std::string> SetFiles::find(const std::string& role) const {
   for (const std::string& path : candidates(input->second.path)) {
     if (isPlainFile(path) && sha256OfFile(path) == input->second.sha256) return path;
   }
+  if (isThere(input->second.path)) changed_.insert(input->second.path);
   return std::nullopt;
+}
+
+bool SetFiles::isThere(const std::string& path) const { return std::ranges::any_of(candidates(path), isPlainFile); }
+
+std::string SetFiles::lostPictures() const {
+  std::vector<std::string> lost;
+  std::size_t pictures = 0;
+  for (const auto& [role, input] : inputs_) {
+    if (!role.starts_with("left/") && !role.starts_with("right/")) continue;
+    ++pictures;
+    if (!isThere(input.path)) lost.push_back(input.path);
+  }
+  std::string text;
+  if (!lost.empty()) {
+    text = fmt::format("{} of {} pictures are neither where the document says nor beside it, such as {}", lost.size(),
+                       pictures, lost.front());
+  }
+  if (!changed_.empty()) {
+    text += fmt::format("{}{} of {} pictures have changed since the check, such as {}", text.empty() ? "" : "; ",
+                        changed_.size(), pictures, *changed_.begin());
+  }
+  return text;
 }
 
 }  // namespace polarline

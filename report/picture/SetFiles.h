@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,17 +21,23 @@ class SetFiles {
   /// The path of the file with a role, "left/3" or "target"; none where it is not there or is another one.
   std::optional<std::string> find(const std::string& role) const;
 
+  /// In words which pictures of the set are not where they were; empty where all are there.
+  std::string lostPictures() const;
+
  private:
   struct Input {
     std::string path;
     std::string sha256;
   };
+  bool isThere(const std::string& path) const;
   std::vector<std::string> candidates(const std::string& path) const;
 
   std::map<std::string, Input> inputs_;
   std::string set_folder_;
   std::string beside_;  ///< Folder of the document.
   bool has_file_;       ///< The document is a file.
+  /// Names of files that are there with another content, as far as they were asked for.
+  mutable std::set<std::string> changed_;
 };
 
 }  // namespace polarline

@@ -25,6 +25,9 @@ class SetPictures {
   /// Of the pair at a place of the document.
   PairPictures of(std::size_t place) const;
 
+  /// As `SetFiles::lostPictures`, of those that were asked for.
+  std::string lost() const { return files_.lostPictures(); }
+
  private:
   struct Pair {
     std::string index;

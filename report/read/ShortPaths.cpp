@@ -66,6 +66,8 @@ std::vector<std::string> pathsOf(const Json& document) {
 
 }  // namespace
 
+bool isAbsolute(std::string_view path) { return beginsAbsolute(path); }
+
 std::string fileName(std::string_view path) {
   while (path.size() > 1 && isSeparator(path.back())) path.remove_suffix(1);
   const std::size_t separator = path.find_last_of(kSeparators);

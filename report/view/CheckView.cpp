@@ -13,6 +13,7 @@
 #include "report/view/DetailOrder.h"
 #include "report/view/DetailsText.h"
 #include "report/words/CheckRecord.h"
+#include "report/words/GivenUpAdvice.h"
 
 namespace polarline {
 namespace {
@@ -121,8 +122,23 @@ void writeDetails(JsonText& json, const Details& details) {
   json.member("left_out", leftOutText(details));
 }
 
+/// An entry a pair.
+void writeGivenUp(JsonText& json, const Check& record, bool without_folders) {
+  json.key("given_up").array();
+  for (const PairCheck& pair : record.pairs) {
+    const GivenUpAdvice known = givenUpAdvice(record, pair, without_folders);
+    if (known.name.empty()) {
+      json.null();
+      continue;
+    }
+    json.object().member("name", known.name).member("meaning", known.meaning).member("advice", known.advice).end();
+  }
+  json.end();
+}
+
 void writeWords(JsonText& json, const CheckView& view, const std::vector<std::string>& names) {
   json.member("title", view.title).member("headline", view.headline);
+  json.member("finished_text", finishedText(view.record));
   json.member("worst_pair_text", worstPairText(view.record)).member("refined_text", refinedPairText(view.record));
   json.member("fisheye_text", fisheyeText(view.record));
   json.key("first_pair");
@@ -137,7 +153,11 @@ void writeWords(JsonText& json, const CheckView& view, const std::vector<std::st
 }  // namespace
 
 CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOptions& options) {
-  if (!options.paths) shortenPaths(check.json);
+  if (!options.paths) {
+    shortenPaths(check.json);
+    Json& advice = check.json["status"]["advice"];
+    advice = inSetFolder(advice.get<std::string>(), true);
+  }
   CheckView view;
   view.title = options.title;
   view.record = checkRecord(check.json);
@@ -148,6 +168,7 @@ CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOpti
   JsonText json(JsonText::Form::kShort);
   json.object();
   writeWords(json, view, names);
+  writeGivenUp(json, view.record, !options.paths);
   json.key("document").raw(document);
   const CausePattern pattern(check.json, sources.cameras);
   json.member("pattern_unknown", pattern.whyUnknown());

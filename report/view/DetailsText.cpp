@@ -149,9 +149,32 @@ void writeDistances(JsonText& json, const std::vector<DistanceBin>& bins) {
   json.end();
 }
 
-void writeSentences(JsonText& json, const PairSentences& sentences) {
+void writeRowSentences(JsonText& json, const RowSentences& sentences) {
   json.key("sentences").object().member("map", sentences.map).member("histogram", sentences.histogram);
-  json.member("along", sentences.along).member("across", sentences.across).member("residual", sentences.residual);
+  json.member("along", sentences.along).member("across", sentences.across);
+}
+
+void writeRows(JsonText& json, const RowMeasures& rows) {
+  writeSpread(json, "dy", rows.dy);
+  writeCourse(json, "dy_along", rows.along);
+  writeCourse(json, "dy_across", rows.across);
+}
+
+void writeRemains(JsonText& json, const std::optional<RowMeasures>& remains) {
+  json.key("remains");
+  if (!remains) {
+    json.null();
+    return;
+  }
+  json.object();
+  writeRows(json, *remains);
+  writeRowSentences(json, remainsSentences(*remains));
+  json.end().end();
+}
+
+void writeSentences(JsonText& json, const PairSentences& sentences) {
+  writeRowSentences(json, sentences);
+  json.member("residual", sentences.residual);
   json.member("distances", sentences.distances).member("depth", sentences.depth);
   json.member("disparity", sentences.disparity).member("board3d", sentences.board3d);
   json.member("worst_dots", sentences.worst_dots).end();
@@ -159,12 +182,11 @@ void writeSentences(JsonText& json, const PairSentences& sentences) {
 
 void writeStatistics(JsonText& json, const char* name, const DotLists& dots, const PairMeasures& measures) {
   json.key(name).object();
-  writeSpread(json, "dy", measures.dy);
+  writeRows(json, measures.rows);
+  writeRemains(json, measures.remains);
   writeSpread(json, "residual", measures.residual);
   writeSpread(json, "depth_error", measures.depth_error);
   writeSpread(json, "disparity", measures.disparity_spread);
-  writeCourse(json, "dy_along", measures.along);
-  writeCourse(json, "dy_across", measures.across);
   writeDistances(json, measures.distances);
   writeSentences(json, pairSentences(dots, measures));
   json.list("worst", measures.worst).end();

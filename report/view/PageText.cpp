@@ -56,8 +56,10 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
     checks.push_back(&view.record);
     titles.push_back(view.title);
   }
+  std::vector<std::string> inputs;
+  for (const Check* check : checks) inputs.push_back(inputsWords(*checks.front(), *check));
   const std::vector<ComparedFigure> figures = compareFigures(checks);
-  json.object().member("text", comparisonWords(titles, figures)).key("limits").array();
+  json.object().member("text", comparisonWords(titles, figures, inputs)).key("limits").array();
   for (const ComparedLimit& limit : compareLimits(checks)) writeLimit(json, limit);
   json.end().key("figures").array();
   for (const ComparedFigure& figure : figures) writeFigure(json, figure);

@@ -1,6 +1,7 @@
 #include "report/words/CheckRecord.h"
 
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 
@@ -86,6 +87,11 @@ PairCheck pairOf(const Json& json) {
   pair.index = json["index"].get<std::size_t>();
   pair.finished = json["state"] == "finished";
   pair.uncertainty = uncertaintyOf(json);
+  if (json["reason"].is_object()) {
+    const double code = numberAt(json["reason"], "code");
+    if (std::abs(code) <= INT32_MAX) pair.reason.code = static_cast<std::int32_t>(code);
+    pair.reason.side = json["reason"]["side"].get<std::string>();
+  }
   const auto refined = json.find("refined");
   if (refined != json.end() && refined->is_object()) pair.refined.emplace().uncertainty = uncertaintyOf(*refined);
   return pair;
@@ -120,6 +126,10 @@ std::string unitOf(const std::string& figure) {
 Check checkRecord(const Json& document) {
   Check check;
   check.name = document["set"]["name"].get<std::string>();
+  for (const Json& input : document["set"]["inputs"]) {
+    check.inputs.push_back(
+        {input["role"].get<std::string>(), input["path"].get<std::string>(), input["sha256"].get<std::string>()});
+  }
   check.verdict = verdictOf(document);
   check.status.name = document["status"]["name"].get<std::string>();
   check.status.text = document["status"]["text"].get<std::string>();

@@ -16,10 +16,21 @@ std::string number(double value) { return plain::rounded(value, 3); }
 std::string px(double value) { return number(value) + " pixels"; }
 std::string units(double value) { return number(value) + " board units"; }
 
-std::string mapText(const PairMeasures& measures) {
+/// What is told of, at the beginning of a sentence and within one.
+struct Subject {
+  const char* first;
+  const char* all;
+  const char* mean;
+};
+constexpr Subject kRows = {"Row difference", "the row differences", "Mean row difference"};
+constexpr Subject kRemains = {"What remains without the causes",
+                              "what remains of the row differences without the causes",
+                              "Mean of what remains without the causes"};
+
+std::string mapText(const RowMeasures& measures, const Subject& subject) {
   const Spread& dy = measures.dy;
   if (dy.count == 0) return kNotMeasured;
-  std::string text = fmt::format("Row difference of {} dots over the picture: from {} to {}, mean {}.", dy.count,
+  std::string text = fmt::format("{} of {} dots over the picture: from {} to {}, mean {}.", subject.first, dy.count,
                                  number(dy.min), px(dy.max), px(dy.mean));
   if (measures.along && measures.across) {
     text += fmt::format(" In 1000 pixels it changes by {} along the picture and by {} across it.",
@@ -28,21 +39,21 @@ std::string mapText(const PairMeasures& measures) {
   return text;
 }
 
-std::string histogramText(const Spread& dy) {
+std::string histogramText(const Spread& dy, const Subject& subject) {
   if (dy.count == 0) return kNotMeasured;
   return fmt::format(
-      "Distribution of the row differences: half of them are below {} and half above; their mean size is {}, and 95 % "
+      "Distribution of {}: half of them are below {} and half above; their mean size is {}, and 95 % "
       "of them are at most {} in size.",
-      number(dy.median), px(dy.mean_abs), px(dy.p95_abs));
+      subject.all, number(dy.median), px(dy.mean_abs), px(dy.p95_abs));
 }
 
-std::string courseText(const std::optional<Course>& course, const char* way) {
+std::string courseText(const std::optional<Course>& course, const char* way, const Subject& subject) {
   if (!course) return kNotMeasured;
   const auto [least, most] = std::ranges::minmax(course->mean);
   return fmt::format(
-      "Mean row difference {} the picture in {} stripes: from {} to {}; a line through all dots "
+      "{} {} the picture in {} stripes: from {} to {}; a line through all dots "
       "changes by {} in 1000 pixels.",
-      way, course->mean.size(), number(least), px(most), px(1000.0 * course->slope));
+      subject.mean, way, course->mean.size(), number(least), px(most), px(1000.0 * course->slope));
 }
 
 std::string residualText(const Spread& residual) {
@@ -103,19 +114,20 @@ std::string worstText(const DotLists& dots, const PairMeasures& measures) {
                      measures.worst_by_dy ? "row difference" : "residual", dots.id[first], px(values[first]));
 }
 
+RowSentences rowSentences(const RowMeasures& rows, const Subject& subject) {
+  return {mapText(rows, subject), histogramText(rows.dy, subject), courseText(rows.along, "along", subject),
+          courseText(rows.across, "across", subject)};
+}
+
 }  // namespace
 
+RowSentences remainsSentences(const RowMeasures& remains) { return rowSentences(remains, kRemains); }
+
 PairSentences pairSentences(const DotLists& dots, const PairMeasures& measures) {
-  return {mapText(measures),
-          histogramText(measures.dy),
-          courseText(measures.along, "along"),
-          courseText(measures.across, "across"),
-          residualText(measures.residual),
-          distancesText(measures.distances),
-          depthText(measures.depth_error),
-          disparityText(measures.disparity_spread),
-          boardText(measures.board),
-          worstText(dots, measures)};
+  return {
+      rowSentences(measures.rows, kRows), residualText(measures.residual),          distancesText(measures.distances),
+      depthText(measures.depth_error),    disparityText(measures.disparity_spread), boardText(measures.board),
+      worstText(dots, measures)};
 }
 
 }  // namespace polarline

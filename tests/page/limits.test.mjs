@@ -101,6 +101,10 @@ test('A trend has a line for each limit, and says how many pairs are beyond each
   });
 });
 
+test('A limit that no finished pair measured draws no course', async () => {
+  await within(pageFile('unseen'), {}, async (page) => assert.equal(await page.$('#run'), null));
+});
+
 /** What the plots of the row differences draw as a limit, and what they call it. */
 const drawnBounds = (page) =>
   page.evaluate(() => {

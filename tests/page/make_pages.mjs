@@ -1,10 +1,10 @@
 // Renders small sets, checks them and makes the pages that the tests open.   node make_pages.mjs POLARLINE FOLDER
 import { execFileSync, spawnSync } from 'node:child_process';
-import { mkdirSync, readFileSync, renameSync, rmSync, writeFileSync } from 'node:fs';
+import { mkdirSync, readFileSync, renameSync, rmSync, truncateSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { fleetDocuments } from './support/fleet_pages.mjs';
-import { hostile, limited, many, onePair, scaled, withNulls } from './support/alter.mjs';
+import { fisheye, hostile, limited, many, onePair, scaled, withNulls } from './support/alter.mjs';
 
 const [polarline, folder] = process.argv.slice(2).map((name) => path.resolve(name));
 const here = path.dirname(fileURLToPath(import.meta.url));
@@ -30,7 +30,7 @@ const read = (name) => JSON.parse(readFileSync(document(name), 'utf8'));
 const write = (name, made) => writeFileSync(document(name), JSON.stringify(made));
 
 function report(name, documents = [name], ...words) {
-  run('report', ...documents.map(document), '-o', path.join(folder, `${name}.html`), ...words);
+  run('report', ...documents.map(document), '-o', path.join(folder, `${name}.html`), '--quiet', ...words);
 }
 
 /** On a list, on a figure that is not a main one, on a refined one, two on one figure, and one from below. */
@@ -57,6 +57,13 @@ function namedByBytes() {
   check('bytes');
 }
 
+/** The second of three pairs ends the run: its picture is cut off. */
+function brokenRun() {
+  simulate('ring_320', 'broken', '--pairs', '3');
+  truncateSync(path.join(sets, 'broken', 'right_1.png'), 2000);
+  check('broken', '--limit', 'dy_means<=0.5', '--limit', 'given_up<=0');
+}
+
 function ofRuns() {
   // From five pairs on a mean has an uncertainty, by which checks are compared.
   simulate('ring_320', 'good', '--pairs', '5');
@@ -78,6 +85,7 @@ function ofRuns() {
   writeFileSync(path.join(sets, 'empty', 'list.txt'), '');
   check('empty');
   namedByBytes();
+  brokenRun();
   simulate('ring_640', 'dense', '--pairs', '1');
   check('dense', '--limit', 'dy_means<=0.05');
 }
@@ -90,6 +98,7 @@ function altered() {
   write('limits', limited(read('misaligned'), ...manyLimits));
   write('limits_refined', limited(read('misaligned'), 'refined.dy_means<=0.2845'));
   write('unlimited', limited(read('misaligned')));
+  write('fisheye', fisheye(read('misaligned')));
   for (let index = 1; index <= 6; index += 1)
     write(`after_${index}`, scaled(read('good'), `after ${index}`, 1 + index / 10));
 }
@@ -100,7 +109,7 @@ ofRuns();
 altered();
 for (const name of [
   ...['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'many'],
-  ...['limits', 'limits_refined', 'unlimited'],
+  ...['limits', 'limits_refined', 'unlimited', 'fisheye', 'broken'],
 ])
   report(name);
 report('two', ['misaligned', 'good']);

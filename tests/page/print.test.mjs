@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { within } from './support/browser.mjs';
 import { assertWholeOnA4, printed } from './support/paper.mjs';
-import { pageFile } from './support/pages.mjs';
+import { checkDocument, pageFile } from './support/pages.mjs';
 
 for (const name of ['good', 'misaligned', 'two', 'empty']) {
   test(`'${name}' is printed on A4 without a cut plot`, async () => {
@@ -32,5 +32,20 @@ test('Paper has nothing to press and is light in the dark theme, too', async () 
       getComputedStyle(document.documentElement).backgroundColor.match(/\d+/g).map(Number),
     );
     assert.ok(red + green + blue > 3 * 240, `${red} ${green} ${blue}`);
+  });
+});
+
+test('Paper has cameras, configuration and hashes, and its name and number on each sheet', async () => {
+  await within(pageFile('misaligned'), {}, async (page) => {
+    const sheets = (await printed(page)).map(({ words }) => words.map(({ text }) => text).join(' '));
+    const all = sheets.join(' ');
+    const { settings, set } = checkDocument('misaligned');
+    assert.ok(all.includes('extrinsics.rx'));
+    for (const key of Object.keys(settings)) assert.ok(all.includes(key), key);
+    for (const { sha256 } of set.inputs) assert.ok(all.replace(/ /g, '').includes(sha256), sha256);
+    sheets.forEach((text, sheet) => {
+      assert.match(text, new RegExp(`Sheet ${sheet + 1} of ${sheets.length}`));
+      assert.match(text, /misaligned/, `sheet ${sheet + 1}`);
+    });
   });
 });

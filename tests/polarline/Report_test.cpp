@@ -92,6 +92,8 @@ TEST_F(Report, RefusesWhatIsNoDocument) {
   nine.insert(nine.begin(), "report");
   nine.insert(nine.end(), {"-o", page});
   refused(nine, "9 documents were named; 1 to 8 were wanted");
+  for (const std::string budget : {"-5", "1e6", "10MB"})
+    refused({"report", json, "-o", page, "--budget=" + budget}, "--budget " + budget + ": a whole number of bytes was");
   refused({"report", json, "-o", json}, "is an input; name another file for -o");
   refused({"check", set.folder.string(), "--report", "-"}, "--report -: a file was wanted");
   refused({"check", set.folder.string(), "--report", set.file("calib.json")}, "name another file for --report");

@@ -1,6 +1,9 @@
 #include "polarline/report.h"
 
+#include <charconv>
 #include <memory>
+#include <string>
+#include <system_error>
 
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
@@ -12,13 +15,26 @@ struct Request {
   std::vector<std::string> documents;
   std::string output;
   polarline::ReportOptions options;
+  std::string budget;
   bool no_pictures = false;
   bool quiet = false;
 };
 
+void takeBudget(Request& request) {
+  if (request.budget.empty()) return;
+  std::size_t bytes = 0;
+  const char* const end = request.budget.data() + request.budget.size();
+  const auto [rest, error] = std::from_chars(request.budget.data(), end, bytes);
+  if (error != std::errc() || rest != end)
+    throw polarline::InputError("--budget " + request.budget, "a whole number of bytes was wanted, such as 10000000");
+  request.options.budget = bytes;
+}
+
 int run(Request& request) {
+  takeBudget(request);
   requireSeparate({{"-o", request.output}}, request.documents);
   request.options.pictures = !request.no_pictures;
+  if (!request.quiet) request.options.tell = [](const std::string& text) { tell("warning: {}\n", text); };
   std::vector<polarline::ReportDocument> documents;
   for (const std::string& path : request.documents) documents.push_back(polarline::readReportDocument(path));
   const bool is_fleet = documents.size() == 1 && polarline::isFleetDocument(documents[0]);
@@ -41,10 +57,10 @@ Subcommand addReport(CLI::App& polarline) {
       ->required()
       ->type_name("FILE");
   app->add_option("--title", request->options.title, "Of the page, in place of the sets' names")->type_name("TEXT");
-  app->add_option("--budget", request->options.budget,
+  app->add_option("--budget", request->budget,
                   "Bytes of data, about: the dots and pictures of as many pairs are taken as fit")
       ->type_name("BYTES")
-      ->capture_default_str();
+      ->default_str(std::to_string(request->options.budget));
   app->add_flag("--paths", request->options.paths, "Tell files by their paths, not only by their names");
   app->add_flag("--no-pictures", request->no_pictures, "Leave the pictures of the cameras out");
   app->add_flag("--quiet", request->quiet, "Print nothing but failures");

@@ -33,6 +33,10 @@ export interface CheckView {
   refined_text: string;
   /** What stands behind figures of the raw pair of fisheye lenses; '' for other lenses. */
   fisheye_text: string;
+  /** "2 of 3 pairs finished.", and whether the run ended before its last pair. */
+  finished_text: string;
+  /** By index in `document.pairs`: what the status says that the pair was given up with; null where there is none. */
+  given_up: ({ name: string; meaning: string; advice: string } | null)[];
   /** Index in `pairs` of the pair to begin with: the worst, else the first finished, else the first; null: no pair. */
   first_pair: number | null;
   /** The figures that matter first, in order: the names of the small trends. */
@@ -134,15 +138,22 @@ export interface DotColumns {
   right_state?: string[];
 }
 
-/** Numbers and sentences of one pair's plots. Each sentence tells a plot in words with its numbers. */
-export interface Statistics {
+/** How row differences lie. */
+export interface RowStatistics {
   dy: Spread | null;
+  /** Their mean by place: along the picture (x) and across it (y), with the line through them. */
+  dy_along: Course | null;
+  dy_across: Course | null;
+  sentences: { map: string; histogram: string; along: string; across: string };
+}
+
+/** Numbers and sentences of one pair's plots. Each sentence tells a plot in words with its numbers. */
+export interface Statistics extends RowStatistics {
+  /** The same of the row differences without what the told causes would make; null where that is not known. */
+  remains: RowStatistics | null;
   residual: Spread | null;
   depth_error: Spread | null;
   disparity: Spread | null;
-  /** Mean row difference by place: along the picture (x) and across it (y), with the line through them. */
-  dy_along: Course | null;
-  dy_across: Course | null;
   /** Errors of distances between dots, by the true distance. */
   distances: DistanceBin[];
   sentences: {

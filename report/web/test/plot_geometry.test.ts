@@ -99,3 +99,19 @@ test('of the true board every few rows and the rim are drawn', () => {
 test('an arrow ends where its value says', () => {
   assert.match(arrowPath(10, 20, -12), /^M10 20v-12m-3 3l3 -3l3 3$/);
 });
+
+test('errors that are drawn larger make the board smaller, so that all of them lie in the box', () => {
+  const corner = { boardX: [0, 300, 0, 300], boardY: [0, 0, 200, 200] };
+  const board = { ...corner, offX: [0, 2, 0, 0], offY: [0, 0, 0, 0], offZ: [0, 0, -3, 0] };
+  const box = { x: 10, y: 20, width: 400, height: 300 };
+  for (const factor of [1, 50, 500]) {
+    for (let back = 0; back <= 90; back += 30) {
+      const { x, y } = new BoardProjection(board, { around: 30, back }, box, factor).dots(factor);
+      for (const at of x) assert.ok(at >= box.x - 1e-6 && at <= box.x + box.width + 1e-6, `${factor}, ${back}: ${at}`);
+      for (const at of y) assert.ok(at >= box.y - 1e-6 && at <= box.y + box.height + 1e-6, `${factor}, ${back}: ${at}`);
+    }
+  }
+  const plain = new BoardProjection(board, { around: 0, back: 0 }, box).at({ x: 300, y: 0, z: 0 });
+  const same = new BoardProjection(board, { around: 0, back: 0 }, box, 1).at({ x: 300, y: 0, z: 0 });
+  assert.deepEqual(same, plain);
+});

@@ -23,6 +23,9 @@ test('a value ends where its standard error leaves it', () => {
   assert.equal(withError(-0.0504612, 0.00052), '\u22120.05046 ± 0.00052');
   assert.equal(withError(567.8404, 0.0017), '567.8404 ± 0.0017');
   assert.equal(withError(1, 0), '1 ± 0');
+  assert.equal(withError(3.6694, 0.1234, true), '+3.67 ± 0.12');
+  assert.equal(withError(-0.36, 0.0099, true), '\u22120.3600 ± 0.0099');
+  assert.equal(withError(1234.5, 24.3), '1235 ± 24');
 });
 
 test('a share may be less than nothing', () => {
@@ -98,6 +101,11 @@ test('figures have a heading and a meaning in a few words', () => {
   assert.equal(known.title('tri_dis[0]'), 'Distance error, chosen dots, 1 to 2');
   assert.equal(known.title('id_dis[3]'), 'Distance error of id pairs, 3');
   assert.equal(known.meaning('unheard_of'), 'unheard_of');
+});
+
+test('a refined figure is called so', () => {
+  const known = new Explanations({});
+  assert.equal(known.title('refined.tri_dis[0]'), 'Distance error, chosen dots, 1 to 2, refined');
 });
 
 test('an interval shows where its ends differ', () => {

@@ -105,6 +105,13 @@ export function many(document, count) {
   return made;
 }
 
+/** The same run as one with fisheye lenses. */
+export function fisheye(document) {
+  const made = copy(document);
+  Object.assign(made.cameras, { type: 2, model: 'fisheye' });
+  return made;
+}
+
 /** The limits of the document in place of its own, broken by its pairs or not; the page marks pairs by itself. */
 export function limited(document, ...texts) {
   const made = copy(document);

@@ -79,6 +79,38 @@ TEST(ReportTitles, AreDifferent) {
   EXPECT_EQ(between(page, "<title>", "</title>"), "set, set (2), c.json, check");
 }
 
+TEST(ReportTitles, SayWhatElseIsOther) {
+  Check before = made_document::check();
+  before.inputs = {{"calibration", "c.json", "01"}, {"target", "t.ini", "02"}};
+  Check after = before;
+  after.inputs[0].sha256 = "03";
+  const Json checks = dataOf(reportPage({{toJson(before), ""}, {toJson(after), ""}}))["checks"];
+  EXPECT_EQ(checks[1]["title"], "set, other calibration");
+}
+
+TEST(ReportTitles, AreNoPaths) {
+  Check check = made_document::check();
+  check.name = "/home/karl/name";
+  EXPECT_EQ(dataOf(pageOf(check))["checks"][0]["title"], "name");
+  ReportOptions options;
+  options.paths = true;
+  EXPECT_EQ(dataOf(pageOf(check, options))["checks"][0]["title"], "/home/karl/name");
+}
+
+TEST(ReportPictures, ThatAreNotFoundAreTold) {
+  Check check = made_document::check();
+  check.inputs = {{"left/0", "/gone/left_0.png", "01"}, {"right/0", "/gone/right_0.png", "02"}};
+  std::vector<std::string> told;
+  ReportOptions options;
+  options.tell = [&](const std::string& text) { told.push_back(text); };
+  pageOf(check, options);
+  EXPECT_EQ(told, (std::vector<std::string>{"set: 2 of 2 pictures are neither where the document says nor beside it, "
+                                            "such as /gone/left_0.png; the page goes without them"}));
+  options.pictures = false;
+  pageOf(check, options);
+  EXPECT_EQ(told.size(), 1U) << "nobody wanted them";
+}
+
 TEST(ReportDocuments, AreOneToEight) {
   const ReportDocument document{toJson(made_document::check()), ""};
   EXPECT_THROW(reportPage({}), InputError);

@@ -87,13 +87,30 @@ TEST(ComparingFigures, AreThoseOfAnyCheck) {
   first.summary = {summary("dy_means", 1.0, 0.3), summary("tri_dis[0]", 1.0, 0.3)};
   other.summary = {summary("tri_rms", 2.0, 0.3)};
   const std::vector<ComparedFigure> figures = compareFigures({&first, &other});
-  ASSERT_EQ(figures.size(), 2U);
+  ASSERT_EQ(figures.size(), 3U);
   EXPECT_EQ(figures[0].name, "dy_means");
+  EXPECT_EQ(figures[1].name, "tri_dis[0]");
   EXPECT_TRUE(std::isnan(figures[0].mean[1]) && std::isnan(figures[0].differences[1].value));
   EXPECT_EQ(figures[0].differences[1].judged, Judged::kUnknown);
-  EXPECT_TRUE(std::isnan(figures[1].mean[0]));
-  EXPECT_EQ(figures[1].mean[1], 2.0);
-  EXPECT_DOUBLE_EQ(figures[1].low95[1], 1.4);
+  EXPECT_TRUE(std::isnan(figures[2].mean[0]));
+  EXPECT_EQ(figures[2].mean[1], 2.0);
+  EXPECT_DOUBLE_EQ(figures[2].low95[1], 1.4);
+}
+
+TEST(ComparingFigures, FromRefinedCentresStandBehindTheOthers) {
+  Check first = made_document::check();
+  first.pairs[0] = hand_made::refined(first.pairs[0], {0.05}, {});
+  first.pairs[0].refined->uncertainty = {{"dy_means", 0.03, 0.0, 0.0}};
+  first.refined_summary = {summary("dy_means", 0.05, NAN)};
+  Check other = first;
+  other.refined_summary = {summary("dy_means", 1.05, NAN)};
+  const std::vector<ComparedFigure> figures = compareFigures({&first, &other});
+  ASSERT_EQ(figures.size(), 2U);
+  EXPECT_EQ(figures[0].differences[1].judged, Judged::kNone) << "the library's did not change";
+  EXPECT_EQ(figures[1].name, "refined.dy_means");
+  EXPECT_DOUBLE_EQ(figures[1].differences[1].value, 1.0);
+  EXPECT_DOUBLE_EQ(figures[1].differences[1].sd, std::hypot(0.03, 0.03)) << "of the refined dots";
+  EXPECT_EQ(figures[1].differences[1].judged, Judged::kMore);
 }
 
 TEST(ComparingLimits, StandSideBySide) {

@@ -49,6 +49,24 @@ TEST_F(SetFilesFound, OnlyWithTheContentThatWasChecked) {
   EXPECT_EQ(found("", folder.file("sets/a/target.ini"), ""), "none");
 }
 
+TEST_F(SetFilesFound, LostAndChangedPicturesAreTold) {
+  put("a/left_0.png", "as it was");
+  put("a/right_0.png", "drawn over");
+  Check check = made_document::check();
+  const auto input = [&](const char* role, const char* name) -> SetInput {
+    return {role, folder.file(std::string("a/") + name), sha256("as it was")};
+  };
+  check.inputs = {input("left/0", "left_0.png"), input("right/0", "right_0.png")};
+  const SetFiles all(made_document::json(check), "");
+  EXPECT_EQ(all.lostPictures(), "");
+  EXPECT_TRUE(all.find("left/0"));
+  EXPECT_FALSE(all.find("right/0"));
+  EXPECT_EQ(all.lostPictures(), "1 of 2 pictures have changed since the check, such as " + check.inputs[1].path);
+  check.inputs.push_back(input("left/1", "left_1.png"));
+  EXPECT_EQ(SetFiles(made_document::json(check), "").lostPictures(),
+            "1 of 3 pictures are neither where the document says nor beside it, such as " + check.inputs[2].path);
+}
+
 TEST_F(SetFilesFound, OnlyAsAFile) {
   fs::create_directories(folder.path() / "target.ini");
   EXPECT_EQ(found("", folder.file("target.ini"), ""), "none");

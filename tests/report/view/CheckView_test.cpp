@@ -43,6 +43,23 @@ TEST(CheckViewWords, AreThoseOfTheCommand) {
   EXPECT_EQ(view["left_out"], "");
 }
 
+TEST(CheckViewWords, OfAGivenUpPairNameItsStatus) {
+  Check check = made_document::check();
+  check.pairs.push_back(hand_made::givenUp(made_document::pair(1, 0.1)));
+  check.pairs[1].reason.code = -9;
+  const Json view = viewOf(check);
+  EXPECT_TRUE(view["given_up"][0].is_null());
+  EXPECT_EQ(view["given_up"][1]["name"], "too_few_shared");
+  EXPECT_EQ(view["finished_text"], "1 of 2 pairs finished.");
+}
+
+TEST(CheckViewWords, OfTheStatusSayWhereItsCommandRuns) {
+  Check check = made_document::check();
+  check.status.advice = "See 'polarline detect /a/b/left_0.png --target /a/b/target.ini'.";
+  EXPECT_EQ(viewOf(check)["document"]["status"]["advice"],
+            "See 'polarline detect left_0.png --target target.ini'. Run it in the set's folder.");
+}
+
 TEST(CheckViewFirstPair, IsTheWorst) {
   EXPECT_EQ(viewOf(manyPairs())["first_pair"], 11) << "place, not index";
   Check check = manyPairs();

@@ -57,7 +57,18 @@ TEST(DetailsTextStatistics, AreThere) {
   EXPECT_EQ(statistics["worst"][0], 11);
   EXPECT_EQ(statistics["dy_along"]["count"], Json::parse("[3, 3, 3, 3]"));
   EXPECT_EQ(statistics["sentences"].size(), 10U);
+  EXPECT_TRUE(statistics["remains"].is_null());
   EXPECT_FALSE(statistics["distances"].empty());
+}
+
+TEST(DetailsTextRemains, HaveStatisticsAndSentencesOfTheirOwn) {
+  Check check = made_document::check();
+  check.diagnosis.emplace();
+  check.diagnosis->causes = {{"row_offset", 0.5, 0.0, "", 1.0, "text", 0}};
+  const Json remains = detailsOf(check)["statistics"]["remains"];
+  EXPECT_NEAR(remains["dy"]["mean"].get<double>(), 0.555, 1e-8);
+  EXPECT_EQ(remains["dy_along"]["count"], Json::parse("[3, 3, 3, 3]"));
+  EXPECT_EQ(remains["sentences"].size(), 4U);
 }
 
 TEST(DetailsTextRefined, StandBesideTheDetected) {

@@ -41,6 +41,17 @@ TEST(PairSentencesOf, SayWhatWasNotMeasured) {
     EXPECT_EQ(each, "Not measured in this pair.");
 }
 
+TEST(PairSentencesRemains, SayOfWhatTheyAre) {
+  const PairMeasures measures = [] {
+    const Json document = made_document::json(made_document::check());
+    return measure(made_document::dots(), Board(document), CausePattern(document, knownCameras(document)));
+  }();
+  const RowSentences sentences = remainsSentences(measures.rows);
+  EXPECT_THAT(sentences.map, HasSubstr("What remains without the causes of 12 dots over the picture: from 0 to 0.11"));
+  EXPECT_THAT(sentences.histogram, HasSubstr("what remains of the row differences without the causes: half of them"));
+  EXPECT_THAT(sentences.along, HasSubstr("Mean of what remains without the causes along the picture in 4 stripes"));
+}
+
 TEST(PairSentencesWorst, NameTheResidualWithoutRows) {
   DotLists dots = made_document::dots();
   dots.dy.clear();

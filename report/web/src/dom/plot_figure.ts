@@ -2,7 +2,7 @@ import type { Plot, PlotContext } from '../plots/plot';
 import type { Selection } from '../state/selection';
 import { typographic } from '../text/number';
 import { el } from './el';
-import { saveSvg } from './save_svg';
+import { drawingName, saveSvg } from './save_svg';
 
 export interface PlotFigure<View> {
   title: string;
@@ -23,6 +23,8 @@ export interface DrawnFigure {
   element: HTMLElement;
   /** Draws once more with other data. */
   show(view: unknown, sentence?: string): void;
+  /** Says something else of the same drawing. */
+  tell(sentence: string): void;
 }
 
 const drawings = new Map<HTMLElement, Draw>();
@@ -91,8 +93,9 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
     area.setAttribute('role', area.querySelector('[tabindex],button,input,select,a') ? 'group' : 'img');
   }
 
-  const save = (): void => saveSvg(figure.title, [...area.querySelectorAll<SVGSVGElement>('svg')].filter(isDrawing));
-  const element = el(
+  const save = (): void =>
+    saveSvg(drawingName(element, figure.title), [...area.querySelectorAll<SVGSVGElement>('svg')].filter(isDrawing));
+  const element: HTMLElement = el(
     'figure',
     { class: `card plot ${figure.size ?? ''}` },
     el(
@@ -132,13 +135,17 @@ export function plotFigure<View>(figure: PlotFigure<View>, end: AbortSignal): Dr
     waiting.delete(area);
   });
   drawSoon(area, draw);
+  const tell = (sentence: string): void => {
+    caption.textContent = typographic(sentence);
+  };
   return {
     element,
     show(next, sentence) {
       view = next as View;
-      if (sentence !== undefined) caption.textContent = typographic(sentence);
+      if (sentence !== undefined) tell(sentence);
       drawSoon(area, draw);
     },
+    tell,
   };
 }
 

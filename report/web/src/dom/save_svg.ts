@@ -34,6 +34,12 @@ function inline(svg: SVGSVGElement, original: SVGSVGElement): void {
   svg.setAttribute('xmlns', 'http://www.w3.org/2000/svg');
 }
 
+/** Set, pair and plot: a folder holds drawings of many. */
+export function drawingName(figure: HTMLElement, title: string): string {
+  const { set = '', pair } = figure.closest<HTMLElement>('[data-set]')?.dataset ?? {};
+  return [set, pair === undefined ? '' : `pair ${pair}`, title].filter(Boolean).join(' ');
+}
+
 /** The drawings of an element as one file that stands alone. */
 export function saveSvg(name: string, drawings: SVGSVGElement[]): void {
   drawings.forEach((original, index) => {

@@ -10,12 +10,21 @@ export interface Column {
   /** Explains the column to who asks. */
   hint?: string;
   numbers?: boolean;
+  /** Heads of the parts into which its cells are copied; '' for the column's own. */
+  copied?: string[];
   /** Left out on paper, which is narrower than a list of all figures. */
   more?: boolean;
 }
 
 /** Text, a figure, or an element with the value by which it is sorted and copied. */
-export type Cell = string | ShownFigure | { content: Node; value: string | number | null };
+export type Cell = string | ShownFigure | ContentCell;
+
+interface ContentCell {
+  content: Node;
+  value: string | number | null;
+  /** As many as the column's `copied` says. */
+  copied?: (string | number | null)[];
+}
 
 export interface Table {
   caption: string;
@@ -69,9 +78,23 @@ function cellElement(cell: Cell, heading: boolean, name: string): HTMLElement {
   return element;
 }
 
-function csv(table: Table): string {
-  const heads = table.columns.map(({ title, below }) => csvField(below ? `${title} (${below})` : title));
-  const lines = table.rows.map((row) => row.map((cell) => csvField(String(sortValue(cell) ?? ''))).join(','));
+function copiedHeads({ title, below, copied = [''] }: Column): string[] {
+  const head = below ? `${title} (${below})` : title;
+  return copied.map((part) => (part === '' ? head : `${head}, ${part}`));
+}
+
+/** What cannot be parted stands in the first of the column's fields. */
+function copiedValues(cell: Cell, column: Column | undefined): (string | number | null)[] {
+  if (typeof cell !== 'string' && 'copied' in cell && cell.copied) return cell.copied;
+  const parts = column?.copied?.length ?? 1;
+  return [sortValue(cell), ...Array<null>(parts - 1).fill(null)];
+}
+
+export function csv(table: Pick<Table, 'columns' | 'rows'>): string {
+  const heads = table.columns.flatMap((column) => copiedHeads(column).map(csvField));
+  const lines = table.rows.map((row) =>
+    row.flatMap((cell, at) => copiedValues(cell, table.columns[at])).map((value) => csvField(String(value ?? ''))),
+  );
   return [heads.join(','), ...lines].join('\n') + '\n';
 }
 

@@ -39,6 +39,8 @@ export function followDots(selection: SelectionStore, points: DotColumns, unit: 
 
 /** Beside the dot, where it covers fewer of its neighbours; on a narrow screen above or below it. */
 function put(box: HTMLElement, x: number, y: number): void {
+  box.classList.remove('dense');
+  if (box.offsetHeight > innerHeight - 8) box.classList.add('dense');
   const { offsetWidth: width, offsetHeight: height } = box;
   const { clientWidth } = document.documentElement;
   const gap = 18;

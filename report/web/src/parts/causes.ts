@@ -1,18 +1,18 @@
 import { el } from '../dom/el';
 import { tableElement, type Cell } from '../dom/table';
 import type { Diagnosis } from '../page_data';
-import { percent, shown, typographic, withError } from '../text/number';
+import { percent, shown, signed, typographic, withError } from '../text/number';
 import { shortUnit } from '../text/figures';
-import type { Scope } from './scope';
+import { hasRefined, type Scope } from './scope';
 
 type Cause = Diagnosis['causes'][number];
 
 function size(cause: Cause): Cell {
   const { name, value, sd } = cause;
-  const text = value === null ? '–' : sd === null ? shown(value) : withError(value, sd);
-  const sign = value !== null && value > 0 ? '+' : '';
-  const exact = { 'data-cause': name, 'data-value': String(value) };
-  return { content: el('span', exact, `${sign}${text} ${shortUnit(cause.unit)}`), value };
+  const text = value === null ? '–' : sd === null ? signed(value) : withError(value, sd, true);
+  const exact = { 'data-cause': name, 'data-value': String(value), 'data-sd': String(sd) };
+  const copied = [value, sd, cause.unit];
+  return { content: el('span', exact, `${text} ${shortUnit(cause.unit)}`), value, copied };
 }
 
 function share(cause: Cause): Cell {
@@ -23,7 +23,8 @@ function share(cause: Cause): Cell {
     { class: 'meter', 'aria-hidden': 'true' },
     el('span', { style: `width:${(part * 100).toFixed(1)}%` }),
   );
-  return { content: el('span', { class: 'share' }, bar, percent(cause.share)), value: cause.share };
+  const exact = { class: 'share', 'data-share': cause.name, 'data-value': String(cause.share) };
+  return { content: el('span', exact, bar, percent(cause.share)), value: cause.share };
 }
 
 /** With the others of its group, from which the pictures do not tell it apart. */
@@ -41,7 +42,7 @@ function list(scope: Scope, causes: Cause[]): HTMLElement {
     caption: 'Causes of the row differences',
     columns: [
       { title: 'Cause', hint: 'Of the right camera against the left' },
-      { title: 'More than the calibration says', numbers: true },
+      { title: 'More than the calibration says', numbers: true, copied: ['', '±', 'unit'] },
       {
         title: 'Explains',
         below: 'of the squared row difference',
@@ -64,6 +65,15 @@ function correction(diagnosis: Diagnosis): HTMLElement | null {
   );
 }
 
+/** These rows are not those of dy_means, which stands beside them. */
+function ofWhichRows(scope: Scope): string {
+  const centres = hasRefined(scope.check) ? 'refined' : 'detected';
+  const more = hasRefined(scope.check)
+    ? ' What remains of the centres as the library detected them is more: their own error is in it.'
+    : '';
+  return `The rows of this diagnosis are those of the ${centres} centres in the raw pictures; dy_means is measured in the rectified ones.${more}`;
+}
+
 /** Why the rows differ: the sentence, then each cause with its error. */
 export function causes(scope: Scope): HTMLElement | null {
   const { diagnosis } = scope.check.document;
@@ -72,6 +82,7 @@ export function causes(scope: Scope): HTMLElement | null {
     'div',
     { class: 'causes' },
     el('p', { class: 'diagnosis' }, typographic(diagnosis.text)),
+    el('p', { class: 'faint' }, ofWhichRows(scope)),
     diagnosis.pattern_left && el('p', { class: 'faint' }, 'A pattern is left that these causes do not explain.'),
     diagnosis.causes.length > 0 && list(scope, diagnosis.causes),
     diagnosis.causes.some(({ share }) => share !== null && share < 0) &&

@@ -3,7 +3,7 @@ import { tableElement, type Cell } from '../dom/table';
 import type { ComparedFigure, Comparison, PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { shortUnit } from '../text/figures';
-import { between, error, shown, signed, typographic } from '../text/number';
+import { between, shown, signed, typographic, withError } from '../text/number';
 import { chip, section, verdictChip } from './chip';
 import { comparisonPlots } from './comparison_plots';
 import type { Scope } from './scope';
@@ -41,11 +41,11 @@ function difference(figure: ComparedFigure, index: number): Cell {
   const found = figure.difference[index];
   if (!found || found.value === null) return '–';
   const of = found.basis === 'dots' ? ' (dots alone)' : '';
-  const by = `${signed(found.value)}${found.sd === null ? '' : ` ± ${error(found.sd)}${of}`}`;
+  const by = found.sd === null ? signed(found.value) : `${withError(found.value, found.sd, true)}${of}`;
   const said = found.judged === 'unknown' ? 'not known' : found.judged;
   const state =
     found.judged === 'more' || found.judged === 'less' ? el('strong', {}, said) : el('span', { class: 'faint' }, said);
-  return { content: el('span', {}, state, el('small', {}, by)), value: found.value };
+  return { content: el('span', {}, state, el('small', {}, by)), value: found.value, copied: [found.value, found.sd] };
 }
 
 function nameCell(figure: ComparedFigure, scope: Scope): Cell {
@@ -60,7 +60,9 @@ function nameCell(figure: ComparedFigure, scope: Scope): Cell {
 function figures(data: PageData, compared: ComparedFigure[], scope: Scope, caption: string): HTMLElement {
   const columns = data.checks.flatMap(({ title }, index) => [
     { title, below: `check ${index + 1}, mean`, numbers: true },
-    ...(index > 0 ? [{ title: 'Difference', below: `check ${index + 1} against 1`, numbers: true }] : []),
+    ...(index > 0
+      ? [{ title: 'Difference', below: `check ${index + 1} against 1`, numbers: true, copied: ['', '±'] }]
+      : []),
   ]);
   const cells = (figure: ComparedFigure): Cell[] =>
     data.checks.flatMap((_, index) => [mean(figure, index), ...(index > 0 ? [difference(figure, index)] : [])]);
@@ -96,9 +98,17 @@ function figuresCard(data: PageData, [main, rest]: [ComparedFigure[], ComparedFi
   );
 }
 
+/** Figures by what they are, with the name that a limit calls them by. */
+function named(text: string, scope: Scope): string {
+  return text.replace(/\b([a-z_]+) \(by /g, (whole, name: string) => {
+    const title = scope.explanations.title(name);
+    return title === name ? whole : `${title.charAt(0).toLowerCase()}${title.slice(1)} (${name}, by `;
+  });
+}
+
 /** What is said of each check against the first, a line each. */
-function told(text: string): HTMLElement {
-  const lines = text.split(/(?<=\.) (?=\S+ against )/);
+function told(text: string, scope: Scope): HTMLElement {
+  const lines = named(text, scope).split(/(?<=\.) (?=\S[^.;]* against )/);
   if (lines.length === 1) return el('p', { class: text.length < 120 ? 'headline' : '' }, typographic(text));
   return el('ul', {}, ...lines.map((line) => el('li', {}, typographic(line))));
 }
@@ -126,7 +136,7 @@ export function comparison(data: PageData, scope: Scope): HTMLElement | null {
     'comparison',
     `${data.checks.length} checks side by side`,
     el('ol', { class: 'compared' }, ...list),
-    told(found.text),
+    told(found.text, scope),
     el('div', { class: 'card' }, el('h3', {}, 'Limits'), limits(data, found) ?? el('p', {}, 'No check has a limit.')),
     figuresCard(data, groups, scope),
     comparisonPlots(data, groups[0], scope),

@@ -88,14 +88,20 @@ function mapFigures(found: readonly First[], shared: SharedScale, end: AbortSign
       bounds: [],
       shared,
     };
-    const sentence = own.details?.statistics?.sentences.map ?? '';
+    const statistics = own.details?.statistics;
+    const sentence = (): string => ((shared.form.remains && statistics?.remains) || statistics)?.sentences.map ?? '';
     const selection = new SelectionStore();
-    return { view, figure: plotFigure({ title, sentence, help: help.map, plot: pictureMap, view, selection }, end) };
+    return {
+      view,
+      sentence,
+      figure: plotFigure({ title, sentence: sentence(), help: help.map, plot: pictureMap, view, selection }, end),
+    };
   });
 }
 
 interface DrawnMap {
   view: object;
+  sentence: () => string;
   figure: DrawnFigure;
 }
 
@@ -105,7 +111,7 @@ function maps(data: PageData, scope: Scope): HTMLElement[] {
   const shared = scaleOfAll(found);
   const drawn = mapFigures(found, shared, scope.end);
   const hasPattern = found.some(({ scope: { details } }) => (details?.points?.dy_pattern.length ?? 0) > 0);
-  const redraw = (): void => drawn.forEach(({ view, figure }) => figure.show(view));
+  const redraw = (): void => drawn.forEach(({ view, figure, sentence }) => figure.show(view, sentence()));
   return [
     el('h3', {}, 'Row differences of the worst pairs, on one scale'),
     sharedControls(shared, hasPattern, redraw),

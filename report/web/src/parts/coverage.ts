@@ -24,5 +24,7 @@ export function coverage(scope: Scope): HTMLElement | null {
         scope.end,
       ).element,
   );
-  return section('coverage', 'All pairs together', el('div', { class: 'grid' }, ...figures));
+  const made = section('coverage', 'All pairs together', el('div', { class: 'grid' }, ...figures));
+  made.dataset['set'] = scope.check.title;
+  return made;
 }

@@ -10,8 +10,8 @@ const columns: Column[] = [
   { title: 'Dot', numbers: true },
   { title: 'Row', numbers: true },
   { title: 'Column', numbers: true },
-  { title: 'Left pixel', numbers: true },
-  { title: 'Right pixel', numbers: true },
+  { title: 'Left pixel', numbers: true, copied: ['x', 'y'] },
+  { title: 'Right pixel', numbers: true, copied: ['x', 'y'] },
   { title: 'Row difference', below: 'px', numbers: true },
   { title: 'Residual', below: 'px', numbers: true },
   { title: 'Off the board', below: 'board unit', numbers: true },
@@ -24,7 +24,8 @@ function number(value: number | null | undefined, words = signed): Cell {
 
 function pixel(x: number | null | undefined, y: number | null | undefined): Cell {
   const there = typeof x === 'number' && typeof y === 'number';
-  return there ? { content: document.createTextNode(`${x.toFixed(1)}, ${y.toFixed(1)}`), value: `${x} ${y}` } : '–';
+  const text = (): Node => document.createTextNode(`${x?.toFixed(1)}, ${y?.toFixed(1)}`);
+  return there ? { content: text(), value: `${x} ${y}`, copied: [x, y] } : '–';
 }
 
 function dotRow(points: DotColumns, index: number, selection: Selection): Cell[] {

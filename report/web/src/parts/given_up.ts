@@ -11,10 +11,11 @@ export function picture(source: Picture, words: string): HTMLElement {
 export function givenUp(scope: PairScope): HTMLElement {
   const { pair, details } = scope;
   const { reason } = pair;
+  const known = scope.check.given_up[scope.check.document.pairs.indexOf(pair)];
   const facts: [string, string][] = [
     ['Step', reason?.step ?? ''],
     ['Side', reason?.side ?? ''],
-    ['Status', reason?.code === null || reason?.code === undefined ? '' : String(reason.code)],
+    ['Status', [reason?.code ?? '', known ? `(${known.name})` : ''].filter((part) => part !== '').join(' ')],
     ['Dots found', pair.found ? `${pair.found.left} left, ${pair.found.right} right` : ''],
   ];
   const step = details?.failed_step;
@@ -27,6 +28,8 @@ export function givenUp(scope: PairScope): HTMLElement {
       { class: `card ${step ? '' : 'full'}` },
       el('h3', {}, 'Given up'),
       el('p', { class: 'headline' }, reason?.text ?? 'The library said no reason.'),
+      known && el('p', {}, known.meaning),
+      known && known.advice !== '' && el('p', { class: 'advice' }, known.advice),
       terms(facts.filter(([, value]) => value !== '')),
     ),
     step &&

@@ -1,6 +1,6 @@
 import { el } from '../dom/el';
 import { tableElement, type Cell } from '../dom/table';
-import { ruleOf, type Limit } from '../text/limits';
+import { isUpper, ruleOf, type Limit } from '../text/limits';
 import { shown } from '../text/number';
 import { chip } from './chip';
 import { gauge } from './gauge';
@@ -29,9 +29,10 @@ function where(scope: Scope, limit: Limit): Cell {
 }
 
 function held(limit: Limit): Cell {
-  return limit.holds
-    ? { content: chip('pass', 'holds'), value: 'holds' }
-    : { content: chip('fail', limit.value === null ? 'not measured' : 'exceeded'), value: 'exceeded' };
+  if (limit.holds) return { content: chip('pass', 'holds'), value: 'holds' };
+  const rule = ruleOf(limit.text);
+  const words = limit.value === null ? 'not measured' : rule && !isUpper(rule) ? 'not reached' : 'exceeded';
+  return { content: chip('fail', words), value: words };
 }
 
 /** Every limit with its worst value, how near it comes, and where. */

@@ -1,5 +1,6 @@
 import { el } from '../dom/el';
 import { tableElement } from '../dom/table';
+import { sheetStyle } from '../dom/sheets';
 import { section, terms } from './chip';
 import { moment } from './verdict';
 import type { CheckDocument } from '../page_data';
@@ -21,11 +22,14 @@ function text(value: unknown): string {
   return value === null || value === undefined ? '–' : String(value);
 }
 
+/** Folded away on the screen, open on paper, where nobody can unfold it. */
+const folded = { class: 'card on-paper titled' };
+
 function settingsCard(scope: Scope): HTMLElement {
   const rows = lines(scope.check.document.settings);
   return el(
     'details',
-    { class: 'card' },
+    folded,
     el('summary', {}, el('h3', {}, 'Polar configuration'), ` ${rows.length} keys`),
     tableElement({
       caption: 'Polar configuration',
@@ -37,17 +41,22 @@ function settingsCard(scope: Scope): HTMLElement {
   );
 }
 
+/** A list of hundreds of pictures is for the screen; the hash of the set holds them all. */
+const mostOnPaper = 60;
+
 function filesCard(scope: Scope): HTMLElement {
   const { inputs, id } = scope.check.document.set;
+  const many = inputs.length > mostOnPaper;
   return el(
     'details',
-    { class: 'card' },
+    folded,
     el('summary', {}, el('h3', {}, 'Files and their hashes'), ` ${inputs.length} files`),
     id !== '' && el('p', {}, 'Hash of the whole set: ', el('code', {}, id)),
     tableElement({
       caption: 'Files',
       columns: [{ title: 'Role' }, { title: 'File' }, { title: 'SHA-256' }],
       rows: inputs.map(({ role, path, sha256 }) => [role, path, sha256 || 'could not be read']),
+      rowClass: (row) => (many && /^(left|right)\//.test(inputs[row]?.role ?? '') ? 'no-print' : ''),
       sortable: true,
       headed: true,
     }),
@@ -74,6 +83,7 @@ export function measured(scope: Scope, made: string): HTMLElement {
   return section(
     'measured',
     'How it was measured',
+    el('style', {}, sheetStyle(scope.check.title)),
     el(
       'div',
       { class: 'grid' },
@@ -90,7 +100,7 @@ export function measured(scope: Scope, made: string): HTMLElement {
           ['Hash of the set', el('code', {}, document.set.id || '–')],
         ]),
       ),
-      el('details', { class: 'card' }, el('summary', {}, el('h3', {}, 'Cameras')), terms(cameras)),
+      el('details', folded, el('summary', {}, el('h3', {}, 'Cameras')), terms(cameras)),
       settingsCard(scope),
       filesCard(scope),
     ),

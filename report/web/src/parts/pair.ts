@@ -8,7 +8,8 @@ import { chip, section } from './chip';
 import { chosenDots, worstDots } from './dots';
 import { givenUp } from './given_up';
 import { allFigures, tiles } from './pair_figures';
-import { pairPlots } from './pair_plots';
+import { pairPlots, seenPlot } from './pair_plots';
+import { ofThisPair } from './pair_diagnosis';
 import { quality } from './pair_quality';
 import { hasRefined, pairLink, type PairScope } from './scope';
 import { brokenBy, brokenWords } from '../text/limits';
@@ -96,13 +97,15 @@ function finished(scope: PairScope, selection: SelectionStore): Node[] {
   followDots(selection, points, 'board units', scope.end);
   return [
     ...shownTiles,
+    ...ofThisPair(scope, statistics),
     el(
       'div',
       { class: 'grid' },
       ...pairPlots(scope, points, statistics, selection),
-      quality(scope) ?? '',
       chosenDots(scope, points, selection),
       statistics.worst.length > 0 ? worstDots(scope, points, statistics, selection) : '',
+      ...seenPlot(scope, points, statistics, selection),
+      quality(scope) ?? '',
     ),
     allFigures(scope),
   ];
@@ -114,11 +117,14 @@ export function pairSection(
   selection: SelectionStore,
   chooseSource: (source: Source) => void,
 ): HTMLElement {
-  return section(
+  const made = section(
     'pair',
     `Pair ${scope.pair.index}`,
     navigation(scope, chooseSource),
     state(scope),
     ...(scope.pair.state === 'finished' ? finished(scope, selection) : [givenUp(scope)]),
   );
+  made.dataset['set'] = scope.check.title;
+  made.dataset['pair'] = String(scope.pair.index);
+  return made;
 }

@@ -103,7 +103,9 @@ function interval(scope: PairScope, name: string, source: Source): Cell[] {
   const { sd, low95: low, high95: high } = known;
   return [
     sd === null ? '–' : { content: document.createTextNode(error(sd)), value: sd },
-    low === null || high === null ? '–' : between(low, high),
+    low === null || high === null
+      ? '–'
+      : { content: document.createTextNode(between(low, high)), value: low, copied: [low, high] },
   ];
 }
 
@@ -121,12 +123,12 @@ export function allFigures(scope: PairScope): HTMLElement {
       { title: 'Figure' },
       { title: 'Value', numbers: true },
       { title: '±', hint: 'Standard error', numbers: true },
-      { title: '95 % interval', numbers: true },
+      { title: '95 % interval', numbers: true, copied: ['from', 'to'] },
       ...(refined
         ? [
             { title: 'Refined', numbers: true },
             { title: '±', below: 'refined', hint: 'Standard error', numbers: true },
-            { title: '95 % interval', below: 'refined', numbers: true },
+            { title: '95 % interval', below: 'refined', numbers: true, copied: ['from', 'to'] },
           ]
         : []),
       { title: 'Unit' },

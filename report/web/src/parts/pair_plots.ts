@@ -1,5 +1,5 @@
-import { plotFigure, type PlotFigure } from '../dom/plot_figure';
-import type { DotColumns, Statistics } from '../page_data';
+import { plotFigure, type DrawnFigure, type PlotFigure } from '../dom/plot_figure';
+import type { Course, DotColumns, RowStatistics, Statistics } from '../page_data';
 import { board3d } from '../plots/board3d';
 import { boardCells } from '../plots/board_cells';
 import { courseAlong } from '../plots/course';
@@ -22,7 +22,7 @@ interface Given {
 
 type Size = PlotFigure<unknown>['size'];
 
-function figure<View>(
+function drawn<View>(
   { scope, selection }: Given,
   title: string,
   sentence: string,
@@ -30,59 +30,62 @@ function figure<View>(
   plot: Plot<View>,
   view: View,
   size?: Size,
-): HTMLElement {
+): DrawnFigure {
   const shape = size ? { size } : {};
-  return plotFigure({ title, sentence, help: words, plot, view, selection, ...shape }, scope.end).element;
+  return plotFigure({ title, sentence, help: words, plot, view, selection, ...shape }, scope.end);
+}
+
+function figure<View>(...words: Parameters<typeof drawn<View>>): HTMLElement {
+  return drawn(...words).element;
+}
+
+/** The row differences, or what remains of them: which dots, how they lie, and in words. */
+function rowViews({ scope, points, statistics }: Given, remains: boolean) {
+  const of: RowStatistics = (remains && statistics.remains) || statistics;
+  const values = remains ? points.dy.map((v, i) => (v === null ? null : v - (points.dy_pattern[i] ?? NaN))) : points.dy;
+  // What remains is judged by no limit.
+  const bounds = remains ? [] : [...dotLimits(scope, 'dy_max'), ...countingBound(scope, 'dy_bias_divid', 'dy_ratio')];
+  const name = remains ? 'What remains' : 'Row difference';
+  const dy = { name, unit: 'pixels', ids: points.id, values, bounds };
+  const course = (along: string, at: DotColumns['dy'], found: Course | null, sentence: string) =>
+    found && { view: { ...dy, along, at, course: found }, sentence };
+  return {
+    dy,
+    of,
+    distribution: { view: { ...dy, spread: of.dy, normal: true }, sentence: of.sentences.histogram },
+    along: course('Column in the rectified picture', points.rectified_left_x, of.dy_along, of.sentences.along),
+    across: course('Row in the rectified picture', points.rectified_left_y, of.dy_across, of.sentences.across),
+  };
 }
 
 function rowDifferences(given: Given): HTMLElement[] {
   const { scope, points, statistics } = given;
   if (!some(points.dy)) return [];
-  const { sentences } = statistics;
-  const bounds = [...dotLimits(scope, 'dy_max'), ...countingBound(scope, 'dy_bias_divid', 'dy_ratio')];
-  const dy = { name: 'Row difference', unit: 'pixels', ids: points.id, values: points.dy, bounds };
-  const map = {
-    ...dy,
+  const whole = rowViews(given, false);
+  const follow = (remains: boolean): void => {
+    const now = rowViews(given, remains);
+    map.tell(withUnknown(scope, now.of.sentences.map));
+    distribution.show(now.distribution.view, now.distribution.sentence);
+    if (now.along) along?.show(now.along.view, now.along.sentence);
+    if (now.across) across?.show(now.across.view, now.across.sentence);
+  };
+  const view = {
+    ...whole.dy,
     sides: sides(scope, points),
     pattern: points.dy_pattern,
     signed: true,
     arrows: true,
+    remains: follow,
   };
-  const courses = [
-    [
-      'Along the picture',
-      'Column in the rectified picture',
-      points.rectified_left_x,
-      statistics.dy_along,
-      sentences.along,
-    ],
-    [
-      'Across the picture',
-      'Row in the rectified picture',
-      points.rectified_left_y,
-      statistics.dy_across,
-      sentences.across,
-    ],
-  ] as const;
-  return [
-    figure(
-      given,
-      'Row differences over the picture',
-      withUnknown(scope, sentences.map),
-      help.map,
-      pictureMap,
-      map,
-      'tall',
-    ),
-    figure(given, 'Distribution', sentences.histogram, help.histogram, histogram, {
-      ...dy,
-      spread: statistics.dy,
-      normal: true,
-    }),
-    ...courses.flatMap(([title, along, at, course, sentence]) =>
-      course ? [figure(given, title, sentence, help.course, courseAlong, { ...dy, along, at, course })] : [],
-    ),
-  ];
+  const title = 'Row differences over the picture';
+  const map = drawn(given, title, withUnknown(scope, statistics.sentences.map), help.map, pictureMap, view, 'tall');
+  const { sentence } = whole.distribution;
+  const distribution = drawn(given, 'Distribution', sentence, help.histogram, histogram, whole.distribution.view);
+  const courseOf = (words: string, course: typeof whole.along) =>
+    course && drawn(given, words, course.sentence, help.course, courseAlong, course.view);
+  const along = courseOf('Along the picture', whole.along);
+  const across = courseOf('Across the picture', whole.across);
+  return [map, distribution, along, across].flatMap((figure) => (figure ? [figure.element] : []));
 }
 
 /** Of the figures of the raw pair: of fisheye lenses they say little. */
@@ -208,5 +211,15 @@ export function pairPlots(
   selection: Selection,
 ): HTMLElement[] {
   const given: Given = { scope, points, statistics, selection };
-  return [rowDifferences, residuals, space, disparity, seen].flatMap((draw) => draw(given));
+  return [rowDifferences, residuals, space, disparity].flatMap((draw) => draw(given));
+}
+
+/** The pictures with what was found in them: looked at last, when a number is in doubt. */
+export function seenPlot(
+  scope: PairScope,
+  points: DotColumns,
+  statistics: Statistics,
+  selection: Selection,
+): HTMLElement[] {
+  return seen({ scope, points, statistics, selection });
 }

@@ -7,6 +7,8 @@ interface Row {
   key: string;
   title: string;
   words: (value: number) => string;
+  /** As a spreadsheet has it, where the words have one. */
+  unit: string;
 }
 
 /** To three figures that count, without zeros that nobody measured. */
@@ -16,19 +18,19 @@ const whole = (unit: string) => (value: number) => `${typographic(value.toFixed(
 
 /** Keys that are not here are shown by their names, so that none is lost. */
 const known: Row[] = [
-  { key: 'dots', title: 'Dots looked at', words: plain('') },
-  { key: 'contrast', title: 'Contrast', words: percent },
-  { key: 'dot', title: 'Grey of the dots', words: plain('') },
-  { key: 'ground', title: 'Grey of the ground', words: plain('') },
-  { key: 'full_scale', title: 'Whitest grey', words: plain('') },
-  { key: 'saturated', title: 'Overexposed', words: percent },
-  { key: 'noise', title: 'Noise, grey values', words: plain('') },
-  { key: 'dot_radius', title: 'Radius of a dot', words: plain('px') },
-  { key: 'edge_width', title: 'Width of the edges', words: plain('px') },
-  { key: 'edge_width_along', title: 'Width along the blur', words: plain('px') },
-  { key: 'edge_width_across', title: 'Width across the blur', words: plain('px') },
-  { key: 'blur_direction', title: 'Direction of the blur', words: whole('°') },
-  { key: 'board_share', title: 'Part of the picture that the board fills', words: percent },
+  { key: 'dots', title: 'Dots looked at', words: plain(''), unit: '' },
+  { key: 'contrast', title: 'Contrast', words: percent, unit: '1' },
+  { key: 'dot', title: 'Grey of the dots', words: plain(''), unit: '' },
+  { key: 'ground', title: 'Grey of the ground', words: plain(''), unit: '' },
+  { key: 'full_scale', title: 'Whitest grey', words: plain(''), unit: '' },
+  { key: 'saturated', title: 'Overexposed', words: percent, unit: '1' },
+  { key: 'noise', title: 'Noise, grey values', words: plain(''), unit: '' },
+  { key: 'dot_radius', title: 'Radius of a dot', words: plain('px'), unit: 'px' },
+  { key: 'edge_width', title: 'Width of the edges', words: plain('px'), unit: 'px' },
+  { key: 'edge_width_along', title: 'Width along the blur', words: plain('px'), unit: 'px' },
+  { key: 'edge_width_across', title: 'Width across the blur', words: plain('px'), unit: 'px' },
+  { key: 'blur_direction', title: 'Direction of the blur', words: whole('°'), unit: '°' },
+  { key: 'board_share', title: 'Part of the picture that the board fills', words: percent, unit: '1' },
 ];
 
 /** What both pictures are like. */
@@ -40,18 +42,28 @@ export function quality(scope: PairScope): HTMLElement | null {
   const others = [...keys].filter((key) => !known.some((row) => row.key === key));
   const rows = [
     ...known.filter(({ key }) => keys.has(key)),
-    ...others.map((key) => ({ key, title: key, words: shown })),
+    ...others.map((key) => ({ key, title: key, words: shown, unit: '' })),
   ];
-  const cell = (value: number | null | undefined, words: (value: number) => string) =>
-    typeof value === 'number' ? { content: document.createTextNode(words(value)), value } : '–';
+  const cell = (key: string, value: number | null | undefined, words: (value: number) => string) =>
+    typeof value === 'number'
+      ? { content: el('span', { 'data-quality': key, 'data-value': String(value) }, words(value)), value }
+      : '–';
   return el(
     'div',
     { class: 'card' },
     el('h3', {}, 'What the pictures are like'),
     tableElement({
       caption: 'Quality of the pictures',
-      columns: [{ title: 'Quality' }, { title: 'Left', numbers: true }, { title: 'Right', numbers: true }],
-      rows: rows.map(({ key, title, words }) => [title, cell(left?.[key], words), cell(right?.[key], words)]),
+      columns: [
+        { title: 'Quality', copied: ['', 'unit'] },
+        { title: 'Left', numbers: true },
+        { title: 'Right', numbers: true },
+      ],
+      rows: rows.map(({ key, title, words, unit }) => [
+        { content: document.createTextNode(title), value: title, copied: [title, unit] },
+        cell(key, left?.[key], words),
+        cell(key, right?.[key], words),
+      ]),
       headed: true,
     }),
   );

@@ -61,6 +61,18 @@ function foot(scope: Scope, figures: string[]): Cell[][] {
   ]);
 }
 
+/** A run that ended before its last pair: what it ended with stands where the pair would. */
+function endedBehind({ check }: Scope): HTMLElement | null {
+  const { status, pairs } = check.document;
+  const early = pairs.length === 0 || check.finished_text.includes('then the run ended');
+  if (status.name === 'success' || status.text === '' || !early) return null;
+  const last = pairs[pairs.length - 1];
+  const where = last
+    ? `Behind pair ${last.index} the run ended: `
+    : 'The run ended with its first pair, or before it: ';
+  return el('p', { class: 'note error' }, where, status.text);
+}
+
 /** All pairs with all figures. */
 export function pairsTable(scope: Scope): HTMLElement {
   const { source, explanations, number } = scope;
@@ -105,8 +117,9 @@ export function pairsTable(scope: Scope): HTMLElement {
   return section(
     'pairs',
     `All pairs${from}`,
+    endedBehind(scope),
     pairs.length === 0
-      ? el('p', {}, 'There is no pair.')
+      ? el('p', {}, 'No pair was finished.')
       : tableElement({
           caption: `All pairs with all figures${from}`,
           columns,

@@ -24,9 +24,16 @@ export function pairLink(scope: { number: number }, pair: number): string {
   return hashOf({ check: scope.number, pair });
 }
 
+/** Some pair has figures from refined centres. */
 export function hasRefined(check: CheckView): boolean {
-  return check.document.pairs.some((pair) => pair.refined !== undefined);
+  return check.document.pairs.some(({ refined }) =>
+    Object.values(refined?.figures ?? {}).some((value) =>
+      Array.isArray(value) ? value.some(isThere) : isThere(value),
+    ),
+  );
 }
+
+const isThere = (value: number | null): boolean => value !== null;
 
 /** Of a pair, by its index in the list of pictures. */
 export function positionOf(check: CheckView, pair: number): number {

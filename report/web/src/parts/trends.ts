@@ -81,7 +81,10 @@ function folded(figures: HTMLElement[]): HTMLElement[] {
 /** The main ones, and what else a limit judges in each pair; of a list its entries. */
 function figureNames(scope: Scope): string[] {
   const { document, main_figures } = scope.check;
-  const measured = names(scope, scope.source);
+  const finished = document.pairs.filter(({ state }) => state === 'finished');
+  const measured = names(scope, scope.source).filter((name) =>
+    finished.some((pair) => valueOf(pair, scope.source, name) !== null),
+  );
   const limited = limitedFigures(document.limits, scope.source).flatMap((figure) =>
     measured.filter((name) => name === figure || bareName(name) === figure),
   );
@@ -111,8 +114,10 @@ export function trends(scope: Scope): Trends | null {
     );
     return [view, figure];
   });
+  const element = section('run', 'Over the run', ...folded(drawn.map(([, figure]) => figure.element)));
+  element.dataset['set'] = scope.check.title;
   return {
-    element: section('run', 'Over the run', ...folded(drawn.map(([, { element }]) => element))),
+    element,
     mark(pair) {
       for (const [view, figure] of drawn) {
         if (view.chosen !== pair) figure.show(Object.assign(view, { chosen: pair }));

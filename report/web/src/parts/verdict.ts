@@ -12,20 +12,22 @@ export function moment(iso: string): string {
   return iso.replace('T', ' ').replace(/(:\d\d)(\.\d+)?Z$/, '$1 UTC');
 }
 
-/** The verdict's word stands above it already. */
-function sentence(headline: string): string {
+/** The verdict's word stands above it already. A sentence of words begins large, the name of a file as it is. */
+export function sentence(headline: string): string {
   const rest = headline.replace(/^(PASS|FAIL|ERROR):\s*/, '');
-  return rest.charAt(0).toUpperCase() + rest.slice(1);
+  return /^[a-z]+[ ,]/.test(rest) ? rest.charAt(0).toUpperCase() + rest.slice(1) : rest;
 }
 
 /** How the run ended, where it did not end well; what the headline has said is not said again. */
 function status({ status }: CheckDocument, headline: string): HTMLElement | null {
   if (status.code === 0) return null;
+  const told = headline.includes(status.text) ? '' : status.text;
+  if (told === '' && status.advice === '' && !status.retry) return null;
   return el(
     'p',
     { class: 'note error' },
     el('strong', {}, `${status.name}${status.code === null ? '' : ` (${status.code})`}: `),
-    headline.includes(status.text) ? '' : `${status.text} `,
+    told && `${told} `,
     status.advice,
     status.retry ? ' It may succeed when it is tried again.' : '',
   );
@@ -33,11 +35,11 @@ function status({ status }: CheckDocument, headline: string): HTMLElement | null
 
 function facts(scope: Scope): HTMLElement {
   const { document } = scope.check;
-  const { summary, board } = document;
+  const { board } = document;
   return terms([
     ['Set', document.set.name || scope.check.title],
     ['Measured', moment(document.started)],
-    ['Pairs', `${summary.finished} of ${summary.pairs} finished`],
+    ['Pairs', scope.check.finished_text.replace(/ pairs? /, ' ').replace(/\.$/, '')],
     ['Board', board.points > 0 ? `${board.cols} × ${board.rows} dots, step ${board.step}` : 'not read'],
     ['Took', `${document.seconds.toFixed(document.seconds < 10 ? 1 : 0)} s`],
   ]);

@@ -6,7 +6,7 @@ import { classOf, colourOf, lineClassesFor, scaleOf, type Classes } from './clas
 import { choice, controls, kept, slider } from './controls';
 import { classLegend, legendHeight } from './legend';
 import { gridLines, sparse, type Link } from './grid_lines';
-import { unitText, type Numbers } from './numbers';
+import { present, unitText, type Numbers } from './numbers';
 import type { Places } from './nearest';
 import type { PlotContext } from './plot';
 import { redrawer } from './redraw';
@@ -85,7 +85,11 @@ class Board3d {
     if (this.state.factor !== null) return this.state.factor;
     // Large enough to be seen, and not so large that noise hides the board.
     const pitch = this.extent() / Math.max(...this.view.column, ...this.view.row, 1);
-    const wanted = Math.min(0.1 * this.extent(), 4 * pitch) / (scaleOf(this.off) || 1);
+    const largest = present(this.off).reduce((most, off) => Math.max(most, off), 0) || 1;
+    const wanted = Math.min(
+      Math.min(0.1 * this.extent(), 4 * pitch) / (scaleOf(this.off) || 1),
+      this.extent() / largest,
+    );
     return Math.max(0, factors.filter((factor) => factor <= wanted).length - 1);
   }
 
@@ -132,7 +136,7 @@ class Board3d {
     const height = Math.round(Math.min(520, width * 0.6)) + legendHeight + 44;
     const box = { x: 8, y: 22, width: width - 16, height: height - legendHeight - 44 };
     const factor = factors[this.factorPlace()] ?? 1;
-    const projection = new BoardProjection(this.view, this.state.turn, box);
+    const projection = new BoardProjection(this.view, this.state.turn, box, factor);
     const measured = projection.dots(factor);
     const told = { frameAnchor: 'top-left' as const, dx: 8, dy: 8, fontSize, fill: 'var(--faint)' };
     const enlarged = factor === 1 ? 'Errors as they are' : `Errors ${factor} times as large`;
@@ -140,8 +144,8 @@ class Board3d {
       width,
       height,
       margin: 0,
-      x: { type: 'identity' },
-      y: { type: 'identity' },
+      x: { type: 'identity', axis: null },
+      y: { type: 'identity', axis: null },
       marks: [
         Plot.geo(lines(this.truth, projection.dots(0)), { stroke: 'var(--dot)', strokeWidth: 1, strokeOpacity: 0.55 }),
         ...this.meshes(measured),

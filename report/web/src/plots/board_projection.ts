@@ -29,20 +29,35 @@ function middleOf({ boardX, boardY }: BoardPoints): Middle {
   return { x: (left + right) / 2, y: (top + bottom) / 2, half: Math.hypot(right - left, bottom - top) / 2 || 1 };
 }
 
-/** Puts points of the board into the box, so that the board fits however it is turned. */
+/** Puts points of the board into the box, so that the board fits however it is turned, with its errors as they are
+ * drawn. */
 export class BoardProjection {
   private readonly middle: Middle;
-  private readonly scale: number;
+  private scale: number;
 
   constructor(
     private readonly board: BoardPoints,
     private readonly turn: Turn,
     private readonly box: Box,
+    factor = 0,
   ) {
     this.middle = middleOf(board);
     const { half } = this.middle;
     const upright = 2.05 * half * Math.cos((turn.back * Math.PI) / 180) + 0.32 * half;
     this.scale = Math.min(box.width / (2.3 * half), box.height / upright);
+    this.scale *= Math.min(1, this.roomFor(this.dots(0)), this.roomFor(this.dots(factor)));
+  }
+
+  /** How much smaller it has to be for all these places to lie in the box. */
+  private roomFor({ x, y }: Places): number {
+    const { box } = this;
+    let room = 1;
+    const fit = (off: number, half: number): void => {
+      if (Math.abs(off) > half) room = Math.min(room, half / Math.abs(off));
+    };
+    x.forEach((at) => fit(at - box.x - box.width / 2, box.width / 2));
+    y.forEach((at) => fit(at - box.y - box.height / 2, box.height / 2));
+    return room;
   }
 
   at(point: Point3): { x: number; y: number } {

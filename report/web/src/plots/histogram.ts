@@ -29,7 +29,8 @@ export function histogram(view: HistogramView, context: PlotContext): HTMLElemen
   const bins = binsOf(view.values, from, to, Math.min(60, Math.max(12, Math.round(context.width / 9))));
   const height = Math.round(Math.min(most, Math.max(190, context.width * 0.62)));
   const x = { from: bins.from, to: bins.to, label: withUnit(view.name, view.unit) };
-  const y = { whole: true, from: 0, to: 1.08 * Math.max(1, ...bins.dots.map((dots) => dots.length)), label: 'Dots' };
+  const highest = Math.max(1, ...bins.dots.map((dots) => dots.length), ...normalOf(view, bins).map(([, y]) => y));
+  const y = { whole: true, from: 0, to: 1.08 * highest, label: 'Dots' };
   const plot = framed({ width: context.width, height, x, y, marks: [] });
   const bars = svg('g', {});
   const chosen = svg('g', {});
@@ -85,15 +86,21 @@ function drawChosen(
   group.replaceChildren(...parts);
 }
 
+/** Places of the normal distribution with as many dots in as wide bars; none where there is none to draw. */
+function normalOf({ normal, spread }: HistogramView, bins: Bins): [value: number, dots: number][] {
+  const { mean, sd, count } = spread ?? { mean: null, sd: null, count: 0 };
+  if (!normal || mean === null || sd === null || sd <= 0) return [];
+  return Array.from({ length: 161 }, (_, k) => {
+    const value = bins.from + (k / 160) * (bins.to - bins.from);
+    const dense = Math.exp(-0.5 * ((value - mean) / sd) ** 2) / (sd * Math.sqrt(2 * Math.PI));
+    return [value, count * bins.step * dense];
+  });
+}
+
 function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
-  const { box } = plot;
-  const { mean, sd, count } = view.spread ?? { mean: null, sd: null, count: 0 };
-  if (view.normal && mean !== null && sd !== null && sd > 0) {
-    const points = Array.from({ length: 81 }, (_, k) => {
-      const value = bins.from + (k / 80) * (bins.to - bins.from);
-      const dense = Math.exp(-0.5 * ((value - mean) / sd) ** 2) / (sd * Math.sqrt(2 * Math.PI));
-      return `${plot.x(value).toFixed(1)} ${Math.max(box.y, plot.y(count * bins.step * dense)).toFixed(1)}`;
-    });
+  const normal = normalOf(view, bins);
+  if (normal.length > 0) {
+    const points = normal.map(([value, dots]) => `${plot.x(value).toFixed(1)} ${plot.y(dots).toFixed(1)}`);
     plot.svg.append(
       svg('path', { d: `M${points.join('L')}`, fill: 'none', stroke: 'var(--text)', 'stroke-width': 1.5 }),
     );

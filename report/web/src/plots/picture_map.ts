@@ -25,6 +25,8 @@ export interface PictureMapView {
   arrows: boolean;
   /** |value| above the strictest limit of them is told apart. */
   bounds: readonly Bound[];
+  /** Hears that what remains without the causes is looked at, or the whole again. */
+  remains?: (on: boolean) => void;
   /** Of maps that are to be compared; the scale comes from the values where there is none. */
   shared?: SharedScale;
 }
@@ -79,6 +81,7 @@ function formControls(
   enlargement: () => number,
   hasPattern: boolean,
   change: (set: () => void) => void,
+  told: (on: boolean) => void = () => undefined,
 ): (Node | null)[] {
   const forms = [['arrows', 'Arrows'] as const, ['map', 'Map'] as const];
   const write = (factor: number) => `${factor} \u00d7`;
@@ -90,6 +93,7 @@ function formControls(
       form.remains = on;
       form.enlarged = null;
       enlarged.show(enlargement());
+      told(on);
     });
   return [
     choice('Shown as', forms, form.as, (as) => change(() => (form.as = as))),
@@ -118,6 +122,7 @@ export function pictureMap(view: PictureMapView, context: PlotContext): HTMLElem
           () => painter.enlargement(),
           (view.pattern?.length ?? 0) > 0,
           (set) => stage.change(set),
+          view.remains,
         );
   const stage: PictureStage = new PictureStage(
     view.sides,
@@ -134,13 +139,14 @@ export function pictureMap(view: PictureMapView, context: PlotContext): HTMLElem
 class MapPainter implements DotPainter {
   legendHeight = legendHeight;
 
-  private readonly limit: number | null;
-
   constructor(
     private readonly view: PictureMapView,
     private readonly state: MapState,
-  ) {
-    this.limit = strictest(view.bounds);
+  ) {}
+
+  /** What remains is judged by nobody. */
+  private get limit(): number | null {
+    return this.state.form.remains ? null : strictest(this.view.bounds);
   }
 
   private values(): Numbers {

@@ -97,6 +97,7 @@ export class Explanations {
 
   /** In words, with the entry's number where it is one of a list. */
   title(name: string): string {
+    if (name.startsWith('refined.')) return `${this.title(name.slice('refined.'.length))}, refined`;
     const index = /\[(\d+)\]$/.exec(name)?.[1];
     if (index === undefined) return this.of(name).title;
     const words = fourPoints.has(bareName(name)) ? entries[Number(index)] : undefined;

@@ -17,11 +17,13 @@ export function error(sd: number): string {
   return sd >= 1e-6 && sd < 1e4 ? String(Number(sd.toPrecision(2))) : sd.toExponential(1);
 }
 
-/** A value to the last digit that its standard error leaves it. */
-export function withError(value: number, sd: number): string {
+/** A value to the last digit that its standard error leaves it; `plus` where it is a difference. */
+export function withError(value: number, sd: number, plus = false): string {
+  const sign = plus && value > 0 ? '+' : '';
   const last = sd > 0 ? Math.floor(Math.log10(sd)) - 1 : Number.NaN;
-  if (!(last >= -9 && last < 0)) return `${shown(value)} ± ${error(sd)}`;
-  return minus(`${value.toFixed(-last)} ± ${sd.toFixed(-last)}`);
+  if (!(last >= -9 && last < 5)) return `${sign}${shown(value)} ± ${error(sd)}`;
+  const decimals = Math.max(0, -last);
+  return minus(`${sign}${value.toFixed(decimals)} ± ${sd.toFixed(decimals)}`);
 }
 
 export function percent(part: number): string {
