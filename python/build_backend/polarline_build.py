@@ -1,6 +1,6 @@
 """Makes the wheel (PEP 517): CMake builds the module with the library in it, and what it installs is packed.
 
-Needs nothing but CMake, Ninja, the compiler and the packages of scripts/setup. `pip install --config-settings
+Needs nothing but CMake, Ninja, the compiler and the packages of scripts/setup --tests. `pip install --config-settings
 build-dir=FOLDER` keeps the build in that folder, whose path is absolute: pip runs this in a folder of its choice.
 """
 import base64

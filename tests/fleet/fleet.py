@@ -38,7 +38,7 @@ def fleet(build, programs, sets):
     """A folder with a list of sets, which is the working folder; the installed command comes first in PATH."""
     os.environ["PATH"] += ":/usr/sbin"
     for program in programs:
-        check(shutil.which(program), f"{program} is not installed; scripts/setup --engines installs it")
+        check(shutil.which(program), f"{program} is not installed; scripts/setup --tests installs it")
     with tempfile.TemporaryDirectory(prefix="fleet.") as folder:
         subprocess.run(["cmake", "--install", build, "--component", "command", "--prefix", f"{folder}/installed"], check=True, stdout=subprocess.DEVNULL)
         os.environ["PATH"] = f"{folder}/installed/bin:{os.environ['PATH']}"
