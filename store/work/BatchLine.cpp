@@ -1,4 +1,5 @@
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "check/document/JsonText.h"

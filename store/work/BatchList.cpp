@@ -1,12 +1,13 @@
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <fstream>
+#include <ios>
 #include <iostream>
-#include <regex>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "platform/BoundedInput.h"
-#include "platform/ClassicStream.h"
 #include "platform/Pieces.h"
 #include "polarline/batch.h"
 #include "polarline/errors.h"

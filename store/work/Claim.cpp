@@ -1,6 +1,10 @@
 #include "store/work/Claim.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
 #include <system_error>
 #include <utility>
 

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstdint>
 #include <nlohmann/json.hpp>
 
 #include "check/document/JsonText.h"

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 #include <tuple>
+#include <utility>
 
 #include "platform/BoundedInput.h"
 #include "platform/Pieces.h"

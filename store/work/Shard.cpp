@@ -1,7 +1,11 @@
 #include <fmt/format.h>
 
 #include <charconv>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <system_error>
+#include <vector>
 
 #include "polarline/batch.h"
 #include "polarline/errors.h"

@@ -1,10 +1,13 @@
 #include "store/work/StoredDocument.h"
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <fstream>
 #include <ios>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <string>
 
 #include "polarline/exit_code.h"
 

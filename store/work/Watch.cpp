@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <system_error>
+#include <utility>
 
 #include "platform/FolderWatch.h"
 #include "polarline/batch.h"

@@ -23,7 +23,7 @@ struct BatchRequest {
 };
 
 std::string environmentOf(const char* name) {
-  const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nobody sets variables here.
+  const char* const value = std::getenv(name);
   return value == nullptr ? "" : value;
 }
 
