@@ -123,7 +123,8 @@ class Results {
          {"SELECT s.name, pair, f.name, value, sd FROM figure_values f JOIN sets s ON s.id = set_id ORDER BY 1, 2, 3",
           "SELECT s.name, position, text, value, holds, pair FROM limits JOIN sets s ON s.id = set_id ORDER BY 1, 2",
           "SELECT s.name, key, value FROM metadata JOIN sets s ON s.id = set_id ORDER BY 1, 2",
-          "SELECT path FROM quarantine ORDER BY 1", "SELECT * FROM limit_rules ORDER BY 1"}) {
+          "SELECT path FROM quarantine ORDER BY 1",
+          "SELECT * FROM limit_rules WHERE text IN (SELECT text FROM limits) ORDER BY 1"}) {
       for (std::string& row : rows(query)) all.push_back(std::move(row));
     }
     return all;

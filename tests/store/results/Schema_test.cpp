@@ -36,7 +36,8 @@ struct Schema : ::testing::Test {
 
 /// Tables, columns, indices and views, by their texts.
 std::vector<std::string> schemaOf(const made_store::Results& results) {
-  return results.rows("SELECT type, name, sql FROM sqlite_master ORDER BY type, name");
+  return results.rows(
+      "SELECT type, name, sql FROM sqlite_master WHERE name NOT LIKE 'sqlite_stat%' ORDER BY type, name");
 }
 
 TEST_F(Schema, OfANewFileHasTheCurrentVersionAndAWriteAheadLog) {
