@@ -5,7 +5,9 @@ machine=
 
 bare_machine_remove() {
   local mount
-  for mount in dev/pts dev proc; do umount -q "$machine/$mount" || true; done
+  for mount in dev/pts dev proc; do
+    umount -q "$machine/$mount" 2>/dev/null || umount -q -l "$machine/$mount" || true  # Interrupted, what runs in it may be at it still.
+  done
   rm -rf --one-file-system "$machine" "$machine.log"
 }
 
