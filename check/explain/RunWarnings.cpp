@@ -31,11 +31,32 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
     {"no_baseline", "no_baseline", "The calibration says that both cameras stand in one place.",
      "Write the pose of the right camera against the left one: TX is its distance with a minus."},
     {"bad_value", "bad_value",
-     "A value of the polar configuration is not what its key wants; for one that can't be read 0 is taken, or what the "
-     "key stands at without a line.",
+     "A value of the polar configuration is not what its key wants; of one that begins with a number that number is "
+     "taken, for any other 0, or what the key stands at without a line.",
      "Mend the line that the text names; docs/formats/polar_configuration.md tells what each key takes."},
     {"bad_line", "bad_line", "A line of the polar configuration is neither blank, comment nor 'key: value'.",
      "Mend or remove the line; the file may have been cut off there."},
+    {"no_type", "no_type", "The polar configuration does not name the lens model, and Brown with K1 to K3 is taken.",
+     "Write 'type: 1' (Brown with K1 to K6), or the number of the model of these lenses: "
+     "docs/formats/polar_configuration.md has them."},
+    {"unused_coefficients", "unused_coefficients",
+     "The calibration has coefficients of the lenses that the model named by type does not take.",
+     "Set type to the model that the calibration was made with: 1 takes K1 to K6, P1 and P2, 0 leaves K4 "
+     "to K6 out, 2 (fisheye) takes K1 to K4 alone."},
+    {"no_evaluation", "no_evaluation",
+     "The polar configuration names no evaluation, so that hardly a figure is measured.",
+     "Look whether the file is whole; write the switches that docs/formats/polar_configuration.md lists, "
+     "such as dy_bias_switch: 1."},
+    {"turned_rows", "turned_rows",
+     "x_y turns the rectified pictures by a quarter, though the cameras stand side by side: what is told as row "
+     "differences are the disparities.",
+     "Set x_y to 0; 1 is for cameras above each other."},
+    {"same_picture", "same_picture", "A line of the list names one picture for both sides.",
+     "Name the picture of each camera; figures of such a pair say nothing."},
+    {"byte_order_mark", "byte_order_mark",
+     "A byte order mark, which can't be seen, stands before the first key of the polar configuration, and "
+     "nothing reads that key.",
+     "Save the file as UTF-8 without the mark, or begin it with a line of comment."},
     {"signed_limit", "signed_limit", "A limit judges a figure with a sign from one side only.",
      "Put the name between bars, which take the size of a value, or add a limit from the other side."},
     {"not_a_number", "not_a_number",

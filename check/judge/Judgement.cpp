@@ -10,6 +10,7 @@
 #include "check/explain/FigureEntries.h"
 #include "check/figures/PairReading.h"
 #include "check/figures/Summary.h"
+#include "check/set/ByteOrderMark.h"
 #include "platform/PlainNumber.h"
 #include "polarline/errors.h"
 
@@ -21,9 +22,6 @@ constexpr const char* kFinished = "finished";
 constexpr const char* kGivenUp = "given_up";
 /// Comes with the compensation of the eccentricity, which refined centres do not need.
 constexpr const char* kNeverRefined = "PoseReport";
-
-/// Editors of some systems put it before the first line of UTF-8.
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Numbers of the run itself.
 std::optional<double> countOf(const std::string& name, const Check& check) {
@@ -186,7 +184,7 @@ std::vector<Limit> readLimits(const std::string& path) {
   std::vector<Limit> limits;
   std::string line;
   for (int number = 1; std::getline(stream, line); ++number) {
-    if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+    if (number == 1) line = byte_order_mark::cutOff(line);
     if (line.ends_with('\r')) line.pop_back();
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string::npos || line[begin] == '#') continue;

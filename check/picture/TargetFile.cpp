@@ -27,11 +27,7 @@ bool isText(const std::string& target) { return !isFile(target) && target.find('
 void requireReadable(const std::string& path) {
   if (!isFile(path)) throw polarline::InputError(path, "there is no such file");
   if (std::filesystem::is_directory(path)) throw polarline::InputError(path, "is a folder; a target was wanted");
-  const std::string_view whole = path;
-  const bool known = std::ranges::any_of(kEndings, [&](std::string_view ending) {
-    return whole.ends_with(ending) && (ending == "ini" || whole.substr(0, whole.size() - ending.size()).ends_with('.'));
-  });
-  if (!known)
+  if (!polarline::isTargetName(path))
     throw polarline::InputError(path,
                                 "is no target by its name; one that ends in ini, json, yml, yaml or xml was wanted");
 }
@@ -55,6 +51,16 @@ bool configure(const std::string& target, const std::string& place, kestrune::Ri
 }
 
 }  // namespace
+
+namespace polarline {
+
+bool isTargetName(std::string_view path) {
+  return std::ranges::any_of(kEndings, [&](std::string_view ending) {
+    return path.ends_with(ending) && (ending == "ini" || path.substr(0, path.size() - ending.size()).ends_with('.'));
+  });
+}
+
+}  // namespace polarline
 
 void loadTarget(const std::string& target, kestrune::RingTarget& into) {
   if (target.empty()) throw polarline::InputError("no target was named");

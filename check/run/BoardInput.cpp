@@ -6,9 +6,11 @@
 
 #include "Tallowfen/src/RingTarget.h"
 #include "check/explain/WarningOf.h"
+#include "check/picture/TargetFile.h"
 #include "check/picture/TargetNumbers.h"
 #include "check/run/InputText.h"
 #include "check/run/PlainPath.h"
+#include "check/set/ByteOrderMark.h"
 #include "input/BoardGroundTruthReader.h"
 #include "platform/Files.h"
 #include "polarline/errors.h"
@@ -27,7 +29,7 @@ BoardGroundTruth readBoardTruth(const std::string& path) {
     const bool is_blank = line.find_first_not_of(" \t\r") == std::string::npos;
     if (!is_blank && !(words >> x >> y >> z))
       throw InputError(fmt::format("{}, line {}", path, number),
-                       shownOf(line) + " was found; three numbers x y z were wanted");
+                       shownOf(line) + " was found; three numbers x y z were wanted" + byte_order_mark::wordsOf(line));
   }
   BoardGroundTruth points;
   ReadBoardTxt(path, points);
@@ -49,10 +51,14 @@ void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const 
 
 BoardInfo readBoardInfo(const std::string& target_path) {
   kestrune::RingTarget target;
+  requireLength(target_path);
   try {
     const PlainPath plain(target_path);
     target.loadConfig(plain.get());
     // The library would look for a board of its own.
+    if (target.patterns().empty() && !isTargetName(target_path))
+      throw InputError(target_path,
+                       "is no target by its name; one that ends in ini, json, yml, yaml or xml was wanted");
     if (target.patterns().empty())
       throw InputError(target_path, "board_type: none that is known was found; 1, 2 or 3 was wanted");
     requireBoardNumbers(plain.get(), target_path);

@@ -8,6 +8,7 @@
 #include "check/run/InputText.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
+#include "check/set/ByteOrderMark.h"
 #include "input/BinaryCalibration.h"
 #include "input/CalibrationConversion.h"
 #include "input/CalibrationReader.h"
@@ -22,15 +23,18 @@ StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>&
   // The binary reader of the exports would leave its tables as text files beside the calibration.
   const bool is_binary = files::extensionOf(path) == "bin";
   std::int32_t status = 0;
+  if (!is_binary) requireLength(path);
   try {
     const PlainPath plain(path);
     if (files::extensionOf(path) == "json") lookAtMembers(path, plain.get(), warnings);
     status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
     requireJson(path);
-    throw InputError(path, "is no JSON that can be read (" + textOf(error) + ")");
+    throw InputError(path,
+                     "is no JSON that can be read (" + textOf(error) + ")" + byte_order_mark::wordsOf(contentOf(path)));
   }
-  if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
+  if (status != polar_status::kSuccess)
+    throw InputError(path, advisedMeaning(status) + (is_binary ? "" : byte_order_mark::wordsOf(contentOf(path))));
   lookAtGeometry(path, calib, warnings);
   // As the exports hand it on: through the caller's record.
   ExportedCalibParams exported;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "check/explain/WarningOf.h"
+#include "check/run/ConfigDoubts.h"
 #include "check/run/Correcting.h"
 #include "diagnose/causes/Causes.h"
 #include "platform/PlainNumber.h"
@@ -32,6 +33,12 @@ Diagnosis diagnosisOf(const RunInputs& inputs, const PairLook& pairs) {
   if (inputs.areRectified()) {
     return without("the pairs were rectified elsewhere, and the calibration by which that was done is not known.",
                    rows);
+  }
+  if (turnsRowsAway(inputs.config, inputs.calib)) {
+    return without(
+        "x_y turns the pictures by a quarter, and the cameras stand side by side, so that these are the "
+        "disparities of the dots. Set x_y to 0.",
+        rows);
   }
   for (const Warning& warning : pairs.warnings()) {
     if (std::ranges::count(kWrongInputs, warning.code) == 0) continue;

@@ -2,9 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <regex>
+#include <stdexcept>
+#include <system_error>
 
 #include "platform/BoundedInput.h"
 #include "polarline/errors.h"
@@ -16,12 +20,27 @@ namespace {
 /// Characters of a line that a message repeats.
 constexpr std::size_t kMostShown = 40;
 
+[[noreturn]] void refuseLength(const std::string& path) {
+  throw InputError(path, fmt::format("has more than {} characters, and no more are read", bounded::kLongestText));
+}
+
 }  // namespace
 
 std::string contentOf(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw InputError(path, "cannot be read");
-  return bounded::readText(stream);
+  try {
+    return bounded::readText(stream);
+  } catch (const std::length_error&) {
+    refuseLength(path);
+  }
+}
+
+void requireLength(const std::string& path) {
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(path, unknown)) return;
+  const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+  if (!unknown && size > bounded::kLongestText) refuseLength(path);
 }
 
 void requireJson(const std::string& path) {

@@ -9,6 +9,10 @@ namespace polarline {
 /// The whole file. Throws `InputError`.
 std::string contentOf(const std::string& path);
 
+/// Throws `InputError` for a file of more than the readers of the library take, which would end the run without naming
+/// it.
+void requireLength(const std::string& path);
+
 /// A text as a message repeats it: in quotes, blanks at its end and what is too long cut off.
 std::string shownOf(const std::string& text);
 

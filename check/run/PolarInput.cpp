@@ -11,6 +11,7 @@
 #include "check/explain/WarningOf.h"
 #include "check/run/InputText.h"
 #include "check/run/PolarValues.h"
+#include "check/set/ByteOrderMark.h"
 #include "input/KeyValueText.h"
 #include "input/PolarConfigReader.h"
 #include "polarline/check.h"
@@ -101,30 +102,43 @@ void warnOfValues(const std::string& text, const std::string& path, const std::s
 void warnOfUnknown(const KeyValueTable& table, const std::string& path, std::vector<Warning>& warnings) {
   const std::vector<std::string> names = settingKeys();
   for (const auto& [key, value] : table) {
-    if (std::ranges::count(names, key) != 0) continue;
+    if (std::ranges::count(names, key) != 0 || byte_order_mark::begins(key)) continue;
     warnings.push_back(warningOf(
         "unknown_key", fmt::format("{}: nothing reads the key '{}'{}", path, key, offer(nearest(key, names)))));
   }
 }
 
+/// The mark can't be seen, and belongs to the key of the first line.
+void warnOfMark(const KeyValueTable& table, const std::string& path, std::vector<Warning>& warnings) {
+  for (const auto& [key, value] : table) {
+    if (!byte_order_mark::begins(key)) continue;
+    warnings.push_back(warningOf(
+        "byte_order_mark", fmt::format("{}, line 1: a byte order mark stands before the key '{}', so that nothing "
+                                       "reads it",
+                                       path, byte_order_mark::cutOff(key))));
+  }
+}
+
 }  // namespace
 
-PolarConfig readPolar(const std::string& path, const std::vector<std::string>& settings,
-                      std::vector<Warning>& warnings) {
+PolarInput readPolar(const std::string& path, const std::vector<std::string>& settings,
+                     std::vector<Warning>& warnings) {
   const std::string written = contentOf(path);
   const std::string set = linesOf(settings);
   const std::string text = written + set;
   const KeyValueTable table = parseKeyValueText(text);
   if (table.empty()) throw InputError(path, "has no line 'key: value'");
-  PolarConfig config;
+  PolarInput input;
   // The reader takes a path for a file if it opens; a text with line ends is none.
-  const std::int32_t status = ReadPolarConfig(text + "\n", "", config);
+  const std::int32_t status = ReadPolarConfig(text + "\n", "", input.config);
   if (status == polar_status::kBadGroundTruthPoint) refusePoint(written, path);
   if (status != polar_status::kSuccess) throw InputError(path, advisedMeaning(status));
+  warnOfMark(table, path, warnings);
   warnOfUnknown(table, path, warnings);
   warnOfLines(written, path, warnings);
   warnOfValues(written, path, set, warnings);
-  return config;
+  for (const auto& [key, value] : table) input.keys.insert(key);
+  return input;
 }
 
 }  // namespace polarline

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -8,8 +9,12 @@
 
 namespace polarline {
 
+struct PolarInput {
+  PolarConfig config;
+  std::set<std::string> keys;  ///< That the file or the command says.
+};
+
 /// The polar configuration of a set, with the keys that are set for this run only.
-PolarConfig readPolar(const std::string& path, const std::vector<std::string>& settings,
-                      std::vector<Warning>& warnings);
+PolarInput readPolar(const std::string& path, const std::vector<std::string>& settings, std::vector<Warning>& warnings);
 
 }  // namespace polarline

@@ -1,7 +1,10 @@
 #include "check/run/PolarValues.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <limits>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -14,17 +17,37 @@ namespace {
 
 constexpr const char* kBlanks = " \n\r\t";
 
+/// Whether nothing but blanks or a comment stands behind what was read.
+bool isAtEnd(std::istringstream& stream) {
+  const auto next = stream.peek();
+  if (next == std::istringstream::traits_type::eof()) return true;
+  std::string rest;
+  const bool is_apart = std::string_view(kBlanks).find(static_cast<char>(next)) != std::string_view::npos;
+  return is_apart && (!(stream >> rest) || rest.starts_with('#'));
+}
+
+/// Whether the text is a number and nothing more: the reader would drop the rest in silence.
 template <typename T>
-bool begins(const std::string& text) {
+bool isWhole(const std::string& text) {
   std::istringstream stream = classic::input(text);
   T number{};
-  return static_cast<bool>(stream >> number);
+  return static_cast<bool>(stream >> number) && isAtEnd(stream);
+}
+
+/// A whole number may be written as 1.0, which the reader takes for 1, too.
+template <>
+bool isWhole<std::int32_t>(const std::string& text) {
+  std::istringstream stream = classic::input(text);
+  std::istringstream exact = classic::input(text);
+  std::int32_t number = 0;
+  double same = 0.0;
+  return stream >> number && exact >> same && static_cast<double>(number) == same && isAtEnd(exact);
 }
 
 /// A switch is on with every number but 0, also where the extraction of a bool wants 0 or 1.
 template <>
-bool begins<bool>(const std::string& text) {
-  return begins<double>(text);
+bool isWhole<bool>(const std::string& text) {
+  return isWhole<double>(text);
 }
 
 /// What the list's brackets hold: of the value's first word, whose opening bracket may be missing.
@@ -39,7 +62,7 @@ std::optional<std::string> insideBrackets(const std::string& value) {
 
 template <typename T>
 bool areNumbers(const std::string& items) {
-  return std::ranges::all_of(piecesOf(items, ','), begins<T>);
+  return std::ranges::all_of(piecesOf(items, ','), isWhole<T>);
 }
 
 /// Items of rows may be empty: the commas between two rows leave such ones.
@@ -47,7 +70,7 @@ template <typename T>
 bool isRow(std::string row) {
   std::erase(row, '[');
   return std::ranges::all_of(piecesOf(row, ','), [](const std::string& item) {
-    return item.find_first_not_of(kBlanks) == std::string::npos || begins<T>(item);
+    return item.find_first_not_of(kBlanks) == std::string::npos || isWhole<T>(item);
   });
 }
 
@@ -58,7 +81,7 @@ bool areThreeNumbers(const std::string& value) {
 
 template <typename T>
 bool isUnderstood(const std::string& value, const T* /*type*/) {
-  return begins<T>(value);
+  return isWhole<T>(value);
 }
 
 template <typename T>
@@ -73,19 +96,30 @@ bool isUnderstood(const std::string& value, const std::vector<std::vector<T>>* /
   return rows && std::ranges::all_of(piecesOf(*rows, ']'), isRow<T>);
 }
 
-/// The library scales the pictures by it: with 0 nothing is left of them, and below 0 nothing is to be seen.
-bool isNoScale(const std::string& key, const std::string& value) {
+/// Numbers with which a run can measure nothing. Empty for the others.
+std::string wantedNumber(const std::string& key, const std::string& value) {
   double number = 0.0;
   std::istringstream stream = classic::input(value);
-  return key == "f_scale" && stream >> number && !(number > 0.0);
+  if (!(stream >> number)) return {};
+  // The library scales the pictures by it: with 0 nothing is left of them, and below 0 nothing is to be seen.
+  if (key == "f_scale" && !(number > 0.0)) return "a number above 0";
+  if ((key == "evalu_model" || key == "x_y") && number != 0.0 && number != 1.0) return "0 or 1";
+  return {};
+}
+
+bool isLarge(const std::string& value, double most) {
+  double number = 0.0;
+  std::istringstream stream = classic::input(value);
+  return stream >> number && std::abs(number) > most && isAtEnd(stream);
 }
 
 template <typename T>
 std::string wantedOf(const std::string& value) {
   if constexpr (std::is_same_v<T, bool>) return "0 or 1";
   if constexpr (std::is_same_v<T, std::int32_t>)
-    return begins<double>(value) ? "a whole number of at most 2147483647" : "a whole number";
-  if constexpr (std::is_same_v<T, float>) return begins<double>(value) ? "a number of at most 3.4e38" : "a number";
+    return isLarge(value, std::numeric_limits<T>::max()) ? "a whole number of at most 2147483647" : "a whole number";
+  if constexpr (std::is_same_v<T, float>)
+    return isLarge(value, std::numeric_limits<T>::max()) ? "a number of at most 3.4e38" : "a number";
   return "a list of numbers such as [1,2,3], without blanks,";
 }
 
@@ -102,7 +136,7 @@ std::string wantedOf<std::vector<std::vector<std::int32_t>>>(const std::string& 
 }  // namespace
 
 std::optional<std::string> wantedInstead(const std::string& key, const std::string& value) {
-  if (isNoScale(key, value)) return "a number above 0";
+  if (std::string number = wantedNumber(key, value); !number.empty()) return number;
   std::optional<std::string> wanted;
   polar_keys::forEach([&](const auto& each) {
     using Value = typename std::remove_cvref_t<decltype(each)>::Value;

@@ -2,6 +2,7 @@
 
 #include "check/judge/Judgement.h"
 #include "check/judge/SignedLimits.h"
+#include "check/run/ConfigDoubts.h"
 #include "check/run/Correcting.h"
 #include "check/run/Inputs.h"
 #include "check/set/SetIdentity.h"
@@ -37,7 +38,9 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
     inputs.limits.insert(inputs.limits.end(), of_set.begin(), of_set.end());
   }
   warnOfSigns(inputs.limits, check.warnings);
-  inputs.config = readPolar(inputs.set.polar, options.settings, check.warnings);
+  const PolarInput polar = readPolar(inputs.set.polar, options.settings, check.warnings);
+  inputs.config = polar.config;
+  warnOfNoEvaluation(inputs.set.polar, polar, check.warnings);
   check.settings = settingsOf(inputs.config);
   check.board = readBoardInfo(inputs.set.target);
   if (!inputs.set.board.empty()) inputs.board = readBoardTruth(inputs.set.board);
@@ -50,6 +53,8 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
   } else {
     inputs.calib = readCalibration(inputs.set.calibration, check.warnings);
     check.cameras = camerasOf(inputs.config.type, inputs.calib);
+    warnOfLens(inputs.set.polar, polar, inputs.set.calibration, inputs.calib, check.warnings);
+    warnOfTurn(inputs.set.polar, polar, inputs.calib, check.warnings);
     requireCorrectable(options.write_corrected, inputs.config.type);
   }
   check.inputs = hashedFiles(inputs.set);

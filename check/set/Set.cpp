@@ -4,9 +4,11 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <initializer_list>
 #include <system_error>
 
+#include "check/set/ByteOrderMark.h"
 #include "input/ImageList.h"
 #include "platform/FileHandle.h"
 #include "platform/Files.h"
@@ -27,6 +29,7 @@ void requireFile(const std::string& path) {
   const fs::file_status status = fs::status(path, failure);
   if (!fs::exists(status)) throw InputError(path, whyMissing(failure, "there is no such file"));
   if (fs::is_directory(status)) throw InputError(path, "is a folder; a file was wanted");
+  if (fs::is_fifo(status)) throw InputError(path, "is a pipe, which gives its content once; a file was wanted");
   const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (!file) throw InputError(path, std::strerror(errno));
   if (std::fgetc(file.get()) == EOF) throw InputError(path, "is empty");
@@ -59,6 +62,13 @@ void complete(std::string& path, const std::string& folder, const char* what, bo
   if (needed)
     throw InputError(folder, std::string("has no ") + what + " (" + listOf(names) +
                                  "); 'polarline init' makes a set of pictures, a calibration and a board");
+}
+
+std::string beginningOf(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  std::string beginning(byte_order_mark::kMark.size(), ' ');
+  stream.read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+  return beginning;
 }
 
 /// Whoever moved a list or wrote whole paths into it has to learn where its names are looked for.
@@ -111,7 +121,8 @@ std::vector<ListedPair> listedPairs(const std::string& list) {
     pairs.push_back({pairs.size() + kFirstLine, row[0], row[1], names.folder});
   }
   const std::string place = list + ", line " + std::to_string(pairs.size() + kFirstLine);
-  if (names.cameras == 0) throw InputError(list + ", line 1", "no header; '#L R' was wanted");
+  if (names.cameras == 0)
+    throw InputError(list + ", line 1", "no header; '#L R' was wanted" + byte_order_mark::wordsOf(beginningOf(list)));
   if (!names.failure.empty()) throw InputError(place, "two file names were wanted, without blanks in them");
   if (pairs.empty()) throw InputError(list, "lists no pair");
   for (const ListedPair& pair : pairs) {

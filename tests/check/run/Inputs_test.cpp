@@ -32,7 +32,7 @@ using InputsPolar = InputsOf;
 
 TEST_F(InputsPolar, TakesTheKeysOfTheCommandLast) {
   const std::string path = folder.write("polar.txt", "type: 1\nf_scale: 2\nCal_ID_DIS: [[1,2]]");
-  const PolarConfig config = readPolar(path, {"f_scale=0.5", "Cal_ID_DIS=[[3,4],[5,6]]"}, warnings);
+  const PolarConfig config = readPolar(path, {"f_scale=0.5", "Cal_ID_DIS=[[3,4],[5,6]]"}, warnings).config;
   EXPECT_EQ(config.type, 1);
   EXPECT_EQ(config.f_scale, 0.5F);
   ASSERT_EQ(config.Cal_ID_DIS.size(), 2U);
@@ -47,15 +47,25 @@ TEST_F(InputsPolar, WarnsOfAKeyThatNothingReads) {
   EXPECT_THAT(warnings[0].text, HasSubstr("'f_scal'; did you mean f_scale"));
 }
 
+TEST_F(InputsPolar, NamesAMarkThatCannotBeSeen) {
+  const std::string path = folder.write("polar.txt", "\xEF\xBB\xBFtype: 1\n");
+  const PolarInput input = readPolar(path, {}, warnings);
+  EXPECT_FALSE(input.keys.contains("type"));
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings[0].code, "byte_order_mark");
+  EXPECT_EQ(warnings[0].text,
+            path + ", line 1: a byte order mark stands before the key 'type', so that nothing reads it");
+}
+
 TEST_F(InputsPolar, WarnsOfAValueThatIsNone) {
   const std::string path = folder.write("polar.txt", "type: 0\n# ours\ntype: zz\nf_scale: 1\n");
-  EXPECT_EQ(readPolar(path, {}, warnings).type, 0);
+  EXPECT_EQ(readPolar(path, {}, warnings).config.type, 0);
   ASSERT_EQ(warnings.size(), 1U);
   EXPECT_EQ(warnings[0].code, "bad_value");
   EXPECT_EQ(warnings[0].text, path + ", line 3: type: 'zz' was found; a whole number was wanted");
   EXPECT_FALSE(warnings[0].advice.empty());
   warnings.clear();
-  EXPECT_EQ(readPolar(path, {"type=1"}, warnings).type, 1);
+  EXPECT_EQ(readPolar(path, {"type=1"}, warnings).config.type, 1);
   EXPECT_TRUE(warnings.empty());
 }
 
@@ -99,7 +109,7 @@ TEST_F(InputsPolar, RefusesAFileThatIsNone) {
 
 TEST_F(InputsPolar, ShowsEverySettingAsJson) {
   const auto settings =
-      settingsOf(readPolar(folder.write("polar.txt", "f_scale: 0.1\neccentricity: 1\n"), {}, warnings));
+      settingsOf(readPolar(folder.write("polar.txt", "f_scale: 0.1\neccentricity: 1\n"), {}, warnings).config);
   const auto valueOf = [&](const std::string& key) { return std::ranges::find(settings, key, &Setting::key)->json; };
   EXPECT_EQ(valueOf("f_scale"), "0.1");
   EXPECT_EQ(valueOf("eccentricity"), "true");
