@@ -99,6 +99,18 @@ void setSize(Camera& camera, const ImportOptions& options, const char* name, std
                                                                  height, camera.size.width, camera.size.height)));
 }
 
+/// A baseline that is said in place of the file's. Another unit of length is no contradiction.
+void warnOfBaseline(const SourcePair& pair, const ImportOptions& options, std::vector<Warning>& warnings) {
+  constexpr double kSame = 0.01;
+  if (!options.baseline || pair.is_length_lost) return;
+  const double length = cv::norm(pair.right_from_left.T);
+  const double decades = std::round(std::log10(*options.baseline / length));
+  if (std::abs(*options.baseline / length / std::pow(10.0, decades) - 1.0) <= kSame) return;
+  warnings.push_back(calibrations::warning(
+      "baseline_overridden",
+      fmt::format("{} in the file, {} was said", plain::rounded(length, 4), plain::rounded(*options.baseline, 4))));
+}
+
 /// Boards are measured in millimetres, calibrations often in metres.
 bool looksLikeMetres(const Calibration& calibration, const ImportOptions& options) {
   return options.scale == 1.0 && !options.baseline && baselineOf(calibration) < kLongestInMetres;
@@ -133,6 +145,7 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
   setSize(calibration.left, options, "left", imported.warnings);
   setSize(calibration.right, options, "right", imported.warnings);
   setPose(calibration, pair, factorOf(pair.right_from_left, options, files.front()));
+  warnOfBaseline(pair, options, imported.warnings);
   if (pair.deviation > kRoundedRotation) {
     imported.warnings.push_back(
         calibrations::warning("rounded_rotation", "a printed rotation is off by " + plain::rounded(pair.deviation, 2)));

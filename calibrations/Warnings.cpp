@@ -9,6 +9,8 @@ const warnings::Table& warningCodes() {
       {"image_size_overridden", "The size that was said is not the one in the file.",
        "Make sure that the pictures are neither scaled nor cut against those of the calibration: nothing is "
        "converted."},
+      {"baseline_overridden", "The baseline that was said is not the one in the file, in no unit of length.",
+       "Leave --baseline out unless the file has lost its length; for another unit say --scale."},
       {"baseline_in_metres", "The cameras stand less than two board units apart, and no scale was said.",
        "If the file has metres and the board millimetres, say --scale 1000."},
       {"unlike_image_sizes", "The pictures of the two cameras are not of one size.",

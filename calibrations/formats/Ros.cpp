@@ -66,6 +66,10 @@ Projection projectionOf(const Node& node) {
   return projection;
 }
 
+bool hasSoundProjections(const Node& left, const Node& right) {
+  return projectionOf(left.at("projection_matrix")).isSound && projectionOf(right.at("projection_matrix")).isSound;
+}
+
 /// Right origin from the left one in the frame of the rectified cameras. Of projections that lost their camera only the
 /// direction is left, as long as it is along one axis.
 cv::Vec3d rectifiedTranslation(const Node& left, const Node& right, bool lengthIsKnown) {
@@ -97,6 +101,7 @@ SourcePair readRos(const Documents& documents, const polarline::ImportOptions& o
   const cv::Vec3d t = rectifiedTranslation(left.at("projection_matrix"), p_right, options.baseline.has_value());
   if (cv::norm(t) == 0.0)
     p_right.refuse("has no baseline, as of a camera that was calibrated alone; those of a pair were wanted");
+  pair.is_length_lost = !hasSoundProjections(left, right);
   pair.right_from_left.R = rectified_from_right.t() * rectified_from_left;
   pair.right_from_left.T = rectified_from_right.t() * t;
   return pair;

@@ -23,6 +23,7 @@ struct SourcePair {
   SourceCamera right;
   Pose right_from_left;
   std::optional<Angles> angles;  ///< Of `right_from_left`, where the file tells them: from R they lose a digit.
+  bool is_length_lost = false;   ///< The translation tells its direction only.
   double deviation = 0.0;        ///< Of the printed rotation that was farthest from one.
 };
 

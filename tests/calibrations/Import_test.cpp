@@ -242,6 +242,19 @@ TEST(ImportBaseline, SetsTheLengthAndKeepsTheDirection) {
   EXPECT_NEAR(calibration.ty / calibration.tx, -0.0009 / 0.062, 1e-15);
 }
 
+TEST(ImportBaseline, WarnsWhereTheFileSaysAnother) {
+  const auto codesWith = [](double baseline) {
+    ImportOptions options;
+    options.baseline = baseline;
+    return codesOf(imported(layouts::kalibrChain(Rig()), options));  // 0.062 long.
+  };
+  EXPECT_THAT(codesWith(0.2), testing::Contains("baseline_overridden"));
+  EXPECT_THAT(codesWith(124.0), testing::Contains("baseline_overridden"));
+  EXPECT_THAT(codesWith(62.0), testing::Not(testing::Contains("baseline_overridden"))) << "millimetres";
+  EXPECT_THAT(codesWith(6.2), testing::Not(testing::Contains("baseline_overridden"))) << "centimetres";
+  EXPECT_THAT(codesWith(0.063), testing::Contains("baseline_overridden"));
+}
+
 TEST(ImportSize, IsThatOfTheOption) {
   ImportOptions options;
   options.model = "brown";

@@ -75,7 +75,9 @@ TEST(RosOverwritten, IsRefusedAndAsksForTheBaseline) {
 TEST(RosOverwritten, TakesTheBaselineInTheDirectionThatIsLeft) {
   ImportOptions options;
   options.baseline = 60.0;
-  EXPECT_DOUBLE_EQ(imported(plain(kOverwrittenLeft, kOverwrittenRight), options).calibration.tx, -60.0);
+  const polarline::ImportedCalibration found = imported(plain(kOverwrittenLeft, kOverwrittenRight), options);
+  EXPECT_DOUBLE_EQ(found.calibration.tx, -60.0);
+  EXPECT_THAT(codesOf(found), testing::Not(testing::Contains("baseline_overridden"))) << "the file's was lost";
 }
 
 TEST(RosOverwritten, IsRefusedWithoutADirection) {
