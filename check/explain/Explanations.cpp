@@ -49,6 +49,12 @@ std::vector<Explanation> all() {
   return list;
 }
 
+/// A refined figure means what the figure does, and so does an entry of a list, as tri_dis[0].
+std::string withoutPlace(const std::string& code) {
+  const std::string name = code.starts_with(kRefinedPrefix) ? code.substr(kRefinedPrefix.size()) : code;
+  return name.ends_with(']') ? name.substr(0, name.find('[')) : name;
+}
+
 }  // namespace
 
 const std::vector<Explanation>& explanations() {
@@ -58,8 +64,7 @@ const std::vector<Explanation>& explanations() {
 
 std::optional<Explanation> explain(const std::string& code) {
   const auto& list = explanations();
-  // A refined figure means what the figure does.
-  const std::string wanted = code.starts_with(kRefinedPrefix) ? code.substr(kRefinedPrefix.size()) : code;
+  const std::string wanted = withoutPlace(code);
   const auto found =
       std::ranges::find_if(list, [&](const Explanation& each) { return each.code == wanted || each.name == wanted; });
   if (found == list.end()) return std::nullopt;
@@ -76,16 +81,21 @@ std::string nearestCodes(const std::string& code) {
   return offer(nearest(code, names));
 }
 
-std::optional<Explanation> explainPair(std::int32_t code) {
+std::optional<Explanation> explainPair(std::int32_t code, bool of_residuals) {
   const std::string number = std::to_string(code);
+  if (of_residuals) {
+    if (const auto explained = explain(number + " of residuals")) return explained;
+  }
   const auto in_pair = explain(number + " in a pair");
   return in_pair ? in_pair : explain(number);
 }
 
 std::vector<Explanation> explainAll(const std::string& code) {
+  const std::string name = withoutPlace(code);
   std::vector<Explanation> found;
   std::ranges::copy_if(explanations(), std::back_inserter(found), [&](const Explanation& each) {
-    return each.code == code || each.name == code || each.code == "exit " + code || each.code == code + " in a pair";
+    return each.code == code || each.name == code || each.name == name || each.code == "exit " + code ||
+           each.code == code + " in a pair" || each.code == code + " of residuals";
   });
   return found;
 }

@@ -40,6 +40,11 @@ constexpr auto kStatuses = std::to_array<Entry>({
     {"-9", "too_few_shared", "The two pictures share too few dots, or no residual could be taken.",
      "Both cameras must see the board: move it into the common field. If both see it, compare calibration and "
      "pictures: a wrong pair gives residuals above 5 pixels, which do not count."},
+    {"-9 in a pair", "few_dots_in_both", "The two pictures share too few dots.",
+     "Both cameras must see the board: move it into the common field."},
+    {"-9 of residuals", "no_residual", "No residual could be taken: all are above 5 pixels, and such do not count.",
+     "Compare calibration and pictures: exchanged sides, the calibration of other cameras and dots that are numbered "
+     "wrongly give such residuals."},
     {"-10", "point_missing", "One of the four chosen dots was not seen in both pictures, or lies at the origin.",
      "Choose dots that are always in view (TriPoint1_ID ... PolPoint4_ID), or switch the four-point distances off."},
     {"-11", "no_tables", "type 3 needs the polynomial tables of both cameras, and they are not there.",
@@ -47,7 +52,8 @@ constexpr auto kStatuses = std::to_array<Entry>({
     {"-13", "outlier", "A dot stands out from the fit of the board, so that the pair was given up.",
      "Look at the dot that the text names: it may be covered, dirty or numbered wrongly."},
     {"1 in a pair", "measurement_failed", "The measurement of the rectified pair failed.",
-     "Look at the rectified pictures (savepolarline: 1 and --out): a wrong calibration warps them out of view."},
+     "Look at the rectified pictures (savepolarline: 1 and --out): a wrong calibration or f_scale warps them out of "
+     "view."},
     {"12", "group_point_missing", "A dot of a Cal_ID_DIS pair was not seen in both pictures.",
      "Choose pairs of dots that are always in view."},
     {"exception", "exception", "A library below ended the run with an exception, whose text is told.",
@@ -56,6 +62,10 @@ constexpr auto kStatuses = std::to_array<Entry>({
      "polar configuration switches on beyond the usual."},
     {"input", "input_unusable", "An input could not be used; the text names the file and what was wanted.",
      "Mend what the text names."},
+    {"nothing_measured", "nothing_measured", "The pairs were finished, and no evaluation gave a figure.",
+     "Switch on what is wanted, such as dy_bias_switch: 1; in a frame run name points and distances (Frame_ID, "
+     "Frame_3D, "
+     "Frame_IRL, Frame_IRR, Frame_ID_DIS)."},
     {"output", "not_written", "A result could not be written.",
      "Check that the folder is there, may be written and has space left."},
 });

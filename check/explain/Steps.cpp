@@ -27,6 +27,23 @@ constexpr auto kSteps = std::to_array<Entry>({
     {"filter", "filter",
      "Step of a detection: all numbered dots were taken out by the ids or the region that are wanted.",
      "Look at detection_id and detection_switch of the target."},
+    {"pairs", "pairs", "A count that a limit may judge: the pairs that were looked at.",
+     "'pairs>=10' asks for ten pairs at least."},
+    {"finished", "finished", "A count that a limit may judge, and the state of a pair that has figures.",
+     "'finished>=10' asks for ten such pairs at least."},
+    {"given_up", "given_up",
+     "A count that a limit may judge: the pairs that were given up, of which no figure is judged.",
+     "'given_up<=0' asks for none; the reason of each stands in the table and in the document."},
+    {"carried", "carried",
+     "Figures that a pair did not measure itself: the library's own record keeps those of the pair before.",
+     "Look at the pairs that measured them; the document has null for such figures."},
+    {"triangulation", "triangulation",
+     "Evaluation of the raw pair: its dots in space, residuals, distances and the fit of the board.",
+     "triangulate_residual_switch, triangulate_dis_switch and discalswitch of the polar configuration switch it."},
+    {"rows", "rows", "Evaluation of the rectified pair: the row differences (dy_means, dy_max).",
+     "dy_bias_switch of the polar configuration switches it."},
+    {"cloud", "cloud", "Evaluation of the rectified pair: its points in space by their disparities, and distances.",
+     "foursixmethod_swithch and allpointssavecsv_swithch of the polar configuration switch it."},
 });
 
 }  // namespace

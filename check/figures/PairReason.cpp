@@ -49,18 +49,39 @@ std::string missingDotOf(const PairEvaluator& evaluator) {
   return evaluator.errorText;
 }
 
+std::string tooFewDetectedText(const Reason& reason, const PairObservation& seen) {
+  const std::size_t side = reason.side == "left" ? 0 : 1;
+  const std::string found = fmt::format("{} dots were found in the {}{} picture; 6 are needed", seen.found.at(side),
+                                        reason.of_rectified ? "rectified " : "", reason.side);
+  return seen.failed.at(side) ? found + ": " + whyOf(*seen.failed.at(side)) : found;
+}
+
+/// The evaluations of rows and cloud look at pictures that were warped; of pairs that were rectified elsewhere they are
+/// those of the list.
+bool isOfRectified(const PairEvaluator& evaluator) {
+  const std::string_view evaluation = evaluator.seen.evaluation;
+  return evaluation == "rows" || evaluation == "cloud";
+}
+
+/// The dots were shared, and the evaluation ended at their residuals.
+bool endedAtResiduals(const Reason& reason, const PairObservation& seen) {
+  const std::string_view evaluation = seen.evaluation;
+  return reason.code == polar_status::kTooFewShared &&
+         (evaluation == "frame" || (evaluation == "triangulation" && !seen.raw.empty()));
+}
+
+std::string tooFewSharedText(const Reason& reason, const PairObservation& seen) {
+  if (!reason.of_residuals)
+    return fmt::format("too few dots are in both pictures: {} were found in the left one, {} in the right one",
+                       seen.found[0], seen.found[1]);
+  const std::string dots = seen.raw.empty() ? "" : fmt::format("{} dots are in both pictures, and ", seen.raw.size());
+  return dots + "no residual could be taken: all are above 5 pixels";
+}
+
 std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {
   const PairObservation& seen = evaluator.seen;
-  if (reason.code == polar_status::kTooFewDetected) {
-    const std::size_t side = reason.side == "left" ? 0 : 1;
-    const std::string found =
-        std::to_string(seen.found.at(side)) + " dots were found in the " + reason.side + " picture; 6 are needed";
-    return seen.failed.at(side) ? found + ": " + whyOf(*seen.failed.at(side)) : found;
-  }
-  if (reason.code == polar_status::kTooFewShared) {
-    return std::to_string(seen.raw.empty() ? seen.rectified.size() : seen.raw.size()) +
-           " dots are in both pictures, or no residual could be taken";
-  }
+  if (reason.code == polar_status::kTooFewDetected) return tooFewDetectedText(reason, seen);
+  if (reason.code == polar_status::kTooFewShared) return tooFewSharedText(reason, seen);
   if (reason.code == polar_status::kPointMissing && !evaluator.errorText.empty()) return missingDotOf(evaluator);
   if (!evaluator.errorText.empty() && reason.code != kGroupPointMissing) return evaluator.errorText;
   // A run's status 1 is another thing.
@@ -78,6 +99,8 @@ Reason reasonOf(std::int32_t status, const PairEvaluator& evaluator) {
   reason.side = sideOf(seen);
   const auto& failed = seen.failed.at(reason.side == "right" ? 1 : 0);
   reason.step = !reason.side.empty() && failed ? nameOf(failed->trace.step) : seen.evaluation;
+  reason.of_residuals = endedAtResiduals(reason, seen);
+  reason.of_rectified = isOfRectified(evaluator);
   reason.text = textOf(reason, evaluator);
   return reason;
 }

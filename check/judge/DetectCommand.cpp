@@ -1,9 +1,13 @@
 #include "check/judge/DetectCommand.h"
 
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "check/set/ShellWord.h"
+#include "polar/results/PairStatus.h"
+#include "polarline/explain.h"
 
 namespace polarline {
 namespace {
@@ -35,9 +39,16 @@ std::string withDetectCommand(std::string advice, const Check& check, std::size_
   return advice.replace(at, kWords.size(), shellWord(image) + " --target " + shellWord(target));
 }
 
+std::string adviceOn(const PairCheck& pair, const std::string& advice, const Check& check) {
+  const auto rectified = pair.reason.of_rectified && advice.find(kWords) != std::string::npos
+                             ? explain(std::to_string(kMeasurementFailed) + " in a pair")
+                             : std::nullopt;
+  return rectified ? rectified->advice : withDetectCommand(advice, check, pair.index, pair.reason.side);
+}
+
 void nameDetectCommand(Check& check, std::size_t next) {
   const PairCheck* const pair = pairOf(check);
-  check.status.advice = pair != nullptr ? withDetectCommand(check.status.advice, check, pair->index, pair->reason.side)
+  check.status.advice = pair != nullptr ? adviceOn(*pair, check.status.advice, check)
                                         : withDetectCommand(check.status.advice, check, next, "left");
 }
 

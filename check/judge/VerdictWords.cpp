@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <string_view>
+#include <utility>
 
 #include "check/judge/DetectCommand.h"
 #include "platform/PlainNumber.h"
@@ -112,8 +113,10 @@ std::string figureText(double value) {
 
 std::string finishedText(const Check& check) {
   // Behind the last pair that is told the list may have had more.
-  const char* const end = check.status.name == "success" || check.finished() == 0 ? "" : ", then the run ended";
-  return fmt::format("{} of {} finished{}.", check.finished(), counted(check.pairs.size(), "pair"), end);
+  const bool is_whole = check.status.name == "success" || check.status.name == "nothing_measured";
+  const char* const end = is_whole || check.finished() == 0 ? "" : ", then the run ended";
+  const std::string of = check.listed > check.pairs.size() ? fmt::format(" ({} are listed)", check.listed) : "";
+  return fmt::format("{} of {} finished{}{}.", check.finished(), counted(check.pairs.size(), "pair"), end, of);
 }
 
 std::string fisheyeText(const Check& check) {
@@ -146,18 +149,19 @@ std::string refinedPairText(const Check& check) {
 }
 
 std::vector<std::string> givenUpTexts(const Check& check) {
-  std::vector<const PairCheck*> firsts;  // One of each code.
-  std::map<std::int32_t, std::size_t> counts;
+  std::vector<const PairCheck*> firsts;  // One of each kind.
+  std::map<std::pair<std::int32_t, bool>, std::size_t> counts;
+  const auto kindOf = [](const PairCheck& pair) { return std::pair(pair.reason.code, pair.reason.of_residuals); };
   for (const PairCheck& pair : check.pairs) {
-    if (!pair.finished && ++counts[pair.reason.code] == 1) firsts.push_back(&pair);
+    if (!pair.finished && ++counts[kindOf(pair)] == 1) firsts.push_back(&pair);
   }
   std::vector<std::string> texts;
   for (const PairCheck* const pair : firsts) {
-    const auto& [code, text, side, step] = pair->reason;
-    const auto explained = explainPair(code);
+    const std::int32_t code = pair->reason.code;
+    const auto explained = explainPair(code, pair->reason.of_residuals);
     if (!explained) continue;
-    texts.push_back(fmt::format("{} given up with {} ({}): {} {}", counted(counts[code], "pair"), code, explained->name,
-                                explained->meaning, withDetectCommand(explained->advice, check, pair->index, side)));
+    texts.push_back(fmt::format("{} given up with {} ({}): {} {}", counted(counts[kindOf(*pair)], "pair"), code,
+                                explained->name, explained->meaning, adviceOn(*pair, explained->advice, check)));
   }
   return texts;
 }

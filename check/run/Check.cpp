@@ -12,12 +12,14 @@
 #include <utility>
 
 #include "PolarLinePrecision/Status.h"
+#include "check/explain/WarningOf.h"
 #include "check/figures/Summary.h"
 #include "check/judge/DetectCommand.h"
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
 #include "check/run/Diagnosing.h"
 #include "check/run/FailureWords.h"
+#include "check/run/NoFigures.h"
 #include "check/run/OutFolder.h"
 #include "check/run/PairLook.h"
 #include "check/run/PicturesBehind.h"
@@ -45,6 +47,15 @@ std::string nameOf(const std::string& path) {
   if (path.empty()) return {};
   const std::filesystem::path folder = std::filesystem::absolute(path).lexically_normal();
   return (folder.has_filename() ? folder : folder.parent_path()).filename().string();
+}
+
+/// A list of one camera against itself has figures, too.
+void warnOfSamePictures(const std::vector<ListedPair>& listed, const std::string& list,
+                        std::vector<Warning>& warnings) {
+  const auto same = std::ranges::find_if(listed, [](const ListedPair& pair) { return pair.left == pair.right; });
+  if (same == listed.end()) return;
+  warnings.push_back(
+      warningOf("same_picture", fmt::format("{}, line {}: {} stands on both sides", list, same->line, same->left)));
 }
 
 void dropPoints(PairCheck& pair) {
@@ -84,9 +95,11 @@ class SetCheck final : public RunObserver {
 void SetCheck::choosePairs() {
   std::vector<ListedPair> listed = options_.pictures ? listedPairs(*options_.pictures) : listedPairs(inputs_.set.list);
   listed = chosenPairs(std::move(listed), options_.pairs);
+  if (!options_.pictures) warnOfSamePictures(listed, inputs_.set.list, check_.warnings);
   if (options_.pairs) first_pair_ = options_.pairs->first;
   pictures_ = std::make_unique<ListedPictures>(std::move(listed), first_pair_,
                                                options_.pictures ? &*options_.pictures : nullptr);
+  check_.listed = pictures_->pairs();
   pairs_ = std::make_unique<PairLook>(inputs_, options_, check_.board, *pictures_, first_pair_);
 }
 
@@ -128,6 +141,9 @@ void SetCheck::runWith(OutFolder& out) {
     explainPictures(*pictures_, inputs_.set.list, check_);
     return;
   }
+  if (check_.status.exit_code == kDone) check_.status = nothingMeasured(check_, inputs_).value_or(check_.status);
+  if (check_.status.exit_code == kNoFigure && !check_.pairs.empty())
+    check_.status = wantedBeyondBoard(check_, inputs_).value_or(check_.status);
   if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair(check_, pictures_->pairs());
   if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
 }

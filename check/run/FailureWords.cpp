@@ -10,15 +10,18 @@
 #include <system_error>
 #include <utility>
 
+#include "PolarLinePrecision/Status.h"
 #include "check/picture/BoardExtent.h"
 #include "check/picture/NumberingProblem.h"
 #include "check/run/EvaluationFault.h"
+#include "check/run/MissingKeys.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/PlainPath.h"
 #include "check/run/RunStatus.h"
 #include "check/set/PictureFault.h"
 #include "platform/Files.h"
 #include "polarline/detect.h"
+#include "polarline/explain.h"
 
 namespace polarline {
 namespace {
@@ -37,6 +40,22 @@ std::string adviceOnIds(const RunInputs& inputs, const ListedPictures& pictures)
       return fmt::format("In the {} picture {}: {}.", side, problem->text, problem->advice);
   }
   return {};
+}
+
+/// What ends a run although the pictures are whole: an input that lacks what an evaluation reads. Empty where none
+/// does.
+std::string lackingInput(const std::exception& error, const RunInputs& inputs, const BoardInfo& board) {
+  const auto beyond = beyondTable(error);
+  if (!beyond) return {};
+  if (const std::string keys = missingKeys(inputs.config); !keys.empty() && !inputs.areRectified())
+    return inputs.set.polar + ": " + keys;
+  const std::size_t dots = static_cast<std::size_t>(board.rows) * static_cast<std::size_t>(board.cols);
+  const bool is_short = beyond->size == board.points && board.points < dots && beyond->place < dots;
+  if (inputs.config.frame_work != 0 || !is_short) return {};
+  return fmt::format(
+      "{}: has {} positions, and dot {} was seen, which the board has, too: it has {} dots; x y z of each was wanted, "
+      "by id (the file may have been cut off)",
+      inputs.set.board, board.points, beyond->place, dots);
 }
 
 /// The machine was at its end, not the set.
@@ -59,6 +78,10 @@ void nameLastPair(Check& check, std::size_t listed) {
   if (last.finished || check.status.code != last.reason.code) return;
   check.status.text =
       fmt::format("pair {} ({}, {}), which ended the run: {}", last.index, last.left, last.right, last.reason.text);
+  // The run's own advice is on both causes of its status.
+  const bool has_two_causes = last.reason.code == polar_status::kTooFewShared;
+  if (const auto own = has_two_causes ? explainPair(last.reason.code, last.reason.of_residuals) : std::nullopt)
+    check.status.advice = own->advice;
   check.status.advice += " Or set discalsave to 0, which gives such a pair up and goes on with the next.";
   if (check.finished() == 0) return;
   // There are figures, and not of the whole set: it is the set that can't be used as it is.
@@ -81,6 +104,7 @@ void explainPictures(const ListedPictures& pictures, const std::string& list, Ch
     name = left ? listed.left : listed.right;
   }
   check.status.text = fmt::format("{}, line {}: the picture {} {}", list, listed.line, name, fault.text);
+  if (fault.text.starts_with("can't be read")) check.status.advice = "See that the file is there and may be read.";
   if (!fault.may_return) return;
   check.status.retry = true;
   check.status.exit_code = kNoFigure;
@@ -97,6 +121,8 @@ Status statusOf(const std::exception& error, const RunInputs& inputs, const List
   const std::string pair = fmt::format("pair {}", first_pair + done);
   if (sizes[0] != sizes[1])
     return statusOf("input", pair + ": " + sizesOf(listed, sizes) + "; two of one size were wanted", kUnusable);
+  if (const std::string lacking = lackingInput(error, inputs, check.board); !lacking.empty())
+    return statusOf("input", lacking, kUnusable);
   const bool is_ours = dynamic_cast<const cv::Exception*>(&error) == nullptr;
   const auto fault = is_ours ? std::nullopt : evaluationFault(inputs, *pictures, done);
   const std::string place = fmt::format("{} ({}, {}): ", pair, listed.left, listed.right);

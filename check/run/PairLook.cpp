@@ -56,6 +56,7 @@ std::vector<FigureUncertainty> PairLook::uncertaintyOf(const PairCheck& pair, co
 PairCheck PairLook::look(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {
   lookAtPictures(index);
   PairCheck pair = reading_.read(finished, status, evaluator);
+  if (inputs_.areRectified()) pair.reason.of_rectified = false;  // The pictures of the list are the rectified ones.
   pair.index = first_pair_ + index;
   pair.left = pictures_.listed(index).left;
   pair.right = pictures_.listed(index).right;

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cstdlib>
 #include <opencv2/core.hpp>
 #include <optional>
 #include <regex>
@@ -30,15 +31,12 @@ int exitCodeOf(std::int32_t status) {
 
 /// The tables of points that a run reads by the ids it has seen have no look at their length but the library's own.
 std::optional<std::string> wordsOf(const std::exception& error) {
-  static const std::regex beyond(
-      R"(vector::_M_range_check: __n \(which is (\d+)\) >= this->size\(\) \(which is (\d+)\))");
-  std::cmatch part;
-  if (!std::regex_match(error.what(), part, beyond)) return std::nullopt;
+  const auto beyond = beyondTable(error);
+  if (!beyond) return std::nullopt;
   return fmt::format(
       "a dot was numbered {}, and there are {} true positions (board_gt.txt, in a frame run Frame_3D): compare them "
-      "and "
-      "the target with the board",
-      part[1].str(), part[2].str());
+      "and the target with the board",
+      beyond->place, beyond->size);
 }
 
 }  // namespace
@@ -60,6 +58,15 @@ Status statusOf(std::int32_t code, const std::string& error_text) {
   if (code == polar_status::kSuccess) status.text.clear();
   if (code != polar_status::kSuccess && !error_text.empty()) status.text += " (" + error_text + ")";
   return status;
+}
+
+std::optional<BeyondTable> beyondTable(const std::exception& error) {
+  static const std::regex form(
+      R"(vector::_M_range_check: __n \(which is (\d+)\) >= this->size\(\) \(which is (\d+)\))");
+  std::cmatch part;
+  if (!std::regex_match(error.what(), part, form)) return std::nullopt;
+  constexpr int kDecimal = 10;
+  return BeyondTable{std::strtoull(part[1].first, nullptr, kDecimal), std::strtoull(part[2].first, nullptr, kDecimal)};
 }
 
 std::string textOf(const std::exception& error) {

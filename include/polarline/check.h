@@ -64,10 +64,12 @@ struct RefinedPoints : PairPoints {
 
 /// Why a pair was given up.
 struct Reason {
-  std::int32_t code = 0;  ///< A status of the library.
-  std::string text;       ///< In words.
-  std::string side;       ///< "left", "right", or empty where it is both or neither.
-  std::string step;       ///< The evaluation or the step of the detection that failed.
+  std::int32_t code = 0;      ///< A status of the library.
+  std::string text;           ///< In words.
+  std::string side;           ///< "left", "right", or empty where it is both or neither.
+  std::string step;           ///< The evaluation or the step of the detection that failed.
+  bool of_residuals = false;  ///< The dots were shared, and no residual of theirs could be taken.
+  bool of_rectified = false;  ///< The pictures that it is about are the rectified ones, not those of the list.
 };
 
 /// A pair once more, from refined centres: the same evaluations of the same dots, but for those that something hides.
@@ -206,6 +208,7 @@ struct Check {
   BoardInfo board;
   Cameras cameras;
   std::vector<PairCheck> pairs;
+  std::size_t listed = 0;  ///< Pairs that the run was to look at; more than `pairs` where it ended before the last.
   std::vector<FigureSummary> summary;
   std::optional<std::vector<FigureSummary>> refined_summary;  ///< Of the refined figures; only of a check that refines.
   std::vector<LimitResult> limits;

@@ -32,8 +32,8 @@ POLARLINE_API std::string nearestCodes(const std::string& code);
 /// The first of these by code or name as it is shown; none for what nobody says.
 POLARLINE_API std::optional<Explanation> explain(const std::string& code);
 
-/// Why a pair was given up, by `Reason::code`; none for a code that no pair has.
-POLARLINE_API std::optional<Explanation> explainPair(std::int32_t code);
+/// Why a pair was given up, by `Reason::code` and `Reason::of_residuals`; none for a code that no pair has.
+POLARLINE_API std::optional<Explanation> explainPair(std::int32_t code, bool of_residuals = false);
 
 /// Explanations as a person reads them: code and name, what it means, what to do.
 POLARLINE_API std::string explanationsText(const std::vector<Explanation>& all);

@@ -57,8 +57,17 @@ class Speaker {
 
  private:
   static void tellFailure(const polarline::Check& check) {
-    for (const polarline::Warning& each : check.warnings) tell("warning: {}\n  {}\n", each.text, each.advice);
-    tell("polarline: {}\n{}{}", check.status.text, check.status.advice, check.status.advice.empty() ? "" : "\n");
+    constexpr std::size_t kMostReasons = 5;
+    std::size_t given_up = 0;
+    for (const polarline::PairCheck& pair : check.pairs) {
+      if (!pair.finished && ++given_up <= kMostReasons)
+        tell("pair {} given up: {}\n", pair.index, terminal::onOneLine(pair.reason.text));
+    }
+    if (given_up > kMostReasons) tell("... and {} more\n", given_up - kMostReasons);
+    for (const polarline::Warning& each : check.warnings)
+      tell("warning: {}\n  {}\n", terminal::onOneLine(each.text), each.advice);
+    tell("polarline: {}\n{}{}", terminal::onOneLine(check.status.text), check.status.advice,
+         check.status.advice.empty() ? "" : "\n");
   }
   void say(const std::string& text) const {
     if (!is_quiet_) deliver("-", text);

@@ -150,6 +150,15 @@ TEST(ExplanationsKnow, AWordAsWellAsItsCode) {
   EXPECT_FALSE(explain(""));
 }
 
+TEST(ExplanationsKnow, WordsOfTheDocumentAndEntriesOfLists) {
+  for (const char* word : {"pairs", "finished", "given_up", "carried", "triangulation", "rows", "cloud"})
+    EXPECT_TRUE(explain(word)) << word;
+  EXPECT_EQ(explain("tri_dis[0]")->name, "tri_dis");
+  EXPECT_EQ(explain("refined.tri_dis[0]")->name, "tri_dis");
+  ASSERT_EQ(explainAll("tri_dis[3]").size(), 1U);
+  EXPECT_TRUE(explainAll("nothing[3]").empty());
+}
+
 TEST(ExplanationsKnow, EveryCause) {
   for (const char* name :
        {"rotation_x", "rotation_y", "rotation_z", "focal_ratio", "row_offset", "baseline_y", "baseline_z", "k1"})

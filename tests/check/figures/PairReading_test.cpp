@@ -139,7 +139,29 @@ TEST_F(PairReadingOf, ReasonOfAFailedMeasurementIsTheMeasurementsOwn) {
   EXPECT_EQ(reason.code, polar_status::kTooFewShared);
   EXPECT_EQ(reason.step, "rows");
   EXPECT_EQ(reason.side, "");
-  EXPECT_EQ(reason.text, "2 dots are in both pictures, or no residual could be taken");
+  EXPECT_EQ(reason.text, "too few dots are in both pictures: 0 were found in the left one, 0 in the right one");
+}
+
+TEST_F(PairReadingOf, ReasonSaysOnlyWhichOfTwoCausesHolds) {
+  evaluator.seen.evaluation = "triangulation";
+  evaluator.seen.found = {40, 40};
+  const Reason apart = reading.read(false, polar_status::kTooFewShared, evaluator).reason;
+  EXPECT_FALSE(apart.of_residuals);
+  EXPECT_EQ(apart.text, "too few dots are in both pictures: 40 were found in the left one, 40 in the right one");
+  evaluator.seen.raw = {{1, {}, {}}, {2, {}, {}}};
+  const Reason residuals = reading.read(false, polar_status::kTooFewShared, evaluator).reason;
+  EXPECT_TRUE(residuals.of_residuals);
+  EXPECT_EQ(residuals.text, "2 dots are in both pictures, and no residual could be taken: all are above 5 pixels");
+}
+
+TEST_F(PairReadingOf, ReasonSaysWhenARectifiedPictureIsMeant) {
+  evaluator.seen.measurement = polar_status::kTooFewDetected;
+  evaluator.seen.evaluation = "rows";
+  const Reason reason = reading.read(false, kMeasurementFailed, evaluator).reason;
+  EXPECT_TRUE(reason.of_rectified);
+  EXPECT_THAT(reason.text, StartsWith("0 dots were found in the rectified left picture; 6 are needed"));
+  evaluator.seen.evaluation = "triangulation";
+  EXPECT_FALSE(reading.read(false, polar_status::kTooFewDetected, evaluator).reason.of_rectified);
 }
 
 TEST_F(PairReadingOf, ReasonIsTheEvaluationsTextWhereItHasOne) {

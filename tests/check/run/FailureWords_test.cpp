@@ -154,6 +154,21 @@ TEST_F(FailureWords, OfIdsBeyondTheBoardSayWhatThePicturesShow) {
   EXPECT_EQ(statusOfFirst(beyond).advice, usual);
 }
 
+TEST_F(FailureWords, OfATruthThatIsCutOffNameItsFile) {
+  inputs.set.board = "b/board_gt.txt";
+  check.board.rows = 7;
+  check.board.cols = 9;
+  check.board.points = 40;
+  const Status status =
+      statusOfFirst(std::out_of_range("vector::_M_range_check: __n (which is 40) >= this->size() (which is 40)"));
+  EXPECT_EQ(status.exit_code, kUnusable);
+  EXPECT_THAT(status.text, StartsWith("b/board_gt.txt: has 40 positions, and dot 40 was seen, which the board has, "
+                                      "too: it has 63 dots"));
+  const Status beyond =
+      statusOfFirst(std::out_of_range("vector::_M_range_check: __n (which is 63) >= this->size() (which is 40)"));
+  EXPECT_THAT(beyond.text, HasSubstr("a dot was numbered 63")) << "no such dot is on the board";
+}
+
 TEST(FailureWordsOfIds, SayThatTheMarkersSpanAnotherRectangle) {
   const CopiedSet rings(RenderedSet::of("ring_320"));
   RunInputs inputs;

@@ -44,8 +44,10 @@ TEST(RunStatus, SaysAnExceptionOnOneLine) {
   const char* const beyond = "vector::_M_range_check: __n (which is 209) >= this->size() (which is 200)";
   EXPECT_EQ(textOf(std::out_of_range(beyond)),
             "a dot was numbered 209, and there are 200 true positions (board_gt.txt, in a frame run Frame_3D): compare "
-            "them and "
-            "the target with the board");
+            "them and the target with the board");
+  EXPECT_EQ(beyondTable(std::out_of_range(beyond))->place, 209U);
+  EXPECT_EQ(beyondTable(std::out_of_range(beyond))->size, 200U);
+  EXPECT_FALSE(beyondTable(std::out_of_range("x_y must be 0 or 1")));
 }
 
 }  // namespace
