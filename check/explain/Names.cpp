@@ -24,12 +24,20 @@ std::size_t changesBetween(const std::string& a, const std::string& b) {
   return row.back();
 }
 
+std::string inSmallLetters(std::string text) {
+  for (char& c : text) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return text;
+}
+
 }  // namespace
 
 std::vector<std::string> nearest(const std::string& name, const std::vector<std::string>& names) {
   std::vector<std::pair<std::size_t, std::string>> near;
+  const std::string wanted = inSmallLetters(name);
   for (const std::string& each : names) {
-    const std::size_t changes = changesBetween(name, each);
+    const std::size_t changes = changesBetween(wanted, inSmallLetters(each));
     if (changes * 3 <= std::max(name.size(), each.size()) + 2) near.emplace_back(changes, each);
   }
   std::ranges::sort(near);

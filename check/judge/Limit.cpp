@@ -1,9 +1,11 @@
 #include "check/judge/Limit.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <regex>
+#include <string_view>
 #include <vector>
 
 #include "check/explain/FigureEntries.h"
@@ -30,7 +32,7 @@ enum Part : std::uint8_t {
 
 const std::regex& form() {
   static const std::regex limit(
-      R"(\s*(\|)?\s*(summary\.)?(refined\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.(mean|sd|min|max))?\s*(\|)?\s*(<=|>=|<|>)\s*(?:([^\s=]\S*)\s*)?)");
+      R"(\s*(\|)?\s*(summary\.)?(refined\.)?([A-Za-z_]\w*)(?:\[(\d{1,4})\])?(?:\.([A-Za-z_]\w*))?\s*(\|)?\s*(<=|>=|<|>)\s*(?:([^\s=]\S*)\s*)?)");
   return limit;
 }
 
@@ -60,6 +62,12 @@ std::string givenName(const Limit& limit) {
   return limit.is_refined ? std::string(kRefinedPrefix).append(limit.figure) : limit.figure;
 }
 
+void requireStatistic(const Limit& limit) {
+  constexpr std::array<std::string_view, 4> kStatistics = {"mean", "sd", "min", "max"};
+  if (!limit.statistic.empty() && std::ranges::count(kStatistics, limit.statistic) == 0)
+    refuse(limit.text, "there is no statistic '" + limit.statistic + "'; mean, sd, min or max was wanted");
+}
+
 /// Refuses what no figure can be judged by: then a run would fail for it, or pass.
 void requireJudgeable(const Limit& limit) {
   const auto shape = figureShape(limit.figure);
@@ -84,7 +92,8 @@ Limit parseLimit(const std::string& text) {
   if (!std::regex_match(text, part, form()) || part[kBar].matched != part[kClosingBar].matched ||
       part[kSummary].matched != part[kStatistic].matched) {
     refuse(text,
-           "does not parse; FIGURE OP VALUE was wanted, such as dy_means<=0.1, |tri_dis[0]|<=0.5, "
+           "does not parse; FIGURE OP VALUE was wanted with <=, >=, < or > for OP, such as dy_means<=0.1, "
+           "|tri_dis[0]|<=0.5, "
            "summary.dy_means.mean<=0.1 or refined.dy_means<=0.05");
   }
   Limit limit;
@@ -92,10 +101,13 @@ Limit parseLimit(const std::string& text) {
   limit.figure = part[kName].str();
   limit.is_refined = part[kRefined].matched;
   if (!std::ranges::count(limitNames(), givenName(limit))) {
-    refuse(text, "there is no figure '" + givenName(limit) + "'" + offer(nearest(givenName(limit), limitNames())));
+    const std::string offered = offer(nearest(givenName(limit), limitNames()));
+    refuse(text, "there is no figure '" + givenName(limit) + "'" +
+                     (offered.empty() ? "; 'polarline explain' lists all" : offered));
   }
   if (part[kEntry].matched) limit.entry = static_cast<std::size_t>(std::stoul(part[kEntry].str()));
   limit.statistic = part[kStatistic].str();
+  requireStatistic(limit);
   limit.is_absolute = part[kBar].matched;
   limit.comparison = comparisonOf(part[kOperator].str());
   limit.bound = numberOf(text, part[kBound].str());

@@ -14,12 +14,27 @@
 
 namespace {
 
+/// Of an option that `polarline` itself does not have CLI11 tells only that a subcommand is wanted.
+void demandOption(const CLI::App& app, const std::string& word) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+  }
+  const std::string name = word.substr(0, word.find('='));
+  if (std::ranges::count(names, name) != 0) return;
+  throw polarline::InputError("'" + word + "'", "is no option of polarline itself" +
+                                                    polarline::offer(polarline::nearest(name, names)) +
+                                                    "; those of a subcommand stand behind its name");
+}
+
 /// A first word that is no subcommand: CLI11 tells only that one is wanted.
-void demandKnown(const std::vector<command::Subcommand>& subcommands, const std::string& word) {
+void demandKnown(const CLI::App& app, const std::vector<command::Subcommand>& subcommands, const std::string& word) {
   std::vector<std::string> names;
   names.reserve(subcommands.size());
   for (const command::Subcommand& each : subcommands) names.push_back(each.app->get_name());
-  if (word.starts_with('-') || std::ranges::count(names, word) != 0) return;
+  if (std::ranges::count(names, word) != 0) return;
+  if (word.starts_with('-')) return demandOption(app, word);
   throw polarline::InputError("'" + word + "'",
                               "is no subcommand of polarline" + polarline::offer(polarline::nearest(word, names)));
 }
@@ -27,7 +42,10 @@ void demandKnown(const std::vector<command::Subcommand>& subcommands, const std:
 /// An option whose value is empty, as a variable of a script leaves it that is not set, would be taken for one that was
 /// not given, or would take the next option for its value.
 void demandValues(const std::vector<std::string>& words) {
-  for (const std::string& word : words) {
+  for (std::size_t k = 0; k < words.size(); ++k) {
+    const std::string& word = words[k];
+    const bool is_value = word.empty() && k > 0 && words[k - 1].starts_with("-");
+    if (is_value) throw polarline::InputError(words[k - 1], "an empty argument stands behind it");
     if (word.empty()) throw polarline::InputError("''", "an argument is empty");
     if (word.starts_with("--") && word.find('=') == word.size() - 1)
       throw polarline::InputError(word, "has no value behind '='");
@@ -66,7 +84,7 @@ int run(int argc, char** argv) {
   demandValues(words);
   CLI::App polarline;
   const std::vector<command::Subcommand> subcommands = command::describe(polarline);
-  if (argc > 1) demandKnown(subcommands, argv[1]);
+  if (argc > 1) demandKnown(polarline, subcommands, argv[1]);
   try {
     polarline.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -81,7 +99,7 @@ int run(int argc, char** argv) {
 }
 
 int failed(int code, const std::exception& error) {
-  command::tell("polarline: {}\n", error.what());
+  command::tell("polarline: {}\n", terminal::onOneLine(error.what()));
   return code;
 }
 

@@ -23,6 +23,11 @@ TEST(NamesNearest, CountLettersPutInTakenOutAndReplaced) {
   EXPECT_THAT(nearest("", {"a", "abc"}), ElementsAre("a"));
 }
 
+TEST(NamesNearest, DoNotMindCapitalLetters) {
+  EXPECT_THAT(nearest("DY_MEANS", {"dy_means", "tri_rms"}), ElementsAre("dy_means"));
+  EXPECT_THAT(nearest("posereport", {"PoseReport"}), ElementsAre("PoseReport"));
+}
+
 TEST(NamesOffer, IsAQuestion) {
   EXPECT_EQ(offer({}), "");
   EXPECT_EQ(offer({"a"}), "; did you mean a?");
