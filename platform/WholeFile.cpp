@@ -123,8 +123,10 @@ void syncFolder(const fs::path& folder) {
 #endif
 }
 
-PartialFile::PartialFile(const fs::path& place)
-    : place_(behindLinks(place)), written_(isDevice(place_) ? place_ : beside(place_)) {
+PartialFile::PartialFile(const fs::path& place, fs::path shown)
+    : shown_(std::move(shown)), place_(behindLinks(place)), written_(isDevice(place_) ? place_ : beside(place_)) {
+  std::error_code ignored;
+  if (fs::is_directory(place_, ignored)) fail(EISDIR);  // Else it would only be found when the work is done.
   if (written_ != place_) addUnfinished(written_);
   file_ = opened(written_);
   if (file_ != nullptr) return;
@@ -139,7 +141,7 @@ PartialFile::~PartialFile() {
   if (written_ != place_) removeAndForget(written_);
 }
 
-void PartialFile::fail(int error) const { throw polarline::OutputError(nameOf(place_), textOf(error)); }
+void PartialFile::fail(int error) const { throw polarline::OutputError(nameOf(shown_), textOf(error)); }
 
 void PartialFile::append(std::string_view content) {
   if (error_ == 0 && std::fwrite(content.data(), 1, content.size(), file_) != content.size()) error_ = errno;
@@ -159,16 +161,19 @@ void PartialFile::commit() {
   }
   if (!failure) return;
   if (written_ != place_) removeAndForget(written_);
-  throw polarline::OutputError(nameOf(place_), failure.message());
+  throw polarline::OutputError(nameOf(shown_), failure.message());
 }
 
 void PartialFile::commitAt(const fs::path& place) {
+  shown_ = place;
   place_ = behindLinks(place);
   commit();
 }
 
-void write(const fs::path& path, std::string_view content) {
-  PartialFile file(path);
+void write(const fs::path& path, std::string_view content) { write(path, content, path); }
+
+void write(const fs::path& path, std::string_view content, const fs::path& shown) {
+  PartialFile file(path, shown);
   file.append(content);
   file.commit();
 }

@@ -9,14 +9,18 @@
 /// nothing half stays.
 namespace whole_file {
 
-/// Writes the content in place of an earlier file.
+/// Writes the content in place of an earlier file. `shown`: what a failure calls it, where the path is that of a folder
+/// which is still to be put in its place.
 void write(const std::filesystem::path& path, std::string_view content);
+void write(const std::filesystem::path& path, std::string_view content, const std::filesystem::path& shown);
 
 /// A file that is written piece by piece beside its place; `commit` puts it there, without it nothing stays. A device
 /// is written directly.
 class PartialFile {
  public:
-  explicit PartialFile(const std::filesystem::path& place);
+  explicit PartialFile(const std::filesystem::path& place) : PartialFile(place, place) {}
+  /// `shown`: what a failure calls the file.
+  PartialFile(const std::filesystem::path& place, std::filesystem::path shown);
   PartialFile(const PartialFile&) = delete;
   PartialFile& operator=(const PartialFile&) = delete;
   ~PartialFile();
@@ -31,6 +35,7 @@ class PartialFile {
  private:
   [[noreturn]] void fail(int error) const;
 
+  std::filesystem::path shown_;
   std::filesystem::path place_;
   std::filesystem::path written_;  ///< The place itself for a device.
   std::FILE* file_ = nullptr;

@@ -73,9 +73,10 @@ void pairPictures(Work& work) {
   work.warn(std::move(pairing.warnings));
   const std::size_t alone = pairing.alone_left.size() + pairing.alone_right.size();
   if (alone > 0)
-    work.warn(
-        {init::warning("pictures_alone", fmt::format("{} pictures stay without a partner: {} left, {} right", alone,
-                                                     pairing.alone_left.size(), pairing.alone_right.size()))});
+    work.warn({init::warning("pictures_alone",
+                             fmt::format("{} without a partner: {} left, {} right",
+                                         alone == 1 ? "1 picture stays" : fmt::format("{} pictures stay", alone),
+                                         pairing.alone_left.size(), pairing.alone_right.size()))});
 }
 
 void namePictures(Work& work) {

@@ -40,24 +40,31 @@ void check(const std::error_code& failure, const fs::path& path) {
   if (failure) throw polarline::OutputError(path.string(), failure.message());
 }
 
-void place(const ListedPicture& picture, const fs::path& folder, std::vector<std::string>& written) {
+/// A folder that nobody else has and that takes the place of the user's, or gives it its files.
+struct Workplace {
+  fs::path folder;
+  fs::path shown;  ///< What the user calls it.
+};
+
+void place(const ListedPicture& picture, const Workplace& at, std::vector<std::string>& written) {
   if (picture.placement == Placement::kWhereItIs) return;
   std::error_code failure = std::make_error_code(std::errc::not_supported);
-  if (picture.placement == Placement::kLink) fs::create_symlink(picture.source, folder / picture.name, failure);
-  if (failure) fs::copy_file(picture.source, folder / picture.name, failure);  // Also where there are no links.
-  check(failure, folder / picture.name);
+  if (picture.placement == Placement::kLink) fs::create_symlink(picture.source, at.folder / picture.name, failure);
+  if (failure) fs::copy_file(picture.source, at.folder / picture.name, failure);  // Also where there are no links.
+  // A copy that fails for want of space is told as an error of input and output; a writing says what it was.
+  if (failure) whole_file::write(at.folder / picture.name, contentOf(picture.source), at.shown / picture.name);
   written.push_back(picture.name);
 }
 
-/// Everything into a folder that nobody else has; the names.
-std::vector<std::string> fill(const fs::path& folder, const SetFiles& files, const std::vector<ListedLine>& lines) {
+/// Everything into the folder; the names.
+std::vector<std::string> fill(const Workplace& at, const SetFiles& files, const std::vector<ListedLine>& lines) {
   std::vector<std::string> written;
   for (const ListedLine& line : lines) {
-    place(line.left, folder, written);
-    place(line.right, folder, written);
+    place(line.left, at, written);
+    place(line.right, at, written);
   }
   for (const auto& [name, content] : files) {
-    whole_file::write(folder / name, content);
+    whole_file::write(at.folder / name, content, at.shown / name);
     written.push_back(name);
   }
   return written;
@@ -68,7 +75,7 @@ std::vector<std::string> writeNew(const fs::path& folder, const SetFiles& files,
   if (folder.has_parent_path()) fs::create_directories(folder.parent_path(), failure);
   check(failure, folder);
   const whole_file::PartialFolder partial(folder);
-  std::vector<std::string> written = fill(partial.path(), files, lines);
+  std::vector<std::string> written = fill({partial.path(), folder}, files, lines);
   fs::rename(partial.path(), folder, failure);
   check(failure, folder);
   return written;
@@ -77,7 +84,7 @@ std::vector<std::string> writeNew(const fs::path& folder, const SetFiles& files,
 std::vector<std::string> writeInto(const fs::path& folder, const SetFiles& files,
                                    const std::vector<ListedLine>& lines) {
   const whole_file::PartialFolder partial(folder / "set");
-  std::vector<std::string> written = fill(partial.path(), files, lines);
+  std::vector<std::string> written = fill({partial.path(), folder}, files, lines);
   std::error_code failure;
   for (const char* name : kSetNames) {
     if (!files.contains(name)) fs::remove(folder / name, failure);

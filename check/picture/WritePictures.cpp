@@ -18,8 +18,9 @@ void require(const std::error_code& failure, const fs::path& folder) {
   if (failure) throw OutputError(folder.string(), failure.message());
 }
 
-void writeInto(const fs::path& folder, const Files& files) {
-  for (const auto& [name, content] : files) whole_file::write(folder / name, content);
+/// `shown`: what the user calls the folder.
+void writeInto(const fs::path& folder, const Files& files, const fs::path& shown) {
+  for (const auto& [name, content] : files) whole_file::write(folder / name, content, shown / name);
 }
 
 /// A new folder appears with its pictures in it, or not at all.
@@ -29,7 +30,7 @@ void writeNew(fs::path folder, const Files& files) {
   if (folder.has_parent_path()) fs::create_directories(folder.parent_path(), failure);
   require(failure, folder);
   const whole_file::PartialFolder partial(folder);
-  writeInto(partial.path(), files);
+  writeInto(partial.path(), files, folder);
   fs::rename(partial.path(), folder, failure);
   require(failure, folder);
 }
@@ -46,7 +47,7 @@ std::vector<std::string> writePictures(const cv::Mat& image, const Detection& de
   if (!detection.found || all) add("ellipses", ellipsesPicture(image, detection));
   if (!detection.found || all) add("binary", detection.binary);
   std::error_code unknown;
-  fs::exists(folder, unknown) ? writeInto(folder, files) : writeNew(folder, files);
+  fs::exists(folder, unknown) ? writeInto(folder, files, folder) : writeNew(folder, files);
   std::vector<std::string> written;
   for (const auto& [file, content] : files) written.push_back((fs::path(folder) / file).string());
   return written;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "platform/WholeFile.h"
 #include "polarline/errors.h"
@@ -31,7 +32,16 @@ void tellSimulated(const SimulateCommand& request, const polarline::SimulatedSet
   if (!request.result.json.empty()) deliver(request.result.json, polarline::simulatedJson(set));
 }
 
+/// What cannot be made is told by whoever makes the folder itself.
+void makeFolderAbove(const std::filesystem::path& folder) {
+  std::error_code ignored;
+  const std::filesystem::path place = folder.has_filename() ? folder : folder.parent_path();
+  if (place.has_parent_path()) std::filesystem::create_directories(place.parent_path(), ignored);
+}
+
 int simulated(const SimulateCommand& request) {
+  polarline::sceneFile(request.scene, request.options);  // A scene that can't be used shall leave no folder.
+  makeFolderAbove(request.folder);
   const whole_file::PartialFolder scratch(request.folder);  // Known to whoever clears up at a signal.
   polarline::SimulateOptions options = request.options;
   options.scratch = scratch.path().string();
