@@ -73,7 +73,8 @@ std::string CheckTable::coloured(const std::string& text, const char* code) cons
 
 std::string CheckTable::header(const Check& check) const {
   const polarline::BoardInfo& board = check.board;
-  return wrapped(fmt::format("{}: board of {} x {} dots, step {}; lens model {}", check.name, board.cols, board.rows,
+  const std::string name = check.name.empty() ? "" : check.name + ": ";
+  return wrapped(fmt::format("{}board of {} x {} dots, step {}; lens model {}", name, board.cols, board.rows,
                              static_cast<float>(board.step), check.cameras.model),
                  width_, 2);
 }

@@ -47,8 +47,14 @@ std::FILE* errors() { return ours(); }
 
 void silenceDecoders() { ours() = terminal_stream::takeStandardError(); }
 
+std::string onOneLine(const std::string& text) {
+  std::string shown = printable(text);
+  for (std::size_t at = 0; (at = shown.find('\n', at)) != std::string::npos;) shown.replace(at, 1, "\\x0A");
+  return shown;
+}
+
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
-  const std::string shown = printable(text);
+  const std::string shown = onOneLine(text);
   std::string lines;
   std::string line(std::min(shown.find_first_not_of(' '), shown.size()), ' ');  // The first line keeps its own indent.
   std::size_t begin = line.size();

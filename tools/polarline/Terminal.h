@@ -28,6 +28,9 @@ bool canRedraw(std::FILE* stream);
 /// The text with every control character but line ends as \xNN: a file's name must not steer a terminal.
 std::string printable(const std::string& text);
 
+/// The same with line ends, too: in a name one could make a line of its own, such as a verdict.
+std::string onOneLine(const std::string& text);
+
 /// Lines of at most `width` columns, broken at blanks, the later ones moved in; without control characters.
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent);
 
