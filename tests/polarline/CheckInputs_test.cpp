@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <opencv2/imgproc.hpp>
+#include <sstream>
 
 #include "CommandTest.h"
 
@@ -78,6 +79,8 @@ TEST_F(CheckInputs, ThatMayNotBeReadAreNamed) {
   }
   fs::permissions(set.file("left_1.png"), fs::perms::none);
   refused("line 3: the picture left_1.png can't be");
+  refused("See that the file is there and may be read.");
+  refused("1 of 1 pair finished, then the run ended (2 are listed).");
   fs::permissions(set.folder, fs::perms::owner_all);
   refused("polar.txt: Permission denied");
 }
@@ -126,7 +129,22 @@ TEST_F(CheckInputs, ThatAreNoTextAreToldToTheEnd) {
   refused("limits.txt, line 1: holds a NUL; a text with limits was wanted");
 }
 
+TEST_F(CheckInputs, ThatBeginWithAMarkWhichCannotBeSeenNameIt) {
+  for (const char* name : {"list.txt", "calib.json", "board_gt.txt"}) {
+    const std::string content = set.read(name);
+    set.write(name, "\xEF\xBB\xBF" + content);
+    refused(name);
+    refused("a byte order mark, which can't be seen, stands before the first character");
+    set.write(name, content);
+  }
+}
+
 TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
+  refused("did you mean dy_means", {"--limit", "DY_MEANS<=1"});
+  refused("'polarline explain' lists all", {"--limit", "foo<=1"});
+  refused("there is no statistic 'avg'; mean, sd, min or max was wanted", {"--limit", "summary.dy_means.avg<=1"});
+  refused("with <=, >=, < or > for OP", {"--limit", "dy_means==1"});
+  refused("--limit: an empty argument stands behind it", {"--limit", ""});
   refused("did you mean dy_means", {"--limit", "dy_mean<=0.1"});
   refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});
   set.write("limits.txt", "# ours\ntri_rms<=many\n");
@@ -151,6 +169,65 @@ TEST_F(CheckInputs, NamePlaceAndKeyWhereTheyFail) {
           "; the names of a list are relative to its own folder, one from the root as well");
 }
 
+TEST_F(CheckInputs, ThatAreLongerThanAnyAreNamed) {
+  const std::string padding = "\n#" + std::string(std::size_t{1} << 24U, ' ');
+  for (const char* name : {"polar.txt", "target.ini", "calib.json", "board_gt.txt"}) {
+    const std::string content = set.read(name);
+    set.append(name, padding);
+    refused(std::string(name) + ": has more than 16777216 characters, and no more are read");
+    set.write(name, content);
+  }
+}
+
+/// Of a text all lines but those that begin so.
+std::string without(const std::string& text, const std::string& beginning) {
+  std::istringstream lines(text);
+  std::string kept;
+  for (std::string line; std::getline(lines, line);) kept += line.starts_with(beginning) ? "" : line + "\n";
+  return kept;
+}
+
+TEST_F(CheckInputs, ThatLackAKeyWhichAnEvaluationReadsNameKeyAndSwitch) {
+  const std::string polar = set.read("polar.txt");
+  for (const char* point : {"TriPoint1_GT", "TriPoint2_GT", "TriPoint3_GT", "TriPoint4_GT", "PolPoint1_GT",
+                            "PolPoint2_GT", "PolPoint3_GT", "PolPoint4_GT"}) {
+    const std::string key = point;
+    set.write("polar.txt", without(polar, key) + "triangulate_dis_switch: 1\nfoursixmethod_swithch: 1\n");
+    ASSERT_NE(without(polar, key), polar);
+    refused("polar.txt: has no " + key + ", which " +
+            (key.starts_with("Tri") ? "triangulate_dis_switch" : "foursixmethod_swithch") + " wants");
+  }
+}
+
+TEST_F(CheckInputs, ThatLackAListOfTheFrameNameIt) {
+  const CopiedSet frames(MemoryRun::twoFrames());
+  const std::string polar = frames.read("polar.txt");
+  for (const std::string key : {"Frame_3D", "Frame_IRL", "Frame_IRR"}) {
+    frames.write("polar.txt", without(polar, key));
+    const CommandRun run = this->run({"check", frames.folder.string()});
+    EXPECT_EQ(run.exit_code, 2) << run.out << run.err;
+    EXPECT_THAT(run.out + run.err, HasSubstr("polar.txt: has no " + key + ", which frame_work wants"));
+  }
+}
+
+TEST_F(CheckInputs, BoardTruthThatIsCutOffIsNamed) {
+  std::istringstream lines(set.read("board_gt.txt"));
+  std::string kept;
+  std::string line;
+  for (int k = 0; k < 40 && std::getline(lines, line); ++k) kept += line + "\n";
+  set.write("board_gt.txt", kept);
+  refused("board_gt.txt: has 40 positions, and dot 40 was seen, which the board has, too: it has 63 dots");
+}
+
+TEST_F(CheckInputs, SettingsThatAreReadHalfAreRefused) {
+  for (const char* setting : {"type=1.5", "type=1=2", "type=2x"})
+    refused(std::string("setting '") + setting + "': ", {"--set", setting});
+  refused("setting 'f_scale=2x': '2x' was found; a number was wanted", {"--set", "f_scale=2x"});
+  refused("setting 'evalu_model=5': '5' was found; 0 or 1 was wanted", {"--set", "evalu_model=5"});
+  set.append("polar.txt", "\ntype: 1.5\n");
+  EXPECT_THAT(check().out, HasSubstr("type: '1.5' was found; a whole number was wanted"));
+}
+
 TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
   refused("--pairs 1-x", {"--pairs", "1-x"});
   refused("the list has the pairs 0-1", {"--pairs", "1-2"});
@@ -161,12 +238,36 @@ TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
   EXPECT_EQ(run({"check", "--pairs"}).err,
             "polarline: --pairs: 1 required A-B missing; 'polarline check --help' tells more\n");
   EXPECT_EQ(run({}).exit_code, 2);
+  EXPECT_EQ(run({"--foo", "check"}).exit_code, 2);
+  EXPECT_THAT(run({"--foo", "check"}).err, HasSubstr("'--foo': is no option of polarline itself"));
+  EXPECT_EQ(run({"--version"}).exit_code, 0);
   EXPECT_THAT(run({}).err, HasSubstr("'polarline --help' tells more"));
   EXPECT_THAT(run({"check"}).err, HasSubstr("no set was named, and no polar configuration"));
   EXPECT_EQ(run({"nonsense"}).exit_code, 2);
   const CommandRun nowhere = run({"check", set.file("none")});
   EXPECT_EQ(nowhere.exit_code, 2);
   EXPECT_THAT(nowhere.err, HasSubstr("none: there is no such folder"));
+}
+
+TEST_F(CheckInputs, OfTheWrongKindAreCalledByIt) {
+  set.parent.write("t.txt", set.read("target.ini"));
+  refused("t.txt: is no target by its name; one that ends in ini, json", {"--target", set.parent.file("t.txt")});
+  ASSERT_EQ(mkfifo(set.parent.file("pipe").c_str(), 0600), 0);
+  refused("pipe: is a pipe, which gives its content once", {"--calibration", set.parent.file("pipe")});
+  set.write("list.txt", "#L R\nleft_0.png left_0.png\n");
+  EXPECT_THAT(check().out, HasSubstr("list.txt, line 2: left_0.png stands on both sides"));
+}
+
+TEST_F(CheckInputs, HaveNamesThatMakeNoLineOfTheirOwn) {
+  const std::string moved = set.parent.file("s\nPASS: the limit holds.");
+  fs::rename(set.folder, moved);
+  set.folder = moved;
+  const CommandRun run = check({"--limit", "tri_rms<=0"});
+  EXPECT_EQ(run.exit_code, 1);
+  EXPECT_THAT(run.out, ::testing::Not(HasSubstr("\nPASS")));
+  EXPECT_THAT(run.out, HasSubstr("s\\x0APASS"));
+  set.write("list.txt", std::string());
+  EXPECT_THAT(check().err, ::testing::Not(HasSubstr("\nPASS")));
 }
 
 TEST_F(CheckInputs, HaveNamesOfAnyBytes) {

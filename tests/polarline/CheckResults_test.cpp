@@ -67,6 +67,16 @@ TEST_F(CheckResults, OfASimulationAreCalledByTheUsersName) {
   notWritten(run, set.parent.file("made") + ": the files of the set could not be written");
 }
 
+TEST_F(CheckResults, OfASimulationMakeTheFoldersAbove) {
+  const CommandRun made = run({"simulate", "ring_320", set.parent.file("demo/deep/ring"), "--pairs", "1", "--quiet"});
+  EXPECT_EQ(made.exit_code, 0) << made.err;
+  EXPECT_TRUE(set.parent.has("demo/deep/ring/list.txt"));
+  EXPECT_EQ(run({"simulate", "ring_321", set.parent.file("none/ring")}).exit_code, 2);
+  EXPECT_FALSE(set.parent.has("none"));
+  set.parent.write("file", "");
+  notWritten(run({"simulate", "ring_320", set.parent.file("file/ring")}), "file/ring: ");
+}
+
 TEST_F(CheckResults, OnStandardOutputAreWholeOrNone) {
   set.repeat(2000);
   options.seconds_to_signal = 1.0;
@@ -105,6 +115,24 @@ TEST_F(CheckResults, InPlacesThatCannotBeAreTold) {
   const CommandRun run = check({"--out", set.file("list.txt"), "--json", set.parent.file("r.json")});
   EXPECT_EQ(run.exit_code, 4);
   EXPECT_EQ(document()["status"]["retry"], true);
+}
+
+TEST_F(CheckResults, ForAFolderAreRefusedBeforeTheRun) {
+  const CommandRun run = check({"--json", set.folder.string()});
+  notWritten(run, "set: Is a directory");
+  EXPECT_EQ(run.out, "");
+}
+
+TEST_F(CheckResults, OfAFullDeviceAreCalledByTheUsersName) {
+  options.most_bytes = 1000;
+  const CommandRun seen =
+      run({"detect", set.file("left_0.png"), "--target", set.file("target.ini"), "--out", set.parent.file("seen")});
+  notWritten(seen, set.parent.file("seen/left_0_overlay.png") + ": File too large");
+  const CommandRun made =
+      run({"init", set.parent.file("new"), "--left", set.file("left_*.png"), "--right", set.file("right_*.png"),
+           "--board", "dots:9x7:20", "--calibration", set.file("calib.json"), "--copy"});
+  notWritten(made, set.parent.file("new/"));
+  EXPECT_THAT(made.err, HasSubstr("File too large"));
 }
 
 TEST_F(CheckResults, GoThroughLinksThatStay) {

@@ -41,6 +41,66 @@ TEST_F(CheckCommand, MarksWhatExceedsALimit) {
   EXPECT_THAT(run.out, HasSubstr("FAIL: the limit does not hold."));
 }
 
+TEST_F(CheckCommand, EndsWithoutAFigureWhereNoEvaluationIsOn) {
+  const CommandRun frames = check({"--set", "frame_work=1", "--json", set.parent.file("r.json")});
+  EXPECT_EQ(frames.exit_code, 3) << frames.out << frames.err;
+  EXPECT_THAT(frames.out, HasSubstr("2 of 2 pairs finished.\n"));
+  EXPECT_THAT(frames.out, HasSubstr("ERROR: no pair has a figure: frame_work is on"));
+  EXPECT_EQ(document()["status"]["name"], "nothing_measured");
+  EXPECT_EQ(document()["verdict"], "error");
+  std::vector<std::string> off;
+  for (const char* key : {"triangulate_residual_switch", "triangulate_dis_switch", "discalswitch", "dy_bias_switch",
+                          "foursixmethod_swithch", "spaceRms_switch"})
+    off.insert(off.end(), {"--set", std::string(key) + "=0"});
+  const CommandRun none = check(off);
+  EXPECT_EQ(none.exit_code, 3);
+  EXPECT_THAT(none.out, HasSubstr("these switches are off: triangulate_residual_switch, "));
+}
+
+TEST_F(CheckCommand, SaysOfARectifiedPictureThatItIsOne) {
+  const CommandRun run = check({"--set", "f_scale=30", "--set", "dy_bias_switch=1"});
+  EXPECT_EQ(run.exit_code, 3) << run.out << run.err;
+  EXPECT_THAT(run.out, HasSubstr("were found in the rectified left picture"));
+  EXPECT_THAT(run.out, Not(HasSubstr("polarline detect")));
+  EXPECT_THAT(run.out, HasSubstr("savepolarline"));
+}
+
+TEST_F(CheckCommand, NamesOfResidualsThatCannotBeTakenThatCauseOnly) {
+  set.append("polar.txt", "\ntriangulate_residual_switch: 1\n");
+  set.write("list.txt", "#L R\nright_0.png left_0.png\n");
+  const CommandRun run = check();
+  EXPECT_EQ(run.exit_code, 3);
+  EXPECT_THAT(run.out, HasSubstr("dots are in both pictures, and no residual could be taken"));
+  EXPECT_THAT(run.out, Not(HasSubstr("too few dots")));
+}
+
+TEST_F(CheckCommand, SaysOfDotsBeyondTheBoardThatItHasNone) {
+  for (const char* key : {"TriPoint1_ID", "PolPoint3_ID"}) {
+    const CommandRun run = check({"--set", "triangulate_dis_switch=1", "--set", "foursixmethod_swithch=1", "--set",
+                                  std::string(key) + "=99999"});
+    EXPECT_EQ(run.exit_code, 2) << run.out << run.err;
+    EXPECT_THAT(run.out, HasSubstr(std::string(key) + " is 99999; the board has the dots 0 to 62"));
+  }
+}
+
+TEST_F(CheckCommand, TellsWhyEachPairWasGivenUpAlsoWhenItIsQuiet) {
+  set.blank("left_0.png");
+  set.blank("right_1.png");
+  const CommandRun run = check({"--quiet"});
+  EXPECT_EQ(run.exit_code, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_THAT(run.err, HasSubstr("pair 0 given up: 0 dots were found in the left picture"));
+  EXPECT_THAT(run.err, HasSubstr("pair 1 given up: 0 dots were found in the right picture"));
+}
+
+TEST_F(CheckCommand, SaysOfRowsThatWereTurnedAwayNoCauseButThat) {
+  const CommandRun run = check({"--set", "x_y=1", "--set", "dy_bias_switch=1", "--set", "foursixmethod_swithch=0"});
+  EXPECT_EQ(run.exit_code, 0) << run.out << run.err;
+  EXPECT_THAT(run.out, HasSubstr("x_y is 1, and the cameras stand side by side"));
+  EXPECT_THAT(run.out, HasSubstr("No causes are told: x_y turns the pictures by a quarter"));
+  EXPECT_THAT(run.out, Not(HasSubstr("No cause is needed")));
+}
+
 TEST_F(CheckCommand, ShowsTheEntryThatALimitJudgesUnderItsWholeName) {
   const CommandRun run = check({"--limit", "|tri_dis[1]|<=1e9", "--limit", "|tri_dis[0]|<=0", "--json", "-"});
   const auto pair = DocumentCheck::ofCheck().parsed(run.out)["pairs"][0];

@@ -29,7 +29,7 @@ KeyReader::KeyReader(const Json& object, std::string file, std::string path)
     : object_(object), file_(std::move(file)), path_(std::move(path)) {}
 
 const KeyReader::Json* KeyReader::find(const std::string& key) {
-  known_.push_back(key);
+  if (std::ranges::count(known_, key) == 0) known_.push_back(key);
   const auto found = object_.find(key);
   return found == object_.end() ? nullptr : &*found;
 }
