@@ -144,7 +144,7 @@ TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
   refused("'polarline explain' lists all", {"--limit", "foo<=1"});
   refused("there is no statistic 'avg'; mean, sd, min or max was wanted", {"--limit", "summary.dy_means.avg<=1"});
   refused("with <=, >=, < or > for OP", {"--limit", "dy_means==1"});
-  refused("--limit: an empty argument stands behind it", {"--limit", ""});
+  refused("--limit: the argument behind it is empty", {"--limit", ""});
   refused("did you mean dy_means", {"--limit", "dy_mean<=0.1"});
   refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});
   set.write("limits.txt", "# ours\ntri_rms<=many\n");

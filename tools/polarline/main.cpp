@@ -45,7 +45,7 @@ void demandValues(const std::vector<std::string>& words) {
   for (std::size_t k = 0; k < words.size(); ++k) {
     const std::string& word = words[k];
     const bool is_value = word.empty() && k > 0 && words[k - 1].starts_with("-");
-    if (is_value) throw polarline::InputError(words[k - 1], "an empty argument stands behind it");
+    if (is_value) throw polarline::InputError(words[k - 1], "the argument behind it is empty");
     if (word.empty()) throw polarline::InputError("''", "an argument is empty");
     if (word.starts_with("--") && word.find('=') == word.size() - 1)
       throw polarline::InputError(word, "has no value behind '='");
