@@ -28,6 +28,19 @@ TEST(DetectCommand, StaysAsItIsWhereNoPictureIsKnown) {
   EXPECT_EQ(withDetectCommand("Read on.", known(), 3, "left"), "Read on.");
 }
 
+TEST(DetectCommand, IsNotToldOfARectifiedPictureWhichNoFileShows) {
+  polarline::PairCheck pair;
+  pair.index = 3;
+  pair.reason = {-6, "", "left", ""};
+  EXPECT_EQ(polarline::adviceOn(pair, kAdvice, known()),
+            "Look with 'polarline detect 'my set/l.png' --target 'my set/target.ini'' at it.");
+  pair.reason.of_rectified = true;
+  const std::string advice = polarline::adviceOn(pair, kAdvice, known());
+  EXPECT_EQ(advice.find("detect"), std::string::npos);
+  EXPECT_NE(advice.find("savepolarline"), std::string::npos);
+  EXPECT_EQ(polarline::adviceOn(pair, "Read on.", known()), "Read on.");
+}
+
 TEST(DetectCommand, IsOfThePairThatTheStatusIsOf) {
   Check check = known();
   check.inputs.push_back({"left/5", "five.png", ""});

@@ -56,6 +56,9 @@ TEST(VerdictWords, TellThatARunEndedBehindThePairsCounted) {
   Check check = checkOf({hand_made::pair(0, {0.1}, {})});
   check.status.name = "unusable_input";
   EXPECT_EQ(finishedText(check), "1 of 1 pair finished, then the run ended.");
+  check.listed = 3;
+  EXPECT_EQ(finishedText(check), "1 of 1 pair finished, then the run ended (3 are listed).");
+  check.listed = 1;
   check.pairs[0] = hand_made::givenUp(check.pairs[0]);
   EXPECT_EQ(finishedText(check), "0 of 1 pair finished.");
 }
