@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 
+#include "polarline/errors.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 

@@ -133,7 +133,7 @@ class Board3d {
 
   private draw(): void {
     const { width } = this.context;
-    const height = Math.round(Math.min(520, width * 0.6)) + legendHeight + 44;
+    const height = Math.round(Math.min(600, width * 0.72)) + legendHeight + 44;
     const box = { x: 8, y: 22, width: width - 16, height: height - legendHeight - 44 };
     const factor = factors[this.factorPlace()] ?? 1;
     const projection = new BoardProjection(this.view, this.state.turn, box, factor);
