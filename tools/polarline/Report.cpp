@@ -1,11 +1,15 @@
 #include "polarline/report.h"
 
+#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "polarline/errors.h"
+#include "polarline/store.h"
+#include "tools/polarline/FleetReport.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
 
@@ -14,7 +18,7 @@ namespace {
 
 struct Request {
   std::vector<std::string> documents;
-  std::string output;
+  std::string output, pages;
   polarline::ReportOptions options;
   std::string budget;
   bool no_pictures = false;
@@ -31,16 +35,39 @@ void takeBudget(Request& request) {
   request.options.budget = bytes;
 }
 
-int run(Request& request) {
-  takeBudget(request);
-  requireSeparate({{"-o", request.output}}, request.documents);
-  request.options.pictures = !request.no_pictures;
-  if (!request.quiet) request.options.tell = [](const std::string& text) { tell("warning: {}\n", text); };
+/// Whether the page is that of a fleet's results, which come alone.
+bool isOfResults(const Request& request) {
+  const std::vector<std::string>& inputs = request.documents;
+  const auto results = std::ranges::find_if(inputs, polarline::isResultsFile);
+  if (results == inputs.end()) {
+    if (!request.pages.empty())
+      throw polarline::InputError("--pages",
+                                  "goes with the results of 'polarline merge', not with documents of checks");
+    return false;
+  }
+  if (inputs.size() != 1)
+    throw polarline::InputError(*results, "the results of a fleet have a page of their own: nothing else goes with it");
+  return true;
+}
+
+void reportDocuments(const Request& request) {
   std::vector<polarline::ReportDocument> documents;
   for (const std::string& path : request.documents) documents.push_back(polarline::readReportDocument(path));
   const bool is_fleet = documents.size() == 1 && polarline::isFleetDocument(documents[0]);
   deliver(request.output, is_fleet ? polarline::fleetPage(documents[0], request.options.title)
                                    : polarline::reportPage(documents, request.options));
+}
+
+int run(Request& request) {
+  takeBudget(request);
+  requireSeparate({{"-o", request.output}}, request.documents);
+  request.options.pictures = !request.no_pictures;
+  if (!request.quiet) request.options.tell = [](const std::string& text) { tell("warning: {}\n", text); };
+  if (isOfResults(request)) {
+    reportFleet({request.documents[0], request.output, request.pages, request.options, request.quiet});
+  } else {
+    reportDocuments(request);
+  }
   if (!request.quiet && request.output != "-") say("Report: " + request.output + "\n");
   return kDone;
 }
@@ -49,14 +76,17 @@ int run(Request& request) {
 
 Subcommand addReport(CLI::App& polarline) {
   CLI::App* const app = polarline.add_subcommand(
-      "report", "Makes the page of a check, or of two to eight side by side: one file of HTML");
+      "report", "Makes the page of a check, of two to eight side by side, or of a fleet: one file of HTML");
   const auto request = std::make_shared<Request>();
-  app->add_option("CHECK", request->documents, "What 'polarline check --json' wrote; the first is compared with")
+  app->add_option("CHECK", request->documents,
+                  "What 'polarline check --json' wrote; the first is compared with. Or what 'polarline merge' wrote")
       ->required()
       ->type_name("");
   app->add_option("-o,--output", request->output, "Where the page goes; - is standard output")
       ->required()
       ->type_name("FILE");
+  app->add_option("--pages", request->pages, "Of a fleet: also a page of each of its worst sets, into this folder")
+      ->type_name("FOLDER");
   app->add_option("--title", request->options.title, "Of the page, in place of the sets' names")->type_name("TEXT");
   app->add_option("--budget", request->budget,
                   "Bytes of data, about: the dots and pictures of as many pairs are taken as fit")
