@@ -225,7 +225,7 @@ TEST_F(CheckInputs, SettingsThatAreReadHalfAreRefused) {
   refused("setting 'f_scale=2x': '2x' was found; a number was wanted", {"--set", "f_scale=2x"});
   refused("setting 'evalu_model=5': '5' was found; 0 or 1 was wanted", {"--set", "evalu_model=5"});
   set.append("polar.txt", "\ntype: 1.5\n");
-  EXPECT_THAT(check().out, HasSubstr("type: '1.5' was found; a whole number was wanted"));
+  EXPECT_THAT(unwrapped(check()), HasSubstr("type: '1.5' was found; a whole number was wanted"));
 }
 
 TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
@@ -255,7 +255,7 @@ TEST_F(CheckInputs, OfTheWrongKindAreCalledByIt) {
   ASSERT_EQ(mkfifo(set.parent.file("pipe").c_str(), 0600), 0);
   refused("pipe: is a pipe, which gives its content once", {"--calibration", set.parent.file("pipe")});
   set.write("list.txt", "#L R\nleft_0.png left_0.png\n");
-  EXPECT_THAT(check().out, HasSubstr("list.txt, line 2: left_0.png stands on both sides"));
+  EXPECT_THAT(unwrapped(check()), HasSubstr("list.txt, line 2: left_0.png stands on both sides"));
 }
 
 TEST_F(CheckInputs, HaveNamesThatMakeNoLineOfTheirOwn) {

@@ -190,7 +190,7 @@ TEST_F(CheckResults, OfAPictureThatGoesAwayMayBeTriedAgain) {
   };
   const CommandRun run = check({"--json", set.parent.file("r.json")});
   EXPECT_EQ(run.exit_code, 3);
-  EXPECT_THAT(run.out, HasSubstr("30 of 30 pairs finished."));
+  EXPECT_THAT(run.out, HasSubstr("30 of 30 pairs finished"));
   const auto status = document()["status"];
   EXPECT_EQ(status["retry"], true);
   EXPECT_THAT(status["text"].get<std::string>(), HasSubstr("line 32: the picture left_1.png can't be read: No such"));

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,8 @@ struct CommandTest : ::testing::Test {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(set.parent.path()))
       EXPECT_EQ(entry.path().string().find(".partial-"), std::string::npos) << entry.path();
   }
+  /// What was printed, as if the terminal were endlessly wide.
+  static std::string unwrapped(const CommandRun& run) { return std::regex_replace(run.out, std::regex("\\n +"), " "); }
   /// Words for people, whatever went wrong.
   static void isInWords(const CommandRun& run) {
     EXPECT_EQ(run.signal, 0);
