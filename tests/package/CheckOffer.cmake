@@ -1,5 +1,5 @@
 # The shared library polarline offers the functions and classes that its headers mark, with what it takes to catch and derive from the
-# classes, and nothing else. No function that a header declares is left unmarked.
+# classes, and nothing else. No function that a header declares is left unmarked, but for those that callers compile themselves (constexpr).
 cmake_minimum_required(VERSION 3.25)
 
 # The names that a header marks; a marked class stands for all that is in it.
@@ -11,7 +11,7 @@ function(find_marked result header)
   set(names "")
   foreach(declaration IN LISTS declarations)
     string(REGEX REPLACE "\\(.*" "" head "${declaration}")
-    if(NOT head MATCHES "POLARLINE_API" AND NOT head MATCHES "<[^>]*$")  # Within angle brackets it is a type.
+    if(NOT head MATCHES "POLARLINE_API|constexpr" AND NOT head MATCHES "<[^>]*$")  # Within angle brackets it is a type.
       message(FATAL_ERROR "${header}: not marked:${declaration}")
     endif()
     if(head MATCHES "POLARLINE_API.*[ *&]([A-Za-z]+)$")

@@ -49,7 +49,7 @@ TEST(CheckViewWords, OfAGivenUpPairNameItsStatus) {
   check.pairs[1].reason.code = -9;
   const Json view = viewOf(check);
   EXPECT_TRUE(view["given_up"][0].is_null());
-  EXPECT_EQ(view["given_up"][1]["name"], "too_few_shared");
+  EXPECT_EQ(view["given_up"][1]["name"], "few_dots_in_both");
   EXPECT_EQ(view["finished_text"], "1 of 2 pairs finished.");
 }
 
