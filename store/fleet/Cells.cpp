@@ -21,8 +21,7 @@ std::vector<DayAndGroup> cellKeys(const FleetSets& sets, Period period) {
     if (set.group >= 0) keys.emplace_back(firstDayOf(period, dayOf(set.time)), set.group);
   }
   std::ranges::sort(keys);
-  const auto rest = std::ranges::unique(keys);
-  keys.erase(rest.begin(), rest.end());
+  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
   return keys;
 }
 
