@@ -86,33 +86,44 @@ void JsonCursor::digits() {
   while (at_ < text_.size() && isDigit(text_[at_])) ++at_;
 }
 
-std::string_view JsonCursor::numberText() {
+bool JsonCursor::take(char c) {
+  const bool is_there = at_ < text_.size() && text_[at_] == c;
+  if (is_there) ++at_;
+  return is_there;
+}
+
+JsonCursor::Number JsonCursor::numberText() {
   next();
   const std::size_t begin = at_;
-  const auto take = [&](char c) {
-    const bool is_there = at_ < text_.size() && text_[at_] == c;
-    if (is_there) ++at_;
-    return is_there;
-  };
   take('-');
   if (!take('0')) digits();
   if (take('.')) digits();
-  if (take('e') || take('E')) {
+  const bool has_exponent = take('e') || take('E');
+  if (has_exponent) {
     if (!take('-')) take('+');
     digits();
   }
-  return text_.substr(begin, at_ - begin);
+  return {text_.substr(begin, at_ - begin), has_exponent};
+}
+
+double JsonCursor::value(std::string_view number) const {
+  double value = 0.0;
+  if (std::from_chars(number.data(), number.data() + number.size(), value).ec != std::errc())
+    fault("a number beyond all bounds");
+  return value;
 }
 
 double JsonCursor::number() {
   if (null()) return std::numeric_limits<double>::quiet_NaN();
   const char c = next();
   if (c != '-' && !isDigit(c)) fault("a number was wanted");
-  const std::string_view written = numberText();
-  double value = 0.0;
-  if (std::from_chars(written.data(), written.data() + written.size(), value).ec != std::errc())
-    fault("a number beyond all bounds");
-  return value;
+  return value(numberText().written);
+}
+
+void JsonCursor::skipNumber() {
+  constexpr std::size_t kNoDoubleReaches = 308;  // Digits; a shorter number needs an exponent to be beyond all bounds.
+  const Number number = numberText();
+  if (number.has_exponent || number.written.size() > kNoDoubleReaches) value(number.written);
 }
 
 bool JsonCursor::truth() {
@@ -157,11 +168,12 @@ std::string JsonCursor::text() {
   if (next() != '"') fault("a text was wanted");
   ++at_;
   std::string taken;
+  unsigned char bits = 0;  // That any byte has: without the highest one the text is ASCII.
   while (true) {
     const std::size_t begin = at_;
     while (at_ < text_.size() && text_[at_] != '"' && text_[at_] != '\\' &&
            static_cast<unsigned char>(text_[at_]) >= ' ')
-      ++at_;
+      bits |= static_cast<unsigned char>(text_[at_++]);
     taken.append(text_, begin, at_ - begin);
     if (at_ >= text_.size()) fault("the text has no end");
     if (text_[at_] == '"') break;
@@ -170,40 +182,20 @@ std::string JsonCursor::text() {
     appendEscape(taken);
   }
   ++at_;
-  if (!isUtf8(taken)) fault("a text that is not UTF-8");
+  if (bits >= 0x80U && !isUtf8(taken)) fault("a text that is not UTF-8");
   return taken;
-}
-
-void JsonCursor::skipText() {
-  for (++at_; at_ < text_.size(); ++at_) {
-    const char c = text_[at_];
-    if (c == '"') {
-      ++at_;
-      return;
-    }
-    if (c == '\\') ++at_;
-    if (static_cast<unsigned char>(c) < ' ') fault("a control character in a text");
-  }
-  at_ = text_.size();
-  fault("the text has no end");
 }
 
 void JsonCursor::skip() {
   const char c = next();
   if (c == '"') {
-    skipText();
+    text();
   } else if (c == '-' || isDigit(c)) {
-    numberText();
+    skipNumber();
   } else if (c == '[') {
     array([this] { skip(); });
   } else if (c == '{') {
-    open('{');
-    for (bool is_first = true; goesOn('}', is_first); is_first = false) {
-      if (next() != '"') fault("a key was wanted");
-      skipText();
-      colon();
-      skip();
-    }
+    object([this](std::string_view) { skip(); });
   } else if (!null()) {
     truth();
   }

@@ -48,7 +48,7 @@ class JsonCursor {
   bool isArray() { return next() == '['; }
   bool isObject() { return next() == '{'; }
 
-  /// Takes any value.
+  /// Takes any value, as strictly as if it were wanted.
   void skip();
 
   /// The text has to end here.
@@ -62,9 +62,15 @@ class JsonCursor {
   bool goesOn(char bracket, bool is_first);
   void colon();
   bool word(std::string_view word);
-  std::string_view numberText();
+  struct Number {
+    std::string_view written;
+    bool has_exponent;
+  };
+  Number numberText();
+  bool take(char c);
   void digits();
-  void skipText();
+  double value(std::string_view number) const;
+  void skipNumber();
   void appendEscape(std::string& taken);
   unsigned hex4();
 
