@@ -3,8 +3,13 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <cstdint>
+#include <filesystem>
 #include <limits>
+#include <vector>
 
+#include "calibrations/rewrite/BinaryRewrite.h"
+#include "calibrations/rewrite/JsonRewrite.h"
 #include "camera/LensModel.h"
 #include "check/explain/WarningOf.h"
 #include "platform/Files.h"
@@ -15,6 +20,30 @@
 
 namespace polarline {
 namespace {
+
+constexpr const char* kBinary = "bin";
+constexpr const char* kJson = "json";
+
+std::string bytesOf(const std::string& path) {
+  constexpr std::size_t kMost = std::size_t{1} << 24;
+  std::vector<std::uint8_t> bytes;
+  if (files::readBytes(path, kMost, bytes) != 0) throw InputError(path, "can't be read any more");
+  return {bytes.begin(), bytes.end()};
+}
+
+/// The given file with what was corrected, or JSON of nothing else where the given one is of another kind.
+std::string correctedFile(const std::string& given, const std::string& path, const StereoCalibParams& corrected,
+                          const Diagnosis& diagnosis) {
+  const std::string bytes = bytesOf(given);
+  if (files::extensionOf(path) == kBinary) {
+    const std::vector<std::uint8_t> binary = withRightCamera({bytes.begin(), bytes.end()}, corrected);
+    return {binary.begin(), binary.end()};
+  }
+  if (files::extensionOf(given) == kJson) {
+    if (const auto json = withInfraredPair(bytes, *diagnosis.corrected)) return *json;
+  }
+  return calibrationJson(*diagnosis.corrected);
+}
 
 /// The run that only shows whether the rows have become better.
 MeanRow rowsWith(const Set& set, const CheckOptions& options, const std::string& calibration) {
@@ -58,21 +87,33 @@ void MeanRow::add(const PairCheck& pair) {
   refined_.add(pair.refined->points.dy);
 }
 
-void requireCorrectable(const std::string& path, int type) {
+void requireCorrectable(const std::string& path, int type, const std::string& calibration) {
   if (path.empty()) return;
+  const std::string extension = files::extensionOf(path);
+  const bool is_given_binary = files::extensionOf(calibration) == kBinary;
+  if (extension == kBinary && is_given_binary) return;
   if (lensModelOf(type) == LensModel::kPoly)
-    throw InputError(path, "a JSON calibration can't hold the tables of a polynomial lens (type 3)");
-  if (files::extensionOf(path) != "json") throw InputError(path, "a name that ends in .json was wanted");
+    throw InputError(path,
+                     "only a binary calibration holds the tables of a polynomial lens (type 3): a name that ends "
+                     "in .bin was wanted");
+  if (extension == kBinary)
+    throw InputError(path, fmt::format("a binary calibration is written from a binary one, and {} is none: a name that "
+                                       "ends in .json was wanted",
+                                       calibration));
+  if (extension != kJson)
+    throw InputError(path, fmt::format("a name that ends in .json{} was wanted", is_given_binary ? " or .bin" : ""));
 }
 
-Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before, Check& check) {
+Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before,
+                   const StereoCalibParams& corrected, Check& check) {
   Correction correction;
   correction.path = options.write_corrected;
   correction.rows_predicted = check.diagnosis->rows_after;
-  const std::string calibration = calibrationJson(*check.diagnosis->corrected);
+  const std::string calibration = correctedFile(set.calibration, correction.path, corrected, *check.diagnosis);
   const whole_file::PartialFolder trial(correction.path);
-  whole_file::write(trial.path() / "calib.json", calibration);
-  const MeanRow after = rowsWith(set, options, (trial.path() / "calib.json").string());
+  const std::filesystem::path tried = trial.path() / ("calib." + files::extensionOf(correction.path));
+  whole_file::write(tried, calibration);
+  const MeanRow after = rowsWith(set, options, tried.string());
   correction.rows_seen = after.mean();
   if (options.go_on && !options.go_on()) return correction;
   whole_file::write(correction.path, calibration);

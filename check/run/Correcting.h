@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "input/StereoCalibParams.h"
 #include "polarline/check.h"
 
 namespace polarline {
@@ -29,11 +30,13 @@ class MeanRow {
   std::size_t pairs_ = 0, refined_pairs_ = 0;
 };
 
-/// Throws `InputError` where the corrected calibration could not be a file of ours.
-void requireCorrectable(const std::string& path, int type);
+/// Throws `InputError` where the corrected calibration could not be a file of this name: JSON, or the binary form where
+/// the given `calibration` is one, as for polynomial lenses (`type` 3) always.
+void requireCorrectable(const std::string& path, int type, const std::string& calibration);
 
-/// Writes the calibration of a check with its causes taken out, and checks the set again with it. `before`: the row
-/// differences of the check. Warns where that has not helped.
-Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before, Check& check);
+/// Writes the set's calibration file with the cameras of `corrected`, and checks the set again with it. `before`: the
+/// row differences of the check. Warns where that has not helped.
+Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before,
+                   const StereoCalibParams& corrected, Check& check);
 
 }  // namespace polarline

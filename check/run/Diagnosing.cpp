@@ -20,15 +20,15 @@ namespace {
 constexpr std::array<std::string_view, 4> kWrongInputs = {"sides_exchanged", "baseline_unit", "board_mismatch",
                                                           "calibration_mismatch"};
 
-Diagnosis without(const std::string& reason, double rows) {
-  Diagnosis diagnosis;
-  diagnosis.text =
+CausesTold without(const std::string& reason, double rows) {
+  CausesTold told;
+  told.diagnosis.text =
       fmt::format("The rows differ by {} px in the mean. No causes are told: {}", plain::rounded(rows, 3), reason);
-  diagnosis.rows_before = diagnosis.rows_after = rows;
-  return diagnosis;
+  told.diagnosis.rows_before = told.diagnosis.rows_after = rows;
+  return told;
 }
 
-Diagnosis diagnosisOf(const RunInputs& inputs, const PairLook& pairs) {
+CausesTold causesOf(const RunInputs& inputs, const PairLook& pairs) {
   const double rows = pairs.rows().mean();
   if (inputs.areRectified()) {
     return without("the pairs were rectified elsewhere, and the calibration by which that was done is not known.",
@@ -53,10 +53,11 @@ Diagnosis diagnosisOf(const RunInputs& inputs, const PairLook& pairs) {
 
 void diagnose(const RunInputs& inputs, const CheckOptions& options, const PairLook& pairs, Check& check) {
   if (inputs.config.frame_work != 0) return;
-  check.diagnosis = diagnosisOf(inputs, pairs);
+  const CausesTold told = causesOf(inputs, pairs);
+  check.diagnosis = told.diagnosis;
   if (inputs.areRectified() || options.write_corrected.empty()) return;
-  if (check.diagnosis->corrected) {
-    check.correction = correct(inputs.set, options, pairs.rows(), check);
+  if (told.corrected) {
+    check.correction = correct(inputs.set, options, pairs.rows(), *told.corrected, check);
   } else {
     check.warnings.push_back(
         warningOf("nothing_to_correct", options.write_corrected + " was not written: " + check.diagnosis->text));

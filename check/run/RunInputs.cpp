@@ -55,7 +55,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
     check.cameras = camerasOf(inputs.config.type, inputs.calib);
     warnOfLens(inputs.set.polar, polar, inputs.set.calibration, inputs.calib, check.warnings);
     warnOfTurn(inputs.set.polar, polar, inputs.calib, check.warnings);
-    requireCorrectable(options.write_corrected, inputs.config.type);
+    requireCorrectable(options.write_corrected, inputs.config.type, inputs.set.calibration);
   }
   check.inputs = hashedFiles(inputs.set);
   return inputs;

@@ -32,11 +32,11 @@ polarline::Calibration publicForm(const StereoCalibParams& calib, const SeenSet&
           e[5]};
 }
 
-polarline::Diagnosis without(const std::string& reason) {
-  polarline::Diagnosis diagnosis;
-  diagnosis.text = "No causes are told: " + reason;
-  diagnosis.rows_before = diagnosis.rows_after = kNone;
-  return diagnosis;
+CausesTold without(const std::string& reason) {
+  CausesTold told;
+  told.diagnosis.text = "No causes are told: " + reason;
+  told.diagnosis.rows_before = told.diagnosis.rows_after = kNone;
+  return told;
 }
 
 bool standsSideBySide(const SeenSet& set) {
@@ -61,7 +61,7 @@ polarline::Cause causeOf(const FoundCauses& found, std::size_t place) {
 
 }  // namespace
 
-polarline::Diagnosis diagnoseCauses(const SeenSet& set) {
+CausesTold diagnoseCauses(const SeenSet& set) {
   if (!standsSideBySide(set)) return without("they are known for cameras side by side only.");
   const RowDifferences differences(set);
   const std::size_t dots = differences.dots().size();
@@ -73,7 +73,8 @@ polarline::Diagnosis diagnoseCauses(const SeenSet& set) {
     found.choice = {};
     found.rows_after = found.rows_before;
   }
-  polarline::Diagnosis diagnosis;
+  CausesTold told;
+  polarline::Diagnosis& diagnosis = told.diagnosis;
   for (std::size_t place = 0; place < kCauses; ++place) {
     if (found.choice.named.test(place)) diagnosis.causes.push_back(causeOf(found, place));
   }
@@ -81,8 +82,8 @@ polarline::Diagnosis diagnoseCauses(const SeenSet& set) {
   diagnosis.rows_before = found.rows_before;
   diagnosis.rows_after = found.rows_after;
   diagnosis.pattern_left = cause_words::hasPattern(found);
-  if (!diagnosis.causes.empty() && set.model != LensModel::kPoly) {
-    diagnosis.corrected = publicForm(misaligned(set.calib, set.model, found.values), set);
-  }
-  return diagnosis;
+  if (diagnosis.causes.empty()) return told;
+  told.corrected = misaligned(set.calib, set.model, found.values);
+  if (set.model != LensModel::kPoly) diagnosis.corrected = publicForm(*told.corrected, set);
+  return told;
 }

@@ -238,11 +238,12 @@ struct CheckOptions {
   /// Refines the dots' centres of each finished pair and evaluates it once more from these: `PairCheck::refined`.
   bool refine = false;
   std::optional<std::pair<std::size_t, std::size_t>> pairs;  ///< Positions of the first and the last pair; all without.
-  std::string write_corrected;  ///< Where the calibration goes with the causes taken out (.json); empty: nowhere. The
-                                ///< set is then run once more, with that calibration.
-  bool diagnose = true;         ///< Look for the causes of the row differences.
-  bool uncertainty = true;      ///< Tell how certain the figures are, for which the dots are detected twice more.
-  bool keep_points = true;      ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
+  /// Where the given calibration file goes with the causes taken out, all else of it kept: .json, or .bin of a binary
+  /// one, as of polynomial lenses always; empty: nowhere. The set is then run once more, with that calibration.
+  std::string write_corrected;
+  bool diagnose = true;     ///< Look for the causes of the row differences.
+  bool uncertainty = true;  ///< Tell how certain the figures are, for which the dots are detected twice more.
+  bool keep_points = true;  ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;
   /// Called with each pair when the run is done with it, and the number of pairs of the run.

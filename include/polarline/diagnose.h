@@ -34,7 +34,7 @@ struct Diagnosis {
   double rows_after = 0.0;    ///< The same predicted with the causes taken out.
   bool pattern_left = false;  ///< What remains after that is alike in neighbouring dots: something else is the matter.
   /// The calibration with the causes taken out; none without causes, or with a polynomial lens, whose tables it can't
-  /// hold.
+  /// hold (`CheckOptions::write_corrected` writes those).
   std::optional<Calibration> corrected;
 };
 

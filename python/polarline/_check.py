@@ -71,7 +71,8 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     out : path, optional
         Folder for the library's own files.
     write_corrected : path, optional
-        Where the calibration goes with the causes taken out (.json); the set is then run once more with it.
+        Where the calibration goes with the causes taken out (.json; .bin of a binary one); the set is then run
+        once more with it.
         Where no cause is found nothing is written: `Check.correction` is None, and a warning says so.
     diagnose : bool
         Look for the causes of the row differences.

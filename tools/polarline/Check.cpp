@@ -193,8 +193,8 @@ Subcommand addCheck(CLI::App& polarline) {
       ->type_name("FOLDER");
   app->add_option("--report", arguments->report, "The page to look at: one file of HTML")->type_name("FILE");
   app->add_option("--write-corrected", arguments->options.write_corrected,
-                  "The calibration with the causes of the row differences taken out (.json); the set is then run once "
-                  "more with it")
+                  "The calibration with the causes of the row differences taken out (.json; .bin of a binary one); the "
+                  "set is then run once more with it")
       ->type_name("FILE");
   addResultOptions(*app, arguments->result);
   addExample(*app, "polarline check my_set --limit 'dy_means<=0.1' --json result.json");

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <nlohmann/json.hpp>
 
 #include "HandMadeCheck.h"
 #include "polarline/errors.h"
@@ -18,16 +19,19 @@ namespace {
 using ::testing::Contains;
 using ::testing::Field;
 using ::testing::HasSubstr;
+using ::testing::ThrowsMessage;
 
 /// A small board before cameras of which the right one looks down by 0.3 degrees, 0.8 pixels at this size.
+/// With a right camera that is not where the calibration has it.
+scene::Scene turned(scene::Scene scene) {
+  scene::Misalignment misalignment;
+  misalignment.rotation_x = 0.3;
+  scene.rig = scene::misaligned(scene.given, misalignment);
+  return scene;
+}
+
 const RenderedSet& misalignedSet() {
-  static const RenderedSet set([] {
-    scene::Scene scene = small_scene::withSecondPose(small_scene::dots());
-    scene::Misalignment misalignment;
-    misalignment.rotation_x = 0.3;
-    scene.rig = scene::misaligned(scene.given, misalignment);
-    return scene;
-  }());
+  static const RenderedSet set(turned(small_scene::withSecondPose(small_scene::dots())));
   return set;
 }
 
@@ -58,11 +62,24 @@ TEST(CorrectingMeanRow, IsOfRefinedCentresOnlyWhereEachPairHasThem) {
   EXPECT_EQ(rows.mean(), 5.0) << "of all, as they were detected";
 }
 
-TEST(CorrectingRefuses, WhatOurJsonCantHold) {
-  EXPECT_THROW(requireCorrectable("c.json", 3), InputError);
-  EXPECT_THROW(requireCorrectable("c.bin", 1), InputError);
-  EXPECT_NO_THROW(requireCorrectable("c.json", 2));
-  EXPECT_NO_THROW(requireCorrectable("", 3));
+TEST(CorrectingRefuses, NamesThatTheFileCantHave) {
+  const struct {
+    const char *path, *calibration, *wanted;
+    int type;
+  } refused[] = {{"c.json", "calib.bin", ".bin was wanted", 3},
+                 {"c.txt", "calib.bin", ".bin was wanted", 3},
+                 {"c.bin", "calib.json", "calib.json is none", 1},
+                 {"c.txt", "calib.json", "in .json was wanted", 1},
+                 {"c.txt", "calib.bin", "in .json or .bin was wanted", 1}};
+  for (const auto& each : refused) {
+    EXPECT_THAT([&] { requireCorrectable(each.path, each.type, each.calibration); },
+                ThrowsMessage<InputError>(HasSubstr(each.wanted)));
+  }
+  EXPECT_NO_THROW(requireCorrectable("c.json", 2, "calib.json"));
+  EXPECT_NO_THROW(requireCorrectable("c.json", 2, "calib.bin"));
+  EXPECT_NO_THROW(requireCorrectable("c.bin", 2, "calib.bin"));
+  EXPECT_NO_THROW(requireCorrectable("c.bin", 3, "calib.bin"));
+  EXPECT_NO_THROW(requireCorrectable("", 3, "calib.bin"));
 }
 
 TEST(Correcting, MakesTheRowsBetterAndTellsBothMeans) {
@@ -98,7 +115,20 @@ TEST(Correcting, OfAlignedCamerasWritesNothingAndSaysSo) {
   EXPECT_THAT(check.warnings, Contains(Field(&Warning::code, "nothing_to_correct")));
 }
 
-TEST(Correcting, OfAPolynomialLensIsRefusedBeforeTheRun) {
+TEST(Correcting, KeepsTheColourCameraOfTheGivenFile) {
+  const CopiedSet set(misalignedSet());
+  auto given = nlohmann::json::parse(set.read("calib.json"));
+  given["RGB"] = {{"Fx", 1234.5}};
+  set.write("calib.json", given.dump());
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  ASSERT_TRUE(set.check(options).correction);
+  const auto corrected = nlohmann::json::parse(set.parent.read("corrected.json"));
+  EXPECT_EQ(corrected["RGB"], given["RGB"]);
+  EXPECT_NE(corrected["IR_R"]["Rotate"]["RX"], given["IR_R"]["Rotate"]["RX"]);
+}
+
+TEST(Correcting, OfAPolynomialLensIsRefusedBeforeTheRunWhereItCantBeWritten) {
   const RenderedSet rendered(small_scene::polynomial());
   const CopiedSet set(rendered);
   CheckOptions options;
@@ -107,6 +137,25 @@ TEST(Correcting, OfAPolynomialLensIsRefusedBeforeTheRun) {
   EXPECT_EQ(check.status.exit_code, 2);
   EXPECT_THAT(check.status.text, HasSubstr("polynomial lens"));
   EXPECT_TRUE(check.pairs.empty());
+}
+
+/// Of every lens: a binary file takes the corrected camera, tables of a polynomial lens included.
+TEST(Correcting, WritesABinaryFileThatMakesTheRowsBetter) {
+  for (const scene::Scene& aligned : {small_scene::polynomial(), small_scene::dots()}) {
+    const RenderedSet rendered(turned(small_scene::withSecondPose(aligned)));
+    const CopiedSet copied(rendered);
+    Set set = copied.set();
+    set.calibration = copied.file("calib.bin");
+    CheckOptions options;
+    options.write_corrected = copied.parent.file("corrected.bin");
+    const Check check = polarline::check(set, options);
+    ASSERT_EQ(check.status.exit_code, 0) << check.status.text;
+    EXPECT_GT(check.diagnosis->rows_before, 0.5);
+    ASSERT_TRUE(check.correction) << check.diagnosis->text;
+    EXPECT_LT(check.correction->rows_seen, 0.1);
+    set.calibration = options.write_corrected;
+    EXPECT_LT(polarline::check(set).pairs.at(0).figure("dy_means")->values.at(0), 0.1);
+  }
 }
 
 TEST(Correcting, InterruptedLeavesNothing) {

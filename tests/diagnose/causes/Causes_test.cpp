@@ -55,7 +55,7 @@ TEST_P(CausesAlone, IsNamedWithItsSignAndSize) {
     SeenScene seen(model);
     seen.misalignment.*fieldOf(one.name) = sign * one.value;
     seen.noise = OwnErrors(0.005, 3);
-    const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+    const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
     const Cause* const cause = causeNamed(diagnosis, one.name);
     ASSERT_NE(cause, nullptr) << diagnosis.text;
     EXPECT_NEAR(cause->value, sign * one.value, 3.0 * cause->sd);
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CausesAligned, AreNone) {
   SeenScene seen(LensModel::kBrownEight);
   seen.noise = OwnErrors(0.02, 5);
-  const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+  const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
   EXPECT_THAT(diagnosis.causes, IsEmpty());
   EXPECT_THAT(diagnosis.text, HasSubstr("No cause is needed: the rows differ by 0.02"));
   EXPECT_FALSE(diagnosis.pattern_left);
@@ -99,7 +99,7 @@ TEST(CausesInPairs, AreBothNamed) {
     SeenScene seen(LensModel::kBrownEight);
     for (const OneCause* cause : {&one, &other}) seen.misalignment.*fieldOf(cause->name) = cause->value;
     seen.noise = OwnErrors(0.005, 9);
-    const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+    const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
     for (const OneCause* cause : {&one, &other}) {
       const Cause* const named = causeNamed(diagnosis, cause->name);
       ASSERT_NE(named, nullptr) << cause->name << ": " << diagnosis.text;
@@ -115,7 +115,7 @@ TEST(CausesNotToldApart, BearOneGroupWithWhatWouldTellThemApart) {
   seen.board.step = 12.0;
   seen.misalignment.rotation_x = 0.1;
   seen.noise = OwnErrors(0.02, 10);
-  const Diagnosis diagnosis = diagnoseCauses(seen.seen({{0.0, 0.0, 0.0, 0.45}}));
+  const Diagnosis diagnosis = diagnoseCauses(seen.seen({{0.0, 0.0, 0.0, 0.45}})).diagnosis;
   const Cause* const turn = causeNamed(diagnosis, "rotation_x");
   const Cause* const offset = causeNamed(diagnosis, "row_offset");
   ASSERT_NE(turn, nullptr) << diagnosis.text;
@@ -136,7 +136,7 @@ TEST(CausesWithOutliers, AreFoundAllTheSame) {
   for (SeenPair& pair : set.pairs) {
     for (std::size_t k = 0; k < pair.dots.size(); k += 20) pair.dots[k].right += cv::Point2d(1.5, k % 40 == 0 ? 3 : 5);
   }
-  const Diagnosis diagnosis = diagnoseCauses(set);
+  const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
   ASSERT_EQ(diagnosis.causes.size(), 1U) << diagnosis.text;
   EXPECT_EQ(diagnosis.causes[0].name, "rotation_z");
   EXPECT_NEAR(diagnosis.causes[0].value, 0.1, 3.0 * diagnosis.causes[0].sd);
@@ -150,7 +150,7 @@ TEST(CausesCorrected, MakeTheRowsThoseOfTheTrueCameras) {
     seen.misalignment = {0.2, -0.1, 0.15, -0.002, 3.0, 0.5, 0.5, 0.004};
     seen.noise = OwnErrors(0.01, 14);
     SeenSet set = seen.seen(twoDistances());
-    const Diagnosis diagnosis = diagnoseCauses(set);
+    const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
     ASSERT_TRUE(diagnosis.corrected);
     const polarline::Calibration& corrected = *diagnosis.corrected;
     EXPECT_EQ(corrected.type, static_cast<int>(model));
@@ -159,7 +159,7 @@ TEST(CausesCorrected, MakeTheRowsThoseOfTheTrueCameras) {
     set.calib.right.intrinsics = {right.fx,   right.fy,   right.cx,   right.cy,   right.k[0], right.k[1],
                                   right.k[2], right.k[3], right.k[4], right.k[5], right.p1,   right.p2};
     set.calib.extrinsics = {corrected.rx, corrected.ry, corrected.rz, corrected.tx, corrected.ty, corrected.tz};
-    const Diagnosis again = diagnoseCauses(set);
+    const Diagnosis again = diagnoseCauses(set).diagnosis;
     EXPECT_NEAR(again.rows_before, diagnosis.rows_after, 2e-3 * diagnosis.rows_after);  // By its focal length.
     EXPECT_THAT(again.causes, IsEmpty());
   }
@@ -168,7 +168,7 @@ TEST(CausesCorrected, MakeTheRowsThoseOfTheTrueCameras) {
 TEST(CausesOfAPolynomialLens, AreToldWithoutACalibrationThatCouldNotHoldThem) {
   SeenScene seen(LensModel::kPoly);
   seen.misalignment.rotation_x = 0.1;
-  const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances()));
+  const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
   EXPECT_FALSE(diagnosis.causes.empty());
   EXPECT_FALSE(diagnosis.corrected);
 }
@@ -180,7 +180,7 @@ TEST(CausesWithAPattern, SayThatItIsLeft) {
   for (SeenPair& pair : set.pairs) {
     for (SeenDot& dot : pair.dots) dot.right.y += 0.05 * std::sin(dot.right.x / 130.0) * std::cos(dot.right.y / 130.0);
   }
-  const Diagnosis diagnosis = diagnoseCauses(set);
+  const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
   EXPECT_TRUE(diagnosis.pattern_left);
   EXPECT_THAT(diagnosis.text, HasSubstr("alike in neighbouring dots"));
 }
@@ -188,7 +188,7 @@ TEST(CausesWithAPattern, SayThatItIsLeft) {
 // --- Nothing to go by
 
 void expectNoCause(const SeenSet& set, const char* reason) {
-  const Diagnosis diagnosis = diagnoseCauses(set);
+  const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
   EXPECT_THAT(diagnosis.causes, IsEmpty());
   EXPECT_THAT(diagnosis.text, HasSubstr(reason));
   EXPECT_TRUE(std::isnan(diagnosis.rows_before));
@@ -237,7 +237,7 @@ TEST(CausesDegenerate, OneCameraAboveTheOther) {
 
 /// A line, or one place, bounds few causes: what is told is finite, and the rows after are no worse.
 void expectSomethingFinite(const SeenSet& set) {
-  const Diagnosis diagnosis = diagnoseCauses(set);
+  const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
   EXPECT_FALSE(diagnosis.text.empty());
   EXPECT_LE(diagnosis.rows_after, diagnosis.rows_before);
   for (const Cause& cause : diagnosis.causes) {
@@ -268,7 +268,7 @@ TEST(CausesDegenerate, DotsInOnePlace) {
 }
 
 TEST(CausesOfExactDots, OfAnAlignedPairAreNone) {
-  const Diagnosis diagnosis = diagnoseCauses(SeenScene(LensModel::kBrownFive).seen(twoDistances()));
+  const Diagnosis diagnosis = diagnoseCauses(SeenScene(LensModel::kBrownFive).seen(twoDistances())).diagnosis;
   EXPECT_THAT(diagnosis.causes, IsEmpty()) << diagnosis.text;
   EXPECT_LT(diagnosis.rows_before, 1e-6);
 }
@@ -356,7 +356,7 @@ Coverage coverageOf(unsigned sets, bool is_aligned) {
       seen.noise = SharedErrors(0.02, seed);
     }
     const SeenSet set = seen.seen(posesOf(seed));
-    const Diagnosis diagnosis = diagnoseCauses(set);
+    const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
     bool is_false = false;
     for (const Cause& cause : diagnosis.causes) {
       ++coverage.named;
