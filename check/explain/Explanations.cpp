@@ -84,9 +84,9 @@ std::string nearestCodes(const std::string& code) {
 std::optional<Explanation> explainPair(std::int32_t code, bool of_residuals) {
   const std::string number = std::to_string(code);
   if (of_residuals) {
-    if (const auto explained = explain(number + " of residuals")) return explained;
+    if (auto explained = explain(number + " of residuals")) return explained;
   }
-  const auto in_pair = explain(number + " in a pair");
+  auto in_pair = explain(number + " in a pair");
   return in_pair ? in_pair : explain(number);
 }
 

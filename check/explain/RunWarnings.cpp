@@ -14,6 +14,11 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
      "Write board_gt.txt: x y z of each dot, by id."},
     {"board_truth_short", "board_truth_short", "The set has fewer true positions than the board has dots.",
      "Write a line x y z for each dot, by id; the file may have been cut off."},
+    {"steps_differ", "steps_differ",
+     "The target, the polar configuration and the true positions do not tell the same distance between neighbouring "
+     "dots.",
+     "Measure it on the board over many dots, and write it as step (and step_y) of the target and as pattern_step; "
+     "write board_gt.txt anew."},
     {"picture_size", "picture_size", "The pictures are not of one size, or not of the size that the calibration tells.",
      "Take the pictures of one pair of cameras, and the calibration of these cameras at this size."},
     {"colour_pictures", "colour_pictures", "The pictures have colour; the residual step takes grey ones only.",

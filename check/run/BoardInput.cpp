@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <sstream>
 
 #include "Tallowfen/src/RingTarget.h"
@@ -13,9 +14,27 @@
 #include "check/set/ByteOrderMark.h"
 #include "input/BoardGroundTruthReader.h"
 #include "platform/Files.h"
+#include "platform/Median.h"
+#include "platform/PlainNumber.h"
 #include "polarline/errors.h"
 
 namespace polarline {
+namespace {
+
+/// Of the step: a board that was measured dot by dot differs by less from the one that was drawn.
+constexpr double kSameStep = 0.01;
+
+/// Of dots whose numbers differ by `apart`: 1 in a row, the number of columns in a column.
+double medianDistance(const BoardGroundTruth& truth, std::size_t cols, std::size_t apart) {
+  std::vector<double> distances;
+  for (std::size_t id = 0; id + apart < truth.size(); ++id) {
+    if (apart == 1 && id % cols == cols - 1) continue;
+    distances.push_back(cv::norm(truth[id + apart] - truth[id]));
+  }
+  return distances.empty() ? 0.0 : rank::upperMedian(distances);
+}
+
+}  // namespace
 
 BoardGroundTruth readBoardTruth(const std::string& path) {
   std::istringstream lines(contentOf(path));
@@ -47,6 +66,24 @@ void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const 
     warnings.push_back(warningOf("board_truth_short",
                                  fmt::format("{}: {} positions; the board has {} dots", path, board.points, dots)));
   }
+}
+
+void warnOfSteps(const Set& set, const PolarConfig& config, const BoardInfo& board, const BoardGroundTruth& truth,
+                 std::vector<Warning>& warnings) {
+  const auto differ = [](double one, double other) { return std::abs(one - other) > kSameStep * std::abs(other); };
+  const auto warn = [&](const std::string& path, const char* what, double found, const char* key, double wanted) {
+    warnings.push_back(
+        warningOf("steps_differ", fmt::format("{}: {} {}; the target's {} is {}", path, what, plain::rounded(found, 4),
+                                              key, plain::rounded(wanted, 4))));
+  };
+  if (config.foursixmethod_swithch != 0 && config.allpoints_calc_switch != 0 &&
+      differ(config.pattern_step, board.step) && differ(config.pattern_step, board.step_y))
+    warn(set.polar, "pattern_step is", config.pattern_step, "step", board.step);
+  const auto cols = static_cast<std::size_t>(board.cols);
+  if (truth.empty() || truth.size() != static_cast<std::size_t>(board.rows) * cols) return;
+  const double across = medianDistance(truth, cols, 1), down = medianDistance(truth, cols, cols);
+  if (differ(across, board.step)) warn(set.board, "neighbours in a row are apart by", across, "step", board.step);
+  if (differ(down, board.step_y)) warn(set.board, "neighbours in a column are apart by", down, "step_y", board.step_y);
 }
 
 BoardInfo readBoardInfo(const std::string& target_path) {

@@ -16,6 +16,10 @@ BoardGroundTruth readBoardTruth(const std::string& path);
 void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
                       std::vector<Warning>& warnings);
 
+/// Warns where the target, the polar configuration and the true positions have other distances between neighbours.
+void warnOfSteps(const Set& set, const PolarConfig& config, const BoardInfo& board, const BoardGroundTruth& truth,
+                 std::vector<Warning>& warnings);
+
 /// Also proves that the detector can be configured from it.
 BoardInfo readBoardInfo(const std::string& target);
 

@@ -46,6 +46,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
   if (!inputs.set.board.empty()) inputs.board = readBoardTruth(inputs.set.board);
   check.board.points = inputs.board.size();
   warnOfBoardTruth(inputs.set.board, inputs.config, check.board, check.warnings);
+  warnOfSteps(inputs.set, inputs.config, check.board, inputs.board, check.warnings);
   if (inputs.areRectified()) {
     inputs.rectified = readRectified(inputs.set.rectified);
     inputs.rectified.boardPoints.assign(inputs.board.begin(), inputs.board.end());

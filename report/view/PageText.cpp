@@ -57,6 +57,7 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
     titles.push_back(view.title);
   }
   std::vector<std::string> inputs;
+  inputs.reserve(checks.size());
   for (const Check* check : checks) inputs.push_back(inputsWords(*checks.front(), *check));
   const std::vector<ComparedFigure> figures = compareFigures(checks);
   json.object().member("text", comparisonWords(titles, figures, inputs)).key("limits").array();

@@ -29,6 +29,7 @@ std::vector<Stream> streamsOf(const Cells& cells, const std::vector<std::vector<
     stream.sets += places[group].size();
   }
   std::vector<Stream> streams;
+  streams.reserve(found.size());
   for (auto& [key, stream] : found) streams.push_back(std::move(stream));
   return streams;
 }

@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include "store/fleet/Parts.h"
 #include "store/fleet/Worst.h"
 
@@ -21,7 +23,7 @@ void addWorst(FleetJson& json, const sqlite::Database& database, const Fleet& fl
     worst["measured"] = shortNumber(each.measured);
     worst["times"] = shortNumber(each.times);
     worst["document"] = document;
-    worst["page"] = pages.empty() ? FleetJson(nullptr) : FleetJson(pages + "/" + document + ".html");
+    worst["page"] = pages.empty() ? FleetJson(nullptr) : FleetJson(fmt::format("{}/{}.html", pages, document));
     json["worst"].push_back(std::move(worst));
   }
 }

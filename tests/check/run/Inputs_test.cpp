@@ -198,6 +198,56 @@ TEST_F(InputsBoard, MissingTruthIsWarnedOfWhereItIsWanted) {
   EXPECT_EQ(warnings.size(), 2U);
 }
 
+/// A board of 2 x 3 dots, and what each of three files says of it.
+struct Steps {
+  float across, down;  ///< Of the true positions.
+  float pattern_step;  ///< Of the polar configuration.
+  std::vector<const char*> differences;
+};
+
+class InputsSteps : public testing::TestWithParam<Steps> {};
+
+TEST_P(InputsSteps, AreComparedWithThoseOfTheTarget) {
+  const Steps& steps = GetParam();
+  BoardInfo board;
+  board.rows = 2;
+  board.cols = 3;
+  board.step = 20.0;
+  board.step_y = 30.0;
+  BoardGroundTruth truth;
+  for (int id = 0; id < 6; ++id)
+    truth.emplace_back(static_cast<float>(id % 3) * steps.across, static_cast<float>(id / 3) * steps.down, 0.0F);
+  PolarConfig config;
+  config.pattern_step = steps.pattern_step;
+  config.foursixmethod_swithch = config.allpoints_calc_switch = 1;
+  Set set;
+  set.polar = "p.txt";
+  set.board = "b.txt";
+  std::vector<Warning> warnings;
+  warnOfSteps(set, config, board, truth, warnings);
+  std::vector<std::string> texts;
+  for (const Warning& warning : warnings) texts.push_back(warning.text);
+  EXPECT_EQ(texts, std::vector<std::string>(steps.differences.begin(), steps.differences.end()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, InputsSteps,
+    testing::Values(
+        Steps{20.0F, 30.0F, 20.0F, {}}, Steps{20.0F, 30.0F, 30.0F, {}}, Steps{20.1F, 29.8F, 20.1F, {}},
+        Steps{20.0F, 30.0F, 25.0F, {"p.txt: pattern_step is 25; the target's step is 20"}},
+        Steps{20.3F, 30.0F, 20.0F, {"b.txt: neighbours in a row are apart by 20.3; the target's step is 20"}},
+        Steps{20.0F, 20.0F, 20.0F, {"b.txt: neighbours in a column are apart by 20; the target's step_y is 30"}}));
+
+TEST_F(InputsBoard, WithoutTheSpacingOfAllPointsItsStepIsNotAsked) {
+  BoardInfo board;
+  board.rows = board.cols = 2;
+  board.step = board.step_y = 20.0;
+  PolarConfig config;
+  config.foursixmethod_swithch = 1;
+  warnOfSteps({}, config, board, {}, warnings);
+  EXPECT_TRUE(warnings.empty());
+}
+
 TEST_F(InputsBoard, IsThatOfTheTarget) {
   const BoardInfo board = readBoardInfo(MemoryRun::twoPairs().file("target.ini"));
   EXPECT_EQ(board.rows, 7);
