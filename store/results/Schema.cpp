@@ -1,6 +1,8 @@
 #include "store/results/Schema.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <array>
 #include <chrono>
@@ -68,6 +70,25 @@ void useWriteAheadLog(const sqlite::Database& database) {
   }
 }
 
+bool isWritable(const std::filesystem::path& folder) {
+  return faccessat(AT_FDCWD, folder.empty() ? "." : folder.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+/// SQLite reads a file with a write-ahead log only where it may lay an index of the log beside it. A folder that can't
+/// be written has no merge that goes on, so that the file is read as one that does not change; what still stands in a
+/// log would be missing then.
+sqlite::Access readingOf(const std::string& path) {
+  std::error_code ignored;
+  if (isWritable(std::filesystem::path(path).parent_path()) || std::filesystem::exists(path + "-shm", ignored))
+    return sqlite::Access::kRead;
+  if (const auto size = std::filesystem::file_size(path + "-wal", ignored); !ignored && size > 0) {
+    throw InputError(path,
+                     "has a log of changes beside it that can't be read from a folder that can't be written; copy both "
+                     "files to one that can");
+  }
+  return sqlite::Access::kReadFixed;
+}
+
 }  // namespace
 
 std::unique_ptr<sqlite::Database> openResultsToWrite(const std::string& path) {
@@ -84,7 +105,7 @@ std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path) {
   std::error_code failure;
   if (!std::filesystem::is_regular_file(path, failure))
     throw InputError(path, "is no file; a results file of 'polarline merge' was wanted");
-  auto database = std::make_unique<sqlite::Database>(path, sqlite::Access::kRead);
+  auto database = std::make_unique<sqlite::Database>(path, readingOf(path));
   requireOurs(*database);
   if (const std::int64_t version = versionOf(*database); version < kResultsSchema) {
     throw InputError(path, fmt::format("is of schema {}, {} is wanted: 'polarline merge DIR -o {}' brings it there",

@@ -14,7 +14,8 @@ inline constexpr int kResultsSchema = 2;
 /// transaction a step. Throws `InputError` for a file that is none of ours or of a newer schema, and leaves it alone.
 std::unique_ptr<sqlite::Database> openResultsToWrite(const std::string& path);
 
-/// Opens one to read. Throws `InputError` also for one of an earlier schema.
+/// Opens one to read, also from a folder that can't be written. Throws `InputError` also for one of an earlier schema,
+/// and where such a folder has a log beside the file.
 std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path);
 
 }  // namespace polarline::results

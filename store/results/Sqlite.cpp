@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <string_view>
 
 #include "polarline/errors.h"
 
@@ -14,14 +15,36 @@ namespace {
 /// Another merge holds the file for the time of a few hundred documents, a reader never.
 constexpr std::chrono::milliseconds kPatience{120000};
 
+/// As a path, not as the URI or the name of a memory that SQLite might read into it.
+std::string plainPath(const std::string& path) { return path.starts_with("/") ? path : "./" + path; }
+
+/// The URI of a file that does not change, which only a URI can say; what has a meaning in one is written by its
+/// number.
+std::string fixedUri(const std::string& path) {
+  std::string uri = "file:";
+  for (const char c : plainPath(path)) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    if (c != '%' && c != '?' && c != '#') {
+      uri += c;
+      continue;
+    }
+    const auto byte = static_cast<unsigned char>(c);
+    uri += {'%', kDigits[byte / kDigits.size()], kDigits[byte % kDigits.size()]};
+  }
+  return uri + "?immutable=1";
+}
+
+int flagsOf(Access access) {
+  constexpr int kAll = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  if (access == Access::kWrite) return kAll | SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  return kAll | SQLITE_OPEN_READONLY | (access == Access::kReadFixed ? SQLITE_OPEN_URI : 0);
+}
+
 }  // namespace
 
 Database::Database(const std::string& path, Access access) : path_(path) {
-  const int flags = access == Access::kWrite ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
-  // As a path, not as the URI or the name of a memory that SQLite might read into it.
-  const std::string opened = path.starts_with("/") ? path : "./" + path;
-  if (sqlite3_open_v2(opened.c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr) !=
-      SQLITE_OK) {
+  const std::string opened = access == Access::kReadFixed ? fixedUri(path) : plainPath(path);
+  if (sqlite3_open_v2(opened.c_str(), &handle_, flagsOf(access), nullptr) != SQLITE_OK) {
     const std::string reason = handle_ == nullptr ? "no memory" : sqlite3_errmsg(handle_);
     sqlite3_close(handle_);
     if (access == Access::kWrite) throw polarline::OutputError(path, reason);

@@ -13,7 +13,11 @@ struct sqlite3_stmt;
 /// or waited for, `polarline::InputError` where it is no database or a damaged one.
 namespace sqlite {
 
-enum class Access : std::uint8_t { kRead, kWrite };
+enum class Access : std::uint8_t {
+  kRead,
+  kReadFixed,  ///< Nobody changes the file meanwhile: nothing is locked, and nothing is laid beside it.
+  kWrite,
+};
 
 class Database {
  public:

@@ -10,6 +10,7 @@
 
 #include "polarline/errors.h"
 #include "store/MadeStore.h"
+#include "support/Unprivileged.h"
 
 namespace {
 
@@ -111,6 +112,41 @@ TEST_F(Schema, RefusesWhatIsNoDatabase) {
 TEST_F(Schema, SaysWhereThereIsNothingToRead) {
   EXPECT_THROW(openResultsToRead(results.path()), polarline::InputError);
   EXPECT_FALSE(std::filesystem::exists(results.path()));
+}
+
+/// A name in which everything stands that would mean something in a URI.
+struct SchemaFixedFolder : ::testing::Test {
+  TempFolder folder;
+  made_store::Store store;
+  std::string inner = folder.file("50%3f a?b#c");
+  std::string path = inner + "/r.sqlite";
+
+  SchemaFixedFolder() {
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    std::filesystem::create_directory(inner);
+    store.add(made_store::name(1), made_store::check({0.05}));
+    polarline::merge({store.path()}, path);
+  }
+  void close() const { std::filesystem::permissions(inner, static_cast<std::filesystem::perms>(0555)); }
+};
+
+TEST_F(SchemaFixedFolder, IsReadAndStaysAsItIs) {
+  close();
+  const Unprivileged nobody;
+  EXPECT_EQ(openResultsToRead(path)->integer("SELECT count(*) FROM sets"), 1);
+  for (const auto& entry : std::filesystem::directory_iterator(inner)) EXPECT_EQ(entry.path(), path);
+}
+
+TEST_F(SchemaFixedFolder, IsNotReadWithoutWhatStandsInItsLog) {
+  std::ofstream(path + "-wal") << "changes";
+  close();
+  const Unprivileged nobody;
+  try {
+    openResultsToRead(path);
+    FAIL();
+  } catch (const polarline::InputError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("has a log of changes beside it"));
+  }
 }
 
 TEST_F(Schema, SaysThatAFolderThatIsNotThereCantBeWritten) {
