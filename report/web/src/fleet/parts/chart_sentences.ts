@@ -1,7 +1,9 @@
 import { shortUnit } from '../../text/figures';
 import { numberText } from '../dom';
 import { ruleTexts, type Break } from '../statistics/run_rules';
+import { capital } from '../view/cause_words';
 import { decision, type CourseView } from '../view/courses';
+import { unknownWords } from '../view/few_points';
 import type { FleetView, Stream } from '../view/view';
 import { driftWords } from './findings';
 
@@ -52,9 +54,8 @@ export function rangesSentence({ chart }: CourseView, unit: string): string {
 
 export function sumsSentence(view: FleetView, stream: Stream, measure: number): string {
   const course = stream.courses[measure]!;
-  const { baseline, sums, values } = course;
-  if (!baseline || !sums)
-    return `${values.length} points are too few to tell a drift; 24 are needed, and some scatter.`;
+  const { baseline, sums } = course;
+  if (!baseline || !sums) return `${capital(unknownWords(course))}.`;
   const unit = behind(view.fleet.measures[measure]!.unit);
   const first = `Compared with the mean of the first ${baseline.points} points, ${numberText(baseline.mean)}${unit}`;
   if (sums.drifts.length === 0) return `${first}: no drift; no sum comes beyond ${decision} sigma.`;

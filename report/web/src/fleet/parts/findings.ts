@@ -4,7 +4,8 @@ import { shortUnit } from '../../text/figures';
 import { numberText, percentText, rangeText, toldShare } from '../dom';
 import type { Drift } from '../statistics/cusum';
 import { capital, causeWords } from '../view/cause_words';
-import { lastingDrift, worsens, type CourseView } from '../view/courses';
+import { fewestForDrift, lastingDrift, worsens, type CourseView } from '../view/courses';
+import { lastBreak, ruleWords, unknownWords } from '../view/few_points';
 import { measureTitle, type FleetView, type Stream } from '../view/view';
 import type { Scope } from './scope';
 
@@ -43,6 +44,29 @@ export function lastingDrifts({ fleet }: FleetView, stream: Stream): { measure: 
       return drift && worsens(fleet.measures[measure]!, drift) ? [{ measure, drift }] : [];
     })
     .sort((a, b) => size(b.measure, b.drift) - size(a.measure, a.drift));
+}
+
+/** Where no drift can be told, broken rules are what there is to say: "…: rules 1, 5 are broken, last on Tue 17 Nov; …" */
+function brokenRules(view: FleetView, stream: Stream): string[] {
+  return stream.courses.flatMap((course, measure) => {
+    const last = lastBreak(course);
+    if (course.sums || last === null) return [];
+    const rules = ruleWords(course);
+    const are = rules.startsWith('rules') ? 'are' : 'is';
+    const title = measureTitle(view, view.fleet.measures[measure]!);
+    const when = view.calendar.weekdayOf(course.minutes[last]!);
+    return [`${title}: ${rules} ${are} broken, last on ${when}; ${unknownWords(course)}.`];
+  });
+}
+
+/** What is not known must not be taken for good. */
+function unknownSentence({ streams }: FleetView): string {
+  const unknown = streams.filter(({ courses }) =>
+    courses.some(({ values }) => values.length > 0 && values.length < fewestForDrift),
+  ).length;
+  if (unknown === 0) return '';
+  const who = streams.length === 1 ? 'There are' : `${unknown} of ${streams.length} stations and models have`;
+  return ` ${who} fewer than ${fewestForDrift} points of some figures: too few to tell a drift.`;
 }
 
 export function keyOf(stream: Stream): string {
@@ -89,6 +113,9 @@ function finding(scope: Scope, stream: Stream): HTMLElement {
         ),
       drifting.length > shownDrifts &&
         el('p', { class: 'faint' }, `${drifting.length - shownDrifts} more figures drift.`),
+      ...brokenRules(view, stream)
+        .slice(0, shownDrifts)
+        .map((words) => el('p', {}, words)),
     ),
   );
 }
@@ -105,10 +132,12 @@ export function findings(scope: Scope): HTMLElement {
   const { calendar } = view;
   if (off.length === 0) {
     const before = calendar.words(calendar.beforeCount);
+    const unknown = unknownSentence(view);
     return el(
       'p',
       { id: 'findings' },
-      `Nothing is off: no yield fell, no figure drifts, no cause came up in the last ${before}.`,
+      `${unknown === '' ? 'Nothing is off' : 'Nothing is off that can be told'}: no yield fell, no figure drifts, no cause came up in the last ${before}.`,
+      unknown,
     );
   }
   const rest = off.slice(shownFirst);

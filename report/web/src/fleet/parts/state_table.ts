@@ -3,6 +3,7 @@ import { tableElement, type Cell } from '../../dom/table';
 import { icon } from '../../dom/icon';
 import { cell } from '../dom';
 import { lastingDrift, worsens } from '../view/courses';
+import { stateWords } from '../view/few_points';
 import { measureTitle, type Stream } from '../view/view';
 import { beginMinute, keyOf } from './findings';
 import type { Scope } from './scope';
@@ -11,7 +12,6 @@ import type { Scope } from './scope';
 function state(scope: Scope, stream: Stream, measure: number): Cell {
   const course = stream.courses[measure]!;
   const drift = lastingDrift(course);
-  const rules = [...new Set(course.breaks.map(({ rule }) => rule))];
   const href = scope.link({ course: [stream.station, stream.model], measure });
   const link = (words: string) =>
     el(
@@ -25,7 +25,7 @@ function state(scope: Scope, stream: Stream, measure: number): Cell {
     const since = scope.view.calendar.dayOf(beginMinute(course, drift));
     return cell(link(` ${drift.side} since ${since}`), `${drift.side} since ${since}`);
   }
-  const words = rules.length === 0 ? 'steady' : `rules ${rules.join(', ')}`.replace(/^rules (\d)$/, 'rule $1');
+  const words = stateWords(course);
   return cell(link(words), words);
 }
 

@@ -23,6 +23,9 @@ export const decision = 8;
 const fewestForBaseline = 8;
 const mostForBaseline = 40;
 
+/** Points that there must be for a drift to be told: the first third is what the others are compared with. */
+export const fewestForDrift = 3 * fewestForBaseline;
+
 /** Points to compare with: the first third of them. */
 function baselineOf(values: readonly number[]): CourseView['baseline'] {
   const points = Math.min(mostForBaseline, Math.floor(values.length / 3));
