@@ -4,8 +4,8 @@
     >>> result.verdict
     'pass'
 
-`check` judges a set; `detect` looks at one picture; `simulate` renders sets with known truth; `polarline.exports`
-has the library's own functions one to one.
+`init` makes a set of pictures, a board and a calibration; `check` judges it; `batch` judges many; `detect` looks at one
+picture; `simulate` renders sets with known truth; `polarline.exports` has the library's own functions one to one.
 """
 
 from __future__ import annotations
@@ -17,27 +17,33 @@ from . import _polarline, exports
 from ._check import TOOL as _TOOL
 from ._check import Tool, check, diagnose, report
 from ._errors import Error, InputError, OutputError, RunError
-from ._pieces import board, detect, explain, import_calibration, read_picture, refine, scene_file, simulate, truth_of
-from ._polarline import (BoardInfo, Calibration, Camera, CameraNumbers, Cameras, Cause, Check, CheckedSet, ClassTally,
-                         ContourTally, Correction, DetectedBoard, Detection, DetectionStage, Diagnosis, DotCounts,
-                         Ellipse, Explanation, Extrinsics, Figure, Figures, FigureSummary, ImportedCalibration, Input,
-                         LimitResult, Pair, PictureQuality, Points, Preset, PrintedBoard, Quality, Reason, Refined,
-                         RefinedDots, RefinedPoints, Simulated, SimulatedSet, Status, Summary, Target, TrueFigures, Uncertainty,
-                         Warning, board_kinds, calibration_formats, limit_names, main_figures, presets, setting_keys)
+from ._fleet import batch, merge
+from ._making import import_calibration, init
+from ._pieces import board, detect, explain, read_picture, refine, scene_file, simulate, truth_of
+from ._polarline import (BatchOutcome, BatchResult, BoardInfo, Calibration, Camera, CameraNumbers, Cameras, Cause,
+                         Check, CheckedSet, ClassTally, ContourTally, Correction, DetectedBoard, Detection,
+                         DetectionStage, Diagnosis, DotCounts, Ellipse, Explanation, Extrinsics, Figure, FigureSummary,
+                         Figures, ImportedCalibration, Input, LimitResult, MadePair, MadeSet, MergeResult, Pair,
+                         PictureQuality, Points, Preset, PrintedBoard, Quality, Reason, Refined, RefinedCounts,
+                         RefinedDots, RefinedPoints, RefinedSummary, SeenBoard, Simulated, SimulatedSet, Status,
+                         Summary, Target, TrueFigures, Uncertainty, UnreadableDocument, Warning, board_kinds,
+                         calibration_formats, limit_names, main_figures, presets, setting_keys)
 from ._set import Set
 from ._values import equip as _equip
 
 __version__ = _TOOL.version
 
 __all__ = [
-    "BoardInfo", "Calibration", "Camera", "CameraNumbers", "Cameras", "Cause", "Check", "CheckedSet", "ClassTally",
-    "ContourTally", "Correction", "DetectedBoard", "Detection", "DetectionStage", "Diagnosis", "DotCounts", "Ellipse",
-    "Error", "Explanation", "Extrinsics", "Figure", "FigureSummary", "Figures", "ImportedCalibration", "Input",
-    "InputError", "LimitResult", "OutputError", "Pair", "PictureQuality", "Points", "Preset", "PrintedBoard", "Quality",
-    "Reason", "Refined", "RefinedDots", "RefinedPoints", "RunError", "Set", "Simulated", "SimulatedSet", "Status", "Summary", "Target",
-    "Tool", "TrueFigures", "Uncertainty", "Warning", "board", "board_kinds", "calibration_formats", "check", "detect",
-    "diagnose", "explain", "exports", "import_calibration", "limit_names", "main_figures", "presets", "read_picture",
-    "refine", "report", "scene_file", "setting_keys", "simulate", "truth_of",
+    "BatchOutcome", "BatchResult", "BoardInfo", "Calibration", "Camera", "CameraNumbers", "Cameras", "Cause", "Check",
+    "CheckedSet", "ClassTally", "ContourTally", "Correction", "DetectedBoard", "Detection", "DetectionStage",
+    "Diagnosis", "DotCounts", "Ellipse", "Error", "Explanation", "Extrinsics", "Figure", "FigureSummary", "Figures",
+    "ImportedCalibration", "Input", "InputError", "LimitResult", "MadePair", "MadeSet", "MergeResult", "OutputError",
+    "Pair", "PictureQuality", "Points", "Preset", "PrintedBoard", "Quality", "Reason", "Refined", "RefinedCounts",
+    "RefinedDots", "RefinedPoints", "RefinedSummary", "RunError", "SeenBoard", "Set", "Simulated", "SimulatedSet",
+    "Status", "Summary", "Target", "Tool", "TrueFigures", "Uncertainty", "UnreadableDocument", "Warning", "batch",
+    "board", "board_kinds", "calibration_formats", "check", "detect", "diagnose", "explain", "exports",
+    "import_calibration", "init", "limit_names", "main_figures", "merge", "presets", "read_picture", "refine", "report",
+    "scene_file", "setting_keys", "simulate", "truth_of",
 ]
 
 _abc.Mapping.register(Figures)

@@ -12,7 +12,7 @@ import numpy as np
 
 from . import _polarline
 from ._arguments import Lines, Pictures, Progress, flag, lines_of, pictures_of, progress_of, settings_of, two
-from ._errors import RunError
+from ._errors import InputError, RunError
 from ._files import StrPath, bytes_of, write_whole
 from ._html import html_of
 from ._polarline import Check, Diagnosis, Simulated
@@ -73,7 +73,7 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     write_corrected : path, optional
         Where the calibration goes with the causes taken out (.json; .bin of a binary one); the set is then run
         once more with it.
-        Where no cause is found nothing is written: `Check.correction` is None, and a warning says so.
+        Where no cause is found nothing is written: `Diagnosis.correction` is None, and a warning says so.
     diagnose : bool
         Look for the causes of the row differences.
     uncertainty : bool
@@ -154,12 +154,13 @@ def diagnose(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pict
 
 def report(checks: Union[Check, StrPath, Iterable[Union[Check, StrPath]]], path: StrPath, *, title: str = "",
            paths: bool = False, budget: int = 10_000_000, pictures: bool = True) -> None:
-    """Writes the page of a check, or of two to eight side by side: one file of HTML.
+    """Writes the page of a check, of two to eight side by side, or of a fleet: one file of HTML.
 
     Parameters
     ----------
     checks : Check or path, or several of them
-        Checks, or paths of their JSON documents. The first is what the others are compared with.
+        Checks, or paths of their JSON documents. The first is what the others are compared with. Or the path of the
+        results of a fleet, which `merge` wrote; of the arguments below only the title counts then.
     path : path
         Where the page goes.
     title : str
@@ -174,11 +175,17 @@ def report(checks: Union[Check, StrPath, Iterable[Union[Check, StrPath]]], path:
     Raises
     ------
     InputError
-        For no check, more than eight, and a document that is none.
+        For no check, more than eight, a document that is none, and the results of a fleet beside others.
     OutputError
         Where the page can't be written.
     """
     several = [checks] if isinstance(checks, (Check, str, os.PathLike)) else list(checks)
+    fleets = [each for each in several if not isinstance(each, Check) and _polarline.is_results_file(bytes_of(each))]
+    if fleets and len(several) > 1:
+        raise InputError(f"{os.fspath(fleets[0])}: the results of a fleet have a page of their own: nothing else goes with it")
+    if fleets:
+        write_whole(path, _polarline.fleet_page(bytes_of(fleets[0]), title=title))
+        return
     documents: List[Tuple[Union[str, bytes], Union[str, bytes]]] = []
     for each in several:
         if isinstance(each, Check):

@@ -9,10 +9,10 @@ from typing import Any, Dict, Optional, Sequence, Tuple, Union, overload
 import numpy as np
 
 from . import _polarline
-from ._arguments import Progress, flag, progress_of, refuse, two, whole
+from ._arguments import Progress, flag, progress_of, refuse, whole
 from ._errors import InputError
 from ._files import StrPath, bytes_of, write_whole
-from ._polarline import (Calibration, Camera, Detection, Explanation, ImportedCalibration, PrintedBoard, RefinedDots, Simulated,
+from ._polarline import (Calibration, Camera, Detection, Explanation, PrintedBoard, RefinedDots, Simulated,
                          SimulatedSet, Target, TrueFigures, board_kinds)
 from ._values import CALIBRATION, CAMERA, calibration_of, camera_of, values_of
 
@@ -123,44 +123,6 @@ def refine(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, 
     board_text = _target_of(target)
     seen = detection if detection is not None else _polarline.detect(picture, board_text)
     return _polarline.refine(picture, seen, board_text, camera, type)
-
-
-def import_calibration(*files: StrPath, format: str = "", scale: float = 1.0, model: str = "",
-                       size: Optional[Tuple[int, int]] = None, baseline: Optional[float] = None,
-                       pair: Optional[Tuple[int, int]] = None, swap: bool = False) -> ImportedCalibration:
-    """Reads the calibration of a pair that another tool wrote, or our own JSON.
-
-    Parameters
-    ----------
-    *files : path
-        One file, or one for each camera, the left one first.
-    format : str
-        A name of `calibration_formats`; empty: told by the content.
-    scale : float
-        Board units in a unit of the file: 1000 from metres to millimetres.
-    model : str
-        'brown' or 'fisheye', where the file does not tell.
-    size : (int, int), optional
-        (columns, rows) of both cameras' pictures, where the file does not tell.
-    baseline : float, optional
-        Length between the cameras, board unit, where the file lost it.
-    pair : (int, int), optional
-        Which cameras of several are left and right, from 0.
-    swap : bool
-        Exchange left and right.
-
-    Returns
-    -------
-    ImportedCalibration
-
-    Raises
-    ------
-    InputError
-        For what is no such calibration, and for one that ours can't hold exactly.
-    """
-    return _polarline.import_calibration([bytes_of(file) for file in files], format=format, scale=scale, model=model,
-                                         size=two("size", size, "(columns, rows)"), baseline=baseline, pair=two("pair", pair, "(left, right)"),
-                                         swap=flag("swap", swap))
 
 
 _PAPERS = ("A4", "A3", "A2", "A1", "fit")

@@ -88,6 +88,19 @@ tx, ty, tz : float
       .def("to_opencv", &polarline::openCvText, "One OpenCV storage file in YAML: M1 D1 M2 D2 R T.");
 }
 
+void addOptions(py::module_& module) {
+  py::class_<ImportOptions>(module, "ImportOptions", "What the files of a calibration do not say.")
+      .def(py::init([](const std::string& format, double scale, const std::string& model,
+                       const std::optional<Sides>& size, std::optional<double> baseline,
+                       std::optional<std::pair<int, int>> pair, bool swap) {
+             ImportOptions options{format, scale, model, std::nullopt, baseline, pair, swap};
+             if (size) options.size = Size{size->first, size->second};
+             return options;
+           }),
+           py::kw_only(), py::arg("format"), py::arg("scale"), py::arg("model"), py::arg("size").none(true),
+           py::arg("baseline").none(true), py::arg("pair").none(true), py::arg("swap"));
+}
+
 void addImported(py::module_& module) {
   py::class_<ImportedCalibration> imported(module, "ImportedCalibration", "What an import gives.");
   imported.def_readonly("calibration", &ImportedCalibration::calibration, "The `Calibration`.")
@@ -102,20 +115,16 @@ void addImported(py::module_& module) {
 void addCalibration(py::module_& module) {
   addCamera(module);
   addPair(module);
+  addOptions(module);
   addImported(module);
   module.def("calibration_formats", &polarline::calibrationFormats,
              "The names that `import_calibration` takes as `format`.");
   module.def(
       "import_calibration",
-      [](const std::vector<std::string>& files, const std::string& format, double scale, const std::string& model,
-         const std::optional<Sides>& size, std::optional<double> baseline, std::optional<std::pair<int, int>> pair,
-         bool swap) {
-        ImportOptions options{format, scale, model, std::nullopt, baseline, pair, swap};
-        if (size) options.size = Size{size->first, size->second};
+      [](const std::vector<std::string>& files, const ImportOptions& options) {
         return aside([&] { return polarline::importCalibration(files, options); });
       },
-      py::arg("files"), py::kw_only(), py::arg("format"), py::arg("scale"), py::arg("model"),
-      py::arg("size").none(true), py::arg("baseline").none(true), py::arg("pair").none(true), py::arg("swap"),
+      py::arg("files"), py::arg("options"),
       "A calibration of another tool; `polarline.import_calibration` is made of it.");
 }
 

@@ -15,10 +15,14 @@ void CallBack::guarded(Call call) {
   }
 }
 
-void CallBack::tell(std::size_t done, std::size_t all) {
+void CallBack::tell(const std::function<void(const py::object& progress)>& call) {
   guarded([&] {
-    if (!progress_.is_none()) progress_(done, all);
+    if (!progress_.is_none()) call(progress_);
   });
+}
+
+void CallBack::tell(std::size_t done, std::size_t all) {
+  tell([&](const py::object& progress) { progress(done, all); });
 }
 
 bool CallBack::ask(float percent) {

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "python/src/Arrays.h"
+#include "python/src/Diagnosed.h"
 #include "python/src/Figures.h"
 #include "python/src/Text.h"
 #include "python/src/Types.h"
@@ -19,7 +21,6 @@ using polarline::BoardInfo;
 using polarline::CameraNumbers;
 using polarline::Cameras;
 using polarline::Check;
-using polarline::Correction;
 using polarline::FigureSummary;
 using polarline::LimitResult;
 using polarline::SetInput;
@@ -37,6 +38,10 @@ struct Extrinsics {
 struct Summary {
   py::object owner;
   const Check* check;
+};
+struct RefinedSummary {
+  py::object owner;
+  const std::vector<FigureSummary>* figures;
 };
 
 void addCheckedSet(py::module_& module) {
@@ -113,11 +118,14 @@ void addBoardInfo(py::module_& module) {
       .def_readonly("points", &BoardInfo::points, "True positions that the set has.");
 }
 
+py::object summariesOf(const std::vector<FigureSummary>& figures, py::handle owner) {
+  return mappingOf(
+      figures, [](const auto& each) { return each.name; }, owner);
+}
+
 py::object refinedSummary(const Summary& self) {
   const auto& refined = self.check->refined_summary;
-  if (!refined) return py::none();
-  return mappingOf(
-      *refined, [](const auto& each) { return each.name; }, self.owner);
+  return refined ? py::cast(RefinedSummary{self.owner, &*refined}) : py::none();
 }
 
 void addSummary(py::module_& module) {
@@ -139,14 +147,13 @@ void addSummary(py::module_& module) {
       .def_property_readonly(
           "finished", [](const Summary& self) { return self.check->finished(); }, "Finished ones.")
       .def_property_readonly(
-          "figures",
-          [](const Summary& self) {
-            return mappingOf(
-                self.check->summary, [](const auto& each) { return each.name; }, self.owner);
-          },
+          "figures", [](const Summary& self) { return summariesOf(self.check->summary, self.owner); },
           "Mapping from a figure's name to its `FigureSummary`.")
-      .def_property_readonly("refined", &refinedSummary,
-                             "The same of the refined figures; None unless the check refines.");
+      .def_property_readonly("refined", &refinedSummary, "The `RefinedSummary`; None unless the check refines.");
+  py::class_<RefinedSummary>(module, "RefinedSummary", "The whole run, from refined centres.")
+      .def_property_readonly(
+          "figures", [](const RefinedSummary& self) { return summariesOf(*self.figures, self.owner); },
+          "Mapping from a figure's name to its `FigureSummary`.");
 }
 
 void addLimits(py::module_& module) {
@@ -161,12 +168,6 @@ void addLimits(py::module_& module) {
           "Whose value it is; None for one of the whole run.")
       .def_readonly("holds", &LimitResult::holds, "Whether it was kept.")
       .def_readonly("why", &LimitResult::why, "In words.");
-  py::class_<Correction> correction(module, "Correction",
-                                    "A calibration with the causes taken out, and what it is worth.");
-  defText(correction, "path", &Correction::path, "Where it was written.");
-  correction
-      .def_readonly("rows_predicted", &Correction::rows_predicted, "Mean absolute row difference expected, pixels.")
-      .def_readonly("rows_seen", &Correction::rows_seen, "The same of the set checked again with it.");
 }
 
 const char* verdictOf(const Check& check) {
@@ -200,20 +201,8 @@ void addParts(py::class_<Check>& check) {
           },
           "The `Summary`.")
       .def_property_readonly("verdict", &verdictOf, "'pass', 'fail' or 'error'.")
-      .def_property_readonly(
-          "diagnosis",
-          [](const py::object& self) {
-            const auto& diagnosis = self.cast<const Check&>().diagnosis;
-            return referenceTo(diagnosis ? &*diagnosis : nullptr, self);
-          },
-          "The `Diagnosis`; None where none was asked for or there are no figures.")
-      .def_property_readonly(
-          "correction",
-          [](const py::object& self) {
-            const auto& correction = self.cast<const Check&>().correction;
-            return referenceTo(correction ? &*correction : nullptr, self);
-          },
-          "The `Correction`; None unless one was asked for.");
+      .def_property_readonly("diagnosis", &diagnosisOf,
+                             "The `Diagnosis`; None where none was asked for or there are no figures.");
   defTuple(check, "pairs", &Check::pairs, "A `Pair` each, a tuple in the order of the list.");
   defTuple(check, "limits", &Check::limits, "A `LimitResult` each, a tuple.");
   defTuple(check, "warnings", &Check::warnings, "A `Warning` each, a tuple.");

@@ -11,7 +11,9 @@ PYBIND11_MODULE(_polarline, module) {
   binding::addPairs(module);
   binding::addCheck(module);
   binding::addRun(module);
+  binding::addInit(module);
   binding::addReport(module);
+  binding::addFleet(module);
   binding::addDetection(module);
   binding::addRefinement(module);
   binding::addBoard(module);

@@ -23,6 +23,9 @@ using polarline::RefinedPoints;
 struct DotCounts {
   std::size_t left, right;
 };
+struct RefinedCounts : DotCounts {
+  std::size_t left_out;
+};
 
 py::tuple namesOf(const std::vector<DotState>& states) {
   py::tuple names(states.size());
@@ -72,6 +75,8 @@ void addCounts(py::module_& module) {
   py::class_<DotCounts>(module, "DotCounts", "Dots of both pictures of a pair.")
       .def_readonly("left", &DotCounts::left, "Of the left picture.")
       .def_readonly("right", &DotCounts::right, "Of the right picture.");
+  py::class_<RefinedCounts, DotCounts>(module, "RefinedCounts", "What became of the dots of a pair.")
+      .def_readonly("left_out", &RefinedCounts::left_out, "Dots that something hides; they are not evaluated.");
 }
 
 void addReason(py::module_& module) {
@@ -123,10 +128,9 @@ void addRefined(py::module_& module) {
       .def_property_readonly(
           "dots",
           [](const RefinedPair& self) {
-            return DotCounts{self.refined_left, self.refined_right};
+            return RefinedCounts{{self.refined_left, self.refined_right}, self.left_out};
           },
-          "Dots whose centre could be refined.")
-      .def_readonly("left_out", &RefinedPair::left_out, "Dots that something hides; they are not evaluated.")
+          "Dots whose centre could be refined, and those left out: `RefinedCounts`.")
       .def_readonly("points", &RefinedPair::points, "The dots, as `RefinedPoints`.");
 }
 

@@ -6,6 +6,7 @@
 
 #include "polarline/check.h"
 #include "python/src/CallBack.h"
+#include "python/src/CheckArguments.h"
 #include "python/src/PictureArgument.h"
 #include "python/src/Turn.h"
 #include "python/src/Types.h"
@@ -17,16 +18,6 @@ namespace py = pybind11;
 using polarline::Check;
 using polarline::CheckOptions;
 using polarline::Set;
-using PairRange = std::optional<std::pair<std::size_t, std::size_t>>;
-
-/// Bytes or text by key, as `Set` has its members.
-Set setOf(const py::dict& files) {
-  const auto path = [&files](const char* name) {
-    return files.contains(name) ? files[name].cast<std::string>() : std::string();
-  };
-  return {path("folder"), path("polar"), path("target"), path("calibration"),
-          path("list"),   path("board"), path("limits"), path("rectified")};
-}
 
 std::unique_ptr<Check> runCheck(const py::dict& files, const std::optional<py::sequence>& left,
                                 const std::optional<py::sequence>& right, CheckOptions options,
@@ -47,6 +38,14 @@ std::unique_ptr<Check> runCheck(const py::dict& files, const std::optional<py::s
 }
 
 }  // namespace
+
+Set setOf(const py::dict& files) {
+  const auto path = [&files](const char* name) {
+    return files.contains(name) ? files[name].cast<std::string>() : std::string();
+  };
+  return {path("folder"), path("polar"), path("target"), path("calibration"),
+          path("list"),   path("board"), path("limits"), path("rectified")};
+}
 
 void addRun(py::module_& module) {
   module.def(

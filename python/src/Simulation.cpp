@@ -18,24 +18,13 @@ using polarline::SimulatedSet;
 using polarline::SimulateOptions;
 using polarline::TrueFigures;
 
-/// Leaves the renderer.
-struct Stop {};
-
-/// Renders with the GIL free. The renderer shares no state with anything, so that it needs no turn.
+/// Renders. The renderer shares no state with anything, so that it needs no turn.
 template <typename Render>
 auto rendered(SimulateOptions& options, const py::object& progress, Render render) {
-  CallBack back(progress);
-  options.progress = [&back](std::size_t done, std::size_t all) {
-    back.tell(done, all);
-    if (!back.goOn()) throw Stop{};
-  };
-  try {
-    const py::gil_scoped_release free;
+  return told(progress, [&](const auto& tell) {
+    options.progress = tell;
     return render();
-  } catch (const Stop&) {
-    back.rethrow();
-    throw;
-  }
+  });
 }
 
 SimulateOptions optionsOf(std::optional<int> pairs, std::optional<std::uint64_t> seed, std::optional<double> noise) {

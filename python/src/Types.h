@@ -12,6 +12,8 @@ void addDiagnosis(pybind11::module_& module);
 void addPairs(pybind11::module_& module);
 void addCheck(pybind11::module_& module);
 void addRun(pybind11::module_& module);
+void addInit(pybind11::module_& module);
+void addFleet(pybind11::module_& module);
 void addDetection(pybind11::module_& module);
 void addRefinement(pybind11::module_& module);
 void addBoard(pybind11::module_& module);

@@ -50,26 +50,19 @@ def test_attributes_are_those_of_the_document(checked):
     for part in ("board", "status", "cameras"):
         compare(getattr(checked, part), document[part])
     compare(checked.set, document["set"])
-    compare(checked.diagnosis, {k: v for k, v in document["diagnosis"].items() if k in dir(checked.diagnosis)})
+    compare(checked.diagnosis, document["diagnosis"])
     assert len(checked.pairs) == len(document["pairs"]) == 2
     for pair, wanted in zip(checked.pairs, document["pairs"]):
         compare(pair, wanted)
-    assert checked.summary.finished == document["summary"]["finished"]
-    for name, wanted in document["summary"]["figures"].items():
-        compare(checked.summary.figures[name], wanted)
-    for name, wanted in document["summary"]["refined"]["figures"].items():
-        compare(checked.summary.refined[name], wanted)
+    compare(checked.summary, document["summary"])
+    assert len(document["summary"]["refined"]["figures"]) > 10
 
 
 def compare(attribute, value):
     """An object of the document with what Python has in its place."""
     if isinstance(value, dict):
         for key, inner in value.items():
-            mapping = hasattr(attribute, "keys")
-            if not mapping and not hasattr(attribute, key):
-                assert key in {"left_out"}, key
-                continue
-            compare(attribute[key] if mapping else getattr(attribute, key), inner)
+            compare(attribute[key] if hasattr(attribute, "keys") else getattr(attribute, key), inner)
     elif isinstance(value, list):
         assert len(attribute) == len(value)
         for one, other in zip(attribute, value):
@@ -144,7 +137,9 @@ def test_settings_and_pairs_are_of_this_run(ring_set):
 def test_correction_is_written(tmp_path):
     path = tmp_path / "corrected.json"
     check = polarline.check(polarline.simulate("misaligned_1280", pairs=2), write_corrected=path)
-    assert check.correction.path == str(path) and check.correction.rows_seen < check.diagnosis.rows_before
+    correction = check.diagnosis.correction
+    assert correction.path == str(path) and correction.rows_seen < check.diagnosis.rows_before
+    compare(check.diagnosis, check.to_dict()["diagnosis"])
     assert {cause.name for cause in check.diagnosis.causes}
     read = polarline.import_calibration(path).calibration
     assert read.rx == check.diagnosis.corrected.rx and read.right.fx == check.diagnosis.corrected.right.fx
