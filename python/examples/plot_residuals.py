@@ -5,7 +5,10 @@ from __future__ import annotations
 
 import sys
 
-import matplotlib
+try:
+    import matplotlib
+except ImportError:
+    sys.exit("this needs matplotlib: sudo apt install python3-matplotlib")
 
 matplotlib.use("Agg")
 
