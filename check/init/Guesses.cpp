@@ -50,7 +50,8 @@ void addGuesses(polarline::MadeSet& set, const CornerPoints& corners, const SetF
   guesses.push_back(fmt::format("The lens model is {} (type {}), {}", set.model, set.type, reasonOf(set)));
   guesses.push_back(cornerText(corners));
   guesses.push_back(fmt::format("Every evaluation of an image set is on, but {}", offText(config)));
-  guesses.emplace_back("f_scale is 1; dy_bias_divid and tri_bias_divid are 0.1 pixels");
+  guesses.push_back(fmt::format("f_scale is {}{}; dy_bias_divid and tri_bias_divid are 0.1 pixels", config.f_scale,
+                                facts.focal.why.empty() ? "" : " (" + facts.focal.why + ")"));
   if (facts.is_vertical) guesses.emplace_back("x_y is 1, as the cameras stand one above the other");
 }
 

@@ -15,6 +15,7 @@
 #include "check/init/DotSize.h"
 #include "check/init/FilePattern.h"
 #include "check/init/FirstPair.h"
+#include "check/init/FocalScale.h"
 #include "check/init/Guesses.h"
 #include "check/init/ListNames.h"
 #include "check/init/NumberingCheck.h"
@@ -24,6 +25,7 @@
 #include "check/init/PolarText.h"
 #include "check/init/SetCalibration.h"
 #include "check/init/SetWriter.h"
+#include "check/init/StepCheck.h"
 #include "check/init/Warnings.h"
 #include "check/picture/BoardExtent.h"
 #include "check/set/ShellWord.h"
@@ -59,6 +61,7 @@ struct Work {
   init::SetFacts facts;
   MadeSet made;
 
+  bool warns(const std::string& code) const { return std::ranges::count(made.warnings, code, &Warning::code) > 0; }
   void warn(std::vector<Warning> warnings) { std::ranges::move(warnings, std::back_inserter(made.warnings)); }
 };
 
@@ -134,15 +137,23 @@ void lookAtNumbers(Work& work, const std::pair<cv::Mat, cv::Mat>& first, const s
   work.made.right = seenIn(work.right, shownBoard(right));
   const std::string problem = sizeProblem(left, right);
   const std::size_t found = std::min(work.left.dots.size(), work.right.dots.size());
-  if (!problem.empty())
-    work.warn({init::warning("board_size", problem, 0)});
-  else if (found > work.made.expected)
+  // Then dots bear the numbers of others, so that whatever else they tell is a consequence.
+  if (!problem.empty()) return work.warn({init::warning("board_size", problem, 0)});
+  if (found > work.made.expected)
     work.warn(
         {init::warning("board_kind",
                        fmt::format("{} dots were found in both pictures of the first pair, and of {} at most {} can be",
                                    found, boardText(work.board), work.made.expected),
                        0)});
   if (init::dotLimits(work.board, work.made.picture.width)) work.warn(init::judgeNumbering(left, right));
+}
+
+/// What the dots tell of the cameras and of the board's steps: one only, as a wrong baseline makes wrong steps.
+void lookAtDistances(Work& work) {
+  const Calibration& calibration = work.calibration.calibration;
+  std::vector<Warning> found = init::judgeBaseline(calibration, work.board, work.left, work.right);
+  if (found.empty()) found = init::judgeStep(calibration, work.board, work.left, work.right);
+  work.warn(std::move(found));
 }
 
 void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
@@ -152,14 +163,16 @@ void lookAtBoard(Work& work, const std::pair<cv::Mat, cv::Mat>& first) {
   work.right = init::seenBoard(first.second, target, expected);
   work.made.expected = static_cast<std::size_t>(expected);
   lookAtNumbers(work, first, target);
+  const bool is_described = !work.warns("board_size") && !work.warns("board_kind");
   work.warn(init::judgeDots(work.board, work.made.picture.width, work.left, work.right));
-  work.warn(init::judgeBaseline(work.calibration.calibration, work.board, work.left, work.right));
+  if (is_described) lookAtDistances(work);
 }
 
 void judgeRig(Work& work) {
   const Calibration& calibration = work.calibration.calibration;
   work.facts.type = calibration.type;
   work.facts.is_vertical = std::abs(calibration.ty) > std::abs(calibration.tx);
+  work.facts.focal = init::chooseFocalScale(calibration, work.made.picture, work.left, work.right);
   if (calibration.type == kFisheye) work.warn({init::warning("fisheye_raw_pair", "The cameras have fisheye lenses")});
   if (work.board.step_y != 0.0 && work.board.step_y != work.board.step)
     work.warn({init::warning("unequal_steps", fmt::format("The steps are {} along a row and {} from row to row",
@@ -185,12 +198,18 @@ std::string limitsText(const InitRequest& request) {
   return text;
 }
 
+init::KeyNotes notesOf(const Work& work) {
+  if (work.facts.focal.why.empty()) return {};
+  return {{"f_scale", work.facts.focal.why}};
+}
+
 init::SetFiles filesOf(const Work& work, const PolarConfig& config) {
-  init::SetFiles files = {{"polar.txt", init::polarText(config, "Polar configuration, made by polarline init")},
-                          {"target.ini", targetIni(work.board)},
-                          {work.calibration.file_name, work.calibration.bytes},
-                          {"list.txt", init::listText(work.lines)},
-                          {"board_gt.txt", boardGroundTruthText(work.board)}};
+  init::SetFiles files = {
+      {"polar.txt", init::polarText(config, "Polar configuration, made by polarline init", notesOf(work))},
+      {"target.ini", targetIni(work.board)},
+      {work.calibration.file_name, work.calibration.bytes},
+      {"list.txt", init::listText(work.lines)},
+      {"board_gt.txt", boardGroundTruthText(work.board)}};
   std::string limits = limitsText(work.request);
   if (!limits.empty()) files.emplace("limits.txt", std::move(limits));
   return files;

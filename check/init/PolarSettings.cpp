@@ -46,6 +46,7 @@ bool hasMadeUpDots(polarline::BoardKind kind) {
 PolarConfig polarSettings(const polarline::BoardDescription& board, const CornerIds& corners, const SetFacts& facts) {
   PolarConfig config;
   config.type = facts.type;
+  config.f_scale = static_cast<float>(facts.focal.value);
   config.x_y = facts.is_vertical ? 1 : 0;
   // A picture of more than one channel ends that step, and the run with it.
   config.triangulate_residual_switch = facts.has_colour ? 0 : 1;

@@ -37,20 +37,22 @@ std::string written(const std::vector<Item>& items) {
 }
 
 template <typename Key>
-std::string entry(const Key& key, const PolarConfig& config) {
+std::string entry(const Key& key, const PolarConfig& config, const KeyNotes& notes) {
   const std::string unit = *key.unit == '\0' ? "" : fmt::format("{}; ", key.unit);
-  return fmt::format("\n# {}.\n# {}{}\n{}: {}\n", key.meaning, unit, key.values, key.name,
+  const auto found = notes.find(key.name);
+  const std::string note = found == notes.end() ? "" : fmt::format("# Chosen here: {}.\n", found->second);
+  return fmt::format("\n# {}.\n# {}{}\n{}{}: {}\n", key.meaning, unit, key.values, note, key.name,
                      written(key.valueIn(config)));
 }
 
 }  // namespace
 
-std::string polarText(const PolarConfig& config, const std::string& title) {
+std::string polarText(const PolarConfig& config, const std::string& title, const KeyNotes& notes) {
   std::string text = fmt::format("# {}\n", title);
   for (const auto& [group, heading] : kGroups) {
     text += fmt::format("\n# ---- {} ----\n", heading);
     polar_keys::forEach([&, group = group](const auto& key) {
-      if (key.group == group) text += entry(key, config);
+      if (key.group == group) text += entry(key, config, notes);
     });
   }
   return text;

@@ -28,6 +28,10 @@ const warnings::Table& warningCodes() {
        "Correct rows and cols of the target (init: --board KIND:COLSxROWS:STEP), as the picture shows the board "
        "upright; "
        "until then dots bear the numbers of others."},
+      {"board_step", "The dots stand at other distances from each other than the board is described with.",
+       "Measure the printed board over many dots and give its step (init: --board KIND:COLSxROWS:STEP); if that is "
+       "right, "
+       "the translation of the calibration is wrong by the same share, or in other units (--scale)."},
       {"board_kind", "More dots were found than a board of the described kind lets be numbered.",
        "Describe the board that was printed: big rings cover dots beside them, small ones do not."},
       {"board_not_found", "The board was not found in the first pair.", "See why: polarline detect."},
