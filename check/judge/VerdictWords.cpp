@@ -61,6 +61,8 @@ std::string worstRefinedText(const Check& check, const FigureSummary& summary) {
   return withError(farthest(summary), errorOf(is_refined ? pair->refined->uncertaintyOf(summary.name) : nullptr));
 }
 
+bool isEndingPair(const Check& check, const PairCheck& pair) { return &pair == endingPair(check); }
+
 /// "1 limit", "2 limits".
 std::string counted(std::size_t count, const char* noun) {
   return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
@@ -148,6 +150,14 @@ std::string refinedPairText(const Check& check) {
                      refined->unit, refined->worst_pair, mean);
 }
 
+const PairCheck* endingPair(const Check& check) {
+  if (check.verdict != Verdict::kError || check.pairs.empty()) return nullptr;
+  const PairCheck& last = check.pairs.back();
+  const bool is_cause = !last.finished && check.status.code == last.reason.code && !last.reason.text.empty() &&
+                        check.status.text.ends_with(last.reason.text);
+  return is_cause ? &last : nullptr;
+}
+
 std::vector<std::string> givenUpTexts(const Check& check) {
   std::vector<const PairCheck*> firsts;  // One of each kind.
   std::map<std::pair<std::int32_t, bool>, std::size_t> counts;
@@ -159,11 +169,20 @@ std::vector<std::string> givenUpTexts(const Check& check) {
   for (const PairCheck* const pair : firsts) {
     const std::int32_t code = pair->reason.code;
     const auto explained = explainPair(code, pair->reason.of_residuals);
-    if (!explained) continue;
+    // What a single pair was given up for that ended the run is the check's status and its advice.
+    const bool is_told = counts[kindOf(*pair)] == 1 && isEndingPair(check, *pair);
+    if (!explained || is_told) continue;
     texts.push_back(fmt::format("{} given up with {} ({}): {} {}", counted(counts[kindOf(*pair)], "pair"), code,
                                 explained->name, explained->meaning, adviceOn(*pair, explained->advice, check)));
   }
   return texts;
+}
+
+std::string endingText(const Check& check) {
+  const PairCheck* const pair = endingPair(check);
+  if (pair == nullptr) return verdictText(check);
+  return fmt::format("ERROR: pair {} ({}, {}) ended the run; why stands in its row.", pair->index, pair->left,
+                     pair->right);
 }
 
 std::string verdictText(const Check& check) {

@@ -284,11 +284,19 @@ POLARLINE_API std::string worstPairText(const Check& check);
 /// What the refined centres make of that figure, in a sentence; empty where none were asked for.
 POLARLINE_API std::string refinedPairText(const Check& check);
 
-/// A text for each status that pairs were given up with: their number, what it means and what to do.
+/// The pair whose failure ended the run, if the status is its reason; null otherwise. Belongs to the check.
+POLARLINE_API const PairCheck* endingPair(const Check& check);
+
+/// A text for each status that pairs were given up with: their number, what it means and what to do. Without the one of
+/// a single pair that ended the run, which the check's status and advice say.
 POLARLINE_API std::vector<std::string> givenUpTexts(const Check& check);
 
 /// The verdict and why, in a sentence: "PASS: all 2 limits hold."
 POLARLINE_API std::string verdictText(const Check& check);
+
+/// The same below a list of the pairs: a pair that ended the run is named, and its reason, which its row says, is not
+/// said again.
+POLARLINE_API std::string endingText(const Check& check);
 
 /// The JSON document of a check, schema "polarline-check/1".
 POLARLINE_API std::string toJson(const Check& check);

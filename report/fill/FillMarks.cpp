@@ -5,7 +5,10 @@
 namespace polarline {
 
 std::string filledMarks(std::string_view page, const PageMarks& marks) {
+  std::size_t size = page.size();
+  for (const auto& mark : marks) size += mark.second.size();
   std::string text;
+  text.reserve(size);
   while (!page.empty()) {
     std::size_t at = page.size();
     const std::pair<std::string_view, std::string>* first = nullptr;

@@ -1,7 +1,12 @@
 #include "report/picture/SetPictures.h"
 
+#include <algorithm>
+#include <charconv>
 #include <exception>
 #include <opencv2/imgproc.hpp>
+#include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "platform/Pictures.h"
 #include "polar/results/PairStatus.h"
@@ -31,6 +36,8 @@ constexpr const char* kNotRectified =
     "it "
     "was, or has changed";
 
+constexpr std::string_view kLeftRole = "left/";
+
 /// Of the evaluations, whose names stand for a step where the detection did not fail.
 bool looksAtGiven(const std::string& step) { return step == "triangulation" || step == "board"; }
 
@@ -39,6 +46,24 @@ std::optional<FailedStep> stepOf(const cv::Mat& picture, const Detection& detect
   const cv::Mat drawn = detection.found ? overlay(picture, detection) : ellipsesPicture(picture, detection);
   if (drawn.empty()) return std::nullopt;
   return FailedStep{{jpegUri(drawn), drawn.size()}, seen, detection.text + note};
+}
+
+/// An evaluation that fails ends the run with a pair that has no entry; its pictures are among the inputs, and of those
+/// behind it some may be, too, as they are read ahead.
+std::optional<std::string> endedBehind(const Json& document) {
+  if (!document["status"]["code"].is_null()) return std::nullopt;
+  const Json& pairs = document["pairs"];
+  const std::size_t last = pairs.empty() ? 0 : pairs.back()["index"].get<std::size_t>() + 1;
+  std::optional<std::size_t> next;
+  for (const Json& input : document["set"]["inputs"]) {
+    const auto role = input["role"].get<std::string>();
+    std::size_t index = 0;
+    const char* const begin = role.data() + std::min(role.size(), kLeftRole.size());
+    const bool is_left =
+        role.starts_with(kLeftRole) && std::from_chars(begin, role.data() + role.size(), index).ec == std::errc();
+    if (is_left && index >= last && (!next || index < *next)) next = index;
+  }
+  return next ? std::optional(std::to_string(*next)) : std::nullopt;
 }
 
 }  // namespace
@@ -57,6 +82,7 @@ SetPictures::SetPictures(const Json& document, const std::string& path, const cv
     }
     pairs_.push_back(pair);
   }
+  if (auto behind = endedBehind(document)) pairs_.push_back({std::move(*behind), false, "", ""});
 }
 
 /// Empty where it can't be had.
@@ -88,7 +114,8 @@ std::optional<FailedStep> SetPictures::failedStep(std::size_t place, const cv::M
 }
 
 PairPictures SetPictures::of(std::size_t place) const {
-  const Pair& pair = pairs_.at(place);
+  if (place >= pairs_.size()) return {};
+  const Pair& pair = pairs_[place];
   PairPictures pictures;
   try {
     const cv::Mat left = read("left/" + pair.index);

@@ -22,7 +22,7 @@ class SetPictures {
   SetPictures(const Json& document, const std::string& path, const cv::Rect& part,
               const std::optional<KnownCameras>& cameras);
 
-  /// Of the pair at a place of the document.
+  /// Of the pair at a place of the document; behind the last one that at which the run ended without an entry for it.
   PairPictures of(std::size_t place) const;
 
   /// As `SetFiles::lostPictures`, of those that were asked for.

@@ -115,11 +115,15 @@ std::string leftOutText(const Details& details) {
   return text;
 }
 
-void writeDetails(JsonText& json, const Details& details) {
+void writeDetails(JsonText& json, Details details) {
+  const std::string left_out = leftOutText(details);
   json.key("details").array();
-  for (const std::string& each : details.texts) json.raw(each.empty() ? "null" : each);
+  for (std::string& each : details.texts) {
+    json.raw(each.empty() ? "null" : each);
+    std::string().swap(each);  // All of them are most of the page.
+  }
   json.end();
-  json.member("left_out", leftOutText(details));
+  json.member("left_out", left_out);
 }
 
 /// An entry a pair.
@@ -133,6 +137,18 @@ void writeGivenUp(JsonText& json, const Check& record, bool without_folders) {
     }
     json.object().member("name", known.name).member("meaning", known.meaning).member("advice", known.advice).end();
   }
+  json.end();
+}
+
+/// A run that an evaluation ended has no entry for its last pair.
+void writeEnding(JsonText& json, const PairPictures& pictures) {
+  json.key("ended_at");
+  if (!pictures.left && !pictures.right) {
+    json.null();
+    return;
+  }
+  json.object();
+  writePictures(json, pictures);
   json.end();
 }
 
@@ -169,6 +185,7 @@ CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOpti
   json.object();
   writeWords(json, view, names);
   writeGivenUp(json, view.record, !options.paths);
+  writeEnding(json, sources.pictures(check.json["pairs"].size()));
   json.key("document").raw(document);
   const CausePattern pattern(check.json, sources.cameras);
   json.member("pattern_unknown", pattern.whyUnknown());

@@ -25,6 +25,7 @@ struct CheckView {
 /// What a page has of a check besides its document.
 struct CheckSources {
   /// The pictures of the pair at a place of the document.
+  /// Behind the last one: of the pair at which the run ended without an entry for it, if there is one.
   std::function<PairPictures(std::size_t place)> pictures;
   Board board;
   std::optional<KnownCameras> cameras;  ///< None where they are not known.

@@ -5,7 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "check/document/JsonText.h"
 #include "report/measure/PairMeasures.h"
 #include "report/words/PairSentences.h"
 
@@ -25,20 +24,6 @@ void writePictureOrNull(JsonText& json, const char* name, const std::optional<Pa
   json.object();
   writePicture(json, *picture);
   json.end();
-}
-
-void writePictures(JsonText& json, const PairPictures& pictures) {
-  json.key("pictures").object();
-  writePictureOrNull(json, "left", pictures.left);
-  writePictureOrNull(json, "right", pictures.right);
-  json.end().key("failed_step");
-  if (!pictures.failed) {
-    json.null();
-    return;
-  }
-  json.object();
-  writePicture(json, pictures.failed->picture);
-  json.member("seen", pictures.failed->seen).member("text", pictures.failed->text).end();
 }
 
 /// What the document has, digit by digit; as many as there are dots.
@@ -193,6 +178,20 @@ void writeStatistics(JsonText& json, const char* name, const DotLists& dots, con
 }
 
 }  // namespace
+
+void writePictures(JsonText& json, const PairPictures& pictures) {
+  json.key("pictures").object();
+  writePictureOrNull(json, "left", pictures.left);
+  writePictureOrNull(json, "right", pictures.right);
+  json.end().key("failed_step");
+  if (!pictures.failed) {
+    json.null();
+    return;
+  }
+  json.object();
+  writePicture(json, pictures.failed->picture);
+  json.member("seen", pictures.failed->seen).member("text", pictures.failed->text).end();
+}
 
 std::string detailsText(const ReadPair& pair, bool is_finished, const PairPictures& pictures, const Board& board,
                         const CausePattern& pattern) {

@@ -51,7 +51,7 @@ class SetSpeaker {
     try {
       if (!is_quiet_ || result.exit_code >= kUnusable) deliver("-", polarline::batchLine(result) + "\n");
     } catch (const polarline::OutputError& error) {
-      if (!is_mute_) tell("polarline: {}\n", error.what());
+      if (!is_mute_) tell("polarline: {}\n", terminal::onOneLine(error.what()));
       is_mute_ = true;
     }
     if (done < all) progress_.show(done, all);

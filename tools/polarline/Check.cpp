@@ -2,7 +2,9 @@
 
 #include <cstdio>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/UnnamedFile.h"
 #include "platform/WholeFile.h"
@@ -60,7 +62,8 @@ class Speaker {
     constexpr std::size_t kMostReasons = 5;
     std::size_t given_up = 0;
     for (const polarline::PairCheck& pair : check.pairs) {
-      if (!pair.finished && ++given_up <= kMostReasons)
+      const bool is_told_below = &pair == polarline::endingPair(check);
+      if (!pair.finished && !is_told_below && ++given_up <= kMostReasons)
         tell("pair {} given up: {}\n", pair.index, terminal::onOneLine(pair.reason.text));
     }
     if (given_up > kMostReasons) tell("... and {} more\n", given_up - kMostReasons);
@@ -92,8 +95,9 @@ class ReportFile {
   void finish(const polarline::Check& check) {
     if (!document_) return;
     document_->finish(check);
-    const std::string page = polarline::reportPage({{std::move(text_), ""}});
-    file_->append(page);
+    std::vector<polarline::ReportDocument> documents(1);
+    documents[0].text.swap(text_);  // A list in braces would copy it.
+    file_->append(polarline::reportPage(documents));
     file_->commit();
   }
 

@@ -177,7 +177,7 @@ std::string CheckTable::conclusion(const Check& check) const {
   for (const polarline::Warning& warning : check.warnings) {
     text += wrapped("Warning: " + sentence(warning.text) + " " + warning.advice, width_, 2);
   }
-  text += coloured(wrapped(verdictText(check), width_, 2), check.verdict == polarline::Verdict::kPass ? kGreen : kRed);
+  text += coloured(wrapped(endingText(check), width_, 2), check.verdict == polarline::Verdict::kPass ? kGreen : kRed);
   const bool has_advice = check.verdict == polarline::Verdict::kError && !check.status.advice.empty();
   if (has_advice) text += wrapped(check.status.advice, width_, 2);
   return text;

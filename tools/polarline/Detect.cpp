@@ -45,7 +45,8 @@ void tellDetection(const DetectCommand& options, const polarline::Detection& det
                    const std::vector<std::string>& pictures) {
   if (options.result.quiet || options.usesStandardOutput()) {
     if (!detection.found)
-      command::tell("polarline: {}: {}\nadvice: {}\n", options.image, detection.text, detection.advice);
+      command::tell("polarline: {}: {}\nadvice: {}\n", terminal::onOneLine(options.image),
+                    terminal::onOneLine(detection.text), terminal::onOneLine(detection.advice));
     return;
   }
   std::string text = detectionTable(detection);

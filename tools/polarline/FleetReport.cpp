@@ -33,7 +33,7 @@ std::vector<std::string> makePagesOfWorst(const FleetReport& report) {
       deliver((fs::path(report.pages) / (each.name + ".html")).string(), page);
     } catch (const polarline::InputError& error) {
       progress.clear();
-      tell("{}\n", error.what());
+      tell("{}\n", terminal::onOneLine(error.what()));
       without_page.push_back(each.name);
     }
     progress.show(++done, documents.size());

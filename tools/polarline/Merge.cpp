@@ -24,7 +24,8 @@ int runMerge(const MergeCommand& command) {
   const polarline::MergeResult result = polarline::merge(
       command.stores, command.output, {[&](std::size_t done, std::size_t all) { progress.show(done, all); }});
   progress.clear();
-  for (const polarline::UnreadableDocument& each : result.unreadable) tell("{}: {}\n", each.path, each.reason);
+  for (const polarline::UnreadableDocument& each : result.unreadable)
+    tell("{}: {}\n", terminal::onOneLine(each.path), terminal::onOneLine(each.reason));
   if (!command.result.json.empty()) deliver(command.result.json, polarline::mergeJson(result));
   if (!command.result.quiet && command.result.json != "-") say(polarline::mergeText(result));
   return kDone;

@@ -62,7 +62,8 @@ int run(Request& request) {
   takeBudget(request);
   requireSeparate({{"-o", request.output}}, request.documents);
   request.options.pictures = !request.no_pictures;
-  if (!request.quiet) request.options.tell = [](const std::string& text) { tell("warning: {}\n", text); };
+  if (!request.quiet)
+    request.options.tell = [](const std::string& text) { tell("warning: {}\n", terminal::onOneLine(text)); };
   if (isOfResults(request)) {
     reportFleet({request.documents[0], request.output, request.pages, request.options, request.quiet});
   } else {

@@ -63,6 +63,12 @@ TEST(PolarText, EveryKeyStandsOnceUnderWhatItMeans) {
   });
 }
 
+TEST(PolarText, ANoteStandsAboveItsKey) {
+  const std::string text = init::polarText({}, "title", {{"f_scale", "room for all dots"}});
+  EXPECT_NE(text.find("\n# Chosen here: room for all dots.\nf_scale: 1\n"), std::string::npos) << text;
+  EXPECT_EQ(text.find("Chosen here"), text.rfind("Chosen here"));
+}
+
 TEST(PolarText, OnlyCommentsKeysAndEmptyLines) {
   std::istringstream lines(init::polarText(unusual(), "title"));
   for (std::string line; std::getline(lines, line);)

@@ -100,6 +100,26 @@ TEST(VerdictWords, SayTheVerdictAndWhy) {
   EXPECT_EQ(verdictText(check), "ERROR: nothing was seen");
 }
 
+TEST(VerdictWords, SayOnceWhyAPairEndedTheRun) {
+  Check check = checkOf({hand_made::pair(0, {0.1}, {}), hand_made::givenUp(hand_made::pair(1, {}, {}))});
+  EXPECT_EQ(endingPair(check), nullptr) << "such a pair need not end a run";
+  EXPECT_EQ(endingText(check), verdictText(check));
+  check.verdict = Verdict::kError;
+  PairCheck& last = check.pairs[1];
+  last.left = "l.png";
+  last.right = "r.png";
+  last.reason.text = "4 dots were found";
+  check.status.code = last.reason.code;
+  check.status.text = "pair 1 (l.png, r.png), which ended the run: 4 dots were found";
+  EXPECT_EQ(endingPair(check), &last);
+  EXPECT_EQ(endingText(check), "ERROR: pair 1 (l.png, r.png) ended the run; why stands in its row.");
+  EXPECT_TRUE(givenUpTexts(check).empty()) << "its advice is the check's";
+  check.pairs.insert(check.pairs.begin(), last);
+  EXPECT_EQ(givenUpTexts(check).size(), 1U) << "another was given up for the same";
+  check.status.text = "another reason";
+  EXPECT_EQ(endingPair(check), nullptr);
+}
+
 TEST(VerdictWords, DoubtAVerdictByDoubtfulInputs) {
   Check check = checkOf({hand_made::pair(0, {0.1}, {})});
   check.limits = {{"dy_means<=1", 0.1, 0, true, ""}};

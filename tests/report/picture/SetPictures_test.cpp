@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <opencv2/imgcodecs.hpp>
 
 #include "MadeDocument.h"
 #include "check/set/Fingerprint.h"
@@ -58,6 +59,19 @@ TEST_F(SetPicturesOf, APairGivenUpAfterTheRectificationShowsTheRectifiedPicture)
   ASSERT_TRUE(unknown.failed);
   EXPECT_EQ(unknown.failed->seen, "left picture");
   EXPECT_THAT(unknown.failed->text, ::testing::HasSubstr("can't be made again"));
+}
+
+/// A picture of three channels ends the run with the second pair, which has no entry then.
+TEST_F(SetPicturesOf, TheRunThatAnEvaluationEndedAreBehindTheLastPair) {
+  EXPECT_FALSE(pictures(checked()).of(2).left) << "it came to its end";
+  set.append("polar.txt", "\ntriangulate_residual_switch: 1\n");
+  const cv::Mat grey = cv::imread(set.file("left_1.png"));
+  cv::imwrite(set.file("left_1.png"), grey);  // Of three channels.
+  const Json document = checked();
+  ASSERT_EQ(document["pairs"].size(), 1U);
+  const SetPictures shown = pictures(document);
+  EXPECT_TRUE(shown.of(1).left && shown.of(1).right && shown.of(1).failed);
+  EXPECT_FALSE(shown.of(2).left);
 }
 
 TEST_F(SetPicturesOf, ChangedOrMissingFilesAreNone) {

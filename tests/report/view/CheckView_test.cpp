@@ -100,6 +100,21 @@ TEST(CheckViewPictures, ThatAreMissingAreTold) {
               HasSubstr("Pictures of 1 pair are not shown"));
 }
 
+TEST(CheckViewEnding, ShowsThePairWithoutAnEntry) {
+  const auto view = [](made_document::Pictures* pictures) {
+    return Json::parse(made_document::view(made_document::check(), {"a", false, 100'000}, pictures).data)["ended_at"];
+  };
+  EXPECT_TRUE(view(made_document::noPictures).is_null());
+  const Json ended = view([](std::size_t place) {
+    PairPictures shown;
+    if (place == 1) shown.left = PagePicture{"data:l", {4, 3}};
+    return shown;
+  });
+  EXPECT_EQ(ended["pictures"]["left"]["source"], "data:l");
+  EXPECT_TRUE(ended["pictures"]["right"].is_null());
+  EXPECT_TRUE(ended["failed_step"].is_null());
+}
+
 TEST(CheckViewCoverage, CountsAllFinishedPairs) {
   Check check = manyPairs();
   check.pairs.resize(3);

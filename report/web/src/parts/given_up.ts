@@ -1,10 +1,31 @@
 import { el } from '../dom/el';
-import type { Picture } from '../page_data';
+import type { PairDetails, Picture } from '../page_data';
 import { terms } from './chip';
 import type { PairScope } from './scope';
 
 export function picture(source: Picture, words: string): HTMLElement {
   return el('img', { src: source.source, width: source.width, height: source.height, alt: words, loading: 'lazy' });
+}
+
+type Shown = Pick<PairDetails, 'pictures' | 'failed_step'>;
+
+/** What the step that failed saw, and both pictures. */
+export function shots({ pictures, failed_step: step }: Shown, names: { left: string; right: string }): HTMLElement[] {
+  const both = (['left', 'right'] as const).flatMap((side): HTMLElement[] => {
+    const shown = pictures[side];
+    if (!shown) return [];
+    const words = `The ${side} picture${names[side] && `, ${names[side]}`}`;
+    return [el('figure', { class: 'card shot' }, el('h3', {}, `The ${side} picture`), picture(shown, words))];
+  });
+  if (!step) return both;
+  const seen = el(
+    'figure',
+    { class: 'card wide shot' },
+    el('h3', {}, `What the step that failed saw: the ${step.seen}`),
+    picture(step, step.text || 'Picture of the step that failed'),
+    el('figcaption', { class: 'sentence' }, step.text),
+  );
+  return [seen, ...both];
 }
 
 /** Why the library gave the pair up, and what the step that failed saw. */
@@ -19,7 +40,6 @@ export function givenUp(scope: PairScope): HTMLElement {
     ['Dots found', pair.found ? `${pair.found.left} left, ${pair.found.right} right` : ''],
   ];
   const step = details?.failed_step;
-  const both = (['left', 'right'] as const).filter((side) => details?.pictures[side]);
   return el(
     'div',
     { class: 'grid' },
@@ -32,21 +52,6 @@ export function givenUp(scope: PairScope): HTMLElement {
       known && known.advice !== '' && el('p', { class: 'advice' }, known.advice),
       terms(facts.filter(([, value]) => value !== '')),
     ),
-    step &&
-      el(
-        'figure',
-        { class: 'card wide shot' },
-        el('h3', {}, `What the step that failed saw: the ${step.seen}`),
-        picture(step, step.text || 'Picture of the step that failed'),
-        el('figcaption', { class: 'sentence' }, step.text),
-      ),
-    ...both.map((side) =>
-      el(
-        'figure',
-        { class: 'card shot' },
-        el('h3', {}, `The ${side} picture`),
-        picture(details!.pictures[side]!, `The ${side} picture, ${pair[side]}`),
-      ),
-    ),
+    ...(details ? shots(details, pair) : []),
   );
 }

@@ -4,6 +4,7 @@ import type { CheckPair } from '../page_data';
 import { bareName, figuresOf, flattened, reasonOfAbsence, shortUnit, valueOf, type Source } from '../text/figures';
 import { beyondWords, brokenBy, brokenWords, type Broken } from '../text/limits';
 import { chip, section } from './chip';
+import { shots } from './given_up';
 import { pairLink, type Scope } from './scope';
 
 /** The figures that some pair has, the main ones first. */
@@ -70,7 +71,9 @@ function endedBehind({ check }: Scope): HTMLElement | null {
   const where = last
     ? `Behind pair ${last.index} the run ended: `
     : 'The run ended with its first pair, or before it: ';
-  return el('p', { class: 'note error' }, where, status.text);
+  const words = el('p', { class: 'note error' }, where, status.text);
+  if (!check.ended_at) return words;
+  return el('div', {}, words, el('div', { class: 'grid' }, ...shots(check.ended_at, { left: '', right: '' })));
 }
 
 /** All pairs with all figures. */
