@@ -15,7 +15,8 @@ def main(folder: str, other: str, page: Optional[str]) -> None:
     for name in polarline.main_figures():
         before, after = own.summary.figures.get(name), new.summary.figures.get(name)
         if before is not None and after is not None:
-            print(f"{name:15} {before.mean:10.4f} -> {after.mean:10.4f} {before.unit if before.unit != "1" else ""}".rstrip())
+            unit = "" if before.unit == "1" else before.unit
+            print(f"{name:15} {before.mean:10.4f} -> {after.mean:10.4f} {unit}".rstrip())
     for label, result in (("own", own), ("other", new)):
         if result.diagnosis is not None:
             print(f"{label}: {result.diagnosis.text}")
