@@ -67,11 +67,13 @@ function correction(diagnosis: Diagnosis): HTMLElement | null {
 
 /** These rows are not those of dy_means, which stands beside them. */
 function ofWhichRows(scope: Scope): string {
+  const isRectified = scope.check.document.cameras.model === 'rectified';
   const centres = hasRefined(scope.check) ? 'refined' : 'detected';
   const more = hasRefined(scope.check)
     ? ' What remains of the centres as the library detected them is more: their own error is in it.'
     : '';
-  return `The rows of this diagnosis are those of the ${centres} centres in the raw pictures; dy_means is measured in the rectified ones.${more}`;
+  const measured = isRectified ? '' : ' in the raw pictures; dy_means is measured in the rectified ones';
+  return `The rows of this diagnosis are those of the ${centres} centres${measured}.${more}`;
 }
 
 /** Why the rows differ: the sentence, then each cause with its error. */
