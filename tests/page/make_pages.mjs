@@ -86,6 +86,8 @@ function ofRuns() {
   check('empty');
   namedByBytes();
   brokenRun();
+  simulate('ring_640_bgr', 'colour', '--pairs', '1');
+  check('colour', '--set', 'triangulate_residual_switch=1');
   simulate('ring_640', 'dense', '--pairs', '1');
   check('dense', '--limit', 'dy_means<=0.05');
 }
@@ -109,7 +111,7 @@ ofRuns();
 altered();
 for (const name of [
   ...['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'many'],
-  ...['limits', 'limits_refined', 'unlimited', 'fisheye', 'broken'],
+  ...['limits', 'limits_refined', 'unlimited', 'fisheye', 'broken', 'colour'],
 ])
   report(name);
 report('two', ['misaligned', 'good']);

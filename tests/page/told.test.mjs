@@ -81,6 +81,22 @@ test('A pair given up says what its status means and what to do', async () => {
   });
 });
 
+test('A pair that an evaluation failed at is shown, although it has no entry', async () => {
+  const document = checkDocument('colour');
+  assert.deepEqual([document.verdict, document.pairs.length], ['error', 0]);
+  await within(pageFile('colour'), {}, async (page) => {
+    assert.match(await textOf(page, '#pairs'), /The run ended with its first pair.*left_0\.png/);
+    const shown = await page.$$eval('#pairs img', (images) =>
+      images.map(({ alt, src }) => [alt, src.startsWith('data:image/jpeg')]),
+    );
+    assert.deepEqual(shown.slice(-2), [
+      ['The left picture', true],
+      ['The right picture', true],
+    ]);
+    assert.equal(shown.length, 3);
+  });
+});
+
 test('A run that ended early says behind which pair, and judges no count', async () => {
   const document = checkDocument('broken');
   assert.deepEqual([document.verdict, document.pairs.length], ['error', 1]);
