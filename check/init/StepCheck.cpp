@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
@@ -89,6 +90,15 @@ bool isOff(double ratio, double error) {
   return off > diagnose::thresholds::kScale && off > diagnose::thresholds::kScaleSure * error;
 }
 
+/// One direction is described wrong and the other is not. A turned camera stretches both, and of a tilted board the one
+/// that leads away from it by another share: by half of that at 45 degrees, which is less than this asks for.
+bool isUneven(const Stretch& stretch) {
+  constexpr double kOneSided = 0.75;
+  const double ratio = stretch.along_row / stretch.down_column;
+  const double most = std::max(std::abs(stretch.along_row - 1.0), std::abs(stretch.down_column - 1.0));
+  return isOff(ratio, std::hypot(stretch.row_error, stretch.column_error)) && std::abs(ratio - 1.0) > kOneSided * most;
+}
+
 /// The scale of the board by where its two poses put the cameras.
 std::optional<double> scaleByPoses(const CalibratedPair& cameras, const BoardDescription& board, const SeenBoard& left,
                                    const SeenBoard& right) {
@@ -116,8 +126,7 @@ std::vector<polarline::Warning> judgeStep(const polarline::Calibration& calibrat
   const CalibratedPair cameras = camerasOf(calibration);
   const auto stretch = stretchOf(placedDots(cameras, board, left, right));
   if (!stretch) return {};
-  const double ratio = stretch->along_row / stretch->down_column;
-  const bool is_uneven = isOff(ratio, std::hypot(stretch->row_error, stretch->column_error));
+  const bool is_uneven = isUneven(*stretch);
   const bool is_scaled =
       isOff(stretch->along_row, stretch->row_error) && isOff(stretch->down_column, stretch->column_error);
   if (!is_uneven && !is_scaled) return {};
