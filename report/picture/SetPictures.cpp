@@ -51,7 +51,8 @@ std::optional<FailedStep> stepOf(const cv::Mat& picture, const Detection& detect
 /// An evaluation that fails ends the run with a pair that has no entry; its pictures are among the inputs, and of those
 /// behind it some may be, too, as they are read ahead.
 std::optional<std::string> endedBehind(const Json& document) {
-  if (!document["status"]["code"].is_null()) return std::nullopt;
+  const auto code = document["status"].find("code");
+  if (code == document["status"].end() || !code->is_null()) return std::nullopt;
   const Json& pairs = document["pairs"];
   const std::size_t last = pairs.empty() ? 0 : pairs.back()["index"].get<std::size_t>() + 1;
   std::optional<std::size_t> next;
