@@ -83,7 +83,8 @@ SetPictures::SetPictures(const Json& document, const std::string& path, const cv
     }
     pairs_.push_back(pair);
   }
-  if (auto behind = endedBehind(document)) pairs_.push_back({std::move(*behind), false, "", ""});
+  // Which evaluation failed is not told; the pictures as they are suit all of them.
+  if (auto behind = endedBehind(document)) pairs_.push_back({std::move(*behind), false, "", "triangulation"});
 }
 
 /// Empty where it can't be had.

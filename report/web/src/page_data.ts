@@ -36,7 +36,10 @@ export interface CheckView {
   /** "2 of 3 pairs finished.", and whether the run ended before its last pair. */
   finished_text: string;
   /** By index in `document.pairs`: what the status says that the pair was given up with; null where there is none. */
-  /** Of the pair at which an evaluation ended the run, which has no entry; null where there is none, or no picture. */
+  /**
+   * Of the pair at which an evaluation ended the run, which has no entry, with what the detector finds in it; null
+   * where there is none, or no picture.
+   */
   ended_at: Pick<PairDetails, 'pictures' | 'failed_step'> | null;
   given_up: ({ name: string; meaning: string; advice: string } | null)[];
   /** Index in `pairs` of the pair to begin with: the worst, else the first finished, else the first; null: no pair. */

@@ -70,7 +70,9 @@ TEST_F(SetPicturesOf, TheRunThatAnEvaluationEndedAreBehindTheLastPair) {
   const Json document = checked();
   ASSERT_EQ(document["pairs"].size(), 1U);
   const SetPictures shown = pictures(document);
-  EXPECT_TRUE(shown.of(1).left && shown.of(1).right && shown.of(1).failed);
+  const PairPictures last = shown.of(1);
+  ASSERT_TRUE(last.left && last.right && last.failed);
+  EXPECT_EQ(last.failed->seen, "left picture");
   EXPECT_FALSE(shown.of(2).left);
 }
 

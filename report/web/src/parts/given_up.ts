@@ -9,8 +9,12 @@ export function picture(source: Picture, words: string): HTMLElement {
 
 type Shown = Pick<PairDetails, 'pictures' | 'failed_step'>;
 
-/** What the step that failed saw, and both pictures. */
-export function shots({ pictures, failed_step: step }: Shown, names: { left: string; right: string }): HTMLElement[] {
+/** What the step that failed saw, or what `seen` says, and both pictures. */
+export function shots(
+  { pictures, failed_step: step }: Shown,
+  names: { left: string; right: string },
+  seen = 'What the step that failed saw: the',
+): HTMLElement[] {
   const both = (['left', 'right'] as const).flatMap((side): HTMLElement[] => {
     const shown = pictures[side];
     if (!shown) return [];
@@ -18,14 +22,14 @@ export function shots({ pictures, failed_step: step }: Shown, names: { left: str
     return [el('figure', { class: 'card shot' }, el('h3', {}, `The ${side} picture`), picture(shown, words))];
   });
   if (!step) return both;
-  const seen = el(
+  const found = el(
     'figure',
     { class: 'card wide shot' },
-    el('h3', {}, `What the step that failed saw: the ${step.seen}`),
+    el('h3', {}, `${seen} ${step.seen}`),
     picture(step, step.text || 'Picture of the step that failed'),
     el('figcaption', { class: 'sentence' }, step.text),
   );
-  return [seen, ...both];
+  return [found, ...both];
 }
 
 /** Why the library gave the pair up, and what the step that failed saw. */
