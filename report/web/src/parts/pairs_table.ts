@@ -73,7 +73,12 @@ function endedBehind({ check }: Scope): HTMLElement | null {
     : 'The run ended with its first pair, or before it: ';
   const words = el('p', { class: 'note error' }, where, status.text);
   if (!check.ended_at) return words;
-  return el('div', {}, words, el('div', { class: 'grid' }, ...shots(check.ended_at, { left: '', right: '' }, 'What is found in the')));
+  return el(
+    'div',
+    {},
+    words,
+    el('div', { class: 'grid' }, ...shots(check.ended_at, { left: '', right: '' }, 'What is found in the')),
+  );
 }
 
 /** All pairs with all figures. */
