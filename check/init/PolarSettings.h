@@ -12,7 +12,7 @@ struct SetFacts {
   int type = 0;  ///< Lens model.
   bool has_colour = false;
   bool is_vertical = false;  ///< One camera above the other.
-  FocalScale focal;
+  FocalScale focal = {};
 };
 
 /// Whether a board has big rings, beside which the library makes dots up. Those lie up to half a pixel off, so that the
