@@ -48,7 +48,7 @@ std::optional<double> timesOf(const LimitRule& rule, double value) {
     const double beyond = rule.is_upper ? judged - rule.bound : rule.bound - judged;
     times = 1.0 + beyond / (rule.bound == 0.0 ? 1.0 : -rule.bound);
   } else if (rule.is_upper) {
-    times = std::abs(value) / rule.bound;
+    times = judged / rule.bound;
   } else {
     times = judged > 0.0 ? rule.bound / judged : kMostTimes;
   }

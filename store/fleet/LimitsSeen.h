@@ -39,8 +39,8 @@ struct LimitsSeen {
 
 LimitsSeen readLimitsSeen(const sqlite::Database& database, const FleetSets& sets);
 
-/// How far a value is towards its bound or beyond it: 1 at the bound, more beyond, at most 1000; none where nobody
-/// measured it or nobody could read the limit.
+/// How far a value is towards its bound or beyond it: 1 at the bound, more beyond, at most 1000, below 0 on the
+/// other side of zero; none where nobody measured it or nobody could read the limit.
 std::optional<double> timesOf(const LimitRule& rule, double value);
 
 }  // namespace polarline::fleet

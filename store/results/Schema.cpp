@@ -18,8 +18,11 @@
 namespace polarline::results {
 namespace {
 
+/// Version 3 has other views, which are made anew after the last step in any case.
+void keepTables(const sqlite::Database& /*database*/) {}
+
 /// The step at place k leads from version k to k + 1.
-constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema, addLimitRules};
+constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema, addLimitRules, keepTables};
 
 std::int64_t versionOf(const sqlite::Database& database) { return database.integer("PRAGMA user_version"); }
 

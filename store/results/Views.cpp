@@ -21,7 +21,7 @@ FROM sets GROUP BY station, day ORDER BY station, day;
 CREATE VIEW judged_limits AS
 SELECT l.set_id, l.text, l.value, l.holds, l.pair, r.figure, r.statistic, r.absolute, r.comparison, r.bound,
   min(1000.0, CASE
-    WHEN r.bound > 0 AND r.comparison IN ('<', '<=') THEN abs(l.value) / r.bound
+    WHEN r.bound > 0 AND r.comparison IN ('<', '<=') THEN iif(r.absolute, abs(l.value), l.value) / r.bound
     WHEN r.bound > 0 AND iif(r.absolute, abs(l.value), l.value) <= 0 THEN 1000.0
     WHEN r.bound > 0 THEN r.bound / iif(r.absolute, abs(l.value), l.value)
     ELSE 1 + (iif(r.absolute, abs(l.value), l.value) - r.bound) * iif(r.comparison IN ('<', '<='), 1, -1) /

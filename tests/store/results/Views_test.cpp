@@ -59,17 +59,17 @@ TEST_F(Views, WorstSetIsTheOneFarthestBeyondItsLimit) {
 /// Limits with the value that was judged, and how far that is, worked out by hand.
 TEST_F(Views, TimesIsHowFarAValueIsTowardsItsBound) {
   polarline::Check many = check({0.15});
-  many.limits = {{"dy_means<=0.5", 0.25, 0, true, "so"},          {"|tri_dis[0]|<=0.5", -1.0, 0, false, "so"},
-                 {"dy_means>=0.5", 0.25, 0, false, "so"},         {"dy_means>=0.5", -1.0, 0, false, "so"},
-                 {"given_up<=0", 3.0, -1, false, "so"},           {"tri_dis[0]<=-2", -3.0, 0, true, "so"},
-                 {"tri_dis[0]>=-2", -3.0, 0, false, "so"},        {"dy_means<=1e-9", 5.0, 0, false, "so"},
-                 {"dy_means<=0.7", std::nullopt, -1, false, "so"}};
+  many.limits = {{"dy_means<=0.5", 0.25, 0, true, "so"},   {"|tri_dis[0]|<=0.5", -1.0, 0, false, "so"},
+                 {"dy_means>=0.5", 0.25, 0, false, "so"},  {"dy_means>=0.5", -1.0, 0, false, "so"},
+                 {"given_up<=0", 3.0, -1, false, "so"},    {"tri_dis[0]<=-2", -3.0, 0, true, "so"},
+                 {"tri_dis[0]>=-2", -3.0, 0, false, "so"}, {"dy_means<=1e-9", 5.0, 0, false, "so"},
+                 {"tri_dis[1]<=0.5", -1.0, 0, true, "so"}, {"dy_means<=0.7", std::nullopt, -1, false, "so"}};
   add(1, many, "1", "2026-01-05T06:00:00Z");
   results.merge(store);
   // In the order of the limits.
   EXPECT_THAT(results.rows("SELECT round(j.times, 9) FROM judged_limits j JOIN limits l USING (set_id, text, value) "
                            "ORDER BY l.position"),
-              ElementsAre("0.5", "2.0", "2.0", "1000.0", "4.0", "0.5", "1.5", "1000.0"));
+              ElementsAre("0.5", "2.0", "2.0", "1000.0", "4.0", "0.5", "1.5", "1000.0", "-2.0"));
   EXPECT_THAT(results.rows("SELECT times FROM judged_limits WHERE text = 'dy_means<=0.7'"), ElementsAre(""));
 }
 
