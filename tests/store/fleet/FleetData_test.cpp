@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -8,6 +9,8 @@
 
 #include "polarline/errors.h"
 #include "store/MadeStore.h"
+#include "support/DocumentCheck.h"
+#include "support/Unprivileged.h"
 
 namespace {
 
@@ -40,7 +43,7 @@ struct FleetData : ::testing::Test {
   }
   json data(const polarline::FleetOptions& options = {"", "2026-02-01T00:00:00Z", ""}) const {
     results.merge(store);
-    return json::parse(polarline::fleetData(results.path(), options));
+    return DocumentCheck::of("fleet").parsed(polarline::fleetData(results.path(), options));
   }
 };
 
@@ -255,6 +258,31 @@ TEST_F(FleetData, LooksIntoFilesForWhatTheyAre) {
   EXPECT_FALSE(polarline::isResultsFile(store.file(name(1)).string()));
   EXPECT_FALSE(polarline::isResultsFile(store.path()));
   EXPECT_FALSE(polarline::isResultsFile(store.path() + "/none"));
+}
+
+TEST_F(FleetData, IsMadeOfResultsInAFolderThatCannotBeWritten) {
+  addFleet();
+  const json before = data();
+  const std::filesystem::path folder = std::filesystem::path(results.path()).parent_path();
+  std::filesystem::permissions(folder, static_cast<std::filesystem::perms>(0555));
+  {
+    const Unprivileged nobody;
+    EXPECT_EQ(json::parse(polarline::fleetData(results.path(), {"", "2026-02-01T00:00:00Z", ""})), before);
+    EXPECT_EQ(polarline::worstDocuments(results.path()).size(), 4U);
+  }
+  std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
+}
+
+/// Of everything that a fleet may say at once, as documents come from many workers.
+TEST(FleetDataSchema, TakesALargeMadeFleet) {
+  const TempFolder folder;
+  const std::string store = folder.file("store");
+  ASSERT_EQ(std::system((PYTHON3 " " FLEET_DOCUMENTS " '" + store + "' --sets 300 --pairs 1 --dots 1").c_str()), 0);
+  const made_store::Results results;
+  results.merge({store});
+  const json fleet = DocumentCheck::of("fleet").parsed(polarline::fleetData(results.path()));
+  EXPECT_EQ(fleet["sets"], 300);
+  for (const char* part : {"causes", "warnings", "broken"}) EXPECT_FALSE(fleet[part]["cell"].empty()) << part;
 }
 
 TEST_F(FleetData, IsRefusedOfADocument) {
