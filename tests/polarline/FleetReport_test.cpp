@@ -34,7 +34,9 @@ struct FleetReport : CommandTest {
   nlohmann::json worst() const {
     const std::string html = set.parent.read("fleet.html");
     const std::size_t begin = html.find('>', html.find("id=\"polarline-data\"")) + 1;
-    return nlohmann::json::parse(html.substr(begin, html.find("</script>", begin) - begin))["fleet"]["worst"];
+    const nlohmann::json data = nlohmann::json::parse(html.substr(begin, html.find("</script>", begin) - begin));
+    EXPECT_EQ(DocumentCheck::of("fleet").problem(data["fleet"]), "");
+    return data["fleet"]["worst"];
   }
   void refused(const std::vector<std::string>& arguments, const std::string& words) const {
     const CommandRun run = this->run(arguments);
@@ -79,6 +81,19 @@ TEST_F(FleetReport, RefusesWhatDoesNotGoTogether) {
   refused({"report", check, results, "-o", page}, "r.sqlite: the results of a fleet have a page of their own");
   refused({"report", results, results, "-o", page}, "r.sqlite: the results of a fleet have a page of their own");
   refused({"report", results, "-o", results}, "-o");
+}
+
+TEST_F(FleetReport, OfResultsInAFolderThatCannotBeWrittenIsMade) {
+  const std::string folder = set.parent.file("fixed");
+  fs::create_directory(folder);
+  fs::rename(results, folder + "/r.sqlite");
+  fs::permissions(folder, static_cast<fs::perms>(0555));
+  fs::permissions(set.parent.path(), fs::perms::all);
+  options.unprivileged = true;
+  const CommandRun run = this->run({"report", folder + "/r.sqlite", "-o", page});
+  EXPECT_EQ(run.exit_code, 0) << run.err;
+  EXPECT_EQ(worst().size(), 1U);
+  fs::permissions(folder, fs::perms::owner_all);
 }
 
 TEST_F(FleetReport, OfPagesThatCannotBeWrittenIsTold) {
