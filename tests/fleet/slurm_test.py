@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""examples/fleet/fleet.sbatch with a Slurm of two nodes: a node dies and comes back, a task is cancelled, one is put back into the queue, the
-store is away for a while; the store ends as that of one worker, and what was merged says so."""
+"""examples/fleet/fleet.sbatch with a Slurm of two nodes: a node dies and comes back, a task is cancelled, one is put back into the queue, one
+runs twice at once, the store is away for a while; the store ends as that of one worker, and what was merged says so."""
 
 import contextlib
 import json
@@ -123,6 +123,20 @@ def asked_to_end():
     check(restarts(array) == [0] and re.search(rf"ArrayJobId={array} .*JobState=CANCELLED", jobs()), "it is cancelled, not begun again")
 
 
+def twice(expected):
+    """The same part of the list twice at once, as where a node that only seemed dead goes on beside the task that took its place."""
+    both = [submit("twice", 1) for _ in range(2)]
+    wait_for(lambda: sum(len(running(array)) for array, _ in both) == 2, "both copies run")
+    for array, merge in both:
+        end_of(array, merge)
+    check_same("twice", expected, "two copies of one task")
+    lines = [json.loads(line) for array, _ in both for line in pathlib.Path(f"polarline-{array}_1.out").read_text().splitlines() if line.startswith("{")]
+    judged = [line["set"] for line in lines if line["state"] == "judged" and line["exit_code"] < 2]
+    check(len(judged) == len(set(judged)), f"no set was judged by both: {sorted(judged)}")
+    check(len(lines) == 2 * (SETS + 1), f"each copy told every set: {len(lines)}")
+    check(sets_of("twice.sqlite") == SETS, "all sets are in the results once, though two merges ran")
+
+
 def wrong_list():
     pathlib.Path("wrong.txt").write_text("base\tno metadata\n")
     array, merge = submit("wrong", 1, "wrong.txt")
@@ -137,7 +151,7 @@ def main():
         expected = one_worker()
         few = pathlib.Path("list.txt").read_text().splitlines()[:FEW + 1]
         pathlib.Path("few.txt").write_text("\n".join(few) + "\n")
-        for step in (lambda: disturbed(expected), asked_to_end, wrong_list):
+        for step in (lambda: disturbed(expected), lambda: twice(expected), asked_to_end, wrong_list):
             begin = time.monotonic()
             step()
             print(f"{time.monotonic() - begin:.1f} s", flush=True)
