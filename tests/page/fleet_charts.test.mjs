@@ -90,6 +90,21 @@ test('Rules that are broken are named with their place', async () => {
   });
 });
 
+test('Of few points the page says what it knows, and calls nothing steady', async () => {
+  const few = checkDocument('fleet_few');
+  assert.ok(few.courses.every(({ minute }) => minute.length < 24));
+  await within(pageFile('fleet_few'), {}, async (page) => {
+    const states = await page.$$eval('[data-state]', (nodes) => nodes.map((node) => node.innerText.trim()));
+    assert.ok(states.length > 20);
+    for (const state of states) assert.match(state, /^(\d+ points, too few|rules? [1-8](, [1-8])*)$/);
+    const sums = await page.$eval('#charts', (node) => node.innerText);
+    assert.match(sums, /\d+ points are too few to tell a drift; 24 are needed/);
+    const findings = await page.$eval('#findings', (node) => node.innerText);
+    assert.doesNotMatch(findings, /Nothing is off:/);
+    assert.match(findings, /fewer than 24 points of some figures: too few to tell a drift|too few to tell a drift; 24/);
+  });
+});
+
 test('Choosing in the lists and following links changes charts and address', async () => {
   await within(pageFile('fleet_line'), {}, async (page) => {
     await page.select('[data-focus=measure]', '1');

@@ -4,6 +4,7 @@ import { fleetOf, madeSets } from './fleet_made.mjs';
 const made = {
   fleet_line: { count: 3000 },
   fleet_one: { count: 1 },
+  fleet_few: { count: 90, days: 6, offDays: 2 },
   fleet_empty: { count: 0 },
   fleet_large: { count: 100_000, days: 120, stations: 12, seed: 11 },
 };
