@@ -22,11 +22,13 @@ constexpr int kLeastSteps = 8;
 constexpr double kRoom = 0.02;
 
 cv::Mat matrixOf(const Camera& camera) {
-  return (cv::Mat_<double>(3, 3) << camera.fx, 0, camera.cx, 0, camera.fy, camera.cy, 0, 0, 1);
+  cv::Mat K = (cv::Mat_<double>(3, 3) << camera.fx, 0, camera.cx, 0, camera.fy, camera.cy, 0, 0, 1);
+  return K;
 }
 
 cv::Mat coefficientsOf(const Camera& camera) {
-  return (cv::Mat_<double>(1, 4) << camera.k[0], camera.k[1], camera.k[2], camera.k[3]);
+  cv::Mat D = (cv::Mat_<double>(1, 4) << camera.k[0], camera.k[1], camera.k[2], camera.k[3]);
+  return D;
 }
 
 Rectification rectified(const polarline::Calibration& calibration, const CalibratedPair& cameras, Size picture,

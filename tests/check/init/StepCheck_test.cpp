@@ -22,7 +22,8 @@ class StepCheck : public testing::Test {
     for (int id = 0; id < 63; ++id) {
       const double along = (id % 9 - 4) * step;
       const double x = along * 0.8660254037844387;
-      const double y = (id / 9 - 3) * step_y;
+      const int row = id / 9;
+      const double y = (row - 3) * step_y;
       const double z = 1000.0 + along * 0.5;
       left_.dots[id] = {320 + 600 * x / z, 240 + 600 * y / z};
       right_.dots[id] = {320 + 600 * (x - 60) / z, 240 + 600 * y / z};
