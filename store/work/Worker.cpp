@@ -72,12 +72,13 @@ void Worker::finish() {
   if (options_.on_set) options_.on_set(last_, outcome_.sets, all_);
 }
 
-/// What is not to be judged again. Of files that can't be read nobody knows whether they are the same as before.
+/// What is not to be judged again. Of files that can't be read nobody knows whether they are the same as before, nor,
+/// of a document as old as the batch, which of both came first: the clock of files ticks some hundred times a second.
 std::optional<StoredDocument> Worker::kept(const Task& task) const {
   if (task.id.empty()) return std::nullopt;
   std::error_code failure;
   const fs::file_time_type written = fs::last_write_time(task.place.document(), failure);
-  if (failure || (options_.again && !done_.contains(task.place.name) && (!began_ || written < *began_)))
+  if (failure || (options_.again && !done_.contains(task.place.name) && (!began_ || written <= *began_)))
     return std::nullopt;
   auto document = readStored(task.place.document());
   if (document && document->retry && !done_.contains(task.place.name)) return std::nullopt;
