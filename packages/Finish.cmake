@@ -38,10 +38,11 @@ endfunction()
 function(finish_development root)
   run(${CPACK_PLP_STRIP} --strip-debug --enable-deterministic-archives ${root}/${CPACK_PLP_LIBDIR}/libpolarline.a)
   file(COPY ${CPACK_PLP_SOURCE}/examples/ DESTINATION ${root}/share/doc/libpolarlineprecision-dev/examples NO_SOURCE_PERMISSIONS
-       FILES_MATCHING PATTERN "check.cpp" PATTERN "row_disparity.cpp")
+       FILES_MATCHING PATTERN "check.cpp" PATTERN "row_disparity.cpp" PATTERN "fleet" EXCLUDE)
 endfunction()
 
 function(finish_polarline root)
+  file(COPY ${CPACK_PLP_SOURCE}/examples/fleet DESTINATION ${root}/share/doc/polarline/examples NO_SOURCE_PERMISSIONS)
   file(GLOB pages ${root}/share/man/man1/*.1)
   compress(${pages})
   file(RENAME ${root}/share/zsh/site-functions ${root}/share/zsh/vendor-completions)  # site-functions is the administrator's.
