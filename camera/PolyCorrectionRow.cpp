@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "input/PolyTables.h"
+#include "platform/WideLoops.h"
 
 // The loops over a block have no branch, so that the compiler makes them work on several points at once.
 
@@ -21,8 +22,8 @@ Coefficients widenedCell(std::span<const float> table, std::size_t cell) {
 }
 
 /// The cell's place along one axis. NaN takes the first cell.
-void placesAlong(std::span<const double> coordinates, double start, double cell_size, std::uint64_t cells,
-                 std::array<std::int32_t, kBlock>& places) {
+PLP_WIDE_LOOPS void placesAlong(std::span<const double> coordinates, double start, double cell_size,
+                                std::uint64_t cells, std::array<std::int32_t, kBlock>& places) {
   const auto last = static_cast<double>(cells - 1);
   for (std::size_t k = 0; k < coordinates.size(); ++k) {
     const double position = (coordinates[k] - start) / cell_size;
@@ -32,7 +33,8 @@ void placesAlong(std::span<const double> coordinates, double start, double cell_
 }
 
 /// The terms of `polyCorrection` in its order and with its roundings.
-void addCorrections(const Coefficients& c, const Coefficients& d, std::span<double> xs, std::span<double> ys) {
+PLP_WIDE_LOOPS void addCorrections(const Coefficients& c, const Coefficients& d, std::span<double> xs,
+                                   std::span<double> ys) {
   for (std::size_t k = 0; k < xs.size(); ++k) {
     const auto x = static_cast<float>(xs[k]);
     const auto y = static_cast<float>(ys[k]);

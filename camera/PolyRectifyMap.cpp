@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <limits>
 #include <opencv2/imgproc.hpp>
+#include <span>
 #include <vector>
 
 #include "camera/RotationMatrix.h"
+#include "platform/WideLoops.h"
 
 namespace {
 
@@ -40,20 +42,31 @@ void sendRays(const cv::Matx33d& inverse, int row, Row& rays) {
   }
 }
 
+PLP_WIDE_LOOPS void divide(std::span<const double> dividends, std::span<const double> divisors,
+                           std::span<double> quotients) {
+  for (std::size_t k = 0; k < quotients.size(); ++k) quotients[k] = dividends[k] / divisors[k];
+}
+
+PLP_WIDE_LOOPS void scaleAndShift(double scale, double shift, std::span<double> values) {
+  for (double& value : values) value = scale * value + shift;
+}
+
+PLP_WIDE_LOOPS void narrow(std::span<const double> values, std::span<float> narrowed) {
+  for (std::size_t k = 0; k < values.size(); ++k) narrowed[k] = static_cast<float>(values[k]);
+}
+
 /// Of the rays that point forward; what it makes of the others is not looked at.
 void followThroughLens(const cv::Matx33d& K, const CameraIntrinsicsBase& camera, const Row& rays, Row& pixels) {
-  for (std::size_t column = 0; column < rays.x.size(); ++column) {
-    pixels.x[column] = rays.x[column] / rays.forward[column];
-    pixels.y[column] = rays.y[column] / rays.forward[column];
-  }
+  divide(rays.x, rays.forward, pixels.x);
+  divide(rays.y, rays.forward, pixels.y);
   camera.AddDistortionToAll({pixels.x, pixels.y});
-  for (std::size_t column = 0; column < rays.x.size(); ++column) {
-    pixels.x[column] = K(0, 0) * pixels.x[column] + K(0, 2);
-    pixels.y[column] = K(1, 1) * pixels.y[column] + K(1, 2);
-  }
+  scaleAndShift(K(0, 0), K(0, 2), pixels.x);
+  scaleAndShift(K(1, 1), K(1, 2), pixels.y);
 }
 
 void sendBackwardsAway(const Row& rays, Row& pixels) {
+  // Sums of one step never turn back: when both ends point forward, all do.
+  if (rays.forward.empty() || (rays.forward.front() > 0.0 && rays.forward.back() > 0.0)) return;
   for (std::size_t column = 0; column < rays.x.size(); ++column) {
     if (rays.forward[column] > 0.0) continue;
     pixels.x[column] = infinityOpposite(rays.x[column]);
@@ -81,9 +94,8 @@ void storeFixed(const Row& pixels, int row, cv::Mat& whole, cv::Mat& remainder) 
 }
 
 void storeFloats(const Row& pixels, int row, cv::Mat& columns, cv::Mat& rows) {
-  const auto narrowed = [](double value) { return static_cast<float>(value); };
-  std::transform(pixels.x.begin(), pixels.x.end(), columns.ptr<float>(row), narrowed);
-  std::transform(pixels.y.begin(), pixels.y.end(), rows.ptr<float>(row), narrowed);
+  narrow(pixels.x, {columns.ptr<float>(row), pixels.x.size()});
+  narrow(pixels.y, {rows.ptr<float>(row), pixels.y.size()});
 }
 
 }  // namespace

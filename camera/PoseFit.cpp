@@ -8,8 +8,8 @@
 namespace {
 
 constexpr std::size_t kFewest = 6;
-constexpr int kSteps = 20;
-constexpr double kSettled = 1e-10;
+constexpr int kPoseSteps = 20;
+constexpr double kPoseSettled = 1e-10;
 constexpr double kFarOff = 4.0;
 constexpr double kLeastOff = 1e-6;  ///< Pixels.
 
@@ -116,7 +116,7 @@ std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const CameraPo
   std::vector<cv::Vec2d> errors(points.size());
   std::vector<double> lengths;
   lengths.reserve(points.size());
-  for (int step = 0; step < kSteps; ++step) {
+  for (int step = 0; step < kPoseSteps; ++step) {
     measureErrors(camera, fitted.pose, points, errors);
     const double limit = limitOf(errors, lengths);
     PoseSums sums;
@@ -137,7 +137,7 @@ std::optional<FittedPose> fitPose(const CalibratedCamera& camera, const CameraPo
     const cv::Vec3d turn(move[0], move[1], move[2]), shift(move[3], move[4], move[5]);
     fitted.pose.R = turnedBy(turn) * fitted.pose.R;
     fitted.pose.T += shift;
-    if (cv::norm(turn) + cv::norm(shift) / cv::norm(fitted.pose.T) < kSettled) break;
+    if (cv::norm(turn) + cv::norm(shift) / cv::norm(fitted.pose.T) < kPoseSettled) break;
   }
   return fitted;
 }

@@ -20,6 +20,11 @@ file(RELATIVE_PATH PLP_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/PolarLinePrecision.pc.in ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/PolarLinePrecision.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
-# The pages that messages and manual pages name.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
-        FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg" PATTERN "*.json" PATTERN "*.csv")
+# The pages that messages and manual pages name, and what they lead to, as it lies in the sources: so their links hold.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/include DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg" PATTERN "*.json" PATTERN "*.csv" PATTERN "*.h" PATTERN "docs/site" EXCLUDE)
+foreach(file IN ITEMS README.md CONTRIBUTING.md SECURITY.md LICENSE examples/check.cpp examples/row_disparity.cpp
+        python/examples/compare_calibrations.py python/examples/plot_residuals.py python/examples/sweep.py report/web/src/page_data.ts)
+  cmake_path(GET file PARENT_PATH folder)
+  install(FILES ${PROJECT_SOURCE_DIR}/${file} DESTINATION ${CMAKE_INSTALL_DOCDIR}/${folder} COMPONENT documentation)
+endforeach()

@@ -52,6 +52,17 @@ std::string rounded(double value, int digits) {
   return withoutZeros(written(value, std::chars_format::fixed, decimals));
 }
 
+std::string withError(double value, double error) {
+  const std::string end = rounded(error, 2);
+  std::string begin = rounded(value, 3);
+  if (isDecimal(value) && isDecimal(error) && error != 0.0) {
+    const std::size_t point = end.find('.');
+    const std::size_t decimals = point == std::string::npos ? 0 : end.size() - point - 1;
+    begin = written(value, std::chars_format::fixed, static_cast<int>(decimals));
+  }
+  return begin + " ± " + end;
+}
+
 std::string exact(double value) { return exactly(value); }
 
 std::string exact(float value) { return exactly(value); }

@@ -9,6 +9,9 @@ namespace plain {
 /// With that many significant digits, zeros at the end left out; whole numbers keep all of theirs.
 std::string rounded(double value, int digits);
 
+/// "3.67 ± 0.12": the error to two digits, and the value ends where its error does.
+std::string withError(double value, double error);
+
 /// With as many digits as read back to the same number.
 std::string exact(double value);
 std::string exact(float value);

@@ -1,8 +1,10 @@
 #include "platform/ProcessIdentity.h"
 
 #include <array>
+#include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <system_error>
 
@@ -74,5 +76,37 @@ bool isGone(const Identity& process) {
 }
 
 #endif
+
+namespace {
+
+std::string hashOf(const std::string& machine) {
+  std::array<char, 16> digits{};
+  char* const end = std::to_chars(digits.begin(), digits.end(), std::hash<std::string>{}(machine), 16).ptr;
+  return {digits.begin(), end};
+}
+
+/// Takes what stands before the next '-' away.
+std::string_view takeField(std::string_view& rest) {
+  const std::size_t end = rest.find('-');
+  const std::string_view field = rest.substr(0, end);
+  rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+  return field;
+}
+
+}  // namespace
+
+std::string inName(const Identity& process) {
+  return std::to_string(process.process) + "-" + hashOf(process.machine) + "-" + process.began;
+}
+
+bool isGoneByName(std::string_view part) {
+  Identity process = own();
+  const std::string_view number = takeField(part);
+  const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), process.process);
+  if (failure != std::errc() || end != number.data() + number.size()) return false;
+  if (takeField(part) != hashOf(process.machine)) return false;
+  process.began = takeField(part);
+  return !process.began.empty() && isGone(process);
+}
 
 }  // namespace process_identity

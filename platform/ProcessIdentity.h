@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Which process this is, so that others can tell whether it still runs.
 namespace process_identity {
@@ -16,5 +17,11 @@ Identity own();
 
 /// Whether a process of this machine is gone; false also for one of which that can't be known from here.
 bool isGone(const Identity& process);
+
+/// A process as a part of a file's name: "PROCESS-MACHINE-BEGAN", the machine as hexadecimal digits.
+std::string inName(const Identity& process);
+
+/// The same of what begins with such a part.
+bool isGoneByName(std::string_view part);
 
 }  // namespace process_identity

@@ -7,14 +7,15 @@
 #include <random>
 #include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "platform/ProcessIdentity.h"
 #include "polarline/errors.h"
 
 #if defined(_WIN32)
 #include <io.h>
-#include <process.h>
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -40,10 +41,12 @@ std::string textOf(int error) { return std::generic_category().message(error); }
 
 std::string nameOf(const fs::path& path) { return path.string(); }
 
-/// Processes of two machines may bear one number.
-const std::string& ownToken() {
-  static const std::string token = std::to_string(std::random_device()());
-  return token;
+constexpr std::string_view kPartial = ".partial-";
+
+/// One process may hold two copies of this library.
+unsigned copyOfLibrary() {
+  static const unsigned number = std::random_device()();
+  return number;
 }
 
 fs::path withoutLastSeparator(const fs::path& place) { return place.has_filename() ? place : place.parent_path(); }
@@ -92,14 +95,19 @@ void removeAndForget(const fs::path& path) {
 
 fs::path beside(const fs::path& place) {
   static std::atomic<unsigned> count{0};
-#if defined(_WIN32)
-  const int process = _getpid();
-#else
-  const int process = getpid();
-#endif
   fs::path name = place.filename();
-  name += ".partial-" + std::to_string(process) + "-" + ownToken() + "-" + std::to_string(count++);
+  // Asked anew each time: a process that was forked off is another.
+  name += std::string(kPartial) + process_identity::inName(process_identity::own()) + "-" +
+          std::to_string(copyOfLibrary()) + "-" + std::to_string(count++);
   return place.parent_path() / name;
+}
+
+bool isPartial(const fs::path& path) { return path.filename().string().find(kPartial) != std::string::npos; }
+
+bool isAbandoned(const fs::path& path) {
+  const std::string name = path.filename().string();
+  const std::size_t mark = name.rfind(kPartial);
+  return mark != std::string::npos && process_identity::isGoneByName(name.substr(mark + kPartial.size()));
 }
 
 void addUnfinished(const fs::path& path) {

@@ -60,6 +60,13 @@ class PartialFolder {
 /// A name beside the place that nobody else has, neither another process nor one of another machine.
 std::filesystem::path beside(const std::filesystem::path& place);
 
+/// Whether a path is such a name, by whichever process.
+bool isPartial(const std::filesystem::path& path);
+
+/// Whether it is such a name of a process of this machine that has ended. What another machine made never is, nor what
+/// a living process did.
+bool isAbandoned(const std::filesystem::path& path);
+
 /// A path that is to go when the process ends at a signal, though it is not one of the above; and one that need not.
 void addUnfinished(const std::filesystem::path& path);
 void forgetUnfinished(const std::filesystem::path& path);

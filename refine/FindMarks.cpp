@@ -15,7 +15,7 @@ namespace {
 
 using polarline::DotState;
 
-constexpr std::size_t kSampledDots = 40;
+constexpr std::size_t kSampledDots = 24;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
 constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
@@ -105,6 +105,13 @@ bool looksPlain(const GreyPicture& picture, const MarkLook& look, const DotWork&
   return look.sign * (outside - inside) > wanted && look.sign * (farther - inside) > wanted;
 }
 
+/// What will be read of the picture.
+void fetchPlain(const GreyPicture& picture, const MarkLook& look, const DotWork& dot) {
+  if (!(look.radius > 0.0) || !dot.slope_known) return;
+  const Outline outline = outlineOfCircle(dot.place->pixel, dot.J, look.radius);
+  picture.fetch(outline.centre, outline.halfBox() + cv::Point2d(3.0, 3.0));
+}
+
 void findOutline(const GreyPicture& picture, double sign, DotWork& dot) {
   const double scale = std::sqrt(std::abs(cv::determinant(dot.J)));
   const double inner = dot.edges > 1 ? 0.5 * (dot.radii[0] - dot.radii[1]) : 0.6 * dot.radii[0];
@@ -187,7 +194,9 @@ MarkLook findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {
   MarkLook look = lookOf(dots, sample, all);
   look.reach = reach;
   measurePlain(picture, sample, dots, look);
-  for (DotWork& dot : dots) {
+  for (std::size_t k = 0; k < dots.size(); ++k) {
+    DotWork& dot = dots[k];
+    if (k + 1 < dots.size()) fetchPlain(picture, look, dots[k + 1]);
     if (looksPlain(picture, look, dot)) {
       assumePlain(look, dot);
     } else {

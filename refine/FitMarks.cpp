@@ -13,7 +13,7 @@ namespace {
 using polarline::DotState;
 
 /// Marks that tell noise, light and blur of the picture.
-constexpr std::size_t kSampledMarks = 40;
+constexpr std::size_t kSampledMarks = 32;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
@@ -30,12 +30,13 @@ class Sorted {
   explicit Sorted(const std::vector<DotWork>& dots) : dots_(dots) {
     for (std::size_t k = 0; k < dots.size(); ++k) {
       if (!dots[k].outline) continue;
-      order_.push_back(k);
-      const cv::Point2d half = dots[k].bestOutline().halfBox();
+      const Outline& outline = dots[k].bestOutline();
+      order_.push_back({k, outline.centre});
+      const cv::Point2d half = outline.halfBox();
       widest_ = std::max({widest_, half.x, half.y});
       softest_ = std::max(softest_, dots[k].blur);
     }
-    std::sort(order_.begin(), order_.end(), [&](std::size_t a, std::size_t b) { return xOf(a) < xOf(b); });
+    std::sort(order_.begin(), order_.end(), [](const Mark& a, const Mark& b) { return a.centre.x < b.centre.x; });
   }
 
   /// Marks whose edges come near to those of the k-th.
@@ -46,12 +47,11 @@ class Sorted {
     const double room = kNear * softest_ + 2.0;
     const double farthest = std::max(own.halfBox().x, own.halfBox().y) + widest_ + room;
     const auto first = std::lower_bound(order_.begin(), order_.end(), own.centre.x - farthest,
-                                        [&](std::size_t a, double x) { return xOf(a) < x; });
-    for (auto at = first; at != order_.end() && xOf(*at) <= own.centre.x + farthest; ++at) {
-      if (*at == k) continue;
-      const DotWork& other = dots_[*at];
+                                        [](const Mark& a, double x) { return a.centre.x < x; });
+    for (auto at = first; at != order_.end() && at->centre.x <= own.centre.x + farthest; ++at) {
+      if (at->number == k || std::abs(at->centre.y - own.centre.y) > farthest) continue;
+      const DotWork& other = dots_[at->number];
       const Outline& outline = other.bestOutline();
-      if (std::abs(outline.centre.y - own.centre.y) > farthest) continue;
       const double gap = edgePlace(own, outline.centre.x, outline.centre.y).outside();
       if (gap < std::max(outline.halfBox().x, outline.halfBox().y) + room)
         result.push_back({outline, blur > 0.0 ? blur : other.blur});
@@ -59,10 +59,13 @@ class Sorted {
   }
 
  private:
-  double xOf(std::size_t k) const { return dots_[k].bestOutline().centre.x; }
+  struct Mark {
+    std::size_t number;
+    cv::Point2d centre;  ///< As it was when all were sorted.
+  };
 
   const std::vector<DotWork>& dots_;
-  std::vector<std::size_t> order_;
+  std::vector<Mark> order_;
   double widest_ = 0.0, softest_ = 0.0;
 };
 
@@ -81,6 +84,14 @@ EdgeModel modelOf(const DotWork& dot, const PictureState& known) {
   model.light_origin = dot.place->pixel;
   model.light = known.light.slopeAt(dot.place->pixel);
   return model;
+}
+
+/// What will be read of the picture.
+void fetchEdge(const GreyPicture& picture, const DotWork& dot) {
+  if (!dot.outline) return;
+  const Outline& outline = dot.bestOutline();
+  const double reach = kEdgeReach * dot.blur + 1.0;
+  picture.fetch(outline.centre, outline.halfBox() + cv::Point2d(reach, reach));
 }
 
 /// Why the pixels do not do for a fit; `kRefined` where they do.
@@ -185,7 +196,9 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
   work.noise = known.noise;
   work.sampled = known.sampled ? &*known.sampled : nullptr;
   std::vector<Neighbour> neighbours;
-  for (const std::size_t k : which) {
+  for (std::size_t next = 0; next < which.size(); ++next) {
+    const std::size_t k = which[next];
+    if (next + 1 < which.size()) fetchEdge(picture, dots[which[next + 1]]);
     DotWork& dot = dots[k];
     if (!dot.outline) continue;
     sorted.neighboursOf(k, known.blur, neighbours);
@@ -212,10 +225,10 @@ PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots
   const NoiseLevel noise = noiseOf(picture, greysOf(dots), dots);
   const double misfit_of_lens = misfitOf(dots);
   known.sampled.emplace(greys.blur, greys.radius);
+  known.pixels = PixelChoice::kWhatTells;
   fitMarks(picture, known, sample, dots);
   if (misfitOf(dots) >= misfit_of_lens) known.sampled.reset();
   known.noise = noise;
-  known.pixels = PixelChoice::kWhatTells;
   return known;
 }
 

@@ -5,32 +5,12 @@
 #include <cmath>
 #include <iterator>
 
+#include "platform/Utf8.h"
+
 namespace polarline {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-/// Bytes of the UTF-8 character that begins there (RFC 3629); 0 where none does.
-std::size_t utf8Length(std::string_view text) {
-  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
-  const auto follows = [&](std::size_t k, unsigned low = 0x80U, unsigned high = 0xBFU) {
-    return k < text.size() && byte(k) >= low && byte(k) <= high;
-  };
-  const unsigned lead = byte(0);
-  if (lead < 0x80U) return 1;
-  if (lead >= 0xC2U && lead <= 0xDFU) return follows(1) ? 2 : 0;
-  if (lead >= 0xE0U && lead <= 0xEFU) {
-    const unsigned low = lead == 0xE0U ? 0xA0U : 0x80U;   // Shorter forms exist.
-    const unsigned high = lead == 0xEDU ? 0x9FU : 0xBFU;  // Surrogates are no characters.
-    return follows(1, low, high) && follows(2) ? 3 : 0;
-  }
-  if (lead >= 0xF0U && lead <= 0xF4U) {
-    const unsigned low = lead == 0xF0U ? 0x90U : 0x80U;
-    const unsigned high = lead == 0xF4U ? 0x8FU : 0xBFU;
-    return follows(1, low, high) && follows(2) && follows(3) ? 4 : 0;
-  }
-  return 0;
-}
 
 /// The fewest digits that read back to the number. Readers take "-0" for a whole number, which has no such thing.
 template <typename Number>
@@ -41,7 +21,7 @@ std::string shortest(Number number) {
 void appendQuoted(std::string& out, std::string_view text) {
   out += '"';
   while (!text.empty()) {
-    const std::size_t length = utf8Length(text);
+    const std::size_t length = utf8::length(text);
     const char first = text[0];
     if (length == 0) {
       out += kReplacement;

@@ -82,7 +82,8 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
     {"few_refined", "few_refined",
      "Less than half of a picture's dots could be refined; the others stand where they were detected, in the refined "
      "figures, too.",
-     "Bring the whole board into view, sharp and without glare; a dot should be some 10 pixels wide."},
+     "Bring the whole board into view, sharp and without glare; a dot should be about 10 pixels wide in pictures of up "
+     "to 640 columns, 13 up to 2047, and from 2048 on 20 of rings or 25 of big dots."},
 
     {"dots_too_small", "dots_too_small", "The dots are smaller in the picture than the detector is sure of.",
      "Move the board nearer, or take a board with fewer and larger dots."},

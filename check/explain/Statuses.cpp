@@ -22,12 +22,17 @@ constexpr auto kStatuses = std::to_array<Entry>({
      "Write or copy the file again."},
     {"4098", "not_supported", "The binary calibration file is of a form that is not read, or is cut off.",
      "Compare it with docs/formats/calibration_binary.md."},
-    {"-1", "no_core", "There was no memory for the run.", "Close other programs and run it again."},
+    {"-1", "no_core",
+     "There was no memory for the run; of the computation of compensation coefficients: the polar "
+     "configuration could not be read.",
+     "Close other programs and run it again."},
     {"-2", "compensation_calibration", "The computation of compensation coefficients could not read the calibration.",
      "See docs/formats/calibration_json.md."},
     {"-3", "compensation_list", "The computation of compensation coefficients could not read the image list.",
      "See docs/formats/image_list.md."},
-    {"-4", "calibration_unreadable", "The JSON calibration does not open or has no pair of cameras.",
+    {"-4", "calibration_unreadable",
+     "The JSON calibration does not open or has no pair of cameras; of the computation of compensation coefficients, "
+     "behind its inputs: it failed.",
      "It needs IR_L, IR_R and RGB, or DEPTH and RGB: see docs/formats/calibration_json.md."},
     {"-5", "target_unusable", "The description of the board could not be loaded.",
      "See docs/formats/target_configuration.md."},
@@ -66,6 +71,8 @@ constexpr auto kStatuses = std::to_array<Entry>({
      "Switch on what is wanted, such as dy_bias_switch: 1; in a frame run name points and distances (Frame_ID, "
      "Frame_3D, "
      "Frame_IRL, Frame_IRR, Frame_ID_DIS)."},
+    {"no_diagnosis", "no_diagnosis", "The run has no row differences to diagnose.",
+     "Diagnose a set of raw or rectified pairs: frames have no row differences."},
     {"output", "not_written", "A result could not be written.",
      "Check that the folder is there, may be written and has space left."},
 });

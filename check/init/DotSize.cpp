@@ -24,6 +24,11 @@ double leastPitchOfRings(int width) {
   return width <= 640 ? 8.7 : 21.0;
 }
 
+/// In pictures that are searched as they are, of smaller big dots' dots many are lost, pixels. Measured on rendered
+/// boards.
+constexpr double kLeastAsItIs = 5.7;
+bool isSearchedAsItIs(int width) { return width > 640 && width < 2048; }
+
 std::string limitsText(const DotRange& limits, int width) {
   return fmt::format("in pictures {} pixels wide dots of {:.1f} to {:.1f} pixels radius are found on such a board",
                      width, limits.least, limits.most);
@@ -57,6 +62,7 @@ std::optional<DotRange> dotLimits(const BoardDescription& board, int width) {
   if (range.most == 0.0) return std::nullopt;
   const bool has_small_rings = board.kind == BoardKind::kSmallRings || board.kind == BoardKind::kMixedRings;
   if (has_small_rings) range.least = std::max(range.least, leastPitchOfRings(width) * board.dot_radius);
+  if (isSearchedAsItIs(width)) range.least = std::max(range.least, kLeastAsItIs);
   return range;
 }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/PlainNumber.h"
+#include "platform/Printable.h"
 #include "polarline/init.h"
 
 namespace polarline {
@@ -27,7 +28,7 @@ std::string found(const MadeSet& set) {
 std::string aloneText(const std::vector<std::string>& names, const char* side) {
   std::string text;
   for (std::size_t k = 0; k < std::min(names.size(), kMostNamed); ++k)
-    text += fmt::format("Alone        {} {}\n", side, names[k]);
+    text += fmt::format("Alone        {} {}\n", side, plain::onOneLine(names[k]));
   if (names.size() > kMostNamed) text += fmt::format("Alone        {} and {} more\n", side, names.size() - kMostNamed);
   return text;
 }
@@ -42,7 +43,7 @@ std::string filesText(const MadeSet& set) {
     else
       names += (names.empty() ? "" : ", ") + name;
   }
-  return fmt::format("Wrote        {}: {}{}\n", set.folder, names,
+  return fmt::format("Wrote        {}: {}{}\n", plain::onOneLine(set.folder), names,
                      pictures == 0 ? "" : fmt::format(", and {} pictures", pictures));
 }
 
@@ -56,9 +57,11 @@ std::string initText(const MadeSet& set) {
   text += found(set);
   text += fmt::format("Calibration  {}, {}, baseline {} board units\n", set.calibration_format, set.model,
                       plain::rounded(set.baseline, 6));
-  for (const std::string& guess : set.guesses) text += fmt::format("Guessed      {}\n", sentence(guess));
+  for (const std::string& guess : set.guesses)
+    text += fmt::format("Guessed      {}\n", plain::onOneLine(sentence(guess)));
   for (const Warning& warning : set.warnings)
-    text += fmt::format("Warning      {}: {} {}\n", warning.code, sentence(warning.text), sentence(warning.advice));
+    text += fmt::format("Warning      {}: {} {}\n", warning.code, plain::onOneLine(sentence(warning.text)),
+                        plain::onOneLine(sentence(warning.advice)));
   text += filesText(set);
   return text + fmt::format("Next         {}", set.next);
 }

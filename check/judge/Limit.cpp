@@ -119,6 +119,10 @@ std::string judgedName(const Limit& limit) {
   return limit.entry ? givenName(limit) + "[" + std::to_string(*limit.entry) + "]" : givenName(limit);
 }
 
+bool isUpper(const Limit& limit) {
+  return limit.comparison == Limit::Comparison::kLess || limit.comparison == Limit::Comparison::kLessOrEqual;
+}
+
 bool holds(const Limit& limit, double value) {
   const double judged = limit.is_absolute ? std::abs(value) : value;
   switch (limit.comparison) {

@@ -30,6 +30,9 @@ Limit parseLimit(const std::string& text);
 /// The figure or entry that the limit judges in its own words: `refined.dy_means`, `tri_dis[0]`.
 std::string judgedName(const Limit& limit);
 
+/// Whether the limit says what a number has to stay below.
+bool isUpper(const Limit& limit);
+
 /// Whether the number keeps the limit; what is no number does not.
 bool holds(const Limit& limit, double value);
 

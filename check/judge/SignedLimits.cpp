@@ -12,10 +12,6 @@
 namespace polarline {
 namespace {
 
-bool isUpper(const Limit& limit) {
-  return limit.comparison == Limit::Comparison::kLess || limit.comparison == Limit::Comparison::kLessOrEqual;
-}
-
 /// Another limit holds the same number from the other side, or its size.
 bool isClosedBy(const Limit& limit, const Limit& other) {
   const bool is_same = limit.figure == other.figure && limit.statistic == other.statistic &&

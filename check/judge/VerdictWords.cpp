@@ -35,9 +35,11 @@ constexpr double kBeyondColumns = 1e10;
 
 double farthest(const FigureSummary& summary) { return std::max(std::abs(summary.min), std::abs(summary.max)); }
 
-/// The value with its standard error behind it, where there is one.
+/// The value with its standard error behind it, where there is one that is more than the rounding of sums.
 std::string withError(double value, double error) {
-  return std::isfinite(error) ? fmt::format("{} ± {}", figureText(value), figureText(error)) : figureText(value);
+  constexpr double kRounding = 1e-12;
+  const bool is_told = std::isfinite(error) && (error == 0.0 || error > kRounding * std::abs(value));
+  return is_told ? fmt::format("{} ± {}", figureText(value), figureText(error)) : figureText(value);
 }
 
 double errorOf(const FigureUncertainty* uncertainty) {
@@ -69,9 +71,9 @@ std::string counted(std::size_t count, const char* noun) {
 }
 
 /// Warnings that make one doubt whether the figures are those of these cameras and this board.
-constexpr std::array<std::string_view, 7> kDoubts = {"board_size",     "sides_exchanged", "baseline_unit",
-                                                     "scale_wrong",    "board_mismatch",  "calibration_mismatch",
-                                                     "pair_stands_out"};
+constexpr std::array<std::string_view, 8> kDoubts = {"board_size",      "sides_exchanged", "baseline_unit",
+                                                     "scale_wrong",     "board_mismatch",  "calibration_mismatch",
+                                                     "pair_stands_out", "lenses_exchanged"};
 
 std::string doubtText(const Check& check) {
   for (const Warning& warning : check.warnings) {

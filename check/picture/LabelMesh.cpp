@@ -9,7 +9,6 @@
 
 namespace {
 
-using polarline::Detection;
 using polarline::Dot;
 
 constexpr std::array<int, 7> kMeshes = {1, 2, 5, 10, 20, 50, 100};
@@ -17,7 +16,7 @@ constexpr std::array<int, 7> kMeshes = {1, 2, 5, 10, 20, 50, 100};
 constexpr std::size_t kMostIds = 1000;
 
 /// Median distance of two dots that follow one another in a row; 0 without any.
-double pitchOf(const Detection& detection) {
+double pitchOf(const polarline::Detection& detection) {
   std::vector<double> distances;
   for (std::size_t i = 1; i < detection.dots.size(); ++i) {
     const Dot& before = detection.dots[i - 1];
@@ -42,7 +41,7 @@ bool isCorner(const polarline::DetectedBoard& board, const Dot& dot) {
 
 }  // namespace
 
-std::vector<const Dot*> labelledDots(const Detection& detection, const cv::Size2d& id_size) {
+std::vector<const Dot*> labelledDots(const polarline::Detection& detection, const cv::Size2d& id_size) {
   const int mesh = meshFor(detection.dots.size(), pitchOf(detection), std::max(id_size.width, id_size.height));
   std::vector<const Dot*> corners;
   std::vector<const Dot*> others;

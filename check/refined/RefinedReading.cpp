@@ -13,7 +13,7 @@
 namespace polarline {
 namespace {
 
-constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+constexpr float kUnknown = std::numeric_limits<float>::quiet_NaN();
 
 using DotsById = std::map<std::int32_t, const RefinedDot*>;
 
@@ -32,7 +32,7 @@ struct Side {
 };
 
 void fillSide(const std::vector<std::int32_t>& ids, const DotsById& dots, const Side& side) {
-  for (auto* list : {&side.sd_x, &side.sd_y}) list->assign(ids.size(), kNone);
+  for (auto* list : {&side.sd_x, &side.sd_y}) list->assign(ids.size(), kUnknown);
   side.state.assign(ids.size(), DotState::kUnclear);
   for (std::size_t k = 0; k < ids.size(); ++k) {
     const auto found = dots.find(ids[k]);

@@ -141,11 +141,13 @@ void SetCheck::runWith(OutFolder& out) {
     explainPictures(*pictures_, inputs_.set.list, check_);
     return;
   }
+  // Also of a run that a pair ended, its files are what an export leaves.
+  const bool has_run = check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure;
   if (check_.status.exit_code == kDone) check_.status = nothingMeasured(check_, inputs_).value_or(check_.status);
   if (check_.status.exit_code == kNoFigure && !check_.pairs.empty())
     check_.status = wantedBeyondBoard(check_, inputs_).value_or(check_.status);
   if (check_.status.exit_code == kNoFigure && !check_.pairs.empty()) nameLastPair(check_, pictures_->pairs());
-  if (check_.status.exit_code == kDone || check_.status.exit_code == kNoFigure) out.commit();
+  if (has_run) out.commit();
 }
 
 void SetCheck::endWith(const std::exception& error) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "PolarLinePrecision/BoardRecords.h"
+#include "check/judge/Limit.h"
 #include "input/PolarConfig.h"
 #include "polar/run/CropOrigin.h"
 
@@ -30,10 +31,6 @@ std::map<std::string, double> ownFigures(const PairCheck& pair) {
     if (pair.finished && !figure.is_list && !figure.values.empty()) figures.emplace(figure.name, figure.values[0]);
   }
   return figures;
-}
-
-bool isUpper(const Limit& limit) {
-  return limit.comparison == Limit::Comparison::kLess || limit.comparison == Limit::Comparison::kLessOrEqual;
 }
 
 }  // namespace

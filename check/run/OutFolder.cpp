@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void require(const std::error_code& failure, const fs::path& path) {
+void requireDone(const std::error_code& failure, const fs::path& path) {
   if (failure) throw OutputError(path.string(), failure.message());
 }
 
@@ -39,7 +39,7 @@ void moveInto(const fs::path& from, const fs::path& out) {
     const fs::path relative = fs::relative(entry.path(), from);
     if (entry.is_directory()) {
       fs::create_directories(out / relative, failure);
-      require(failure, out / relative);
+      requireDone(failure, out / relative);
     } else {
       files.push_back(relative);
     }
@@ -49,7 +49,7 @@ void moveInto(const fs::path& from, const fs::path& out) {
   for (const fs::path& relative : files) places.push_back(freePlaceOf(relative, out));
   for (std::size_t k = 0; k < files.size(); ++k) {
     fs::rename(from / files[k], places[k], failure);
-    require(failure, places[k]);
+    requireDone(failure, places[k]);
   }
 }
 
@@ -83,7 +83,7 @@ void OutFolder::commit() {
     throw OutputError(out_.string(), "the files of the run could not be written; is there space left?");
   std::error_code failure;
   fs::create_directory(out_, failure);
-  require(failure, out_);
+  requireDone(failure, out_);
   moveInto(partial_->path(), fs::absolute(out_));
 }
 

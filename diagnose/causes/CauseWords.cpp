@@ -146,8 +146,7 @@ std::string clause(CauseKind kind, double value) {
 
 std::string clause(CauseKind kind, double value, double sd) {
   const Words& words = wordsOf(kind);
-  const std::string size =
-      fmt::format("{} ± {}", plain::rounded(std::abs(value) * words.scale, 3), plain::rounded(sd * words.scale, 2));
+  const std::string size = plain::withError(std::abs(value) * words.scale, sd * words.scale);
   const std::string text = fmt::format(fmt::runtime(value < 0.0 ? words.less : words.more), size);
   return std::abs(value) >= kSure * sd ? text
                                        : text + ", which these pictures leave unsure: take some at two distances";

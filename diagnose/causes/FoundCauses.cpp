@@ -1,6 +1,5 @@
 #include "diagnose/causes/FoundCauses.h"
 
-#include <Eigen/LU>
 #include <cmath>
 
 namespace {

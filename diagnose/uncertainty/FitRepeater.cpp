@@ -34,7 +34,7 @@ FitRepeater::FitRepeater(const PairEvaluator& evaluator, const DotScene& raw, co
   const Eigen::Matrix3Xd placed = (motion.R * truth).colwise() + motion.t;
   residual_ = placed - positions;
   fitted_ = placed.colwise() - placed.rowwise().mean();
-  const Eigen::Matrix3d spread = fitted_ * fitted_.transpose();
+  const Eigen::Matrix3d spread = fitted_.lazyProduct(fitted_.transpose());
   to_turn_ = (spread.trace() * Eigen::Matrix3d::Identity() - spread).inverse();
 
   const PairFigures& seen = evaluator.figures;

@@ -32,7 +32,7 @@ struct Source {
 NoiseBlocks::NoiseBlocks(const CentreNoise& noise, int columns)
     : shifts_(shiftsOf(noise)),
       grid_(idsOf(noise), columns),
-      covariance_(shifts_ * shifts_.transpose() / static_cast<double>(shifts_.cols())) {}
+      covariance_(shifts_.lazyProduct(shifts_.transpose()) / static_cast<double>(shifts_.cols())) {}
 
 void NoiseBlocks::draw(const BoardGrid& grid, SeededRandom& random, Eigen::Matrix2Xd& shifts) const {
   int rows = 0;

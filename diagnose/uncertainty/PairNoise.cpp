@@ -1,6 +1,6 @@
 #include "diagnose/uncertainty/PairNoise.h"
 
-#include <Eigen/Dense>
+#include <Eigen/LU>
 #include <cmath>
 
 #include "diagnose/uncertainty/LocalTrend.h"
@@ -11,22 +11,32 @@ constexpr std::size_t kLeastDots = 6;
 
 using Side = cv::Point2f SharedDot::*;
 
+/// Below it the centres lie on a line: area that they span by that of a round cloud of their extent.
+constexpr double kLeastArea = 1e-12;
+
 /// The linear part of the map that takes the measured centres closest to the dots.
 std::optional<Eigen::Matrix2d> mapOnto(const std::vector<SharedDot>& dots, Side side, const CentreNoise& measured) {
-  Eigen::MatrixX3d from(static_cast<Eigen::Index>(dots.size()), 3);
-  Eigen::MatrixX2d to(static_cast<Eigen::Index>(dots.size()), 2);
+  Eigen::Matrix2Xd from(2, static_cast<Eigen::Index>(dots.size()));
+  Eigen::Matrix2Xd to(2, static_cast<Eigen::Index>(dots.size()));
   Eigen::Index shared = 0;
   for (const SharedDot& dot : dots) {
     const auto found = measured.find(dot.id);
     if (found == measured.end()) continue;
-    from.row(shared) << found->second.centre[0], found->second.centre[1], 1.0;
-    to.row(shared++) << (dot.*side).x, (dot.*side).y;
+    from.col(shared) << found->second.centre[0], found->second.centre[1];
+    to.col(shared++) << (dot.*side).x, (dot.*side).y;
   }
   if (shared < static_cast<Eigen::Index>(kLeastDots)) return std::nullopt;
-  const Eigen::ColPivHouseholderQR<Eigen::MatrixX3d> solver(from.topRows(shared));
-  if (solver.rank() < 3) return std::nullopt;
-  const Eigen::Matrix<double, 3, 2> map = solver.solve(to.topRows(shared));
-  return map.topRows<2>().transpose();
+  const Eigen::Vector2d from_mean = from.leftCols(shared).rowwise().mean();
+  const Eigen::Vector2d to_mean = to.leftCols(shared).rowwise().mean();
+  Eigen::Matrix2d spread = Eigen::Matrix2d::Zero();
+  Eigen::Matrix2d common = Eigen::Matrix2d::Zero();
+  for (Eigen::Index k = 0; k < shared; ++k) {
+    const Eigen::Vector2d way = from.col(k) - from_mean;
+    spread += way * way.transpose();
+    common += (to.col(k) - to_mean) * way.transpose();
+  }
+  if (!(spread.determinant() > kLeastArea * spread.trace() * spread.trace())) return std::nullopt;
+  return common * spread.inverse();
 }
 
 CentreNoise scatterOf(const std::vector<SharedDot>& dots, Side side, int columns) {

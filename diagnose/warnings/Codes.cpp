@@ -23,6 +23,10 @@ const warnings::Table& warningCodes() {
       {"calibration_mismatch", "The board's image through the calibrated lens does not meet the dots in the pictures.",
        "Take the calibration of these cameras, made with pictures of the same size, cut and orientation; type of the "
        "polar configuration must name its lens model."},
+      {"lenses_exchanged",
+       "The dots of both pictures meet the board better through the lens of the other camera than through their own.",
+       "Exchange the lenses of the two cameras (IR_L and IR_R) in the calibration, and leave its pose, which is that "
+       "of the pictures."},
       {"principal_point", "The middle of the lens lies far from the middle of the pictures.",
        "Look whether the calibration was made for pictures of this size."},
       {"fisheye_raw_pair",

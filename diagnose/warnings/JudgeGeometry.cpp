@@ -80,6 +80,28 @@ std::optional<polarline::Warning> judgeMisfits(const CalibratedPair& cameras, co
   return told(is_board ? "board_mismatch" : "calibration_mismatch", findings, looks.size());
 }
 
+/// A picture that its own camera's lens meets worse than the other's.
+bool isOfOtherLens(const SideLook& side) {
+  return side.place && side.other_lens && *side.other_lens < thresholds::kOtherLens * side.place->rms;
+}
+
+/// Lenses that are so in every picture: a single one may be spoilt.
+std::optional<polarline::Warning> judgeLenses(const Looks& looks) {
+  std::vector<Finding> findings;
+  for (const PairLook& pair : looks) {
+    const SideLook &left = pair.sides[0], &right = pair.sides[1];
+    if (!left.place || !right.place) continue;
+    if (!isOfOtherLens(left) || !isOfOtherLens(right)) return std::nullopt;
+    const auto text = [](double pixels) { return plain::rounded(pixels, 2); };
+    findings.push_back(
+        {pair.index, Finding::kPair, left.place->rms + right.place->rms,
+         fmt::format("Through its own lens the board misses the dots by {} pixels in the left picture and {} in the "
+                     "right one, through the lens of the other camera by {} and {}",
+                     text(left.place->rms), text(right.place->rms), text(*left.other_lens), text(*right.other_lens))});
+  }
+  return told("lenses_exchanged", findings, looks.size());
+}
+
 /// Where the cameras stand is one for all pairs: if some show it as it is told, what is wrong with the others is the
 /// pictures.
 std::optional<polarline::Warning> judgeSides(const CalibratedPair& cameras, const Looks& looks) {
@@ -149,8 +171,11 @@ Warnings judgeGeometry(const SetFacts& facts, const std::optional<CalibratedPair
     if (one) warnings.push_back(std::move(*one));
   };
   add(told("board_mismatch", wrongNumbers(looks), looks.size()));
-  if (warnings.empty()) add(judgeMisfits(*cameras, looks));
-  add(judgeSides(*cameras, looks));
+  const auto sides = judgeSides(*cameras, looks);
+  // Pictures that are exchanged have the lenses of each other, too.
+  const auto lenses = sides ? std::nullopt : judgeLenses(looks);
+  if (warnings.empty()) add(lenses ? lenses : judgeMisfits(*cameras, looks));
+  add(sides);
   if (warnings.empty()) add(judgeScale(*cameras, looks));  // What is wrong above makes a scale of its own.
   return warnings;
 }

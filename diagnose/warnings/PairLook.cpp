@@ -54,6 +54,17 @@ std::vector<GhostDot> ghostsOf(const std::vector<BoardSight>& sights, const Boar
   return ghosts;
 }
 
+/// Some of the sights do, spread over the board.
+std::optional<double> missThrough(const CalibratedCamera& camera, const std::vector<BoardSight>& sights) {
+  constexpr std::size_t kEnough = 250;
+  const std::size_t step = sights.size() / kEnough + 1;
+  std::vector<BoardSight> some;
+  for (std::size_t k = 0; k < sights.size(); k += step) some.push_back(sights[k]);
+  const auto place = placeBoard(camera, some);
+  if (!place || place->fitting < thresholds::kFittingShare) return std::nullopt;
+  return place->rms;
+}
+
 void placeSide(const CalibratedCamera& camera, std::vector<BoardSight> sights, SideLook& side) {
   constexpr std::size_t kLeast = 20;  // With fewer the pose is too rough to say anything.
   side.has_place = sights.size() >= kLeast;
@@ -63,6 +74,10 @@ void placeSide(const CalibratedCamera& camera, std::vector<BoardSight> sights, S
   if (side.place->fitting >= thresholds::kFittingShare) side.ghosts = ghostsOf(sights, *side.place);
   side.place->errors.clear();
   if (isMisfit(side)) side.sights = std::move(sights);
+}
+
+void tryOtherLens(const CalibratedCamera& other, const std::vector<BoardSight>& sights, SideLook& side) {
+  if (side.place) side.other_lens = missThrough(other, sights);
 }
 
 bool isGood(const SideLook& side) {
@@ -116,6 +131,8 @@ void lookAtPicture(const SetFacts& facts, const cv::Mat& picture, const std::vec
 void lookAtGeometry(const SetFacts& facts, const CalibratedPair& cameras, const Dots& dots, PairLook& look) {
   placeSide(cameras.left, sightsOf(facts, dots, 0), look.sides[0]);
   placeSide(cameras.right, sightsOf(facts, dots, 1), look.sides[1]);
+  tryOtherLens(cameras.right, sightsOf(facts, dots, 0), look.sides[0]);
+  tryOtherLens(cameras.left, sightsOf(facts, dots, 1), look.sides[1]);
   if (!isGood(look.sides[0]) || !isGood(look.sides[1])) return;
   const BoardPlace& left = *look.sides[0].place;
   const BoardPlace& right = *look.sides[1].place;

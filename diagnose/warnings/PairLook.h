@@ -52,6 +52,7 @@ struct SideLook {
   std::optional<BoardPlace> place;   ///< Without the single errors.
   bool has_place = false;            ///< There were enough dots for one.
   std::vector<GhostDot> ghosts;
+  std::optional<double> other_lens;  ///< What the board misses the dots by through the other camera's lens, pixels.
 };
 
 /// What is kept of a pair until all are seen.

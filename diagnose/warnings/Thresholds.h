@@ -47,6 +47,9 @@ inline constexpr double kGhostOfPitch = 0.06;
 inline constexpr double kGhostSpreads = 12.0;
 /// A cause is named if it takes the misfit down to this share, and below the bound above.
 inline constexpr double kExplains = 0.35;
+/// The lenses are exchanged if the other one's misfit is at most this share of the own in every picture. Of lenses that
+/// are where they belong the other one's is larger, of lenses that are alike it is the same.
+inline constexpr double kOtherLens = 0.7;
 /// A principal point farther from the middle than this share of the side.
 inline constexpr double kOffMiddle = 0.18;
 

@@ -19,13 +19,16 @@ shift 2
 # At least one, so that a list without sets is refused by a worker.
 parts=$((($(grep -cvE '^[[:space:]]*(#|$)' "$list" || true) + sets - 1) / sets))
 parts=$((parts > 0 ? parts : 1))
+# The store is made once, here: a worker that finds an empty folder where a disk was mounted must not begin another. For the same reason a
+# folder that is there and no store is refused.
+polarline batch --store "$store" --make-store
 joblog=$store/joblog/$({ cat -- "$list" && printf '%s\n' "$parts" "$@"; } | sha256sum | cut -c1-16).tsv
 mkdir -p "$store/joblog"
 
 # One part: list, store, part and options. A limit that is exceeded and a set that can't be used are answers (exit codes 1 to 3);
-# what may succeed when tried again, and a worker that told nothing of its sets, is no answer.
-told='{ print; fflush() } /"retry":true/ { again = 1 } END { exit again || !NR }'
-worker='polarline batch "$1" --store "$2" --shard "$3" "${@:4}"'
+# what may succeed when tried again, and a worker that told nothing of its sets or could read none of them, is no answer: a disk is away.
+told='{ print; fflush() } /"retry":true/ { again = 1 } /"id":""/ { ++unread } END { exit again || unread == NR }'
+worker='polarline batch "$1" --store "$2" --existing --shard "$3" "${@:4}"'
 part="$worker | awk ${told@Q}; ((PIPESTATUS[0] == 0 || (PIPESTATUS[0] <= 3 && PIPESTATUS[1] == 0)))"
 
 how=(--jobs "${WORKERS:-100%}" --retries "${TRIES:-3}" --joblog "$joblog" --resume-failed --line-buffer --workdir "$PWD")

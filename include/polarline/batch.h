@@ -20,6 +20,7 @@ struct BatchSet {
   std::size_t line = 0;                                       ///< Of the list, from 1.
   std::string folder;                                         ///< As written; relative to the working folder.
   std::vector<std::pair<std::string, std::string>> metadata;  ///< Keys with their values, in the list's order.
+  std::string list{};                                         ///< SHA-256 of the list's text; empty for a set of none.
 };
 
 /// The sets of a list: a folder a line; behind it, each behind a TAB, `key=value`: what is to be known of the set, such
@@ -72,10 +73,11 @@ struct BatchResult {
 
 /// How a worker judges.
 struct BatchOptions {
-  std::string store;   ///< Folder of the results; made where it is not there.
-  CheckOptions check;  ///< Of these `limits`, `settings`, `refine` and `pairs` count.
-  Set files;           ///< What is to be taken in place of the sets' own files; `folder` and `list` don't count.
-  bool again = false;  ///< Judge also what is there.
+  std::string store;      ///< Folder of the results; made where it is not there.
+  bool existing = false;  ///< The store must be there: it is not made, as what stands in its place may not be its disk.
+  CheckOptions check;     ///< Of these `limits`, `settings`, `refine` and `pairs` count.
+  Set files;              ///< What is to be taken in place of the sets' own files; `folder` and `list` don't count.
+  bool again = false;     ///< Judge also what is there.
   std::size_t stop_after = 0;  ///< End after so many sets without a verdict; 0: never.
   double claim_timeout =
       300.0;  ///< Seconds for which a worker of another machine may be silent until its set is taken.
@@ -99,7 +101,8 @@ struct BatchOutcome {
 /// Judges sets, one after the other, into a store (docs/batch.md). What is there is left as it is unless it may succeed
 /// when tried again; what another worker has in hand is left to it, and waited for at the end. Failures of sets do not
 /// throw: they are results. The threads of OpenCV are one while it runs.
-/// Throws `InputError` for a limit or a key that can't be used, `OutputError` for a store that can't be made.
+/// Throws `InputError` for a limit or a key that can't be used, `OutputError` for a store that can't be made or, with
+/// `existing`, is not there.
 POLARLINE_API BatchOutcome batch(const std::vector<BatchSet>& sets, const BatchOptions& options);
 
 /// Judges the sets that somebody puts into a folder, until it is ended: each is a folder in it, and is taken when it
@@ -107,10 +110,18 @@ POLARLINE_API BatchOutcome batch(const std::vector<BatchSet>& sets, const BatchO
 /// Throws as above, and `InputError` for a folder that is none.
 POLARLINE_API BatchOutcome watchFolder(const std::string& folder, const BatchOptions& options);
 
+/// Makes a store, before workers are told that it is there (`BatchOptions::existing`). One that is there stays as it
+/// is. Throws `OutputError` where it can't be made, and for a folder that is none: it may be the place of a disk that
+/// is not mounted.
+POLARLINE_API void makeStore(const std::string& folder);
+
 /// What became of a set as one line of JSON (schema "polarline-batch/1"), without a line's end.
 POLARLINE_API std::string batchLine(const BatchResult& result);
 
 /// What a batch came to in words: "3 sets: 2 judged, 1 already there."
 POLARLINE_API std::string batchText(const BatchOutcome& outcome);
+
+/// The same as JSON, schema "polarline-batch-outcome/1".
+POLARLINE_API std::string batchJson(const BatchOutcome& outcome);
 
 }  // namespace polarline

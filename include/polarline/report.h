@@ -45,6 +45,10 @@ POLARLINE_API ReportDocument readReportDocument(const std::string& path);
 /// `kMostReportedChecks`, and one that is no JSON or not of the schema.
 POLARLINE_API std::string reportPage(const std::vector<ReportDocument>& documents, const ReportOptions& options = {});
 
+/// The same of documents that nobody needs afterwards: the text of each is let go as soon as it has been read, so that
+/// the page of many pairs needs less memory.
+POLARLINE_API std::string reportPage(std::vector<ReportDocument>&& documents, const ReportOptions& options = {});
+
 /// Whether a document is the data of a fleet's page (schema "polarline-fleet/1") rather than that of a check.
 POLARLINE_API bool isFleetDocument(const ReportDocument& document);
 
@@ -63,5 +67,17 @@ POLARLINE_API std::string fleetPage(const ReportDocument& data, const std::strin
 /// @param page   Path of the page, "-" for standard output, which counts as the current folder.
 /// @param folder Path of the folder.
 POLARLINE_API std::string urlFromPage(const std::string& page, const std::string& folder);
+
+/// What making a page came to.
+struct ReportResult {
+  std::string page;                       ///< Its path; "-": standard output.
+  std::size_t bytes = 0;                  ///< Of it.
+  std::vector<std::string> worst;         ///< Of a fleet: paths of the pages of its worst sets that were made.
+  std::vector<std::string> without_page;  ///< Documents of those that have none, as they can't be read.
+  std::vector<std::string> warnings;      ///< What the pages go without.
+};
+
+/// The same as JSON, schema "polarline-report/1".
+POLARLINE_API std::string reportJson(const ReportResult& result);
 
 }  // namespace polarline

@@ -41,8 +41,8 @@ struct MergeOptions {
 /// process that dies leaves the file whole, with a part of the documents. A document that can't be read is left out and
 /// told, again at each merge, until it is gone or mended.
 ///
-/// Throws `InputError` for a store that is no folder and a results file that is something else, damaged, or of a newer
-/// schema; `OutputError` where the file can't be written.
+/// Throws `InputError` for a store that is no folder or has no mark, as its disk is away, and a results file that is
+/// something else, damaged, or of a newer schema; `OutputError` where the file can't be written.
 POLARLINE_API MergeResult merge(const std::vector<std::string>& stores, const std::string& results,
                                 const MergeOptions& options = {});
 

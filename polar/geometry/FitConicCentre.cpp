@@ -1,6 +1,6 @@
 #include "polar/geometry/FitConicCentre.h"
 
-#include <Eigen/Dense>
+#include <Eigen/Cholesky>
 #include <cmath>
 #include <limits>
 

@@ -17,7 +17,7 @@ from . import _polarline, exports
 from ._check import TOOL as _TOOL
 from ._check import Tool, check, diagnose, report
 from ._errors import Error, InputError, OutputError, RunError
-from ._fleet import batch, merge
+from ._fleet import batch, make_store, merge
 from ._making import import_calibration, init
 from ._pieces import board, detect, explain, read_picture, refine, scene_file, simulate, truth_of
 from ._polarline import (BatchOutcome, BatchResult, BoardInfo, Calibration, Camera, CameraNumbers, Cameras, Cause,
@@ -42,8 +42,8 @@ __all__ = [
     "RefinedDots", "RefinedPoints", "RefinedSummary", "RunError", "SeenBoard", "Set", "Simulated", "SimulatedSet",
     "Status", "Summary", "Target", "Tool", "TrueFigures", "Uncertainty", "UnreadableDocument", "Warning", "batch",
     "board", "board_kinds", "calibration_formats", "check", "detect", "diagnose", "explain", "exports",
-    "import_calibration", "init", "limit_names", "main_figures", "merge", "presets", "read_picture", "refine", "report",
-    "scene_file", "setting_keys", "simulate", "truth_of",
+    "import_calibration", "init", "limit_names", "main_figures", "make_store", "merge", "presets", "read_picture",
+    "refine", "report", "scene_file", "setting_keys", "simulate", "truth_of",
 ]
 
 _abc.Mapping.register(Figures)

@@ -75,6 +75,30 @@ def whole(name: str, value: Any, least: Optional[int] = None) -> Optional[int]:
     return number
 
 
+def a_whole(name: str, value: Any, least: Optional[int] = None) -> int:
+    """A whole number; None is none."""
+    given = whole(name, value, least)
+    if given is None:
+        raise refuse(name, value, "a whole number was wanted")
+    return given
+
+
+def number(name: str, value: Any) -> float:
+    """Whatever is a number by itself; a text that tells one is none."""
+    try:
+        if isinstance(value, (str, bytes)):
+            raise TypeError
+        return float(value)
+    except (TypeError, ValueError):
+        raise refuse(name, value, "a number was wanted") from None
+
+
+def text(name: str, value: Any) -> str:
+    if isinstance(value, str):
+        return value
+    raise refuse(name, value, "a text was wanted")
+
+
 def two(name: str, value: Any, wanted: str) -> Optional[Tuple[int, int]]:
     """Two whole numbers from 0, or None."""
     if value is None:

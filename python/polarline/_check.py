@@ -11,7 +11,7 @@ from typing import Any, Dict, Iterable, List, Mapping, NamedTuple, Optional, Seq
 import numpy as np
 
 from . import _polarline
-from ._arguments import Lines, Pictures, Progress, flag, lines_of, pictures_of, progress_of, settings_of, two
+from ._arguments import Lines, Pictures, Progress, a_whole, flag, lines_of, pictures_of, progress_of, settings_of, text, two
 from ._errors import InputError, RunError
 from ._files import StrPath, bytes_of, write_whole
 from ._html import html_of
@@ -20,7 +20,17 @@ from ._set import SetLike, files_of
 
 
 class Tool(NamedTuple):
-    """What made a document."""
+    """What made a document.
+
+    Attributes
+    ----------
+    name : str
+        Of the program, ``'polarline'``.
+    version : str
+        Of the program, as ``'1.0.0'``.
+    library : str
+        Name and version of the library underneath.
+    """
 
     name: str
     version: str
@@ -44,6 +54,11 @@ def _run(given: SetLike, left: Optional[Pictures], right: Optional[Pictures], pr
         return _polarline.run_check(files, *pictures, progress_of(progress), **options)
 
 
+def _advice_on(name: str) -> str:
+    """What `explain` advises on a status."""
+    return _polarline.explain(name)[0].advice
+
+
 def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pictures] = None, *,
           limits: Lines = (), refine: bool = False, progress: Optional[Progress] = None,
           settings: Union[Mapping[str, object], Lines] = (), pairs: Optional[Tuple[int, int]] = None,
@@ -56,8 +71,9 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     set : path, Set or Simulated
         The folder of a set, a set whose files are named one by one, or one that was simulated in memory.
     left, right : sequence of ndarray, optional
-        Pictures in place of those of the set's list, one a pair: uint8 or uint16, of shape (rows, columns), or
-        (rows, columns, 3 or 4) in the order blue, green, red. Nothing is copied where rows run from left to right.
+        Pictures in place of those of the set's list, one a pair: grey of shape (rows, columns), uint8 or
+        uint16, or uint8 of shape (rows, columns, 3 or 4) in the order blue, green, red. Nothing is copied where rows
+        run from left to right.
     limits : str or sequence of str
         ``'FIGURE OP VALUE'`` each, such as ``'dy_means<=0.1'``, besides those of the set.
     refine : bool
@@ -114,8 +130,8 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
                 uncertainty=flag("uncertainty", uncertainty))
     if done.verdict == "error":
         status = done.status
-        raise RunError(status.text, status=status.code, name=status.name, advice=status.advice, retry=status.retry,
-                       check=done)
+        raise RunError(status.text, status=status.code, name=status.name, retry=status.retry, check=done,
+                       advice=status.advice or _advice_on(status.name))
     return done
 
 
@@ -147,8 +163,8 @@ def diagnose(set: SetLike, left: Optional[Pictures] = None, right: Optional[Pict
     """
     done = check(set, left, right, refine=refine, progress=progress, uncertainty=False)
     if done.diagnosis is None:
-        raise RunError("the run has no row differences to diagnose", name="no_diagnosis",
-                       advice="Row differences are known for raw and rectified pairs, not for frames.", check=done)
+        raise RunError("the run has no row differences to diagnose", name="no_diagnosis", advice=_advice_on("no_diagnosis"),
+                       check=done)
     return done.diagnosis
 
 
@@ -184,7 +200,7 @@ def report(checks: Union[Check, StrPath, Iterable[Union[Check, StrPath]]], path:
     if fleets and len(several) > 1:
         raise InputError(f"{os.fspath(fleets[0])}: the results of a fleet have a page of their own: nothing else goes with it")
     if fleets:
-        write_whole(path, _polarline.fleet_page(bytes_of(fleets[0]), title=title))
+        write_whole(path, _polarline.fleet_page(bytes_of(fleets[0]), title=text("title", title)))
         return
     documents: List[Tuple[Union[str, bytes], Union[str, bytes]]] = []
     for each in several:
@@ -192,7 +208,8 @@ def report(checks: Union[Check, StrPath, Iterable[Union[Check, StrPath]]], path:
             documents.append((each.to_json(), ""))
         else:
             documents.append(("", bytes_of(each)))
-    write_whole(path, _polarline.report_page(documents, title=title, paths=paths, budget=budget, pictures=pictures))
+    write_whole(path, _polarline.report_page(documents, title=text("title", title), paths=flag("paths", paths),
+                                            budget=a_whole("budget", budget, 0), pictures=flag("pictures", pictures)))
 
 
 def _to_dict(self: Check) -> Dict[str, Any]:

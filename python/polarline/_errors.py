@@ -26,9 +26,9 @@ class RunError(Error):
     Attributes
     ----------
     status : int or None
-        Status of the library; None where it was not asked.
+        Status of the library; None where it did not end the run itself.
     name : str
-        A word that does not change, such as ``'no_results'``.
+        A word that does not change, such as ``'no_figures'``.
     text : str
         What happened.
     advice : str

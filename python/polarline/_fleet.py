@@ -6,7 +6,7 @@ import os
 from typing import Callable, Iterable, Mapping, Optional, Tuple, Union
 
 from . import _polarline
-from ._arguments import Lines, Progress, flag, lines_of, progress_of, refuse, settings_of, two, whole
+from ._arguments import Lines, Progress, a_whole, flag, lines_of, number, progress_of, refuse, settings_of, two
 from ._files import StrPath, bytes_of
 from ._making import StrPaths, paths_of
 from ._polarline import BatchOutcome, BatchResult, MergeResult
@@ -41,7 +41,7 @@ def _list_of(sets: BatchSets) -> Tuple[bytes, bytes]:
 
 def batch(sets: BatchSets, store: StrPath, *, limits: Lines = (), refine: bool = False,
           settings: Union[Mapping[str, object], Lines] = (), pairs: Optional[Tuple[int, int]] = None,
-          files: Optional[Set] = None, shard: str = "", again: bool = False, stop_after: int = 0,
+          files: Optional[Set] = None, shard: str = "", existing: bool = False, again: bool = False, stop_after: int = 0,
           claim_timeout: float = 300.0, on_set: Optional[Callable[[BatchResult, int, int], object]] = None) -> BatchOutcome:
     """Judges many sets into a store, a folder that several workers may share. What is there is left as it is.
 
@@ -58,6 +58,8 @@ def batch(sets: BatchSets, store: StrPath, *, limits: Lines = (), refine: bool =
         What is to be taken in place of the sets' own files, without a folder and a list.
     shard : str
         ``'2/5'``: of every five sets the second.
+    existing : bool
+        The store must be there (`make_store`): it is not made, as what stands in its place may not be its disk.
     again : bool
         Judge also what is there.
     stop_after : int
@@ -78,7 +80,7 @@ def batch(sets: BatchSets, store: StrPath, *, limits: Lines = (), refine: bool =
     InputError
         For a list, limit or setting that can't be used.
     OutputError
-        For a store that can't be made.
+        For a store that can't be made or, with `existing`, is not there.
 
     Examples
     --------
@@ -98,9 +100,35 @@ def batch(sets: BatchSets, store: StrPath, *, limits: Lines = (), refine: bool =
         return _polarline.batch(text, name, shard=shard, store=bytes_of(store), files=named,
                                 limits=lines_of("limits", limits, "a text such as 'dy_means<=0.1'"),
                                 settings=settings_of(settings), refine=flag("refine", refine),
-                                pairs=two("pairs", pairs, "(first, last)"), again=flag("again", again),
-                                stop_after=whole("stop_after", stop_after, 0) or 0, claim_timeout=float(claim_timeout),
+                                pairs=two("pairs", pairs, "(first, last)"),
+                                existing=flag("existing", existing), again=flag("again", again),
+                                stop_after=a_whole("stop_after", stop_after, 0), claim_timeout=number("claim_timeout", claim_timeout),
                                 on_set=on_set)
+
+
+def make_store(folder: StrPath) -> None:
+    """Makes a store, so that workers may be told that it is there. One that is there stays as it is.
+
+    Parameters
+    ----------
+    folder : path
+        Where nothing stands yet.
+
+    Raises
+    ------
+    OutputError
+        Where it can't be made, and for a folder that is none: it may be the place of a disk that is not mounted.
+
+    Examples
+    --------
+    >>> import tempfile
+    >>> with tempfile.TemporaryDirectory() as folder:
+    ...     polarline.make_store(f'{folder}/store')
+    ...     seen = polarline.simulate('ring_320', f'{folder}/a', pairs=1)
+    ...     polarline.batch([f'{folder}/a'], f'{folder}/store', existing=True).judged
+    1
+    """
+    _polarline.make_store(bytes_of(folder))
 
 
 def merge(stores: StrPaths, results: StrPath, *, progress: Optional[Progress] = None) -> MergeResult:
@@ -123,7 +151,7 @@ def merge(stores: StrPaths, results: StrPath, *, progress: Optional[Progress] = 
     Raises
     ------
     InputError
-        For a store that is no folder, and a file that is something else or of a newer version.
+        For a store that is no folder or has no mark, as its disk is away, and a file that is something else or of a newer version.
     OutputError
         Where the file can't be written.
     """

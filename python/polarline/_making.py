@@ -6,7 +6,7 @@ import os
 from typing import Iterable, List, Optional, Tuple, Union
 
 from . import _polarline
-from ._arguments import Lines, Progress, flag, lines_of, progress_of, refuse, two
+from ._arguments import Lines, Progress, flag, lines_of, number, progress_of, refuse, text, two
 from ._files import StrPath, bytes_of
 from ._polarline import ImportedCalibration, ImportOptions, MadeSet, Target
 
@@ -15,7 +15,9 @@ StrPaths = Union[StrPath, Iterable[StrPath]]
 
 def import_options(format: str, scale: float, model: str, size: Optional[Tuple[int, int]], baseline: Optional[float],
                    pair: Optional[Tuple[int, int]], swap: bool) -> ImportOptions:
-    return ImportOptions(format=format, scale=scale, model=model, size=two("size", size, "(columns, rows)"), baseline=baseline,
+    return ImportOptions(format=text("format", format), scale=number("scale", scale), model=text("model", model),
+                         size=two("size", size, "(columns, rows)"),
+                         baseline=None if baseline is None else number("baseline", baseline),
                          pair=two("pair", pair, "(left, right)"), swap=flag("swap", swap))
 
 
@@ -125,6 +127,6 @@ def init(folder: StrPath, left: StrPaths, right: StrPaths, board: Union[Target, 
         raise refuse("board", board, "a Target or a board in words was wanted; Target.read reads a file")
     return _polarline.init_set(bytes_of(folder), paths_of("left", left), paths_of("right", right),
                                board.text if isinstance(board, Target) else board, paths_of("calibration", calibration),
-                               import_options(format, scale, model, size, baseline, pair, swap), pairing=pairing,
+                               import_options(format, scale, model, size, baseline, pair, swap), pairing=text("pairing", pairing),
                                limits=lines_of("limits", limits, "a text such as 'dy_means<=0.1'"), copy=flag("copy", copy),
                                force=flag("force", force), progress=progress_of(progress))

@@ -4,12 +4,12 @@ from __future__ import annotations
 
 import json
 import os
-from typing import Any, Dict, Optional, Sequence, Tuple, Union, overload
+from typing import Any, Dict, Iterable, Optional, Sequence, Tuple, Union, overload
 
 import numpy as np
 
 from . import _polarline
-from ._arguments import Progress, flag, progress_of, refuse, whole
+from ._arguments import Progress, a_whole, flag, number, progress_of, refuse, text, two, whole
 from ._errors import InputError
 from ._files import StrPath, bytes_of, write_whole
 from ._polarline import (Calibration, Camera, Detection, Explanation, PrintedBoard, RefinedDots, Simulated,
@@ -30,7 +30,8 @@ def read_picture(path: StrPath) -> "np.ndarray[Any, Any]":
     Returns
     -------
     ndarray
-        uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red.
+        uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red. Colours
+        of uint16 are read, but no other function takes them.
 
     Raises
     ------
@@ -62,7 +63,8 @@ def detect(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, 
     Parameters
     ----------
     image : ndarray or path
-        uint8 or uint16, of shape (rows, columns), or (rows, columns, 3 or 4) in the order blue, green, red.
+        Grey of shape (rows, columns), uint8 or uint16, or uint8 of shape (rows, columns, 3 or 4) in the order blue,
+        green, red.
     target : Target or path
         The board, also in words, such as ``'rings-small:17x15:14'``, or a target configuration (ini, json, yml,
         yaml, xml) or its text.
@@ -117,12 +119,17 @@ def refine(image: "Union[np.ndarray[Any, Any], StrPath]", target: Union[Target, 
     InputError
         For a target or a type that can't be used, and a detection of a picture of another size.
     TypeError
-        For what is no picture.
+        For what is no picture, no camera or no detection.
     """
+    if not isinstance(camera, Camera):
+        raise refuse("camera", camera, "a Camera was wanted, such as Calibration.left")
+    if detection is not None and not isinstance(detection, Detection):
+        raise refuse("detection", detection, "a Detection was wanted")
+    lens = a_whole("type", type)
     picture = read_picture(image) if isinstance(image, (str, os.PathLike)) else image
     board_text = _target_of(target)
     seen = detection if detection is not None else _polarline.detect(picture, board_text)
-    return _polarline.refine(picture, seen, board_text, camera, type)
+    return _polarline.refine(picture, seen, board_text, camera, lens)
 
 
 _PAPERS = ("A4", "A3", "A2", "A1", "fit")
@@ -171,7 +178,7 @@ def board(target: Union[Target, str], path: Optional[StrPath] = None, *, format:
     if paper not in _PAPERS:
         raise InputError(f"paper: found {paper}, wanted one of {', '.join(_PAPERS)}")
     printed = _polarline.print_board(Target(target) if isinstance(target, str) else target, format=form, paper=paper,
-                                     title=title, dpi=dpi)
+                                     title=text("title", title), dpi=number("dpi", dpi))
     if path is not None:
         write_whole(path, printed.data)
     return printed
@@ -235,7 +242,8 @@ def simulate(scene: StrPath, folder: Optional[StrPath] = None, *, pairs: Optiona
 
 def _drawn(pairs: Optional[int], seed: Optional[int], noise: Optional[float]) -> Dict[str, Any]:
     """What takes the place of the scene's own."""
-    return {"pairs": whole("pairs", pairs), "seed": whole("seed", seed, 0), "noise": None if noise is None else float(noise)}
+    return {"pairs": whole("pairs", pairs), "seed": whole("seed", seed, 0), 
+            "noise": None if noise is None else number("noise", noise)}
 
 
 def scene_file(scene: StrPath, *, pairs: Optional[int] = None, seed: Optional[int] = None,
@@ -301,6 +309,28 @@ def explain(code: Union[int, str]) -> Tuple[Explanation, ...]:
     return _polarline.explain(str(code))
 
 
+def _member_of(name: str, value: Any) -> Any:
+    """A new value for a member of a calibration or a camera, as its constructor takes it."""
+    if name in ("left", "right"):
+        if not isinstance(value, Camera):
+            raise refuse(name, value, "a Camera was wanted")
+        return value
+    if name == "type":
+        return a_whole(name, value)
+    if name == "size":
+        if value is None:
+            raise refuse(name, value, "(columns, rows) was wanted, two whole numbers from 0")
+        return two(name, value, "(columns, rows)")
+    if name == "k":
+        if isinstance(value, (str, bytes)) or not isinstance(value, Iterable):
+            raise refuse(name, value, "six numbers were wanted")
+        coefficients = [number(f"k[{place}]", each) for place, each in enumerate(value)]
+        if len(coefficients) != 6:
+            raise TypeError(f"k: found {len(coefficients)} numbers; six were wanted")
+        return coefficients
+    return number(name, value)
+
+
 def _replace(self: Calibration, **changes: Any) -> Calibration:
     """The same calibration with other values for some of its members.
 
@@ -317,7 +347,7 @@ def _replace(self: Calibration, **changes: Any) -> Calibration:
     unknown = sorted(set(changes) - set(values))
     if unknown:
         raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
-    return calibration_of({**values, **changes})
+    return calibration_of({**values, **{name: _member_of(name, value) for name, value in changes.items()}})
 
 
 def _replace_camera(self: Camera, **changes: Any) -> Camera:
@@ -336,7 +366,7 @@ def _replace_camera(self: Camera, **changes: Any) -> Camera:
     unknown = sorted(set(changes) - set(values))
     if unknown:
         raise TypeError(f"found {', '.join(unknown)}; wanted {', '.join(values)}")
-    return camera_of({**values, **changes})
+    return camera_of({**values, **{name: _member_of(name, value) for name, value in changes.items()}})
 
 
 def _truth(self: Simulated) -> Dict[str, Any]:

@@ -626,6 +626,7 @@ class BatchOutcome:
     def failed(self) -> int: ...
     @property
     def exit_code(self) -> int: ...
+    def to_json(self) -> str: ...
 
 class UnreadableDocument:
     @property
@@ -1145,11 +1146,13 @@ def batch(
     settings: Sequence[str],
     refine: bool,
     pairs: Optional[Tuple[int, int]],
+    existing: bool,
     again: bool,
     stop_after: int,
     claim_timeout: float,
     on_set: Optional[Callable[[BatchResult, int, int], object]],
 ) -> BatchOutcome: ...
+def make_store(folder: _Path) -> None: ...
 def merge(
     stores: Sequence[_Path], results: _Path, *, progress: Optional[Callable[[int, int], object]]
 ) -> MergeResult: ...

@@ -22,24 +22,27 @@ class Set:
     ``rectified.txt``. A check needs the polar configuration, the target and the cameras (`calibration` or
     `rectified`); a list is not needed where pictures are given as arrays.
 
-    Parameters
+    Each attribute is what was given, and None where nothing was.
+
+    Attributes
     ----------
     folder : path, optional
         Where files that are not named are looked for.
     polar : path, optional
-        Polar configuration.
+        Polar configuration: switches, limits of the pictures in pixels, reference points in board units.
     target : path or Target, optional
-        Board and detector.
+        Board and detector; its steps are in board units.
     calibration : path or Calibration, optional
-        The cameras.
+        The cameras: lenses in pixels, the pose in radians and board units.
     list : path, optional
-        Image list.
+        Image list, the names of two pictures a line, one pair or more.
     board : path, optional
-        True positions of the dots.
+        True positions of the dots, x y z a line by rising id, board units.
     limits : path, optional
-        One limit a line.
+        One limit a line, such as ``dy_means<=0.1``, each in the unit of its figure.
     rectified : path, optional
-        Geometry of pairs that were rectified elsewhere.
+        Geometry of pairs that were rectified elsewhere: focal length (pixels, above 0), baseline (board units), principal
+        point and disparity offset (pixels) on one line.
 
     Examples
     --------

@@ -48,6 +48,13 @@ py::array_t<double> pointsOf(const BoardDescription& board) {
   return array;
 }
 
+BoardDescription boardOf(const py::object& text) {
+  if (!py::isinstance<py::str>(text))
+    throw py::type_error("text: found " + std::string(py::str(py::type::of(text).attr("__name__"))) +
+                         "; a board in words was wanted");
+  return polarline::parseBoard(text.cast<std::string>());
+}
+
 void addTarget(py::module_& module) {
   py::class_<BoardDescription>(module, "Target", R"(A board of dots, as the detector and the printer know it. Read-only.
 
@@ -61,7 +68,7 @@ Raises
 ------
 InputError
     For a piece that is none, and for a board that the detector could not number.)")
-      .def(py::init(&polarline::parseBoard), py::arg("text"))
+      .def(py::init(&boardOf), py::arg("text"))
       .def_static(
           "read",
           [](const py::object& path, const std::string& rings) {

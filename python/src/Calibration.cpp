@@ -43,9 +43,10 @@ Brown (1966) with K1 to K6, P1, P2, or the fisheye model of Kannala and Brandt (
       .def_readonly("cx", &Camera::cx, "Column of the principal point, pixels; pixel centres are whole.")
       .def_readonly("cy", &Camera::cy, "Row of the principal point, pixels.")
       .def_property_readonly(
-          "k", [](const Camera& self) { return py::tuple(py::cast(self.k)); }, "K1 to K6, a tuple.")
-      .def_readonly("p1", &Camera::p1, "P1.")
-      .def_readonly("p2", &Camera::p2, "P2.");
+          "k", [](const Camera& self) { return py::tuple(py::cast(self.k)); },
+          "Lens coefficients K1 to K6, a tuple of 6; those of a fisheye are K1 to K4.")
+      .def_readonly("p1", &Camera::p1, "First tangential coefficient of the lens, P1.")
+      .def_readonly("p2", &Camera::p2, "Second tangential coefficient, P2.");
 }
 
 Calibration made(int type, const Camera& left, const Camera& right, const std::array<double, 6>& pose) {
@@ -75,12 +76,12 @@ tx, ty, tz : float
       .def_readonly("type", &Calibration::type, "0: Brown with K1 to K3; 1: Brown with K1 to K6; 2: fisheye.")
       .def_readonly("left", &Calibration::left, "The left `Camera`.")
       .def_readonly("right", &Calibration::right, "The right `Camera`.")
-      .def_readonly("rx", &Calibration::rx, "Radians.")
-      .def_readonly("ry", &Calibration::ry, "Radians.")
-      .def_readonly("rz", &Calibration::rz, "Radians.")
-      .def_readonly("tx", &Calibration::tx, "Board unit.")
-      .def_readonly("ty", &Calibration::ty, "Board unit.")
-      .def_readonly("tz", &Calibration::tz, "Board unit.")
+      .def_readonly("rx", &Calibration::rx, "Turn about x, radians.")
+      .def_readonly("ry", &Calibration::ry, "Turn about y, radians.")
+      .def_readonly("rz", &Calibration::rz, "Turn about z, radians.")
+      .def_readonly("tx", &Calibration::tx, "x of T, board unit.")
+      .def_readonly("ty", &Calibration::ty, "y of T, board unit.")
+      .def_readonly("tz", &Calibration::tz, "z of T, board unit.")
       .def_property_readonly("baseline", &polarline::baselineOf, "Length of T, board unit.")
       .def_property_readonly(
           "model", [](const Calibration& self) { return polarline::typeName(self.type); }, "The type in words.")

@@ -69,7 +69,7 @@ void addStatus(py::module_& module) {
       "Of the library; None where it was not asked.");
   status.def_readonly("name", &Status::name, "A stable word, such as 'success'.");
   defText(status, "text", &Status::text, "What happened; empty on success.");
-  defText(status, "advice", &Status::advice, "What to do; empty on success.");
+  defText(status, "advice", &Status::advice, "What to do; empty on success, and where the text says what was wanted.");
   status.def_readonly("retry", &Status::retry, "It may succeed when tried again.")
       .def_readonly("exit_code", &Status::exit_code, "What the command would return.");
 }
@@ -86,7 +86,8 @@ void addExtrinsics(py::module_& module) {
   static constexpr std::array kNames = {"rx", "ry", "rz", "tx", "ty", "tz"};
   for (std::size_t k = 0; k < kNames.size(); ++k) {
     type.def_property_readonly(
-        kNames.at(k), [k](const Extrinsics& self) { return self.numbers.at(k); }, k < 3 ? "Radians." : "Board unit.");
+        kNames.at(k), [k](const Extrinsics& self) { return self.numbers.at(k); },
+        k < 3 ? "Turn about the axis of its letter, radians." : "Of T along the axis of its letter, board unit.");
   }
 }
 

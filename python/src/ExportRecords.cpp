@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "python/src/Arrays.h"
+#include "python/src/FigureText.h"
 #include "python/src/Points.h"
 #include "python/src/Types.h"
 
@@ -125,20 +126,23 @@ void addResult(py::module_& module) {
                                      {"zero_dis", &Record::zero_dis},
                                      {"gt_rms", &Record::gt_rms},
                                      {"space_rms", &Record::space_rms}})
-    record.def_readonly(name, member);
+    record.def_readonly(name, member, figureText(name).c_str());
   for (const auto& [name, member] : {std::pair{"icp_x_rms", &Record::icp_x_rms},
                                      {"icp_y_rms", &Record::icp_y_rms},
                                      {"icp_z_rms", &Record::icp_z_rms},
                                      {"icp_nor_rms", &Record::icp_nor_rms}})
-    record.def_readonly(name, member);
+    record.def_readonly(name, member, figureText(name).c_str());
   for (const auto& [name, member] :
        {std::pair{"tri_dis", &Record::tri_dis}, {"pol_dis", &Record::pol_dis}, {"PoseReport", &Record::PoseReport}})
-    record.def_property_readonly(name, [member = member](const py::object& self) {
-      const auto& values = self.cast<const Record&>().*member;
-      return viewOf(values.data(), values.size(), sizeof(double), self);
-    });
-  defColumn(record, "id_dis", &Record::id_dis, "float64.");
-  defColumn(record, "frameValues", &Record::frameValues, "float64.");
+    record.def_property_readonly(
+        name,
+        [member = member](const py::object& self) {
+          const auto& values = self.cast<const Record&>().*member;
+          return viewOf(values.data(), values.size(), sizeof(double), self);
+        },
+        figureText(name).c_str());
+  defColumn(record, "id_dis", &Record::id_dis, figureText("id_dis").c_str());
+  defColumn(record, "frameValues", &Record::frameValues, figureText("frameValues").c_str());
   record.def_property_readonly(
       "detect_canvas",
       [](const Record& self) {

@@ -38,8 +38,8 @@ polarConfigPath, targetConfigPath : str
 calibration : ExportedCalibParams
     The cameras and, for all that compares with the board, its points.
 images : sequence of two sequences of ndarray
-    The left and the right pictures, in the order of the pairs: uint8 or uint16, shape (rows, columns), or
-    (rows, columns, 3 or 4) as blue, green, red. They are not copied.
+    The left and the right pictures, in the order of the pairs: grey of shape (rows, columns), uint8 or uint16, or
+    uint8 of shape (rows, columns, 3 or 4) as blue, green, red. They are not copied.
 progress : callable, optional
     Called with 0.001, 0.002, 0.003, after each finished pair with per cent, and with 100; False ends the run.
 resultFolder : str, optional

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "python/src/Arrays.h"
+#include "python/src/FigureText.h"
 #include "python/src/Types.h"
 
 namespace binding {
@@ -96,7 +97,7 @@ A value is a float, or an array of float64 for lists; None where the pair did no
   for (const std::string& name : polarline::limitNames()) {
     if (!isOfRecord(name)) continue;
     const auto value = [name](const Figures& self) { return valueOf(require(self, name), self.owner); };
-    figures.def_property_readonly(name.c_str(), value);
+    figures.def_property_readonly(name.c_str(), value, figureText(name).c_str());
   }
 }
 

@@ -55,6 +55,7 @@ void addBatchOutcome(py::module_& module) {
       .def_readonly("there", &BatchOutcome::there, "Before, duplicates among them.")
       .def_readonly("failed", &BatchOutcome::failed, "Without a verdict, now.")
       .def_readonly("exit_code", &BatchOutcome::exit_code, "The greatest of the sets'; 130: ended before the end.")
+      .def("to_json", &polarline::batchJson, "One JSON object, schema 'polarline-batch-outcome/1'.")
       .def("__str__", &polarline::batchText);
 }
 
@@ -116,7 +117,8 @@ void addFleet(py::module_& module) {
       "batch",
       [](const std::string& list, const std::string& name, const std::string& shard, const std::string& store,
          const py::dict& files, std::vector<std::string> limits, std::vector<std::string> settings, bool refine,
-         PairRange pairs, bool again, std::size_t stop_after, double claim_timeout, const py::object& on_set) {
+         PairRange pairs, bool existing, bool again, std::size_t stop_after, double claim_timeout,
+         const py::object& on_set) {
         BatchOptions options;
         options.store = store;
         options.files = setOf(files);
@@ -124,15 +126,17 @@ void addFleet(py::module_& module) {
         options.check.settings = std::move(settings);
         options.check.refine = refine;
         options.check.pairs = pairs;
+        options.existing = existing;
         options.again = again;
         options.stop_after = stop_after;
         options.claim_timeout = claim_timeout;
         return batched(setsOf(list, name, shard), options, on_set);
       },
       py::arg("list"), py::arg("name"), py::kw_only(), py::arg("shard"), py::arg("store"), py::arg("files"),
-      py::arg("limits"), py::arg("settings"), py::arg("refine"), py::arg("pairs").none(true), py::arg("again"),
-      py::arg("stop_after"), py::arg("claim_timeout"), py::arg("on_set").none(true),
+      py::arg("limits"), py::arg("settings"), py::arg("refine"), py::arg("pairs").none(true), py::arg("existing"),
+      py::arg("again"), py::arg("stop_after"), py::arg("claim_timeout"), py::arg("on_set").none(true),
       "Judges sets; `polarline.batch` is made of it. Without the text of a list it is read from its name.");
+  module.def("make_store", &polarline::makeStore, py::arg("folder"), "Makes a store.");
   module.def(
       "merge",
       [](const std::vector<std::string>& stores, const std::string& results, const py::object& progress) {

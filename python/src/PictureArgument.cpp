@@ -1,5 +1,6 @@
 #include "python/src/PictureArgument.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace binding {
@@ -8,8 +9,8 @@ namespace {
 namespace py = pybind11;
 
 constexpr const char* kWanted =
-    "; a numpy array of uint8 or uint16 was wanted, of shape (rows, columns), or (rows, columns, 3 or 4) in the order "
-    "blue, green, red";
+    "; a numpy array was wanted: uint8 grey or colour, or uint16 grey; grey is of shape (rows, columns), colour of "
+    "(rows, columns, 3 or 4) in the order blue, green, red";
 
 std::string found(const py::handle& given) {
   if (!py::isinstance<py::array>(given)) return py::str(py::type::of(given).attr("__name__"));
@@ -22,8 +23,8 @@ bool isPicture(const py::array& array) {
   if (array.ndim() != 2 && array.ndim() != 3) return false;
   const py::ssize_t channels = array.ndim() == 3 ? array.shape(2) : 1;
   constexpr py::ssize_t kLongest = 1 << 20;  // Sides beyond that are no picture's.
-  return array.size() > 0 && array.shape(0) < kLongest && array.shape(1) < kLongest &&
-         (channels == 1 || channels == 3 || channels == 4);
+  const bool is_colour = type.itemsize() == 1 && (channels == 3 || channels == 4);  // The detector takes no deeper one.
+  return array.size() > 0 && array.shape(0) < kLongest && array.shape(1) < kLongest && (channels == 1 || is_colour);
 }
 
 /// Can OpenCV read it where it lies?
@@ -71,6 +72,17 @@ std::vector<cv::Mat> pixelsOf(const std::vector<PictureArgument>& pictures) {
   all.reserve(pictures.size());
   for (const PictureArgument& each : pictures) all.push_back(each.pixels);
   return all;
+}
+
+void demandLikePairs(const std::vector<PictureArgument>& left, const std::vector<PictureArgument>& right) {
+  for (std::size_t k = 0; k < std::min(left.size(), right.size()); ++k) {
+    if (left[k].pixels.type() == right[k].pixels.type()) continue;
+    std::string problem = "right[" + std::to_string(k) + "]: found ";
+    problem += found(right[k].array);
+    problem += "; a picture of the type of left[" + std::to_string(k) + "] was wanted, which is ";
+    problem += found(left[k].array);
+    throw py::type_error(problem);
+  }
 }
 
 std::vector<PictureArgument> pictureArguments(const py::sequence& given, const std::string& name) {

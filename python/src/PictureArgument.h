@@ -22,6 +22,9 @@ struct PictureArgument {
 /// The pixels of many.
 std::vector<cv::Mat> pixelsOf(const std::vector<PictureArgument>& pictures);
 
+/// Refuses a right picture of another type than the left one of its pair: evaluations lay the two side by side.
+void demandLikePairs(const std::vector<PictureArgument>& left, const std::vector<PictureArgument>& right);
+
 /// A picture for each entry of a sequence; the name counts them: "left[0]".
 std::vector<PictureArgument> pictureArguments(const pybind11::sequence& given, const std::string& name);
 

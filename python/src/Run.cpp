@@ -25,6 +25,7 @@ std::unique_ptr<Check> runCheck(const py::dict& files, const std::optional<py::s
   std::vector<PictureArgument> kept_left, kept_right;
   if (left) kept_left = pictureArguments(*left, "left");
   if (right) kept_right = pictureArguments(*right, "right");
+  demandLikePairs(kept_left, kept_right);
   if (left || right) options.pictures = {pixelsOf(kept_left), pixelsOf(kept_right)};
   CallBack back(progress);
   options.on_pair = [&back, done = std::size_t{0}](const polarline::PairCheck&, std::size_t all) mutable {

@@ -8,7 +8,7 @@
 namespace refine {
 namespace {
 
-constexpr std::size_t kTraced = 120;
+constexpr std::size_t kTraced = 100;
 constexpr int kOrder = 5;
 constexpr int kTerms = 21;
 

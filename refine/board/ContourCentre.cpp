@@ -10,7 +10,7 @@
 namespace refine {
 namespace {
 
-constexpr std::size_t kPoints = 24;
+constexpr std::size_t kPoints = 12;
 constexpr int kRounds = 3;
 constexpr double kSettledShift = 1e-9;  ///< Pixels.
 

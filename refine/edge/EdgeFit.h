@@ -14,11 +14,6 @@ namespace refine {
 struct ZoneResidual {
   double squares = 0.0;
   int count = 0;
-
-  void add(double squared) {
-    squares += squared;
-    ++count;
-  }
 };
 
 /// The model that comes nearest to a mark's pixels.
@@ -36,8 +31,9 @@ struct EdgeFitting {
   std::optional<NoiseLevel> noise;       ///< None: the scale is that of the median residual on the edge (Huber 1981).
   const SampledBlur* sampled = nullptr;  ///< Of a picture that is blurred behind its pixels.
   EdgeTable table;                       ///< The pixels.
-  Eigen::ArrayXf residuals, weights;
-  EdgeTable::Slopes weighted;
+  EdgeTable some;                        ///< Some of them, for the first step.
+  Eigen::ArrayXf residuals, weights, weighted;
+  Eigen::ArrayX3f zones;  ///< Squared residuals on the edges, and beside them brighter and darker than their middle.
   std::vector<float> sorted;
 };
 

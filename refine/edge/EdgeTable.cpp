@@ -93,7 +93,8 @@ void EdgeTable::clear(const cv::Point& origin) {
   size_ = 0;
 }
 
-void EdgeTable::reserve(Eigen::Index rows) {
+void EdgeTable::grow() {
+  const Eigen::Index rows = std::max(2 * x_.size(), kFirstRows);
   for (Column* column : {&x_, &y_, &grey_}) column->conservativeResize(rows);
   for (Column* column : {&model_, &distance_, &nx_, &ny_, &reach_, &along_, &light_, &away_, &share_, &bell_, &covered_,
                          &by_along_, &by_reach_, &by_blur_})
@@ -101,12 +102,14 @@ void EdgeTable::reserve(Eigen::Index rows) {
   slopes_.resize(rows, Eigen::NoChange);
 }
 
-void EdgeTable::add(int column, int row, float grey) {
-  if (size_ == x_.size()) reserve(std::max<Eigen::Index>(2 * size_, kFirstRows));
-  x_(size_) = static_cast<float>(column - origin_.x);
-  y_(size_) = static_cast<float>(row - origin_.y);
-  grey_(size_) = grey;
-  ++size_;
+void EdgeTable::takeEvery(Eigen::Index n, const EdgeTable& other) {
+  clear(other.origin_);
+  while ((other.size_ + n - 1) / n + kSpare > x_.size()) grow();
+  for (Eigen::Index i = 0; i < other.size_; i += n, ++size_) {
+    x_.data()[size_] = other.x_.data()[i];
+    y_.data()[size_] = other.y_.data()[i];
+    grey_.data()[size_] = other.grey_.data()[i];
+  }
 }
 
 cv::Point EdgeTable::pixel(Eigen::Index i) const {
@@ -127,7 +130,7 @@ void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const SampledB
   auto away = away_.head(n), share = share_.head(n), bell = bell_.head(n), nearest = distance_.head(n);
   away = along_.head(n) - ox * nx - oy * ny - ratio * reach;
   blurAll(n, by_blur, away_.data(), share_.data(), bell_.data());
-  if (sampled != nullptr) addDeparture(*sampled);
+  if (sampled != nullptr) sampled->addDepartures(n, away_.data(), nx_.data(), ny_.data(), share_.data());
   bell *= sign;
   covered_.head(n) += sign * share;
   by_along_.head(n) -= bell;
@@ -140,10 +143,6 @@ void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const SampledB
   nearest = (away.abs() < nearest.abs()).select(away, nearest);
   slopes_.col(static_cast<Eigen::Index>(7 + edge)).head(n).array() =
       static_cast<float>(model.ink - model.paper) * light_.head(n) * bell * reach;
-}
-
-void EdgeTable::addDeparture(const SampledBlur& sampled) {
-  for (Eigen::Index i = 0; i < size_; ++i) share_[i] += sampled.departure(away_[i], nx_[i], ny_[i]);
 }
 
 void EdgeTable::formSlopes(const EdgeModel& model) {
@@ -160,6 +159,7 @@ void EdgeTable::formSlopes(const EdgeModel& model) {
   slopes_.col(5).head(n).array() = light * (1.0F - covered);
   slopes_.col(6).head(n).array() = light * covered;
   slopes_.col(7).head(n).array() = step * light * by_blur_.head(n);
+  slopes_.middleRows(n, kSpare).setZero();
 }
 
 void EdgeTable::evaluate(const EdgeModel& model, const SampledBlur* sampled) {

@@ -16,7 +16,15 @@ class EdgeTable {
   using Slopes = Eigen::Matrix<float, Eigen::Dynamic, static_cast<int>(EdgeModel::kMostUnknowns)>;
 
   void clear(const cv::Point& origin);
-  void add(int column, int row, float grey);
+  void add(int column, int row, float grey) {
+    if (size_ + kSpare >= x_.size()) grow();
+    x_.data()[size_] = static_cast<float>(column - origin_.x);
+    y_.data()[size_] = static_cast<float>(row - origin_.y);
+    grey_.data()[size_] = grey;
+    ++size_;
+  }
+  /// Every n-th pixel of another table, from its first on.
+  void takeEvery(Eigen::Index n, const EdgeTable& other);
   Eigen::Index size() const { return size_; }
   const cv::Point& origin() const { return origin_; }
   cv::Point pixel(Eigen::Index i) const;
@@ -34,12 +42,15 @@ class EdgeTable {
   auto modelGrey() const { return model_.head(size_); }
   auto distance() const { return distance_.head(size_); }
   auto slopes(Eigen::Index unknowns) const { return slopes_.topLeftCorner(size_, unknowns); }
+  /// The slopes by one unknown; three zeros follow after the last pixel's.
+  const float* slopeOf(Eigen::Index unknown) const { return slopes_.col(unknown).data(); }
 
  private:
-  void reserve(Eigen::Index rows);
+  static constexpr Eigen::Index kSpare = 3;
+
+  void grow();
   void placePixels(const EdgeModel& model);
   void addEdge(const EdgeModel& model, std::size_t edge, const SampledBlur* sampled);
-  void addDeparture(const SampledBlur& sampled);
   void formSlopes(const EdgeModel& model);
 
   cv::Point origin_;

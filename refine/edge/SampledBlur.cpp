@@ -96,4 +96,9 @@ float SampledBlur::departure(float t, float nx, float ny) const {
   return first + across * (second - first);
 }
 
+void SampledBlur::addDepartures(std::ptrdiff_t n, const float* t, const float* nx, const float* ny,
+                                float* shares) const {
+  for (std::ptrdiff_t i = 0; i < n; ++i) shares[i] += departure(t[i], nx[i], ny[i]);
+}
+
 }  // namespace refine

@@ -18,10 +18,12 @@ class SampledBlur {
 
   /// Share of ink beyond that of the smooth edge at the distance t outside of an edge with the unit normal (nx, ny).
   float departure(float t, float nx, float ny) const;
+  /// Adds the departures of n places to `shares`.
+  void addDepartures(std::ptrdiff_t n, const float* t, const float* nx, const float* ny, float* shares) const;
 
  private:
-  static constexpr std::size_t kAngles = 17;
-  static constexpr std::size_t kDistances = 161;
+  static constexpr std::size_t kAngles = 13;
+  static constexpr std::size_t kDistances = 81;
 
   float reach_ = 0.0F;                                           ///< Beyond this distance there is none.
   float by_step_ = 0.0F;                                         ///< Places of the table by pixel.

@@ -8,10 +8,10 @@
 namespace refine {
 namespace {
 
-constexpr int kRounds = 4;
+constexpr int kOutlineRounds = 4;
 constexpr double kResting = 0.06;  ///< Pixels; what follows refines further.
 constexpr double kAcross = 0.7;    ///< Cosine between gradient and normal.
-constexpr double kSharpest = 0.35, kSoftest = 6.0;
+constexpr double kLeastEdge = 0.35, kGreatestEdge = 6.0;
 
 struct Gradient {
   double x = 0.0, y = 0.0;
@@ -81,14 +81,14 @@ BandSums sumsOf(const GreyPicture& picture, const Outline& around, const Gradien
 std::optional<GradientOutline> outlineOfGradients(const GreyPicture& picture, const Outline& expected,
                                                   const GradientBand& band) {
   GradientOutline result{expected};
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kOutlineRounds; ++round) {
     const BandSums sums = sumsOf(picture, result.outline, band);
     const std::optional<Outline> next = sums.fit.outline();
     if (!next) return std::nullopt;
     const cv::Point2d moved = next->centre - result.outline.centre;
     // Squared gradients of a Gaussian edge spread by half its variance; the difference over two pixels adds a third.
     const double variance = 2.0 * sums.squares / sums.weight - 1.0 / 3.0;
-    result = {*next, std::clamp(std::sqrt(std::max(variance, 0.0)), kSharpest, kSoftest)};
+    result = {*next, std::clamp(std::sqrt(std::max(variance, 0.0)), kLeastEdge, kGreatestEdge)};
     const double grown = std::abs(next->radius() - expected.radius());
     if (!(grown < 0.4 * expected.radius() + 1.0)) return std::nullopt;
     if (std::abs(moved.x) + std::abs(moved.y) < kResting) break;

@@ -7,7 +7,7 @@
 namespace refine {
 namespace {
 
-constexpr int kDirections = 32;
+constexpr int kDirections = 24;
 constexpr std::size_t kMostRadii = 256;
 constexpr double kStep = 0.375;             ///< Pixels.
 constexpr std::size_t kHalfDifference = 2;  ///< Steps.

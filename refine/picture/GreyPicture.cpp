@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 
@@ -54,7 +55,32 @@ void mixColours(GreyPicture& result, const cv::Mat& picture) {
   }
 }
 
+/// Bytes that come at once.
+constexpr std::ptrdiff_t kCacheLine = 64;
+
+void fetchLine(const std::uint8_t* at) {
+#if defined(__GNUC__)
+  __builtin_prefetch(at);
+#else
+  static_cast<void>(at);
+#endif
+}
+
 }  // namespace
+
+void GreyPicture::fetch(const cv::Point2d& centre, const cv::Point2d& half) const {
+  const cv::Rect box(cv::Point(cv::Point2d(centre.x - half.x, centre.y - half.y)),
+                     cv::Point(cv::Point2d(centre.x + half.x + 1.0, centre.y + half.y + 1.0)));
+  const cv::Rect inside = box & cv::Rect(cv::Point(), grey.size());
+  if (inside.empty()) return;
+  const auto size = static_cast<std::ptrdiff_t>(grey.elemSize1());
+  for (int row = inside.y; row < inside.y + inside.height; ++row) {
+    const auto* const first = grey.ptr<std::uint8_t>(row) + size * inside.x;
+    const auto* const last = first + size * inside.width - 1;
+    for (const auto* at = first; at < last; at += kCacheLine) fetchLine(at);
+    fetchLine(last);
+  }
+}
 
 GreyPicture greyPictureOf(const cv::Mat& picture) {
   if (picture.empty() || (picture.depth() != CV_8U && picture.depth() != CV_16U))

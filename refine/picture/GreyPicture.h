@@ -24,6 +24,9 @@ struct GreyPicture {
     const float value = at(row, column);
     return value <= 0.0F || value >= static_cast<float>(range);
   }
+  /// Has a processor that can do so fetch the pixels of a box, cut to the picture, while it does something else: dots
+  /// lie far apart in memory, and to wait for each of their rows takes longer than to fit them.
+  void fetch(const cv::Point2d& centre, const cv::Point2d& half) const;
   /// Grey between the pixels, bilinear. Precondition: 0 <= x < columns - 1, 0 <= y < rows - 1.
   double between(double x, double y) const {
     const int column = static_cast<int>(x), row = static_cast<int>(y);

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/Utf8.h"
+
 namespace polarline {
 namespace {
 
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr std::string_view kLineSeparator = "\xE2\x80\xA8";
 constexpr std::string_view kParagraphSeparator = "\xE2\x80\xA9";
 
@@ -31,20 +34,20 @@ std::string_view entityOf(char c) {
 std::string htmlOf(std::string_view text) {
   std::string html;
   html.reserve(text.size());
-  for (const char c : text) {
-    const std::string_view entity = entityOf(c);
-    if (entity.empty()) {
-      html += c;
-    } else {
-      html += entity;
-    }
+  while (!text.empty()) {
+    const std::size_t length = utf8::length(text);
+    const std::string_view entity = length == 0 ? kReplacement : entityOf(text[0]);
+    html += entity.empty() ? text.substr(0, length) : entity;
+    text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return html;
 }
 
 std::string scriptJson(std::string_view json) {
+  constexpr std::size_t kLonger = 5;  // By so much an escape is at most; growing would copy a page's data once more.
   std::string text;
-  text.reserve(json.size());
+  text.reserve(json.size() + kLonger * static_cast<std::size_t>(std::ranges::count(json, '<')) +
+               kLonger * static_cast<std::size_t>(std::ranges::count(json, kLineSeparator[0])));
   std::size_t at = 0;
   while (at < json.size()) {
     const std::size_t next = std::min(json.find_first_of("<\xE2", at), json.size());

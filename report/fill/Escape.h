@@ -5,7 +5,7 @@
 
 namespace polarline {
 
-/// A text as HTML shows it: nothing in it can become markup. Bytes that are no UTF-8 stay; a browser replaces them.
+/// A text as HTML shows it: nothing in it can become markup. Bytes that are no UTF-8 become U+FFFD.
 std::string htmlOf(std::string_view text);
 
 /// JSON that may stand inside a script element: no `<` ends it, and no line end of other scripts is in it.

@@ -67,27 +67,55 @@ void requireCount(std::size_t documents) {
   throw InputError(fmt::format("{} documents were named; 1 to {} were wanted", documents, kMostReportedChecks));
 }
 
+/// Takes the checks of a page, one behind the other.
+class PageMaker {
+ public:
+  PageMaker(std::size_t count, const ReportOptions& options) : options_(options), count_(count) { requireCount(count); }
+
+  void add(ReadCheck check) {
+    const auto cameras = setCameras(check.json, check.path);
+    const SetPictures files(check.json, check.path, partLookedAt(check.json), cameras);
+    const auto pictures = [&](std::size_t place) { return options_.pictures ? files.of(place) : PairPictures(); };
+    const CheckSources sources{pictures, boardOf(check.json, check.path), cameras};
+    const ViewOptions shown{titleOf(check, views_, options_.paths), options_.paths, options_.budget / count_};
+    views_.push_back(viewCheck(std::move(check), sources, shown));
+    const std::string lost = options_.pictures && options_.tell ? files.lost() : "";
+    if (!lost.empty()) options_.tell(fmt::format("{}: {}; the page goes without them", views_.back().title, lost));
+  }
+
+  std::string take() {
+    const std::string title = htmlOf(pageTitle(views_, options_.title));
+    const std::string words = staticPart(views_);
+    const std::string made = options_.made.empty() ? now() : options_.made;
+    std::string data = pageText(std::move(views_), made);
+    data = scriptJson(data);  // Not within the call below: the text before would stay until its end.
+    return filledMarks(
+        pageTemplate(),
+        {{{"@POLARLINE_TITLE@", title}, {"@POLARLINE_STATIC@", words}, {"@POLARLINE_DATA@", std::move(data)}}});
+  }
+
+ private:
+  const ReportOptions& options_;
+  std::size_t count_;
+  std::vector<CheckView> views_;
+};
+
 }  // namespace
 
 std::string reportPage(const std::vector<ReportDocument>& documents, const ReportOptions& options) {
-  requireCount(documents.size());
-  std::vector<CheckView> views;
-  for (const ReportDocument& document : documents) {
+  PageMaker page(documents.size(), options);
+  for (const ReportDocument& document : documents) page.add(readCheck(document));
+  return page.take();
+}
+
+std::string reportPage(std::vector<ReportDocument>&& documents, const ReportOptions& options) {
+  PageMaker page(documents.size(), options);
+  for (ReportDocument& document : documents) {
     ReadCheck check = readCheck(document);
-    const auto cameras = setCameras(check.json, check.path);
-    const SetPictures files(check.json, check.path, partLookedAt(check.json), cameras);
-    const auto pictures = [&](std::size_t place) { return options.pictures ? files.of(place) : PairPictures(); };
-    const CheckSources sources{pictures, boardOf(check.json, check.path), cameras};
-    const ViewOptions shown{titleOf(check, views, options.paths), options.paths, options.budget / documents.size()};
-    views.push_back(viewCheck(std::move(check), sources, shown));
-    const std::string lost = options.pictures && options.tell ? files.lost() : "";
-    if (!lost.empty()) options.tell(fmt::format("{}: {}; the page goes without them", views.back().title, lost));
+    std::string().swap(document.text);  // Of many pairs it is longer than all that the page keeps of it.
+    page.add(std::move(check));
   }
-  return filledMarks(
-      pageTemplate(),
-      {{{"@POLARLINE_TITLE@", htmlOf(pageTitle(views, options.title))},
-        {"@POLARLINE_STATIC@", staticPart(views)},
-        {"@POLARLINE_DATA@", scriptJson(pageText(views, options.made.empty() ? now() : options.made))}}});
+  return page.take();
 }
 
 }  // namespace polarline

@@ -10,8 +10,6 @@
 namespace polarline {
 namespace {
 
-std::string shown(double value) { return std::isfinite(value) ? plain::rounded(value, 4) : "–"; }
-
 std::string limitsTable(const std::vector<LimitResult>& limits) {
   if (limits.empty()) return "<p>No limits were given.</p>\n";
   std::string html =
@@ -19,7 +17,7 @@ std::string limitsTable(const std::vector<LimitResult>& limits) {
       "Value</th><th scope=\"col\">Holds</th><th scope=\"col\">Why</th></tr></thead>\n<tbody>\n";
   for (const LimitResult& limit : limits) {
     html += fmt::format("<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td></tr>\n", htmlOf(limit.text),
-                        limit.value ? shown(*limit.value) : "–", limit.holds ? "yes" : "no", htmlOf(limit.why));
+                        limit.value ? shownNumber(*limit.value) : "–", limit.holds ? "yes" : "no", htmlOf(limit.why));
   }
   return html + "</tbody>\n</table>\n";
 }
@@ -35,8 +33,8 @@ std::string figuresTable(const std::vector<FigureSummary>& figures, const char* 
     html += fmt::format(
         "<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}"
         "</td><td>{}</td></tr>\n",
-        htmlOf(figure.name), htmlOf(figure.unit), figure.count, shown(figure.mean), shown(figure.sd_mean),
-        shown(figure.min), shown(figure.max), figure.worst_pair);
+        htmlOf(figure.name), htmlOf(figure.unit), figure.count, shownNumber(figure.mean), shownNumber(figure.sd_mean),
+        shownNumber(figure.min), shownNumber(figure.max), figure.worst_pair);
   }
   return html + "</tbody>\n</table>\n";
 }
@@ -57,6 +55,8 @@ std::string checkPart(const CheckView& view) {
 }
 
 }  // namespace
+
+std::string shownNumber(double value) { return std::isfinite(value) ? plain::rounded(value, 4) : "–"; }
 
 std::string staticPart(const std::vector<CheckView>& views) {
   std::string html;

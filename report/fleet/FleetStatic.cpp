@@ -8,17 +8,14 @@
 #include <map>
 #include <utility>
 
-#include "platform/PlainNumber.h"
 #include "report/fill/Escape.h"
+#include "report/fill/StaticPart.h"
 #include "report/fleet/FleetYield.h"
 
 namespace polarline {
 namespace {
 
 constexpr std::size_t kMostWorst = 20;
-constexpr int kDigits = 4;
-
-std::string shown(double value) { return std::isfinite(value) ? plain::rounded(value, kDigits) : "–"; }
 
 std::string shareWords(const FleetShare& share) {
   return fmt::format("{:.2f} % (95 % interval {:.2f} to {:.2f} %)", 100.0 * share.share, 100.0 * share.low,
@@ -83,7 +80,7 @@ struct AllCells {
 std::string boundOf(const std::vector<double>& bounds, const char* sign) {
   if (bounds.empty() || std::ranges::all_of(bounds, [](double bound) { return std::isnan(bound); })) return "";
   const bool is_one = std::ranges::all_of(bounds, [&](double bound) { return bound == bounds[0]; });
-  return is_one ? fmt::format("{} {}", sign, shown(bounds[0])) : fmt::format("{} differs", sign);
+  return is_one ? fmt::format("{} {}", sign, shownNumber(bounds[0])) : fmt::format("{} differs", sign);
 }
 
 std::string measureRow(const FleetMeasure& measure) {
@@ -95,7 +92,8 @@ std::string measureRow(const FleetMeasure& measure) {
   return fmt::format(
       "<tr><th scope=\"row\">{} ({})</th><td>{}</td><td>{}{}{}</td><td>{}</td><td>{}</td><td>{}</td></tr>\n",
       htmlOf(measure.name), htmlOf(measure.value), htmlOf(measure.unit), lower,
-      lower.empty() || upper.empty() ? "" : ", ", upper, shown(all.n), all.n > 0.0 ? shown(all.mean) : "–", shown(sd));
+      lower.empty() || upper.empty() ? "" : ", ", upper, shownNumber(all.n), all.n > 0.0 ? shownNumber(all.mean) : "–",
+      shownNumber(sd));
 }
 
 std::string measuresTable(const Fleet& fleet) {
@@ -112,7 +110,7 @@ std::string worstTable(const Fleet& fleet) {
     const FleetWorst& worst = fleet.worst[k];
     html += fmt::format("<tr><th scope=\"row\">{}</th><td>{}</td><td>{}</td><td>{}</td><td>{}</td><td>{}</td></tr>\n",
                         htmlOf(worst.set), htmlOf(nameOf(fleet, worst.group)), htmlOf(worst.time),
-                        htmlOf(worst.verdict), htmlOf(worst.limit), shown(worst.measured));
+                        htmlOf(worst.verdict), htmlOf(worst.limit), shownNumber(worst.measured));
   }
   return html + "</tbody>\n</table>\n";
 }

@@ -15,6 +15,8 @@ class Board {
   /// @param document A document of a check that was looked through.
   explicit Board(const Json& document);
 
+  /// The points of a frame stand in no rows and columns.
+  bool hasGrid() const { return !is_frame_; }
   std::int32_t columnOf(std::int32_t id) const;
   std::int32_t rowOf(std::int32_t id) const;
   /// The true place, board units; none for an id that the board has not.

@@ -97,15 +97,19 @@ Details detailsOf(const ReadCheck& check, const std::string& figure, const Check
   return details;
 }
 
+std::string budgetText(std::size_t left_out, std::size_t pairs) {
+  if (left_out == 0) return {};
+  const std::string of = left_out < pairs
+                             ? fmt::format("{} of {} pairs", left_out, pairs)
+                             : (pairs == 1 ? std::string("the only pair") : fmt::format("all {} pairs", pairs));
+  return fmt::format(
+      "Dots and pictures of {} were left out to keep the file small{}. polarline report --budget takes more.", of,
+      left_out < pairs ? "; those of the worst pairs are there, and others evenly over the list" : "");
+}
+
 std::string leftOutText(const Details& details) {
-  const auto left_out = std::ranges::count(details.texts, std::string());
-  std::string text;
-  if (left_out > 0) {
-    text = fmt::format(
-        "Dots and pictures of {} of {} pairs were left out to keep the file small; those of the worst "
-        "pairs are there, and others evenly over the list. polarline report --budget takes more.",
-        left_out, details.texts.size());
-  }
+  const auto left_out = static_cast<std::size_t>(std::ranges::count(details.texts, std::string()));
+  std::string text = budgetText(left_out, details.texts.size());
   if (details.without_pictures > 0) {
     text += fmt::format(
         "{}Pictures of {} {} are not shown: the files are not where they were, have changed, or were "

@@ -53,8 +53,10 @@ void writePlaces(JsonText& json, const DotLists& dots, const Board& board) {
   std::vector<double> y;
   for (const std::int32_t id : dots.id) {
     const auto place = board.placeOf(id);
-    columns.push_back(board.columnOf(id));
-    rows.push_back(board.rowOf(id));
+    if (board.hasGrid()) {
+      columns.push_back(board.columnOf(id));
+      rows.push_back(board.rowOf(id));
+    }
     x.push_back(place ? place->x : std::nan(""));
     y.push_back(place ? place->y : std::nan(""));
   }

@@ -69,14 +69,17 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
 
 }  // namespace
 
-std::string pageText(const std::vector<CheckView>& views, const std::string& made) {
+std::string pageText(std::vector<CheckView> views, const std::string& made) {
   JsonText json(JsonText::Form::kShort);
   json.object().member("schema", "polarline-page/1").member("made", made);
   json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION);
   json.member("library", "PolarLinePrecision " PLP_VERSION).end();
   json.key("explanations").raw(nameTexts());
   json.key("checks").array();
-  for (const CheckView& view : views) json.raw(view.data);
+  for (CheckView& view : views) {
+    json.raw(view.data);
+    std::string().swap(view.data);  // It is most of the page.
+  }
   json.end().key("comparison");
   if (views.size() > 1) {
     writeComparison(json, views);

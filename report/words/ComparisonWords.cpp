@@ -42,14 +42,10 @@ std::vector<const ComparedFigure*> judged(const std::vector<ComparedFigure>& fig
 
 std::string counted(std::size_t count) { return fmt::format("{} {}", count, count == 1 ? "figure" : "figures"); }
 
-/// The value ends where its error does: "3.67 ± 0.12".
-std::string withError(double value, double error) {
-  const std::string written = plain::rounded(error, 2);
-  const std::size_t point = written.find('.');
-  const std::size_t decimals = point == std::string::npos ? 0 : written.size() - point - 1;
-  if (!std::isfinite(error) || written.find('e') != std::string::npos)
-    return fmt::format("{} ± {}", plain::rounded(value, 3), written);
-  return fmt::format("{:.{}f} ± {}", value, decimals, written);
+/// A difference of figures that are exact, or of which nobody knows how certain they are, has no ±.
+std::string sizeOf(const Difference& difference) {
+  const double size = std::abs(difference.value);
+  return difference.sd > 0.0 ? plain::withError(size, difference.sd) : plain::rounded(size, 3);
 }
 
 /// "less: dy_means (by 0.1 ± 0.01 pixels), ... and 4 more".
@@ -58,8 +54,8 @@ std::string listed(const std::vector<const ComparedFigure*>& figures, std::size_
   for (std::size_t k = 0; k < std::min(figures.size(), kMostNamed); ++k) {
     const Difference& difference = figures[k]->differences[check];
     const std::string& unit = figures[k]->unit;
-    text += fmt::format("{}{} (by {}{}{})", k == 0 ? "" : ", ", figures[k]->name,
-                        withError(std::abs(difference.value), difference.sd), unit.empty() ? "" : " ", unit);
+    text += fmt::format("{}{} (by {}{}{})", k == 0 ? "" : ", ", figures[k]->name, sizeOf(difference),
+                        unit.empty() ? "" : " ", unit);
   }
   if (figures.size() > kMostNamed) text += fmt::format(" and {} more", counted(figures.size() - kMostNamed));
   return fmt::format(" {}: {}.", word, text);

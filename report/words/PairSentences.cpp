@@ -56,10 +56,21 @@ std::string courseText(const std::optional<Course>& course, const char* way, con
       subject.mean, way, course->mean.size(), number(least), px(most), px(1000.0 * course->slope));
 }
 
-std::string residualText(const Spread& residual) {
+/// The library's figures leave out what is larger, pixels; the plots show every dot.
+constexpr double kLargestCounted = 5.0;
+
+std::string notCountedText(const std::vector<double>& residuals) {
+  const auto above = std::ranges::count_if(residuals, [](double each) { return each > kLargestCounted; });
+  if (above == 0) return {};
+  return fmt::format(" {} above {:g} pixels {} not count in tri_rms, tri_mean, tri_max.",
+                     above == 1 ? "1 dot" : fmt::format("{} dots", above), kLargestCounted, above == 1 ? "does" : "do");
+}
+
+std::string residualText(const Spread& residual, const std::vector<double>& residuals) {
   if (residual.count == 0) return kNotMeasured;
-  return fmt::format("Residual of the triangulation of {} dots: mean {}, 95 % of them at most {}, largest {}.",
-                     residual.count, px(residual.mean), px(residual.p95_abs), px(residual.max));
+  return fmt::format("Residual of the triangulation of {} dots: mean {}, 95 % of them at most {}, largest {}.{}",
+                     residual.count, px(residual.mean), px(residual.p95_abs), px(residual.max),
+                     notCountedText(residuals));
 }
 
 std::string distancesText(const std::vector<DistanceBin>& bins) {
@@ -124,10 +135,13 @@ RowSentences rowSentences(const RowMeasures& rows, const Subject& subject) {
 RowSentences remainsSentences(const RowMeasures& remains) { return rowSentences(remains, kRemains); }
 
 PairSentences pairSentences(const DotLists& dots, const PairMeasures& measures) {
-  return {
-      rowSentences(measures.rows, kRows), residualText(measures.residual),          distancesText(measures.distances),
-      depthText(measures.depth_error),    disparityText(measures.disparity_spread), boardText(measures.board),
-      worstText(dots, measures)};
+  return {rowSentences(measures.rows, kRows),
+          residualText(measures.residual, dots.residual),
+          distancesText(measures.distances),
+          depthText(measures.depth_error),
+          disparityText(measures.disparity_spread),
+          boardText(measures.board),
+          worstText(dots, measures)};
 }
 
 }  // namespace polarline

@@ -11,7 +11,7 @@ import sys
 import threading
 from pathlib import Path
 
-from mutation.sources import BUILD, LATE, PROGRAMS, SOURCE, WORK, own_filter, programs_of
+from mutation.sources import BUILD, LATE, SOURCE, WORK, own_filter, programs_of
 
 
 def allow(seconds):
@@ -36,13 +36,13 @@ class Bench:
         self.originals = {}
 
     @classmethod
-    def learn(cls):
+    def learn(cls, programs):
         """How the build compiles and links."""
         for entry in json.loads((BUILD / "compile_commands.json").read_text()):
             words = shlex.split(entry["command"])
             compiler = next(i for i, word in enumerate(words) if Path(word).name in ("c++", "g++", "clang++"))
             cls.commands[str(Path(entry["file"]).relative_to(SOURCE))] = words[compiler:]
-        for program in PROGRAMS:
+        for program in programs:
             lines = subprocess.run(["ninja", "-t", "commands", "tests/test_" + program], cwd=BUILD, check=True, capture_output=True, text=True)
             cls.links[program] = shlex.split(lines.stdout.splitlines()[-1].replace(": &&", "").replace("&& :", ""))
 

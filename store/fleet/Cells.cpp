@@ -8,7 +8,6 @@
 namespace polarline::fleet {
 namespace {
 
-constexpr std::size_t kFixedKeys = 2;  ///< Station and model.
 constexpr std::size_t kMostGroups = 2000;
 constexpr std::size_t kMostCellNumbers = 40000;  ///< Of all cells and measures.
 

@@ -59,15 +59,18 @@ double meanOf(const std::vector<double>& values, const std::vector<std::size_t>&
   return count == 0 ? std::numeric_limits<double>::quiet_NaN() : sum / count;
 }
 
-Course courseOf(std::size_t group, std::size_t each, const std::vector<std::size_t>& places, const FleetSets& sets,
-                const Cells& cells, const MeasuredValues& values) {
-  constexpr std::int64_t kSeconds = 60, kMinutes = 1440;
-  Course course{group, each, places.size() % each, {}, {}};
+std::int64_t minuteOf(const FleetSet& set, const Cells& cells) {
+  constexpr std::int64_t kSeconds = 60, kSecondsOfADay = 86400, kMinutesOfADay = 1440;
+  const std::int64_t day = dayOf(set.time);
+  return (day - cells.first_day) * kMinutesOfADay + (set.time - day * kSecondsOfADay) / kSeconds;
+}
+
+FigureCourse courseOf(std::size_t group, std::size_t each, const std::vector<std::size_t>& places,
+                      const FleetSets& sets, const Cells& cells, const MeasuredValues& values) {
+  FigureCourse course{group, each, places.size() % each, {}, {}, {}};
   for (std::size_t end = each; end <= places.size(); end += each) {
-    const std::int64_t minutes =
-        dayOf(sets.at(places[end - 1]).time) * kMinutes +
-        (sets.at(places[end - 1]).time - dayOf(sets.at(places[end - 1]).time) * 86400) / kSeconds;
-    course.minutes.push_back(minutes - cells.first_day * kMinutes);
+    course.begins.push_back(minuteOf(sets.at(places[end - each]), cells));
+    course.minutes.push_back(minuteOf(sets.at(places[end - 1]), cells));
   }
   for (const std::vector<double>& measure : values) {
     std::vector<double>& points = course.values.emplace_back();
@@ -79,8 +82,8 @@ Course courseOf(std::size_t group, std::size_t each, const std::vector<std::size
 
 }  // namespace
 
-std::vector<Course> coursesOf(const FleetSets& sets, const Cells& cells, const MeasuredValues& values,
-                              std::size_t& left_out) {
+std::vector<FigureCourse> coursesOf(const FleetSets& sets, const Cells& cells, const MeasuredValues& values,
+                                    std::size_t& left_out) {
   std::vector<std::vector<std::size_t>> places(cells.groups.size());  // Of a group, by time.
   for (std::size_t place = 0; place < sets.size(); ++place) {
     const FleetSet& set = sets.at(place);
@@ -94,14 +97,14 @@ std::vector<Course> coursesOf(const FleetSets& sets, const Cells& cells, const M
   left_out = streams.size() - std::min(streams.size(), kMostStreams);
   streams.resize(streams.size() - left_out);
 
-  std::vector<Course> courses;
+  std::vector<FigureCourse> courses;
   for (const Stream& stream : streams) {
     const std::size_t each = setsOfAPoint(stream, places, most);
     for (const std::size_t group : stream.groups) {
       if (places[group].size() >= each) courses.push_back(courseOf(group, each, places[group], sets, cells, values));
     }
   }
-  std::ranges::sort(courses, {}, &Course::group);
+  std::ranges::sort(courses, {}, &FigureCourse::group);
   return courses;
 }
 

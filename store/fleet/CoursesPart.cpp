@@ -7,9 +7,9 @@ namespace polarline::fleet {
 
 void addCourses(FleetJson& json, const Fleet& fleet, Notes& notes) {
   std::size_t left_out = 0;
-  const std::vector<Course> courses = coursesOf(fleet.sets, fleet.cells, fleet.values, left_out);
+  const std::vector<FigureCourse> courses = coursesOf(fleet.sets, fleet.cells, fleet.values, left_out);
   json["courses"] = FleetJson::array();
-  for (const Course& course : courses) {
+  for (const FigureCourse& course : courses) {
     FleetJson values = FleetJson::array();
     for (const std::vector<double>& measure : course.values) {
       FleetJson& points = values.emplace_back(FleetJson::array());
@@ -18,6 +18,7 @@ void addCourses(FleetJson& json, const Fleet& fleet, Notes& notes) {
     json["courses"].push_back({{"group", course.group},
                                {"each", course.each},
                                {"waiting", course.waiting},
+                               {"begin", course.begins},
                                {"minute", course.minutes},
                                {"values", std::move(values)}});
   }

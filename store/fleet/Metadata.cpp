@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t kMostValues = 24;
 constexpr std::size_t kMostExtraKeys = 3;
-constexpr std::size_t kFixedKeys = 2;
 
 /// The values of one key as they are met.
 struct Met {

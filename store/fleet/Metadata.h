@@ -26,6 +26,9 @@ struct OtherKey {
   std::size_t values = 0;
 };
 
+/// Station and model, with which the columns begin.
+constexpr std::size_t kFixedKeys = 2;
+
 /// The metadata of all sets: first station and model, which are there even when no set has them, then the keys by which
 /// one may filter, those of the fewest values first.
 struct FleetMetadata {

@@ -35,7 +35,10 @@ struct ReadCauses {
 
 ReadCauses readCauses(const sqlite::Database& database, const FleetSets& sets) {
   ReadCauses causes;
-  sqlite::Statement row(database, "SELECT set_id, name, value, sd, unit FROM causes");
+  // Of causes that a set's pictures do not tell apart, one whose size they leave open may be no cause at all.
+  sqlite::Statement row(database,
+                        "SELECT set_id, name, value, sd, unit FROM causes "
+                        "WHERE alike IS NULL OR sd IS NULL OR abs(value) >= 3 * sd");
   while (row.step()) {
     const FleetSet& set = sets.at(sets.placeOf(row.integer(0)));
     if (set.cell < 0) continue;

@@ -35,11 +35,19 @@ DocumentWriter::DocumentWriter(const sqlite::Database& database)
                   "UPDATE documents SET sha256 = ?, size = ?, modified = ?, inode = ?, metadata_size = ?, "
                   "metadata_modified = ?, metadata_inode = ? WHERE id = ?"),
       find_holder_(database,
-                   "SELECT s.id, s.document, s.retry, s.started, d.sha256 FROM sets s "
-                   "JOIN documents d ON d.id = s.document WHERE s.name = ?"),
+                   "SELECT s.id, s.document, s.retry, s.started, d.sha256, t.path FROM sets s "
+                   "JOIN documents d ON d.id = s.document JOIN stores t ON t.id = d.store WHERE s.name = ?"),
+      find_path_(database, "SELECT path FROM stores WHERE id = ?"),
       forget_(database,
               "UPDATE documents SET size = -1, sha256 = '' "
               "WHERE store IN (SELECT id FROM stores WHERE id <> ?) AND name = ?"),
+      all_unread_(database,
+                  "SELECT d.name FROM sets s JOIN documents d ON d.id = s.document "
+                  "WHERE s.inputs_sha256 = '' AND d.store = ?"),
+      drop_unread_(database,
+                   "DELETE FROM sets WHERE inputs_sha256 = '' AND name = ?2 "
+                   "AND document IN (SELECT id FROM documents WHERE store = ?1 AND name = ?2)"),
+      drop_row_(database, "DELETE FROM documents WHERE store = ? AND name = ?"),
       quarantine_(database,
                   "INSERT INTO quarantine VALUES (?, ?, strftime('%Y-%m-%dT%H:%M:%SZ', 'now')) "
                   "ON CONFLICT(path) DO UPDATE SET reason = excluded.reason"),
@@ -103,21 +111,45 @@ DocumentWriter::Outcome DocumentWriter::write(std::int64_t store, const LoadedDo
   return writeSet(store, document, loaded);
 }
 
+std::vector<std::string> DocumentWriter::unreadSets(std::int64_t store) {
+  std::vector<std::string> names;
+  all_unread_.bind(store);
+  while (all_unread_.step()) names.push_back(all_unread_.text(0));
+  all_unread_.reset();
+  return names;
+}
+
+void DocumentWriter::dropUnread(std::int64_t store, const std::string& name) {
+  drop_unread_.run(store, name);
+  if (sqlite3_changes(database_.handle()) == 0) return;  // Another merge was faster, or it was read since.
+  drop_row_.run(store, name);
+  forgetRivals(store, name);
+}
+
 std::optional<DocumentWriter::Holder> DocumentWriter::holder(const std::string& name) {
   std::optional<Holder> found;
   if (find_holder_.bind(name).step()) {
-    found = Holder{find_holder_.integer(0), find_holder_.integer(1), find_holder_.integer(2) != 0, find_holder_.text(3),
-                   find_holder_.text(4)};
+    found = Holder{find_holder_.integer(0), find_holder_.integer(1), find_holder_.integer(2) != 0,
+                   find_holder_.text(3),    find_holder_.text(4),    find_holder_.text(5)};
   }
   find_holder_.reset();
   return found;
 }
 
-/// One that need not be tried again comes before one that does, then the later one; the hash only makes it the same in
-/// whatever order the stores are named.
-bool DocumentWriter::isBetter(const LoadedDocument& loaded, const Holder& holder) {
-  return std::tuple(!loaded.rows->retry, loaded.rows->started, loaded.sha256) >
-         std::tuple(!holder.retry, holder.started, holder.sha256);
+/// One that need not be tried again comes before one that does, then the later one; hash and path only make it the same
+/// in whatever order the stores are merged, also of copies that bear other metadata.
+bool DocumentWriter::isBetter(std::int64_t store, const LoadedDocument& loaded, const Holder& holder) {
+  const auto own = std::tie(loaded.rows->started, loaded.sha256);
+  const auto other = std::tie(holder.started, holder.sha256);
+  if (loaded.rows->retry != holder.retry) return holder.retry;
+  return own != other ? own > other : pathOf(store) < holder.store;
+}
+
+std::string DocumentWriter::pathOf(std::int64_t store) {
+  find_path_.bind(store).step();
+  std::string path = find_path_.text(0);
+  find_path_.reset();
+  return path;
 }
 
 DocumentWriter::Outcome DocumentWriter::writeSet(std::int64_t store, std::int64_t document,
@@ -129,7 +161,7 @@ DocumentWriter::Outcome DocumentWriter::writeSet(std::int64_t store, std::int64_
   }
   const bool is_own = earlier->document == document;
   // The row of an own document has the new hash by now, which is right: only an order by time can get worse.
-  const bool is_better = isBetter(loaded, *earlier);
+  const bool is_better = isBetter(store, loaded, *earlier);
   if (!is_own && !is_better) return Outcome::kElsewhere;
   if (is_own && !is_better) forgetRivals(store, loaded.name);
   sets_.replace(earlier->set, document, *loaded.rows);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "store/results/LoadDocument.h"
 #include "store/results/SetRows.h"
@@ -33,6 +34,11 @@ class DocumentWriter {
 
   Outcome write(std::int64_t store, const LoadedDocument& loaded);
 
+  /// Names of the sets whose files could not be read.
+  std::vector<std::string> unreadSets(std::int64_t store);
+  /// Such a set, when its document is gone: a worker could read the files since, and wrote another one.
+  void dropUnread(std::int64_t store, const std::string& name);
+
   void quarantine(const std::string& path, const std::string& reason);
   void release(const std::string& path);
 
@@ -50,19 +56,21 @@ class DocumentWriter {
   struct Holder {
     std::int64_t set = 0, document = 0;
     bool retry = false;
-    std::string started, sha256;
+    std::string started, sha256, store;  ///< The store by its path.
   };
   std::optional<Row> row(std::int64_t store, const std::string& name);
   std::int64_t setRow(std::int64_t store, const LoadedDocument& loaded, const std::optional<Row>& earlier);
   std::optional<Holder> holder(const std::string& name);
-  static bool isBetter(const LoadedDocument& loaded, const Holder& holder);
+  bool isBetter(std::int64_t store, const LoadedDocument& loaded, const Holder& holder);
+  std::string pathOf(std::int64_t store);
   Outcome writeSet(std::int64_t store, std::int64_t document, const LoadedDocument& loaded);
   Outcome writeMetadata(std::int64_t document, const LoadedDocument& loaded, const KnownDocument& known);
   void forgetRivals(std::int64_t store, const std::string& name);
 
   const sqlite::Database& database_;
   SetRows sets_;
-  sqlite::Statement add_store_, find_store_, find_row_, all_rows_, add_row_, change_row_, find_holder_, forget_;
+  sqlite::Statement add_store_, find_store_, find_row_, all_rows_, add_row_, change_row_, find_holder_, find_path_,
+      forget_, all_unread_, drop_unread_, drop_row_;
   sqlite::Statement quarantine_, release_;
   std::size_t forgotten_ = 0;
 };

@@ -6,7 +6,7 @@
 #include <limits>
 #include <system_error>
 
-#include "store/results/Utf8.h"
+#include "platform/Utf8.h"
 
 namespace polarline::results {
 namespace {
@@ -182,7 +182,7 @@ std::string JsonCursor::text() {
     appendEscape(taken);
   }
   ++at_;
-  if (bits >= 0x80U && !isUtf8(taken)) fault("a text that is not UTF-8");
+  if (bits >= 0x80U && !utf8::isValid(taken)) fault("a text that is not UTF-8");
   return taken;
 }
 

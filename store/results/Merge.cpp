@@ -11,6 +11,7 @@
 #include "store/results/Schema.h"
 #include "store/results/Sqlite.h"
 #include "store/results/StoreMerge.h"
+#include "store/work/StoreFolder.h"
 
 namespace polarline {
 using namespace results;
@@ -28,6 +29,10 @@ std::set<fs::path> foldersOf(const std::vector<std::string>& stores) {
     if (failure) throw InputError(store, failure.message());
     if (!fs::is_directory(folder, failure))
       throw InputError(store, "is no folder; a store of 'polarline batch' was wanted");
+    // The place of a store that is away would be taken for one without documents.
+    if (!fs::exists(folder / StoreFolder::kMark, failure))
+      throw InputError(store, std::string("has no ") + StoreFolder::kMark +
+                                  ": it is no store of 'polarline batch', or its disk is not mounted");
     folders.insert(folder);
   }
   return folders;

@@ -67,7 +67,9 @@ void useWriteAheadLog(const sqlite::Database& database) {
       if (database.text("PRAGMA journal_mode = WAL") == "wal") return;
       throw OutputError(database.path(), "its file system has no write-ahead log of SQLite; name a local file");
     } catch (const OutputError&) {
-      if (k == kTries || database.text("PRAGMA journal_mode") != "delete") throw;
+      // Another merge changes the file of old to the log or has just done so; the next try finds it.
+      const std::string mode = database.text("PRAGMA journal_mode");
+      if (k == kTries || (mode != "delete" && mode != "wal")) throw;
     }
     std::this_thread::sleep_for(kPause);
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <future>
+#include <system_error>
 #include <utility>
 
 namespace polarline::results {
@@ -35,6 +36,17 @@ void StoreMerge::run(const MergeOptions& options, MergeResult& result) {
     write(work, begin, loaded, result);
     if (options.on_progress) options.on_progress(begin + loaded.size(), work.size());
   }
+  dropGone();
+}
+
+/// A set whose files could not be read is named by its folder, and by what it holds once they could be.
+void StoreMerge::dropGone() {
+  sqlite::Transaction transaction(database_);
+  for (const std::string& name : writer_.unreadSets(number_)) {
+    std::error_code failure;
+    if (!std::filesystem::exists(documentPath(store_, name), failure) && !failure) writer_.dropUnread(number_, name);
+  }
+  transaction.commit();
 }
 
 std::vector<StoreMerge::Work> StoreMerge::findWork(MergeResult& result) {

@@ -29,6 +29,7 @@ class StoreMerge {
   std::vector<Work> findWork(MergeResult& result);
   Loaded load(const std::vector<Work>& work, std::size_t begin) const;
   void write(const std::vector<Work>& work, std::size_t begin, Loaded& loaded, MergeResult& result);
+  void dropGone();
   void count(const LoadedDocument& loaded, DocumentWriter::Outcome outcome, MergeResult& result);
   void tell(const std::filesystem::path& path, const std::string& fault, MergeResult& result);
 

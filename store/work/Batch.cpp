@@ -10,6 +10,7 @@
 
 #include "store/work/Course.h"
 #include "store/work/IdsAhead.h"
+#include "store/work/StoreFolder.h"
 #include "store/work/Worker.h"
 
 namespace polarline {
@@ -32,7 +33,8 @@ class Walk {
       if (!take(set, id)) left_.emplace_back(&set, id);
     }
     waitForOthers();
-    return course_.ended(worker_.outcome());
+    const BatchOutcome outcome = worker_.outcome();
+    return course_.ended(outcome, outcome.sets == sets_.size());
   }
 
  private:
@@ -70,6 +72,8 @@ BatchOutcome batch(const std::vector<BatchSet>& sets, const BatchOptions& option
   const OneThread one;
   return Walk(sets, options).run();
 }
+
+void makeStore(const std::string& folder) { const StoreFolder made(folder, StoreFolder::IfMissing::kMakeWhole); }
 
 std::string batchText(const BatchOutcome& outcome) {
   std::string text = fmt::format("{} set{}: {} judged, {} already there", outcome.sets, outcome.sets == 1 ? "" : "s",

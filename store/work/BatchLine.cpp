@@ -19,4 +19,14 @@ std::string batchLine(const BatchResult& result) {
   return json.take();
 }
 
+std::string batchJson(const BatchOutcome& outcome) {
+  JsonText json;
+  json.object().member("schema", "polarline-batch-outcome/1");
+  json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION).end();
+  json.member("sets", outcome.sets).member("judged", outcome.judged);
+  json.member("there", outcome.there).member("failed", outcome.failed);
+  json.member("exit_code", outcome.exit_code).end();
+  return json.take() + "\n";
+}
+
 }  // namespace polarline

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "check/set/Fingerprint.h"
 #include "platform/BoundedInput.h"
 #include "platform/Pieces.h"
 #include "polarline/batch.h"
@@ -31,6 +32,7 @@ BatchSet setOf(const std::string& line, const std::string& place) {
 
 std::vector<BatchSet> parseBatchList(const std::string& text, const std::string& name) {
   std::vector<BatchSet> sets;
+  const std::string list = sha256(text);
   std::size_t number = 0;
   for (std::string line : piecesOf(text, '\n')) {
     ++number;
@@ -38,6 +40,7 @@ std::vector<BatchSet> parseBatchList(const std::string& text, const std::string&
     if (line.empty() || line.front() == '#') continue;
     sets.push_back(setOf(line, fmt::format("{}, line {}", name, number)));
     sets.back().line = number;
+    sets.back().list = list;
   }
   if (sets.empty()) throw InputError(name, "names no set; a folder a line was wanted");
   return sets;

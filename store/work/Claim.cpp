@@ -14,8 +14,7 @@
 namespace polarline {
 
 std::unique_ptr<Claim> Claim::take(const StoredPlace& place, Silence& silence, double timeout_seconds) {
-  static const process_identity::Identity worker = process_identity::own();
-  const std::string text = claimText(worker);
+  const std::string text = claimText(process_identity::own());
   std::error_code ignored;
   if (std::filesystem::exists(place.claim(), ignored)) {
     if (!silence.isDead(place)) return nullptr;

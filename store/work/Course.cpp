@@ -32,8 +32,8 @@ void Course::wait(const BatchOutcome& outcome, std::chrono::milliseconds time) {
   for (; time.count() > 0 && goesOn(outcome); time -= kStep) std::this_thread::sleep_for(std::min(kStep, time));
 }
 
-BatchOutcome Course::ended(BatchOutcome outcome) const {
-  if (is_interrupted_) outcome.exit_code = kInterrupted;
+BatchOutcome Course::ended(BatchOutcome outcome, bool is_whole) const {
+  if (is_interrupted_ || !is_whole) outcome.exit_code = kInterrupted;
   return outcome;
 }
 

@@ -33,8 +33,8 @@ class Course {
   void drop() { is_interrupted_ = true; }
   /// Waits in small steps, as long as the batch goes on.
   void wait(const BatchOutcome& outcome, std::chrono::milliseconds time);
-  /// With the exit code of its end.
-  BatchOutcome ended(BatchOutcome outcome) const;
+  /// With the exit code of its end; of a list that was not gone through to its end it tells so.
+  BatchOutcome ended(BatchOutcome outcome, bool is_whole = true) const;
 
  private:
   const BatchOptions& options_;

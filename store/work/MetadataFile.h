@@ -5,12 +5,14 @@
 #include "polarline/batch.h"
 #include "store/work/StoreFolder.h"
 
+/// What the list says of a set, and the hash of the settings under which it is judged, beside its document.
 namespace polarline {
 
-/// Whether the store knows of a set what the list says. A list that says nothing changes nothing.
+/// Whether the store knows of a set what is to be known of it. A list that says nothing of it changes nothing. Of lines
+/// of one list that say different things of the same set the first counts, whichever worker comes first.
 bool hasMetadata(const StoredPlace& place, const BatchSet& set, const std::string& settings);
 
-/// Writes down what the list says. Throws `OutputError`.
+/// Writes it down where it is not known. The place must be claimed. Throws `OutputError`.
 void writeMetadata(const StoredPlace& place, const BatchSet& set, const std::string& settings);
 
 }  // namespace polarline

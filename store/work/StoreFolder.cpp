@@ -11,23 +11,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kMark = "polarline-store.json";
 constexpr const char* kMarkText = "{\"schema\": \"polarline-store/1\"}\n";
 
 }  // namespace
 
-StoreFolder::StoreFolder(const std::string& path) : path_(path), mark_(path_ / kMark) {
+StoreFolder::StoreFolder(const std::string& path, IfMissing if_missing) : path_(path), mark_(path_ / kMark) {
+  if (hasMark()) return;
   std::error_code failure;
+  if (if_missing == IfMissing::kRefuse) demandThere();
+  if (if_missing == IfMissing::kMakeWhole && fs::exists(path_, failure))
+    throw OutputError(path, std::string("is there and has no ") + kMark +
+                                ": perhaps its disk is not mounted. A store is made where nothing stands yet");
   fs::create_directories(path_, failure);
   if (!fs::is_directory(path_)) throw OutputError(path, failure ? failure.message() : "is no folder");
-  if (!fs::exists(mark_, failure)) whole_file::write(mark_, kMarkText);
+  whole_file::write(mark_, kMarkText);
+}
+
+bool StoreFolder::hasMark() const {
+  std::error_code failure;
+  return fs::exists(mark_, failure);
 }
 
 void StoreFolder::demandThere() const {
-  std::error_code failure;
-  if (!fs::exists(mark_, failure))
-    throw OutputError(path_.string(), std::string("the store is away: it has no ") + kMark +
-                                          (failure ? " (" + failure.message() + ")" : ""));
+  if (!hasMark()) throw OutputError(path_.string(), std::string("the store is away: it has no ") + kMark);
 }
 
 StoredPlace StoreFolder::place(const std::string& name) const { return {path_ / name.substr(0, 2), name}; }
@@ -58,8 +64,7 @@ void removeLeftovers(const StoredPlace& place) {
   for (fs::directory_iterator each(place.folder, failure), end; !failure && each != end; each.increment(failure)) {
     const std::string file = each->path().filename().string();
     std::error_code ignored;
-    if (file.starts_with(place.name + ".") && file.find(".partial-") != std::string::npos)
-      fs::remove(each->path(), ignored);
+    if (file.starts_with(place.name + ".") && whole_file::isPartial(each->path())) fs::remove(each->path(), ignored);
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -21,11 +22,21 @@ struct StoredPlace {
 /// empty folder on which a disk is mounted, has none and takes nothing.
 class StoreFolder {
  public:
-  /// Makes the folder where it is not there. Throws `OutputError`.
-  explicit StoreFolder(const std::string& path);
+  /// The name of the mark.
+  static constexpr const char* kMark = "polarline-store.json";
+
+  enum class IfMissing : std::uint8_t {
+    kMake,       ///< Whatever stands there becomes a store.
+    kMakeWhole,  ///< Only where nothing stands: a folder without a mark may be the place of a disk that is away.
+    kRefuse,
+  };
+
+  /// Throws `OutputError`.
+  explicit StoreFolder(const std::string& path, IfMissing if_missing = IfMissing::kMake);
 
   /// Throws `OutputError` while the folder is away.
   void demandThere() const;
+  const std::filesystem::path& path() const { return path_; }
   StoredPlace place(const std::string& name) const;
   /// What does not belong to one document.
   StoredPlace root() const { return {path_, "polarline-store"}; }
@@ -37,6 +48,8 @@ class StoreFolder {
   static std::optional<std::filesystem::file_time_type> now(const StoredPlace& place);
 
  private:
+  bool hasMark() const;
+
   std::filesystem::path path_;
   std::filesystem::path mark_;
 };

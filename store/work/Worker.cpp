@@ -25,9 +25,12 @@ std::string failureText(const Check& check) {
 Worker::Worker(const BatchOptions& options)
     : options_(options),
       settings_(names::settingsHash(options.check)),
-      store_(options.store),
+      store_(options.store, options.existing ? StoreFolder::IfMissing::kRefuse : StoreFolder::IfMissing::kMake),
+      sign_(store_),
       silence_(options.claim_timeout),
-      began_(StoreFolder::now(store_.root())) {}
+      began_(StoreFolder::now(store_.root())) {
+  sweep(store_);
+}
 
 std::string Worker::nameOf(const BatchSet& set, const std::string& id) const {
   return id.empty() ? names::byPath(set.folder, settings_) : names::byId(id, settings_);
@@ -97,7 +100,7 @@ Worker::End Worker::work(const Task& task) {
   const BatchState state = done_.contains(task.place.name) ? BatchState::kDuplicate : BatchState::kThere;
   const auto there = kept(task);
   std::error_code ignored;
-  const bool is_as_said = state == BatchState::kDuplicate || hasMetadata(task.place, task.set, settings_);
+  const bool is_as_said = hasMetadata(task.place, task.set, settings_);
   if (there && is_as_said && !fs::exists(task.place.claim(), ignored)) {
     forgetUnreadable(task);
     tellThere(*there, state);
@@ -113,7 +116,7 @@ Worker::End Worker::work(const Task& task) {
 
 Worker::End Worker::judge(const Task& task, const Claim& claim) {
   if (const auto there = kept(task)) {  // Another worker may have been here before the claim.
-    if (!done_.contains(task.place.name)) writeMetadata(task.place, task.set, settings_);
+    writeMetadata(task.place, task.set, settings_);
     tellThere(*there, done_.contains(task.place.name) ? BatchState::kDuplicate : BatchState::kThere);
     remember(task.place);
     return End::kDone;

@@ -13,6 +13,7 @@
 #include "store/work/Silence.h"
 #include "store/work/StoreFolder.h"
 #include "store/work/StoredDocument.h"
+#include "store/work/Sweep.h"
 
 namespace polarline {
 
@@ -25,7 +26,7 @@ class Worker {
     kDropped,  ///< Somebody wants this worker to end.
   };
 
-  /// Makes the store. Throws `OutputError`.
+  /// Makes the store, or demands it, and clears up in it. Throws `OutputError`.
   explicit Worker(const BatchOptions& options);
 
   /// @param id  Of the set; empty where its files can't be read.
@@ -57,6 +58,7 @@ class Worker {
   const BatchOptions& options_;
   std::string settings_;
   StoreFolder store_;
+  WorkerSign sign_;
   Silence silence_;
   std::optional<std::filesystem::file_time_type> began_;  ///< As the store counts.
   std::set<std::string> done_;                            ///< Names of the documents of a list so far.

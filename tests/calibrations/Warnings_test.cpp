@@ -7,6 +7,8 @@
 #include <sstream>
 #include <string_view>
 
+#include "support/Places.h"
+
 namespace {
 
 using calibrations::warningCodes;
@@ -32,7 +34,7 @@ TEST(Warnings, CarryTheAdviceOfTheirCode) {
 }
 
 TEST(Warnings, StandOnThePageOfTheFormats) {
-  std::ifstream page(IMPORTED_CALIBRATIONS_PAGE);
+  std::ifstream page(places::inProject("docs/formats/imported_calibrations.md"));
   std::ostringstream text;
   text << page.rdbuf();
   for (const auto& each : warningCodes()) {

@@ -7,13 +7,14 @@
 #include <set>
 #include <sstream>
 
+#include "support/Places.h"
 #include "support/RenderedSet.h"
 #include "tools/scene/Reachable.h"
 
 namespace {
 
 nlohmann::json bounds() {
-  std::ifstream file(ACCURACY_BOUNDS);
+  std::ifstream file(places::inProject("tests/exports/accuracy_bounds.json"));
   return nlohmann::json::parse(file);
 }
 

@@ -119,13 +119,19 @@ def descendants(ancestor, name):
     return [process for process, program, _, state in stats if process in family and program == name and state != "Z"]
 
 
+def command_line(process):
+    with contextlib.suppress(OSError):
+        return pathlib.Path(f"/proc/{process}/cmdline").read_text()
+    return ""
+
+
 def kill_workers(ancestor, times):
     """Kills a worker as often as that, each time another."""
     killed = set()
 
     def kill_one():
         for process in descendants(ancestor, "polarline"):
-            if process not in killed:
+            if process not in killed and "--existing" in command_line(process):  # What makes the store is no worker.
                 killed.add(process)
                 os.kill(process, signal.SIGKILL)
                 return True

@@ -64,6 +64,19 @@ def main():
         check(code == 0 and not lines, f"a third call has nothing to do: {code}, {lines}")
         print(f"a call with nothing to do: {time.monotonic() - begin:.1f} s")
 
+        os.rename("a set", "away")  # The disk of the sets is not mounted.
+        code, _, complaints = finish(start("sets away", TRIES="1"))
+        check(code == 4 and "0 of 8 parts are done" in complaints, f"sets that are away are no answer: {code}, {complaints}")
+        os.rename("away", "a set")
+        code, _, complaints = finish(start("sets away"))
+        check(code == 0, f"sets that are back: ended with {code}: {complaints}")
+        check_same("sets away", expected, "sets away and back")
+
+        os.mkdir("unmounted")
+        code, lines, complaints = finish(start("unmounted"))
+        check(code == 4 and not lines and "its disk is not mounted" in complaints, f"a folder that is no store: {code}, {complaints}")
+        check(not os.listdir("unmounted"), "nothing is written into it")
+
         code, lines, complaints = finish(start("killed", "--limit", "no_such_figure<=1", TRIES="1"))
         check(code == 4 and not lines and "0 of 8 parts are done" in complaints, f"a wrong option is no answer: {code}, {complaints}")
 

@@ -76,12 +76,14 @@ def restarts(array):
 def disturbed(expected):
     """All at once: there are more tasks than a node has time for. Meanwhile another store and another list are away, whose tasks wait for their
     turn again."""
-    os.symlink("not there yet/store", "link")
-    away = submit("link", 1, "few.txt")
+    away = submit_without_disk("link", "few.txt")
+    make_store("late")
     late = ask("sbatch", "--parsable", "--array=1", EXAMPLES / "fleet.sbatch", "not there yet/few.txt", "late", *OPTIONS)
     array, merge = submit("store", 6)
     wait_for(lambda: restarts(away[0]) == restarts(late) == [1], "the tasks whose store or list is away are put back")
-    os.makedirs("not there yet/store")
+    os.rmdir("disk/store")  # Fails where somebody wrote into it.
+    os.rename("disk there/store", "disk/store")
+    os.makedirs("not there yet")
     shutil.copy("few.txt", "not there yet")
 
     wait_for(lambda: len(running(array)) == 2 and count("store") >= 2, "both nodes work")
@@ -104,6 +106,24 @@ def disturbed(expected):
     end_of(f"{away[0]},{late}", away[1])
     check(count("link") == FEW and sets_of("link.sqlite") == FEW, "all sets are in the store that was away")
     check(count("late") == FEW, "all sets of the list that was away are judged")
+
+
+def make_store(store):
+    ask("polarline", "batch", "--store", store, "--make-store")
+
+
+def submit_without_disk(link, sets):
+    """The disk of the store goes away before the task begins; an empty folder stands in its place."""
+    for folder in ("disk", "disk there"):
+        os.mkdir(folder)
+    make_store("disk/store")
+    os.symlink("disk/store", link)
+    ask("scontrol", "update", "PartitionName=main", "State=DOWN")
+    jobs_of = submit(link, 1, sets)
+    os.rename("disk/store", "disk there/store")
+    os.mkdir("disk/store")
+    ask("scontrol", "update", "PartitionName=main", "State=UP")
+    return jobs_of
 
 
 def documented(expected):

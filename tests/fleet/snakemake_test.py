@@ -34,6 +34,14 @@ def main():
 
         check("Nothing to be done" in finish(start(), "again"), "done is done")
 
+        os.rename("a store", "elsewhere")
+        os.mkdir("a store")  # As the place of a disk that is not mounted.
+        run = start()
+        output, _ = run.communicate(timeout=60)
+        check(run.returncode != 0 and "its disk is not mounted" in output and not os.listdir("a store"), f"no store is begun there:\n{output}")
+        os.rmdir("a store")
+        os.rename("elsewhere", "a store")
+
         lines = pathlib.Path("list.txt").read_text().splitlines()
         pathlib.Path("list.txt").write_text("\n".join([*lines, "base\tserial=new"]) + "\n")
         output = finish(start(), "with a set more")

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "support/Places.h"
+
 namespace {
 
 TEST(PolarConfigKeys, EveryFieldThatIsAKeyIsListedOnceUnderItsName) {
@@ -119,9 +121,9 @@ TEST(PolarConfigKeys, TheWalkEndsAtTheFirstNo) {
 
 /// The page writes the four points of an evaluation as a range, `TriPoint1_ID` .. `TriPoint4_ID`.
 TEST(PolarConfigKeys, ThePageOnThePolarConfigurationHasThemAll) {
-  std::ifstream file(POLAR_CONFIGURATION_PAGE);
+  std::ifstream file(places::inProject("docs/formats/polar_configuration.md"));
   const std::string page{std::istreambuf_iterator<char>(file), {}};
-  ASSERT_FALSE(page.empty()) << POLAR_CONFIGURATION_PAGE;
+  ASSERT_FALSE(page.empty());
   polar_keys::forEach([&](const auto& key) {
     std::string name = key.name;
     const std::size_t number = name.find_first_of("23");

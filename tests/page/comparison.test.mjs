@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { goTo, settled, within } from './support/browser.mjs';
 import { missingFigures, shownFigures, wrongFigures } from './support/figures.mjs';
-import { checkDocument, pageFile } from './support/pages.mjs';
+import { checkDocument, pageFile, withCopy } from './support/pages.mjs';
 
 const sides = {
   two: ['misaligned', 'good'],
@@ -65,6 +65,15 @@ test('A difference is told as more, less or none', async () => {
   });
 });
 
+test('A difference of figures that are exact has no ±', async () => {
+  const exactly = (text) => text.replace(/"sd":[\d.e-]+,"judged":"less"/g, '"sd":0,"judged":"less"');
+  await withCopy('two', exactly, async (file) => {
+    await within(file, {}, async (page) => {
+      assert.match((await rowOf(page, 'dy_means')).at(-1), /^less\s+\u2212[\d.]+$/);
+    });
+  });
+});
+
 test('The limits stand side by side', async () => {
   await within(pageFile('two'), {}, async (page) => {
     const text = await page.$eval('#comparison', (node) => node.innerText);
@@ -123,3 +132,38 @@ for (const name of ['two', 'eight']) {
     });
   });
 }
+
+/** CSS pixels of an arrow for each pixel of row difference: as the legend says, and as the longest arrow is drawn. */
+async function arrowScales(page, documents) {
+  const maps = await page.$$eval('#comparison figure:has(.plot-picture)', (figures) =>
+    figures.map((figure) => ({
+      title: figure.querySelector('h3').textContent,
+      arrows: [...figure.querySelectorAll('.plot-picture path')].flatMap((node) =>
+        [...node.getAttribute('d').matchAll(/v(-?[\d.]+)m/g)].map((found) => Math.abs(Number(found[1]))),
+      ),
+      length: Number(/h([\d.]+)$/.exec(figure.querySelector('.plot-legend path').getAttribute('d'))[1]),
+      told: parseFloat(figure.querySelector('.plot-legend text').textContent),
+    })),
+  );
+  return maps.flatMap(({ title, arrows, length, told }) => {
+    const [, check, index] = /^(\d+) .* pair (\d+)$/.exec(title);
+    const pair = checkDocument(documents[check - 1]).pairs.find((each) => each.index === Number(index));
+    const largest = Math.max(...pair.points.dy.map(Math.abs));
+    return [length / told, Math.max(...arrows) / largest];
+  });
+}
+
+test('Arrows of cameras of different size are on one scale, zoomed or not', async () => {
+  await within(pageFile('sizes'), {}, async (page) => {
+    const widths = ['good', 'dense'].map((name) => checkDocument(name).cameras.width);
+    assert.equal(new Set(widths).size, 2, String(widths));
+    for (const zoom of [false, true]) {
+      if (zoom) await page.$eval('#comparison .plot-picture [aria-label="Zoom in"]', (button) => button.click());
+      await settled(page);
+      const [told, drawn, ...others] = await arrowScales(page, ['good', 'dense']);
+      for (const other of others) assert.ok(Math.abs(other / told - 1) < 0.02, `${other} in place of ${told}, ${zoom}`);
+      // In what is zoomed the longest arrow may stand outside.
+      if (!zoom) assert.ok(Math.abs(drawn / told - 1) < 0.02, `${drawn} is drawn and ${told} told`);
+    }
+  });
+});

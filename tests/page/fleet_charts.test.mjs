@@ -23,11 +23,11 @@ const meanOf = (values) => values.reduce((sum, value) => sum + value, 0) / value
 const rangesOf = (values) => values.slice(1).map((value, k) => Math.abs(value - values[k]));
 
 /** Page's sums, written down once more from the book: C+ = max(0, x - (target + k sigma) + C+). */
-function sums(values, target, sigma) {
+function sums(values, target, sigma, k) {
   let [up, down] = [0, 0];
   return values.map((value) => {
-    up = Math.max(0, value - (target + 0.5 * sigma) + up);
-    down = Math.max(0, target - 0.5 * sigma - value + down);
+    up = Math.max(0, value - (target + k * sigma) + up);
+    down = Math.max(0, target - k * sigma - value + down);
     return [up / sigma, down / sigma];
   });
 }
@@ -36,7 +36,7 @@ test('Points, ranges and sums of a station that does not drift are those of the 
   const values = pointsOf(0, 1, 2);
   const ranges = rangesOf(values);
   const first = values.slice(0, Math.min(40, Math.floor(values.length / 3)));
-  const expected = sums(values, meanOf(first), meanOf(rangesOf(first)) / 1.128);
+  const expected = sums(values, meanOf(first), meanOf(ranges) / 1.128, 0.5 + 2.5 / Math.sqrt(first.length));
   assert.ok(Math.max(...expected.flat()) < 8, 'the station is to be a quiet one');
   await within(pageFile('fleet_line'), { hash: '#at=0.1&figure=2' }, async (page) => {
     const told = await toldNumbers(page);
@@ -77,6 +77,25 @@ test('What went wrong is said first, with since when', async () => {
       rows.map((row) => row.innerText.replace(/\s+/g, ' ')),
     );
     assert.equal(causes.filter((line) => /^Station 3, (K2|R7) .*rotation_x.*Tue 17 Nov 2026 now/.test(line)).length, 2);
+  });
+});
+
+test('Figures without a limit are told to have changed, but not as a fault', async () => {
+  await within(pageFile('fleet_unlimited'), {}, async (page) => {
+    const changes = await page.$$eval('#unjudged-changes li', (nodes) => nodes.map((node) => node.textContent));
+    assert.ok(
+      changes.some((text) => /^Station 3, .*row difference.*: up by .* since /.test(text)),
+      changes.join('\n'),
+    );
+    const findings = await page.$$eval('[data-finding]', (nodes) => nodes.map((node) => node.innerText).join('\n'));
+    assert.match(findings, /Station 3/);
+    assert.doesNotMatch(findings, /(up|down) by .* to .* since/);
+    const marked = await page.$$eval('[data-state] .icon', (nodes) => nodes.length);
+    assert.equal(marked, 0);
+  });
+  await within(pageFile('fleet_line'), {}, async (page) => {
+    assert.equal(await page.$('#unjudged-changes'), null);
+    assert.ok((await page.$$eval('[data-state] .icon', (nodes) => nodes.length)) > 0);
   });
 });
 

@@ -4,7 +4,7 @@ import { mkdirSync, readFileSync, renameSync, rmSync, truncateSync, writeFileSyn
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { fleetDocuments } from './support/fleet_pages.mjs';
-import { fisheye, hostile, limited, many, onePair, scaled, withNulls } from './support/alter.mjs';
+import { fisheye, hostile, limited, many, oneFinished, onePair, scaled, withNulls } from './support/alter.mjs';
 
 const [polarline, folder] = process.argv.slice(2).map((name) => path.resolve(name));
 const here = path.dirname(fileURLToPath(import.meta.url));
@@ -96,6 +96,7 @@ function altered() {
   write('hostile', hostile(read('misaligned')));
   write('nulls', withNulls(read('good')));
   write('one_pair', onePair(read('good')));
+  write('one_finished', oneFinished(read('misaligned')));
   write('many', many(read('dense'), 500));
   write('limits', limited(read('misaligned'), ...manyLimits));
   write('limits_refined', limited(read('misaligned'), 'refined.dy_means<=0.2845'));
@@ -110,12 +111,14 @@ mkdirSync(sets, { recursive: true });
 ofRuns();
 altered();
 for (const name of [
-  ...['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'many'],
+  ...['good', 'misaligned', 'unseen', 'empty', 'hostile', 'bytes', 'nulls', 'one_pair', 'one_finished', 'many'],
   ...['limits', 'limits_refined', 'unlimited', 'fisheye', 'broken', 'colour'],
 ])
   report(name);
 report('two', ['misaligned', 'good']);
 report('eight', ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)]);
+// Pictures of 320 and of 640 pixels across.
+report('sizes', ['good', 'dense']);
 report('with_paths', ['good'], '--paths');
 for (const [name, made] of fleetDocuments()) {
   write(name, made);

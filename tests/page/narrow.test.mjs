@@ -1,8 +1,8 @@
 // A telephone, a doubled page, and who wants no motion.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { goTo, within } from './support/browser.mjs';
-import { stickingOut } from './support/layout.mjs';
+import { goTo, settled, within } from './support/browser.mjs';
+import { cutWriting, stickingOut } from './support/layout.mjs';
 import { pageFile } from './support/pages.mjs';
 
 const sizes = [
@@ -20,6 +20,31 @@ for (const [size, options] of sizes) {
       });
     });
   }
+}
+
+/** All of it, also what is folded away. */
+async function unfolded(page, paper) {
+  await page.evaluate((forPaper) => {
+    for (const details of document.querySelectorAll('details')) details.open = true;
+    if (forPaper) dispatchEvent(new Event('beforeprint'));
+  }, paper);
+  await settled(page);
+}
+
+for (const name of ['good', 'limits', 'nulls', 'eight', 'sizes', 'fleet_line', 'fleet_few']) {
+  test(`No drawing of '${name}' cuts its writing, at 360 and 1280 pixels and on paper`, async () => {
+    for (const [where, options] of [
+      ['360 pixels', { width: 360, height: 740 }],
+      ['1280 pixels', {}],
+      ['paper', {}],
+    ]) {
+      await within(pageFile(name), options, async (page) => {
+        await unfolded(page, where === 'paper');
+        assert.ok((await page.$$('svg text')).length > 10);
+        assert.deepEqual(await cutWriting(page), [], where);
+      });
+    }
+  });
 }
 
 test('Without JavaScript it fits into 360 pixels, too', async () => {

@@ -125,3 +125,16 @@ test('A set with no refined figure offers none', async () => {
     assert.ok(!words.includes('Refined'));
   });
 });
+
+test('A trend with one finished pair tells its value once', async () => {
+  const told = (page) => page.$$eval('#run figure.plot figcaption', (nodes) => nodes.map((node) => node.textContent));
+  await within(pageFile('one_finished'), {}, async (page) => {
+    const sentences = await told(page);
+    assert.ok(sentences.length > 0);
+    for (const text of sentences) assert.match(text, /^\u2212?[\d.]+ \(pair 0\)\. .*1 given up\.$/);
+  });
+  await within(pageFile('misaligned'), {}, async (page) => {
+    for (const text of await told(page))
+      assert.match(text, /^From \u2212?[\d.]+ \(pair \d\) to \u2212?[\d.]+ \(pair \d\)\./);
+  });
+});

@@ -32,6 +32,20 @@ INSTANTIATE_TEST_SUITE_P(Sizes, PlainNumberRounded,
                                          Case{1.5e-12, 2, "0.0000000000015"}, Case{1.5e-13, 2, "1.5e-13"},
                                          Case{2e15, 3, "2e+15"}, Case{HUGE_VAL, 3, "inf"}));
 
+TEST(PlainNumberWithError, LetsTheValueEndWhereItsErrorDoes) {
+  EXPECT_EQ(plain::withError(3.6749, 0.1234), "3.67 ± 0.12");
+  EXPECT_EQ(plain::withError(0.03002, 0.0000156), "0.030020 ± 0.000016");
+  EXPECT_EQ(plain::withError(-1.0, 0.05), "-1.00 ± 0.05");
+  EXPECT_EQ(plain::withError(1234.5, 123.4), "1234 ± 123");
+}
+
+TEST(PlainNumberWithError, KeepsTheValuesOwnDigitsWithoutAnErrorThatTellsWhereToEnd) {
+  EXPECT_EQ(plain::withError(0.1234, 0.0), "0.123 ± 0");
+  EXPECT_EQ(plain::withError(0.1234, HUGE_VAL), "0.123 ± inf");
+  EXPECT_EQ(plain::withError(0.1234, 1e-13), "0.123 ± 1e-13");
+  EXPECT_EQ(plain::withError(std::numeric_limits<double>::quiet_NaN(), 0.1), "nan ± 0.1");
+}
+
 TEST(PlainNumberExact, ReadsBackToTheSameNumber) {
   EXPECT_EQ(plain::exact(3.0517578125e-05), "0.000030517578125");
   EXPECT_EQ(plain::exact(0.1F), "0.1");

@@ -65,4 +65,23 @@ TEST(ProcessIdentity, OfNoProcessIsUnknown) {
   }
 }
 
+TEST(ProcessIdentity, InANameTellsWhoIsGone) {
+  const Child child;
+  const Identity own = process_identity::own();
+  const std::string name = process_identity::inName(own) + "-12-3";
+  EXPECT_FALSE(process_identity::isGoneByName(name));
+  Identity dead = own;
+  dead.process = child.process;
+  child.finish();
+  EXPECT_TRUE(process_identity::isGoneByName(process_identity::inName(dead) + "-12-3"));
+  Identity elsewhere = dead;
+  elsewhere.machine += "x";
+  EXPECT_FALSE(process_identity::isGoneByName(process_identity::inName(elsewhere)));
+  Identity unknown = dead;
+  unknown.began = "";
+  EXPECT_FALSE(process_identity::isGoneByName(process_identity::inName(unknown)));
+  for (const char* other : {"", "-", "1-2-3", "x-y-z", "99999999999999999999-1-1"})
+    EXPECT_FALSE(process_identity::isGoneByName(other)) << other;
+}
+
 }  // namespace

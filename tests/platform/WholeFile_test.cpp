@@ -205,6 +205,47 @@ TEST_F(WholeFile, NamesBesideAPlaceDiffer) {
   EXPECT_THAT(first.filename().string(), ::testing::StartsWith("a.partial-"));
 }
 
+TEST_F(WholeFile, OfAProcessThatEndedIsAbandonedOthersAreNot) {
+  const fs::path place = folder.path() / "a";
+  const pid_t process = fork();
+  if (process == 0) {
+    whole_file::PartialFile half(place);
+    _exit(0);
+  }
+  waitpid(process, nullptr, 0);
+  const whole_file::PartialFile own(place);
+  int abandoned = 0, all = 0;
+  for (const auto& entry : fs::directory_iterator(folder.path())) {
+    EXPECT_TRUE(whole_file::isPartial(entry.path()));
+    abandoned += whole_file::isAbandoned(entry.path()) ? 1 : 0;
+    ++all;
+  }
+  EXPECT_EQ(all, 2);
+  EXPECT_EQ(abandoned, 1);
+  EXPECT_FALSE(whole_file::isPartial(place));
+  EXPECT_FALSE(whole_file::isAbandoned(place));
+}
+
+TEST_F(WholeFile, OfAProcessThatWasForkedOffIsItsOwn) {
+  whole_file::beside(folder.path() / "a");  // The name that this process has.
+  int ends[2] = {-1, -1};
+  ASSERT_EQ(pipe(ends), 0);
+  const pid_t process = fork();
+  if (process == 0) {
+    close(ends[1]);
+    whole_file::PartialFile half(folder.path() / "a");
+    char byte = 0;
+    _exit(read(ends[0], &byte, 1) == 0 ? 0 : 1);
+  }
+  close(ends[0]);
+  while (fs::is_empty(folder.path())) usleep(1000);
+  const fs::path half = fs::directory_iterator(folder.path())->path();
+  EXPECT_FALSE(whole_file::isAbandoned(half));
+  close(ends[1]);
+  waitpid(process, nullptr, 0);
+  EXPECT_TRUE(whole_file::isAbandoned(half));
+}
+
 TEST_F(WholeFile, PathsThatAreToGoGoWithTheRest) {
   const pid_t process = fork();
   if (process == 0) {

@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "CommandTest.h"
+#include "store/MadeStore.h"
 
 namespace {
 
@@ -89,14 +90,72 @@ TEST_F(BatchCommand, RefusesWhatItCannotUseBeforeItBegins) {
            {{path, "--shard", "3/2"}, "--shard 3/2: K/N was wanted"},
            {{path, "--limit", "dy_maens<=1"}, "dy_means"},
            {{path, "--pairs", "x"}, "--pairs x: the first and the last pair"},
-           {{path, "--watch", store}, "one of the two"},
-           {{}, "one of the two"},
+           {{path, "--watch", store}, "one of the three"},
+           {{path, "--make-store"}, "one of the three"},
+           {{}, "one of the three"},
            {{set.parent.file("none")}, "cannot be read"},
            {{set.parent.write("bad.txt", "a\nb\tc\n")}, "bad.txt, line 2: 'c' was found; key=value was wanted"}}) {
     const CommandRun run = batch(arguments);
     EXPECT_EQ(run.exit_code, 2) << words;
     EXPECT_THAT(run.err, HasSubstr(words));
     EXPECT_FALSE(fs::exists(store));
+  }
+}
+
+TEST_F(BatchCommand, BeginsNoStoreWhereOneHasToBe) {
+  const std::string path = list(1);
+  for (const bool is_mount_point : {false, true}) {
+    if (is_mount_point) fs::create_directory(store);
+    const CommandRun away = batch({path, "--existing"});
+    EXPECT_EQ(away.exit_code, 4);
+    EXPECT_EQ(away.out, "");
+    EXPECT_THAT(away.err, HasSubstr("the store is away: it has no polarline-store.json"));
+  }
+  const CommandRun refused = batch({"--make-store"});
+  EXPECT_EQ(refused.exit_code, 4);
+  EXPECT_THAT(refused.err, HasSubstr("perhaps its disk is not mounted"));
+  EXPECT_TRUE(fs::is_empty(store));
+  fs::remove(store);
+  for (int k = 0; k < 2; ++k) {  // Once made it stays as it is.
+    const CommandRun made = batch({"--make-store"});
+    EXPECT_EQ(made.exit_code, 0) << made.err;
+    EXPECT_EQ(made.out, "");
+  }
+  EXPECT_EQ(linesOf(batch({path, "--existing"})).at(0)["state"], "judged");
+}
+
+TEST_F(BatchCommand, TellsItsSettingsToTheResultsAlsoWithoutMetadata) {
+  const std::string path = set.parent.write("list.txt", set.folder.string() + "\n");
+  EXPECT_EQ(batch({path}).exit_code, 0);
+  EXPECT_EQ(batch({path, "--limit", "dy_means<=5"}).exit_code, 0);
+  const made_store::Results results;
+  results.merge({store});
+  EXPECT_EQ(results.one("SELECT count(DISTINCT settings), min(length(settings)) FROM sets"), "2|64");
+}
+
+TEST_F(BatchCommand, WritesWhatItCameToAsJson) {
+  const std::string path = list(2);
+  const std::string file = set.parent.file("outcome.json");
+  const CommandRun first = batch({path, "--json", file});
+  EXPECT_EQ(linesOf(first).size(), 2U);
+  EXPECT_EQ(DocumentCheck::of("batch-outcome").parsed(TempFolder::contentOf(file))["judged"], 2);
+  const CommandRun again = batch({path, "--json", "-"});  // Nothing else is there then.
+  EXPECT_EQ(DocumentCheck::of("batch-outcome").parsed(again.out)["there"], 2);
+  const CommandRun refused = batch({path, "--json", path});
+  EXPECT_EQ(refused.exit_code, 2);
+  EXPECT_THAT(refused.err, HasSubstr("is an input"));
+}
+
+TEST_F(BatchCommand, KeepsTheMetadataOfTheFirstOfTwinLinesWhicheverPartComesFirst) {
+  fs::copy(set.folder, set.parent.file("twin"));
+  const std::string path = set.parent.write(
+      "list.txt", set.folder.string() + "\tserial=first\n" + set.parent.file("twin") + "\tserial=second\n");
+  for (const auto& parts : {std::vector{"1/2", "2/2"}, std::vector{"2/2", "1/2"}, std::vector{"1/1"}}) {
+    fs::remove_all(store);
+    for (const char* part : parts) EXPECT_EQ(batch({path, "--shard", part}).exit_code, 0);
+    const made_store::Results results;
+    results.merge({store});
+    EXPECT_EQ(results.one("SELECT serial FROM sets"), "first") << parts[0];
   }
 }
 

@@ -39,6 +39,7 @@ TEST_F(CheckInputs, ThatAreMissingAreNamed) {
     refused(name);
     set.write(name, content);
   }
+  set.append("list.txt", "left_0.png right_0.png\n");
   fs::remove(set.file("right_1.png"));
   refused("list.txt, line 3: there is no picture right_1.png");
 }
@@ -108,6 +109,20 @@ TEST_F(CheckInputs, OfAnotherCameraAreToldOf) {
   set.write("right_1.png", small);
   const CommandRun run = check();
   EXPECT_THAT(run.out + run.err, HasSubstr("left_1.png is 128 x 102, right_1.png is 64 x 51"));
+  EXPECT_EQ(run.exit_code, 2);
+  isInWords(run);
+}
+
+TEST_F(CheckInputs, OfAnotherSizeThanTheCalibrationsAreWarnedOf) {
+  for (const char* name : {"left_0.png", "right_0.png", "left_1.png", "right_1.png"}) {
+    cv::Mat large;
+    cv::resize(set.picture(name), large, cv::Size(256, 204));
+    set.write(name, large);
+  }
+  const CommandRun run = check();
+  EXPECT_THAT(run.out, HasSubstr("Look whether the calibration was made for\n  pictures of this size."));
+  EXPECT_THAT(run.out, HasSubstr("as if the calibration were of\n  pictures 0.5 times as large"));
+  EXPECT_EQ(run.exit_code, 0) << "there are figures";
   isInWords(run);
 }
 

@@ -247,19 +247,33 @@ TEST_F(CheckCommand, RunsTheExampleOfItsHelp) {
 }
 
 TEST_F(CheckCommand, SaysItsFirstLineAtOnce) {
-  double quickest = 10.0;
-  for (int k = 0; k < 20 && quickest >= 0.15 * SLOWNESS; ++k) quickest = std::min(quickest, check().first_line_seconds);
-  EXPECT_LT(quickest, 0.15 * SLOWNESS);
+  // By its work, as a busy machine lets it wait; by the clock only that it does not wait of itself.
+  constexpr double kWork = 0.15 * SLOWNESS;
+  constexpr double kSeconds = 1.5 * SLOWNESS;
+  double least_work = 100.0;
+  double least_seconds = 100.0;
+  for (int k = 0; k < 20 && (least_work >= kWork || least_seconds >= kSeconds); ++k) {
+    const CommandRun run = check();
+    least_work = std::min(least_work, run.first_line_work);
+    least_seconds = std::min(least_seconds, run.first_line_seconds);
+  }
+  EXPECT_LT(least_work, kWork);
+  EXPECT_LT(least_seconds, kSeconds);
 }
 
 TEST_F(CheckCommand, HoldsAsMuchMemoryForManyPairsAsForFew) {
+  constexpr double kKept = SLOWNESS;  // The sanitizers keep what was freed for a while.
+  const std::string json = set.parent.file("r.json");
   set.repeat(10);
-  const long few = check({"--json", set.parent.file("r.json")}).kilobytes;
+  const auto few = static_cast<double>(check({"--json", json}).kilobytes);
   set.repeat(200);
-  const CommandRun run = check({"--json", set.parent.file("r.json")});
-  EXPECT_THAT(run.out, HasSubstr("200 of 200 pairs finished."));
-  EXPECT_LT(static_cast<double>(run.kilobytes), 1.1 * SLOWNESS * static_cast<double>(few))
-      << "the sanitizers keep what was freed for a while";
+  EXPECT_LT(static_cast<double>(check({"--json", json}).kilobytes), kKept * 1.1 * few);
+  set.repeat(60);  // With a page the test is long.
+  const CommandRun run = check({"--json", json, "--report", set.parent.file("r.html")});
+  EXPECT_THAT(run.out, HasSubstr("60 of 60 pairs finished."));
+  const double page = static_cast<double>(set.parent.read("r.html").size()) / 1024.0;
+  EXPECT_GT(page, 1500.0);
+  EXPECT_LT(static_cast<double>(run.kilobytes), kKept * (1.1 * few + 3.0 * page));
 }
 
 using CheckCommandTerminal = CommandTest;

@@ -75,6 +75,19 @@ TEST_F(FleetReport, TellsASetWhoseDocumentIsGoneAndDoesNotLeadToIt) {
   EXPECT_TRUE(fs::is_empty(pages));
 }
 
+TEST_F(FleetReport, TellsItsPagesAsJson) {
+  const std::string json = set.parent.file("made.json");
+  const std::string name = document().stem().string();
+  const auto told = [&] {
+    EXPECT_EQ(run({"report", results, "-o", page, "--pages", pages, "--json", json, "--quiet"}).exit_code, 0);
+    return DocumentCheck::of("report").parsed(TempFolder::contentOf(json));
+  };
+  EXPECT_EQ(told()["worst"], nlohmann::json::array({pages + "/" + name + ".html"}));
+  fs::remove(document());
+  EXPECT_EQ(told()["worst"], nlohmann::json::array());
+  EXPECT_EQ(told()["without_page"], nlohmann::json::array({name}));
+}
+
 TEST_F(FleetReport, RefusesWhatDoesNotGoTogether) {
   const std::string check = document().string();
   refused({"report", check, "-o", page, "--pages", pages}, "--pages: goes with the results of 'polarline merge'");

@@ -68,6 +68,20 @@ TEST_F(Report, GoesToStandardOutput) {
   EXPECT_TRUE(dataOf(run.out)["checks"][0]["details"][0]["pictures"]["left"].is_null());
 }
 
+TEST_F(Report, WritesWhatItCameToAsJson) {
+  EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
+  fs::remove(set.file("left_0.png"));
+  const CommandRun run = this->run({"report", json, "-o", page, "--json", "-"});  // Nothing else is there then.
+  const auto result = DocumentCheck::of("report").parsed(run.out);
+  EXPECT_EQ(result["page"], page);
+  EXPECT_EQ(result["bytes"], fs::file_size(page));
+  EXPECT_THAT(result["warnings"].dump(), HasSubstr("left_0.png"));
+  EXPECT_THAT(run.err, HasSubstr("left_0.png"));
+  fs::remove(page);
+  refused({"report", json, "-o", "-", "--json", "-"}, "only one can be standard output");
+  refused({"report", json, "-o", page, "--json", json}, "is an input; name another file for --json");
+}
+
 TEST_F(Report, TellsPathsOnlyWhenAsked) {
   EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
   EXPECT_THAT(run({"report", json, "-o", "-"}).out, Not(HasSubstr(set.folder.string())));
@@ -78,7 +92,7 @@ TEST_F(Report, KeepsTheBudget) {
   EXPECT_EQ(check({"--json", json, "--quiet"}).exit_code, 0);
   const auto view = dataOf(run({"report", json, "-o", "-", "--budget", "1"}).out)["checks"][0];
   EXPECT_EQ(view["details"].dump(), "[null,null]");
-  EXPECT_THAT(view["left_out"].get<std::string>(), HasSubstr("of 2 of 2 pairs were left out"));
+  EXPECT_THAT(view["left_out"].get<std::string>(), HasSubstr("Dots and pictures of all 2 pairs were left out"));
 }
 
 TEST_F(Report, RefusesWhatIsNoDocument) {

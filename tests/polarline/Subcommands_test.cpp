@@ -35,6 +35,7 @@ struct Subcommands : CommandTest {
   void layOut() const {
     for (const char* name : {"my_set", "pictures"}) fs::copy(set.folder, set.parent.file(name));
     fs::create_directories(set.parent.file("store"));
+    set.parent.write("store/polarline-store.json", "{}");
     for (const char* name : {"left_0.png", "left_1.png", "right_0.png", "right_1.png", "calib.json"})
       fs::copy(set.file(name), set.parent.file(name));
     set.parent.write("sets.txt", "my_set\tserial=A0042\tstation=3\n");
@@ -142,6 +143,7 @@ TEST_F(Subcommands, WriteDocumentsOfTheirSchemas) {
   valid("simulate", {"simulate", "ring_320", "simulated", "--pairs", "1"});
   valid("presets", {"simulate", "--list"});
   valid("explain", {"explain"});
+  valid("batch-outcome", {"batch", "sets.txt", "--store", "store"});
   valid("merge", {"merge", "store", "-o", "r.sqlite"});
   valid("detect", {"detect", "left_0.png", "--target", "my_set/target.ini"});
 }

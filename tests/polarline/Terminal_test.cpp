@@ -18,16 +18,11 @@ TEST(Terminal, LeavesAWordThatIsLongerThanTheWidthWhole) {
 }
 
 TEST(Terminal, ShowsControlCharactersByTheirNumbers) {
-  EXPECT_EQ(terminal::printable("a\x1b[2J\tb\x7f\r\n"), "a\\x1B[2J\\x09b\\x7F\\x0D\n");
-  EXPECT_EQ(terminal::printable("\xC2\x9B"
-                                "1m"),
-            "\\xC2\\x9B1m");
-  const std::string words = "\xC2\xB1 \xC3\xA4 \xE2\x82\xAC \xFF";  // Plus-minus, umlaut, euro, no UTF-8.
-  EXPECT_EQ(terminal::printable(words), words);
   EXPECT_EQ(wrapped("a\x1b"
-                    "b",
-                    9, 0),
-            "a\\x1Bb\n");
+                    "b\nc",
+                    20, 0),
+            "a\\x1Bb\\x0Ac\n");
+  EXPECT_EQ(fitted("a\x1b[2J\xFF\nb\n", 40), "a\\x1B[2J\\xFF\nb\n");
 }
 
 TEST(Terminal, LeavesLinesThatFitAsTheyAre) {

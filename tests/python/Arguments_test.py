@@ -51,6 +51,58 @@ def test_wrong_argument_of_a_simulation_is_named():
         polarline.simulate("ring_320", progress=3)
 
 
+@pytest.fixture(scope="module")
+def calibration(ring_set):
+    return polarline.import_calibration(ring_set / "calib.json").calibration
+
+
+REFINES = [({"camera": None}, "camera: found NoneType; a Camera"), ({"type": "fisheye"}, "type: found str; a whole number"),
+           ({"type": None}, "type: found NoneType"), ({"detection": 3}, "detection: found 3; a Detection")]
+
+
+@pytest.mark.parametrize("wrong, text", REFINES)
+def test_wrong_argument_of_refining_is_named(ring, calibration, wrong, text):
+    with pytest.raises(TypeError, match=f"^{text}"):
+        polarline.refine(ring.left[0], ring.target, **{"camera": calibration.left, **wrong})
+
+
+MEMBERS = [({"rx": "a"}, "rx: found str; a number"), ({"tx": None}, "tx: found NoneType"), ({"left": 3}, "left: found 3; a Camera"),
+           ({"type": 1.5}, "type: found 1.5; a whole number")]
+MEMBERS_OF_CAMERA = [({"fx": "600"}, "fx: found str; a number"), ({"k": 3}, "k: found 3; six numbers"), ({"k": [0, 0, "a", 0, 0, 0]}, r"k\[2\]: found str"),
+                     ({"k": [0.1]}, "k: found 1 numbers; six"), ({"size": 320}, r"size: found 320; \(columns, rows\)"), ({"size": None}, "size: found NoneType")]
+
+
+@pytest.mark.parametrize("wrong, text", MEMBERS + MEMBERS_OF_CAMERA)
+def test_wrong_new_member_is_named(calibration, wrong, text):
+    with pytest.raises(TypeError, match=f"^{text}"):
+        (calibration if (wrong, text) in MEMBERS else calibration.left).replace(**wrong)
+
+
+def test_new_members_of_a_kind_are_taken(calibration):
+    camera = calibration.left.replace(fx=600, k=np.zeros(6), size=[320, 256])
+    changed = calibration.replace(rx=np.float32(0.25), tx=-60, left=camera, type=np.int64(1))
+    assert (camera.fx, camera.k, camera.size) == (600.0, (0.0,) * 6, (320, 256))
+    assert (changed.rx, changed.tx, changed.left, changed.type) == (0.25, -60.0, camera, 1)
+
+
+def test_wrong_number_or_text_is_named(ring_set):
+    file = ring_set / "calib.json"
+    for call, text in ((lambda: polarline.Target(3), "text: found int; a board in words"),
+                       (lambda: polarline.board("dots:9x7:10", dpi="x"), "dpi: found str; a number"),
+                       (lambda: polarline.board("dots:9x7:10", title=3), "title: found 3; a text"),
+                       (lambda: polarline.import_calibration(file, scale="x"), "scale: found str; a number"),
+                       (lambda: polarline.import_calibration(file, baseline=[60]), "baseline: found list; a number"),
+                       (lambda: polarline.import_calibration(file, format=3), "format: found 3; a text"),
+                       (lambda: polarline.init("set", "l", "r", "dots:9x7:10", file, pairing=1), "pairing: found 1; a text"),
+                       (lambda: polarline.simulate("ring_320", noise="a"), "noise: found str; a number"),
+                       (lambda: polarline.batch([ring_set], "store", claim_timeout="x"), "claim_timeout: found str; a number"),
+                       (lambda: polarline.report([], "page.html", title=3), "title: found 3; a text"),
+                       (lambda: polarline.report([], "page.html", budget="x"), "budget: found str; a whole number"),
+                       (lambda: polarline.scene_file("ring_320", noise="0.5"), "noise: found str; a number")):
+        with pytest.raises(TypeError, match=f"^{text}"):
+            call()
+
+
 def test_board_may_be_said_in_words(ring, tmp_path):
     words = polarline.Target.read(write(tmp_path / "target.ini", ring.target)).text
     assert list(polarline.detect(ring.left[0], words).id) == list(polarline.detect(ring.left[0], ring.target).id)

@@ -12,6 +12,11 @@ from conftest import command, timeless
 
 SETS = [("ring_320", {}, []), ("ring_320", {"refine": True, "limits": "dy_means<=0.001"}, ["--refine", "--limit", "dy_means<=0.001"]),
         ("fisheye_1280", {}, []), ("rectified_1280", {}, []), ("frame_1280", {}, []), ("big_1280_10bit", {}, []), ("ring_640_bgr", {}, []), ("misaligned_1280", {}, [])]
+# Small scenes of lenses and ways to search that presets have in large pictures.
+SCENES = {"polynomial": {"preset": "poly_1920", "board": {"cols": 21, "rows": 15}, "rig": {"width": 960, "height": 600}},
+          "search": {"preset": "big_640", "settings": {"id_method": 1}},
+          "edges": {"preset": "big_2448_bin1", "rig": {"width": 2048, "height": 1536}},
+          "third_binarisation": {"preset": "big_640", "settings": {"bin_method": 2}}}
 
 
 @pytest.mark.parametrize("preset, options, arguments", SETS, ids=lambda each: str(each) if isinstance(each, str) else "")
@@ -23,6 +28,16 @@ def test_document_is_the_commands(tmp_path, preset, options, arguments):
         check = polarline.check(folder, **options)
     except polarline.RunError as error:
         check = error.check
+    assert timeless(check.to_json()) == timeless(document)
+
+
+@pytest.mark.parametrize("name", SCENES)
+def test_document_of_a_scene_is_the_commands(tmp_path, name):
+    (tmp_path / "scene.json").write_text(json.dumps({"schema": "polarline-scene/1", "pairs": 1, **SCENES[name]}))
+    polarline.simulate(tmp_path / "scene.json", tmp_path / "set")
+    _, document = command("check", tmp_path / "set", "--json", "-")
+    check = polarline.check(tmp_path / "set")
+    assert check.summary.finished == 1
     assert timeless(check.to_json()) == timeless(document)
 
 

@@ -2,6 +2,7 @@
 
 import os
 import pickle
+import re
 import signal
 import subprocess
 import sys
@@ -12,6 +13,7 @@ import numpy as np
 import pytest
 
 import polarline
+from conftest import PROJECT, SLOW
 
 
 def test_failed_run_tells_status_name_text_and_advice(ring):
@@ -34,6 +36,25 @@ def test_what_can_not_be_used_is_named(ring, options, text):
     with pytest.raises(polarline.RunError, match=text) as caught:
         polarline.check(ring, **options)
     assert caught.value.status is None and caught.value.name == "input_unusable"
+    assert caught.value.advice and caught.value.advice == polarline.explain("input_unusable")[0].advice
+
+
+WITHOUT_NUMBER = ("input_unusable", "exception", "not_written", "nothing_measured", "no_diagnosis")
+
+
+def test_names_that_have_no_number_are_told_and_explained():
+    page = (PROJECT / "docs/python.md").read_text()
+    for name in WITHOUT_NUMBER:
+        assert polarline.explain(name)[0].advice and f"`{name}`" in page, name
+    (example,) = re.findall(r"such as ``'(\w+)'``", polarline.RunError.__doc__)
+    assert polarline.explain(example)
+
+
+def test_what_has_no_row_differences_is_told():
+    with pytest.raises(polarline.RunError) as caught:
+        polarline.diagnose(polarline.simulate("frame_1280", pairs=1))
+    assert caught.value.status is None and caught.value.name == "no_diagnosis" and caught.value.check.verdict == "pass"
+    assert caught.value.advice == polarline.explain("no_diagnosis")[0].advice
 
 
 def test_missing_set_is_named(tmp_path):
@@ -77,6 +98,23 @@ def test_exception_of_progress_comes_back_as_itself(ring, tmp_path):
 def test_run_within_a_run_is_refused(ring):
     with pytest.raises(RuntimeError, match="can't begin another"):
         polarline.check(ring, progress=lambda *_: polarline.check(ring))
+
+
+def test_thread_that_progress_begins_waits_for_the_end_of_the_run(ring):
+    began, threads, alive = [], [], []
+
+    def progress(done, all):
+        if done == 1:
+            threads.append(threading.Thread(target=lambda: (began.append(1), polarline.detect(ring.left[0], ring.target), began.append(2))))
+            threads[0].start()
+        else:
+            threads[0].join(0.5)  # Without a time it would wait for good, as the page says.
+            alive.append(threads[0].is_alive())
+
+    polarline.check(ring, progress=progress)
+    threads[0].join(60 * SLOW)
+    assert alive == [True] and began == [1, 2]
+    assert "must not wait for a thread that calls `polarline`" in (PROJECT / "docs/python.md").read_text()
 
 
 def test_gil_is_free_meanwhile(ring):

@@ -45,6 +45,21 @@ def test_what_is_there_is_left(sets, tmp_path):
     assert polarline.batch(sets, tmp_path / "half", shard="2/2").sets == 1
 
 
+def test_store_that_has_to_be_there_is_not_made(sets, tmp_path):
+    for folder in (tmp_path / "nothing", tmp_path):  # The second is a folder without a mark.
+        with pytest.raises(polarline.OutputError, match="the store is away"):
+            polarline.batch(sets[:1], folder, existing=True)
+    with pytest.raises(polarline.OutputError, match="perhaps its disk is not mounted"):
+        polarline.make_store(tmp_path)
+    with pytest.raises(polarline.InputError, match="polarline-store.json"):
+        polarline.merge(tmp_path, tmp_path / "results.sqlite")
+    assert not list(tmp_path.iterdir())
+    for _ in range(2):
+        polarline.make_store(tmp_path / "store")
+    done = polarline.batch(sets[:1], tmp_path / "store", existing=True)
+    assert done.judged == 1 and json.loads(done.to_json())["schema"] == "polarline-batch-outcome/1"
+
+
 def test_failed_set_is_a_result(sets, tmp_path):
     told = []
     done = polarline.batch(["no_such_set", sets[0]], tmp_path, on_set=lambda result, *_: told.append(result))

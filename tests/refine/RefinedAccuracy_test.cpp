@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "refine/RefineDots.h"
+#include "support/Places.h"
 #include "tools/accuracy/Statistics.h"
 #include "tools/scene/Presets.h"
 #include "tools/scene/SceneRecipe.h"
@@ -11,7 +12,7 @@
 namespace {
 
 nlohmann::json bounds() {
-  std::ifstream file(REFINED_ACCURACY_BOUNDS);
+  std::ifstream file(places::inProject("tests/refine/accuracy_bounds.json"));
   return nlohmann::json::parse(file);
 }
 

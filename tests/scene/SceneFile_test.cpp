@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "polarline/errors.h"
+#include "support/Places.h"
 #include "support/SchemaCheck.h"
 #include "support/TempFolder.h"
 #include "tools/scene/SceneChecks.h"
@@ -180,7 +181,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 /// The published schema.
 const SchemaCheck& schema() {
-  static const SchemaCheck check(nlohmann::ordered_json::parse(TempFolder::contentOf(SCENE_SCHEMA)));
+  static const SchemaCheck check(nlohmann::ordered_json::parse(
+      TempFolder::contentOf(places::inProject("docs/schema/polarline-scene-1.schema.json"))));
   return check;
 }
 
@@ -219,7 +221,8 @@ void addLeast(const nlohmann::ordered_json& root, const nlohmann::ordered_json& 
 }
 
 TEST(SceneFileSchema, DescribesNothingThatTheReaderDoesNotTake) {
-  const auto root = nlohmann::ordered_json::parse(TempFolder::contentOf(SCENE_SCHEMA));
+  const auto root = nlohmann::ordered_json::parse(
+      TempFolder::contentOf(places::inProject("docs/schema/polarline-scene-1.schema.json")));
   std::size_t keys = 0;
   addLeast(root, root, [&](nlohmann::ordered_json document) {
     const std::string text = document.dump();
@@ -245,7 +248,7 @@ TEST(SceneFile, AFileThatCannotBeReadIsNamed) {
 }
 
 TEST(SceneFile, TheExampleOfThePageIsOne) {
-  const std::string page = TempFolder::contentOf(SCENE_PAGE);
+  const std::string page = TempFolder::contentOf(places::inProject("docs/formats/scene_file.md"));
   const std::size_t begin = page.find("```json") + 7;
   const SceneRecipe recipe = parsed(page.substr(begin, page.find("```", begin) - begin));
   EXPECT_EQ(recipe.name, "looks_down");

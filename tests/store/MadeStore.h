@@ -62,6 +62,7 @@ using Metadata = std::map<std::string, std::string>;
 
 class Store {
  public:
+  Store() { folder_.write("polarline-store.json", "{}"); }
   std::string path() const { return folder_.path().string(); }
   std::filesystem::path file(const std::string& name, const char* end = ".json") const {
     return folder_.path() / name.substr(0, 2) / (name + end);

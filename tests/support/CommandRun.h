@@ -12,6 +12,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <regex>
@@ -42,6 +43,7 @@ class CommandRun {
   std::string out;
   std::string err;
   double first_line_seconds = -1.0;
+  double first_line_work = -1.0;     ///< Seconds of processors that it had taken by then.
   double seconds_from_signal = 0.0;  ///< How long it went on after the signal.
   long kilobytes = 0;                ///< Most memory that it held.
 
@@ -82,6 +84,14 @@ class CommandRun {
     end = -1;
   }
   double passed() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count(); }
+
+  double worked() const {
+    clockid_t clock{};
+    timespec time{};
+    if (clock_getcpuclockid(process_, &clock) != 0 || clock_gettime(clock, &time) != 0)
+      throw std::runtime_error("no clock of the command");
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+  }
 
   void openStreams() {
     if (options_.columns > 0) {
@@ -127,7 +137,10 @@ class CommandRun {
     const ssize_t count = read(read_ends_.at(k), piece.data(), piece.size());
     if (count <= 0) return false;
     (k == 0 ? out : err).append(piece.data(), static_cast<std::size_t>(count));
-    if (k == 0 && first_line_seconds < 0.0 && out.find('\n') != std::string::npos) first_line_seconds = passed();
+    if (k == 0 && first_line_seconds < 0.0 && out.find('\n') != std::string::npos) {
+      first_line_work = worked();
+      first_line_seconds = passed();
+    }
     const int wanted = options_.watch && !is_signalled_ ? options_.watch(out) : 0;
     if (wanted != 0) send(wanted);
     return true;

@@ -8,6 +8,7 @@
 #include "polarline/errors.h"
 #include "tools/polarline/Interruption.h"
 #include "tools/polarline/JudgingOptions.h"
+#include "tools/polarline/Outputs.h"
 #include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
 
@@ -19,7 +20,8 @@ struct BatchRequest {
   JudgingOptions judging;
   polarline::BatchOptions options;
   double grace = 25.0;  ///< Slurm gives 30.
-  bool quiet = false;
+  bool make_store = false;
+  ResultOptions result;
 };
 
 std::string environmentOf(const char* name) {
@@ -32,8 +34,12 @@ polarline::Shard partOf(const BatchRequest& request) {
 }
 
 polarline::BatchOutcome judgedAll(const BatchRequest& request) {
-  if (request.list.empty() == request.watch.empty())
-    throw polarline::InputError("LIST", "a list of sets or --watch FOLDER was wanted, one of the two");
+  if (int{request.list.empty()} + int{request.watch.empty()} + int{!request.make_store} != 2)
+    throw polarline::InputError("LIST", "a list of sets, --watch FOLDER or --make-store was wanted, one of the three");
+  if (request.make_store) {
+    polarline::makeStore(request.options.store);
+    return {};
+  }
   std::vector<polarline::BatchSet> sets;
   if (request.watch.empty()) sets = polarline::setsOf(polarline::readBatchList(request.list), partOf(request));
   finishAtTermination(request.grace);
@@ -44,12 +50,14 @@ polarline::BatchOutcome judgedAll(const BatchRequest& request) {
 /// Tells each set. That nobody reads it any more must not cost a result.
 class SetSpeaker {
  public:
-  explicit SetSpeaker(bool quiet) : is_quiet_(quiet), progress_(quiet, "set") {}
+  explicit SetSpeaker(const ResultOptions& result)
+      : is_quiet_(result.quiet), has_output_(result.json != "-"), progress_(result.quiet, "set") {}
 
   void set(const polarline::BatchResult& result, std::size_t done, std::size_t all) {
     progress_.clear();
     try {
-      if (!is_quiet_ || result.exit_code >= kUnusable) deliver("-", polarline::batchLine(result) + "\n");
+      if (has_output_ && (!is_quiet_ || result.exit_code >= kUnusable))
+        deliver("-", polarline::batchLine(result) + "\n");
     } catch (const polarline::OutputError& error) {
       if (!is_mute_) tell("polarline: {}\n", terminal::onOneLine(error.what()));
       is_mute_ = true;
@@ -64,14 +72,16 @@ class SetSpeaker {
 
  private:
   bool is_quiet_;
+  bool has_output_;  ///< Standard output is no document's.
   bool is_mute_ = false;
   PairProgress progress_;
 };
 
 int runBatch(BatchRequest& request) {
+  requireSeparate({{"--json", request.result.json}}, {request.list == "-" ? "" : request.list});
   request.judging.takePairs();
   request.options.check = request.judging.check;
-  SetSpeaker speaker(request.quiet);
+  SetSpeaker speaker(request.result);
   request.options.on_set = [&](const auto& result, std::size_t done, std::size_t all) {
     speaker.set(result, done, all);
   };
@@ -79,6 +89,7 @@ int runBatch(BatchRequest& request) {
   request.options.go_on_with_next = [] { return !ending(); };
   const polarline::BatchOutcome outcome = judgedAll(request);
   speaker.end(outcome);
+  if (!request.result.json.empty()) deliver(request.result.json, polarline::batchJson(outcome));
   if (outcome.exit_code == kInterrupted) tell("{}", kInterruptedWords);
   return speaker.isMute() && outcome.exit_code < kNotWritten ? kNotWritten : outcome.exit_code;
 }
@@ -95,6 +106,10 @@ Subcommand addBatch(CLI::App& polarline) {
   app->add_option("--store", request->options.store, "Folder of the results, the same for all workers")
       ->required()
       ->type_name("FOLDER");
+  app->add_flag("--make-store", request->make_store,
+                "In place of LIST: make the store where nothing stands yet, and end");
+  app->add_flag("--existing", request->options.existing,
+                "End where the store is not there, in place of making it: its disk may not be mounted");
   app->add_option("--watch", request->watch, "In place of LIST: each folder in it that has a file 'ready', until ended")
       ->type_name("FOLDER");
   app->add_option("--shard", request->shard, "Part K of N of the list; by default that of Slurm's array")
@@ -111,7 +126,7 @@ Subcommand addBatch(CLI::App& polarline) {
       ->capture_default_str();
   addJudgingOptions(*app, request->judging);
   addFileOptions(*app, request->options.files);
-  app->add_flag("--quiet", request->quiet, "Print nothing but failures");
+  addResultOptions(*app, request->result);
   addExample(*app, "polarline batch sets.txt --store results --limit 'dy_means<=0.1'");
   return {app, [request] { return runBatch(*request); }};
 }

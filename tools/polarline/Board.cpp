@@ -46,7 +46,7 @@ int runBoard(const BoardCommand& options) {
   deliver(options.output, printed.bytes);
   if (!options.result.json.empty()) deliver(options.result.json, polarline::boardJson(board, printed));
   const bool told = options.output == "-" || options.result.json == "-" || options.result.quiet;
-  if (!told) say(fmt::format("{}: {}\n", options.output, polarline::boardSummary(board, printed)));
+  if (!told) sayLine(fmt::format("{}: {}", options.output, polarline::boardSummary(board, printed)));
   return kDone;
 }
 

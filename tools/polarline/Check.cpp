@@ -87,7 +87,9 @@ class ReportFile {
   explicit ReportFile(const std::string& path) {
     if (path.empty()) return;
     file_ = std::make_unique<whole_file::PartialFile>(path);  // A place that can't be written is told before the run.
-    document_ = std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { text_ += piece; });
+    collected_ = std::make_unique<UnnamedFile>();
+    document_ =
+        std::make_unique<polarline::CheckDocument>([this](const std::string& piece) { collected_->append(piece); });
   }
   void add(const polarline::PairCheck& pair) {
     if (document_) document_->add(pair);
@@ -96,13 +98,14 @@ class ReportFile {
     if (!document_) return;
     document_->finish(check);
     std::vector<polarline::ReportDocument> documents(1);
-    documents[0].text.swap(text_);  // A list in braces would copy it.
-    file_->append(polarline::reportPage(documents));
+    collected_->read([&](const std::string& piece) { documents[0].text += piece; });
+    collected_.reset();
+    file_->append(polarline::reportPage(std::move(documents)));
     file_->commit();
   }
 
  private:
-  std::string text_;
+  std::unique_ptr<UnnamedFile> collected_;  ///< The document, which would grow with every pair.
   std::unique_ptr<whole_file::PartialFile> file_;
   std::unique_ptr<polarline::CheckDocument> document_;
 };

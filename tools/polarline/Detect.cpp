@@ -50,7 +50,8 @@ void tellDetection(const DetectCommand& options, const polarline::Detection& det
     return;
   }
   std::string text = detectionTable(detection);
-  for (const std::string& picture : pictures) text += fmt::format("{:<12} {:<12} {}\n", "written", "", picture);
+  for (const std::string& picture : pictures)
+    text += fmt::format("{:<12} {:<12} {}\n", "written", "", terminal::onOneLine(picture));
   if (!detection.found && !options.all_pictures && !pictures.empty())
     text += fmt::format("{:<12} {:<12} the first of them shows all ellipses by class\n", "pictures", "");
   if (!detection.found && options.out.empty())

@@ -16,7 +16,7 @@ struct FleetReport {
 };
 
 /// Makes the pages of the worst sets, and then the one that leads to them. A set whose document is gone is told, and
-/// has no page.
-void reportFleet(const FleetReport& report);
+/// has no page. What came of it is added to the result.
+void reportFleet(const FleetReport& report, polarline::ReportResult& result);
 
 }  // namespace command

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "polarline/errors.h"
@@ -22,7 +23,7 @@ struct Request {
   polarline::ReportOptions options;
   std::string budget;
   bool no_pictures = false;
-  bool quiet = false;
+  ResultOptions result;
 };
 
 void takeBudget(Request& request) {
@@ -50,26 +51,35 @@ bool isOfResults(const Request& request) {
   return true;
 }
 
-void reportDocuments(const Request& request) {
+void reportDocuments(const Request& request, polarline::ReportResult& result) {
   std::vector<polarline::ReportDocument> documents;
   for (const std::string& path : request.documents) documents.push_back(polarline::readReportDocument(path));
   const bool is_fleet = documents.size() == 1 && polarline::isFleetDocument(documents[0]);
-  deliver(request.output, is_fleet ? polarline::fleetPage(documents[0], request.options.title)
-                                   : polarline::reportPage(documents, request.options));
+  const std::string page = is_fleet ? polarline::fleetPage(documents[0], request.options.title)
+                                    : polarline::reportPage(std::move(documents), request.options);
+  result.bytes = page.size();
+  deliver(request.output, page);
 }
 
 int run(Request& request) {
   takeBudget(request);
-  requireSeparate({{"-o", request.output}}, request.documents);
+  requireSeparate({{"-o", request.output}, {"--json", request.result.json}}, request.documents);
+  if (request.output == "-" && request.result.json == "-")
+    throw polarline::InputError("--json", "is - as well as --output; only one can be standard output");
   request.options.pictures = !request.no_pictures;
-  if (!request.quiet)
-    request.options.tell = [](const std::string& text) { tell("warning: {}\n", terminal::onOneLine(text)); };
+  polarline::ReportResult result{request.output, 0, {}, {}, {}};
+  request.options.tell = [&](const std::string& text) {
+    result.warnings.push_back(text);
+    if (!request.result.quiet) tell("warning: {}\n", terminal::onOneLine(text));
+  };
   if (isOfResults(request)) {
-    reportFleet({request.documents[0], request.output, request.pages, request.options, request.quiet});
+    reportFleet({request.documents[0], request.output, request.pages, request.options, request.result.quiet}, result);
   } else {
-    reportDocuments(request);
+    reportDocuments(request, result);
   }
-  if (!request.quiet && request.output != "-") say("Report: " + request.output + "\n");
+  if (!request.result.json.empty()) deliver(request.result.json, polarline::reportJson(result));
+  if (!request.result.quiet && request.output != "-" && request.result.json != "-")
+    sayLine("Report: " + request.output);
   return kDone;
 }
 
@@ -95,7 +105,7 @@ Subcommand addReport(CLI::App& polarline) {
       ->default_str(std::to_string(request->options.budget));
   app->add_flag("--paths", request->options.paths, "Tell files by their paths, not only by their names");
   app->add_flag("--no-pictures", request->no_pictures, "Leave the pictures of the cameras out");
-  app->add_flag("--quiet", request->quiet, "Print nothing but failures");
+  addResultOptions(*app, request->result);
   addExample(*app, "polarline report before.json after.json -o report.html");
   return {app, [request] { return run(*request); }};
 }

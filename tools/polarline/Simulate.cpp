@@ -28,7 +28,10 @@ int listed(const ResultOptions& result) {
 }
 
 void tellSimulated(const SimulateCommand& request, const polarline::SimulatedSet& set) {
-  if (!request.result.quiet && request.result.json != "-") say(polarline::simulatedText(set));
+  if (!request.result.quiet && request.result.json != "-") {
+    const std::string text = polarline::simulatedText(set);
+    sayLine(text.substr(0, text.size() - 1));
+  }
   if (!request.result.json.empty()) deliver(request.result.json, polarline::simulatedJson(set));
 }
 

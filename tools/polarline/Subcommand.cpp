@@ -18,8 +18,10 @@ void addExample(CLI::App& app, const std::string& example) { app.footer("Example
 
 void say(const std::string& lines) {
   const bool is_terminal = terminal::isTerminal(stdout);
-  deliver("-", is_terminal ? terminal::fitted(lines, terminal::width(stdout)) : lines);
+  deliver("-", is_terminal ? terminal::fitted(lines, terminal::width(stdout)) : terminal::printable(lines));
 }
+
+void sayLine(const std::string& line) { say(terminal::onOneLine(line) + "\n"); }
 
 void deliver(const std::string& path, const std::string& text) {
   if (path != "-") return whole_file::write(path, text);

@@ -56,8 +56,11 @@ void tell(fmt::format_string<Values...> words, Values&&... values) {
   std::fputs(terminal::printable(fmt::format(words, std::forward<Values>(values)...)).c_str(), terminal::errors());
 }
 
-/// Puts lines for people on standard output, no longer than a terminal is wide. Throws `polarline::OutputError`.
+/// Puts lines for people on standard output, without control characters, no longer than a terminal is wide. Throws
+/// `polarline::OutputError`.
 void say(const std::string& lines);
+/// One line for people, also where a name in it has a line end.
+void sayLine(const std::string& line);
 
 /// Puts a text at a path, whole or not at all; "-" is standard output. Throws `polarline::OutputError`.
 void deliver(const std::string& path, const std::string& text);

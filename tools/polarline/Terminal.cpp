@@ -1,7 +1,5 @@
 #include "tools/polarline/Terminal.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
@@ -20,8 +18,6 @@ bool isSet(const char* variable) {
 }
 
 constexpr std::size_t kFurther = 2;
-constexpr unsigned char kBlank = 0x20;
-constexpr unsigned char kDelete = 0x7F;
 
 /// A line that is longer than the width.
 std::string folded(const std::string& line, std::size_t width) {
@@ -46,12 +42,6 @@ std::FILE*& ours() {
 std::FILE* errors() { return ours(); }
 
 void silenceDecoders() { ours() = terminal_stream::takeStandardError(); }
-
-std::string onOneLine(const std::string& text) {
-  std::string shown = printable(text);
-  for (std::size_t at = 0; (at = shown.find('\n', at)) != std::string::npos;) shown.replace(at, 1, "\\x0A");
-  return shown;
-}
 
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent) {
   const std::string shown = onOneLine(text);
@@ -92,22 +82,5 @@ bool canRedraw(std::FILE* stream) {
 }
 
 bool hasColours(std::FILE* stream) { return canRedraw(stream) && !isSet("NO_COLOR"); }
-
-std::string printable(const std::string& text) {
-  std::string shown;
-  for (std::size_t k = 0; k < text.size(); ++k) {
-    const auto byte = static_cast<unsigned char>(text[k]);
-    // In UTF-8 the second set of control characters is C2 80 to C2 9F.
-    const bool is_second =
-        byte == 0xC2U && k + 1 < text.size() && (static_cast<unsigned char>(text[k + 1]) & 0xE0U) == 0x80U;
-    const bool is_first = (byte < kBlank && byte != '\n') || byte == kDelete;
-    if (is_first || is_second)
-      shown += fmt::format("\\x{:02X}", byte);
-    else
-      shown += text[k];
-    if (is_second) shown += fmt::format("\\x{:02X}", static_cast<unsigned char>(text[++k]));
-  }
-  return shown;
-}
 
 }  // namespace terminal

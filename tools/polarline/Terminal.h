@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/Printable.h"
+
 /// What the command may show where.
 namespace terminal {
 
@@ -25,11 +27,8 @@ bool hasColours(std::FILE* stream);
 /// Whether a line may be drawn anew: a terminal that understands how.
 bool canRedraw(std::FILE* stream);
 
-/// The text with every control character but line ends as \xNN: a file's name must not steer a terminal.
-std::string printable(const std::string& text);
-
-/// The same with line ends, too: in a name one could make a line of its own, such as a verdict.
-std::string onOneLine(const std::string& text);
+using plain::onOneLine;
+using plain::printable;
 
 /// Lines of at most `width` columns, broken at blanks, the later ones moved in; without control characters.
 std::string wrapped(const std::string& text, std::size_t width, std::size_t indent);

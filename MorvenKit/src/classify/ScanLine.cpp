@@ -34,7 +34,7 @@ class TransitionCounter {
   int transitions_ = 0;
 };
 
-bool isInside(const cv::Point2f& point, const cv::Mat& image) {
+bool isOnPicture(const cv::Point2f& point, const cv::Mat& image) {
   return point.x >= 0.0F && point.y >= 0.0F && point.x <= static_cast<float>(image.cols - 1) &&
          point.y <= static_cast<float>(image.rows - 1);
 }
@@ -62,7 +62,7 @@ void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
 }  // namespace
 
 std::optional<int> ScanLine(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
-  if (from == to || !isInside(from, binary) || !isInside(to, binary)) return std::nullopt;
+  if (from == to || !isOnPicture(from, binary) || !isOnPicture(to, binary)) return std::nullopt;
   // Meant: a vertical ray has no samples and no say; that is why six of eight rays are enough.
   if (from.x == to.x) return kVerticalRay;
   TransitionCounter counter(binary);

@@ -1,4 +1,4 @@
-#include <Eigen/Dense>
+#include <Eigen/Cholesky>
 #include <algorithm>
 #include <cstddef>
 #include <utility>

@@ -20,7 +20,7 @@ constexpr float kTooSmallAxis = 10.0F;
 // Width over height; flatter ones are dots seen nearly from the side, or none.
 constexpr double kLeastAxisRatio = 0.4;
 // Of 4 pi area / perimeter^2. The upper one is beyond any plane outline.
-constexpr float kLeastRoundness = 0.4F;
+constexpr float kLeastCircleRoundness = 0.4F;
 constexpr float kGreatestRoundness = 1.05F;
 // Area over that of the convex hull; less has a dent.
 constexpr float kLeastConvexity = 0.85F;
@@ -41,7 +41,8 @@ std::optional<double> dotRoundness(const Points& points, double area) {
   const double perimeter = cv::arcLength(points, true);
   if (perimeter == 0) return std::nullopt;
   const double roundness = area * kFourPi / (perimeter * perimeter);
-  if (!(roundness >= static_cast<double>(kLeastRoundness) && roundness <= static_cast<double>(kGreatestRoundness))) {
+  if (!(roundness >= static_cast<double>(kLeastCircleRoundness) &&
+        roundness <= static_cast<double>(kGreatestRoundness))) {
     return std::nullopt;
   }
   return roundness;

@@ -100,7 +100,7 @@ export interface Picture {
 
 export interface DotColumns {
   id: number[];
-  /** Place on the board: column and row counted from 0, and the true place in board units. */
+  /** Place on the board: column and row counted from 0, empty for the points of a frame; the true place, board units. */
   column: number[];
   row: number[];
   board_x: (number | null)[];

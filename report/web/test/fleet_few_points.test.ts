@@ -49,7 +49,7 @@ test('rules that few points break are told with the last point that does', () =>
 test('points that do not scatter say so', () => {
   const flat = course(Array.from({ length: 30 }, () => 2));
   assert.equal(stateWords(flat), 'no scatter');
-  assert.equal(unknownWords(flat), 'the first points do not scatter, so that no drift can be told');
+  assert.equal(unknownWords(flat), 'the points do not scatter, so that no drift can be told');
 });
 
 test('points without a number do not count', () => {

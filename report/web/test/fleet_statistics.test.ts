@@ -96,7 +96,7 @@ const fillings = [
   9.45, 7.99, 9.29, 11.66, 12.16, 10.18, 8.04, 11.46, 9.2, 10.34, 9.03, 11.47, 10.51, 9.4, 10.08, 9.37, 10.62, 10.31,
   8.52, 10.84, 10.9, 9.33, 12.29, 11.5, 10.6, 11.08, 10.38, 11.62, 11.31, 10.52,
 ];
-const settings = { target: 10, sigma: 1, allowance: 0.5, decision: 5 };
+const settings = { target: 10, sigma: 1, allowance: 0.5, decision: 5, mixed: false };
 
 test('cumulative sums are those of Montgomery, table 9.2', () => {
   const { up, down } = cusum(fillings, settings);
@@ -123,7 +123,7 @@ test('the shift of that table is told since its 23rd period', () => {
 
 test('a drift that came back ends where it did, and the next one is told, too', () => {
   const values = [...Array(20).fill(0), ...Array(10).fill(4), ...Array(20).fill(0), ...Array(6).fill(-4)] as number[];
-  const found = drifts(values, { target: 0, sigma: 1, allowance: 0.5, decision: 8 }).drifts;
+  const found = drifts(values, { target: 0, sigma: 1, allowance: 0.5, decision: 8, mixed: false }).drifts;
   assert.deepEqual(
     found.map(({ side, from, to, lasts, shift }) => [side, from, to, lasts, shift]),
     [
@@ -134,5 +134,5 @@ test('a drift that came back ends where it did, and the next one is told, too', 
 });
 
 test('without scatter nothing drifts', () => {
-  assert.deepEqual(drifts([1, 1, 9], { target: 1, sigma: 0, allowance: 0.5, decision: 5 }).drifts, []);
+  assert.deepEqual(drifts([1, 1, 9], { target: 1, sigma: 0, allowance: 0.5, decision: 5, mixed: false }).drifts, []);
 });

@@ -108,8 +108,8 @@ test('a filter sees the groups that have all of its values', () => {
   assert.deepEqual(seenGroups([null, null], groups), [true, true, true]);
 });
 
-test('a drift away from the only limit is none that matters', () => {
-  const drift = (side: 'up' | 'down'): Drift => ({ side, from: 0, to: 1, lasts: true, shift: 1 });
+test('a drift away from the only limit, or of a figure without one, is none that matters', () => {
+  const drift = (side: 'up' | 'down'): Drift => ({ side, from: 0, share: 1, level: 1, to: 1, lasts: true, shift: 1 });
   const bounds = (value: Measure['value'], lower: number | null, upper: number | null): Measure =>
     ({ value, lower: [null, lower], upper: [null, upper] }) as unknown as Measure;
   const cases: [Measure, boolean, boolean][] = [
@@ -119,7 +119,7 @@ test('a drift away from the only limit is none that matters', () => {
     [bounds('mean', null, 1), true, false],
     [bounds('mean', 1, null), false, true],
     [bounds('mean', 1, 2), true, true],
-    [bounds('mean', null, null), true, true],
+    [bounds('mean', null, null), false, false],
   ];
   for (const [measure, up, down] of cases) {
     assert.equal(worsens(measure, drift('up')), up);

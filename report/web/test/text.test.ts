@@ -100,6 +100,7 @@ test('figures have a heading and a meaning in a few words', () => {
   assert.equal(known.meaning('dy_means'), 'Mean absolute row difference');
   assert.equal(known.title('tri_dis[0]'), 'Distance error, chosen dots, 1 to 2');
   assert.equal(known.title('id_dis[3]'), 'Distance error of id pairs, 3');
+  assert.equal(known.title('frameValues[1]'), 'Distance error of frame pairs, 1');
   assert.equal(known.meaning('unheard_of'), 'unheard_of');
 });
 

@@ -7,6 +7,7 @@
 #include "check/figures/PairReading.h"
 #include "polarline/check.h"
 #include "support/DocumentCheck.h"
+#include "support/Places.h"
 #include "support/TempFolder.h"
 
 namespace polarline {
@@ -141,7 +142,8 @@ TEST(CheckDocumentSchema, KnowsEveryKeyOfADocument) {
 }
 
 TEST(CheckDocumentSchema, DescribesEveryKey) {
-  const Json schema = Json::parse(TempFolder::contentOf(SCHEMA_FOLDER "/polarline-check-1.schema.json"));
+  const Json schema =
+      Json::parse(TempFolder::contentOf(places::inProject("docs/schema/polarline-check-1.schema.json")));
   const std::function<void(const Json&, const std::string&)> walk = [&](const Json& at, const std::string& path) {
     if (at.is_object() && at.contains("properties") && at["properties"].is_object()) {
       EXPECT_FALSE(at.contains("additionalProperties")) << path << ": new keys may come";
@@ -156,7 +158,7 @@ TEST(CheckDocumentSchema, DescribesEveryKey) {
 }
 
 TEST(CheckDocumentSchema, TakesTheExampleOfThePage) {
-  const std::string page = TempFolder::contentOf(FORMATS_FOLDER "/check_document.md");
+  const std::string page = TempFolder::contentOf(places::inProject("docs/formats/check_document.md"));
   const std::size_t begin = page.find("```json\n");
   ASSERT_NE(begin, std::string::npos);
   const std::size_t end = page.find("```", begin + 8);

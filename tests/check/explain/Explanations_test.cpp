@@ -15,13 +15,14 @@
 #include "polar/results/PairStatus.h"
 #include "polarline/check.h"
 #include "polarline/explain.h"
+#include "support/Places.h"
 #include "support/TempFolder.h"
 
 namespace polarline {
 namespace {
 
 TEST(ExplanationsKnow, EveryStatusOfTheLibrary) {
-  const std::string header = TempFolder::contentOf(INCLUDE_FOLDER "/PolarLinePrecision/Status.h");
+  const std::string header = TempFolder::contentOf(places::inProject("include/PolarLinePrecision/Status.h"));
   const std::regex constant(R"(std::int32_t k\w+ = (-?\d+);)");
   int statuses = 0;
   for (std::sregex_iterator found(header.begin(), header.end(), constant), end; found != end; ++found, ++statuses) {
@@ -53,7 +54,7 @@ TEST(ExplanationsKnow, EveryWarning) {
 }
 
 TEST(ExplanationsPage, TellsEveryWarningInTheSameWords) {
-  const std::string page = TempFolder::contentOf(FORMATS_FOLDER "/../warnings.md");
+  const std::string page = TempFolder::contentOf(places::inProject("docs/warnings.md"));
   const auto hasRow = [&](const std::string& code, const std::string& meaning, const std::string& advice) {
     const std::string row = "| `" + code + "` | " + meaning + " | " + advice + " |";
     EXPECT_NE(page.find(row), std::string::npos) << row;
@@ -65,9 +66,21 @@ TEST(ExplanationsPage, TellsEveryWarningInTheSameWords) {
   }
 }
 
+TEST(ExplanationsPage, TellsStatusesWithoutANumber) {
+  const std::string page = TempFolder::contentOf(places::inProject("docs/statuses.md"));
+  int told = 0;
+  for (const Entry& each : statusEntries()) {
+    if (std::string(each.code).find_first_of("0123456789") != std::string::npos) continue;
+    const std::string row = fmt::format("| `{}` | {} | {} |", each.name, each.meaning, each.advice);
+    EXPECT_NE(page.find(row), std::string::npos) << row;
+    ++told;
+  }
+  EXPECT_EQ(told, 5);
+}
+
 TEST(ExplanationsPage, TellsFromWhereOnACheckWarns) {
   namespace t = diagnose::thresholds;
-  const std::string page = TempFolder::contentOf(FORMATS_FOLDER "/../warnings.md");
+  const std::string page = TempFolder::contentOf(places::inProject("docs/warnings.md"));
   const auto percent = [](double share) { return fmt::format("{:g} %", 100.0 * share); };
   for (const auto& [code, words] : std::vector<std::pair<std::string, std::string>>{
            {"saturated", percent(t::kSaturated)},
@@ -87,6 +100,7 @@ TEST(ExplanationsPage, TellsFromWhereOnACheckWarns) {
            {"ghost_dots", fmt::format("{:g} pixels", t::kGhostPixels)},
            {"ghost_dots", percent(t::kGhostOfPitch)},
            {"ghost_dots", fmt::format("{:g} times", t::kGhostSpreads)},
+           {"lenses_exchanged", percent(t::kOtherLens)},
            {"principal_point", percent(t::kOffMiddle)},
            {"baseline_unit", fmt::format("{:g} times", t::kSameLength)},
            {"scale_wrong", percent(t::kScale)},

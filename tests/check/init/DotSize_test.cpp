@@ -26,8 +26,8 @@ TEST_P(DotSizeLimits, AreThoseOfTheDetectionAndOfSmallRings) {
 INSTANTIATE_TEST_SUITE_P(
     Widths, DotSizeLimits,
     testing::Values(LimitCase{"dots:26x16:20", 320, 1.3, 12.5}, LimitCase{"dots:26x16:20", 321, 2.7, 25},
-                    LimitCase{"dots:26x16:20", 640, 2.7, 25}, LimitCase{"dots:26x16:20", 641, 5.3, 27},
-                    LimitCase{"dots:26x16:20", 2047, 5.3, 27}, LimitCase{"dots:26x16:20", 2048, 10.6, 100.2},
+                    LimitCase{"dots:26x16:20", 640, 2.7, 25}, LimitCase{"dots:26x16:20", 641, 5.7, 27},
+                    LimitCase{"dots:26x16:20", 2047, 5.7, 27}, LimitCase{"dots:26x16:20", 2048, 10.6, 100.2},
                     // Small rings want a pitch of 8 pixels, of which a dot has 0.3.
                     LimitCase{"rings-small:17x15:15", 320, 2.4, 18.8}, LimitCase{"rings-big:37x35:15", 320, 1.6, 18.8},
                     LimitCase{"rings-small:17x15:15", 640, 2.6, 37.6}, LimitCase{"rings-big:37x35:15", 640, 2.0, 37.6},
@@ -75,7 +75,7 @@ TEST(DotSize, TheWarningBearsTheNumbers) {
   EXPECT_EQ(
       warnings[0].text,
       "The smallest dots in the left picture of the first pair have a radius of about 4.0 pixels; in pictures 1280 "
-      "pixels wide dots of 5.3 to 27.0 pixels radius are found on such a board");
+      "pixels wide dots of 5.7 to 27.0 pixels radius are found on such a board");
   EXPECT_EQ(warnings[0].pair, 0);
 }
 

@@ -258,7 +258,7 @@ TEST_F(Init, WarnsOfDotsThatAreTooSmallWithTheNumbers) {
   EXPECT_THAT(codes(made), testing::Contains("board_not_found"));
   const auto small = std::ranges::find(made.warnings, "dots_small", &polarline::Warning::code);
   ASSERT_NE(small, made.warnings.end());
-  EXPECT_THAT(small->text, HasSubstr("800 pixels wide dots of 5.3 to 27.0 pixels"));
+  EXPECT_THAT(small->text, HasSubstr("800 pixels wide dots of 5.7 to 27.0 pixels"));
 }
 
 TEST_F(Init, WarnsOfACalibrationInOtherUnits) {

@@ -44,6 +44,8 @@ TEST(VerdictWords, TellTheErrorsOfRefinedFiguresBehindThem) {
   check.refined_summary->at(0).sd_mean = 0.01;
   EXPECT_EQ(refinedPairText(check),
             "From refined centres: dy_means 0.3000 ± 0.0020 pixels in pair 4, mean 0.2000 ± 0.0100 pixels.");
+  check.pairs[1].refined->uncertainty = {{"dy_means", 1e-15, 0.3, 0.3}};  // What sums of the same number come to.
+  EXPECT_THAT(refinedPairText(check), testing::HasSubstr("dy_means 0.3000 pixels in pair 4"));
 }
 
 TEST(VerdictWords, CountPairs) {

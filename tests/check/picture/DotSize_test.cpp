@@ -1,9 +1,16 @@
 #include "check/picture/DotSize.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <string>
 #include <vector>
+
+#include "polarline/explain.h"
+#include "support/Places.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -49,6 +56,46 @@ INSTANTIATE_TEST_SUITE_P(Widths, DotSizeRange,
                                          RangeCase{"Rings1280", 2, {1280, 800}, {1280, 800}, 0, 0},
                                          RangeCase{"Rings4096", 2, {4096, 3072}, {2048, 1536}, 12.8, 150.3}),
                          [](const auto& tested) { return tested.param.name; });
+
+struct WidthCase {
+  std::int32_t type;
+  std::vector<int> columns;
+  double width;
+};
+
+// Of a dot of that width all warnings about its size keep silent.
+TEST(DotSizeAdvised, WidthsAreFoundOnEveryPictureTheyAreFor) {
+  const std::vector<WidthCase> cases = {{2, {240, 320, 640}, 10.0},   {3, {320, 640}, 10.0},
+                                        {3, {641, 1280, 2047}, 13.0}, {2, {2048, 2448}, 20.0},
+                                        {3, {2048, 2448}, 25.0},      {2, {4096}, 20.0 * 4096 / 2448}};
+  for (const WidthCase& each : cases) {
+    for (const int columns : each.columns) {
+      const DotRange range = dotRangeOf(boardOf(each.type), columns);
+      EXPECT_GE(each.width / 2.0, 1.1 * range.least) << columns << " columns, board type " << each.type;
+      EXPECT_LE(each.width / 2.0 * 1.1, range.most) << columns << " columns, board type " << each.type;
+    }
+  }
+}
+
+TEST(DotSizeAdvised, WidthsAreThoseOfThePagesAndOfTheWarning) {
+  const std::string guide = TempFolder::contentOf(places::inProject("docs/guide/board.md"));
+  EXPECT_THAT(guide, testing::ContainsRegex("up to 640 \\| rings[^|]*\\| 10 pixels \\|"));
+  EXPECT_THAT(guide, testing::ContainsRegex("641 to 2047 \\| big dots[^|]*\\| 13 pixels \\|"));
+  EXPECT_THAT(guide, testing::ContainsRegex("from 2048 \\| rings[^|]*\\| 20 pixels \\(of `dots` 25\\)"));
+  const auto explained = polarline::explain("few_refined");
+  ASSERT_TRUE(explained);
+  EXPECT_THAT(explained->advice, testing::HasSubstr("about 10 pixels wide in pictures of up to 640 columns, 13 up to "
+                                                    "2047, and from 2048 on 20 of rings or 25 of big dots"));
+}
+
+// Dots of 0.3 pitches count from a radius of columns / 320 on.
+TEST(DotSizeAdvised, PitchOfLargePicturesIsThatOfTheirDots) {
+  const std::string page = TempFolder::contentOf(places::inProject("docs/boards.md"));
+  for (const int columns : {2048, 2448, 4096}) {
+    const double pitch = std::ceil(dotRangeOf(boardOf(2), columns).least / 0.3);
+    EXPECT_THAT(page, testing::HasSubstr(fmt::format("{:g} at {}", pitch, columns)));
+  }
+}
 
 std::vector<std::string> codesOf(double radius) {
   const kestrune::RingTargetConfig config = boardOf(2);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 
+#include "support/Places.h"
 #include "tests/support/TempFolder.h"
 
 /// What is wrong with a document by the schema of that name in docs/schema; empty when nothing is.
@@ -17,12 +18,13 @@ inline std::string schemaProblem(const std::string& document, const std::string&
                                           "validator = jsonschema.Draft202012Validator(schema)\n"
                                           "for error in validator.iter_errors(json.load(open(sys.argv[2]))):\n"
                                           "    print(error.json_path, error.message[:200])\n");
-  const std::string call = "python3 -B '" + script + "' '" + SCHEMA_FOLDER + "/" + schema + "' '" + path + "' 2>&1";
+  const std::string call = places::python() + " -B '" + script + "' '" + places::inProject("docs/schema/" + schema) +
+                           "' '" + path + "' 2>&1";
   std::FILE* const pipe = popen(call.c_str(), "r");
-  if (pipe == nullptr) return "python3 can't be started";
+  if (pipe == nullptr) return "Python can't be started";
   std::string problem;
   std::array<char, 512> part{};
   while (std::fgets(part.data(), part.size(), pipe) != nullptr) problem += part.data();
-  if (pclose(pipe) != 0 && problem.empty()) problem = "python3 failed";
+  if (pclose(pipe) != 0 && problem.empty()) problem = "Python failed";
   return problem;
 }

@@ -101,6 +101,23 @@ TEST(CheckOut, IsTheExportsFilesByteForByte) {
   }
 }
 
+TEST(CheckOut, IsTheExportsFilesWhereAPairEndedTheRun) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.append("polar.txt", "discalsave: 1\n");
+  set.blank("right_1.png");
+  const std::string exported = set.parent.file("exported");
+  std::filesystem::create_directory(exported);
+  export_run::of(set, exported);
+  CheckOptions options;
+  options.out = set.parent.file("out");
+  const Check check = set.check(options);
+  EXPECT_EQ(check.finished(), 1U);
+  EXPECT_EQ(check.status.exit_code, 2) << check.status.text;
+  EXPECT_GT(contentsOf(exported).size(), 4U);
+  EXPECT_EQ(contentsOf(options.out), contentsOf(exported));
+}
+
 TEST(CheckName, IsThatOfTheFolder) {
   const CopiedSet set;
   EXPECT_EQ(set.check().name, "set");

@@ -15,4 +15,9 @@ TEST(ShellWord, IsQuotedWhereAShellWouldTakeItForMore) {
   EXPECT_EQ(shellWord("-x"), "'-x'") << "no shell takes the quotes for more, but nobody reads it as an option";
 }
 
+TEST(ShellWord, IsOnOneLineWhateverBytesItHas) {
+  EXPECT_EQ(shellWord("a\nit's \\ \xFF"), "$'a\\x0Ait\\'s \\\\ \\xFF'");
+  EXPECT_EQ(shellWord("\xC3\xA9"), "'\xC3\xA9'");
+}
+
 }  // namespace

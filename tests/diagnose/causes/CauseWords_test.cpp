@@ -83,11 +83,11 @@ TEST(CauseWords, TellACauseAndWhatRemains) {
   at(found.values, CauseKind::kRowOffset) = 1.0;
   at(found.sds, CauseKind::kRowOffset) = 0.012;
   EXPECT_EQ(cause_words::ofCause(found, CauseKind::kRowOffset),
-            "the principal point of the right camera is 1 ± 0.012 px lower");
-  EXPECT_EQ(
-      cause_words::ofAll(found),
-      "The principal point of the right camera is 1 ± 0.012 px lower. With that taken out the rows should differ by "
-      "0.02 px in the mean instead of 1 px; what remains is noise.");
+            "the principal point of the right camera is 1.000 ± 0.012 px lower");
+  EXPECT_EQ(cause_words::ofAll(found),
+            "The principal point of the right camera is 1.000 ± 0.012 px lower. With that taken out the rows should "
+            "differ by "
+            "0.02 px in the mean instead of 1 px; what remains is noise.");
 }
 
 TEST(CauseWords, SayWhereACauseIsUnsure) {

@@ -42,6 +42,42 @@ TEST(JudgeGeometryOfSides, TellsThePairWhosePicturesDoNotBelongTogether) {
   EXPECT_TRUE(std::ranges::none_of(warnings, isOf("sides_exchanged")));
 }
 
+TEST(JudgeGeometryOfLenses, TellsThoseThatAreExchanged) {
+  WatchedScene scene;
+  scene.fills = {0.97, 0.8};
+  scene.tellFacts();
+  std::swap(scene.facts.calib->left, scene.facts.calib->right);
+  expectOnly(scene, "lenses_exchanged", "through the lens of the other camera by 0.0");
+}
+
+TEST(JudgeGeometryOfLenses, SaysNothingOfLensesThatAreAlike) {
+  scene::StereoRig rig = scene::brownRig({320, 256, 60.0});
+  rig.right = rig.left;
+  WatchedScene scene(rig);
+  EXPECT_THAT(scene.codes(), ::testing::IsEmpty());
+}
+
+TEST(JudgeGeometryOfLenses, SaysNothingWhereOnePictureIsOfItsOwnLens) {
+  const auto sideOf = [](double own, double other) {
+    SideLook side;
+    side.size = {320, 256};
+    side.place.emplace();
+    side.place->R = cv::Matx33d::eye();
+    side.place->on_grid = side.place->fitting = 1.0;
+    side.place->rms = own;
+    side.other_lens = other;
+    return side;
+  };
+  SetFacts facts;
+  facts.board.emplace_back();
+  const CalibratedPair cameras(StereoCalibParams(), LensModel::kBrownEight);
+  Looks looks(2);
+  for (PairLook& look : looks) look.sides = {sideOf(0.10, 0.06), sideOf(0.10, 0.06)};
+  EXPECT_EQ(judgeGeometry(facts, cameras, looks).size(), 1U);
+  looks[1].sides[1] = sideOf(0.10, 0.08);
+  EXPECT_TRUE(judgeGeometry(facts, cameras, looks).empty());
+}
+
 TEST(JudgeGeometryOfScale, TellsHowMuchLargerTheBoardIs) {
   WatchedScene scene;
   scene.scene.board.step = scene.scene.board.step_y = 20.4;

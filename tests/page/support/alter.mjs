@@ -61,6 +61,15 @@ export function onePair(document) {
   return made;
 }
 
+/** All pairs but the first finished one given up; without statistics of several. */
+export function oneFinished(document) {
+  const made = onePair(document);
+  const lost = document.pairs.find(({ state }) => state === 'given up');
+  made.pairs.push(copy(lost));
+  Object.assign(made.summary, { pairs: 2, finished: 1 });
+  return made;
+}
+
 /** Another check of the same set whose row differences are `factor` times as large. */
 export function scaled(document, name, factor) {
   const made = copy(document);

@@ -190,6 +190,7 @@ function coursesOf(groups, groupSets, start) {
         group,
         each,
         waiting: sets.length - points * each,
+        begin: lots.map((lot) => Math.floor((lot[0].time - start) / 60_000)),
         minute: lots.map((lot) => Math.floor((lot[lot.length - 1].time - start) / 60_000)),
         values: limits.map(({ figure }) => lots.map((lot) => rounded(meanOf(lot.map((set) => set.figures[figure]))))),
       },

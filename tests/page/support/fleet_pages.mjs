@@ -42,8 +42,18 @@ function hostile(fleet) {
   return fleet;
 }
 
+/** Of figures that no limit judges. */
+function unlimited(fleet) {
+  for (const measure of fleet.measures) {
+    const none = measure.lower.map(() => null);
+    Object.assign(measure, { value: 'mean', lower: none, upper: none, texts: [] });
+  }
+  return fleet;
+}
+
 /** Name and data of each. */
 export function* fleetDocuments() {
   for (const name of Object.keys(made)) yield [name, fleetOf(setsOf(name), { pages: 'pages' })];
+  yield ['fleet_unlimited', unlimited(fleetOf(setsOf('fleet_line')))];
   yield ['fleet_hostile', hostile(fleetOf(madeSets({ count: 400 })))];
 }

@@ -8,6 +8,8 @@
 #include <set>
 #include <string>
 
+#include "support/Places.h"
+
 namespace {
 
 TEST(FigureList, EveryFieldOfTheRecordIsListedOnce) {
@@ -71,9 +73,9 @@ TEST(FigureList, ColumnOfASummaryHasASwitchAndAHeading) {
 
 /// The page abbreviates the headings that differ in their ends only.
 TEST(FigureList, HeadingsAreThoseOfThePageOnResultFiles) {
-  std::ifstream file(RESULT_FILES_PAGE);
+  std::ifstream file(places::inProject("docs/formats/result_files.md"));
   const std::string page{std::istreambuf_iterator<char>(file), {}};
-  ASSERT_FALSE(page.empty()) << RESULT_FILES_PAGE;
+  ASSERT_FALSE(page.empty());
   figure_list::forEach([&](auto figure) {
     const std::string heading = figure.column.heading;
     const std::string first = heading.substr(0, heading.find(',', 1));

@@ -12,6 +12,8 @@ TEST(EscapeHtml, LeavesNoMarkup) {
   EXPECT_EQ(htmlOf("dy ± 0.1"), "dy ± 0.1");
 }
 
+TEST(EscapeHtml, ReplacesWhatIsNoUtf8) { EXPECT_EQ(htmlOf("a\xFF<\xC3"), "a\uFFFD&lt;\uFFFD"); }
+
 TEST(EscapeScript, LeavesNothingThatEndsIt) {
   const std::string hostile = "</script><!--\xE2\x80\xA8\xE2\x80\xA9<script>\xE2\x82\xAC";
   const std::string text = scriptJson(nlohmann::json(hostile).dump());

@@ -5,14 +5,15 @@
 #include <string>
 #include <string_view>
 
+#include "support/Places.h"
 #include "support/TempFolder.h"
 
 namespace polarline {
 namespace {
 
 TEST(PageTemplateOf, IsTheFileByteForByte) {
-  EXPECT_EQ(pageTemplate(), TempFolder::contentOf(PAGE_TEMPLATE));
-  EXPECT_EQ(fleetTemplate(), TempFolder::contentOf(FLEET_TEMPLATE));
+  EXPECT_EQ(pageTemplate(), TempFolder::contentOf(places::inProject("report/page.html")));
+  EXPECT_EQ(fleetTemplate(), TempFolder::contentOf(places::inProject("report/fleet.html")));
 }
 
 TEST(PageTemplateMarks, AreThereOnce) {

@@ -95,6 +95,15 @@ TEST(CheckViewBudget, KeepsTheWorstAndSaysWhatIsLeftOut) {
   EXPECT_EQ(viewOf(manyPairs(), 0)["document"]["pairs"].size(), 16U) << "the tables have every pair";
 }
 
+TEST(CheckViewBudget, OfNothingSaysThatNoPairIsThere) {
+  EXPECT_EQ(viewOf(manyPairs(), 0)["left_out"],
+            "Dots and pictures of all 16 pairs were left out to keep the file small. polarline report --budget takes "
+            "more.");
+  EXPECT_EQ(viewOf(made_document::check(), 0)["left_out"],
+            "Dots and pictures of the only pair were left out to keep the file small. polarline report --budget takes "
+            "more.");
+}
+
 TEST(CheckViewPictures, ThatAreMissingAreTold) {
   EXPECT_THAT(viewOf(made_document::check(), 1000000, noPictures)["left_out"].get<std::string>(),
               HasSubstr("Pictures of 1 pair are not shown"));

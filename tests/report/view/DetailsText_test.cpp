@@ -34,6 +34,17 @@ TEST(DetailsTextPoints, HaveTheirPlacesOnTheBoard) {
   EXPECT_TRUE(points["dy_pattern"].empty());
 }
 
+TEST(DetailsTextPoints, OfAFrameStandInNoRowsAndColumns) {
+  Check check = made_document::check();
+  check.settings = {{"frame_work", "1"}, {"Frame_3D", "[[60, 0, 1], [180, 40, 2]]"}};
+  check.pairs[0].points = {};
+  check.pairs[0].points.id = {1, 2};
+  const Json points = detailsOf(check)["points"];
+  EXPECT_TRUE(points["column"].empty());
+  EXPECT_TRUE(points["row"].empty());
+  EXPECT_EQ(points["board_x"], Json::parse("[60, 180]"));
+}
+
 TEST(DetailsTextPoints, EveryListIsAsLongAsTheIds) {
   Check check = made_document::check();
   check.pairs[0].points = {};

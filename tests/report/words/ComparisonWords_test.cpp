@@ -25,6 +25,11 @@ TEST(ComparisonWordsOf, ACheckAgainstTheFirst) {
       "figure, whose difference is within its uncertainty.");
 }
 
+TEST(ComparisonWordsOf, ExactFiguresHaveNoError) {
+  EXPECT_EQ(wordsOf({summary("dy_means", 2.5, 0.0)}, {summary("dy_means", 1.5, 0.0)}),
+            "after against before. Less: dy_means (by 1 pixels).");
+}
+
 TEST(ComparisonWordsOf, FewPairsSaySo) {
   EXPECT_EQ(wordsOf({summary("dy_means", 1.0, NAN)}, {summary("dy_means", 0.5, NAN)}),
             "after against before. Not known: 1 figure, as five finished pairs of each check are needed to tell a "

@@ -3,11 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "MadeDocument.h"
 
 namespace polarline {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 PairSentences sentencesOf(const DotLists& dots) {
@@ -50,6 +53,19 @@ TEST(PairSentencesRemains, SayOfWhatTheyAre) {
   EXPECT_THAT(sentences.map, HasSubstr("What remains without the causes of 12 dots over the picture: from 0 to 0.11"));
   EXPECT_THAT(sentences.histogram, HasSubstr("what remains of the row differences without the causes: half of them"));
   EXPECT_THAT(sentences.along, HasSubstr("Mean of what remains without the causes along the picture in 4 stripes"));
+}
+
+TEST(PairSentencesResidual, SayWhichDotsTheFiguresLeaveOut) {
+  DotLists dots = made_document::dots();
+  dots.residual[2] = 5.0;
+  EXPECT_THAT(sentencesOf(dots).residual, EndsWith("largest 5 pixels.")) << "5 itself counts";
+  dots.residual[4] = 6.39;
+  EXPECT_THAT(sentencesOf(dots).residual,
+              EndsWith("largest 6.39 pixels. 1 dot above 5 pixels does not count in tri_rms, tri_mean, tri_max."));
+  dots.residual[5] = 5.01;
+  dots.residual[6] = NAN;
+  EXPECT_THAT(sentencesOf(dots).residual,
+              EndsWith("2 dots above 5 pixels do not count in tri_rms, tri_mean, tri_max."));
 }
 
 TEST(PairSentencesWorst, NameTheResidualWithoutRows) {

@@ -45,6 +45,7 @@ TEST_F(CoursesOf, FewSetsAreTheSetsInTheOrderOfTime) {
   EXPECT_EQ(courses[0].each, 1U);
   EXPECT_EQ(courses[0].waiting, 0U);
   EXPECT_THAT(courses[0].minutes, ElementsAre(0, 1, 4));
+  EXPECT_EQ(courses[0].begins, courses[0].minutes);
   ASSERT_EQ(courses[0].values.size(), 2U);
   EXPECT_THAT(courses[0].values[0], ElementsAre(1.0, IsNan(), 5.0));
   EXPECT_THAT(courses[0].values[1], ElementsAre(10.0, 20.0, 50.0));
@@ -62,7 +63,9 @@ TEST_F(CoursesOf, ManySetsAreMeansOfAsManyInARow) {
   EXPECT_EQ(courses[0].each, 3U);  // Two would make 125 points, of which there is room for 100.
   EXPECT_EQ(courses[0].waiting, 1U);
   ASSERT_EQ(courses[0].minutes.size(), 83U);
+  EXPECT_EQ(courses[0].begins[0], 0);
   EXPECT_EQ(courses[0].minutes[0], 2);
+  EXPECT_EQ(courses[0].begins[82], 246);
   EXPECT_EQ(courses[0].minutes[82], 248);
   EXPECT_EQ(courses[0].values[0][0], 1.0);
   EXPECT_EQ(courses[0].values[0][1], 4.0);

@@ -10,6 +10,7 @@
 #include "polarline/errors.h"
 #include "store/MadeStore.h"
 #include "support/DocumentCheck.h"
+#include "support/Places.h"
 #include "support/Unprivileged.h"
 
 namespace {
@@ -187,9 +188,10 @@ TEST_F(FleetData, CountsBrokenLimitsCausesWarningsAndEndings) {
 
 TEST_F(FleetData, PutsTheNumbersInTheOrderOfTime) {
   addFleet();
-  EXPECT_EQ(data()["courses"],
-            json::parse(R"([{"group": 0, "each": 1, "waiting": 0, "minute": [1770], "values": [[0.05]]},
-    {"group": 1, "each": 1, "waiting": 0, "minute": [360, 420, 1800], "values": [[0.04, 0.06, 0.3]]}])"));
+  EXPECT_EQ(
+      data()["courses"],
+      json::parse(R"([{"group": 0, "each": 1, "waiting": 0, "begin": [1770], "minute": [1770], "values": [[0.05]]},
+    {"group": 1, "each": 1, "waiting": 0, "begin": [360, 420, 1800], "minute": [360, 420, 1800], "values": [[0.04, 0.06, 0.3]]}])"));
 }
 
 TEST_F(FleetData, PoolsSetsWhereThereAreMany) {
@@ -277,7 +279,10 @@ TEST_F(FleetData, IsMadeOfResultsInAFolderThatCannotBeWritten) {
 TEST(FleetDataSchema, TakesALargeMadeFleet) {
   const TempFolder folder;
   const std::string store = folder.file("store");
-  ASSERT_EQ(std::system((PYTHON3 " " FLEET_DOCUMENTS " '" + store + "' --sets 300 --pairs 1 --dots 1").c_str()), 0);
+  ASSERT_EQ(std::system((places::python() + " '" + places::inProject("scripts/fleet_documents") + "' '" + store +
+                         "' --sets 300 --pairs 1 --dots 1")
+                            .c_str()),
+            0);
   const made_store::Results results;
   results.merge({store});
   const json fleet = DocumentCheck::of("fleet").parsed(polarline::fleetData(results.path()));

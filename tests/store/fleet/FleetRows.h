@@ -43,6 +43,10 @@ class FleetRows {
         .run(set, text, value, holds);
   }
   void cause(std::int64_t set, const std::string& name, double value, double sd) { cause_.run(set, name, value, sd); }
+  /// Lets a set's causes be ones that are not told apart.
+  void makeAlike(std::int64_t set) {
+    sqlite::Statement(*database_, "UPDATE causes SET alike = 1 WHERE set_id = ?").run(set);
+  }
 
  private:
   void figure(std::int64_t set, std::int64_t pair, const std::string& name, double value) {

@@ -30,6 +30,19 @@ struct RecurringCauses : ::testing::Test {
   }
 };
 
+TEST_F(RecurringCauses, AreNotThoseThatPicturesDoNotTellApartAndLeaveOpen) {
+  set();
+  set();
+  rows.cause(1, "rotation_x", -0.03, 0.01);
+  rows.cause(1, "baseline_y", 0.0299, 0.01);
+  rows.makeAlike(1);
+  rows.cause(2, "baseline_y", 0.01, 0.01);
+  cells.cells = {{0, 1}};
+  const Recurring causes = readRecurring(rows.database(), sets({0, 0}), cells);
+  ASSERT_EQ(causes.cells.size(), 2U);
+  EXPECT_NEAR(causes.cells[0].mean + causes.cells[1].mean, -0.02, 1e-15) << "of one set each";
+}
+
 TEST_F(RecurringCauses, AreMeansOfACellAndTotalsOfAGroup) {
   for (int k = 0; k < 5; ++k) set();
   rows.cause(1, "rotation_x", 0.04, 0.003);

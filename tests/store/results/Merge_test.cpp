@@ -50,6 +50,37 @@ TEST_F(Merge, TakesSetsWithTheirMetadata) {
               ElementsAre("0|dy_means|0.05", "1|dy_means|0.2"));
 }
 
+TEST_F(Merge, DropsASetThatCouldNotBeReadOnceItsDocumentIsGone) {
+  polarline::Check unread = failed();
+  unread.id = "";
+  const made_store::Store other;
+  store.add(name(1), unread);
+  other.add(name(1), unread);
+  store.add(name(2), failed());
+  results.merge({store.path(), other.path()});
+  std::filesystem::remove(store.file(name(1)));
+  std::filesystem::remove(store.file(name(2)));
+  store.add(name(3), check({0.05}));
+  results.merge({store.path(), other.path()});
+  EXPECT_THAT(results.rows("SELECT name FROM sets ORDER BY name"), ElementsAre(name(1), name(2), name(3)));
+  std::filesystem::remove(other.file(name(1)));
+  results.merge({store.path(), other.path()});
+  // What was read stays, also without its document.
+  EXPECT_THAT(results.rows("SELECT name FROM sets ORDER BY name"), ElementsAre(name(2), name(3)));
+}
+
+TEST_F(Merge, RefusesAFolderThatIsNoStore) {
+  store.add(name(1), check({0.05}));
+  const TempFolder empty;  // The place of a disk that is not mounted.
+  try {
+    results.merge({store.path(), empty.path().string()});
+    ADD_FAILURE();
+  } catch (const polarline::InputError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("has no polarline-store.json"));
+  }
+  EXPECT_FALSE(std::filesystem::exists(results.path()));
+}
+
 TEST_F(Merge, OnceMoreChangesNothing) {
   store.add(name(1), check({0.05}), {{"station", "3"}});
   store.add(name(2), check({0.2}));
@@ -191,6 +222,12 @@ TEST_F(MergeTwoStores, CountsASetOnceByItsLaterDocument) {
   store.add(name(1), check({0.05}, "2026-01-02T03:04:05Z"));
   other.add(name(1), check({0.2}, "2026-01-02T03:04:06Z"));
   holdsInEveryOrder("SELECT verdict FROM sets", "fail");
+}
+
+TEST_F(MergeTwoStores, OfCopiesWithOtherMetadataTakesThatOfTheFirstPath) {
+  store.add(name(1), check({0.05}), {{"serial", "A"}});
+  other.add(name(1), check({0.05}), {{"serial", "B"}});
+  holdsInEveryOrder("SELECT serial FROM sets", store.path() < other.path() ? "A" : "B");
 }
 
 TEST_F(MergeTwoStores, PrefersADocumentThatNeedsNoRetry) {

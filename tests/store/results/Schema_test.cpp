@@ -10,6 +10,7 @@
 
 #include "polarline/errors.h"
 #include "store/MadeStore.h"
+#include "support/Places.h"
 #include "support/Unprivileged.h"
 
 namespace {
@@ -68,8 +69,8 @@ class SchemaEarlier : public ::testing::TestWithParam<int> {};
 
 TEST_P(SchemaEarlier, IsBroughtToTheCurrentOneWithAllItsSets) {
   const made_store::Results results, fresh;
-  const std::string dump = TempFolder::contentOf(std::filesystem::path(EARLIER_RESULTS) /
-                                                 ("version_" + std::to_string(GetParam()) + ".sql"));
+  const std::string dump = TempFolder::contentOf(
+      places::inProject("tests/store/results/earlier/version_" + std::to_string(GetParam()) + ".sql"));
   results.run(dump);
   ASSERT_EQ(results.one("PRAGMA user_version"), std::to_string(GetParam()));
   const auto sets = results.rows("SELECT * FROM sets ORDER BY id");

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "store/MadeStore.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -87,10 +88,11 @@ TEST_F(Views, TrendIsOverThePairsOfAStationAndDay) {
 TEST(ViewsPage, QuestionsHaveAnswers) {
   const TempFolder folder;
   const std::string store = folder.file("store");
-  ASSERT_EQ(std::system((PYTHON3 " " FLEET_DOCUMENTS " '" + store + "' --sets 400 --pairs 1 --dots 1").c_str()), 0);
+  const std::string fleet_documents = places::python() + " " + places::inProject("scripts/fleet_documents");
+  ASSERT_EQ(std::system((fleet_documents + " '" + store + "' --sets 400 --pairs 1 --dots 1").c_str()), 0);
   const made_store::Results results;
   results.merge({store});
-  const std::string page = TempFolder::contentOf(STORE_PAGE);
+  const std::string page = TempFolder::contentOf(places::inProject("docs/store.md"));
   const std::regex block("```sql\n([^`]*)```");
   std::vector<std::vector<std::string>> answers;
   for (std::sregex_iterator each(page.begin(), page.end(), block), end; each != end; ++each)

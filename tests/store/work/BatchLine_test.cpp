@@ -34,5 +34,15 @@ TEST(BatchLine, IsOfItsSchemaInEveryState) {
   }
 }
 
+TEST(BatchLineOfAll, IsOfItsSchema) {
+  const BatchOutcome outcome{7, 4, 2, 1, 3};
+  const auto document = DocumentCheck::of("batch-outcome").parsed(batchJson(outcome));
+  EXPECT_EQ(document["sets"], 7);
+  EXPECT_EQ(document["judged"], 4);
+  EXPECT_EQ(document["there"], 2);
+  EXPECT_EQ(document["failed"], 1);
+  EXPECT_EQ(document["exit_code"], 3);
+}
+
 }  // namespace
 }  // namespace polarline

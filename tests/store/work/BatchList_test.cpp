@@ -35,6 +35,14 @@ TEST(BatchList, TakesAFolderALineAndMetadataBehindTabs) {
               ElementsAre(Pair("serial", "A=1"), Pair("station", ""), Pair("time", "2026-03-01T22:15:00+01:00")));
 }
 
+TEST(BatchList, IsKnownByItsText) {
+  const auto sets = parseBatchList("a\nb\n", "l.txt");
+  EXPECT_EQ(sets[0].list.size(), 64U);
+  EXPECT_EQ(sets[0].list, sets[1].list);
+  EXPECT_EQ(sets[0].list, parseBatchList("a\nb\n", "other.txt")[0].list);
+  EXPECT_NE(sets[0].list, parseBatchList("a\nc\n", "l.txt")[0].list);
+}
+
 TEST(BatchList, NamesTheLineThatCannotBeUsed) {
   for (const auto& [text, problem] : std::vector<std::pair<std::string, std::string>>{
            {"a\nb\tserial\n", "l.txt, line 2: 'serial' was found; key=value was wanted"},

@@ -47,7 +47,9 @@ TEST_F(Batch, StopsAfterSoManyFailures) {
   options.stop_after = 1;
   const BatchOutcome outcome = batch({{1, "none", {}}, {2, "nowhere", {}}, listed()}, options);
   EXPECT_EQ(outcome.sets, 1U);
-  EXPECT_EQ(outcome.exit_code, kUnusable);
+  EXPECT_EQ(outcome.exit_code, kInterrupted);
+  // With the last of the list as many had failed, but nothing was left over.
+  EXPECT_EQ(batch({listed(), {1, "none", {}}}, options).exit_code, kUnusable);
 }
 
 TEST_F(Batch, FinishesTheSetAtHandWhenItIsAskedToEnd) {

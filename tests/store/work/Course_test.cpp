@@ -37,6 +37,7 @@ TEST(Course, EndsAfterSoManyFailures) {
   Course course(options);
   EXPECT_FALSE(course.goesOn(outcome));
   EXPECT_EQ(course.ended(outcome).exit_code, kNoFigure);
+  EXPECT_EQ(course.ended(outcome, false).exit_code, kInterrupted);
 }
 
 TEST(Course, WaitsNoLongerThanItGoesOn) {

@@ -1,6 +1,11 @@
 #include "store/work/MetadataFile.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
 
 #include "support/FolderContents.h"
 #include "support/TempFolder.h"
@@ -27,6 +32,58 @@ TEST_F(MetadataFileOnDisk, IsRenewedWhenTheListSaysOtherwise) {
   writeMetadata(place, set, "22");
   set.metadata[1].second = "4";
   EXPECT_FALSE(hasMetadata(place, set, "22"));
+  writeMetadata(place, set, "22");
+  EXPECT_TRUE(hasMetadata(place, set, "22"));
+}
+
+TEST_F(MetadataFileOnDisk, HasTheSettingsAlsoOfASetOfWhichTheListSaysNothing) {
+  set.metadata.clear();
+  EXPECT_FALSE(hasMetadata(place, set, "22"));
+  writeMetadata(place, set, "22");
+  EXPECT_EQ(folder.read("abcdef.metadata.json"), "{\"metadata\":{},\"settings\":\"22\"}\n");
+  EXPECT_TRUE(hasMetadata(place, set, "22"));
+}
+
+TEST_F(MetadataFileOnDisk, IsThatOfTheFirstLineOfAListThatSaysAnythingInWhateverOrderTheyCome) {
+  const auto lines = parseBatchList("a\nb\tserial=B\nc\tserial=C\n", "l.txt");
+  std::vector<std::size_t> order = {0, 1, 2};
+  do {
+    std::filesystem::remove(place.metadata());
+    for (const std::size_t k : order) writeMetadata(place, lines[k], "22");
+    EXPECT_THAT(folder.read("abcdef.metadata.json"), ::testing::HasSubstr("{\"serial\":\"B\"}"));
+    for (const BatchSet& line : lines) EXPECT_TRUE(hasMetadata(place, line, "22"));
+  } while (std::ranges::next_permutation(order).found);
+}
+
+TEST_F(MetadataFileOnDisk, NamesTheFirstOfTheLinesThatSayTheSame) {
+  for (const char* list : {"a\tserial=B\nb\tserial=B\n", "a\nb\n"}) {
+    const auto lines = parseBatchList(list, "l.txt");
+    for (const bool first_comes_first : {true, false}) {
+      std::filesystem::remove(place.metadata());
+      writeMetadata(place, lines[first_comes_first ? 0 : 1], "22");
+      EXPECT_EQ(hasMetadata(place, lines[first_comes_first ? 1 : 0], "22"), first_comes_first);
+      writeMetadata(place, lines[first_comes_first ? 1 : 0], "22");
+      EXPECT_THAT(folder.read("abcdef.metadata.json"), ::testing::HasSubstr("\"line\":1}"));
+    }
+  }
+}
+
+TEST_F(MetadataFileOnDisk, OfAnotherListIsRenewedByWhicheverLine) {
+  writeMetadata(place, parseBatchList("b\tserial=B\n", "l.txt")[0], "22");
+  const BatchSet later = parseBatchList("a\nb\tserial=C\n", "l.txt")[1];
+  EXPECT_FALSE(hasMetadata(place, later, "22"));
+  writeMetadata(place, later, "22");
+  EXPECT_THAT(folder.read("abcdef.metadata.json"), ::testing::HasSubstr("\"line\":2}"));
+  // A list that grew says the same of it.
+  EXPECT_TRUE(hasMetadata(place, parseBatchList("a\nb\tserial=C\nd\n", "l.txt")[1], "22"));
+}
+
+TEST_F(MetadataFileOnDisk, IsWrittenAnewWhereItIsCutOff) {
+  for (const char* broken : {"", "{\"metadata\":{\"serial", "[]", "{\"settings\":\"22\"}"}) {
+    folder.write("abcdef.metadata.json", broken);
+    EXPECT_FALSE(hasMetadata(place, set, "22")) << broken;
+  }
+  set.metadata[0].second = "\xff";  // No UTF-8.
   writeMetadata(place, set, "22");
   EXPECT_TRUE(hasMetadata(place, set, "22"));
 }

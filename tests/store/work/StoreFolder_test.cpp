@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "polarline/batch.h"
 #include "polarline/errors.h"
 #include "support/FolderContents.h"
 #include "support/FullDevice.h"
@@ -48,6 +49,22 @@ TEST_F(StoreFolderOnDisk, ThatIsAwayIsNotMadeAnew) {
   fs::remove(path);
   fs::rename(path + "_away", path);
   EXPECT_NO_THROW(store.madePlace("abcdef"));
+}
+
+TEST_F(StoreFolderOnDisk, ThatHasToBeThereIsNeverMade) {
+  using enum StoreFolder::IfMissing;
+  EXPECT_THROW(StoreFolder(path, kRefuse), OutputError);
+  EXPECT_FALSE(fs::exists(path));
+  fs::create_directories(path);  // The place of a disk that is not mounted.
+  EXPECT_THROW(StoreFolder(path, kRefuse), OutputError);
+  EXPECT_THROW(StoreFolder(path, kMakeWhole), OutputError);
+  EXPECT_THROW(makeStore(path), OutputError);
+  EXPECT_TRUE(fs::is_empty(path));
+  fs::remove(path);
+  makeStore(path);
+  EXPECT_THAT(contentsOf(path), ElementsAre(Key("polarline-store.json")));
+  EXPECT_NO_THROW(makeStore(path));
+  EXPECT_NO_THROW(StoreFolder(path, kRefuse));
 }
 
 TEST_F(StoreFolderOnDisk, ThatCannotBeMadeIsToldSo) {

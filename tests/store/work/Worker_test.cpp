@@ -1,8 +1,13 @@
 #include "store/work/Worker.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <thread>
 
 #include "OneSet.h"
+#include "platform/WholeFile.h"
+#include "polarline/errors.h"
 #include "polarline/exit_code.h"
 #include "store/work/ClaimText.h"
 #include "store/work/Judging.h"
@@ -48,7 +53,7 @@ TEST_F(WorkerAtItsStore, JudgesWhatIsNotThere) {
   EXPECT_EQ(first.document, place(listed()).document());
   EXPECT_EQ(withoutTimes(TempFolder::contentOf(first.document)), withoutTimes(toJson(set.check())));
   const auto before = contentsOf(store);
-  EXPECT_EQ(before.size(), 2U);  // The document and the store's mark.
+  EXPECT_EQ(before.size(), 3U);  // The document, its settings and the store's mark.
   const BatchResult second = taken(listed());
   EXPECT_EQ(second.state, BatchState::kThere);
   EXPECT_EQ(second.verdict, Verdict::kPass);
@@ -141,7 +146,40 @@ TEST_F(WorkerAtItsStore, ClearsUpBehindTheDead) {
   std::ofstream(there.document().string() + ".partial-1-2-3") << "half";
   fs::last_write_time(there.claim(), fs::last_write_time(there.claim()) - std::chrono::hours(1));
   EXPECT_EQ(stateOf(listed()), BatchState::kThere);
-  EXPECT_EQ(contentsOf(store).size(), 2U);
+  EXPECT_EQ(contentsOf(store).size(), 3U);
+}
+
+TEST_F(WorkerAtItsStore, SweepsItWhenItBegins) {
+  taken(listed());
+  const auto before = contentsOf(store);
+  const pid_t process = fork();
+  if (process == 0) {
+    const Worker killed(options);
+    const whole_file::PartialFile half(place(listed()).document());
+    _exit(0);
+  }
+  waitpid(process, nullptr, 0);
+  EXPECT_EQ(contentsOf(store).size(), before.size() + 2);
+  { const Worker worker(options); }
+  EXPECT_EQ(contentsOf(store), before);
+}
+
+TEST_F(WorkerAtItsStore, NeverMakesOneThatHasToBeThere) {
+  options.existing = true;
+  EXPECT_THROW(Worker{options}, OutputError);
+  fs::create_directory(store);
+  EXPECT_THROW(Worker{options}, OutputError);
+  EXPECT_TRUE(fs::is_empty(store));
+  fs::remove(store);
+  makeStore(store);
+  EXPECT_EQ(stateOf(listed()), BatchState::kJudged);
+}
+
+TEST_F(WorkerAtItsStore, WritesTheSettingsOfADocumentThatHasNone) {
+  taken(listed());
+  fs::remove(place(listed()).metadata());  // As of a version that wrote them only beside metadata.
+  EXPECT_EQ(stateOf(listed()), BatchState::kThere);
+  EXPECT_THAT(TempFolder::contentOf(place(listed()).metadata()), HasSubstr(names::settingsHash(options.check)));
 }
 
 TEST_F(WorkerAtItsStore, TriesASetThatCannotBeReadEachTimeAndForgetsThatInTheEnd) {

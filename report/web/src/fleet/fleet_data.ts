@@ -94,6 +94,9 @@ export interface Course {
   group: number;
   each: number;
   waiting: number;
+  /** Of a point's first set; missing in earlier documents. */
+  begin?: number[];
+  /** Of its last set. */
   minute: number[];
   values: (number | null)[][];
 }

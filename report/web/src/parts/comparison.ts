@@ -1,6 +1,6 @@
 import { el } from '../dom/el';
-import { tableElement, type Cell } from '../dom/table';
-import type { ComparedFigure, Comparison, PageData } from '../page_data';
+import { tableElement, type Cell, type Column, type Table } from '../dom/table';
+import type { CheckView, ComparedFigure, Comparison, PageData } from '../page_data';
 import { hashOf } from '../state/route';
 import { shortUnit } from '../text/figures';
 import { between, shown, signed, typographic, withError } from '../text/number';
@@ -8,14 +8,33 @@ import { chip, section, verdictChip } from './chip';
 import { comparisonPlots } from './comparison_plots';
 import type { Scope } from './scope';
 
+/** A check with its place in the list. */
+type Numbered = readonly [check: CheckView, index: number];
+
+/** A sheet of paper takes three checks beside each other; of more, two stand in each of several tables. */
+const mostOnPaper = 3;
+const inBlock = 2;
+
+/** One table of all checks; a sheet does not scroll, so on paper as many checks a table as it has room for. */
+function sideBySide(data: PageData, tableOf: (checks: readonly Numbered[]) => Table): HTMLElement {
+  const all = data.checks.map((check, index): Numbered => [check, index]);
+  const whole = tableElement(tableOf(all));
+  if (all.length <= mostOnPaper) return whole;
+  whole.classList.add('no-print');
+  const starts = all.map(([, index]) => index).filter((index) => index % inBlock === 0);
+  const blocks = starts.map((start) => tableOf(all.slice(start, start + inBlock)));
+  const paper = blocks.map((table) => tableElement({ ...table, sortable: false, copyable: false }));
+  return el('div', {}, whole, el('div', { class: 'print-only' }, ...paper));
+}
+
 function limits(data: PageData, comparison: Comparison): HTMLElement | null {
   if (comparison.limits.length === 0) return null;
-  return tableElement({
+  return sideBySide(data, (checks) => ({
     caption: 'Limits of all checks',
-    columns: [{ title: 'Limit' }, ...data.checks.map(({ title }, index) => ({ title, below: `check ${index + 1}` }))],
+    columns: [{ title: 'Limit' }, ...checks.map(([{ title }, index]) => ({ title, below: `check ${index + 1}` }))],
     rows: comparison.limits.map(({ text, values, holds }) => [
       text,
-      ...data.checks.map((_, index): Cell => {
+      ...checks.map(([, index]): Cell => {
         const value = values[index] ?? null;
         const kept = holds[index] ?? null;
         const words = kept === null ? 'not judged' : value === null ? 'not measured' : shown(value);
@@ -24,7 +43,7 @@ function limits(data: PageData, comparison: Comparison): HTMLElement | null {
       }),
     ]),
     headed: true,
-  });
+  }));
 }
 
 function mean(figure: ComparedFigure, index: number): Cell {
@@ -41,7 +60,8 @@ function difference(figure: ComparedFigure, index: number): Cell {
   const found = figure.difference[index];
   if (!found || found.value === null) return '–';
   const of = found.basis === 'dots' ? ' (dots alone)' : '';
-  const by = found.sd === null ? signed(found.value) : `${withError(found.value, found.sd, true)}${of}`;
+  // Of exact figures, and where nobody knows how certain they are, there is no ±.
+  const by = found.sd ? withError(found.value, found.sd, true) + of : signed(found.value);
   const said = found.judged === 'unknown' ? 'not known' : found.judged;
   const state =
     found.judged === 'more' || found.judged === 'less' ? el('strong', {}, said) : el('span', { class: 'faint' }, said);
@@ -58,21 +78,23 @@ function nameCell(figure: ComparedFigure, scope: Scope): Cell {
 
 /** Each check's mean with, beside it, how it differs from the first one's. */
 function figures(data: PageData, compared: ComparedFigure[], scope: Scope, caption: string): HTMLElement {
-  const columns = data.checks.flatMap(({ title }, index) => [
+  const columnsOf = ([{ title }, index]: Numbered): Column[] => [
     { title, below: `check ${index + 1}, mean`, numbers: true },
     ...(index > 0
       ? [{ title: 'Difference', below: `check ${index + 1} against 1`, numbers: true, copied: ['', '±'] }]
       : []),
-  ]);
-  const cells = (figure: ComparedFigure): Cell[] =>
-    data.checks.flatMap((_, index) => [mean(figure, index), ...(index > 0 ? [difference(figure, index)] : [])]);
-  return tableElement({
+  ];
+  const cellsOf = (figure: ComparedFigure, index: number): Cell[] => [
+    mean(figure, index),
+    ...(index > 0 ? [difference(figure, index)] : []),
+  ];
+  return sideBySide(data, (checks) => ({
     caption,
-    columns: [{ title: 'Figure' }, ...columns],
-    rows: compared.map((figure) => [nameCell(figure, scope), ...cells(figure)]),
+    columns: [{ title: 'Figure' }, ...checks.flatMap(columnsOf)],
+    rows: compared.map((figure) => [nameCell(figure, scope), ...checks.flatMap(([, index]) => cellsOf(figure, index))]),
     headed: true,
     sortable: true,
-  });
+  }));
 }
 
 /** Those that matter first, in their order, and the others. */

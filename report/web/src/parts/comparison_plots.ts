@@ -15,7 +15,6 @@ function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLEle
   const limits = data.checks.flatMap(({ document }) => document.limits);
   return figures.map((figure) => {
     const view: ComparisonView = {
-      figure: scope.explanations.title(figure.figure),
       unit: figure.unit,
       limits: [...new Set(rulesOn(limits, figure.figure, 'library').map(({ bound }) => bound))],
       checks: data.checks.map(({ title }, index) => ({
@@ -29,7 +28,7 @@ function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLEle
     const told = view.checks.map(({ mean, title }) => `${title}: ${mean === null ? 'not measured' : shown(mean)}`);
     return plotFigure(
       {
-        title: view.figure,
+        title: scope.explanations.title(figure.figure),
         sentence: `${told.join('; ')}.`,
         help: 'Mean over the finished pairs of each check with its 95 % interval. A hollow mark does not differ from the first check by more than chance; where a check has fewer than five pairs, chance is that of the dots within them alone.',
         plot: comparedFigure,

@@ -1,6 +1,6 @@
 import { el } from '../dom/el';
 import { plotFigure, type DrawnFigure } from '../dom/plot_figure';
-import { trendOverPairs, type TrendView } from '../plots/trend';
+import { trendOverPairs, type TrendPair, type TrendView } from '../plots/trend';
 import { SelectionStore } from '../state/selection';
 import { bareName, uncertaintyOf, valueOf } from '../text/figures';
 import { exceeds, isUpper, limitedFigures, rulesOn, type LimitRule } from '../text/limits';
@@ -56,15 +56,22 @@ function limitSentences(values: readonly number[], rules: readonly LimitRule[]):
     .join('');
 }
 
+/** The least and the most with their pairs; once where there is but one value. */
+function extremes(pairs: readonly TrendPair[]): string {
+  const values = pairs.map((pair) => pair.value as number);
+  const [least, most] = [Math.min(...values), Math.max(...values)];
+  const told = (value: number) => `${shown(value)} (pair ${pairs.find((pair) => pair.value === value)?.index})`;
+  if (pairs.length === 1) return `${told(least)}.`;
+  return least === most ? `${shown(least)} in each pair.` : `From ${told(least)} to ${told(most)}.`;
+}
+
 function sentenceOf(view: TrendView, rules: readonly LimitRule[]): string {
   const there = view.pairs.filter((pair) => pair.value !== null);
   const values = there.map((pair) => pair.value as number);
   if (values.length === 0) return `${view.name}: no pair measured it.`;
-  const [least, most] = [Math.min(...values), Math.max(...values)];
-  const at = (value: number) => there.find((pair) => pair.value === value)?.index;
   const limited = limitSentences(values, rules);
   const givenUp = view.pairs.filter((pair) => pair.givenUp).length;
-  return `From ${shown(least)} (pair ${at(least)}) to ${shown(most)} (pair ${at(most)}).${limited}${givenUp > 0 ? ` ${givenUp} given up.` : ''}`;
+  return `${extremes(there)}${limited}${givenUp > 0 ? ` ${givenUp} given up.` : ''}`;
 }
 
 const shownFirst = 3;

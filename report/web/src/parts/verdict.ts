@@ -33,13 +33,19 @@ function status({ status }: CheckDocument, headline: string): HTMLElement | null
   );
 }
 
+/** Of a run that ended with its first pair, "0 of 0" would look as if the list were empty. */
+function pairsFinished({ check }: Scope): string {
+  if (check.document.pairs.length === 0) return 'none finished';
+  return check.finished_text.replace(/ pairs? /, ' ').replace(/\.$/, '');
+}
+
 function facts(scope: Scope): HTMLElement {
   const { document } = scope.check;
   const { board } = document;
   return terms([
     ['Set', document.set.name || scope.check.title],
     ['Measured', moment(document.started)],
-    ['Pairs', scope.check.finished_text.replace(/ pairs? /, ' ').replace(/\.$/, '')],
+    ['Pairs', pairsFinished(scope)],
     ['Board', board.points > 0 ? `${board.cols} × ${board.rows} dots, step ${board.step}` : 'not read'],
     ['Took', `${document.seconds.toFixed(document.seconds < 10 ? 1 : 0)} s`],
   ]);

@@ -1,13 +1,12 @@
 import * as Plot from '@observablehq/plot';
 import { letterWidth, plotted, fontSize } from './base';
-import { fixed, plain, present, rangeOf, ticksOf, withUnit, type Ticks } from './numbers';
+import { fixed, plain, present, rangeOf, ticksOf, unitText, type Ticks } from './numbers';
 import { keyLegend, keyLegendHeight, type Key } from './legend';
 import type { PlotContext } from './plot';
 import { circlePath, svg } from './svg';
 
 /** One figure of several checks with its intervals, one line a check. */
 export interface ComparisonView {
-  figure: string;
   unit: string;
   checks: readonly ComparedCheck[];
   limits: readonly number[];
@@ -55,7 +54,7 @@ export function comparedFigure(view: ComparisonView, context: PlotContext): SVGS
       ...axes(ticks, titles, room),
       ...limitLines(limits),
       ...intervals(lines),
-      Plot.text([withUnit(view.figure, view.unit)], {
+      Plot.text([unitText(view.unit)], {
         ...writing,
         frameAnchor: 'bottom',
         dy: 34,

@@ -6,7 +6,7 @@ import { placesOf } from './nearest';
 import { decimalsOf, fixed, niceStep, present, quantile, rangeOf, unitText, withUnit, type Numbers } from './numbers';
 import type { PlotContext } from './plot';
 import { DotStage } from './stage';
-import { batched, circlePath, halo, svg, window } from './svg';
+import { batched, circlePath, halo, svg, window, type Box } from './svg';
 
 /** How a value goes along the picture or across it: stripes with their scatter, the line through all, single dots. */
 export interface CourseView {
@@ -96,6 +96,18 @@ function stripes(course: Course, plot: FramedPlot): SVGElement[] {
   ];
 }
 
+/** Above the upper line or below the lower one, else inside of one that is seen; null where neither is. */
+function namePlace(upper: number, lower: number, box: Box): number | null {
+  const seen = (line: number) => line >= box.y && line <= box.y + box.height;
+  const places = [
+    [upper, upper - 4],
+    [lower, lower + 13],
+    [upper, upper + 13],
+    [lower, lower - 4],
+  ] as const;
+  return places.find(([line, name]) => seen(line) && seen(name - 12) && seen(name + 3))?.[1] ?? null;
+}
+
 function guides({ course, bounds, unit }: CourseView, plot: FramedPlot): SVGElement[] {
   const { box } = plot;
   const ends = [course.at[0] ?? 0, course.at[course.at.length - 1] ?? 0];
@@ -110,8 +122,8 @@ function guides({ course, bounds, unit }: CourseView, plot: FramedPlot): SVGElem
     const colour = boundColour(bound);
     for (const value of [-bound.value, bound.value])
       parts.push(svg('path', { d: level(value), stroke: colour, ...dashed }));
-    const above = plot.y(bound.value) - box.y > 16;
-    const up = above ? plot.y(bound.value) - 4 : plot.y(-bound.value) + 13;
+    const up = namePlace(plot.y(bound.value), plot.y(-bound.value), box);
+    if (up === null) continue;
     const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: colour, ...halo };
     parts.push(svg('text', place, boundText(bound, unit)));
   }

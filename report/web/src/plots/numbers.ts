@@ -83,7 +83,8 @@ export function rangeOf(values: readonly number[], margin = 0.05): [number, numb
   return [from - margin * wide, to + margin * wide];
 }
 
-/** "pixels" as it stands behind a number. */
+/** "pixels" as it stands behind a number, or alone at an axis where the heading above has the name, which may be too
+ * long for a narrow drawing. */
 export function unitText(unit: string): string {
   if (unit === 'pixels') return 'px';
   if (unit === 'board unit') return 'board units';

@@ -4,7 +4,14 @@ import { classesFor, classOf, colourOf, roundOf, scaleOf, strengthOf, type Class
 import { choice, controls, kept, slider, toggle } from './controls';
 import type { Places } from './nearest';
 import { niceStep, present, quantile, plain, unitText, type Numbers } from './numbers';
-import { freshPictureState, PictureStage, type DotPainter, type PictureSide, type PictureState } from './picture_stage';
+import {
+  axesRoom,
+  freshPictureState,
+  PictureStage,
+  type DotPainter,
+  type PictureSide,
+  type PictureState,
+} from './picture_stage';
 import type { PlotContext } from './plot';
 import { arrowPath, batched, circlePath, squarePath, svg } from './svg';
 
@@ -44,7 +51,8 @@ export interface SharedScale {
   /** Size of nearly all values of all maps, and of what remains of them without the causes. */
   whole: number;
   left: number;
-  /** Pixels of a picture across. */
+  /** Pixels across of the widest picture, which is enlarged as the switch says; in narrower ones an arrow of as many
+   * pixels is as long. */
   width: number;
   form: MapForm;
 }
@@ -113,7 +121,7 @@ export function sharedControls(shared: SharedScale, hasPattern: boolean, redraw:
 
 export function pictureMap(view: PictureMapView, context: PlotContext): HTMLElement {
   const state = stateOf(view);
-  const painter = new MapPainter(view, state);
+  const painter = new MapPainter(view, state, context.width);
   const own =
     view.shared || !view.arrows
       ? []
@@ -142,6 +150,8 @@ class MapPainter implements DotPainter {
   constructor(
     private readonly view: PictureMapView,
     private readonly state: MapState,
+    /** CSS pixels of the whole plot. */
+    private readonly width: number,
   ) {}
 
   /** What remains is judged by nobody. */
@@ -169,6 +179,16 @@ class MapPainter implements DotPainter {
     return enlargementFor(this.state.form, sides[0]?.width ?? 1000, long);
   }
 
+  /**
+   * CSS pixels of an arrow for each pixel of the value. One map's arrows are as much larger as its picture; of maps that
+   * are compared the pictures differ in size and zoom and the axes in room for their numbers, and none of it may count.
+   */
+  private arrowScale(scale: number): number {
+    const { shared } = this.view;
+    const drawn = shared ? (this.width - axesRoom) / shared.width : scale;
+    return drawn * (enlargements[this.enlargement()] ?? 1);
+  }
+
   private over(value: number): boolean {
     return this.limit !== null && Math.abs(value) > this.limit;
   }
@@ -186,7 +206,7 @@ class MapPainter implements DotPainter {
   }
 
   private drawArrows(group: SVGGElement, values: Numbers, { x, y }: Places, indices: number[], scale: number): void {
-    const long = scale * (enlargements[this.enlargement()] ?? 1);
+    const long = this.arrowScale(scale);
     const arrow = (i: number) => arrowPath(x[i] ?? 0, y[i] ?? 0, (values[i] ?? 0) * long);
     const foot = (i: number) => circlePath(x[i] ?? 0, y[i] ?? 0, 1.2);
     const line = { fill: 'none', 'stroke-linecap': 'round' };
@@ -215,9 +235,9 @@ class MapPainter implements DotPainter {
     if (this.state.form.as === 'map') {
       return classLegend(this.classes(), unit, x, y, width);
     }
-    const factor = enlargements[this.enlargement()] ?? 1;
-    const told = niceStep(40 / scale / factor / 2.5);
-    const length = told * factor * scale;
+    const long = this.arrowScale(scale);
+    const told = niceStep(40 / long / 2.5);
+    const length = told * long;
     const line = (colour: string, wide: number, d: string) =>
       svg('path', { d, stroke: colour, fill: 'none', 'stroke-width': wide, 'stroke-linecap': 'round' });
     const { limit } = this;

@@ -46,6 +46,9 @@ export interface DotPainter {
 const fades = [0, 0.25, 0.45, 0.7, 1];
 const sizeLimit = 1.15;
 
+/** About what the numbered axis takes of a picture plot's width, CSS pixels. */
+export const axesRoom = 64;
+
 /** A picture with dots over it: choice of the side, zoom by wheel, buttons and keys, drag to select or to move. */
 export class PictureStage {
   readonly element: HTMLElement;
@@ -154,7 +157,7 @@ export class PictureStage {
     const { printing, width } = this.context;
     const ratio = Math.min(side.height / side.width, sizeLimit);
     const below = this.painter.legendHeight;
-    const height = Math.round((width - 64) * (printing ? Math.min(ratio, 0.9) : ratio)) + 50 + below;
+    const height = Math.round((width - axesRoom) * (printing ? Math.min(ratio, 0.9) : ratio)) + 50 + below;
     const part = shownPart(side, ratioOf(width, height, below), this.state.zoom);
     const x = { from: part.x - 0.5, to: part.x + part.width - 0.5, label: 'Column in the picture (px)' };
     const y = { from: part.y + part.height - 0.5, to: part.y - 0.5, label: 'Row (px)' };
@@ -193,7 +196,7 @@ export class PictureStage {
 
 /** Height by width of the part for the data, as `framed` will leave it. */
 function ratioOf(width: number, height: number, below: number): number {
-  return (height - 66 - below) / (width - 64);
+  return (height - 66 - below) / (width - axesRoom);
 }
 
 function visible({ x, y }: Places, box: Box): number[] {

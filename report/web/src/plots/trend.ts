@@ -1,7 +1,7 @@
 import { el } from '../dom/el';
 import { framed, type FramedPlot } from './base';
 import { labelPlace } from './label_place';
-import { plain, present, rangeOf, short, unitText, withUnit } from './numbers';
+import { plain, present, rangeOf, short, unitText } from './numbers';
 import type { PlotContext } from './plot';
 import { halo, svg } from './svg';
 
@@ -48,7 +48,7 @@ export function trendOverPairs(view: TrendView, context: PlotContext): HTMLEleme
     width: context.width,
     height,
     x: { from: first - 0.7, to: last + 0.7, label: 'Pair', ticks: pairTicks(first, last, context.width) },
-    y: { from: least < 0 ? from : 0, to, label: withUnit(view.name, view.unit) },
+    y: { from: least < 0 ? from : 0, to, label: unitText(view.unit) },
     marks: [],
   });
   const ground = svg('g', {});

@@ -33,7 +33,7 @@ export function dotLines(points: DotColumns, index: number, unit: string): Line[
       : null;
   const lines: [string, string | null][] = [
     ['Dot', String(points.id[index])],
-    ['Row, column', `${points.row[index]}, ${points.column[index]}`],
+    ['Row, column', points.row.length > 0 ? `${points.row[index]}, ${points.column[index]}` : null],
     ['Left pixel', pixel(points.left_x[index], points.left_y[index])],
     ['Right pixel', pixel(points.right_x[index], points.right_y[index])],
     ['Left centre', centre(points, index, 'left')],

@@ -75,6 +75,8 @@ const titles: Record<string, string> = {
   allpoint_max: 'Largest error of the spacing',
   pol_dis: 'Distance error, rectified',
   id_dis: 'Distance error of id pairs',
+  frameValues: 'Distance error of frame pairs',
+  PoseReport: 'Pose of the board',
   space_rms: 'Fit onto the board, rms',
   dis_rms: 'Distance error, rms',
   nor_rms: 'Relative distance error, rms',

@@ -57,7 +57,7 @@ export function sumsSentence(view: FleetView, stream: Stream, measure: number): 
   const { baseline, sums } = course;
   if (!baseline || !sums) return `${capital(unknownWords(course))}.`;
   const unit = behind(view.fleet.measures[measure]!.unit);
-  const first = `Compared with the mean of the first ${baseline.points} points, ${numberText(baseline.mean)}${unit}`;
+  const first = `Compared with the mean of the first ${baseline.points} points, ${numberText(baseline.mean)}${unit}, less ${numberText(baseline.allowance)} sigma a point`;
   if (sums.drifts.length === 0) return `${first}: no drift; no sum comes beyond ${decision} sigma.`;
   return `${first}: ${sums.drifts.map((drift) => driftWords(view, stream, measure, drift)).join('; ')}.`;
 }

@@ -18,7 +18,7 @@ const help = {
     'Points in the order of time. The limits are the mean and 2.66 times the mean moving range on either side of it: what the points would keep by chance. A cross is a point at which a rule is broken, with the number of the rule (Nelson, 1984): 1 one point beyond the limits; 2 nine in a row on one side; 3 six in a row rising or falling; 4 fourteen going up and down in turn; 5 two of three beyond two thirds of the way to a limit; 6 four of five beyond one third; 7 fifteen in a row within one third; 8 eight in a row beyond one third on either side. These limits are not those of the verdict.',
   ranges:
     'How far each point lies from the one before. A range above the limit, 3.267 times the mean range, says that something jumped there.',
-  sums: 'Adds up how far the points lie from the mean of the first ones, less half a sigma a point: up for those above, down for those below. A sum that comes beyond the line has drifted; it began after the sum was at zero the last time. The shaded stretch is the drift.',
+  sums: 'Adds up how far the points lie from the mean of the first ones, less half a sigma and 2.5 standard errors of that mean a point: up for those above, down for those below. A sum that comes beyond the line has drifted. The shaded stretch is the drift: from where a change explains the points best to where they came back.',
 };
 
 interface Chosen {

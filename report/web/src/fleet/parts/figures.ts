@@ -73,7 +73,7 @@ export function figures(scope: Scope): HTMLElement | null {
     const spread = spreads[index]!;
     const title = measureTitle(scope.view, measure);
     const { from, step, unit } = measure;
-    const view = { name: title, unit, from, step, ...spread };
+    const view = { unit, from, step, ...spread };
     return plotFigure(
       { title, sentence: sentence(spread, unit), help, plot: spreadBars, view, selection: new SelectionStore() },
       scope.end,

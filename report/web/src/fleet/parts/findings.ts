@@ -4,7 +4,7 @@ import { shortUnit } from '../../text/figures';
 import { numberText, percentText, rangeText, toldShare } from '../dom';
 import type { Drift } from '../statistics/cusum';
 import { capital, causeWords } from '../view/cause_words';
-import { fewestForDrift, lastingDrift, worsens, type CourseView } from '../view/courses';
+import { beginMinute, fewestForDrift, isLimited, lastingDrift, worsens } from '../view/courses';
 import { lastBreak, ruleWords, unknownWords } from '../view/few_points';
 import { measureTitle, type FleetView, type Stream } from '../view/view';
 import type { Scope } from './scope';
@@ -26,12 +26,6 @@ export function driftWords(view: FleetView, stream: Stream, measure: number, dri
   const word = drift.lasts ? 'since' : 'from';
   const size = numberText(Math.abs(drift.shift));
   return `${drift.side} by ${size}${behind} to ${numberText(now)}${behind} ${word} ${since}${until}`;
-}
-
-/** The sets of a point lie between its end and that of the point before; the first one off is as likely early as late. */
-export function beginMinute({ minutes, each }: CourseView, { from }: Drift): number {
-  const end = minutes[from] ?? 0;
-  return each > 1 ? Math.round((end + (minutes[from - 1] ?? end)) / 2) : end;
 }
 
 /** Measures that drift to their limits, the most first. */
@@ -57,6 +51,25 @@ function brokenRules(view: FleetView, stream: Stream): string[] {
     const when = view.calendar.weekdayOf(course.minutes[last]!);
     return [`${title}: ${rules} ${are} broken, last on ${when}; ${unknownWords(course)}.`];
   });
+}
+
+/** What changed its level without a limit that says whether that is good: neither a fault nor kept quiet. */
+function unjudgedChanges({ view }: Scope): HTMLElement | null {
+  const { fleet } = view;
+  const lines = view.streams.flatMap((stream) =>
+    stream.courses.flatMap((course, measure) => {
+      const drift = lastingDrift(course);
+      if (!drift || isLimited(fleet.measures[measure]!)) return [];
+      const title = measureTitle(view, fleet.measures[measure]!);
+      return [el('li', {}, el('bdi', {}, stream.name), `, ${title}: ${driftWords(view, stream, measure, drift)}.`)];
+    }),
+  );
+  if (lines.length === 0) return null;
+  const words =
+    lines.length === 1
+      ? 'One figure without a limit is not what it was; nothing says whether that is good'
+      : `${lines.length} figures without a limit are not what they were; nothing says whether that is good`;
+  return el('details', { id: 'unjudged-changes' }, el('summary', {}, words), el('ul', {}, ...lines));
 }
 
 /** What is not known must not be taken for good. */
@@ -134,10 +147,15 @@ export function findings(scope: Scope): HTMLElement {
     const before = calendar.words(calendar.beforeCount);
     const unknown = unknownSentence(view);
     return el(
-      'p',
+      'div',
       { id: 'findings' },
-      `${unknown === '' ? 'Nothing is off' : 'Nothing is off that can be told'}: no yield fell, no figure drifts, no cause came up in the last ${before}.`,
-      unknown,
+      el(
+        'p',
+        {},
+        `${unknown === '' ? 'Nothing is off' : 'Nothing is off that can be told'}: no yield fell, no figure drifts to its limit, no cause came up in the last ${before}.`,
+        unknown,
+      ),
+      unjudgedChanges(scope),
     );
   }
   const rest = off.slice(shownFirst);
@@ -153,6 +171,7 @@ export function findings(scope: Scope): HTMLElement {
     ),
     list(off.slice(0, shownFirst)),
     rest.length > 0 && el('details', {}, el('summary', {}, `${rest.length} more`), list(rest)),
+    unjudgedChanges(scope),
   );
 }
 

@@ -2,10 +2,10 @@ import { el } from '../../dom/el';
 import { tableElement, type Cell } from '../../dom/table';
 import { icon } from '../../dom/icon';
 import { cell } from '../dom';
-import { lastingDrift, worsens } from '../view/courses';
+import { beginMinute, lastingDrift, worsens } from '../view/courses';
 import { stateWords } from '../view/few_points';
 import { measureTitle, type Stream } from '../view/view';
-import { beginMinute, keyOf } from './findings';
+import { keyOf } from './findings';
 import type { Scope } from './scope';
 
 /** A drift that lasts is what matters; a broken rule among hundreds of charts may be chance. */

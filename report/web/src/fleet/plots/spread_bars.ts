@@ -1,11 +1,10 @@
 import { framed, type FramedPlot } from '../../plots/base';
-import { plain, unitText, withUnit } from '../../plots/numbers';
+import { plain, unitText } from '../../plots/numbers';
 import type { PlotContext } from '../../plots/plot';
 import { halo, svg } from '../../plots/svg';
 import type { Moments } from '../statistics/moments';
 
 export interface SpreadView {
-  name: string;
   unit: string;
   from: number;
   step: number;
@@ -22,7 +21,7 @@ export function spreadBars(view: SpreadView, context: PlotContext): SVGSVGElemen
   const plot = framed({
     width: context.width,
     height: 230,
-    x: { from, to, label: withUnit(view.name, view.unit) },
+    x: { from, to, label: unitText(view.unit) },
     y: { from: 0, to: 1.1 * Math.max(1, ...counts), label: 'Sets', whole: true },
     marks: [],
   });

@@ -1,9 +1,13 @@
+import { changeIn, type Change } from './change_point';
+
 export interface CusumSettings {
   target: number;
   sigma: number;
   /** Both in sigma: a shift of twice the allowance is what is looked for. */
   allowance: number;
   decision: number;
+  /** A point is the mean of several sets: the first one off may be so in part. */
+  mixed: boolean;
 }
 
 /** The tabular cumulative sum (Page, 1954), in sigma. */
@@ -12,14 +16,13 @@ export interface Cusum {
   down: number[];
 }
 
-export interface Drift {
+export interface Drift extends Change {
   side: 'up' | 'down';
-  /** First and last point off the target. */
-  from: number;
+  /** Last point off the target. */
   to: number;
   /** It has not come back. */
   lasts: boolean;
-  /** Mean of those points less the target. */
+  /** Mean of those points less the target, without one that is off in part. */
   shift: number;
 }
 
@@ -27,73 +30,64 @@ export interface Drifts extends Cusum {
   drifts: Drift[];
 }
 
-function sumsOf(values: readonly number[], { target, sigma, allowance }: CusumSettings, sign: number): number[] {
+/** Of numbers in sigma from the target. */
+function sumsOf(points: readonly number[], allowance: number): number[] {
   let sum = 0;
-  return values.map((value) => (sum = Math.max(0, sum + (sign * (value - target)) / sigma - allowance)));
+  return points.map((point) => (sum = Math.max(0, sum + point - allowance)));
+}
+
+/** In sigma from the target, those off to the side are above zero. */
+function pointsOf(values: readonly number[], { target, sigma }: CusumSettings, sign: 1 | -1): number[] {
+  return values.map((value) => (sign * (value - target)) / sigma);
 }
 
 export function cusum(values: readonly number[], settings: CusumSettings): Cusum {
-  return { up: sumsOf(values, settings, 1), down: sumsOf(values, settings, -1) };
-}
-
-interface Excursion {
-  from: number;
-  to: number;
-  lasts: boolean;
-}
-
-/** Where a sum went beyond the decision: from where it was last at zero to its highest point. */
-function excursion(sums: readonly number[], decision: number): Excursion | null {
-  const alarm = sums.findIndex((sum) => sum > decision);
-  if (alarm < 0) return null;
-  let from = alarm;
-  while (from > 0 && sums[from - 1]! > 0) from--;
-  let to = alarm;
-  for (let at = alarm + 1; at < sums.length; at++) {
-    if (sums[at]! >= sums[to]!) to = at;
-    // Fallen by half of what it takes to alarm: it has come back.
-    else if (sums[to]! - sums[at]! > decision / 2) return { from, to, lasts: false };
-  }
-  return { from, to: sums.length - 1, lasts: true };
+  return {
+    up: sumsOf(pointsOf(values, settings, 1), settings.allowance),
+    down: sumsOf(pointsOf(values, settings, -1), settings.allowance),
+  };
 }
 
 /**
- * Where the shift began: the sum's last zero is early for a large one, so it is looked for once more with half of the
- * shift found as allowance.
+ * The last point off the target, when the sum alarmed at a point: a second sum counts the other way, from half of the
+ * shift. Where it comes to half of the decision they have come back, since it was last at zero.
  */
-function beginOf(values: readonly number[], { target, sigma }: CusumSettings, from: number, to: number): number {
-  const points = values.slice(from, to + 1).map((value) => (value - target) / sigma);
-  const half = points.reduce((sum, z) => sum + z, 0) / points.length / 2;
+function endOf(
+  points: readonly number[],
+  alarm: number,
+  half: number,
+  decision: number,
+): { to: number; lasts: boolean } {
   let sum = 0;
-  let least = 0;
-  let begin = 0;
-  points.forEach((z, k) => {
-    sum += Math.sign(half) * (z - half);
-    if (sum >= least) return;
-    least = sum;
-    begin = k + 1;
-  });
-  return from + Math.min(begin, points.length - 1);
+  let to = alarm;
+  for (let at = alarm + 1; at < points.length; at++) {
+    sum = Math.max(0, sum + half - points[at]!);
+    if (sum === 0) to = at;
+    if (sum > decision / 2) return { to, lasts: false };
+  }
+  return { to: points.length - 1, lasts: true };
 }
 
-/** Excursions of one side. Behind one that has come back the sum begins at zero again. */
+/** Drifts of one side. Behind one that has come back the sum begins at zero again. */
 function side(values: readonly number[], settings: CusumSettings, sign: 1 | -1): { sums: number[]; drifts: Drift[] } {
+  const points = pointsOf(values, settings, sign);
   const sums: number[] = [];
   const drifts: Drift[] = [];
-  while (sums.length < values.length) {
+  while (sums.length < points.length) {
     const start = sums.length;
-    const rest = sumsOf(values.slice(start), settings, sign);
-    const found = excursion(rest, settings.decision);
-    if (!found) {
-      sums.push(...rest);
+    const rest = points.slice(start);
+    const here = sumsOf(rest, settings.allowance);
+    const alarm = here.findIndex((sum) => sum > settings.decision);
+    if (alarm < 0) {
+      sums.push(...here);
       break;
     }
-    const to = start + found.to;
-    const from = beginOf(values, settings, start + found.from, to);
-    const off = values.slice(from, to + 1);
-    const shift = off.reduce((sum, value) => sum + value, 0) / off.length - settings.target;
-    drifts.push({ side: sign > 0 ? 'up' : 'down', from, to, lasts: found.lasts, shift });
-    sums.push(...rest.slice(0, found.to + 1));
+    const first = changeIn(rest.slice(0, alarm + 1), settings.mixed);
+    const { to, lasts } = endOf(rest, alarm, first.level / 2, settings.decision);
+    const { from, share, level } = changeIn(rest.slice(0, to + 1), settings.mixed);
+    const shift = sign * level * settings.sigma;
+    drifts.push({ side: sign > 0 ? 'up' : 'down', from: start + from, share, level, to: start + to, lasts, shift });
+    sums.push(...here.slice(0, to + 1));
   }
   return { sums, drifts };
 }

@@ -5,20 +5,38 @@ import { brokenRules, type Break } from '../statistics/run_rules';
 
 /** The numbers of one station and model in the order of time. */
 export interface CourseView {
+  /** Times of a point's first and last set. */
+  begins: number[];
   minutes: number[];
   values: number[];
   /** Sets that make a point. */
   each: number;
   chart: Individuals | null;
   breaks: Break[];
-  /** Mean and sigma of the first points, which the sums compare with; null with too few points. */
-  baseline: { points: number; mean: number; sigma: number } | null;
+  baseline: Baseline | null;
   sums: Drifts | null;
 }
 
-/** In sigma. A fleet has hundreds of charts, so the sum decides later than for one (5): about one in thousand alarms falsely. */
-export const allowance = 0.5;
+/** What the sums compare with. */
+export interface Baseline {
+  /** The first ones, whose mean it is. */
+  points: number;
+  mean: number;
+  /** Of a point, from the ranges of all points: a shift makes one of them wide, and few points tell it badly. */
+  sigma: number;
+  /** Per point, in sigma. */
+  allowance: number;
+}
+
+/** In sigma. */
 export const decision = 8;
+
+/**
+ * Half of the least shift that is looked for, 1 sigma, and of the error of the mean of the first points as many standard
+ * errors as leave one alarm in a thousand courses of normal points that nobody disturbed: a fleet has hundreds of them.
+ */
+const halfOfShift = 0.5;
+const errorsOfMean = 2.5;
 
 const fewestForBaseline = 8;
 const mostForBaseline = 40;
@@ -26,47 +44,53 @@ const mostForBaseline = 40;
 /** Points that there must be for a drift to be told: the first third is what the others are compared with. */
 export const fewestForDrift = 3 * fewestForBaseline;
 
-/** Points to compare with: the first third of them. */
-function baselineOf(values: readonly number[]): CourseView['baseline'] {
+/** The first third of the points; null with too few, or where they do not scatter. */
+function baselineOf(values: readonly number[], chart: Individuals | null): Baseline | null {
   const points = Math.min(mostForBaseline, Math.floor(values.length / 3));
-  if (points < fewestForBaseline) return null;
-  const chart = individuals(values.slice(0, points));
-  return chart && chart.sigma > 0 ? { points, mean: chart.centre, sigma: chart.sigma } : null;
+  if (points < fewestForBaseline || !chart || !(chart.sigma > 0)) return null;
+  const mean = values.slice(0, points).reduce((sum, value) => sum + value, 0) / points;
+  return { points, mean, sigma: chart.sigma, allowance: halfOfShift + errorsOfMean / Math.sqrt(points) };
+}
+
+interface Point {
+  begin: number;
+  minute: number;
+  value: number;
 }
 
 /** Points of several groups of one station and model, merged by time. */
-function merged(
-  fleet: Fleet,
-  groups: readonly number[],
-  measure: number,
-): { each: number; points: [number, number][] } {
-  const points: [number, number][] = [];
+function merged(fleet: Fleet, groups: readonly number[], measure: number): { each: number; points: Point[] } {
+  const points: Point[] = [];
   let each = 1;
   for (const course of fleet.courses) {
     if (!groups.includes(course.group)) continue;
     each = course.each;
     course.minute.forEach((minute, k) => {
       const value = course.values[measure]?.[k];
-      if (typeof value === 'number') points.push([minute, value]);
+      const before = course.minute[k - 1] ?? minute;
+      const begin = course.begin?.[k] ?? (course.each > 1 ? before : minute);
+      if (typeof value === 'number') points.push({ begin, minute, value });
     });
   }
-  points.sort(([a], [b]) => a - b);
+  points.sort((a, b) => a.minute - b.minute);
   return { each, points };
 }
 
 export function courseOf(fleet: Fleet, groups: readonly number[], measure: number): CourseView {
   const { each, points } = merged(fleet, groups, measure);
-  const values = points.map(([, value]) => value);
+  const values = points.map(({ value }) => value);
   const chart = individuals(values);
-  const baseline = baselineOf(values);
+  const baseline = baselineOf(values, chart);
+  const mixed = each > 1;
   return {
-    minutes: points.map(([minute]) => minute),
+    begins: points.map(({ begin }) => begin),
+    minutes: points.map(({ minute }) => minute),
     values,
     each,
     chart,
     breaks: chart ? brokenRules(values, chart.centre, chart.sigma) : [],
     baseline,
-    sums: baseline && drifts(values, { target: baseline.mean, sigma: baseline.sigma, allowance, decision }),
+    sums: baseline && drifts(values, { ...baseline, target: baseline.mean, decision, mixed }),
   };
 }
 
@@ -75,10 +99,32 @@ export function lastingDrift(course: CourseView): Drift | null {
   return course.sums?.drifts.filter(({ lasts }) => lasts).at(-1) ?? null;
 }
 
-/** Whether a drift leads to the limit, and not away from the only one. */
+/**
+ * When a drift began: the sets of a point lie between its begin and its end, and those behind the change are off. Chance
+ * makes the share that is off too large as often as too small. It is taken for smaller by its standard error: a change
+ * between two days is else told as one of the first day's evening half the time, and one within a day stays within it.
+ */
+export function beginMinute({ begins, minutes }: CourseView, { from, share, level }: Drift): number {
+  const [begin, end] = [begins[from] ?? 0, minutes[from] ?? 0];
+  const surely = share < 1 ? Math.max(0, share - 1 / level) : 1;
+  return Math.round(begin + (1 - surely) * (end - begin));
+}
+
+/**
+ * Whether a drift leads to a limit: not away from the only one, and of a figure without any nobody knows whether it is
+ * better or worse than before.
+ */
 export function worsens({ value, lower, upper }: Measure, { side }: Drift): boolean {
-  const has = (bounds: readonly (number | null)[]) => bounds.some((bound) => bound !== null);
   if (value === 'max' || value === 'abs' || value === 'sd') return side === 'up';
   if (value === 'min') return side === 'down';
-  return has(lower) === has(upper) || (has(upper) ? side === 'up' : side === 'down');
+  return has(side === 'up' ? upper : lower);
+}
+
+/** Whether a limit says of a measure what is good. */
+export function isLimited({ value, lower, upper }: Measure): boolean {
+  return value !== 'mean' || has(lower) || has(upper);
+}
+
+function has(bounds: readonly (number | null)[]): boolean {
+  return bounds.some((bound) => bound !== null);
 }

@@ -12,7 +12,7 @@ export function unknownWords({ sums, values }: CourseView): string {
   const counted = values.length === 1 ? '1 point is' : `${values.length} points are`;
   return values.length < fewestForDrift
     ? `${counted} too few to tell a drift; ${fewestForDrift} are needed`
-    : 'the first points do not scatter, so that no drift can be told';
+    : 'the points do not scatter, so that no drift can be told';
 }
 
 /** What a course without a lasting drift is called: "rules 1, 5", "9 points, too few", "steady". */
