@@ -20,13 +20,13 @@ void runInto(PairStage& stage, const std::string& folder) {
   stage.wholeRun(folder);
 }
 
-/// Each part once for all pairs of a run, as if nothing were done twice: each picture is searched for dots once, the
-/// maps are built once.
+/// Each part once for all pairs of a run, as if nothing were done twice: the raw and the rectified pair are measured
+/// once, the maps are built once.
 void parts(PairStage& stage, const std::string& folder) {
   stage.buildMaps();
   for (std::size_t pair = 0; pair < stage.pairs(); ++pair) {
-    for (std::size_t picture = 0; picture < 4; ++picture) stage.detect(picture);
     stage.warp();
+    stage.measure();
     for (const Contestant& evaluation : stage.evaluations(folder)) evaluation.run();
     if (!folder.empty()) stage.savePictures(folder);
   }

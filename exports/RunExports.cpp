@@ -32,14 +32,14 @@ bool stoppedAt(const ProgressCallback* progress, float percentage) {
   return true;
 }
 
-/// The part that the two exports with progress share: from the loaded inputs to the copied results.
+/// The part that the two exports with progress share: from the loaded inputs to the results in the caller's hands.
 template <typename Run>
-std::int32_t runBetweenReports(PolarPrecision& precision, const ProgressCallback* progress,
+std::int32_t runBetweenReports(PolarPrecision&& precision, const ProgressCallback* progress,
                                std::vector<PolarResultRecord>& results, Run run) {
   if (stoppedAt(progress, 0.001F)) return polar_status::kStoppedByCallback;
   const std::int32_t status = run();
   if (status != polar_status::kSuccess) return failWith(precision, status);
-  const std::int32_t fetched = precision.FetchResults(results);
+  const std::int32_t fetched = std::move(precision).FetchResults(results);
   if (stoppedAt(progress, 100.0F)) return polar_status::kStoppedByCallback;
   return fetched;
 }
@@ -66,7 +66,7 @@ std::int32_t CalPolarLinePrecision(const char* polarConfigPath, const char* targ
 
   status = precision->RunImageSet({targetConfig, std::move(images), &kAlwaysGoOn}, calib);
   if (status != polar_status::kSuccess) return failWith(*precision, status);
-  return precision->FetchResults(*results);
+  return std::move(*precision).FetchResults(*results);
 }
 
 std::int32_t CalPolarLinePrecisionOutMat(const char* polarConfigPath, const char* targetConfigPath,
@@ -85,7 +85,7 @@ std::int32_t CalPolarLinePrecisionOutMat(const char* polarConfigPath, const char
   StereoCalibParams calib;
   precision->ConvertCalibParams(calibration, calib);
   printLoaded(start);
-  return runBetweenReports(*precision, progress, *results, [&] {
+  return runBetweenReports(std::move(*precision), progress, *results, [&] {
     const RunArguments arguments{targetConfig, std::move(images), progress};
     return precision->frameWork() != 0 ? precision->RunFrames(arguments, calib)
                                        : precision->RunImageSet(arguments, calib);
@@ -108,7 +108,7 @@ std::int32_t CalRecificationPrecision(const char* polarConfigPath, const char* t
   printLoaded(start);
   ImagePairList images;
   precision->ReadImageList(imageList, images);
-  return runBetweenReports(*precision, &kAlwaysGoOn, *results, [&] {
+  return runBetweenReports(std::move(*precision), &kAlwaysGoOn, *results, [&] {
     return precision->RunRectified({targetConfig, std::move(images), &kAlwaysGoOn}, geometry);
   });
 }

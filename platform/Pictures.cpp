@@ -15,7 +15,7 @@ cv::Mat stretchTo8Bit(const cv::Mat& image) {
 }
 
 cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type) {
-  cv::Mat canvas = cv::Mat::zeros(left.rows, 2 * left.cols, type);
+  cv::Mat canvas(left.rows, 2 * left.cols, type);  // Both halves fill it.
   const auto put = [&canvas](const cv::Mat& image, const cv::Rect& half) {
     CV_CheckTypeEQ(image.type(), canvas.type(), "both halves have the picture's type");
     CV_CheckEQ(image.cols, half.width, "both halves have the left image's columns");

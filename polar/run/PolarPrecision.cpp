@@ -76,12 +76,18 @@ std::int32_t PolarPrecision::TempCompensateRun(const std::string& /*targetConfig
   return polar_status::kSuccess;
 }
 
-std::int32_t PolarPrecision::FetchResults(std::vector<PolarResultRecord>& target) {
+std::int32_t PolarPrecision::FetchResults(std::vector<PolarResultRecord>& target) & {
   if (results.empty()) return polar_status::kNoResults;
   if (&target == &results) return polar_status::kSuccess;
   // In two steps, so that the caller's vector is whole also when there is no memory for the copy.
   std::vector<PolarResultRecord> copy = results;
   target = std::move(copy);
+  return polar_status::kSuccess;
+}
+
+std::int32_t PolarPrecision::FetchResults(std::vector<PolarResultRecord>& target) && {
+  if (results.empty()) return polar_status::kNoResults;
+  if (&target != &results) target = std::move(results);
   return polar_status::kSuccess;
 }
 

@@ -38,8 +38,10 @@ class PolarPrecision {
   std::int32_t TempCompensateRun(const std::string& targetConfigPath, const ImagePairList& images,
                                  const StereoCalibParams& calib);
 
-  /// Copies the results to the caller; 8 without results, the caller's vector then stays.
-  std::int32_t FetchResults(std::vector<PolarResultRecord>& target);
+  /// Gives the results to the caller; 8 without results, the caller's vector then stays. An object that ends with its
+  /// call hands them over, as a copy of millions of distances costs as much as measuring them.
+  std::int32_t FetchResults(std::vector<PolarResultRecord>& target) &;
+  std::int32_t FetchResults(std::vector<PolarResultRecord>& target) &&;
 
   std::string lastError() const { return errorText; }
   std::int32_t frameWork() const { return config.frame_work; }

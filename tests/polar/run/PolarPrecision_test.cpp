@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "PolarLinePrecision/Status.h"
 #include "support/ConsoleCapture.h"
 
@@ -32,6 +34,25 @@ TEST_F(PolarPrecisionOneCall, FetchingIntoItselfIsHarmless) {
   ASSERT_EQ(run(), 0);
   EXPECT_EQ(precision.FetchResults(precision.results), 0);
   EXPECT_EQ(precision.results.size(), 1U);
+}
+
+TEST_F(PolarPrecisionOneCall, FetchesAgainAndAgainWhileItLives) {
+  ASSERT_EQ(run(), 0);
+  for (int i = 0; i < 2; ++i) {
+    std::vector<PolarResultRecord> mine(2);
+    EXPECT_EQ(precision.FetchResults(mine), 0);
+    EXPECT_EQ(mine.size(), 1U);
+  }
+}
+
+TEST_F(PolarPrecisionOneCall, HandsItsResultsOverWhenItEnds) {
+  std::vector<PolarResultRecord> mine(2);
+  EXPECT_EQ(PolarPrecision().FetchResults(mine), polar_status::kNoResults);
+  EXPECT_EQ(mine.size(), 2U);
+  ASSERT_EQ(run(), 0);
+  const PolarResultRecord* const made = precision.results.data();
+  EXPECT_EQ(std::move(precision).FetchResults(mine), 0);
+  EXPECT_EQ(mine.data(), made);
 }
 
 TEST_F(PolarPrecisionOneCall, SuccessExportsTheRecords) {
