@@ -6,6 +6,7 @@
 #include <memory>
 #include <opencv2/imgproc.hpp>
 #include <stdexcept>
+#include <utility>
 
 #include "Tallowfen/src/RingTarget.h"
 #include "bench/Scratch.h"
@@ -15,6 +16,7 @@
 #include "input/PolarConfigReader.h"
 #include "platform/Files.h"
 #include "polar/measure/ImageNormalisation.h"
+#include "polar/results/RecordExport.h"
 #include "polar/run/RunCameras.h"
 #include "tools/scene/PolarText.h"
 #include "tools/scene/Presets.h"
@@ -136,6 +138,7 @@ std::vector<Contestant> PairStage::evaluations(const std::string& folder) {
     require((isPoly() ? on_points.CalTriangulateRepPOLY(raw_, core_.left_camera, core_.right_camera)
                       : on_points.CalTriangulateRepBrown(raw_)) == 0,
             "the triangulation fails");
+    triangulated_ = std::move(on_points.figures);
   };
   const auto rows = [this, folder] {
     float variance_x = 0.0F, variance_y = 0.0F;
@@ -158,6 +161,14 @@ std::vector<Contestant> PairStage::evaluations(const std::string& folder) {
           {"row differences", rows},
           {"point cloud", cloud},
           {"board check", board}};
+}
+
+std::vector<PolarResultRecord> PairStage::record() {
+  std::vector<PairFigures> figures;
+  figures.push_back(std::move(triangulated_));
+  std::vector<PolarResultRecord> records;
+  ExportResults(std::move(figures), records);
+  return records;
 }
 
 void PairStage::savePictures(const std::string& folder) const {

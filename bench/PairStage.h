@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "PolarLinePrecision/CalibrationRecords.h"
+#include "PolarLinePrecision/ResultRecords.h"
 #include "bench/Contest.h"
 #include "camera/RectificationMaps.h"
 #include "polar/evaluate/PairEvaluator.h"
@@ -34,6 +35,8 @@ class PairStage {
   /// A pair's evaluations, handed the points that were measured before. Their files go into the folder, if there is
   /// one.
   std::vector<Contestant> evaluations(const std::string& folder);
+  /// The figures of the last triangulation as the caller gets them, with each distance.
+  std::vector<PolarResultRecord> record();
   /// Writes the three pictures that a run saves of a pair.
   void savePictures(const std::string& folder) const;
   /// Both pictures as an evaluation has them measured.
@@ -56,6 +59,7 @@ class PairStage {
   PolarCore core_;
   PairInput raw_, rectified_;
   MeasuredPair raw_points_, rectified_points_;
+  PairFigures triangulated_;
   RectificationMaps maps_;
   cv::Mat canvas_;
 };

@@ -24,10 +24,12 @@ void runInto(PairStage& stage, const std::string& folder) {
 /// once, the maps are built once.
 void parts(PairStage& stage, const std::string& folder) {
   stage.buildMaps();
+  std::vector<std::vector<PolarResultRecord>> records;  // All stay till the end, as in a run.
   for (std::size_t pair = 0; pair < stage.pairs(); ++pair) {
     stage.warp();
     stage.measure();
     for (const Contestant& evaluation : stage.evaluations(folder)) evaluation.run();
+    records.push_back(stage.record());
     if (!folder.empty()) stage.savePictures(folder);
   }
 }
