@@ -74,6 +74,7 @@ class SetCheck final : public RunObserver {
  private:
   void choosePairs();
   std::int32_t runLibrary(PolarPrecision& precision);
+  std::int32_t runInto(OutFolder& out, PolarPrecision& precision);
   void runWith(OutFolder& out);
   void endWith(const std::exception& error);
   void addPictures();
@@ -126,15 +127,29 @@ std::int32_t SetCheck::runLibrary(PolarPrecision& precision) {
                                     : precision.RunImageSet(arguments, inputs_.calib);
 }
 
+/// An exception that ends the run behind finished pairs leaves the files that it leaves behind an export.
+std::int32_t SetCheck::runInto(OutFolder& out, PolarPrecision& precision) {
+  std::optional<PicturesBehind> behind;
+  if (!options_.out.empty()) behind.emplace();
+  try {
+    const std::int32_t status = runLibrary(precision);
+    if (behind) behind->finish();
+    return status;
+  } catch (const OutputError&) {  // Of who hears of the pairs.
+    throw;
+  } catch (const std::exception&) {
+    if (behind) behind->finish();
+    if (check_.finished() != 0) out.commit();
+    throw;
+  }
+}
+
 void SetCheck::runWith(OutFolder& out) {
   PolarPrecision precision;
   precision.config = inputs_.config;
   precision.config.result_folder = out.resultFolder(inputs_.config);
   precision.boardPoints = inputs_.board;
-  std::optional<PicturesBehind> behind;
-  if (!options_.out.empty()) behind.emplace();
-  std::int32_t status = runLibrary(precision);
-  if (behind) behind->finish();
+  std::int32_t status = runInto(out, precision);
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
   if (picture_failed_) {  // The run was not whole, nor are its files.

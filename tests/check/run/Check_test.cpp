@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <opencv2/imgproc.hpp>
+
 #include "CheckedSet.h"
 #include "ExportRun.h"
 #include "support/FolderContents.h"
@@ -116,6 +118,41 @@ TEST(CheckOut, IsTheExportsFilesWhereAPairEndedTheRun) {
   EXPECT_EQ(check.status.exit_code, 2) << check.status.text;
   EXPECT_GT(contentsOf(exported).size(), 4U);
   EXPECT_EQ(contentsOf(options.out), contentsOf(exported));
+}
+
+TEST(CheckOut, IsTheExportsFilesWhereAnExceptionEndedTheRun) {
+  const CopiedSet set;
+  switchAllOn(set);
+  set.append("polar.txt", "savepolarline: 1\nevaluation: 1\n");
+  cv::Mat colour;
+  for (const char* name : {"left_1.png", "right_1.png"}) {
+    cv::cvtColor(set.picture(name), colour, cv::COLOR_GRAY2BGR);
+    set.write(name, colour);
+  }
+  const std::string exported = set.parent.file("exported");
+  std::filesystem::create_directory(exported);
+  EXPECT_THROW(export_run::of(set, exported), cv::Exception) << "the residuals want grey pictures";
+  CheckOptions options;
+  options.out = set.parent.file("out");
+  const Check check = set.check(options);
+  EXPECT_EQ(check.status.name, "exception");
+  EXPECT_EQ(check.finished(), 1U);
+  EXPECT_GT(contentsOf(exported).size(), 8U);
+  EXPECT_EQ(contentsOf(options.out), contentsOf(exported));
+}
+
+TEST(CheckOut, IsNothingWhereAnExceptionCameBeforeTheFirstFigure) {
+  const CopiedSet set;
+  switchAllOn(set);
+  cv::Mat colour;
+  for (const char* name : {"left_0.png", "right_0.png"}) {
+    cv::cvtColor(set.picture(name), colour, cv::COLOR_GRAY2BGR);
+    set.write(name, colour);
+  }
+  CheckOptions options;
+  options.out = set.parent.file("out");
+  EXPECT_EQ(set.check(options).status.exit_code, 3);
+  EXPECT_FALSE(set.parent.has("out"));
 }
 
 TEST(CheckName, IsThatOfTheFolder) {
