@@ -1,5 +1,9 @@
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <regex>
+#include <sstream>
+#include <string_view>
 
 #include "calibrations/Warnings.h"
 #include "check/explain/FigureEntries.h"
@@ -49,10 +53,22 @@ std::vector<Explanation> all() {
   return list;
 }
 
-/// A refined figure means what the figure does, and so does an entry of a list, as tri_dis[0].
+/// What stands around a figure's name on its way through a document or in a limit.
+constexpr auto kAroundFigures =
+    std::to_array<std::string_view>({"summary", "refined", "figures", "pairs", "uncertainty", "mean", "sd", "min",
+                                     "max", "worst_pair", "sd_mean", "low95", "high95"});
+
+/// Of a way through a document or a limit's left side, as "summary.dy_means.mean", "refined.tri_dis[0]" or "|tri_dis|",
+/// the name at which it comes by: a figure means the same wherever it stands. Another text, or a bare word, as it is.
 std::string withoutPlace(const std::string& code) {
-  const std::string name = code.starts_with(kRefinedPrefix) ? code.substr(kRefinedPrefix.size()) : code;
-  return name.ends_with(']') ? name.substr(0, name.find('[')) : name;
+  std::string name;
+  std::istringstream words(std::regex_replace(code, std::regex(R"(^\||\|$|\[\d+\])"), ""));
+  for (std::string word; std::getline(words, word, '.');) {
+    if (std::ranges::count(kAroundFigures, std::string_view(word)) != 0) continue;
+    if (!name.empty()) return code;
+    name = word;
+  }
+  return name.empty() ? code : name;
 }
 
 }  // namespace
@@ -78,7 +94,7 @@ std::string nearestCodes(const std::string& code) {
       if (std::ranges::count(names, name) == 0) names.push_back(name);
     }
   }
-  return offer(nearest(code, names));
+  return offer(nearest(withoutPlace(code), names));
 }
 
 std::optional<Explanation> explainPair(std::int32_t code, bool of_residuals) {

@@ -39,6 +39,12 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
      "A value of the polar configuration is not what its key wants; of one that begins with a number that number is "
      "taken, for any other 0, or what the key stands at without a line.",
      "Mend the line that the text names; docs/formats/polar_configuration.md tells what each key takes."},
+    {"missing_key", "missing_key",
+     "The polar configuration lacks a key that an evaluation reads, or the switch of one; what the key stands at "
+     "without "
+     "a line, mostly 0, is taken.",
+     "Look whether the file is whole: it may have been cut off. Write the keys that the text names, switches that are "
+     "meant to be off with 0."},
     {"bad_line", "bad_line", "A line of the polar configuration is neither blank, comment nor 'key: value'.",
      "Mend or remove the line; the file may have been cut off there."},
     {"no_type", "no_type", "The polar configuration does not name the lens model, and Brown with K1 to K3 is taken.",

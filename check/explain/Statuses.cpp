@@ -1,9 +1,12 @@
 #include <array>
 
 #include "check/explain/Tables.h"
+#include "polar/evaluate/raw/LargestResidual.h"
 
 namespace polarline {
 namespace {
+
+static_assert(kLargestResidual == 5.0, "two of the texts below tell it");
 
 constexpr auto kStatuses = std::to_array<Entry>({
     {"0", "success", "The run came to its end with at least one finished pair.", ""},
@@ -17,6 +20,27 @@ constexpr auto kStatuses = std::to_array<Entry>({
     {"8", "no_figures", "The run ended without one finished pair.",
      "Read the reason of each pair; 'polarline detect IMAGE --target FILE' shows what is seen in one picture."},
     {"35", "interrupted", "The run was stopped from outside.", "Run it again."},
+    // What the system says of a file that does not open, the loader of binary calibrations passes on.
+    {"2", "calibration_absent", "The binary calibration file does not open: it is not there.", "Check the path."},
+    {"5", "calibration_disk", "The binary calibration file does not open: the disk can't be read.",
+     "Copy the file from elsewhere; the disk or its connection may be failing."},
+    {"13", "calibration_denied", "The binary calibration file does not open: it may not be read.",
+     "Give the right to read it, and to enter the folders above it."},
+    {"20", "calibration_below_file", "The binary calibration file does not open: a name in its path is no folder.",
+     "Check the path."},
+    {"21", "calibration_folder", "The binary calibration file does not open: it is a folder.", "Name the file in it."},
+    {"23", "system_files", "The binary calibration file does not open: the system has too many open files.",
+     "Try again when other programs have ended."},
+    {"24", "process_files", "The binary calibration file does not open: the program has too many open files.",
+     "Close files that are open, or raise the limit of open files."},
+    {"36", "calibration_name", "The binary calibration file does not open: its name is too long.",
+     "Give it a shorter name."},
+    {"40", "calibration_links", "The binary calibration file does not open: its links lead in a circle.",
+     "Name the file itself, or mend the links."},
+    {"110", "calibration_late", "The binary calibration file does not open: the network did not answer in time.",
+     "Try again when the drive can be reached."},
+    {"116", "calibration_stale", "The binary calibration file does not open: the network drive no longer knows it.",
+     "Mount the drive anew and try again."},
     {"4096", "null_argument", "The loader of binary calibrations was given nothing.", "This is a fault of the caller."},
     {"4097", "wrong_checksum", "A check sum of the binary calibration file is wrong: the file is damaged.",
      "Write or copy the file again."},

@@ -25,6 +25,16 @@ TEST(ExplainCommand, ShowsAllThatABareNumberMayMean) {
   EXPECT_THAT(run.out, HasSubstr("3 (bad_reference_point)"));
 }
 
+TEST(ExplainCommand, TakesTheWayToAFigure) {
+  const CommandRun figure({"explain", "dy_means"});
+  for (const char* way : {"summary.dy_means.mean", "|summary.refined.dy_means.max|", "pairs[3].figures.dy_means"}) {
+    const CommandRun run({"explain", way});
+    EXPECT_EQ(run.exit_code, 0) << run.err;
+    EXPECT_EQ(run.out, figure.out) << way;
+  }
+  EXPECT_THAT(CommandRun({"explain", "summary.dy_mean.mean"}).err, HasSubstr("did you mean dy_means"));
+}
+
 TEST(ExplainCommand, ListsAllWithoutACode) {
   const CommandRun run({"explain"});
   EXPECT_EQ(run.exit_code, 0);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <cerrno>
 #include <regex>
 #include <set>
 
@@ -29,6 +30,15 @@ TEST(ExplanationsKnow, EveryStatusOfTheLibrary) {
     EXPECT_TRUE(explain((*found)[1])) << (*found)[0];
   }
   EXPECT_GE(statuses, 23);
+}
+
+TEST(ExplanationsKnow, WhyTheSystemOpensNoCalibration) {
+  for (const int status :
+       {ENOENT, EIO, EACCES, ENOTDIR, EISDIR, ENFILE, EMFILE, ENAMETOOLONG, ELOOP, ETIMEDOUT, ESTALE}) {
+    const auto explained = explain(std::to_string(status));
+    ASSERT_TRUE(explained) << status;
+    EXPECT_THAT(explained->meaning, ::testing::StartsWith("The binary calibration file does not open: ")) << status;
+  }
 }
 
 TEST(ExplanationsKnow, TheStatusesThatOnlyARunSees) {
@@ -133,7 +143,7 @@ TEST(ExplanationsKnow, AllThatABareNumberMayMean) {
   using ::testing::ElementsAre;
   EXPECT_THAT(codesOf("3"), ElementsAre("exit 3", "3"));
   EXPECT_THAT(codesOf("1"), ElementsAre("exit 1", "1", "1 in a pair"));
-  EXPECT_THAT(codesOf("2"), ElementsAre("exit 2"));
+  EXPECT_THAT(codesOf("2"), ElementsAre("exit 2", "2"));
   EXPECT_THAT(codesOf("130"), ElementsAre("exit 130"));
   EXPECT_THAT(codesOf("too_few_shared"), ElementsAre("-9"));
   EXPECT_THAT(codesOf("exit 4"), ElementsAre("exit 4"));
@@ -165,12 +175,28 @@ TEST(ExplanationsKnow, AWordAsWellAsItsCode) {
 }
 
 TEST(ExplanationsKnow, WordsOfTheDocumentAndEntriesOfLists) {
-  for (const char* word : {"pairs", "finished", "given_up", "carried", "triangulation", "rows", "cloud"})
+  for (const char* word :
+       {"pass", "fail", "error", "retry", "pairs", "finished", "given_up", "carried", "triangulation", "rows", "cloud"})
     EXPECT_TRUE(explain(word)) << word;
   EXPECT_EQ(explain("tri_dis[0]")->name, "tri_dis");
   EXPECT_EQ(explain("refined.tri_dis[0]")->name, "tri_dis");
   ASSERT_EQ(explainAll("tri_dis[3]").size(), 1U);
   EXPECT_TRUE(explainAll("nothing[3]").empty());
+}
+
+TEST(ExplanationsKnow, AFigureByItsWayThroughTheDocumentAndByALimit) {
+  for (const char* way :
+       {"summary.dy_means.mean", "summary.refined.dy_means.sd", "summary.figures.dy_means.worst_pair",
+        "summary.refined.figures.dy_means.high95", "pairs[7].figures.dy_means", "pairs[0].refined.figures.dy_means",
+        "pairs[0].uncertainty.dy_means.low95", "|dy_means|", "|summary.dy_means.mean|", "figures.dy_means"}) {
+    ASSERT_TRUE(explain(way)) << way;
+    EXPECT_EQ(explain(way)->name, "dy_means") << way;
+    EXPECT_EQ(explainAll(way).size(), 1U) << way;
+  }
+  EXPECT_EQ(explain("|summary.tri_dis[3].max|")->name, "tri_dis");
+  for (const char* way : {"summary.dy_mean.mean", "dy_means.tri_rms", "mean", "summary.mean", "..", "|", "[0]"})
+    EXPECT_TRUE(explainAll(way).empty()) << way;
+  EXPECT_EQ(explain("pairs")->name, "pairs") << "a word of the document itself";
 }
 
 TEST(ExplanationsKnow, EveryCause) {
