@@ -5,6 +5,7 @@
 #include "check/run/ConfigDoubts.h"
 #include "check/run/Correcting.h"
 #include "check/run/Inputs.h"
+#include "check/run/MissingKeys.h"
 #include "check/set/SetIdentity.h"
 
 namespace polarline {
@@ -41,6 +42,7 @@ RunInputs readInputs(const Set& set, const CheckOptions& options, Check& check) 
   const PolarInput polar = readPolar(inputs.set.polar, options.settings, check.warnings);
   inputs.config = polar.config;
   warnOfNoEvaluation(inputs.set.polar, polar, check.warnings);
+  warnOfMissingKeys(inputs.set.polar, polar, inputs.areRectified(), check.warnings);
   check.settings = settingsOf(inputs.config);
   check.board = readBoardInfo(inputs.set.target);
   if (!inputs.set.board.empty()) inputs.board = readBoardTruth(inputs.set.board);

@@ -214,6 +214,66 @@ TEST_F(CheckInputs, ThatLackAKeyWhichAnEvaluationReadsNameKeyAndSwitch) {
   }
 }
 
+/// As a copy that stopped leaves a text: after each line so often, and within the line behind it.
+std::vector<std::string> cutOff(const std::string& text, std::size_t lines_between) {
+  std::vector<std::string> cut;
+  std::size_t line = 0;
+  for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1)) {
+    if (++line % lines_between != 0) continue;
+    const std::string whole = text.substr(0, end + 1);
+    const std::size_t next = text.find('\n', end + 1);
+    if (next == std::string::npos) continue;
+    cut.push_back(whole);
+    cut.push_back(whole + text.substr(end + 1, (next - end) / 2));
+  }
+  return cut;
+}
+
+TEST_F(CheckInputs, ConfigurationsThatAreCutOffAreNeverTakenInSilence) {
+  const std::string polar = set.read("polar.txt");
+  std::size_t refusals = 0;
+  std::size_t warnings = 0;
+  for (const std::string& cut : cutOff(polar.substr(0, polar.find("oqc_switch")), 5)) {
+    set.write("polar.txt", cut);
+    const CommandRun run = check();
+    isInWords(run);
+    const bool is_warned = run.out.find("Warning: ") != std::string::npos;
+    EXPECT_TRUE(run.exit_code == 2 || run.exit_code == 3 || is_warned) << cut << "\n" << run.out << run.err;
+    ++(run.exit_code == 0 ? warnings : refusals);
+  }
+  EXPECT_GT(refusals, 0U);
+  EXPECT_GT(warnings, 0U);
+}
+
+TEST_F(CheckInputs, TargetsThatAreCutOffAreNeverTakenInSilence) {
+  const std::string target = set.read("target.ini");
+  const std::string figures = check().out;
+  for (const std::string& cut : cutOff(target, 1)) {
+    set.write("target.ini", cut);
+    const CommandRun run = check();
+    isInWords(run);
+    const bool is_warned = run.out.find("Warning: ") != std::string::npos;
+    // What stands behind the last key that a big dot board has is not read.
+    EXPECT_TRUE(run.exit_code == 2 || run.exit_code == 3 || is_warned || run.out == figures) << cut << "\n"
+                                                                                             << run.out << run.err;
+  }
+}
+
+TEST_F(CheckInputs, ListsThatAreCutOffAreNeverTakenInSilence) {
+  set.write("list.txt", "#L R\nleft_0.png right_0.png\nleft_1.png right_1.png\n");
+  const std::string list = set.read("list.txt");
+  for (std::size_t kept = 1; kept < list.size() - 1; ++kept) {
+    const bool is_whole_line = list[kept - 1] == '\n' || list[kept] == '\n';
+    if (kept % 4 != 0 && !is_whole_line) continue;
+    set.write("list.txt", list.substr(0, kept));
+    const CommandRun run = check();
+    isInWords(run);
+    // A list of fewer pairs is a list; nothing in it says how many there were.
+    const bool is_list_of_one = is_whole_line && kept > list.find("right_0.png");
+    EXPECT_EQ(run.exit_code, is_list_of_one ? 0 : 2) << list.substr(0, kept) << "\n" << run.out << run.err;
+  }
+}
+
 TEST_F(CheckInputs, ThatLackAListOfTheFrameNameIt) {
   const CopiedSet frames(MemoryRun::twoFrames());
   const std::string polar = frames.read("polar.txt");
