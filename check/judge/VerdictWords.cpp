@@ -87,8 +87,12 @@ std::string passText(const Check& check) {
   const std::string but = given_up == 0 ? "."
                                         : fmt::format(", but {} given up and not judged.",
                                                       counted(given_up, "pair") + (given_up == 1 ? " was" : " were"));
-  if (check.limits.empty())
-    return "No limits were given: there are figures, and nothing was judged. --limit 'dy_means<=0.1' would judge one.";
+  if (check.limits.empty()) {
+    const FigureSummary* const summary = mainSummary(check);
+    return fmt::format(
+        "No limits were given: there are figures, and nothing was judged. --limit '{}<=0.1' would judge one.",
+        summary == nullptr ? "dy_means" : summary->name);
+  }
   const std::string hold =
       check.limits.size() == 1 ? "the limit holds" : fmt::format("all {} limits hold", check.limits.size());
   return "PASS: " + hold + but + doubtText(check);

@@ -16,7 +16,7 @@ LONGEST_TEXT = 120
 def verdict_of(check: Check) -> str:
     """The verdict and why, in the words of this package."""
     if check.verdict == "pass" and not check.limits:
-        return "No limits were given: there are figures, and nothing was judged. limits='dy_means<=0.1' would judge one."
+        return _polarline.verdict_text(check).replace("--limit '", "limits='")
     return _polarline.verdict_text(check)
 
 

@@ -84,6 +84,11 @@ TEST(VerdictWords, SayTheVerdictAndWhy) {
   EXPECT_EQ(
       verdictText(check),
       "No limits were given: there are figures, and nothing was judged. --limit 'dy_means<=0.1' would judge one.");
+  check.pairs[0].figures[0].name = "tri_rms";  // As in a frame run.
+  check.summary = summaryOf(check.pairs);
+  EXPECT_EQ(verdictText(check),
+            "No limits were given: there are figures, and nothing was judged. --limit 'tri_rms<=0.1' would judge one.");
+  check = checkOf({hand_made::pair(0, {0.1}, {})});
   check.limits = {holds};
   EXPECT_EQ(verdictText(check), "PASS: the limit holds.");
   check.limits = {holds, holds};
