@@ -9,6 +9,7 @@
 #include "PolarLinePrecision/Status.h"
 #include "check/picture/DetectionWords.h"
 #include "check/picture/DotSize.h"
+#include "polar/evaluate/raw/LargestResidual.h"
 #include "polar/geometry/FourPointMethod.h"
 #include "polar/results/PairStatus.h"
 #include "polarline/explain.h"
@@ -75,7 +76,7 @@ std::string tooFewSharedText(const Reason& reason, const PairObservation& seen) 
     return fmt::format("too few dots are in both pictures: {} were found in the left one, {} in the right one",
                        seen.found[0], seen.found[1]);
   const std::string dots = seen.raw.empty() ? "" : fmt::format("{} dots are in both pictures, and ", seen.raw.size());
-  return dots + "no residual could be taken: all are above 5 pixels";
+  return dots + fmt::format("no residual could be taken: all are above {:g} pixels", kLargestResidual);
 }
 
 std::string textOf(const Reason& reason, const PairEvaluator& evaluator) {

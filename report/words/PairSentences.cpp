@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "platform/PlainNumber.h"
+#include "polar/evaluate/raw/LargestResidual.h"
 
 namespace polarline {
 namespace {
@@ -56,14 +57,13 @@ std::string courseText(const std::optional<Course>& course, const char* way, con
       subject.mean, way, course->mean.size(), number(least), px(most), px(1000.0 * course->slope));
 }
 
-/// The library's figures leave out what is larger, pixels; the plots show every dot.
-constexpr double kLargestCounted = 5.0;
-
+/// The library's figures leave out what is larger; the plots show every dot.
 std::string notCountedText(const std::vector<double>& residuals) {
-  const auto above = std::ranges::count_if(residuals, [](double each) { return each > kLargestCounted; });
+  const auto above = std::ranges::count_if(residuals, [](double each) { return each > kLargestResidual; });
   if (above == 0) return {};
   return fmt::format(" {} above {:g} pixels {} not count in tri_rms, tri_mean, tri_max.",
-                     above == 1 ? "1 dot" : fmt::format("{} dots", above), kLargestCounted, above == 1 ? "does" : "do");
+                     above == 1 ? "1 dot" : fmt::format("{} dots", above), kLargestResidual,
+                     above == 1 ? "does" : "do");
 }
 
 std::string residualText(const Spread& residual, const std::vector<double>& residuals) {

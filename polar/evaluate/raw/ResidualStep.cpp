@@ -7,13 +7,12 @@
 #include "platform/OutputFile.h"
 #include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
+#include "polar/evaluate/raw/LargestResidual.h"
 #include "polar/results/ResultFiles.h"
 #include "polar/results/TableWriter.h"
 
 namespace {
 
-/// Residuals above this do not count, pixels: wrong matches, not misalignments. Not configurable.
-constexpr double kOutlierLimit = 5.0;
 /// With fewer points there is no statistic.
 constexpr std::size_t kLeastPoints = 3;
 
@@ -54,7 +53,7 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
     if (predicted_right[i] == cv::Point2f(0.0F, 0.0F)) continue;
     const double error = distanceOf(measured_right[i], predicted_right[i]);
     errors[i] = static_cast<float>(error);
-    if (error > kOutlierLimit) continue;
+    if (error > kLargestResidual) continue;
     // The marks are drawn only while the picture is not saved: a saved picture shows the clean image, as its readers
     // expect.
     if (config().tri_bias_savepng_swithch == 0 && std::isfinite(error)) drawResidual(picture, measured_right[i], error);
@@ -69,7 +68,7 @@ bool PairEvaluator::CheckResidual(const cv::Mat& right_image, const std::vector<
 
   if (residuals.kept.empty()) return false;
   std::sort(residuals.kept.begin(), residuals.kept.end(), ascending);
-  if (residuals.kept.back() > kOutlierLimit) return false;
+  if (residuals.kept.back() > kLargestResidual) return false;
   const auto kept = static_cast<double>(residuals.kept.size());
   figures.tri_mean = static_cast<float>(residuals.sum / kept);
   figures.tri_min = static_cast<float>(residuals.kept.front());
