@@ -27,7 +27,9 @@ struct ReportOptions {
   /// those of the worst pairs, and of others evenly over the list. The page says what was left out.
   std::size_t budget = 10'000'000;
   bool pictures = true;  ///< Otherwise the page has no picture of the cameras.
-  std::string made;      ///< When the page is made: UTC, ISO 8601; empty: now.
+  /// The words of the command that asks for the page, which it tells; empty: it tells none.
+  std::vector<std::string> command;
+  std::string made;  ///< When the page is made: UTC, ISO 8601; empty: now.
   /// Hears, once a check, which pictures the page goes without because they are not where they were, or have changed.
   std::function<void(const std::string& text)> tell;
 };

@@ -21,6 +21,7 @@
 #include "report/read/ShortPaths.h"
 #include "report/view/PageText.h"
 #include "report/words/CheckRecord.h"
+#include "report/words/CommandLine.h"
 #include "report/words/ComparisonWords.h"
 
 namespace polarline {
@@ -87,7 +88,7 @@ class PageMaker {
     const std::string title = htmlOf(pageTitle(views_, options_.title));
     const std::string words = staticPart(views_);
     const std::string made = options_.made.empty() ? now() : options_.made;
-    std::string data = pageText(std::move(views_), made);
+    std::string data = pageText(std::move(views_), made, commandLine(options_.command, options_.paths));
     data = scriptJson(data);  // Not within the call below: the text before would stay until its end.
     return filledMarks(
         pageTemplate(),

@@ -69,9 +69,9 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
 
 }  // namespace
 
-std::string pageText(std::vector<CheckView> views, const std::string& made) {
+std::string pageText(std::vector<CheckView> views, const std::string& made, const std::string& command) {
   JsonText json(JsonText::Form::kShort);
-  json.object().member("schema", "polarline-page/1").member("made", made);
+  json.object().member("schema", "polarline-page/1").member("made", made).member("command", command);
   json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION);
   json.member("library", "PolarLinePrecision " PLP_VERSION).end();
   json.key("explanations").raw(nameTexts());

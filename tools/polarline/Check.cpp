@@ -15,6 +15,7 @@
 #include "tools/polarline/JudgingOptions.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/PairProgress.h"
+#include "tools/polarline/Run.h"
 #include "tools/polarline/Subcommand.h"
 #include "tools/polarline/Terminal.h"
 
@@ -100,7 +101,9 @@ class ReportFile {
     std::vector<polarline::ReportDocument> documents(1);
     collected_->read([&](const std::string& piece) { documents[0].text += piece; });
     collected_.reset();
-    file_->append(polarline::reportPage(std::move(documents)));
+    polarline::ReportOptions options;
+    options.command = givenWords();
+    file_->append(polarline::reportPage(std::move(documents), options));
     file_->commit();
   }
 

@@ -12,6 +12,7 @@
 #include "polarline/store.h"
 #include "tools/polarline/FleetReport.h"
 #include "tools/polarline/Outputs.h"
+#include "tools/polarline/Run.h"
 #include "tools/polarline/Subcommand.h"
 
 namespace command {
@@ -67,6 +68,7 @@ int run(Request& request) {
   if (request.output == "-" && request.result.json == "-")
     throw polarline::InputError("--json", "is - as well as --output; only one can be standard output");
   request.options.pictures = !request.no_pictures;
+  request.options.command = givenWords();
   polarline::ReportResult result{request.output, 0, {}, {}, {}};
   request.options.tell = [&](const std::string& text) {
     result.warnings.push_back(text);

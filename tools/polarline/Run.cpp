@@ -77,11 +77,20 @@ int refused(const CLI::App& polarline, const std::vector<std::string>& words, co
   return kUnusable;
 }
 
+std::vector<std::string>& keptWords() {
+  static std::vector<std::string> words;
+  return words;
+}
+
 }  // namespace
+
+const std::vector<std::string>& givenWords() { return keptWords(); }
 
 int run(int argc, char** argv) {
   const std::vector<std::string> words(argv + 1, argv + argc);
   demandValues(words);
+  keptWords() = words;
+  keptWords().insert(keptWords().begin(), "polarline");
   CLI::App polarline;
   const std::vector<Subcommand> subcommands = describe(polarline);
   if (argc > 1) demandKnown(polarline, subcommands, argv[1]);

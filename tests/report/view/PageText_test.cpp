@@ -12,9 +12,10 @@ CheckView viewOf(const Check& check, const std::string& title) {
 }
 
 TEST(PageTextOf, OneCheckHasNoComparison) {
-  const Json page = Json::parse(pageText({viewOf(made_document::check(), "a")}, "2026-01-02T03:04:05Z"));
+  const Json page = Json::parse(pageText({viewOf(made_document::check(), "a")}, "2026-01-02T03:04:05Z", "polarline x"));
   EXPECT_EQ(page["schema"], "polarline-page/1");
   EXPECT_EQ(page["made"], "2026-01-02T03:04:05Z");
+  EXPECT_EQ(page["command"], "polarline x");
   EXPECT_EQ(page["tool"]["name"], "polarline");
   EXPECT_EQ(page["checks"].size(), 1U);
   EXPECT_TRUE(page["explanations"].contains("dy_means"));
@@ -28,7 +29,7 @@ TEST(PageTextOf, SeveralAreCompared) {
   after.limits[0].value = 0.5;
   Check before = made_document::check();
   before.summary = {made_document::summary("dy_means", 0.055, 0.01)};
-  const Json page = Json::parse(pageText({viewOf(before, "a"), viewOf(after, "b")}, ""));
+  const Json page = Json::parse(pageText({viewOf(before, "a"), viewOf(after, "b")}, "", ""));
   const Json& comparison = page["comparison"];
   EXPECT_EQ(comparison["text"], "b against a. More: dy_means (by 0.445 ± 0.014 pixels).");
   EXPECT_EQ(comparison["limits"].dump(), R"([{"text":"dy_means<=0.1","values":[0.055,0.5],"holds":[true,false]}])");
