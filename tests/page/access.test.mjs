@@ -13,6 +13,8 @@ const looks = {
   nulls: ['#pair=0'],
   empty: [''],
   unseen: [''],
+  broken: ['#pair=0'],
+  colour: ['', '#pair=7'],
 };
 
 for (const [theme, rules] of Object.entries(themes)) {
@@ -55,6 +57,18 @@ test('Each plot has a name and a sentence', async () => {
     }
   });
 });
+
+for (const name of ['misaligned', 'two']) {
+  test(`No two plots of '${name}' have one name`, async () => {
+    await within(pageFile(name), { hash: '#pair=0' }, async (page) => {
+      const names = await page.$$eval('figure.plot h3', (nodes) => nodes.map((node) => node.textContent));
+      assert.deepEqual(
+        names.filter((each, place) => names.indexOf(each) !== place),
+        [],
+      );
+    });
+  });
+}
 
 test('The two themes are two', async () => {
   const background = (page) => page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);

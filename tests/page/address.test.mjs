@@ -46,6 +46,21 @@ for (const hash of ['#pair=99', '#pair=x', '#check=9&pair=0', '#%00', '#pair=-1'
   });
 }
 
+for (const [hash, words] of [
+  ['#pair=99', 'The address asks for pair 99; this check has pairs 0 to 3.'],
+  ['#check=9&pair=0', 'The address asks for check 9; there is one on this page.'],
+]) {
+  test(`The address ${hash} says that there is none, until another is chosen`, async () => {
+    await within(pageFile('misaligned'), { hash }, async (page) => {
+      const notice = () => page.$eval('.notice', (node) => node.textContent);
+      assert.equal(await notice(), words);
+      assert.ok(await page.$eval('.notice', (node) => node.getBoundingClientRect().top < innerHeight), 'it is seen');
+      await goTo(page, '#pair=1');
+      assert.equal(await notice(), '');
+    });
+  });
+}
+
 test('A pair of another check has its address', async () => {
   await within(pageFile('two'), { hash: '#check=2&pair=1' }, async (page) => {
     assert.equal(await shownPair(page), 'Pair 1');

@@ -117,6 +117,35 @@ test('A dot that is marked with the keys is marked in every plot, and Escape tak
   });
 });
 
+/** How many dots are said to be chosen, and how many rows their table has. */
+const chosen = (page) =>
+  page.evaluate(() => ({
+    said: document.querySelector('[role=status]')?.textContent ?? '',
+    rows: document.querySelectorAll('#pair .chosen tbody tr').length,
+    drawn: document.querySelectorAll('#pair .plot-overlay > g:nth-child(4) rect').length,
+  }));
+
+test('Dots are selected over the map with the keys, and Escape lets them go', async () => {
+  await within(pageFile('misaligned'), { hash: '#pair=0', calm: true }, async (page) => {
+    await page.focus('#pair .plot-picture .plot-stage');
+    await page.keyboard.press('s');
+    const first = await chosen(page);
+    assert.match(first.said, /^Dot \d+ selected$/);
+    assert.deepEqual([first.rows, first.drawn], [1, 1]);
+    for (const key of ['ArrowRight', 'ArrowRight', 'ArrowDown']) await page.keyboard.press(key);
+    const { said, rows, drawn } = await chosen(page);
+    assert.match(said, /^\d+ dots selected, up to dot \d+$/);
+    assert.ok(rows >= 2 && drawn === 1, `${rows} rows`);
+    assert.equal(parseInt(said, 10), rows);
+    await page.keyboard.press('s');
+    await page.keyboard.press('ArrowDown');
+    const after = await chosen(page);
+    assert.deepEqual([after.rows, after.drawn], [rows, 0], 'what was selected stays');
+    await page.keyboard.press('Escape');
+    assert.equal((await chosen(page)).rows, 0);
+  });
+});
+
 test('Another pair is shown without what was marked before', async () => {
   await within(pageFile('misaligned'), { hash: '#pair=0' }, async (page) => {
     await page.focus('#pair .plot-picture .plot-stage');

@@ -5,7 +5,7 @@ import { within } from './support/browser.mjs';
 import { assertWholeOnA4, printed } from './support/paper.mjs';
 import { checkDocument, pageFile } from './support/pages.mjs';
 
-for (const name of ['good', 'misaligned', 'two', 'eight', 'empty']) {
+for (const name of ['good', 'misaligned', 'two', 'eight', 'empty', 'broken', 'colour']) {
   test(`'${name}' is printed on A4 without a cut plot`, async () => {
     await within(pageFile(name), {}, async (page) => {
       await assertWholeOnA4(page);

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { goTo, within } from './support/browser.mjs';
-import { checkDocument, pageFile } from './support/pages.mjs';
+import { checkDocument, checkDocumentFile, pageFile } from './support/pages.mjs';
 
 const textOf = (page, selector) => page.$eval(selector, (node) => node.innerText);
 
@@ -137,4 +137,17 @@ test('A trend with one finished pair tells its value once', async () => {
     for (const text of await told(page))
       assert.match(text, /^From \u2212?[\d.]+ \(pair \d\) to \u2212?[\d.]+ \(pair \d\)\./);
   });
+});
+
+test('The command line that asked for the page stands at its end, with paths only where they were asked for', async () => {
+  const commandOf = (name) =>
+    within(pageFile(name), {}, (page) =>
+      page.$$eval(
+        '#measured dt',
+        (nodes) => nodes.find((node) => node.textContent === 'Command line')?.nextElementSibling.textContent,
+      ),
+    );
+  assert.equal(await commandOf('good'), 'polarline report good.json -o good.html --quiet');
+  const [document, page] = [checkDocumentFile('good'), pageFile('with_paths')];
+  assert.equal(await commandOf('with_paths'), `polarline report ${document} -o ${page} --quiet --paths`);
 });

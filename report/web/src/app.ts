@@ -12,7 +12,7 @@ import { positionOf, type Scope } from './parts/scope';
 import { trends } from './parts/trends';
 import { verdict } from './parts/verdict';
 import { warnings } from './parts/warnings';
-import { hashOf, placeOf } from './state/route';
+import { hashOf, missingWords, placeOf } from './state/route';
 import { SelectionStore } from './state/selection';
 import { Explanations, type Source } from './text/figures';
 
@@ -27,6 +27,8 @@ export class App {
   private selection = new SelectionStore();
   private markTrends: ((pair: number) => void) | null = null;
   private readonly bar = el('div', { class: 'bar-place' });
+  /** Says so where the address asks for what is not there. */
+  private readonly notice = el('div', { class: 'notice' });
   private readonly pairPlace = el('div');
   private readonly tablePlace = el('div');
   private readonly main = el('main');
@@ -54,12 +56,12 @@ export class App {
     const asked = this.show();
     requestAnimationFrame(() => {
       // Only now do the drawings above have their heights; at the start nobody is to watch the way there.
-      if (asked) this.pairPlace.scrollIntoView({ block: 'start', behavior: first ? 'instant' : 'auto' });
+      if (asked) this.notice.scrollIntoView({ block: 'start', behavior: first ? 'instant' : 'auto' });
       requestAnimationFrame(() => (dataset['ready'] = 'true'));
     });
   }
 
-  /** Says whether the address asks for a pair. */
+  /** Says whether the address asks for a pair, or for what is not there. */
   private show(): boolean {
     const place = placeOf(location.hash);
     const check = Math.min(place.check, this.data.checks.length - 1);
@@ -77,7 +79,10 @@ export class App {
       this.drawPair();
       say(`Pair ${pair}`);
     }
-    return asked !== null;
+    const missing = asked === null ? missingWords(place, view.document.pairs, this.data.checks.length) : '';
+    this.notice.replaceChildren(...(missing === '' ? [] : [el('p', { class: 'note' }, missing)]));
+    if (missing !== '') say(missing);
+    return asked !== null || missing !== '';
   }
 
   private scope(end: AbortSignal): Scope {
@@ -104,10 +109,11 @@ export class App {
       verdict(scope),
       warnings(scope),
       run?.element,
+      this.notice,
       this.pairPlace,
       coverage(scope),
       this.tablePlace,
-      measured(scope, this.data.made),
+      measured(scope, this.data),
     ];
     this.main.replaceChildren(...parts.filter((part) => part !== null && part !== undefined));
     this.drawPair();

@@ -7,6 +7,8 @@ export interface PageData {
   schema: 'polarline-page/1';
   /** When the page was made: UTC, ISO 8601. */
   made: string;
+  /** The command that asked for the page, as a shell takes it; '' where it is not known. */
+  command: string;
   tool: { name: string; version: string; library: string };
   /** What a figure, cause or warning means, by its name; a figure with an index stands under the bare name. */
   explanations: Record<string, Explanation>;

@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { beyondWords, brokenBy, brokenWords, limitedFigures } from '../src/text/limits';
+import { beyondWords, brokenBy, brokenWords, limitedFigures, ruleOf } from '../src/text/limits';
 import type { CheckPair } from '../src/page_data';
 
 const limitsOf = (...texts: string[]) =>
@@ -52,4 +52,11 @@ test('the figures that limits judge in each pair', () => {
   );
   assert.deepEqual(limitedFigures(limits, 'library'), ['dy_means', 'tri_dis[0]']);
   assert.deepEqual(limitedFigures(limits, 'refined'), ['tri_rms']);
+});
+
+test('a limit on all pairs together says which of their statistics it judges', () => {
+  assert.equal(ruleOf('summary.dy_means.mean<=0.1')?.statistic, 'mean');
+  assert.equal(ruleOf('|summary.refined.tri_dis[0].sd|<=0.1')?.statistic, 'sd');
+  assert.equal(ruleOf('dy_means<=0.1')?.statistic, '');
+  assert.equal(ruleOf('given_up<=0')?.statistic, '');
 });

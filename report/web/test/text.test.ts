@@ -1,7 +1,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { csvField } from '../src/dom/copy';
-import { hashOf, placeOf } from '../src/state/route';
+import { hashOf, missingWords, placeOf } from '../src/state/route';
 import { Explanations, flattened, valueOf } from '../src/text/figures';
 import { exceeds, ruleOf, rulesOn } from '../src/text/limits';
 import { between, percent, shown, signed, withError } from '../src/text/number';
@@ -114,4 +114,21 @@ test('an interval shows where its ends differ', () => {
   assert.equal(between(-0.05, 0.15), '\u22120.05 to 0.15');
   assert.equal(between(2, 2), '2 to 2');
   assert.equal(between(100, 300), '100 to 300');
+});
+
+test('an address that asks for what is not there is told so', () => {
+  const two = [{ index: 0 }, { index: 1 }];
+  assert.equal(missingWords({ check: 0, pair: 1 }, two, 1), '');
+  assert.equal(missingWords({ check: 0, pair: null }, [], 1), '');
+  assert.equal(
+    missingWords({ check: 0, pair: 7 }, two, 1),
+    'The address asks for pair 7; this check has pairs 0 to 1.',
+  );
+  assert.equal(
+    missingWords({ check: 0, pair: 7 }, [{ index: 4 }], 1),
+    'The address asks for pair 7; this check has pair 4 alone.',
+  );
+  assert.equal(missingWords({ check: 0, pair: 7 }, [], 1), 'The address asks for pair 7; this check has no pair.');
+  assert.equal(missingWords({ check: 2, pair: 0 }, two, 2), 'The address asks for check 3; there are 2 on this page.');
+  assert.equal(missingWords({ check: 1, pair: 0 }, two, 1), 'The address asks for check 2; there is one on this page.');
 });

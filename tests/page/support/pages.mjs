@@ -9,10 +9,11 @@ const folder = process.env.PAGE_TESTS ?? path.join(root, 'build/page_tests');
 
 export const pageFile = (name) => path.join(folder, `${name}.html`);
 export const pageText = (name) => readFileSync(pageFile(name), 'utf8');
-export const checkDocument = (name) => JSON.parse(readFileSync(path.join(folder, `${name}.json`), 'utf8'));
+export const checkDocumentFile = (name) => path.join(folder, `${name}.json`);
+export const checkDocument = (name) => JSON.parse(readFileSync(checkDocumentFile(name), 'utf8'));
 
 /** The pages of one check. */
-export const single = ['good', 'misaligned', 'nulls', 'one_pair', 'unseen', 'empty'];
+export const single = ['good', 'misaligned', 'nulls', 'one_pair', 'unseen', 'empty', 'broken', 'colour'];
 
 /** Works on a page that was changed after it was made. */
 export async function withCopy(name, change, work) {

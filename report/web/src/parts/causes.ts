@@ -12,7 +12,11 @@ function size(cause: Cause): Cell {
   const text = value === null ? '–' : sd === null ? signed(value) : withError(value, sd, true);
   const exact = { 'data-cause': name, 'data-value': String(value), 'data-sd': String(sd) };
   const copied = [value, sd, cause.unit];
-  return { content: el('span', exact, `${text} ${shortUnit(cause.unit)}`), value, copied };
+  return {
+    content: el('span', exact, `${text}${shortUnit(cause.unit) === '°' ? '\u00a0' : ' '}${shortUnit(cause.unit)}`),
+    value,
+    copied,
+  };
 }
 
 function share(cause: Cause): Cell {

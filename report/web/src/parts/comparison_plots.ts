@@ -28,7 +28,8 @@ function means(data: PageData, figures: ComparedFigure[], scope: Scope): HTMLEle
     const told = view.checks.map(({ mean, title }) => `${title}: ${mean === null ? 'not measured' : shown(mean)}`);
     return plotFigure(
       {
-        title: scope.explanations.title(figure.figure),
+        // Below, the figure of one check alone bears its name.
+        title: `${scope.explanations.title(figure.figure)}, compared`,
         sentence: `${told.join('; ')}.`,
         help: 'Mean over the finished pairs of each check with its 95 % interval. A hollow mark does not differ from the first check by more than chance; where a check has fewer than five pairs, chance is that of the dots within them alone.',
         plot: comparedFigure,

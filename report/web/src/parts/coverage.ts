@@ -10,6 +10,7 @@ import type { Scope } from './scope';
 export function coverage(scope: Scope): HTMLElement | null {
   const found = scope.check.coverage;
   if (!found || !(found.left.dots.some(Boolean) || found.right.dots.some(Boolean))) return null;
+  const most = Math.max(...found.left.dots, ...found.right.dots);
   const figures = (['left', 'right'] as const).map(
     (side) =>
       plotFigure(
@@ -18,7 +19,7 @@ export function coverage(scope: Scope): HTMLElement | null {
           sentence: found.sentence,
           help: 'How many dots of all finished pairs lie in each cell of the picture. What a camera does in an empty cell was not judged: take pictures with the board there.',
           plot: coverageMap,
-          view: { grid: found[side], ...pictureSize(scope, found[side]) },
+          view: { grid: found[side], most, ...pictureSize(scope, found[side]) },
           selection: new SelectionStore(),
         },
         scope.end,

@@ -90,7 +90,7 @@ export function chosenDots(scope: PairScope, points: DotColumns, selection: Sele
   const clear = el('button', { type: 'button', class: 'quiet', click: () => selection.clear() }, 'Clear (Escape)');
   const card = el(
     'div',
-    { class: 'card full no-print', hidden: true },
+    { class: 'card full chosen no-print', hidden: true },
     el('div', { class: 'plot-head' }, title, clear),
     body,
   );

@@ -24,7 +24,7 @@ export function shots(
   if (!step) return both;
   const found = el(
     'figure',
-    { class: 'card wide shot' },
+    { class: 'card tall shot' },
     el('h3', {}, `${seen} ${step.seen}`),
     picture(step, step.text || 'Picture of the step that failed'),
     el('figcaption', { class: 'sentence' }, step.text),

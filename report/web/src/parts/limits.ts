@@ -6,9 +6,18 @@ import { chip } from './chip';
 import { gauge } from './gauge';
 import { pairLink, type Scope } from './scope';
 
+const statistics: Record<string, string> = {
+  mean: 'mean of the pairs',
+  sd: 'deviation of the pairs',
+  min: 'smallest of the pairs',
+  max: 'largest of the pairs',
+};
+
 function name(scope: Scope, limit: Limit): Cell {
   const rule = ruleOf(limit.text);
-  const title = rule ? scope.explanations.title(rule.figure) : '';
+  // Beside a limit on each pair stands often one on the mean, which must not be called the same.
+  const statistic = rule?.statistic ? `, ${statistics[rule.statistic] ?? rule.statistic}` : '';
+  const title = rule ? scope.explanations.title(rule.figure) + statistic : '';
   // A bound within the figure's interval is nothing to rely on, which the reason says.
   const doubt = (limit.value === null || limit.why.includes('too close to call')) && limit.why;
   return {

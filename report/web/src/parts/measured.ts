@@ -3,7 +3,7 @@ import { tableElement } from '../dom/table';
 import { sheetStyle } from '../dom/sheets';
 import { section, terms } from './chip';
 import { moment } from './verdict';
-import type { CheckDocument } from '../page_data';
+import type { CheckDocument, PageData } from '../page_data';
 import type { Scope } from './scope';
 
 /** Names and values of a record within records, a line each. */
@@ -76,8 +76,16 @@ function boardWords(board: CheckDocument['board']): [string, string][] {
   ];
 }
 
+/** Broken at blanks only, as a line that breaks behind the hyphens of an option is read wrongly. */
+function commandLine(command: string): HTMLElement {
+  const words = command
+    .split(' ')
+    .flatMap((word, index) => [index > 0 && ' ', el('span', { class: 'unbroken' }, word)]);
+  return el('code', {}, ...words);
+}
+
 /** With what, by what and how it was measured. */
-export function measured(scope: Scope, made: string): HTMLElement {
+export function measured(scope: Scope, { made, command }: PageData): HTMLElement {
   const { document } = scope.check;
   const cameras = lines(document.cameras);
   return section(
@@ -93,10 +101,11 @@ export function measured(scope: Scope, made: string): HTMLElement {
         el('h3', {}, 'Board and versions'),
         terms([
           ...boardWords(document.board),
-          ['Command', `${document.tool.name} ${document.tool.version}`],
+          ['Program', `${document.tool.name} ${document.tool.version}`],
           ['Library', document.tool.library],
           ['Measured', moment(document.started)],
           ['Page made', moment(made)],
+          ...(command === '' ? [] : [['Command line', commandLine(command)] as const]),
           ['Hash of the set', el('code', {}, document.set.id || '–')],
         ]),
       ),

@@ -50,10 +50,13 @@ function tile(scope: PairScope, name: string, broken: readonly Broken[]): HTMLEl
   );
 }
 
-/** The main figures, and behind them others by which the pair breaks a limit. */
+/** As many as stand in one row beside the count of the dots; all figures are below. */
+const mostTiles = 5;
+
+/** The first of the main figures, and behind them others by which the pair breaks a limit. */
 function tileNames(scope: PairScope, broken: readonly Broken[]): string[] {
   const measured = broken.filter(({ how }) => how !== 'not measured').map(({ figure }) => figure);
-  return [...new Set([...scope.check.main_figures, ...measured])];
+  return [...new Set([...scope.check.main_figures.slice(0, mostTiles), ...measured])];
 }
 
 /** The figures that matter first. */

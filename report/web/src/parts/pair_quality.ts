@@ -41,7 +41,8 @@ export function quality(scope: PairScope): HTMLElement | null {
   const keys = new Set([...Object.keys(left ?? {}), ...Object.keys(right ?? {})]);
   const others = [...keys].filter((key) => !known.some((row) => row.key === key));
   const rows = [
-    ...known.filter(({ key }) => keys.has(key)),
+    // What was measured of neither picture, as of a frame's points, is no row.
+    ...known.filter(({ key }) => typeof (left?.[key] ?? right?.[key]) === 'number'),
     ...others.map((key) => ({ key, title: key, words: shown, unit: '' })),
   ];
   const cell = (key: string, value: number | null | undefined, words: (value: number) => string) =>

@@ -64,7 +64,7 @@ class Board3d {
     this.truth = sparse(this.links, view.column, view.row);
     this.classes = lineClassesFor(scaleOf(this.off));
     const label = 'Measured board against the true one. Arrow keys turn it, Home turns it back';
-    const own = { drag: this.drag.bind(this), key: this.key.bind(this) };
+    const own = { turned: true as const, drag: this.drag.bind(this), key: this.key.bind(this) };
     this.stage = new DotStage({ ids: view.ids, label, ...own }, context);
     this.element = el('div', {}, context.printing ? null : this.controls(), this.stage.element);
     this.draw();

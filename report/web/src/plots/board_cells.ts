@@ -4,7 +4,7 @@ import { classLegend, legendHeight } from './legend';
 import { placesOf } from './nearest';
 import { unitText, type Numbers } from './numbers';
 import type { PlotContext } from './plot';
-import { DotStage } from './stage';
+import { DotStage, stageKeys } from './stage';
 import { batched, circlePath, squarePath } from './svg';
 
 /** A value of each dot at its place on the board, whatever the picture shows of it. */
@@ -51,7 +51,7 @@ export function boardCells(view: BoardCellsView, context: PlotContext): HTMLElem
   const none = all.filter((i) => !Number.isFinite(view.values[i] ?? NaN));
   base.append(batched(none, (i) => `M${(places.x[i] ?? 0) - 2} ${places.y[i] ?? 0}h4`, { stroke: 'var(--faint)' }));
   plot.svg.append(base, classLegend(classes, unitText(view.unit), plot.box.x, height - legendHeight, plot.box.width));
-  const label = `${view.name} over the board. Arrow keys go from dot to dot, Enter marks`;
+  const label = `${view.name} over the board. ${stageKeys}`;
   const stage = new DotStage({ ids: view.ids, label }, context);
   stage.show({ svg: plot.svg, places, box: plot.box, base });
   return stage.element;

@@ -5,7 +5,7 @@ import { keyLegend, keyLegendHeight, type Key } from './legend';
 import { placesOf } from './nearest';
 import { decimalsOf, fixed, niceStep, present, quantile, rangeOf, unitText, withUnit, type Numbers } from './numbers';
 import type { PlotContext } from './plot';
-import { DotStage } from './stage';
+import { DotStage, stageKeys } from './stage';
 import { batched, circlePath, halo, svg, window, type Box } from './svg';
 
 /** How a value goes along the picture or across it: stripes with their scatter, the line through all, single dots. */
@@ -42,10 +42,7 @@ export function courseAlong(view: CourseView, context: PlotContext): HTMLElement
   const dots = batched(drawn, shape, { fill: 'var(--dot)', 'fill-opacity': 0.5 });
   plot.svg.append(window(plot.box, dots, ...stripes(view.course, plot), ...guides(view, plot)));
   plot.svg.append(keyLegend(keys, plot.box.x, height - below, plot.box.width));
-  const stage = new DotStage(
-    { ids: view.ids, label: `${view.name} by ${view.along}. Arrow keys go from dot to dot` },
-    context,
-  );
+  const stage = new DotStage({ ids: view.ids, label: `${view.name} by ${view.along}. ${stageKeys}` }, context);
   stage.show({ svg: plot.svg, places, box: plot.box, base: dots });
   return stage.element;
 }
@@ -96,16 +93,18 @@ function stripes(course: Course, plot: FramedPlot): SVGElement[] {
   ];
 }
 
-/** Above the upper line or below the lower one, else inside of one that is seen; null where neither is. */
-function namePlace(upper: number, lower: number, box: Box): number | null {
+/** Above the upper line or below the lower one, else inside of one that is seen; null where neither is, or no place is
+ * free of the names before. */
+function namePlace(upper: number, lower: number, box: Box, taken: readonly number[]): number | null {
   const seen = (line: number) => line >= box.y && line <= box.y + box.height;
+  const free = (name: number) => taken.every((other) => Math.abs(other - name) >= 14);
   const places = [
     [upper, upper - 4],
     [lower, lower + 13],
     [upper, upper + 13],
     [lower, lower - 4],
   ] as const;
-  return places.find(([line, name]) => seen(line) && seen(name - 12) && seen(name + 3))?.[1] ?? null;
+  return places.find(([line, name]) => seen(line) && seen(name - 12) && seen(name + 3) && free(name))?.[1] ?? null;
 }
 
 function guides({ course, bounds, unit }: CourseView, plot: FramedPlot): SVGElement[] {
@@ -118,14 +117,17 @@ function guides({ course, bounds, unit }: CourseView, plot: FramedPlot): SVGElem
     svg('path', { d: level(0), stroke: 'var(--faint)' }),
     svg('path', { d: `M${line}`, stroke: 'var(--text)', fill: 'none', ...dashed }),
   ];
+  const names: SVGElement[] = []; // Behind all lines, so that none goes through a name.
+  const taken: number[] = [];
   for (const bound of bounds) {
     const colour = boundColour(bound);
     for (const value of [-bound.value, bound.value])
       parts.push(svg('path', { d: level(value), stroke: colour, ...dashed }));
-    const up = namePlace(plot.y(bound.value), plot.y(-bound.value), box);
+    const up = namePlace(plot.y(bound.value), plot.y(-bound.value), box, taken);
     if (up === null) continue;
+    taken.push(up);
     const place = { x: box.x + box.width - 4, y: up, 'text-anchor': 'end', fill: colour, ...halo };
-    parts.push(svg('text', place, boundText(bound, unit)));
+    names.push(svg('text', place, boundText(bound, unit)));
   }
-  return parts;
+  return [...parts, ...names];
 }

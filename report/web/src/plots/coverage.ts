@@ -3,18 +3,21 @@ import { framed } from './base';
 import { classesFor, classOf, colourOf, strengthOf, type Classes } from './classes';
 import { classLegend, legendHeight } from './legend';
 import type { PlotContext } from './plot';
+import { niceStep } from './numbers';
 import { svg, type Box } from './svg';
 
 /** Where in the picture dots have been, all pairs together: what lies elsewhere was not judged. */
 export interface CoverageView {
   grid: CoverageGrid;
+  /** Dots in the fullest cell of all grids that are compared: one scale for both pictures. */
+  most: number;
   /** Of the pictures, pixels. */
   width: number;
   height: number;
 }
 
 export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGElement {
-  const { grid } = view;
+  const { grid, most } = view;
   const height = Math.round((context.width - 60) * Math.min(view.height / view.width, 1.1)) + 66 + legendHeight;
   const plot = framed({
     width: context.width,
@@ -25,10 +28,10 @@ export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGEle
     y: { from: view.height, to: 0, label: 'Row (px)' },
     marks: [],
   });
-  const classes = classesFor(Math.max(6.5, ...grid.dots), false);
+  const classes = countClasses(most);
   const wide = plot.box.width / grid.columns;
   const high = plot.box.height / grid.rows;
-  const legible = wide > 8 * String(Math.max(...grid.dots)).length + 4 && high > 15;
+  const legible = wide > 8 * String(most).length + 4 && high > 15;
   const cells = grid.dots.map((dots, i) => {
     const x = plot.box.x + (i % grid.columns) * wide;
     const y = plot.box.y + Math.floor(i / grid.columns) * high;
@@ -40,6 +43,12 @@ export function coverageMap(view: CoverageView, context: PlotContext): SVGSVGEle
     classLegend(classes, 'dots', plot.box.x, height - legendHeight, plot.box.width),
   );
   return plot.svg;
+}
+
+/** There are no half dots, so no border lies at one. */
+function countClasses(most: number): Classes {
+  const step = niceStep(most / 6.5);
+  return classesFor(6.5 * Math.max(1, Number.isInteger(step) ? step : niceStep(Math.ceil(step))), false);
 }
 
 function cell(box: Box, dots: number, classes: Classes, legible: boolean): SVGElement {

@@ -1,7 +1,7 @@
 import { el } from '../dom/el';
 import { binsOf, type Bins } from './bins';
 import { boundColour, boundText, strictest, type Bound } from './bounds';
-import { framed, type FramedPlot } from './base';
+import { framed, letterWidth, type FramedPlot } from './base';
 import { present, rangeOf, short, unitText, withUnit, type Numbers } from './numbers';
 import type { Spread } from '../page_data';
 import type { PlotContext } from './plot';
@@ -106,7 +106,9 @@ function drawGuides(plot: FramedPlot, view: HistogramView, bins: Bins): void {
     );
   }
   if (!view.normal) drawMedian(plot, view);
-  view.bounds.forEach((bound, line) => drawBound(plot, bound, view.unit, bins, line));
+  // No line goes through a name.
+  view.bounds.forEach((bound) => drawBound(plot, bound, bins));
+  view.bounds.forEach((bound, line) => nameBound(plot, bound, view.unit, bins, line));
 }
 
 function drawMedian({ svg: drawing, box, x }: FramedPlot, { spread, unit }: HistogramView): void {
@@ -122,16 +124,26 @@ function drawMedian({ svg: drawing, box, x }: FramedPlot, { spread, unit }: Hist
   );
 }
 
+function seenOf({ value }: Bound, bins: Bins): number[] {
+  return [value, -value].filter((each) => each >= bins.from && each <= bins.to);
+}
+
+function drawBound({ svg: drawing, box, x }: FramedPlot, bound: Bound, bins: Bins): void {
+  const look = { 'stroke-width': 1.5, 'stroke-dasharray': bound.judges ? '5 4' : '2 3' };
+  for (const value of seenOf(bound, bins))
+    drawing.append(svg('path', { d: `M${x(value)} ${box.y}v${box.height}`, stroke: boundColour(bound), ...look }));
+}
+
 /** Each name stands on a line of its own. */
-function drawBound({ svg: drawing, box, x }: FramedPlot, bound: Bound, unit: string, bins: Bins, line: number): void {
-  const seen = [bound.value, -bound.value].filter((value) => value >= bins.from && value <= bins.to);
-  const colour = boundColour(bound);
-  const look = { stroke: colour, 'stroke-width': 1.5, 'stroke-dasharray': bound.judges ? '5 4' : '2 3' };
-  for (const value of seen) drawing.append(svg('path', { d: `M${x(value)} ${box.y}v${box.height}`, ...look }));
-  const at = seen[0] === undefined ? null : x(seen[0]);
-  if (at === null) return;
-  // The name stands inside the limit where there is room, as most bars end there.
-  const left = at > box.x + box.width / 2;
+function nameBound({ svg: drawing, box, x }: FramedPlot, bound: Bound, unit: string, bins: Bins, line: number): void {
+  const seen = seenOf(bound, bins)[0];
+  if (seen === undefined) return;
+  const at = x(seen);
+  const text = boundText(bound, unit);
+  const wide = text.length * letterWidth + 8;
+  // The name stands inside the limit where there is room, as most bars end there, and not across its other side.
+  const inside = wide < x(Math.abs(seen)) - Math.max(x(-Math.abs(seen)), box.x);
+  const left = inside ? at > box.x + box.width / 2 : at + wide > box.x + box.width;
   const place = { x: at + (left ? -4 : 4), y: box.y + 4 + 14 * line, 'text-anchor': left ? 'end' : 'start' };
-  drawing.append(svg('text', { ...place, fill: colour, ...halo }, boundText(bound, unit)));
+  drawing.append(svg('text', { ...place, fill: boundColour(bound), ...halo }, text));
 }

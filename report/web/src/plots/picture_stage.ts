@@ -6,7 +6,7 @@ import { placesOf, type Places } from './nearest';
 import type { Numbers } from './numbers';
 import type { PlotContext } from './plot';
 import { redrawer } from './redraw';
-import { DotStage, type Place } from './stage';
+import { DotStage, stageKeys, type Place } from './stage';
 import { svg, window, type Box } from './svg';
 import { moved, shownPart, zoomedAt, type Zoom } from './zoom';
 
@@ -67,8 +67,7 @@ export class PictureStage {
     extra: (Node | null)[] = [],
   ) {
     this.redraw = redrawer(() => this.draw(), context.signal);
-    const keys =
-      'Arrow keys go from dot to dot, Enter marks, plus and minus zoom, Shift with arrows moves the picture.';
+    const keys = `${stageKeys}, plus and minus zoom, Shift with arrows moves the picture.`;
     const own = { drag: this.drag.bind(this), key: this.key.bind(this) };
     this.stage = new DotStage({ ids, label: `${label}. ${keys}`, ...own }, context);
     const bar = context.printing ? null : controls(...extra, ...this.ownControls());

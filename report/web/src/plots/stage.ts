@@ -1,4 +1,5 @@
 import { el } from '../dom/el';
+import { say } from '../dom/say';
 import type { PlotContext } from './plot';
 import { NearestDot, type Places } from './nearest';
 import { overlayOf, type Overlay } from './overlay';
@@ -25,9 +26,15 @@ export interface StageOptions {
   label: string;
   /** Takes a drag instead of the brush; says whether it did. */
   drag?: (from: Place, to: Place, done: boolean) => boolean;
+  /** Arrow keys do another thing than going from dot to dot, so that they can't select. */
+  turned?: true;
   /** Takes a key before the stage does; says whether it did. */
   key?: (event: KeyboardEvent) => boolean;
 }
+
+/** What the keys do in every plot of dots, for those who listen. */
+export const stageKeys =
+  'Arrow keys go from dot to dot, Enter marks, S begins and ends a selection that the arrows widen, Escape clears';
 
 /** How near the pointer has to come to a dot, CSS pixels. */
 const reach = 20;
@@ -48,6 +55,8 @@ export class DotStage {
   private overlay: Overlay | null = null;
   private search: NearestDot | null = null;
   private cursor: number | null = null;
+  /** The dot from which the keys select, to the cursor. */
+  private corner: number | null = null;
   private start: Place | null = null;
   private dragging = false;
 
@@ -58,7 +67,10 @@ export class DotStage {
     const { signal, selection, printing } = context;
     const focus = { tabindex: 0, role: 'application', 'aria-label': options.label };
     this.element = el('div', { class: 'plot-stage', ...(printing ? {} : focus) });
-    selection.subscribe(() => this.overlay?.update(selection), signal);
+    selection.subscribe(() => {
+      if (!selection.brushed) this.endKeys();
+      this.overlay?.update(selection);
+    }, signal);
     if (printing) return;
     const listen = <E extends Event>(name: string, listener: (event: E) => void) =>
       this.element.addEventListener(name, listener as EventListener, { signal });
@@ -71,7 +83,10 @@ export class DotStage {
       if (event.pointerType !== 'touch') selection.hover(null);
     });
     listen('keydown', (event: KeyboardEvent) => this.key(event));
-    listen('blur', () => selection.hover(null));
+    listen('blur', () => {
+      this.endKeys();
+      selection.hover(null);
+    });
   }
 
   /** Puts a drawing in the place of the one before. */
@@ -184,6 +199,11 @@ export class DotStage {
       const next = this.cursor === null ? dots?.first() : dots?.towards(this.cursor, way[0], way[1]);
       this.cursor = next ?? this.cursor;
       this.hover(this.cursor);
+      this.selectByKeys();
+      return true;
+    }
+    if (event.key.toLowerCase() === 's' && !this.options.turned) {
+      this.turnKeys();
       return true;
     }
     const id = this.cursor === null ? undefined : this.options.ids[this.cursor];
@@ -192,5 +212,32 @@ export class DotStage {
       return true;
     }
     return false;
+  }
+
+  /** The first press begins at the cursor, the second ends; what is selected stays. */
+  private turnKeys(): void {
+    if (this.corner !== null) return this.endKeys();
+    this.cursor ??= this.dots()?.first() ?? null;
+    this.corner = this.cursor;
+    this.selectByKeys();
+  }
+
+  private endKeys(): void {
+    this.corner = null;
+    if (!this.start) this.overlay?.rectangle(null);
+  }
+
+  /** The dots in the rectangle from the corner to the cursor. */
+  private selectByKeys(): void {
+    const { places } = this.drawing ?? {};
+    if (this.corner === null || this.cursor === null || !places) return;
+    const [from, to] = [this.corner, this.cursor].map((i) => ({ x: places.x[i] ?? NaN, y: places.y[i] ?? NaN }));
+    if (!from || !to) return;
+    const indices = this.dots()?.within(from.x, from.y, to.x, to.y) ?? [];
+    this.context.selection.brush(indices.map((i) => this.options.ids[i] ?? -1));
+    this.overlay?.rectangle([from, to]);
+    this.hover(this.cursor);
+    const upTo = this.options.ids[this.cursor];
+    say(indices.length === 1 ? `Dot ${upTo} selected` : `${indices.length} dots selected, up to dot ${upTo}`);
   }
 }

@@ -136,10 +136,12 @@ function levelsOf({ limits, pairs }: TrendView): TrendLimit[] {
 }
 
 function limitLines(view: TrendView, plot: FramedPlot): SVGElement[] {
-  return levelsOf(view).flatMap((limit) => limitLine(limit, view, plot));
+  const drawn = levelsOf(view).map((limit) => limitLine(limit, view, plot));
+  // No line goes through a name.
+  return [...drawn.map(([line]) => line), ...drawn.map(([, name]) => name)];
 }
 
-function limitLine(limit: TrendLimit, { pairs, unit }: TrendView, plot: FramedPlot): SVGElement[] {
+function limitLine(limit: TrendLimit, { pairs, unit }: TrendView, plot: FramedPlot): [SVGElement, SVGElement] {
   const { x, y, box } = plot;
   const at = y(limit.value);
   const text = `${limit.sense === 'at most' ? 'limit' : 'limit, at least'} ${plain(limit.value)} ${unitText(unit)}`;

@@ -12,6 +12,8 @@ export interface LimitRule {
   absolute: boolean;
   /** Judges every pair; not the run as a whole. */
   ofPairs: boolean;
+  /** What of the pairs together: mean, sd, min, max; '' for one that judges every pair. */
+  statistic: string;
 }
 
 /** What the text of a limit says, as far as a drawing needs it; null for one that is not understood. */
@@ -31,6 +33,7 @@ export function ruleOf(text: string): LimitRule | null {
     refined: name.includes('refined.'),
     absolute: bar === '|',
     ofPairs: !summary,
+    statistic: (/^summary\..*\.(mean|sd|min|max)$/.exec(name) ?? [])[1] ?? '',
   };
 }
 

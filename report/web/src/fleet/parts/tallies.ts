@@ -21,6 +21,7 @@ function tally(
 function card(
   title: string,
   figure: string,
+  columns: [what: string, sets: string],
   names: readonly string[],
   sums: [number, number][],
   words: (name: string) => string,
@@ -39,7 +40,7 @@ function card(
       ? el('p', {}, 'None.')
       : tableElement({
           caption: title,
-          columns: [{ title: 'What' }, { title: 'Sets', numbers: true }],
+          columns: [{ title: columns[0] }, { title: columns[1], numbers: true }],
           rows,
           headed: true,
         }),
@@ -61,12 +62,27 @@ export function tallies(scope: Scope): HTMLElement {
       card(
         'Limits that do not hold',
         'broken',
+        ['Limit', 'Sets that break it'],
         fleet.limits,
         tally(seen, broken.cell, broken.limit, broken.sets),
         (name) => name,
       ),
-      card('Warnings', 'warning', warnings.codes, tally(seen, warnings.cell, warnings.code, warnings.sets), title),
-      card('Errors', 'ending', endings.names, tally(seen, endings.cell, endings.name, endings.sets), title),
+      card(
+        'Warnings',
+        'warning',
+        ['Warning', 'Sets warned of'],
+        warnings.codes,
+        tally(seen, warnings.cell, warnings.code, warnings.sets),
+        title,
+      ),
+      card(
+        'Errors',
+        'ending',
+        ['Error', 'Sets ended by it'],
+        endings.names,
+        tally(seen, endings.cell, endings.name, endings.sets),
+        title,
+      ),
     ),
   );
 }
