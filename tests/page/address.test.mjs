@@ -47,7 +47,7 @@ for (const hash of ['#pair=99', '#pair=x', '#check=9&pair=0', '#%00', '#pair=-1'
 }
 
 for (const [hash, words] of [
-  ['#pair=99', 'The address asks for pair 99; this check has pairs 0 to 3.'],
+  ['#pair=99', 'The address asks for pair 99; this check has pairs 0 to 5.'],
   ['#check=9&pair=0', 'The address asks for check 9; there is one on this page.'],
 ]) {
   test(`The address ${hash} says that there is none, until another is chosen`, async () => {

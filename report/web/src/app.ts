@@ -79,7 +79,7 @@ export class App {
       this.drawPair();
       say(`Pair ${pair}`);
     }
-    const missing = asked === null ? missingWords(place, view.document.pairs, this.data.checks.length) : '';
+    const missing = missingWords(place, view.document.pairs, this.data.checks.length);
     this.notice.replaceChildren(...(missing === '' ? [] : [el('p', { class: 'note' }, missing)]));
     if (missing !== '') say(missing);
     return asked !== null || missing !== '';
