@@ -58,7 +58,7 @@ test('Points, ranges and sums of a station that does not drift are those of the 
   });
 });
 
-test('What went wrong is said first, with since when', async () => {
+test('What went wrong is said first, with since when: one day of a cause and of the figure that it changed', async () => {
   // Station 3 looks down by 0.05 degrees on the last six of forty days from 14 October on: since 17 November.
   await within(pageFile('fleet_line'), {}, async (page) => {
     const found = await page.$$eval('[data-finding]', (nodes) => nodes.map((node) => node.innerText));
@@ -68,7 +68,7 @@ test('What went wrong is said first, with since when', async () => {
       assert.match(text, /The right cameras look down by 0\.0(49|50|51)\d*° ± 0\.00\d+° since Tue 17 Nov 2026/);
       assert.match(
         text,
-        /Largest row difference, largest of the set: up by 0\.0[678]\d+ px to 0\.2[678]\d+ px since (Mon 16|Tue 17|Wed 18) Nov/,
+        /Largest row difference, largest of the set: up by 0\.0[678]\d+ px to 0\.2[678]\d+ px since Tue 17 Nov/,
       );
     }
     const top = await page.$eval('#findings', (node) => node.getBoundingClientRect().top);
@@ -105,7 +105,7 @@ test('Rules that are broken are named with their place', async () => {
     assert.match(text, /rule 1, a point beyond three sigma \(/);
     assert.match(text, /rule 5, two of three beyond two sigma on one side \(.*1[5-9] Nov/);
     const state = await page.$eval('[data-state="2.0 0"]', (node) => node.innerText.trim());
-    assert.match(state, /^up since 1[678] Nov$/);
+    assert.match(state, /^up since 17 Nov$/);
   });
 });
 

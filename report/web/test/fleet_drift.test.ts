@@ -2,8 +2,9 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import type { Fleet } from '../src/fleet/fleet_data';
-import { changeIn } from '../src/fleet/statistics/change_point';
+import { changesIn } from '../src/fleet/statistics/change_point';
 import { beginMinute, courseOf, lastingDrift } from '../src/fleet/view/courses';
+import { openMinutes } from '../src/fleet/view/since';
 
 /** Normal numbers, the same ones each time (mulberry32; Box and Muller, 1958). */
 function normalDraw(seed: number): () => number {
@@ -79,7 +80,7 @@ function made(setsOfADay: number, each: number, from: number, shift: number, dra
   return course;
 }
 
-test('the day since when is told, whether the shift came at noon or at night', () => {
+test('the day since when is told, whether the shift came at noon or at night, and left open in 95 of 100', () => {
   // [sets of a day, sets of a point, when on day 33, least share of right days]
   const cases: [number, number, number, number][] = [
     [20, 20, 13 * 60, 0.72],
@@ -92,24 +93,40 @@ test('the day since when is told, whether the shift came at noon or at night', (
     const draw = normalDraw(each + when);
     let right = 0;
     let seen = 0;
+    let open = 0;
+    const isOpen = ([from, to]: [number, number]) => from < 34 * day && 33 * day <= to;
     for (let k = 0; k < 400; k++) {
       const course = view(made(setsOfADay, each, 33 * day + when, 4, draw));
       const drift = lastingDrift(course);
       if (!drift) continue;
       seen++;
       if (Math.floor(beginMinute(course, drift) / day) === 33) right++;
+      if ([drift, ...drift.open].map((change) => openMinutes(course, change)).some(isOpen)) open++;
     }
     assert.ok(seen > 360, `${seen} of 400 are seen`);
     assert.ok(right >= least * seen, `${setsOfADay} sets a day, ${each} a point, at ${when}: ${right} of ${seen}`);
+    assert.ok(open >= 0.95 * seen, `${setsOfADay} sets a day, ${each} a point, at ${when}: open in ${open} of ${seen}`);
   }
 });
 
 test('a change is where the squares of what is left are least', () => {
-  assert.deepEqual(changeIn([0, 0, 0, 2, 2, 2], false), { from: 3, share: 1, level: 2 });
-  assert.deepEqual(changeIn([0, 0, 1, 2, 2, 2], true), { from: 2, share: 0.5, level: 2 });
+  assert.deepEqual(changesIn([0, 0, 0, 2, 2, 2], false)[0], { from: 3, share: 1, level: 2, gain: 12 });
+  assert.deepEqual(changesIn([0, 0, 1, 2, 2, 2], true)[0], { from: 2, share: 0.5, level: 2, gain: 13 });
   // A point less than a fifth of the way is none that is off in part.
-  assert.deepEqual(changeIn([0, 0, 0.38, 2, 2, 2], true), { from: 3, share: 1, level: 2 });
-  assert.deepEqual(changeIn([3], true), { from: 0, share: 1, level: 3 });
+  assert.deepEqual(changesIn([0, 0, 0.38, 2, 2, 2], true)[0], { from: 3, share: 1, level: 2, gain: 12 });
+  assert.deepEqual(changesIn([3], true), [{ from: 0, share: 1, level: 3, gain: 9 }]);
+});
+
+test('changes are left open that gain less by no more than 3.84', () => {
+  // Three points of 2 gain 12; with the one before of 0.6, four of the mean 1.65 gain 10.89; with two before, 8.71.
+  const found = changesIn([0, 0, 0.6, 2, 2, 2], false);
+  assert.deepEqual(
+    found.map(({ from }) => from),
+    [3, 2, 1],
+  );
+  [12, 4 * 1.65 ** 2, 5 * 1.32 ** 2].forEach((gain, k) => assert.ok(Math.abs(found[k]!.gain - gain) < 1e-12));
+  // The last two of them gain 8.
+  assert.ok(found.every(({ gain }) => gain >= 12 - 3.84));
 });
 
 test('documents without the begin of points count from the end of the point before', () => {

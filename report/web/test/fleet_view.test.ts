@@ -73,6 +73,16 @@ test('days are told by the calendar of UTC', () => {
   assert.equal(new Calendar({ first_day: '2026-10-01', period: 'month' }).long(31), 'Nov 2026');
 });
 
+test('a period is from its first minute to that of the next', () => {
+  const days = (period: Fleet['period'], first_day: string, day: number) =>
+    new Calendar({ first_day, period }).minutesOf(day).map((minute) => minute / 1440);
+  assert.deepEqual(days('day', '2026-10-14', 3), [3, 4]);
+  assert.deepEqual(days('week', '2026-10-12', 7), [7, 14]);
+  assert.deepEqual(days('month', '2026-10-01', 31), [31, 61]);
+  assert.deepEqual(days('month', '2026-12-01', 0), [0, 31]);
+  assert.deepEqual(days('year', '2028-01-01', 0), [0, 366]);
+});
+
 const fleet = {
   keys: [
     { key: 'station', values: ['1', 'a&b=c', null] },
@@ -109,7 +119,17 @@ test('a filter sees the groups that have all of its values', () => {
 });
 
 test('a drift away from the only limit, or of a figure without one, is none that matters', () => {
-  const drift = (side: 'up' | 'down'): Drift => ({ side, from: 0, share: 1, level: 1, to: 1, lasts: true, shift: 1 });
+  const drift = (side: 'up' | 'down'): Drift => ({
+    side,
+    from: 0,
+    share: 1,
+    level: 1,
+    gain: 1,
+    to: 1,
+    lasts: true,
+    shift: 1,
+    open: [],
+  });
   const bounds = (value: Measure['value'], lower: number | null, upper: number | null): Measure =>
     ({ value, lower: [null, lower], upper: [null, upper] }) as unknown as Measure;
   const cases: [Measure, boolean, boolean][] = [

@@ -1,4 +1,4 @@
-import { changeIn, type Change } from './change_point';
+import { changesIn, type Change } from './change_point';
 
 export interface CusumSettings {
   target: number;
@@ -24,6 +24,10 @@ export interface Drift extends Change {
   lasts: boolean;
   /** Mean of those points less the target, without one that is off in part. */
   shift: number;
+  /** Other changes that the points leave open, the likeliest first. */
+  open: Change[];
+  /** Minutes that it began in, the end left out, where more than its points say so. */
+  within?: [from: number, to: number];
 }
 
 export interface Drifts extends Cusum {
@@ -82,11 +86,12 @@ function side(values: readonly number[], settings: CusumSettings, sign: 1 | -1):
       sums.push(...here);
       break;
     }
-    const first = changeIn(rest.slice(0, alarm + 1), settings.mixed);
+    const first = changesIn(rest.slice(0, alarm + 1), settings.mixed)[0]!;
     const { to, lasts } = endOf(rest, alarm, first.level / 2, settings.decision);
-    const { from, share, level } = changeIn(rest.slice(0, to + 1), settings.mixed);
-    const shift = sign * level * settings.sigma;
-    drifts.push({ side: sign > 0 ? 'up' : 'down', from: start + from, share, level, to: start + to, lasts, shift });
+    const found = changesIn(rest.slice(0, to + 1), settings.mixed);
+    const [change, ...open] = found.map((each) => ({ ...each, from: start + each.from }));
+    const shift = sign * change!.level * settings.sigma;
+    drifts.push({ ...change!, side: sign > 0 ? 'up' : 'down', to: start + to, lasts, shift, open });
     sums.push(...here.slice(0, to + 1));
   }
   return { sums, drifts };

@@ -62,6 +62,22 @@ export class Calendar {
     return `${weekdays[date.getUTCDay()]} ${this.dayOf(minute)}`;
   }
 
+  /** Minutes of the period that begins with a day, its end left out. */
+  minutesOf(day: number): [number, number] {
+    const begin = this.date(day);
+    const [year, month] = [begin.getUTCFullYear(), begin.getUTCMonth()];
+    const [from, to] = [
+      begin.getTime(),
+      {
+        day: begin.getTime() + dayLength,
+        week: begin.getTime() + 7 * dayLength,
+        month: Date.UTC(year, month + 1),
+        year: Date.UTC(year + 1, 0),
+      }[this.period],
+    ];
+    return [(from - this.start) / 60_000, (to - this.start) / 60_000];
+  }
+
   /** The days of `count` periods that end with the one of `last`: those above the result, in days. */
   back(last: number, count: number): number {
     return last - (count - 0.5) * windows[this.period].days;

@@ -104,10 +104,12 @@ export function lastingDrift(course: CourseView): Drift | null {
  * makes the share that is off too large as often as too small. It is taken for smaller by its standard error: a change
  * between two days is else told as one of the first day's evening half the time, and one within a day stays within it.
  */
-export function beginMinute({ begins, minutes }: CourseView, { from, share, level }: Drift): number {
+export function beginMinute({ begins, minutes }: CourseView, drift: Drift): number {
+  const { from, share, level, within } = drift;
   const [begin, end] = [begins[from] ?? 0, minutes[from] ?? 0];
   const surely = share < 1 ? Math.max(0, share - 1 / level) : 1;
-  return Math.round(begin + (1 - surely) * (end - begin));
+  const minute = Math.round(begin + (1 - surely) * (end - begin));
+  return within ? Math.min(Math.max(minute, within[0]), within[1] - 1) : minute;
 }
 
 /**

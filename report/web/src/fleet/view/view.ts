@@ -5,6 +5,7 @@ import { recurrences, type Recurrence } from '../statistics/recurring';
 import { Calendar } from './calendar';
 import { courseOf, lastingDrift, worsens, type CourseView } from './courses';
 import { seenGroups, type Filter } from './filter';
+import { toldTogether } from './since';
 import { against, type Against } from './yields';
 
 /** One station with one model. */
@@ -98,8 +99,11 @@ function streamOf(fleet: Fleet, calendar: Calendar, groups: number[], rows: numb
   const [station = 0, model = 0] = fleet.groups[groups[0]!]!;
   const late = against(fleet, rows, calendar, last, calendar.lateCount);
   const strict = against(fleet, rows, calendar, last, calendar.lateCount, surely);
-  const courses = fleet.measures.map((_, measure) => courseOf(fleet, groups, measure));
   const causes = causesOf(fleet, rows);
+  const courses = toldTogether(
+    fleet.measures.map((_, measure) => courseOf(fleet, groups, measure)),
+    causes.filter(({ lasts }) => lasts).map(({ from }) => calendar.minutesOf(from)),
+  );
   const yieldFell = strict.difference !== null && strict.difference.high < 0;
   const shifts = courses.map((course, measure) => {
     const drift = lastingDrift(course);
