@@ -1,3 +1,6 @@
+#include <fstream>
+#include <functional>
+#include <iterator>
 #include <thread>
 
 #include "OneSet.h"
@@ -8,7 +11,9 @@ namespace polarline {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::AllOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 /// A station that does something whenever the worker is between two sets.
 struct Watch : OneSet {
@@ -19,6 +24,20 @@ struct Watch : OneSet {
   void drop(const std::string& name) const { fs::copy(set.folder, inbox + "/" + name); }
   void finish(const std::string& name, const std::string& content = "") const {
     std::ofstream(inbox + "/" + name + "/ready") << content;
+  }
+  /// What the station does with its first set when that was told; its file `ready` is of another time then.
+  void afterTheFirst(const std::function<void()>& act) {
+    options.on_set = [this, act](const BatchResult& result, std::size_t, std::size_t) {
+      told.push_back(result);
+      if (told.size() > 1) return;
+      act();
+      const std::string ready = inbox + "/one/ready";
+      fs::last_write_time(ready, fs::last_write_time(ready) + std::chrono::seconds(1));
+    };
+  }
+  static std::string metadata(const BatchResult& result) {
+    std::ifstream stream(fs::path(result.document).replace_extension(".metadata.json"));
+    return {std::istreambuf_iterator<char>(stream), {}};
   }
   /// Until so many are told, for a minute at most.
   BatchOutcome until(std::size_t count) {
@@ -67,6 +86,30 @@ TEST_F(Watch, SaysWhatCannotBeUsedAndGoesOn) {
   EXPECT_EQ(refused.state, BatchState::kRefused);
   EXPECT_EQ(refused.exit_code, kUnusable);
   EXPECT_THAT(refused.text, HasSubstr("one/ready: 'no metadata' was found"));
+}
+
+TEST_F(Watch, TakesASetAgainWhoseReadyIsWrittenAnew) {
+  drop("one");
+  finish("one", "serial=A1\n");
+  afterTheFirst([this] { finish("one", "serial=A2\n"); });
+  EXPECT_EQ(until(2).judged, 1U);
+  ASSERT_EQ(told.size(), 2U);
+  EXPECT_EQ(told[1].state, BatchState::kThere);
+  EXPECT_EQ(told[1].document, told[0].document);
+  EXPECT_THAT(metadata(told[0]), AllOf(HasSubstr("A2"), Not(HasSubstr("A1"))));
+}
+
+TEST_F(Watch, JudgesASetAgainWhoseFilesChangedWithItsReady) {
+  drop("one");
+  finish("one");
+  afterTheFirst([this] {
+    std::ofstream(inbox + "/one/limits.txt") << "dy_means<=0\n";
+    finish("one");
+  });
+  EXPECT_EQ(until(2).judged, 2U);
+  ASSERT_EQ(told.size(), 2U);
+  EXPECT_EQ(told[1].verdict, Verdict::kFail);
+  EXPECT_NE(told[1].document, told[0].document);
 }
 
 TEST_F(Watch, NeedsAFolder) { EXPECT_THROW(watchFolder(set.parent.file("none"), options), InputError); }
