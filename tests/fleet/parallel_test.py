@@ -72,6 +72,17 @@ def main():
         check(code == 0, f"sets that are back: ended with {code}: {complaints}")
         check_same("sets away", expected, "sets away and back")
 
+        run = start("taken")
+        wait_for(lambda: count("taken") >= 2, "documents are there")
+        os.rename("taken", "taken away")
+        code, _, complaints = finish(run)
+        check(code == 4 and "call it again" in complaints, f"a store taken away: ended with {code}: {complaints}")
+        check(not os.path.exists("taken"), "nothing is written where the store was")
+        os.rename("taken away", "taken")
+        code, _, complaints = finish(start("taken"))
+        check(code == 0, f"a store given back: ended with {code}: {complaints}")
+        check_same("taken", expected, "store taken away and given back")
+
         os.mkdir("unmounted")
         code, lines, complaints = finish(start("unmounted"))
         check(code == 4 and not lines and "its disk is not mounted" in complaints, f"a folder that is no store: {code}, {complaints}")

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""examples/fleet/fleet.sbatch with a Slurm of two nodes: a node dies and comes back, a task is cancelled, one is put back into the queue, one
-runs twice at once, the store is away for a while; the store ends as that of one worker, and what was merged says so."""
+"""examples/fleet/fleet.sbatch with a Slurm of two nodes: a node dies and comes back, only its service does while the task works on, a task is
+cancelled, one is put back into the queue, one runs twice at once, the store is away when tasks begin or while they work; the store ends as that
+of one worker, and what was merged says so."""
 
 import contextlib
 import json
@@ -52,6 +53,15 @@ def kill(processes):
             os.kill(process, signal.SIGKILL)
 
 
+def service_of(node):
+    return int((pathlib.Path(os.environ["SLURM_FOLDER"]) / f"{node}.pid").read_text())
+
+
+def start_service(node):
+    with open(f"slurmd.{node}.out", "ab") as output:
+        subprocess.Popen(["slurmd", "-D", "-N", node], stdout=output, stderr=output)
+
+
 def node_dies(node):
     """The node's service, what watches over its tasks, and all that these began."""
     folder = pathlib.Path(os.environ["SLURM_FOLDER"])
@@ -59,7 +69,7 @@ def node_dies(node):
     watchers = [process for process, name, _, _ in process_stats() if name == "slurmstepd" and any(f"[{job}." in title(process) for job in watched)]
     check(watchers, f"tasks run on {node}")
     family = [process for watcher in watchers for name in ("slurm_script", "polarline", "bash", "awk") for process in descendants(watcher, name)]
-    kill([int((folder / f"{node}.pid").read_text()), *watchers, *family])
+    kill([service_of(node), *watchers, *family])
     ask("scontrol", "update", f"NodeName={node}", "State=DOWN", "Reason=died")
 
 
@@ -93,8 +103,7 @@ def disturbed(expected):
     ask("scontrol", "requeue", other)
     waiting = [line.split()[0] for line in in_queue(array, "-t", "PD") if line.split()[0] != other]
     ask("scancel", waiting[-1])
-    with open("slurmd.out", "wb") as output:
-        subprocess.Popen(["slurmd", "-D", "-N", node], stdout=output, stderr=output)
+    start_service(node)
     end_of(array, merge)
     check(sum(restarts(array)) >= 2, f"one task was lost with its node, one was put back: {restarts(array)}")
     check(count("store") < documented(expected), "what was cancelled is missing")
@@ -128,6 +137,41 @@ def submit_without_disk(link, sets):
 
 def documented(expected):
     return len([name for name in expected if not name.endswith(".metadata.json")])
+
+
+def service_dies(expected):
+    """Of a node only slurmd dies: the task works on, is not begun again, and its end is told once the service is back."""
+    array, merge = submit("served", 2)
+    wait_for(lambda: len(running(array)) == 2 and count("served") >= 2, "both nodes work")
+    node, job = sorted(running(array).items())[0]
+    kill([service_of(node)])
+    told = pathlib.Path(f"polarline-{array}_{task_of(job)}.out")
+    so_far = told.read_text().count("\n")
+    wait_for(lambda: told.read_text().count("\n") >= so_far + 2, "its task works on")
+    start_service(node)
+    end_of(array, merge)
+    check_same("served", expected, "slurmd killed")
+    check(restarts(array) == [0, 0], f"no task was begun again: {restarts(array)}")
+    check(sets_of("served.sqlite") == SETS, "all sets are in the results")
+
+
+def task_of(job):
+    return re.search(rf"JobId={job} .*?ArrayTaskId=(\d+) ", jobs()).group(1)
+
+
+def store_taken(expected):
+    """The store goes away while both tasks work, and comes back: they tell what they could not write, and are put back into the queue."""
+    array, merge = submit("taken", 2)
+    wait_for(lambda: len(running(array)) == 2 and count("taken") >= 2, "both nodes work")
+    os.rename("taken", "taken away")
+    wait_for(lambda: restarts(array) == [1, 1], "both are put back")
+    check(not os.path.exists("taken"), "nothing is written where the store was")
+    os.rename("taken away", "taken")
+    end_of(array, merge)
+    check_same("taken", expected, "store taken away and given back")
+    lines = [json.loads(line) for path in pathlib.Path().glob(f"polarline-{array}_*.out") for line in path.read_text().splitlines() if line.startswith("{")]
+    check(any(line["state"] == "not written" and line["retry"] for line in lines), "they told what was not written")
+    check(sets_of("taken.sqlite") == SETS, "all sets are in the results")
 
 
 def asked_to_end():
@@ -171,10 +215,12 @@ def main():
         expected = one_worker()
         few = pathlib.Path("list.txt").read_text().splitlines()[:FEW + 1]
         pathlib.Path("few.txt").write_text("\n".join(few) + "\n")
-        for step in (lambda: disturbed(expected), lambda: twice(expected), asked_to_end, wrong_list):
+        steps = {"disturbed": lambda: disturbed(expected), "slurmd killed": lambda: service_dies(expected), "store taken": lambda: store_taken(expected),
+                 "twice": lambda: twice(expected), "asked to end": asked_to_end, "wrong list": wrong_list}
+        for name, step in steps.items():
             begin = time.monotonic()
             step()
-            print(f"{time.monotonic() - begin:.1f} s", flush=True)
+            print(f"{name}: {time.monotonic() - begin:.1f} s", flush=True)
 
 
 main()

@@ -3,14 +3,15 @@
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 
-from fleet import EXAMPLES, OPTIONS, check, check_same, documents, fleet, kill_workers, one_worker, sets_of
+from fleet import EXAMPLES, OPTIONS, check, check_same, count, documents, fleet, kill_workers, one_worker, sets_of, wait_for
 
 
-def start():
-    command = ["snakemake", "-s", EXAMPLES / "Snakefile", "--cores", "2", "--config", "list=list.txt", "store=a store", "parts=3",
+def start(store="a store"):
+    command = ["snakemake", "-s", EXAMPLES / "Snakefile", "--cores", "2", "--config", "list=list.txt", f"store={store}", "parts=3",
                f"options={OPTIONS[0]} '{OPTIONS[1]}'"]
     return subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
 
@@ -41,6 +42,17 @@ def main():
         check(run.returncode != 0 and "its disk is not mounted" in output and not os.listdir("a store"), f"no store is begun there:\n{output}")
         os.rmdir("a store")
         os.rename("elsewhere", "a store")
+
+        run = start("taken")
+        wait_for(lambda: count("taken") >= 2, "documents are there")
+        os.rename("taken", "taken away")
+        output, _ = run.communicate(timeout=60)
+        check(run.returncode != 0, f"a store taken away:\n{output}")
+        print(output, [str(p) for p in pathlib.Path("taken").rglob("*")])
+        shutil.rmtree("taken", ignore_errors=True)
+        os.rename("taken away", "taken")
+        output = finish(start("taken"), "a store given back")
+        check_same("taken", expected, "store taken away and given back")
 
         lines = pathlib.Path("list.txt").read_text().splitlines()
         pathlib.Path("list.txt").write_text("\n".join([*lines, "base\tserial=new"]) + "\n")
