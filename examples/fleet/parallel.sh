@@ -36,6 +36,7 @@ if [[ -n ${HOSTS:-} ]]; then how+=(--sshloginfile "$HOSTS" --filter-hosts); fi
 if [[ -t 2 ]]; then how+=(--bar); fi
 seq "$parts" | PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" worker "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true
 
+[[ -r $joblog ]] || { echo "parallel.sh: $store is away; call it again when it is back" >&2 && exit 4; }
 done_parts=$(awk -F '\t' 'NR > 1 { good[$1] = $7 == 0 && $8 == 0 } END { for (part in good) sum += good[part]; print sum + 0 }' "$joblog")
 if [[ $done_parts -lt $parts ]]; then
   echo "parallel.sh: $done_parts of $parts parts are done; call it again" >&2

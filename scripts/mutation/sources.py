@@ -21,6 +21,7 @@ FOLDERS = {
     "Tallowfen/src": ["Tallowfen", "polar", "exports"],
     "polar": ["polar", "exports"],
     "exports": ["exports", "allocation"],
+    "store/work": ["store"],
     "store/results": ["store"],
     "store/fleet": ["store"],
 }

@@ -35,7 +35,7 @@ def in_queue(job, *more):
 
 
 def running(array):
-    """Tasks that run, by node."""
+    """Tasks that run, by node: 17_2 is the second of array 17."""
     return {node: job for job, _, node in (line.split() for line in in_queue(array, "-t", "R"))}
 
 
@@ -145,7 +145,7 @@ def service_dies(expected):
     wait_for(lambda: len(running(array)) == 2 and count("served") >= 2, "both nodes work")
     node, job = sorted(running(array).items())[0]
     kill([service_of(node)])
-    told = pathlib.Path(f"polarline-{array}_{task_of(job)}.out")
+    told = pathlib.Path(f"polarline-{job}.out")  # Array and task.
     so_far = told.read_text().count("\n")
     wait_for(lambda: told.read_text().count("\n") >= so_far + 2, "its task works on")
     start_service(node)
@@ -153,10 +153,6 @@ def service_dies(expected):
     check_same("served", expected, "slurmd killed")
     check(restarts(array) == [0, 0], f"no task was begun again: {restarts(array)}")
     check(sets_of("served.sqlite") == SETS, "all sets are in the results")
-
-
-def task_of(job):
-    return re.search(rf"JobId={job} .*?ArrayTaskId=(\d+) ", jobs()).group(1)
 
 
 def store_taken(expected):
