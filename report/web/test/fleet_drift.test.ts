@@ -80,7 +80,7 @@ function made(setsOfADay: number, each: number, from: number, shift: number, dra
   return course;
 }
 
-test('the day since when is told, whether the shift came at noon or at night, and left open in 95 of 100', () => {
+test('the day since when is told, whether the shift came at noon or at night, and left open in 97 of 100', () => {
   // [sets of a day, sets of a point, when on day 33, least share of right days]
   const cases: [number, number, number, number][] = [
     [20, 20, 13 * 60, 0.72],
@@ -105,7 +105,7 @@ test('the day since when is told, whether the shift came at noon or at night, an
     }
     assert.ok(seen > 360, `${seen} of 400 are seen`);
     assert.ok(right >= least * seen, `${setsOfADay} sets a day, ${each} a point, at ${when}: ${right} of ${seen}`);
-    assert.ok(open >= 0.95 * seen, `${setsOfADay} sets a day, ${each} a point, at ${when}: open in ${open} of ${seen}`);
+    assert.ok(open >= 0.97 * seen, `${setsOfADay} sets a day, ${each} a point, at ${when}: open in ${open} of ${seen}`);
   }
 });
 
@@ -117,16 +117,18 @@ test('a change is where the squares of what is left are least', () => {
   assert.deepEqual(changesIn([3], true), [{ from: 0, share: 1, level: 3, gain: 9 }]);
 });
 
-test('changes are left open that gain less by no more than 3.84', () => {
-  // Three points of 2 gain 12; with the one before of 0.6, four of the mean 1.65 gain 10.89; with two before, 8.71.
-  const found = changesIn([0, 0, 0.6, 2, 2, 2], false);
+test('changes are left open that gain less by no more than 6.63', () => {
+  // Three points of 3 gain 27; with the one before of 1, four of the mean 2.5 gain 25; with two before, five of the mean 2 gain 20.
+  // The last two of them gain 18.
+  const found = changesIn([0, 0, 1, 3, 3, 3], false);
   assert.deepEqual(
-    found.map(({ from }) => from),
-    [3, 2, 1],
+    found.map(({ from, gain }) => [from, gain]),
+    [
+      [3, 27],
+      [2, 25],
+    ],
   );
-  [12, 4 * 1.65 ** 2, 5 * 1.32 ** 2].forEach((gain, k) => assert.ok(Math.abs(found[k]!.gain - gain) < 1e-12));
-  // The last two of them gain 8.
-  assert.ok(found.every(({ gain }) => gain >= 12 - 3.84));
+  assert.equal(changesIn([0, 0, 1, 2.9, 2.9, 2.9], false).length, 3, 'of 25.23 the third is less by 6.41');
 });
 
 test('documents without the begin of points count from the end of the point before', () => {

@@ -10,8 +10,8 @@ export interface Change {
   gain: number;
 }
 
-/** The points leave a change open that gains less than the likeliest by no more than this (95 % of chi-square). */
-const open = 3.84;
+/** The points leave a change open that gains less than the likeliest by no more than this (99 % of chi-square). */
+const open = 6.63;
 
 /**
  * Chance alone moves a point before the change up half the time: one that stands nearer to zero than this is not taken

@@ -12,8 +12,8 @@ function dayOf(minute: number): Span {
   return [from, from + dayMinutes];
 }
 
-/** Standard errors of a share that 95 % lie within. */
-const surely = 1.96;
+/** Standard errors of a share that 99 % lie within. */
+const surely = 2.58;
 
 /**
  * The minutes in which a change may have come: between two points, or within one as far as the error of the share that
