@@ -68,6 +68,15 @@ TEST_F(BatchCommand, WritesWhatCheckWritesForEachSet) {
   nothingOpen();
 }
 
+TEST_F(BatchCommand, SaysThatItEndedByItselfAfterSoManyFailures) {
+  const std::string missing = set.parent.file("missing");
+  const CommandRun run =
+      batch({set.parent.write("list.txt", missing + "\n" + set.folder.string() + "\n"), "--stop-after", "1"});
+  EXPECT_EQ(run.exit_code, 130);
+  EXPECT_EQ(run.err, "polarline: ended by --stop-after; sets are left over\n");
+  EXPECT_EQ(linesOf(run).size(), 1U);
+}
+
 TEST_F(BatchCommand, LeavesWhatIsThereAndPartsTheList) {
   const std::string path = list(3);
   EXPECT_EQ(linesOf(batch({path, "--shard", "2/2"})).size(), 1U);

@@ -24,6 +24,8 @@ struct BatchRequest {
   ResultOptions result;
 };
 
+constexpr const char* kStoppedWords = "polarline: ended by --stop-after; sets are left over\n";
+
 std::string environmentOf(const char* name) {
   const char* const value = std::getenv(name);
   return value == nullptr ? "" : value;
@@ -90,7 +92,7 @@ int runBatch(BatchRequest& request) {
   const polarline::BatchOutcome outcome = judgedAll(request);
   speaker.end(outcome);
   if (!request.result.json.empty()) deliver(request.result.json, polarline::batchJson(outcome));
-  if (outcome.exit_code == kInterrupted) tell("{}", kInterruptedWords);
+  if (outcome.exit_code == kInterrupted) tell("{}", ending() || interrupted() ? kInterruptedWords : kStoppedWords);
   return speaker.isMute() && outcome.exit_code < kNotWritten ? kNotWritten : outcome.exit_code;
 }
 
