@@ -62,6 +62,7 @@ TEST(Course, NeedsOptionsThatCanBeUsed) {
   BatchOptions options;
   EXPECT_THROW(demandUsable(options), InputError);
   options.store = "s";
+  options.check.settings = {"f_scale=1"};
   EXPECT_NO_THROW(demandUsable(options));
   const auto refused = [&](auto change) {
     BatchOptions changed = options;
