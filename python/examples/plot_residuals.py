@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
 """Plots where the row differences of a set lie in the left picture.   plot_residuals.py SET PLOT.png"""
+# mypy: disable-error-code=import
+# Debian's matplotlib comes without types.
 
 from __future__ import annotations
 

@@ -35,6 +35,7 @@ class Page:
 
 
 TRY = "scripts/packages --try runs it on a bare Debian"
+FRESH = "scripts/fresh_machine runs it on a bare Debian"
 LONG = "takes minutes"
 RINGS = "polarline simulate ring_320 set --quiet"
 # Two sets, a list and a store.
@@ -62,10 +63,10 @@ CAMCHAIN = "python3 $PROJECT/tests/documents/make_camchain.py pictures/calib.jso
 
 PAGES = {
     "README.md": Page(
-        BIG_DOTS + f"""{CAMCHAIN} calibration.yml
+        BIG_DOTS + FLEET + f"""{CAMCHAIN} calibration.yml
 polarline simulate misaligned_1280 demo/misaligned_1280 --quiet""",
-        (Held("scripts/fresh_machine"), Held("scripts/fresh_machine"), Usage(), Usage(), Held("tests/package/CheckPolarline.cmake"),
-         Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckConsumer.cmake")),
+        (Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckConsumer.cmake")),
+        {"scripts/demo": FRESH, "cmake --preset": FRESH, "scripts/test": FRESH},
         places={"polarline check demo/ring_640 --limit 'dy_means<=0.05'":  # As scripts/demo goes on.
                 "polarline check demo/ring_640 --limit 'dy_means<=0.05' --json ring_640.json; echo; "
                 "$BUILD/examples/truth_beside demo/ring_640 ring_640.json"}),
