@@ -65,7 +65,7 @@ PAGES = {
     "README.md": Page(
         BIG_DOTS + FLEET + f"""{CAMCHAIN} calibration.yml
 polarline simulate misaligned_1280 demo/misaligned_1280 --quiet""",
-        (Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckConsumer.cmake")),
+        (Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckPolarline.cmake"), Held("tests/package/CheckPolarline.cmake")),
         {"scripts/demo": FRESH, "cmake --preset": FRESH, "scripts/test": FRESH},
         places={"polarline check demo/ring_640 --limit 'dy_means<=0.05'":  # As scripts/demo goes on.
                 "polarline check demo/ring_640 --limit 'dy_means<=0.05' --json ring_640.json; echo; "
@@ -95,7 +95,7 @@ polarline simulate misaligned_1280 demo/misaligned_1280 --quiet""",
     "docs/fleet_page.md": Page(JUDGED.format("line_1") + "cp -r line_1 line_2"),
     "docs/store.md": Page(FLEET + WEEK, unanswered=("SELECT name, status, status_text FROM sets WHERE retry = 1",)),
     "docs/python.md": Page(
-        blocks=(Held("scripts/parts/try_wheel"),), programs=Held("tests/python/Documents_test.py")),
+        not_run={command: "scripts/packages --try runs it without a network" for command in ("python3 -m venv", "my_env/bin/pip")}, programs=Held("tests/python/Documents_test.py")),
     "docs/architecture.md": Page(blocks=(Held("exports/RunExports.cpp"),)),
     "docs/how_it_measures/causes.md": Page(blocks=(Held("tests/diagnose/causes"),)),
     "docs/how_it_measures/refined_centres.md": Page(
