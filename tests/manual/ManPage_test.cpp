@@ -47,4 +47,12 @@ TEST(ManPage, OfTheCommandRefersToEachSubcommand) {
               HasSubstr("\\fBpolarline\\-draw\\fR(1),\n\\fBpolarline\\-check\\fR(1)\n"));
 }
 
+TEST(ManPage, OfTheCommandHasTheExampleAndWhatStandsBelowIt) {
+  manual::Command polarline;
+  polarline.name = "polarline";
+  polarline.footer = "Example:\n  polarline draw\n\nThe guide lies there.";
+  EXPECT_THAT(manual::mainPage(polarline, "1.2.3"),
+              HasSubstr(".SH EXAMPLE\n.nf\n  polarline draw\n\nThe guide lies there.\n.fi\n.SH EXIT STATUS\n"));
+}
+
 }  // namespace

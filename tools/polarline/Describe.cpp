@@ -10,7 +10,9 @@ std::vector<Subcommand> describe(CLI::App& polarline) {
   polarline.set_version_flag("--version", PLP_VERSION);
   polarline.footer(
       "Example:\n  polarline simulate ring_320 try_it\n  polarline check try_it\n\n"
-      "'polarline SUBCOMMAND --help' tells each one's options, with an example.");
+      "'polarline SUBCOMMAND --help' tells each one's options, with an example.\n"
+      "The guide leads from pictures to a decision: /usr/share/doc/polarline-doc/html/index.html where the package\n"
+      "polarline-doc is, docs/guide/README.md in the sources.");
   return addSubcommands(polarline);
 }
 

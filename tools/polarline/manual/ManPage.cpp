@@ -75,7 +75,7 @@ std::string mainPage(const Command& polarline, const std::string& version) {
   std::string text = beginning(polarline.name, polarline, version);
   text += ".SH SUBCOMMANDS\n";
   for (const Command& each : polarline.subcommands) text += entry(each.name, each.description);
-  text += arguments(polarline) + exitCodes() + ".SH SEE ALSO\n";
+  text += arguments(polarline) + example(polarline.footer) + exitCodes() + ".SH SEE ALSO\n";
   std::string pages;
   for (const Command& each : polarline.subcommands)
     pages += (pages.empty() ? "" : ",\n") + fmt::format(R"(\fBpolarline\-{}\fR(1))", roff(each.name));
