@@ -236,7 +236,12 @@ def _to_pandas(self: Check, *, points: bool = False) -> Any:
     ImportError
         Where pandas is not installed.
     """
-    pandas = importlib.import_module("pandas")
+    try:
+        pandas = importlib.import_module("pandas")
+    except ModuleNotFoundError as error:
+        if error.name != "pandas":
+            raise
+        raise ImportError("to_pandas needs pandas: sudo apt install python3-pandas", name="pandas") from None
     if points:
         frames = [pandas.DataFrame({"pair": pair.index, **{name: getattr(pair.points, name) for name in _COLUMNS}})
                   for pair in self.pairs]

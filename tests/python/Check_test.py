@@ -3,6 +3,7 @@
 import gc
 import json
 import math
+import sys
 
 import numpy as np
 import pytest
@@ -178,6 +179,12 @@ def test_table_has_a_row_a_pair(checked):
     dots = checked.to_pandas(points=True)
     assert len(dots) == sum(len(pair.points) for pair in checked.pairs)
     np.testing.assert_array_equal(dots[dots["pair"] == 1]["dy"], checked.pairs[1].points.dy)
+
+
+def test_table_without_pandas_says_what_to_install(checked, monkeypatch):
+    monkeypatch.setitem(sys.modules, "pandas", None)
+    with pytest.raises(ImportError, match="apt install python3-pandas"):
+        checked.to_pandas()
 
 
 def test_table_of_pairs_without_figures_has_the_same_columns(checked, ring):
