@@ -53,7 +53,7 @@ MergeResult merge(const std::vector<std::string>& stores, const std::string& res
     for (const fs::path& folder : folders) StoreMerge(*database, writer, folder).run({}, again);
   }
   result.sets = static_cast<std::size_t>(database->integer("SELECT count(*) FROM sets"));
-  database->run("PRAGMA optimize; PRAGMA wal_checkpoint(TRUNCATE)");
+  finishWriting(*database);
   return result;
 }
 

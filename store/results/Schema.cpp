@@ -106,6 +106,14 @@ std::unique_ptr<sqlite::Database> openResultsToWrite(const std::string& path) {
   return database;
 }
 
+void finishWriting(const sqlite::Database& database) {
+  // By itself it reads first and writes then, and SQLite waits for no other writer that late.
+  sqlite::Transaction transaction(database);
+  database.run("PRAGMA optimize");
+  transaction.commit();
+  database.run("PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
 std::unique_ptr<sqlite::Database> openResultsToRead(const std::string& path) {
   std::error_code failure;
   if (!std::filesystem::is_regular_file(path, failure))

@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "polarline/errors.h"
@@ -152,6 +155,26 @@ TEST_F(SchemaFixedFolder, IsNotReadWithoutWhatStandsInItsLog) {
 
 TEST_F(Schema, SaysThatAFolderThatIsNotThereCantBeWritten) {
   EXPECT_THROW(openResultsToWrite(results.path() + "/none/r.sqlite"), polarline::OutputError);
+}
+
+TEST_F(Schema, IsFinishedBesideAnotherWriter) {
+  const auto database = openResultsToWrite(results.path());
+  database->run(
+      "WITH RECURSIVE n(k) AS (SELECT 1 UNION ALL SELECT k + 1 FROM n WHERE k < 1000) "
+      "INSERT INTO stores(path) SELECT 'store ' || k FROM n");
+  database->integer("SELECT count(*) FROM documents d JOIN stores s ON s.id = d.store WHERE s.path > 'store 5'");
+  const auto other = openResultsToWrite(results.path());
+  auto held = std::make_unique<sqlite::Transaction>(*other);
+  other->run("INSERT INTO stores(path) VALUES ('another')");
+  std::thread release([&held] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    held->commit();
+  });
+  EXPECT_NO_THROW(polarline::results::finishWriting(*database));
+  release.join();
+  EXPECT_EQ(database->integer("SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_stat1'"), 1)
+      << "there was something to tell";
+  EXPECT_EQ(std::filesystem::file_size(results.path() + "-wal"), 0U);
 }
 
 }  // namespace
