@@ -11,7 +11,7 @@ std::vector<Subcommand> describe(CLI::App& polarline) {
   polarline.footer(
       "Example:\n  polarline simulate ring_320 try_it\n  polarline check try_it\n\n"
       "'polarline SUBCOMMAND --help' tells each one's options, with an example.\n"
-      "The guide leads from pictures to a decision: /usr/share/doc/polarline-doc/html/index.html where the package\n"
+      "The guide leads from pictures to a decision: index.html of /usr/share/doc/polarline-doc/html where the package\n"
       "polarline-doc is, docs/guide/README.md in the sources.");
   return addSubcommands(polarline);
 }
