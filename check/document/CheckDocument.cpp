@@ -6,14 +6,13 @@
 #include "check/document/JsonText.h"
 #include "check/document/OutcomePart.h"
 #include "check/document/PairPart.h"
+#include "check/document/ToolPart.h"
 #include "polarline/check.h"
 
 namespace polarline {
 namespace {
 
 constexpr const char* kSchema = "polarline-check/1";
-constexpr const char* kToolVersion = PLP_VERSION;
-constexpr const char* kLibrary = "PolarLinePrecision 1.3.3";
 
 }  // namespace
 
@@ -21,8 +20,9 @@ constexpr const char* kLibrary = "PolarLinePrecision 1.3.3";
 class CheckDocument::Writer {
  public:
   explicit Writer(Sink sink) : sink_(std::move(sink)) {
-    json_.object().member("schema", kSchema).key("tool").object().member("name", "polarline");
-    json_.member("version", kToolVersion).member("library", kLibrary).end().key("pairs").array();
+    json_.object().member("schema", kSchema);
+    writeToolAndLibrary(json_);
+    json_.key("pairs").array();
   }
   void add(const PairCheck& pair) {
     writePair(json_, pair);

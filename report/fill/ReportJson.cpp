@@ -1,6 +1,7 @@
 #include <string>
 
 #include "check/document/JsonText.h"
+#include "check/document/ToolPart.h"
 #include "polarline/report.h"
 
 namespace polarline {
@@ -8,7 +9,7 @@ namespace polarline {
 std::string reportJson(const ReportResult& result) {
   JsonText json;
   json.object().member("schema", "polarline-report/1");
-  json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION).end();
+  writeTool(json);
   json.member("page", result.page).member("bytes", result.bytes);
   json.list("worst", result.worst).list("without_page", result.without_page);
   json.list("warnings", result.warnings).end();

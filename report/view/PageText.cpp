@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "check/document/JsonText.h"
+#include "check/document/ToolPart.h"
 #include "report/measure/Comparing.h"
 #include "report/view/NameTexts.h"
 #include "report/words/ComparisonWords.h"
@@ -72,8 +73,7 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
 std::string pageText(std::vector<CheckView> views, const std::string& made, const std::string& command) {
   JsonText json(JsonText::Form::kShort);
   json.object().member("schema", "polarline-page/1").member("made", made).member("command", command);
-  json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION);
-  json.member("library", "PolarLinePrecision " PLP_VERSION).end();
+  writeToolAndLibrary(json);
   json.key("explanations").raw(nameTexts());
   json.key("checks").array();
   for (CheckView& view : views) {

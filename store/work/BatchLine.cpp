@@ -3,6 +3,7 @@
 #include <string>
 
 #include "check/document/JsonText.h"
+#include "check/document/ToolPart.h"
 #include "polarline/batch.h"
 
 namespace polarline {
@@ -22,7 +23,7 @@ std::string batchLine(const BatchResult& result) {
 std::string batchJson(const BatchOutcome& outcome) {
   JsonText json;
   json.object().member("schema", "polarline-batch-outcome/1");
-  json.key("tool").object().member("name", "polarline").member("version", PLP_VERSION).end();
+  writeTool(json);
   json.member("sets", outcome.sets).member("judged", outcome.judged);
   json.member("there", outcome.there).member("failed", outcome.failed);
   json.member("exit_code", outcome.exit_code).end();
