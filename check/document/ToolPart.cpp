@@ -11,8 +11,6 @@ JsonText& beginTool(JsonText& json) {
 
 void writeTool(JsonText& json) { beginTool(json).end(); }
 
-void writeToolAndLibrary(JsonText& json) {
-  beginTool(json).member("library", "PolarLinePrecision " PLP_VERSION).end();
-}
+void writeToolAndLibrary(JsonText& json) { beginTool(json).member("library", "PolarLinePrecision " PLP_VERSION).end(); }
 
 }  // namespace polarline

@@ -12,13 +12,20 @@
 namespace command {
 namespace {
 
-/// Of an option that `polarline` itself does not have CLI11 tells only that a subcommand is wanted.
-void demandOption(const CLI::App& app, const std::string& word) {
-  std::vector<std::string> names;
+/// With their hyphens, the long ones first.
+std::vector<std::string> optionNames(const CLI::App& app) {
+  std::vector<std::string> names, short_names;
   for (const CLI::Option* option : app.get_options()) {
     for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-    for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+    for (const std::string& name : option->get_snames()) short_names.push_back("-" + name);
   }
+  names.insert(names.end(), short_names.begin(), short_names.end());
+  return names;
+}
+
+/// Of an option that `polarline` itself does not have CLI11 tells only that a subcommand is wanted.
+void demandOption(const CLI::App& app, const std::string& word) {
+  const std::vector<std::string> names = optionNames(app);
   const std::string name = word.substr(0, word.find('='));
   if (std::ranges::count(names, name) != 0) return;
   throw polarline::InputError("'" + word + "'", "is no option of polarline itself" +
@@ -52,10 +59,7 @@ void demandValues(const std::vector<std::string>& words) {
 
 /// Of options that the subcommand does not have those that were probably meant.
 std::string optionsNear(const CLI::App& app, const std::vector<std::string>& words) {
-  std::vector<std::string> names;
-  for (const CLI::Option* option : app.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-  }
+  const std::vector<std::string> names = optionNames(app);
   for (const std::string& word : words) {
     const std::string name = word.substr(0, word.find('='));
     if (name.starts_with("--") && name != "--" && std::ranges::count(names, name) == 0)

@@ -29,8 +29,9 @@ int listed(const ResultOptions& result) {
 
 void tellSimulated(const SimulateCommand& request, const polarline::SimulatedSet& set) {
   if (!request.result.quiet && request.result.json != "-") {
-    const std::string text = polarline::simulatedText(set);
-    sayLine(text.substr(0, text.size() - 1));
+    polarline::SimulatedSet shown = set;
+    for (std::string* name : {&shown.name, &shown.folder}) *name = terminal::onOneLine(*name);
+    say(polarline::simulatedText(shown));
   }
   if (!request.result.json.empty()) deliver(request.result.json, polarline::simulatedJson(set));
 }
