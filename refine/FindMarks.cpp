@@ -15,13 +15,13 @@ namespace {
 
 using polarline::DotState;
 
-constexpr std::size_t kSampledDots = 24;
+constexpr std::size_t kSampledDots = 16;
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
 constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
 constexpr double kBand = 2.5;           ///< Pixels on either side of an outline.
 constexpr double kOtherSize = 0.04;     ///< Of the radius.
-constexpr std::size_t kFewestPlain = 15;
+constexpr std::size_t kFewestPlain = 10;
 constexpr double kFaint = 0.35;  ///< Of the median strength of the marks' edges: no mark below,
 constexpr double kPlain = 0.7;   ///< a plain dot not below.
 

@@ -6,14 +6,17 @@
 
 #include "platform/Median.h"
 #include "refine/board/SpreadChoice.h"
+#include "refine/edge/RoundBlur.h"
+#include "refine/edge/SampledBlur.h"
 
 namespace refine {
 namespace {
 
 using polarline::DotState;
 
-/// Marks that tell noise, light and blur of the picture.
-constexpr std::size_t kSampledMarks = 32;
+/// Marks that tell noise, light and blur of the picture; of large ones, above this radius in pixels, fewer do.
+constexpr std::size_t kSampledMarks = 32, kSampledLarge = 16;
+constexpr double kLarge = 8.0;
 constexpr double kClippedShare = 0.1;
 constexpr double kNeighbouredShare = 0.4;
 constexpr double kCoveredShare = 0.04;
@@ -21,6 +24,8 @@ constexpr int kFewestOutliers = 2;
 constexpr double kUnclear = 0.3;         ///< Standard deviation of the centre, pixels.
 constexpr double kSmallestFitted = 1.5;  ///< Radius, pixels.
 constexpr double kFarthest = 0.35;       ///< From the given place, of the radius; and a pixel.
+/// Radius from which on an edge is as good as straight, in standard deviations of its blur.
+constexpr double kStraight = 12.0;
 /// From an outline on, in standard deviations of its blur and its neighbour's.
 constexpr double kNear = kEdgeReach + 3.0;
 
@@ -91,7 +96,7 @@ void fetchEdge(const GreyPicture& picture, const DotWork& dot) {
   if (!dot.outline) return;
   const Outline& outline = dot.bestOutline();
   const double reach = kEdgeReach * dot.blur + 1.0;
-  picture.fetch(outline.centre, outline.halfBox() + cv::Point2d(reach, reach));
+  picture.fetch(outline.centre, outline.halfBox() + cv::Point2d(reach, reach), takenRows(outline, dot.blur));
 }
 
 /// Why the pixels do not do for a fit; `kRefined` where they do.
@@ -183,8 +188,28 @@ std::vector<std::size_t> sampleOf(const std::vector<DotWork>& dots) {
   for (std::size_t k = 0; k < dots.size(); ++k) {
     if (dots[k].outline) found.push_back(k);
   }
-  for (const std::size_t k : spreadChoice(found.size(), kSampledMarks)) sample.push_back(found[k]);
+  const bool is_large = !found.empty() && dots[found[found.size() / 2]].outline->radius() > kLarge;
+  for (const std::size_t k : spreadChoice(found.size(), is_large ? kSampledLarge : kSampledMarks))
+    sample.push_back(found[k]);
   return sample;
+}
+
+/// Fits the marks with that beside their edges; how well they then meet the picture.
+double misfitWith(const std::optional<EdgeDeparture>& beside, const GreyPicture& picture, PictureState known,
+                  const std::vector<std::size_t>& sample, std::vector<DotWork>& dots) {
+  known.beside = beside;
+  known.pixels = PixelChoice::kWhatTells;
+  fitMarks(picture, known, sample, dots);
+  return misfitOf(dots);
+}
+
+/// What the edges have beside smooth ones, whether a lens blurred them or a filter behind the pixels: what leaves less.
+std::optional<EdgeDeparture> edgesBeside(const GreyPicture& picture, const Greys& greys, const PictureState& known,
+                                         const std::vector<std::size_t>& sample, std::vector<DotWork>& dots) {
+  std::optional<EdgeDeparture> of_lens, of_filter = sampledBlur(greys.blur, greys.radius);
+  if (greys.radius < kStraight * greys.blur) of_lens = roundBlur(greys.blur, greys.radius);
+  const double with_lens = misfitWith(of_lens, picture, known, sample, dots);
+  return misfitWith(of_filter, picture, known, sample, dots) < with_lens ? of_filter : of_lens;
 }
 
 }  // namespace
@@ -194,7 +219,7 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
   const Sorted sorted(dots);
   EdgeFitting work;
   work.noise = known.noise;
-  work.sampled = known.sampled ? &*known.sampled : nullptr;
+  work.beside = known.beside ? &*known.beside : nullptr;
   std::vector<Neighbour> neighbours;
   for (std::size_t next = 0; next < which.size(); ++next) {
     const std::size_t k = which[next];
@@ -220,15 +245,11 @@ PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots
   known.noise = noiseOf(picture, greys, dots);
   known.ink_by_paper = greys.ink / greys.paper;
   known.blur = greys.blur;
-  // Only with the light's slope taken out the paper's residuals are the noise.
+  known.beside = edgesBeside(picture, greys, known, sample, dots);
+  // Only with the light's slope and the edges' tails taken out the residuals beside the edges are the noise.
   fitMarks(picture, known, sample, dots);
-  const NoiseLevel noise = noiseOf(picture, greysOf(dots), dots);
-  const double misfit_of_lens = misfitOf(dots);
-  known.sampled.emplace(greys.blur, greys.radius);
+  known.noise = noiseOf(picture, greysOf(dots), dots);
   known.pixels = PixelChoice::kWhatTells;
-  fitMarks(picture, known, sample, dots);
-  if (misfitOf(dots) >= misfit_of_lens) known.sampled.reset();
-  known.noise = noise;
   return known;
 }
 

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "refine/DotWork.h"
+#include "refine/edge/EdgeDeparture.h"
 #include "refine/edge/EdgePixels.h"
 #include "refine/edge/LightField.h"
 #include "refine/edge/NoiseLevel.h"
-#include "refine/edge/SampledBlur.h"
 #include "refine/picture/GreyPicture.h"
 
 namespace refine {
@@ -15,8 +15,8 @@ namespace refine {
 /// What is known of the whole picture before its marks are fitted.
 struct PictureState {
   std::optional<NoiseLevel> noise;
-  std::optional<SampledBlur> sampled;  ///< Where the picture is blurred behind its pixels.
-  PixelChoice pixels = PixelChoice::kAll;
+  std::optional<EdgeDeparture> beside;  ///< What its edges have beside a smooth one.
+  PixelChoice pixels = PixelChoice::kFlatToo;
   LightField light;
   double ink_by_paper = 1.0;  ///< Grey of the ink as a share of the paper's; 1: unknown.
   double blur = 0.0;          ///< Of the edges, pixels; 0: unknown.

@@ -191,9 +191,7 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   std::iota(all.begin(), all.end(), std::size_t{0});
   fitMarks(grey, known, all, dots);
   fitMarks(grey, known, findUnlikeMarks(grey, look, dots), dots);
-  // A part of what the model misses is alike on opposite sides of a dot and does not move its centre. The root is what
-  // rendered pictures of all kinds bear out, not derived.
-  const double misfit = std::sqrt(misfitOf(dots));
+  const double misfit = misfitOf(dots);
   RefinedPicture result;
   result.pose = correctPerspective(grey, known, camera, dots);
   result.dots.reserve(dots.size());

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <opencv2/imgproc.hpp>
+#include <vector>
 
 namespace {
 
@@ -51,6 +52,20 @@ int flatRange(const cv::Mat& ranges) {
   int range = 0;
   while (range < kGreys - 1 && (below += count.at(static_cast<std::size_t>(range))) < wanted) ++range;
   return range + (range + 1) / 2;
+}
+
+/// Of a large picture bands of rows, spread over it: they have more than enough of flat places.
+cv::Mat bandsOf(const cv::Mat& picture) {
+  constexpr std::size_t kEnough = 1U << 21U;  // Pixels.
+  constexpr int kBand = 32;
+  const int every = static_cast<int>(picture.total() / kEnough);
+  if (every < 2) return picture;
+  std::vector<cv::Mat> bands;
+  for (int row = 0; row + kBand <= picture.rows; row += every * kBand)
+    bands.push_back(picture.rowRange(row, row + kBand));
+  cv::Mat together;
+  cv::vconcat(bands, together);
+  return together;
 }
 
 Bins binsOf(const cv::Mat& picture) {
@@ -102,7 +117,7 @@ PictureNoise estimateNoise(const cv::Mat& picture) {
   double grey_squares = 0.0;
   double variances = 0.0;
   double products = 0.0;
-  for (const Bin& bin : binsOf(picture)) {
+  for (const Bin& bin : binsOf(bandsOf(picture))) {
     if (bin.count < kLeastPlaces) continue;
     const double grey = bin.greys / bin.count;
     places += bin.count;
@@ -122,27 +137,23 @@ PictureNoise estimateNoise(const cv::Mat& picture) {
 
 cv::Mat withMoreNoise(const cv::Mat& picture, const PictureNoise& noise, SeededRandom& random) {
   static const NormalTable kNormal;
-  constexpr int kDraws = 5;  // Of one number of 64 bits.
+  constexpr std::size_t kDraws = 5;  // Of one number of 64 bits.
   constexpr std::uint64_t kMask = (std::uint64_t{1} << NormalTable::kBits) - 1;
   std::array<float, kGreys> deviation{};
   for (int grey = 0; grey < kGreys; ++grey) {
     deviation.at(static_cast<std::size_t>(grey)) =
         static_cast<float>(std::sqrt(std::max(0.0, noise.varianceAt(grey) - kRounding)));
   }
+  const cv::Mat whole = picture.isContinuous() ? picture : picture.clone();
   cv::Mat noisy(picture.size(), CV_8UC1);
-  std::uint64_t bits = 0;
-  int left = 0;
-  for (int y = 0; y < picture.rows; ++y) {
-    const auto* const from = picture.ptr<std::uint8_t>(y);
-    auto* const to = noisy.ptr<std::uint8_t>(y);
-    for (int x = 0; x < picture.cols; ++x) {
-      if (left-- == 0) {
-        bits = random.bits();
-        left = kDraws - 1;
-      }
-      to[x] = cv::saturate_cast<std::uint8_t>(static_cast<float>(from[x]) + deviation[from[x]] * kNormal[bits & kMask]);
-      bits >>= NormalTable::kBits;
-    }
+  const auto* from = whole.ptr<std::uint8_t>();
+  auto* to = noisy.ptr<std::uint8_t>();
+  for (std::size_t left = noisy.total(); left > 0;) {
+    std::uint64_t bits = random.bits();
+    const std::size_t draws = std::min(left, kDraws);
+    for (std::size_t k = 0; k < draws; ++k, ++from, ++to, bits >>= NormalTable::kBits)
+      *to = cv::saturate_cast<std::uint8_t>(static_cast<float>(*from) + deviation[*from] * kNormal[bits & kMask]);
+    left -= draws;
   }
   return noisy;
 }

@@ -3,10 +3,10 @@
 #include <optional>
 #include <vector>
 
+#include "refine/edge/EdgeDeparture.h"
 #include "refine/edge/EdgeModel.h"
 #include "refine/edge/EdgeTable.h"
 #include "refine/edge/NoiseLevel.h"
-#include "refine/edge/SampledBlur.h"
 
 namespace refine {
 
@@ -28,10 +28,10 @@ struct EdgeFit {
 
 /// What a fit starts from and works in.
 struct EdgeFitting {
-  std::optional<NoiseLevel> noise;       ///< None: the scale is that of the median residual on the edge (Huber 1981).
-  const SampledBlur* sampled = nullptr;  ///< Of a picture that is blurred behind its pixels.
-  EdgeTable table;                       ///< The pixels.
-  EdgeTable some;                        ///< Some of them, for the first step.
+  std::optional<NoiseLevel> noise;        ///< None: the scale is that of the median residual on the edge (Huber 1981).
+  const EdgeDeparture* beside = nullptr;  ///< What the edges of the picture have beside the smooth one.
+  EdgeTable table;                        ///< The pixels.
+  EdgeTable some;                         ///< Some of them, for the first step.
   Eigen::ArrayXf residuals, weights, weighted;
   Eigen::ArrayX3f zones;  ///< Squared residuals on the edges, and beside them brighter and darker than their middle.
   std::vector<float> sorted;

@@ -14,9 +14,10 @@ namespace {
 
 /// Beyond the edge's reach, so that there is flat paper and ink to compare with.
 constexpr double kFlatPixels = 0.6;
-constexpr int kFlatOf = 4, kFlatOfLarge = 8;
-/// Of large marks every second pixel on the edge is left out where more than this would stay, in a chequered pattern.
-constexpr double kEnoughOnEdge = 90.0;
+constexpr int kFlatOf = 4;
+/// Pixels on the edges of a large mark, of which every fourth row is taken.
+constexpr double kLargeEdge = 180.0;
+constexpr int kRowsOfLarge = 4;
 /// A neighbour's edge changes the grey by less than a thousandth beyond this, in standard deviations.
 constexpr double kClear = 3.0;
 
@@ -52,17 +53,6 @@ std::vector<Obstacle> obstaclesOf(const std::vector<Neighbour>& neighbours, cons
 /// The first column from here on that belongs to every n-th pixel, spread evenly; n is a power of two.
 int firstOf(int n, int column, int row) { return column + ((-column - n / 2 * row) & (n - 1)); }
 
-/// Every how many-th pixel is taken.
-struct Share {
-  int on_edge = 1, flat = 1;
-};
-
-Share shareOf(const EdgeModel& model, PixelChoice choice) {
-  if (choice == PixelChoice::kAll) return {};
-  const double on_edge = 2.0 * std::numbers::pi * model.outline.radius() * 2.0 * kOnEdge * model.blur;
-  return on_edge > 2.0 * kEnoughOnEdge ? Share{2, kFlatOfLarge} : Share{1, kFlatOf};
-}
-
 /// Puts the pixels of one mark into the table.
 template <typename Pixel>
 class Collector {
@@ -70,13 +60,15 @@ class Collector {
   Collector(const GreyPicture& picture, const std::vector<Obstacle>& obstacles, EdgeTable& table)
       : picture_(&picture), obstacles_(&obstacles), table_(&table), end_(static_cast<float>(picture.range)) {}
 
-  EdgeCounts collect(const EdgeZones& zones, const Share& share) {
+  /// Of every so many-th row, counted from the picture's first, and there of every so many-th flat pixel.
+  EdgeCounts collect(const EdgeZones& zones, int rows, int flat) {
     std::array<EdgeRun, EdgeZones::kMostRuns> runs;
-    for (int row = zones.firstRow(); row <= zones.lastRow(); ++row) {
+    const int first = zones.firstRow();
+    for (int row = first + (rows - first % rows) % rows; row <= zones.lastRow(); row += rows) {
       const std::size_t count = zones.runsOf(row, runs);
-      for (std::size_t k = 0; k < count; ++k) addRun(row, runs[k], runs[k].on_edge ? share.on_edge : share.flat);
+      for (std::size_t k = 0; k < count; ++k) addRun(row, runs[k], runs[k].on_edge ? 1 : flat);
     }
-    return counts_;
+    return {rows * counts_.on_edge, rows * counts_.neighboured, rows * counts_.clipped};
   }
 
  private:
@@ -116,9 +108,9 @@ class Collector {
       }
     }
     if (!run.on_edge) return;
-    counts_.on_edge += n * taken;
-    counts_.clipped += n * clipped;
-    counts_.neighboured += n * hidden;
+    counts_.on_edge += taken;
+    counts_.clipped += clipped;
+    counts_.neighboured += hidden;
   }
 
   bool isClipped(int row, int column, float grey) const {
@@ -135,17 +127,25 @@ class Collector {
 
 }  // namespace
 
+int takenRows(const Outline& outline, double blur) {
+  const double on_edge = 2.0 * std::numbers::pi * outline.radius() * 2.0 * kOnEdge * blur;
+  return on_edge > kLargeEdge ? kRowsOfLarge : 1;
+}
+
 EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,
                              const std::vector<Neighbour>& neighbours, PixelChoice choice, EdgeTable& table) {
   const cv::Point2d& centre = model.outline.centre;
   const double reach = kEdgeReach * model.blur + kFlatPixels;
   const auto obstacles = obstaclesOf(neighbours, centre, model.outline.halfBox() + cv::Point2d(reach, reach));
   const EdgeZones zones(model, reach, kOnEdge * model.blur);
-  const Share share = shareOf(model, choice);
+  const int rows = takenRows(model.outline, model.blur), flat = choice == PixelChoice::kFlatToo ? 1 : kFlatOf;
   table.clear({static_cast<int>(centre.x), static_cast<int>(centre.y)});
-  if (picture.grey.depth() == CV_8U) return Collector<std::uint8_t>(picture, obstacles, table).collect(zones, share);
-  if (picture.grey.depth() == CV_16U) return Collector<std::uint16_t>(picture, obstacles, table).collect(zones, share);
-  return Collector<float>(picture, obstacles, table).collect(zones, share);
+  const auto collected = [&]<typename Pixel>(Pixel) {
+    return Collector<Pixel>(picture, obstacles, table).collect(zones, rows, flat);
+  };
+  if (picture.grey.depth() == CV_8U) return collected(std::uint8_t{});
+  if (picture.grey.depth() == CV_16U) return collected(std::uint16_t{});
+  return collected(float{});
 }
 
 }  // namespace refine

@@ -26,9 +26,13 @@ inline constexpr double kEdgeReach = 2.6;
 /// Pixels this near, in the same, hold nearly all that is known of its place.
 inline constexpr double kOnEdge = 1.5;
 
-/// How many of the pixels are taken. Flat paper and ink tell nothing of the centre, so that some of them do, and the
-/// edge of a large mark tells more than is asked for.
-enum class PixelChoice { kAll, kWhatTells };
+/// How many of the pixels are taken. Flat paper and ink tell their greys and the noise, but nothing of the centre, so
+/// that some of them do.
+enum class PixelChoice { kFlatToo, kWhatTells };
+
+/// Of a mark every so many-th row of the picture is taken, counted from the picture's first: the edge of a large one
+/// tells more than is asked for, and rows that nobody reads need not be fetched from memory.
+int takenRows(const Outline& outline, double blur);
 
 /// Puts the pixels around a mark's edges into the table, without those that a neighbour's edge changes.
 EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,

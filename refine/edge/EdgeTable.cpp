@@ -121,7 +121,7 @@ void EdgeTable::placePixels(const EdgeModel& model) {
            along_.data(), light_.data());
 }
 
-void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const SampledBlur* sampled) {
+void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const EdgeDeparture* beside) {
   const auto ox = static_cast<float>(model.offset[edge].x), oy = static_cast<float>(model.offset[edge].y);
   const auto ratio = static_cast<float>(model.ratio[edge]), by_blur = static_cast<float>(1.0 / model.blur);
   const float sign = edge % 2 == 0 ? 1.0F : -1.0F;
@@ -130,7 +130,7 @@ void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const SampledB
   auto away = away_.head(n), share = share_.head(n), bell = bell_.head(n), nearest = distance_.head(n);
   away = along_.head(n) - ox * nx - oy * ny - ratio * reach;
   blurAll(n, by_blur, away_.data(), share_.data(), bell_.data());
-  if (sampled != nullptr) sampled->addDepartures(n, away_.data(), nx_.data(), ny_.data(), share_.data());
+  if (beside != nullptr) beside->addDepartures(n, away_.data(), nx_.data(), ny_.data(), share_.data());
   bell *= sign;
   covered_.head(n) += sign * share;
   by_along_.head(n) -= bell;
@@ -162,10 +162,10 @@ void EdgeTable::formSlopes(const EdgeModel& model) {
   slopes_.middleRows(n, kSpare).setZero();
 }
 
-void EdgeTable::evaluate(const EdgeModel& model, const SampledBlur* sampled) {
+void EdgeTable::evaluate(const EdgeModel& model, const EdgeDeparture* beside) {
   placePixels(model);
   for (Column* column : {&covered_, &by_along_, &by_reach_, &by_blur_}) column->head(size_).setZero();
-  for (std::size_t edge = 0; edge < model.edges; ++edge) addEdge(model, edge, sampled);
+  for (std::size_t edge = 0; edge < model.edges; ++edge) addEdge(model, edge, beside);
   formSlopes(model);
 }
 

@@ -2,8 +2,8 @@
 
 #include <Eigen/Core>
 
+#include "refine/edge/EdgeDeparture.h"
 #include "refine/edge/EdgeModel.h"
-#include "refine/edge/SampledBlur.h"
 
 namespace refine {
 
@@ -37,8 +37,8 @@ class EdgeTable {
   ///
   /// The edge of a circle much larger than its blur is that of a straight line, Phi(-t / s). The next term, of
   /// curvature, moves it by s^2 / (2 r) on all sides alike and so leaves the centre alone. Phi after Abramowitz and
-  /// Stegun 1964, 7.1.26, right to 1.5e-7. `sampled`: what a filter behind the pixels adds, or none.
-  void evaluate(const EdgeModel& model, const SampledBlur* sampled = nullptr);
+  /// Stegun 1964, 7.1.26, right to 1.5e-7. `beside`: what the edges have beside that, or none.
+  void evaluate(const EdgeModel& model, const EdgeDeparture* beside = nullptr);
   auto modelGrey() const { return model_.head(size_); }
   auto distance() const { return distance_.head(size_); }
   auto slopes(Eigen::Index unknowns) const { return slopes_.topLeftCorner(size_, unknowns); }
@@ -50,7 +50,7 @@ class EdgeTable {
 
   void grow();
   void placePixels(const EdgeModel& model);
-  void addEdge(const EdgeModel& model, std::size_t edge, const SampledBlur* sampled);
+  void addEdge(const EdgeModel& model, std::size_t edge, const EdgeDeparture* beside);
   void formSlopes(const EdgeModel& model);
 
   cv::Point origin_;

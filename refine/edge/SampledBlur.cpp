@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
 
 namespace refine {
@@ -11,8 +12,6 @@ constexpr double kPixelVariance = 1.0 / 12.0;
 constexpr double kLeastVariance = 0.04;
 constexpr int kMostTaps = 12;
 constexpr double kReach = 4.0;  ///< Standard deviations.
-/// Of the unit normal's smaller part.
-constexpr float kLargest = 0.5F * std::numbers::sqrt2_v<float>;
 
 /// The sampled Gaussian, one half with the middle.
 struct Filter {
@@ -48,57 +47,42 @@ double shareOf(double t, double a, double b) {
   return std::clamp(area / (wide * high), 0.0, 1.0);
 }
 
-/// Share of ink of a pixel at (x, y) from the middle of a circle, filtered.
+/// Share of a unit square at (x, y) from the middle of a disc that the disc covers.
+double coveredShare(double x, double y, double radius) {
+  // Beyond half a diagonal from the edge no square is cut.
+  constexpr double kHalfDiagonal = 0.5 * std::numbers::sqrt2;
+  const double squared = x * x + y * y, least = std::max(radius - kHalfDiagonal, 0.0), most = radius + kHalfDiagonal;
+  if (squared >= most * most) return 0.0;
+  if (squared < least * least) return 1.0;
+  const double distance = std::max(std::sqrt(squared), 1e-9);
+  return shareOf(distance - radius, std::abs(x) / distance, std::abs(y) / distance);
+}
+
+/// Share of ink of a pixel at (x, y) from the middle of a disc, filtered.
 double filteredShare(double x, double y, double radius, const Filter& filter) {
   double sum = 0.0;
   for (int row = -filter.reach; row <= filter.reach; ++row) {
-    for (int column = -filter.reach; column <= filter.reach; ++column) {
-      const double dx = x + column, dy = y + row;
-      const double distance = std::max(std::sqrt(dx * dx + dy * dy), 1e-9);
-      const double share = shareOf(distance - radius, std::abs(dx) / distance, std::abs(dy) / distance);
-      sum += filter.at(row) * filter.at(column) * share;
-    }
+    double of_row = 0.0;
+    for (int column = -filter.reach; column <= filter.reach; ++column)
+      of_row += filter.at(column) * coveredShare(x + column, y + row, radius);
+    sum += filter.at(row) * of_row;
   }
   return sum;
 }
 
 }  // namespace
 
-SampledBlur::SampledBlur(double blur, double radius) {
+EdgeDeparture sampledBlur(double blur, double radius) {
   const Filter filter = filterOf(blur);
-  const double reach = kReach * blur, step = 2.0 * reach / static_cast<double>(kDistances - 1);
-  reach_ = static_cast<float>(reach);
-  by_step_ = static_cast<float>(1.0 / step);
-  for (std::size_t angle = 0; angle < kAngles; ++angle) {
-    const double small = static_cast<double>(kLargest) * static_cast<double>(angle) / static_cast<double>(kAngles - 1);
-    const double large = std::sqrt(1.0 - small * small);
-    for (std::size_t k = 0; k < kDistances; ++k) {
-      const double t = -reach + step * static_cast<double>(k);
-      const double smooth = 0.5 * std::erfc(t / blur / std::numbers::sqrt2);
-      const double from_middle = std::max(radius + t, 0.0);
-      shares_[angle][k] =
-          static_cast<float>(filteredShare(from_middle * large, from_middle * small, radius, filter) - smooth);
+  EdgeDeparture::Shares shares{};
+  for (std::size_t angle = 0; angle < EdgeDeparture::kAngles; ++angle) {
+    const double small = EdgeDeparture::smallerPartOf(angle), large = std::sqrt(1.0 - small * small);
+    for (std::size_t k = 0; k < EdgeDeparture::kDistances; ++k) {
+      const double from_middle = std::max(radius + EdgeDeparture::distanceOf(blur, k), 0.0);
+      shares[angle][k] = static_cast<float>(filteredShare(from_middle * large, from_middle * small, radius, filter));
     }
   }
-}
-
-float SampledBlur::departure(float t, float nx, float ny) const {
-  const float place = (t + reach_) * by_step_;
-  if (!(place >= 0.0F) || place >= static_cast<float>(kDistances - 1)) return 0.0F;
-  const float small = std::min(std::min(std::abs(nx), std::abs(ny)) / kLargest, 0.999999F);
-  const float turned = small * static_cast<float>(kAngles - 1);
-  const auto angle = static_cast<std::size_t>(turned), k = static_cast<std::size_t>(place);
-  const float across = turned - static_cast<float>(angle), along = place - static_cast<float>(k);
-  const auto& below = shares_[angle];
-  const auto& above = shares_[angle + 1];
-  const float first = below[k] + along * (below[k + 1] - below[k]);
-  const float second = above[k] + along * (above[k + 1] - above[k]);
-  return first + across * (second - first);
-}
-
-void SampledBlur::addDepartures(std::ptrdiff_t n, const float* t, const float* nx, const float* ny,
-                                float* shares) const {
-  for (std::ptrdiff_t i = 0; i < n; ++i) shares[i] += departure(t[i], nx[i], ny[i]);
+  return {blur, shares};
 }
 
 }  // namespace refine

@@ -68,13 +68,13 @@ void fetchLine(const std::uint8_t* at) {
 
 }  // namespace
 
-void GreyPicture::fetch(const cv::Point2d& centre, const cv::Point2d& half) const {
+void GreyPicture::fetch(const cv::Point2d& centre, const cv::Point2d& half, int rows) const {
   const cv::Rect box(cv::Point(cv::Point2d(centre.x - half.x, centre.y - half.y)),
                      cv::Point(cv::Point2d(centre.x + half.x + 1.0, centre.y + half.y + 1.0)));
   const cv::Rect inside = box & cv::Rect(cv::Point(), grey.size());
   if (inside.empty()) return;
   const auto size = static_cast<std::ptrdiff_t>(grey.elemSize1());
-  for (int row = inside.y; row < inside.y + inside.height; ++row) {
+  for (int row = (inside.y + rows - 1) / rows * rows; row < inside.y + inside.height; row += rows) {
     const auto* const first = grey.ptr<std::uint8_t>(row) + size * inside.x;
     const auto* const last = first + size * inside.width - 1;
     for (const auto* at = first; at < last; at += kCacheLine) fetchLine(at);

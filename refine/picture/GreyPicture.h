@@ -25,8 +25,9 @@ struct GreyPicture {
     return value <= 0.0F || value >= static_cast<float>(range);
   }
   /// Has a processor that can do so fetch the pixels of a box, cut to the picture, while it does something else: dots
-  /// lie far apart in memory, and to wait for each of their rows takes longer than to fit them.
-  void fetch(const cv::Point2d& centre, const cv::Point2d& half) const;
+  /// lie far apart in memory, and to wait for each of their rows takes longer than to fit them. `rows`: every so
+  /// many-th row, counted from the picture's first.
+  void fetch(const cv::Point2d& centre, const cv::Point2d& half, int rows = 1) const;
   /// Grey between the pixels, bilinear. Precondition: 0 <= x < columns - 1, 0 <= y < rows - 1.
   double between(double x, double y) const {
     const int column = static_cast<int>(x), row = static_cast<int>(y);

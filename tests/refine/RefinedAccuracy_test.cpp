@@ -38,7 +38,7 @@ class RefinedAccuracy : public ::testing::TestWithParam<std::string> {};
 TEST_P(RefinedAccuracy, StaysWithinTheBoundsKeptInTheRepository) {
   const nlohmann::json bound = bounds().at(GetParam());
   const scene::Scene scene = sceneOf(bound);
-  const accuracy::Sight sight = accuracy::sightOf(scene, 0, false);
+  const accuracy::Sight sight = accuracy::sightOf(scene, 0, false, bound.value("optical", false));
   const std::vector<DotPlace> places = accuracy::nearTruePlaces(sight, 0.3);
   const RefinedPicture picture = refineDots(sight.picture, places, accuracy::calibratedCamera(sight.camera));
   const auto centres = accuracy::refinedCentres(picture);

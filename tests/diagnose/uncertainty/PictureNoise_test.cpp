@@ -55,6 +55,17 @@ INSTANTIATE_TEST_SUITE_P(All, PictureNoiseEstimate,
                                          Noise{"low", 0.5, 0.002}),
                          [](const auto& tested) { return tested.param.name; });
 
+/// Of its bands, which hold as much of paper and discs as all of it.
+TEST(PictureNoise, OfALargePictureIsThatOfAPartOfIt) {
+  cv::Mat tiled;
+  cv::repeat(discs(), 10, 6, tiled);
+  const PictureNoise noise = estimateNoise(noisy(tiled, 0.6, 0.02));
+  for (const double grey : {60.0, 200.0}) {
+    const double truth = 0.6 + 0.02 * grey + kRounding;
+    EXPECT_NEAR(noise.varianceAt(grey), truth, 0.1 * truth) << grey;
+  }
+}
+
 TEST(PictureNoise, CleanPictureHasAlmostNone) { EXPECT_LT(estimateNoise(discs()).varianceAt(128), 0.1); }
 
 TEST(PictureNoise, PictureWithoutAFlatPlaceTellsNothing) {

@@ -27,7 +27,7 @@ Fitted fitted(const cv::Mat& picture, const EllipsePicture& drawing, std::size_t
   if (noise > 0.0) work.noise = refine::NoiseLevel{noise * noise + 1.0 / 12.0, 0.0, 0.01};
   Fitted result;
   result.counts =
-      refine::collectEdgePixels(refine::greyPictureOf(picture), start, {}, refine::PixelChoice::kAll, work.table);
+      refine::collectEdgePixels(refine::greyPictureOf(picture), start, {}, refine::PixelChoice::kFlatToo, work.table);
   result.fit = refine::fitEdge(start, work);
   return result;
 }

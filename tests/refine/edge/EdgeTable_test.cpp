@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "refine/edge/SampledBlur.h"
+
 namespace {
 
 using refine::EdgeModel;
@@ -108,7 +110,7 @@ TEST(EdgeTableGrey, HasWhatAFilterBehindThePixelsAddsAtEachEdge) {
   const EdgeModel model = ringModel();
   EdgeTable table = tableOf(model);
   const Eigen::ArrayXf smooth = table.modelGrey();
-  const refine::SampledBlur sampled(model.blur, 6.0);
+  const refine::EdgeDeparture sampled = refine::sampledBlur(model.blur, 6.0);
   table.evaluate(model, &sampled);
   for (Eigen::Index i = 0; i < table.size(); ++i) {
     const cv::Point pixel = table.pixel(i);

@@ -24,7 +24,7 @@ cv::Mat sampledThenBlurred(const cv::Point2d& centre, double radius, double sigm
   return covered;
 }
 
-TEST(SampledBlurDeparture, IsThatOfAFilterBehindThePixels) {
+TEST(SampledBlur, IsThatOfAFilterBehindThePixels) {
   const cv::Point2d centre(15.3, 14.8);
   const double radius = 6.0, sigma = 0.7, paper = 200.0, ink = 20.0;
   const cv::Mat covered = sampledThenBlurred(centre, radius, sigma, {30, 30});
@@ -46,7 +46,7 @@ TEST(SampledBlurDeparture, IsThatOfAFilterBehindThePixels) {
   };
   table.evaluate(model);
   const float before = rms(), moment_before = moment();
-  const refine::SampledBlur sampled(model.blur, radius);
+  const refine::EdgeDeparture sampled = refine::sampledBlur(model.blur, radius);
   table.evaluate(model, &sampled);
   EXPECT_LT(rms(), 0.6F * before);
   EXPECT_LT(moment(), 0.25F * moment_before);
@@ -54,9 +54,9 @@ TEST(SampledBlurDeparture, IsThatOfAFilterBehindThePixels) {
 
 /// Along a column of pixels a straight edge of the normal (1, 0) covers the same share of each: the filter down the
 /// column changes nothing, and across it adds up shares of whole pixels.
-TEST(SampledBlurDeparture, OfAStraightEdgeAlongTheColumnsIsThatOfTheAddedShares) {
+TEST(SampledBlur, OfAStraightEdgeAlongTheColumnsIsThatOfTheAddedShares) {
   const double sigma = 0.7, blur = std::sqrt(sigma * sigma + 1.0 / 12.0);
-  const refine::SampledBlur sampled(blur, 1e5);
+  const refine::EdgeDeparture sampled = refine::sampledBlur(blur, 1e5);
   double sum = 0.0;
   for (int k = -6; k <= 6; ++k) sum += std::exp(-0.5 * k * k / (sigma * sigma));
   for (const double t : {-1.3, -0.4, 0.0, 0.2, 0.9, 1.7}) {
@@ -69,12 +69,6 @@ TEST(SampledBlurDeparture, OfAStraightEdgeAlongTheColumnsIsThatOfTheAddedShares)
     EXPECT_NEAR(sampled.departure(static_cast<float>(t), 1.0F, 0.0F), share - smooth, 2e-3) << t;
     EXPECT_NEAR(sampled.departure(static_cast<float>(t), 0.0F, -1.0F), share - smooth, 2e-3) << t;
   }
-}
-
-TEST(SampledBlurDeparture, IsNoneFarFromTheEdge) {
-  const refine::SampledBlur sampled(0.8, 6.0);
-  EXPECT_EQ(sampled.departure(3.3F, 1.0F, 0.0F), 0.0F);
-  EXPECT_EQ(sampled.departure(-3.3F, 0.6F, 0.8F), 0.0F);
 }
 
 }  // namespace

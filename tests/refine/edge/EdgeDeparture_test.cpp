@@ -1,0 +1,54 @@
+#include "refine/edge/EdgeDeparture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using refine::EdgeDeparture;
+
+constexpr double kBlur = 0.8;
+
+double smooth(double t) { return 0.5 * std::erfc(t / kBlur / std::sqrt(2.0)); }
+
+/// Shares that are the smooth edge's, and more by what a function of the smaller part and the distance says.
+template <typename More>
+EdgeDeparture beside(const More& more) {
+  EdgeDeparture::Shares shares{};
+  for (std::size_t angle = 0; angle < EdgeDeparture::kAngles; ++angle) {
+    for (std::size_t k = 0; k < EdgeDeparture::kDistances; ++k) {
+      const double t = EdgeDeparture::distanceOf(kBlur, k);
+      shares[angle][k] = static_cast<float>(smooth(t) + more(EdgeDeparture::smallerPartOf(angle), t));
+    }
+  }
+  return {kBlur, shares};
+}
+
+TEST(EdgeDeparture, IsWhatSharesHaveBesideTheSmoothEdge) {
+  const EdgeDeparture departure = beside([](double small, double t) { return 0.01 * t + 0.02 * small; });
+  for (const float t : {-2.9F, -0.33F, 0.0F, 1.27F}) {
+    EXPECT_NEAR(departure.departure(t, 1.0F, 0.0F), 0.01F * t, 1e-6F) << t;
+    EXPECT_NEAR(departure.departure(t, -0.6F, 0.8F), 0.01F * t + 0.012F, 1e-6F) << t;
+    EXPECT_NEAR(departure.departure(t, 0.8F, -0.6F), 0.01F * t + 0.012F, 1e-6F) << t;
+  }
+}
+
+TEST(EdgeDeparture, IsNoneFarFromTheEdge) {
+  const EdgeDeparture departure = beside([](double, double) { return 0.1; });
+  EXPECT_NEAR(departure.departure(3.1F, 1.0F, 0.0F), 0.1F, 1e-6F);
+  EXPECT_EQ(departure.departure(3.3F, 1.0F, 0.0F), 0.0F);
+  EXPECT_EQ(departure.departure(-3.3F, 0.6F, 0.8F), 0.0F);
+}
+
+TEST(EdgeDeparture, IsAddedToTheSharesOfManyPlaces) {
+  const EdgeDeparture departure = beside([](double, double t) { return 0.03 * t; });
+  const std::array<float, 3> t{-1.0F, 0.5F, 9.0F}, nx{1.0F, 0.0F, 1.0F}, ny{0.0F, 1.0F, 0.0F};
+  std::array<float, 3> shares{0.9F, 0.3F, 0.0F};
+  departure.addDepartures(3, t.data(), nx.data(), ny.data(), shares.data());
+  EXPECT_NEAR(shares[0], 0.87F, 1e-6F);
+  EXPECT_NEAR(shares[1], 0.315F, 1e-6F);
+  EXPECT_EQ(shares[2], 0.0F);
+}
+
+}  // namespace
