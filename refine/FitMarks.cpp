@@ -174,10 +174,14 @@ NoiseLevel noiseOf(const GreyPicture& picture, const Greys& greys, const std::ve
   return noise;
 }
 
-LightField lightOf(const std::vector<DotWork>& dots) {
+/// By the brighter of paper and ink, as the noise hides the changes of the darker one.
+LightField lightOf(const std::vector<DotWork>& dots, const Greys& greys) {
+  const bool is_ink = greys.ink > greys.paper;
   std::vector<PaperGrey> papers;
   for (const DotWork& dot : dots) {
-    if (dot.refined()) papers.push_back({dot.place->pixel, dot.fit->model.paper});
+    if (!dot.refined()) continue;
+    const EdgeModel& model = dot.fit->model;
+    papers.push_back({dot.place->pixel, is_ink ? model.ink * greys.paper / greys.ink : model.paper});
   }
   return LightField(papers);
 }
@@ -241,7 +245,7 @@ PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots
   fitMarks(picture, known, sample, dots);
   const Greys greys = greysOf(dots);
   if (greys.marks == 0) return known;
-  known.light = lightOf(dots);
+  known.light = lightOf(dots, greys);
   known.noise = noiseOf(picture, greys, dots);
   known.ink_by_paper = greys.ink / greys.paper;
   known.blur = greys.blur;

@@ -56,14 +56,15 @@ TEST(EdgePixelsThatTell, AreAllOnASmallEdgeAndAQuarterOfTheFlatOnes) {
 TEST(EdgePixelsCollected, AreOfEveryFourthRowOfALargeMark) {
   refine::EdgeTable some;
   const auto grey = refine::greyPictureOf(cv::Mat(140, 140, CV_8U, cv::Scalar(100)));
-  const auto counts = refine::collectEdgePixels(grey, circle({70.0, 70.0}, 50.0), {}, PixelChoice::kWhatTells, some);
+  const auto counts = refine::collectEdgePixels(grey, circle({70.0, 71.3}, 50.0), {}, PixelChoice::kWhatTells, some);
   int on_edge = 0;
   for (Eigen::Index i = 0; i < some.size(); ++i) {
-    const double off = std::hypot(some.pixel(i).x - 70.0, some.pixel(i).y - 70.0) - 50.0;
+    const double off = std::hypot(some.pixel(i).x - 70.0, some.pixel(i).y - 71.3) - 50.0;
     on_edge += std::abs(off) < refine::kOnEdge * 0.8;
   }
   EXPECT_EQ(counts.on_edge, 4 * on_edge);
-  EXPECT_NEAR(counts.on_edge, 754.0, 30.0);  // A band of 2.4 pixels along 2 pi 50.
+  // A band of 2.4 pixels along 2 pi 50; how many rows touch it at its top and bottom is chance.
+  EXPECT_NEAR(counts.on_edge, 754.0, 80.0);
   for (Eigen::Index i = 0; i < some.size(); ++i) EXPECT_EQ(some.pixel(i).y % 4, 0);
 }
 
