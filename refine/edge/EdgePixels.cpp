@@ -15,9 +15,8 @@ namespace {
 /// Beyond the edge's reach, so that there is flat paper and ink to compare with.
 constexpr double kFlatPixels = 0.6;
 constexpr int kFlatOf = 4;
-/// Pixels on the edges of a large mark, of which every fourth row is taken.
-constexpr double kLargeEdge = 180.0;
-constexpr int kRowsOfLarge = 4;
+/// Pixels on the edge of a large mark, of which every third row is taken, and of a still larger one every fourth.
+constexpr double kLargeEdge = 180.0, kLargerEdge = 195.0;
 /// A neighbour's edge changes the grey by less than a thousandth beyond this, in standard deviations.
 constexpr double kClear = 3.0;
 
@@ -129,7 +128,8 @@ class Collector {
 
 int takenRows(const Outline& outline, double blur) {
   const double on_edge = 2.0 * std::numbers::pi * outline.radius() * 2.0 * kOnEdge * blur;
-  return on_edge > kLargeEdge ? kRowsOfLarge : 1;
+  if (on_edge > kLargerEdge) return 4;
+  return on_edge > kLargeEdge ? 3 : 1;
 }
 
 EdgeCounts collectEdgePixels(const GreyPicture& picture, const EdgeModel& model,
