@@ -15,8 +15,8 @@ namespace {
 constexpr int kSteps = 12;
 /// Pixels. The method's error falls to some hundredths with each step: what is left is some ten-thousandths.
 constexpr double kSettled = 0.02;
-/// Pixels that do for a first step.
-constexpr Eigen::Index kSome = 36;
+/// Pixels that do for a first step, and from how many on there is one.
+constexpr Eigen::Index kSome = 64, kMany = 72;
 constexpr double kLongestStep = 0.5;  ///< Pixels.
 constexpr float kStartOff = 0.15F;    ///< Pixels; what an outline may well be off by at first.
 constexpr double kSharpest = 0.2;     ///< Pixels; a pixel's own width blurs by 0.29.
@@ -249,9 +249,8 @@ cv::Matx22d covarianceOf(const Step& step, Eigen::Index unknowns) {
 
 /// A part of many pixels tells the most of the way to the first step's end.
 bool stepOnSome(EdgeFitting& work, EdgeModel& model) {
-  const Eigen::Index step = work.table.size() / kSome;
-  if (!work.noise || step < 2) return false;
-  work.some.takeEvery(step, work.table);
+  if (!work.noise || work.table.size() < kMany) return false;
+  work.some.takeEvery(std::max(work.table.size() / kSome, Eigen::Index{2}), work.table);
   return stepOn(work.some, true, work, model).has_value();
 }
 

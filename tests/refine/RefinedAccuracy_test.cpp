@@ -30,6 +30,7 @@ scene::Scene sceneOf(const nlohmann::json& bound) {
   options.pairs = 1;
   auto recipe = scene::presetRecipe(bound.at("preset").get<std::string>(), options).value();
   if (bound.contains("tilt")) recipe.poses = {scene::PoseWish{bound.at("tilt").get<double>(), 10.0, 3.0, 0.9}};
+  recipe.optics.supersampling = bound.value("samples", recipe.optics.supersampling);
   return scene::sceneOf(recipe);
 }
 

@@ -22,6 +22,7 @@ struct Settings {
   double noise = 0.8;
   double tilt = 0.0;  ///< Degrees about x; 0: as the preset has it.
   bool optical = false;
+  int samples = 0;  ///< Along a side of a pixel that an edge crosses; 0: as the preset has it.
   int repeats = 3;
 };
 
@@ -69,6 +70,7 @@ Row measured(const std::string& preset, const Settings& settings) {
   options.read_noise = settings.noise;
   auto recipe = scene::presetRecipe(preset, options).value();
   if (settings.tilt != 0.0) recipe.poses = {scene::PoseWish{settings.tilt, 10.0, 3.0, 0.9}};
+  if (settings.samples != 0) recipe.optics.supersampling = settings.samples;
   const scene::Scene scene = scene::sceneOf(recipe);
   Row row;
   for (std::size_t pose = 0; pose < scene.left_from_board.size(); ++pose) {
@@ -103,6 +105,8 @@ int main(int argc, char** argv) try {
   app.add_option("--noise", settings.noise, "Greys");
   app.add_option("--tilt", settings.tilt, "Degrees about x");
   app.add_flag("--optical", settings.optical, "Blur before the pixels");
+  app.add_option("--samples", settings.samples, "Along a side of a pixel that an edge crosses")
+      ->check(CLI::PositiveNumber);
   app.add_option("--repeat", settings.repeats, "Times are the least of so many runs")->check(CLI::PositiveNumber);
   CLI11_PARSE(app, argc, argv);
   if (settings.presets.empty())
