@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <mutex>
 #include <random>
@@ -35,6 +36,17 @@ struct Unfinished {
 Unfinished& unfinished() {
   static Unfinished all;
   return all;
+}
+
+/// Held by who writes results that belong together.
+struct Bundle {
+  std::recursive_timed_mutex mutex;
+  std::atomic<bool> is_written{false};
+};
+
+Bundle& bundle() {
+  static Bundle one;
+  return one;
 }
 
 std::string textOf(int error) { return std::generic_category().message(error); }
@@ -195,6 +207,19 @@ PartialFolder::PartialFolder(const fs::path& place) : path_(beside(withoutLastSe
 }
 
 PartialFolder::~PartialFolder() { removeAndForget(path_); }
+
+Together::Together() { bundle().mutex.lock(); }
+
+Together::~Together() {
+  bundle().is_written = true;
+  bundle().mutex.unlock();
+}
+
+bool endTogether() {
+  constexpr std::chrono::seconds kMost{2};
+  static_cast<void>(bundle().mutex.try_lock_for(kMost));  // Never unlocked.
+  return bundle().is_written;
+}
 
 void abandonAll() {
   unfinished().mutex.lock();  // Never unlocked: nothing may be written any more.

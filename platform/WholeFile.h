@@ -74,6 +74,19 @@ void forgetUnfinished(const std::filesystem::path& path);
 /// Has the system write down which files a folder holds, as far as it can.
 void syncFolder(const std::filesystem::path& folder);
 
+/// Results that belong together: who ends the process at a signal waits until all of them are written.
+class Together {
+ public:
+  Together();
+  Together(const Together&) = delete;
+  Together& operator=(const Together&) = delete;
+  ~Together();
+};
+
+/// Waits until nobody writes such results, two seconds at most, and keeps others from beginning: before `abandonAll`.
+/// Whether some were written to their end.
+bool endTogether();
+
 /// Removes whatever is being written at this moment and keeps every later writer waiting: the last call before a
 /// process ends at a signal, from any thread.
 void abandonAll();

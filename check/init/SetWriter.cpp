@@ -85,6 +85,7 @@ std::vector<std::string> writeInto(const fs::path& folder, const SetFiles& files
                                    const std::vector<ListedLine>& lines) {
   const whole_file::PartialFolder partial(folder / "set");
   std::vector<std::string> written = fill({partial.path(), folder}, files, lines);
+  const whole_file::Together together;
   std::error_code failure;
   for (const char* name : kSetNames) {
     if (!files.contains(name)) fs::remove(folder / name, failure);

@@ -16,6 +16,7 @@
 #include "platform/Files.h"
 #include "platform/Median.h"
 #include "platform/PlainNumber.h"
+#include "polar/results/PairStatus.h"
 #include "polarline/errors.h"
 
 namespace polarline {
@@ -63,8 +64,10 @@ void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const 
     warnings.push_back(
         warningOf("no_board_truth", "discalswitch or spaceRms_switch is on, and there is no board_gt.txt"));
   } else if (board.points < dots && config.frame_work == 0) {
-    warnings.push_back(warningOf("board_truth_short",
-                                 fmt::format("{}: {} positions; the board has {} dots", path, board.points, dots)));
+    std::string text = fmt::format("{}: {} positions; the board has {} dots", path, board.points, dots);
+    if (board.points < kLeastBoardPoints)
+      text += fmt::format(", and its fit wants {}: figures of it have no value", kLeastBoardPoints);
+    warnings.push_back(warningOf("board_truth_short", text));
   }
 }
 

@@ -2,7 +2,9 @@
 
 #include <PolarLinePrecision.h>
 
+#include <array>
 #include <bit>
+#include <cstring>
 #include <map>
 #include <sstream>
 #include <string>
@@ -55,6 +57,23 @@ inline std::map<std::string, std::vector<double>> figuresOf(const PolarResultRec
           {"space_rms", {record.space_rms}}};
 }
 
+/// Which of a record's points a pair does not have to the last bit; empty when it has them all.
+inline std::string missingPoints(const polarline::PairCheck& pair, const PolarResultRecord& record) {
+  using Numbers = std::array<float, 7>;
+  const auto same = [](const Numbers& a, const Numbers& b) { return std::memcmp(&a, &b, sizeof a) == 0; };
+  std::ostringstream found;
+  const polarline::PairPoints& p = pair.points;
+  std::size_t k = 0;
+  for (const TriPointRecord& w : record.pairPoints) {
+    while (k < p.id.size() && p.id[k] < w.id) ++k;
+    const Numbers wanted{w.left_x, w.left_y, w.right_x, w.right_y, w.x, w.y, w.z};
+    if (k == p.id.size() || p.id[k] != w.id ||
+        !same(wanted, {p.left_x[k], p.left_y[k], p.right_x[k], p.right_y[k], p.x[k], p.y[k], p.z[k]}))
+      found << "pair " << pair.index << " point " << w.id << "\n";
+  }
+  return found.str();
+}
+
 /// What differs between the finished pairs of a check and the records of an export; empty when no bit does. A figure
 /// that is carried has to be the last own one of the pairs before; one that is neither has to be zeros or empty.
 inline std::string difference(const polarline::Check& check, const std::vector<PolarResultRecord>& records) {
@@ -80,6 +99,7 @@ inline std::string difference(const polarline::Check& check, const std::vector<P
               << ::testing::PrintToString(wanted) << "\n";
       }
     }
+    found << missingPoints(pair, records[place]);
     ++place;
   }
   if (place != records.size()) found << "more records than finished pairs\n";

@@ -5,7 +5,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
+#include <future>
+#include <thread>
 
 #include "polarline/errors.h"
 #include "support/FolderContents.h"
@@ -258,6 +261,44 @@ TEST_F(WholeFile, PathsThatAreToGoGoWithTheRest) {
   }
   waitpid(process, nullptr, 0);
   EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("stays", "")));
+}
+
+TEST_F(WholeFile, ResultsThatBelongTogetherAreWaitedFor) {
+  const pid_t process = fork();
+  if (process == 0) {
+    std::promise<void> has_begun;
+    std::thread writer([&] {
+      const whole_file::Together together;
+      has_begun.set_value();
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      for (const char* name : {"a", "b"}) whole_file::write(folder.path() / name, name);
+    });
+    has_begun.get_future().wait();
+    const bool are_written = whole_file::endTogether();
+    whole_file::abandonAll();
+    _exit(are_written ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_THAT(contentsOf(folder.path()), ElementsAre(Pair("a", "a"), Pair("b", "b")));
+}
+
+TEST_F(WholeFile, ResultsThatBelongTogetherAreNotBegunAtTheEnd) {
+  const pid_t process = fork();
+  if (process == 0) {
+    const bool are_written = whole_file::endTogether();
+    std::thread writer([&] {
+      const whole_file::Together together;
+      whole_file::write(folder.path() / "a", "a");
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    _exit(are_written ? 1 : 0);
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_THAT(contentsOf(folder.path()), testing::IsEmpty());
 }
 
 TEST_F(WholeFile, ASyncedFolderStaysAsItIs) {

@@ -305,6 +305,8 @@ TEST_F(CheckInputs, SettingsThatAreReadHalfAreRefused) {
 
 TEST_F(CheckInputs, OfTheCommandLineAreNamed) {
   refused("--pairs 1-x", {"--pairs", "1-x"});
+  refused("--pairs 0-99999999999999999999: the first and the last", {"--pairs", "0-99999999999999999999"});
+  refused("--pairs 1-: the first and the last", {"--pairs", "1-"});
   refused("the list has the pairs 0-1", {"--pairs", "1-2"});
   refused("pairs 1-0: the first lies behind the last; 0-1 was wanted", {"--pairs", "1-0"});
   refused("setting 'f_scale=0': '0' was found; a number above 0 was wanted", {"--set", "f_scale=0"});

@@ -87,6 +87,7 @@ int runBatch(BatchRequest& request) {
   request.options.on_set = [&](const auto& result, std::size_t done, std::size_t all) {
     speaker.set(result, done, all);
   };
+  endAtOwnLook();
   request.options.go_on = [] { return !interrupted(); };
   request.options.go_on_with_next = [] { return !ending(); };
   const polarline::BatchOutcome outcome = judgedAll(request);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/WholeFile.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/Subcommand.h"
@@ -43,6 +44,7 @@ int runBoard(const BoardCommand& options) {
   print.paper = kPapers.at(options.paper);
   print.format = polarline::boardFormat(options.output);
   const polarline::PrintedBoard printed = polarline::printBoard(board, print);
+  const whole_file::Together together;
   deliver(options.output, printed.bytes);
   if (!options.result.json.empty()) deliver(options.result.json, polarline::boardJson(board, printed));
   const bool told = options.output == "-" || options.result.json == "-" || options.result.quiet;

@@ -167,6 +167,7 @@ int runCheck(Arguments& arguments) {
   ReportFile report(arguments.report);
   polarline::CheckOptions& options = arguments.options;
   options.keep_points = false;
+  endAtOwnLook();
   options.go_on = [] { return !interrupted(); };
   options.on_start = [&](const polarline::Check& check) { speaker.begin(check); };
   options.on_pair = [&](const polarline::PairCheck& pair, std::size_t count) {
@@ -179,6 +180,7 @@ int runCheck(Arguments& arguments) {
     speaker.interrupted();
     return kInterrupted;
   }
+  const whole_file::Together together;
   document.finish(check);
   report.finish(check);
   speaker.end(check);

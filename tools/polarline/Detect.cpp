@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "platform/WholeFile.h"
 #include "polarline/board.h"
 #include "polarline/errors.h"
 #include "tools/polarline/Outputs.h"
@@ -27,8 +28,6 @@ struct DetectCommand {
 };
 
 void deliverDocuments(const DetectCommand& options, const polarline::Detection& detection) {
-  if (options.csv == "-" && options.result.json == "-")
-    throw polarline::InputError("--csv and --json can't both be standard output");
   if (!options.csv.empty()) deliver(options.csv, pointsCsv(detection));
   if (!options.result.json.empty())
     deliver(options.result.json, detectionJson(detection, options.image, options.target + options.board));
@@ -61,13 +60,17 @@ void tellDetection(const DetectCommand& options, const polarline::Detection& det
 }
 
 int runDetect(const DetectCommand& options) {
+  if (options.csv == "-" && options.result.json == "-")
+    throw polarline::InputError("--csv and --json can't both be standard output");
   requireSeparate({{"--csv", options.csv}, {"--json", options.result.json}}, {options.image, options.target});
   const cv::Mat image = polarline::readPicture(options.image);
   const std::string target =
       options.board.empty() ? options.target : polarline::targetIni(polarline::parseBoard(options.board));
   const polarline::Detection detection = polarline::detect(image, target);
+  const whole_file::Together together;
+  const std::vector<std::string> pictures = deliverPictures(options, image, detection);
   deliverDocuments(options, detection);
-  tellDetection(options, detection, deliverPictures(options, image, detection));
+  tellDetection(options, detection, pictures);
   return detection.found ? kDone : kNoFigure;
 }
 

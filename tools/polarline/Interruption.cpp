@@ -16,6 +16,7 @@ namespace {
 
 std::atomic<bool> is_interrupted{false};
 std::atomic<bool> is_ending{false};
+std::atomic<bool> looks_itself{false};
 std::atomic<double> time_to_finish{0.0};  ///< Seconds.
 
 void waitForSignal() {
@@ -27,7 +28,8 @@ void waitForSignal() {
   if (request == ending_signals::Request::kInOwnTime && time_to_finish > 0.0)
     ending_signals::waitFor(std::chrono::milliseconds(static_cast<std::int64_t>(time_to_finish * 1000.0)));
   is_interrupted = true;
-  std::this_thread::sleep_for(kGrace);
+  if (looks_itself) std::this_thread::sleep_for(kGrace);
+  if (whole_file::endTogether()) std::this_thread::sleep_for(kGrace);
   whole_file::abandonAll();
   const bool can_redraw = terminal::canRedraw(terminal::errors());
   const std::string clear = can_redraw ? "\r\033[K" : "";
@@ -40,6 +42,8 @@ void watchForInterruption() {
   ending_signals::hold();
   std::thread(waitForSignal).detach();
 }
+
+void endAtOwnLook() { looks_itself = true; }
 
 bool interrupted() { return is_interrupted; }
 

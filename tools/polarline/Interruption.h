@@ -5,10 +5,13 @@ namespace command {
 /// What is said then: results that were whole stay.
 inline constexpr const char* kInterruptedWords = "polarline: interrupted; nothing half was left\n";
 
-/// Takes SIGINT, SIGTERM and SIGHUP: the process goes on until its next look at `interrupted()`, for half a second at
-/// most; then what is half written is removed and the process ends with 130. Call before any thread is started.
+/// Takes SIGINT, SIGTERM and SIGHUP: what is half written is removed and the process ends with 130. Results that belong
+/// together and are just being written are written to their end, which is then the process's own. Call before any
+/// thread is started.
 void watchForInterruption();
 
+/// From here on the process looks at `interrupted()` now and then and ends by itself: it has half a second for that.
+void endAtOwnLook();
 bool interrupted();
 
 /// From here on SIGTERM lets what is at hand come to its end, for so many seconds at most or until a second signal;

@@ -1,7 +1,8 @@
 #include "tools/polarline/JudgingOptions.h"
 
+#include <charconv>
 #include <cstddef>
-#include <cstdio>
+#include <system_error>
 
 #include "polarline/errors.h"
 
@@ -10,14 +11,15 @@ namespace command {
 /// "3" or "3-7".
 void JudgingOptions::takePairs() {
   if (pairs.empty()) return;
-  std::size_t first = 0;
-  std::size_t last = 0;
-  int used = 0;
-  const int fields = std::sscanf(pairs.c_str(), "%zu%n-%zu%n", &first, &used, &last, &used);
-  if (fields < 1 || static_cast<std::size_t>(used) != pairs.size() || pairs.front() == '-')
+  std::size_t first = 0, last = 0;
+  const char* const end = pairs.data() + pairs.size();
+  auto read = std::from_chars(pairs.data(), end, first);
+  last = first;
+  if (read.ec == std::errc() && read.ptr != end && *read.ptr == '-') read = std::from_chars(read.ptr + 1, end, last);
+  if (read.ec != std::errc() || read.ptr != end)
     throw polarline::InputError("--pairs " + pairs,
                                 "the first and the last pair, counted from 0, were wanted, such as 0-9");
-  check.pairs = {first, fields == 1 ? first : last};
+  check.pairs = {first, last};
 }
 
 void addJudgingOptions(CLI::App& app, JudgingOptions& options) {
