@@ -193,6 +193,15 @@ TEST_F(InputsBoard, MissingTruthIsWarnedOfWhereItIsWanted) {
   ASSERT_EQ(warnings.size(), 2U);
   EXPECT_EQ(warnings[1].code, "board_truth_short");
   EXPECT_EQ(warnings[1].text, "b.txt: 62 positions; the board has 63 dots");
+  warnings.clear();
+  board.points = 31;
+  warnOfBoardTruth("b.txt", config, board, warnings);
+  board.points = 30;
+  warnOfBoardTruth("b.txt", config, board, warnings);
+  ASSERT_EQ(warnings.size(), 2U);
+  EXPECT_EQ(warnings[0].text, "b.txt: 31 positions; the board has 63 dots");
+  EXPECT_EQ(warnings[1].text,
+            "b.txt: 30 positions; the board has 63 dots, and its fit wants 31: figures of it have no value");
   board.points = 63;
   warnOfBoardTruth("b.txt", config, board, warnings);
   EXPECT_EQ(warnings.size(), 2U);
