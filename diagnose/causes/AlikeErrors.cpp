@@ -8,8 +8,9 @@
 
 namespace {
 
-/// Blocks that the fit leaves free; with fewer the ratio says little.
-constexpr double kFewestFree = 10.0;
+/// Blocks that the fit leaves free; with fewer the ratio says little. Of the 16 of a single pair fewer than ten are
+/// left, and in smaller blocks neighbours do not show how much they have in common.
+constexpr double kFewestFree = 5.0;
 
 struct Block {
   double sum = 0.0;

@@ -102,8 +102,9 @@ double varianceOf(const RowFit& all, std::size_t cause, const CauseSet& absent) 
     information.col(place).setZero();
     information(place, place) = 1.0;
   }
-  const auto place = static_cast<Eigen::Index>(cause);
-  return CauseMatrix(information.inverse())(place, place);
+  // As a square: dots in one place leave so little that a difference of rounded numbers may fall below 0.
+  const CauseVector unit = CauseVector::Unit(static_cast<Eigen::Index>(cause));
+  return information.llt().matrixL().solve(unit).squaredNorm();
 }
 
 CauseVector sizesOf(const RowFit& all, const CauseSet& causes) {

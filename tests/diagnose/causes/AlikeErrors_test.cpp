@@ -64,6 +64,21 @@ TEST(AlikeErrors, OfOutliersDoNotCount) {
   EXPECT_LT(alike.smooth_rms, 0.003);
 }
 
+/// Six places of 20 dots that err as one: a single pair has no more to tell it by.
+TEST(AlikeErrors, OfSixPlacesInflateByTheirDots) {
+  Grid grid(1);
+  grid.dots.resize(120);
+  grid.fit.rows.resize(120);
+  grid.fit.trust = Eigen::VectorXd::Ones(120);
+  grid.fit.slopes = Eigen::MatrixXd::Zero(120, static_cast<int>(kCauses));
+  for (int k = 0; k < 120; ++k) {
+    const int place = k / 20;
+    grid.dots[static_cast<std::size_t>(k)].left = {100.0 * (place % 3), 100.0 * (place / 3)};
+    grid.fit.rows[k] = place % 2 == 0 ? 0.03 : -0.01;
+  }
+  EXPECT_NEAR(alikeErrors(grid.dots, grid.fit).inflation, 20.0, 1e-9);
+}
+
 TEST(AlikeErrors, OfTooFewBlocksSayNothing) {
   Grid grid(1);
   for (RowDot& dot : grid.dots) dot.left = {1.0, 1.0};

@@ -3,17 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <limits>
-#include <map>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "SeenScene.h"
-#include "diagnose/causes/RowDifferences.h"
+#include "tools/causes/CauseCoverage.h"
+#include "tools/causes/CentreErrors.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 
@@ -29,18 +27,6 @@ const Cause* causeNamed(const Diagnosis& diagnosis, const std::string& name) {
   return nullptr;
 }
 
-/// A field of the renderer's misalignment by the name of the cause.
-double scene::Misalignment::*fieldOf(const std::string& name) {
-  using M = scene::Misalignment;
-  if (name == "rotation_x") return &M::rotation_x;
-  if (name == "rotation_y") return &M::rotation_y;
-  if (name == "rotation_z") return &M::rotation_z;
-  if (name == "focal_ratio") return &M::focal_ratio;
-  if (name == "row_offset") return &M::row_offset;
-  if (name == "baseline_y") return &M::baseline_y;
-  return name == "baseline_z" ? &M::baseline_z : &M::k1;
-}
-
 struct OneCause {
   const char* name;
   double value;
@@ -53,7 +39,7 @@ TEST_P(CausesAlone, IsNamedWithItsSignAndSize) {
   const auto& [one, model] = GetParam();
   for (const double sign : {1.0, -1.0}) {
     SeenScene seen(model);
-    seen.misalignment.*fieldOf(one.name) = sign * one.value;
+    seen.misalignment.*misalignmentField(one.name) = sign * one.value;
     seen.noise = OwnErrors(0.005, 3);
     const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
     const Cause* const cause = causeNamed(diagnosis, one.name);
@@ -97,7 +83,7 @@ TEST(CausesInPairs, AreBothNamed) {
                                                          {{"k1", 0.008, ""}, {"rotation_y", 0.15, ""}}};
   for (const auto& [one, other] : pairs) {
     SeenScene seen(LensModel::kBrownEight);
-    for (const OneCause* cause : {&one, &other}) seen.misalignment.*fieldOf(cause->name) = cause->value;
+    for (const OneCause* cause : {&one, &other}) seen.misalignment.*misalignmentField(cause->name) = cause->value;
     seen.noise = OwnErrors(0.005, 9);
     const Diagnosis diagnosis = diagnoseCauses(seen.seen(twoDistances())).diagnosis;
     for (const OneCause* cause : {&one, &other}) {
@@ -275,112 +261,22 @@ TEST(CausesOfExactDots, OfAnAlignedPairAreNone) {
 
 // --- Many sets
 
-/// Uniform from -1 to 1, the same on every system.
-class Dice {
- public:
-  explicit Dice(unsigned seed) : engine_(seed) {}
-  double operator()() { return static_cast<double>(engine_()) / 2147483647.5 - 1.0; }
-
- private:
-  std::mt19937 engine_;
-};
-
-/// Errors of detected centres: nine neighbours of the board's grid share most of theirs. Asked for the left picture and
-/// the right one in turn.
-class SharedErrors {
- public:
-  SharedErrors(double sd, unsigned seed) : sd_(sd), own_(1.0, seed) {}
-  cv::Point2d operator()(int row, int column) {
-    is_left_ = !is_left_;
-    if (is_left_ && row == 0 && column == 0) shared_.clear();  // The next pair.
-    const cv::Point2d shared = shared_.try_emplace({row / 3, column / 3, is_left_ ? 0 : 1}, own_(0, 0)).first->second;
-    return sd_ * (0.8 * shared + 0.6 * own_(0, 0));
-  }
-
- private:
-  double sd_;
-  OwnErrors own_;
-  bool is_left_ = false;
-  std::map<std::array<int, 3>, cv::Point2d> shared_;
-};
-
-/// One of many sets: every lens, one to six pairs, up to 0.2 degrees, 0.2 %, 3 pixels, 1 % of the baseline.
-SeenScene simulated(unsigned seed, bool is_aligned) {
-  constexpr std::array kModels{LensModel::kBrownFive, LensModel::kFisheye,   LensModel::kBrownEight,
-                               LensModel::kPoly,      LensModel::kBrownFive, LensModel::kFisheye};
-  constexpr std::array kMost{0.2, 0.2, 0.2, 0.002, 3.0, 0.6, 0.6, 0.005};
-  SeenScene seen(kModels.at(seed % kModels.size()));
-  seen.board.rows = 9;
-  seen.board.cols = 13;
-  seen.board.step = 45.0;
-  Dice dice(seed);
-  std::array<double, kMost.size()> values{};
-  for (std::size_t k = 0; k < kMost.size(); ++k) {
-    if (const double value = dice() * kMost.at(k); dice() > 0.3) values.at(k) = value;
-  }
-  const auto& [rx, ry, rz, focal, row, by, bz, k1] = values;
-  if (!is_aligned) seen.misalignment = {rx, ry, rz, focal, row, by, bz, k1};
-  return seen;
-}
-
-std::vector<scene::PoseWish> posesOf(unsigned seed) {
-  Dice dice(seed + 1000);
-  std::vector<scene::PoseWish> wishes;
-  for (unsigned k = 0; k <= seed / 6 % 6; ++k)
-    wishes.push_back({25.0 * dice(), 25.0 * dice(), 20.0 * dice(), 0.75 + 0.2 * dice()});
-  return wishes;
-}
-
-struct Coverage {
-  int named = 0;
-  int beyond_three = 0;
-  int sets_with_a_false_one = 0;
-  int rows_too_large = 0;
-  int unsure_alone = 0;  ///< Told by themselves and yet not larger than three standard errors.
-};
-
-double meanRow(const SeenSet& set) {
-  const std::vector<double> rows = RowDifferences(set).rows({});
-  double sum = 0.0;
-  for (const double row : rows) sum += std::abs(row);
-  return sum / static_cast<double>(rows.size());
-}
-
-Coverage coverageOf(unsigned sets, bool is_aligned) {
-  Coverage coverage;
-  for (unsigned seed = 0; seed < sets; ++seed) {
-    SeenScene seen = simulated(seed, is_aligned);
-    if (seed / 36 % 2 == 0) {
-      seen.noise = OwnErrors(0.005, seed);
-    } else {
-      seen.noise = SharedErrors(0.02, seed);
-    }
-    const SeenSet set = seen.seen(posesOf(seed));
-    const Diagnosis diagnosis = diagnoseCauses(set).diagnosis;
-    bool is_false = false;
-    for (const Cause& cause : diagnosis.causes) {
-      ++coverage.named;
-      const double off = std::abs(cause.value - seen.misalignment.*fieldOf(cause.name));
-      if (off > 3.0 * cause.sd) ++coverage.beyond_three;
-      if (cause.group == 0 && std::abs(cause.value) < 2.95 * cause.sd) ++coverage.unsure_alone;
-      is_false = is_false || (is_aligned && std::abs(cause.value) > 3.0 * cause.sd);
-    }
-    coverage.sets_with_a_false_one += is_false ? 1 : 0;
-    SeenSet aligned = set;
-    aligned.calib = SeenScene::calibOf(seen.cameras());
-    if (diagnosis.rows_after > 1.2 * meanRow(aligned)) ++coverage.rows_too_large;
-  }
-  return coverage;
-}
-
+/// Each kind of lens with each number of pairs, with two kinds of errors of the centres.
 TEST(CausesOfManySets, AreWithinThreeStandardErrors) {
-  const Coverage coverage = coverageOf(108, false);
-  EXPECT_GT(coverage.named, 200);
-  EXPECT_LE(coverage.beyond_three, 0.03 * coverage.named);
-  EXPECT_EQ(coverage.rows_too_large, 0);
-  EXPECT_EQ(coverage.unsure_alone, 0);
+  using causes::CauseCoverage;
+  const CauseCoverage single = causes::coverageOf(causes::setKind("some_single"), 36);
+  const CauseCoverage shared = causes::coverageOf(causes::setKind("some_shared"), 72);
+  EXPECT_GT(single.named, 60);
+  EXPECT_GT(shared.named, 120);
+  EXPECT_LE(single.beyond_three + shared.beyond_three, 0.03 * (single.named + shared.named));
+  EXPECT_EQ(single.rows_too_large + shared.rows_too_large, 0);
+  EXPECT_EQ(single.unsure_alone + shared.unsure_alone, 0);
 }
 
-TEST(CausesOfManySets, AreNotMadeUpForAlignedCameras) { EXPECT_LE(coverageOf(72, true).sets_with_a_false_one, 2); }
+TEST(CausesOfManySets, AreNotMadeUpForAlignedCameras) {
+  EXPECT_LE(causes::coverageOf(causes::setKind("aligned_single"), 36).sets_with_a_false_one +
+                causes::coverageOf(causes::setKind("aligned_shared"), 36).sets_with_a_false_one,
+            2);
+}
 
 }  // namespace

@@ -6,7 +6,8 @@
 #include <numbers>
 #include <numeric>
 
-#include "SeenScene.h"
+#include "tools/causes/CentreErrors.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 

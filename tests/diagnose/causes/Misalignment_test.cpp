@@ -4,8 +4,8 @@
 
 #include <numbers>
 
-#include "SeenScene.h"
 #include "camera/CalibratedCamera.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 

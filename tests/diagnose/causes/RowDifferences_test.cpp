@@ -6,7 +6,7 @@
 #include <limits>
 #include <numbers>
 
-#include "SeenScene.h"
+#include "tools/causes/SeenScene.h"
 #include "tools/scene/IdealRectification.h"
 
 namespace {

@@ -5,7 +5,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "SeenScene.h"
+#include "tools/causes/CentreErrors.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "SeenScene.h"
 #include "camera/CalibratedPair.h"
+#include "tools/causes/SeenScene.h"
 #include "tools/scene/IdealRectification.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "SeenScene.h"
 #include "diagnose/causes/RowDifferences.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 

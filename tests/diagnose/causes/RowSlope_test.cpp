@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "SeenScene.h"
+#include "tools/causes/SeenScene.h"
 
 namespace {
 
