@@ -97,7 +97,8 @@ polarline simulate misaligned_1280 demo/misaligned_1280 --quiet""",
     "docs/python.md": Page(
         not_run={command: "scripts/packages --try runs it without a network" for command in ("python3 -m venv", "my_env/bin/pip")}, programs=Held("tests/python/Documents_test.py")),
     "docs/architecture.md": Page(blocks=(Held("exports/RunExports.cpp"),)),
-    "docs/how_it_measures/causes.md": Page(blocks=(Held("tests/diagnose/causes"),)),
+    "docs/how_it_measures/causes.md": Page(
+        blocks=(Held("tests/diagnose/causes"),), not_run={"scripts/guide_tables": LONG, "build/release/tools/causes/causes": LONG}),
     "docs/how_it_measures/refined_centres.md": Page(
         blocks=(Held("tests/refine"),), not_run={"scripts/guide_tables": LONG, "scripts/accuracy": LONG}),
     "docs/how_it_measures/uncertainty.md": Page(RINGS, places={" SET ": " set "}),
