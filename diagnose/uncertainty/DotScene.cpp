@@ -2,21 +2,19 @@
 
 DotScene::DotScene(const std::vector<std::int32_t>& ids, int columns, const CentreNoise& noise_left,
                    const CentreNoise& noise_right)
-    : grid(ids, columns), trend(grid), left(noise_left, columns), right(noise_right, columns) {}
+    : grid(ids, columns), layout(grid), trend(grid), left(noise_left, columns), right(noise_right, columns) {}
 
-Repetition DotScene::repeat(SeededRandom& random) const {
-  Eigen::Matrix2Xd shifts_left;
-  Eigen::Matrix2Xd shifts_right;
-  left.draw(grid, random, shifts_left);
-  right.draw(grid, random, shifts_right);
-  Repetition repetition;
-  repetition.pixels.resize(4, shifts_left.cols());
-  repetition.pixels << shifts_left, shifts_right;
+void DotScene::repeat(SeededRandom& random, Repetition& repetition) const {
+  Eigen::Matrix2Xd shifts;
+  left.draw(layout, random, shifts);
+  repetition.pixels.resize(4, shifts.cols());
+  repetition.pixels.topRows<2>() = shifts;
+  right.draw(layout, random, shifts);
+  repetition.pixels.bottomRows<2>() = shifts;
   repetition.positions.resize(3, static_cast<Eigen::Index>(slopes.size()));
   for (Eigen::Index dot = 0; dot < repetition.positions.cols(); ++dot) {
     repetition.positions.col(dot) = slopes[static_cast<std::size_t>(dot)].position * repetition.pixels.col(dot);
   }
-  return repetition;
 }
 
 Eigen::Matrix4d DotScene::covariance() const {

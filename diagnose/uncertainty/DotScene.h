@@ -15,13 +15,15 @@ struct DotScene {
   DotScene(const std::vector<std::int32_t>& ids, int columns, const CentreNoise& noise_left,
            const CentreNoise& noise_right);
 
-  Repetition repeat(SeededRandom& random) const;
+  /// The next one in the place of the last, whose memory it takes over.
+  void repeat(SeededRandom& random, Repetition& repetition) const;
   /// Of the pixels of a dot.
   Eigen::Matrix4d covariance() const;
   /// Mean variance that noise gives to the positions, summed over the axes.
   double positionVariance() const;
 
   BoardGrid grid;
+  BlockLayout layout;
   LocalTrend trend;
   NoiseBlocks left, right;
   std::vector<TriangulationSlope> slopes;  ///< Of each dot; empty: positions do not matter.

@@ -71,11 +71,11 @@ void FitRepeater::add(const Repetition& repetition) {
   }
   const Eigen::Vector3d turn = to_turn_ * moment;
   const Eigen::Vector3d shift = shifts.rowwise().mean();
-  Eigen::Matrix3Xd moved(3, shifts.cols());
+  moved_.resize(3, shifts.cols());
   for (Eigen::Index dot = 0; dot < shifts.cols(); ++dot) {
-    moved.col(dot) = turn.cross(Eigen::Vector3d(fitted_.col(dot))) + shift;
+    moved_.col(dot) = turn.cross(Eigen::Vector3d(fitted_.col(dot))) + shift;
   }
-  const Eigen::Vector3d squares = (residual_ + moved - shifts).rowwise().squaredNorm() / count;
+  const Eigen::Vector3d squares = (residual_ + moved_ - shifts).rowwise().squaredNorm() / count;
   const double whole = std::sqrt(squares.sum());
   std::size_t next = 0;
   if (has_axes_) {
@@ -83,16 +83,16 @@ void FitRepeater::add(const Repetition& repetition) {
     figures[next++].values.push_back(whole);
   }
   if (has_space_) figures[next].values.push_back(whole);
-  if (has_projection_) addProjection(repetition, moved);
+  if (has_projection_) addProjection(repetition);
 }
 
-void FitRepeater::addProjection(const Repetition& repetition, const Eigen::Matrix3Xd& moved) {
+void FitRepeater::addProjection(const Repetition& repetition) {
   double squares = 0.0;
   double kept = 0.0;
-  for (Eigen::Index dot = 0; dot < moved.cols(); ++dot) {
+  for (Eigen::Index dot = 0; dot < moved_.cols(); ++dot) {
     const auto place = static_cast<std::size_t>(dot);
     if (!is_projected_[place]) continue;
-    squares += (seen_off_.col(dot) + pixel_slope_[place] * moved.col(dot) - repetition.pixels.col(dot).head<2>())
+    squares += (seen_off_.col(dot) + pixel_slope_[place] * moved_.col(dot) - repetition.pixels.col(dot).head<2>())
                    .squaredNorm();
     kept += 1.0;
   }

@@ -17,11 +17,12 @@ class FitRepeater final : public FigureRepeater {
 
  private:
   void prepareProjection(const PairEvaluator& evaluator, const DotScene& raw, const Eigen::Matrix3Xd& placed);
-  void addProjection(const Repetition& repetition, const Eigen::Matrix3Xd& moved);
+  void addProjection(const Repetition& repetition);
 
   bool has_axes_, has_space_, has_projection_;
   Eigen::Matrix3Xd fitted_;    ///< The board about its own centroid, where the fit lays it.
   Eigen::Matrix3Xd residual_;  ///< Of the fit.
+  Eigen::Matrix3Xd moved_;     ///< By the fit of a repetition; a member for its memory.
   Eigen::Matrix3d to_turn_;    ///< From the moment of the shifts to the turn of the fit.
   Eigen::Matrix2Xd seen_off_;  ///< Fitted board less seen dot, left pixels, without noise.
   std::vector<Eigen::Matrix<double, 2, 3>> pixel_slope_;

@@ -34,24 +34,31 @@ NoiseBlocks::NoiseBlocks(const CentreNoise& noise, int columns)
       grid_(idsOf(noise), columns),
       covariance_(shifts_.lazyProduct(shifts_.transpose()) / static_cast<double>(shifts_.cols())) {}
 
-void NoiseBlocks::draw(const BoardGrid& grid, SeededRandom& random, Eigen::Matrix2Xd& shifts) const {
-  int rows = 0;
+BlockLayout::BlockLayout(const BoardGrid& grid) {
   int columns = 0;
+  for (std::size_t dot = 0; dot < grid.count(); ++dot) columns = std::max(columns, grid.column(dot) / kBlock + 1);
+  dots.reserve(grid.count());
   for (std::size_t dot = 0; dot < grid.count(); ++dot) {
-    rows = std::max(rows, grid.row(dot) / kBlock + 1);
-    columns = std::max(columns, grid.column(dot) / kBlock + 1);
+    const int row = grid.row(dot);
+    const int column = grid.column(dot);
+    const auto block = static_cast<std::uint32_t>(row / kBlock * columns + column / kBlock);
+    dots.push_back({block, row % kBlock, column % kBlock});
+    blocks = std::max<std::size_t>(blocks, block + 1);
   }
-  std::vector<Source> sources(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
-  shifts.resize(2, static_cast<Eigen::Index>(grid.count()));
-  for (std::size_t dot = 0; dot < grid.count(); ++dot) {
-    Source& source = sources[static_cast<std::size_t>(grid.row(dot) / kBlock) * static_cast<std::size_t>(columns) +
-                             static_cast<std::size_t>(grid.column(dot) / kBlock)];
+}
+
+void NoiseBlocks::draw(const BlockLayout& layout, SeededRandom& random, Eigen::Matrix2Xd& shifts) const {
+  std::vector<Source> sources(layout.blocks);
+  shifts.resize(2, static_cast<Eigen::Index>(layout.dots.size()));
+  Eigen::Index dot = 0;
+  for (const BlockLayout::Place& place : layout.dots) {
+    Source& source = sources[place.block];
     if (source.sign == 0.0) {
       const std::size_t middle = random.below(grid_.count());
       source = {grid_.row(middle) - 1, grid_.column(middle) - 1, random.sign()};
     }
-    const auto found = grid_.at(source.row + grid.row(dot) % kBlock, source.column + grid.column(dot) % kBlock);
+    const auto found = grid_.at(source.row + place.row, source.column + place.column);
     const std::size_t taken = found ? *found : random.below(grid_.count());
-    shifts.col(static_cast<Eigen::Index>(dot)) = source.sign * shifts_.col(static_cast<Eigen::Index>(taken));
+    shifts.col(dot++) = source.sign * shifts_.col(static_cast<Eigen::Index>(taken));
   }
 }

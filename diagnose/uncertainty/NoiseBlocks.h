@@ -10,6 +10,18 @@
 #include "diagnose/uncertainty/CentreNoise.h"
 #include "diagnose/uncertainty/SeededRandom.h"
 
+/// Which blocks of 3 x 3 places the dots of a grid stand in, and where in them.
+struct BlockLayout {
+  BlockLayout(const BoardGrid& grid);  // NOLINT(google-explicit-constructor): a grid says all of it.
+
+  struct Place {
+    std::uint32_t block = 0;
+    std::int32_t row = 0, column = 0;  ///< In the block.
+  };
+  std::vector<Place> dots;
+  std::size_t blocks = 0;
+};
+
 /// The noise of one picture's dots, from which repetitions are drawn in blocks of neighbours (Kuensch 1989), so that
 /// noise that neighbours share stays shared.
 class NoiseBlocks {
@@ -19,7 +31,7 @@ class NoiseBlocks {
 
   /// Noise of one repetition for the dots of a grid: two components a column. Each block of 3 x 3 places gets that of a
   /// block somewhere in the picture, with either sign; where that has no dot, a single dot stands in.
-  void draw(const BoardGrid& grid, SeededRandom& random, Eigen::Matrix2Xd& shifts) const;
+  void draw(const BlockLayout& layout, SeededRandom& random, Eigen::Matrix2Xd& shifts) const;
   const Eigen::Matrix2d& covariance() const { return covariance_; }
 
  private:

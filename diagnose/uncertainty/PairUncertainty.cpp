@@ -41,8 +41,9 @@ std::vector<std::int32_t> idsOf(const std::vector<SharedDot>& dots, std::size_t 
 void repeat(const DotScene& scene, Repeaters& repeaters, SeededRandom& random,
             std::vector<FigureUncertainty>& uncertainties) {
   if (repeaters.empty()) return;
+  Repetition repetition;
   for (std::size_t k = repetitionsFor(scene.grid.count()); k > 0; --k) {
-    const Repetition repetition = scene.repeat(random);
+    scene.repeat(random, repetition);
     for (const auto& each : repeaters) each->add(repetition);
   }
   for (const auto& each : repeaters) {

@@ -148,12 +148,13 @@ cv::Mat withMoreNoise(const cv::Mat& picture, const PictureNoise& noise, SeededR
   cv::Mat noisy(picture.size(), CV_8UC1);
   const auto* from = whole.ptr<std::uint8_t>();
   auto* to = noisy.ptr<std::uint8_t>();
-  for (std::size_t left = noisy.total(); left > 0;) {
+  const auto add = [&](std::size_t draws) {
     std::uint64_t bits = random.bits();
-    const std::size_t draws = std::min(left, kDraws);
     for (std::size_t k = 0; k < draws; ++k, ++from, ++to, bits >>= NormalTable::kBits)
       *to = cv::saturate_cast<std::uint8_t>(static_cast<float>(*from) + deviation[*from] * kNormal[bits & kMask]);
-    left -= draws;
-  }
+  };
+  const std::size_t pixels = noisy.total();
+  for (std::size_t k = 0; k < pixels / kDraws; ++k) add(kDraws);
+  if (pixels % kDraws > 0) add(pixels % kDraws);
   return noisy;
 }
