@@ -31,7 +31,23 @@ INSTANTIATE_TEST_SUITE_P(
         Told{{"polarline", "C:\\secret\\set", "it's", "-a b"},
              "polarline 'C:\\secret\\set' 'it'\\''s' '-a b'",
              "polarline set 'it'\\''s' '-a b'"},
-        Told{{"polarline", "/", "."}, "polarline / .", "polarline '' ."}));
+        Told{{"polarline", "/", "."}, "polarline / .", "polarline '' ."},
+        Told{{"polarline", "report", "-o/tmp/q/l5.html", "-o=a b/c", "-ox"},
+             "polarline report -o/tmp/q/l5.html '-o=a b/c' -ox",
+             "polarline report -ol5.html '-o=c' -ox"},
+        Told{{"polarline", "--title", "before / after", "--title=/a/b", "--title", "/a b/c d", "/x/y"},
+             "polarline --title 'before / after' --title=/a/b --title '/a b/c d' /x/y",
+             "polarline --title 'before / after' --title=/a/b --title '/a b/c d' y"},
+        Told{{"polarline", "--set", "result_folder=/x/y", "--set=a=/x/z", "--set", "b", "c=/d"},
+             "polarline --set 'result_folder=/x/y' --set='a=/x/z' --set b 'c=/d'",
+             "polarline --set 'result_folder=y' --set='a=z' --set b d"}));
+
+TEST(CommandLinePaths, AreWhatMayBeOne) {
+  const std::vector<std::string> words = {"polarline", "-o/q r/l", "--json=/secret/r.json", "--title", "a / b",
+                                          "--out",     "x/y"};
+  const std::vector<std::string> wanted = {"/q r/l", "/secret/r.json", "x/y"};
+  EXPECT_EQ(pathsOfCommand(words), wanted);
+}
 
 }  // namespace
 }  // namespace polarline
