@@ -78,7 +78,8 @@ class PageMaker {
     const SetPictures files(check.json, check.path, partLookedAt(check.json), cameras);
     const auto pictures = [&](std::size_t place) { return options_.pictures ? files.of(place) : PairPictures(); };
     const CheckSources sources{pictures, boardOf(check.json, check.path), cameras};
-    const ViewOptions shown{titleOf(check, views_, options_.paths), options_.paths, options_.budget / count_};
+    const ViewOptions shown{titleOf(check, views_, options_.paths), options_.paths, options_.budget / count_,
+                            pathsOfCommand(options_.command)};
     views_.push_back(viewCheck(std::move(check), sources, shown));
     const std::string lost = options_.pictures && options_.tell ? files.lost() : "";
     if (!lost.empty()) options_.tell(fmt::format("{}: {}; the page goes without them", views_.back().title, lost));

@@ -174,7 +174,7 @@ void writeWords(JsonText& json, const CheckView& view, const std::vector<std::st
 
 CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOptions& options) {
   if (!options.paths) {
-    shortenPaths(check.json);
+    shortenPaths(check.json, options.known_paths);
     Json& advice = check.json["status"]["advice"];
     advice = inSetFolder(advice.get<std::string>(), true);
   }

@@ -36,6 +36,7 @@ struct ViewOptions {
   std::string title;
   bool paths = false;      ///< Otherwise files are told by their names.
   std::size_t budget = 0;  ///< Bytes for `CheckView::data`, about. What every table needs is in it all the same.
+  std::vector<std::string> known_paths = {};  ///< That messages may hold, besides those that the document names.
 };
 
 CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOptions& options);

@@ -97,6 +97,28 @@ TEST(ReportTitles, AreNoPaths) {
   EXPECT_EQ(dataOf(pageOf(check, options))["checks"][0]["title"], "/home/karl/name");
 }
 
+/// A file that is no input yet is known by the command alone.
+TEST(ReportPaths, OfTheCommandAreFileNamesInMessagesToo) {
+  Check check = made_document::check();
+  check.status.text = "/home/Doe: Jane/secret project/lim.txt, line 1: 0.1 px/deg";
+  check.warnings = {{"not_written", "secret project/c: x/c.json was not written", ""}};
+  check.verdict = Verdict::kError;
+  ReportOptions options;
+  options.command = {"polarline",
+                     "check",
+                     "set",
+                     "--limits",
+                     "/home/Doe: Jane/secret project/lim.txt",
+                     "--write-corrected=secret project/c: x/c.json"};
+  const std::string page = pageOf(check, options);
+  EXPECT_THAT(page, Not(HasSubstr("secret project")));
+  EXPECT_THAT(page, Not(HasSubstr("Jane")));
+  EXPECT_EQ(dataOf(page)["checks"][0]["headline"], "ERROR: lim.txt, line 1: 0.1 px/deg");
+  EXPECT_EQ(dataOf(page)["checks"][0]["document"]["warnings"][0]["text"], "c.json was not written");
+  options.paths = true;
+  EXPECT_EQ(dataOf(pageOf(check, options))["checks"][0]["headline"], "ERROR: " + check.status.text);
+}
+
 TEST(ReportPictures, ThatAreNotFoundAreTold) {
   Check check = made_document::check();
   check.inputs = {{"left/0", "/gone/left_0.png", "01"}, {"right/0", "/gone/right_0.png", "02"}};
