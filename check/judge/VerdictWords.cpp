@@ -29,6 +29,8 @@ const FigureSummary* mainSummary(const Check& check) {
   return nullptr;
 }
 
+/// Below, four decimals are too few.
+constexpr double kFine = 1e-4;
 /// From here on decimals say nothing, and a table has no room for them.
 constexpr double kWide = 1e5;
 constexpr double kBeyondColumns = 1e10;
@@ -39,7 +41,12 @@ double farthest(const FigureSummary& summary) { return std::max(std::abs(summary
 std::string withError(double value, double error) {
   constexpr double kRounding = 1e-12;
   const bool is_told = std::isfinite(error) && (error == 0.0 || error > kRounding * std::abs(value));
-  return is_told ? fmt::format("{} ± {}", figureText(value), figureText(error)) : figureText(value);
+  if (!is_told) return figureText(value);
+  // No value ends before its error does.
+  const double size = std::abs(value);
+  const bool is_finer = error < kFine || (size >= kWide && size < kBeyondColumns);
+  if (error > 0.0 && is_finer) return plain::withError(value, error);
+  return fmt::format("{} ± {}", figureText(value), figureText(error));
 }
 
 double errorOf(const FigureUncertainty* uncertainty) {
@@ -115,7 +122,7 @@ const std::vector<std::string>& mainFigures() {
 std::string figureText(double value) {
   const double size = std::abs(value);
   if (size >= kBeyondColumns) return fmt::format("{:.3g}", value);
-  if (size != 0.0 && size < 1e-4) return plain::rounded(value, 3);
+  if (size != 0.0 && size < kFine) return plain::rounded(value, 3);
   return size >= kWide ? fmt::format("{:.0f}", value) : fmt::format("{:.4f}", value);
 }
 

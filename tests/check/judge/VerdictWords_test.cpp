@@ -48,6 +48,23 @@ TEST(VerdictWords, TellTheErrorsOfRefinedFiguresBehindThem) {
   EXPECT_THAT(refinedPairText(check), testing::HasSubstr("dy_means 0.3000 pixels in pair 4"));
 }
 
+TEST(VerdictWords, EndNoValueBeforeItsError) {
+  const auto told = [](double value, double error) {
+    PairCheck pair = hand_made::pair(3, {value}, {});
+    pair.uncertainty = {{"dy_means", error, 0.0, 0.0}};
+    const std::string text = worstPairText(checkOf({pair}));
+    const std::size_t begin = text.find("dy_means ") + 9;
+    return text.substr(begin, text.find(" pixels") - begin);
+  };
+  EXPECT_EQ(told(0.0048583, 0.0000572), "0.004858 ± 0.000057");
+  EXPECT_EQ(told(0.5, 0.0000999), "0.5000 ± 0.0001");
+  EXPECT_EQ(told(0.5, 0.0001), "0.5000 ± 0.0001");
+  EXPECT_EQ(told(0.0000123, 0.0000041), "0.0000123 ± 0.0000041");
+  EXPECT_EQ(told(0.1, 0.0), "0.1000 ± 0.0000") << "exact";
+  EXPECT_EQ(told(123456.75, 0.5), "123456.8 ± 0.5");
+  EXPECT_EQ(told(2.5e10, 3e5), "2.5e+10 ± 300000");
+}
+
 TEST(VerdictWords, CountPairs) {
   EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {})})), "1 of 1 pair finished.");
   EXPECT_EQ(finishedText(checkOf({hand_made::pair(0, {0.1}, {}), hand_made::givenUp(hand_made::pair(1, {}, {}))})),
