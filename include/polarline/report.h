@@ -24,7 +24,8 @@ struct ReportOptions {
   std::string title;   ///< Of the page; empty: the names of the sets and the verdict.
   bool paths = false;  ///< Otherwise files are told by their names, without folders.
   /// Bytes of the page's data, about. What every table needs is always in it; of the dots and pictures as much as fits:
-  /// those of the worst pairs, and of others evenly over the list. The page says what was left out.
+  /// those of the worst pairs, and of others evenly over the list. Several checks share it in equal parts; the dots of
+  /// the worst pair of each come before its tables. The page says what was left out.
   std::size_t budget = 10'000'000;
   bool pictures = true;  ///< Otherwise the page has no picture of the cameras.
   /// The words of the command that asks for the page, which it tells; empty: it tells none.

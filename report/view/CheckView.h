@@ -14,12 +14,16 @@
 
 namespace polarline {
 
+/// Whether a comparison can show the row differences of the pair that a check begins with, and why not.
+enum class RowMap { kThere, kNoPair, kNoRows, kLeftOut };
+
 /// One check as the page has it, in words and as JSON.
 struct CheckView {
   std::string title;
   std::string headline;
   Check record;      ///< As far as sentences and tables need it.
   std::string data;  ///< JSON.
+  RowMap row_map = RowMap::kNoPair;
 };
 
 /// What a page has of a check besides its document.
@@ -34,8 +38,10 @@ struct CheckSources {
 /// How a check is shown.
 struct ViewOptions {
   std::string title;
-  bool paths = false;      ///< Otherwise files are told by their names.
-  std::size_t budget = 0;  ///< Bytes for `CheckView::data`, about. What every table needs is in it all the same.
+  bool paths = false;  ///< Otherwise files are told by their names.
+  /// Bytes for `CheckView::data`, about. What every table needs is in it all the same, and so are the dots of the pair
+  /// to begin with if they alone fit.
+  std::size_t budget = 0;
   std::vector<std::string> known_paths = {};  ///< That messages may hold, besides those that the document names.
 };
 

@@ -1,5 +1,7 @@
 #include "report/view/PageText.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 
 #include "check/document/JsonText.h"
@@ -50,6 +52,29 @@ void writeLimit(JsonText& json, const ComparedLimit& limit) {
   json.end().end();
 }
 
+/// Which checks have no map of row differences among those of the others, and why; a sentence a check.
+std::string mapsText(const std::vector<CheckView>& views) {
+  std::string text;
+  for (std::size_t k = 0; k < views.size(); ++k) {
+    const char* why = nullptr;
+    switch (views[k].row_map) {
+      case RowMap::kThere:
+        continue;
+      case RowMap::kNoPair:
+        why = "no pair was finished.";
+        break;
+      case RowMap::kNoRows:
+        why = "its worst pair has no row differences.";
+        break;
+      case RowMap::kLeftOut:
+        why = "its dots were left out to keep the file small; polarline report --budget takes more.";
+        break;
+    }
+    text += fmt::format("{}There is no map of check {}, {}: {}", text.empty() ? "" : " ", k + 1, views[k].title, why);
+  }
+  return text;
+}
+
 void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
   std::vector<const Check*> checks;
   std::vector<std::string> titles;
@@ -61,7 +86,8 @@ void writeComparison(JsonText& json, const std::vector<CheckView>& views) {
   inputs.reserve(checks.size());
   for (const Check* check : checks) inputs.push_back(inputsWords(*checks.front(), *check));
   const std::vector<ComparedFigure> figures = compareFigures(checks);
-  json.object().member("text", comparisonWords(titles, figures, inputs)).key("limits").array();
+  json.object().member("text", comparisonWords(titles, figures, inputs));
+  json.member("maps_text", mapsText(views)).key("limits").array();
   for (const ComparedLimit& limit : compareLimits(checks)) writeLimit(json, limit);
   json.end().key("figures").array();
   for (const ComparedFigure& figure : figures) writeFigure(json, figure);

@@ -117,6 +117,9 @@ for (const name of [
   report(name);
 report('two', ['misaligned', 'good']);
 report('eight', ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)]);
+// The tables of the many alone are more than their half of it.
+report('beside_many', ['dense', 'many'], '--budget', '1500000');
+report('without_maps', ['dense', 'many'], '--budget', '1');
 // Pictures of 320 and of 640 pixels across.
 report('sizes', ['good', 'dense']);
 report('with_paths', ['good'], '--paths');

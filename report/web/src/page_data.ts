@@ -216,6 +216,8 @@ export interface DistanceBin {
 export interface Comparison {
   /** In words: what differs and what does not. */
   text: string;
+  /** Which checks have no map of row differences, and why; '' where each has one. */
+  maps_text: string;
   limits: { text: string; values: (number | null)[]; holds: (boolean | null)[] }[];
   figures: ComparedFigure[];
 }

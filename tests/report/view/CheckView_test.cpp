@@ -95,6 +95,52 @@ TEST(CheckViewBudget, KeepsTheWorstAndSaysWhatIsLeftOut) {
   EXPECT_EQ(viewOf(manyPairs(), 0)["document"]["pairs"].size(), 16U) << "the tables have every pair";
 }
 
+CheckView withBudget(const Check& check, std::size_t budget, Pictures* pictures = somePictures) {
+  return made_document::view(check, {"title", false, budget}, pictures);
+}
+
+TEST(CheckViewBudget, KeepsTheDotsOfTheWorstPairBeforeTheTables) {
+  const std::size_t dots = viewOf(manyPairs(), 1000000, noPictures)["details"][11].dump().size();
+  const std::size_t enough = dots + dots / 10;
+  ASSERT_LT(enough, dots + viewOf(manyPairs(), 0)["document"].dump().size());
+  const CheckView view = withBudget(manyPairs(), enough);
+  const Json data = Json::parse(view.data);
+  EXPECT_EQ(view.row_map, RowMap::kThere);
+  EXPECT_EQ(data["details"][11]["points"]["id"].size(), 12U);
+  EXPECT_TRUE(data["details"][11]["pictures"]["left"].is_null());
+  EXPECT_TRUE(data["details"][0].is_null());
+  EXPECT_EQ(data["left_out"],
+            "Dots and pictures of 15 of 16 pairs were left out to keep the file small; the dots of the worst pair are "
+            "there, without its pictures. polarline report --budget takes more.");
+  EXPECT_EQ(withBudget(manyPairs(), dots / 2).row_map, RowMap::kLeftOut);
+}
+
+TEST(CheckViewBudget, OfADocumentWithoutPicturesLeavesNoneOut) {
+  const std::size_t dots = viewOf(manyPairs(), 1000000, noPictures)["details"][11].dump().size();
+  EXPECT_EQ(Json::parse(withBudget(manyPairs(), dots + dots / 10, noPictures).data)["left_out"],
+            "Dots and pictures of 15 of 16 pairs were left out to keep the file small; those of the worst pairs are "
+            "there, and others evenly over the list. polarline report --budget takes more. Pictures of 1 pair are not "
+            "shown: the files are not where they were, have changed, or were not wanted.");
+}
+
+TEST(CheckViewBudget, OfOnePairLeavesItsPicturesOut) {
+  const std::size_t dots = viewOf(made_document::check(), 1000000, noPictures)["details"][0].dump().size();
+  EXPECT_EQ(Json::parse(withBudget(made_document::check(), dots + dots / 10).data)["left_out"],
+            "Pictures of the only pair were left out to keep the file small. polarline report --budget takes more.");
+}
+
+TEST(CheckViewRowMap, IsThatOfThePairToBeginWith) {
+  Check check = manyPairs();
+  EXPECT_EQ(withBudget(check, 1000000).row_map, RowMap::kThere);
+  for (float& dy : check.pairs[11].points.dy) dy = NAN;
+  EXPECT_EQ(withBudget(check, 1000000).row_map, RowMap::kNoRows);
+  check.summary.clear();
+  check.pairs = {hand_made::givenUp(check.pairs[0])};
+  EXPECT_EQ(withBudget(check, 1000000).row_map, RowMap::kNoPair);
+  check.pairs.clear();
+  EXPECT_EQ(withBudget(check, 1000000).row_map, RowMap::kNoPair);
+}
+
 TEST(CheckViewBudget, OfNothingSaysThatNoPairIsThere) {
   EXPECT_EQ(viewOf(manyPairs(), 0)["left_out"],
             "Dots and pictures of all 16 pairs were left out to keep the file small. polarline report --budget takes "
@@ -124,6 +170,12 @@ TEST(CheckViewEnding, ShowsThePairWithoutAnEntry) {
   EXPECT_TRUE(ended["failed_step"].is_null());
 }
 
+int dotsIn(const Json& grid) {
+  int dots = 0;
+  for (const Json& cell : grid["dots"]) dots += cell.get<int>();
+  return dots;
+}
+
 TEST(CheckViewCoverage, CountsAllFinishedPairs) {
   Check check = manyPairs();
   check.pairs.resize(3);
@@ -131,12 +183,26 @@ TEST(CheckViewCoverage, CountsAllFinishedPairs) {
   const Json coverage = viewOf(check)["coverage"];
   EXPECT_EQ(coverage["left"]["columns"], 16);
   EXPECT_EQ(coverage["left"]["rows"], 12);
-  int dots = 0;
-  for (const Json& cell : coverage["left"]["dots"]) dots += cell.get<int>();
-  EXPECT_EQ(dots, 24) << "12 of each finished pair";
+  EXPECT_EQ(dotsIn(coverage["left"]), 24) << "12 of each finished pair";
   EXPECT_THAT(coverage["sentence"].get<std::string>(), HasSubstr("The dots of 2 pairs together reach"));
   check.cameras.width = 0;
   EXPECT_TRUE(viewOf(check)["coverage"].is_null());
+}
+
+/// Of a set of rectified pictures, too, in the pictures that there are.
+TEST(CheckViewCoverage, OfRectifiedPicturesIsThatOfTheirPlaces) {
+  Check check = made_document::check();
+  PairPoints& points = check.pairs[0].points;
+  for (auto* places : {&points.left_x, &points.left_y, &points.right_x, &points.right_y}) {
+    for (float& place : *places) place = NAN;
+  }
+  Json coverage = viewOf(check)["coverage"];
+  EXPECT_EQ(dotsIn(coverage["left"]), 12);
+  EXPECT_EQ(dotsIn(coverage["right"]), 9) << "those of the first column are at -5";
+  EXPECT_EQ(coverage["sentence"],
+            "The dots of 1 pair reach 6 % of the left picture's cells and 5 % of the right one's.");
+  for (float& place : points.rectified_left_x) place = NAN;
+  EXPECT_TRUE(viewOf(check)["coverage"].is_null()) << "no place is known";
 }
 
 TEST(CheckViewPaths, AreFileNamesUnlessWanted) {

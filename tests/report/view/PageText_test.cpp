@@ -38,6 +38,24 @@ TEST(PageTextOf, SeveralAreCompared) {
   EXPECT_EQ(figure["mean"], Json::parse("[0.055, 0.5]"));
   EXPECT_EQ(figure["difference"][1]["judged"], "more");
   EXPECT_EQ(figure["difference"][0]["judged"], "none");
+  EXPECT_EQ(comparison["maps_text"], "");
+}
+
+TEST(PageTextOf, ChecksWithoutAMapSayWhy) {
+  const Check check = made_document::check();
+  Check rowless = check;
+  for (float& dy : rowless.pairs[0].points.dy) dy = NAN;
+  Check empty = check;
+  empty.pairs.clear();
+  empty.summary.clear();
+  const CheckView small = made_document::view(check, {"d", false, 0});
+  const Json page =
+      Json::parse(pageText({viewOf(check, "a"), viewOf(rowless, "b"), viewOf(empty, "c"), small}, "", ""));
+  EXPECT_EQ(
+      page["comparison"]["maps_text"],
+      "There is no map of check 2, b: its worst pair has no row differences. There is no map of check 3, c: no "
+      "pair was finished. There is no map of check 4, d: its dots were left out to keep the file small; polarline "
+      "report --budget takes more.");
 }
 
 }  // namespace

@@ -107,7 +107,9 @@ interface DrawnMap {
 
 function maps(data: PageData, scope: Scope): HTMLElement[] {
   const found = firstPairs(data, scope);
-  if (found.length === 0) return [];
+  const missing = data.comparison?.maps_text ?? '';
+  const without = missing === '' ? [] : [el('p', { class: 'faint' }, missing)];
+  if (found.length === 0) return without;
   const shared = scaleOfAll(found);
   const drawn = mapFigures(found, shared, scope.end);
   const hasPattern = found.some(({ scope: { details } }) => (details?.points?.dy_pattern.length ?? 0) > 0);
@@ -116,6 +118,7 @@ function maps(data: PageData, scope: Scope): HTMLElement[] {
     el('h3', {}, 'Row differences of the worst pairs, on one scale'),
     sharedControls(shared, hasPattern, redraw),
     el('div', { class: 'grid' }, ...drawn.map(({ figure }) => figure.element)),
+    ...without,
   ];
 }
 
