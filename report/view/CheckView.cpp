@@ -13,6 +13,7 @@
 #include "report/read/ShortPaths.h"
 #include "report/view/DetailOrder.h"
 #include "report/view/DetailsText.h"
+#include "report/view/NameTexts.h"
 #include "report/words/CheckRecord.h"
 #include "report/words/GivenUpAdvice.h"
 
@@ -235,6 +236,7 @@ CheckView viewCheck(ReadCheck check, const CheckSources& sources, const ViewOpti
   CheckView view;
   view.title = options.title;
   view.record = checkRecord(check.json);
+  view.names = namesIn(check.json);
   view.headline = verdictText(view.record);
   const std::vector<std::string> names = mainOnes(view.record);
   const std::string document = check.json.dump(-1, ' ', false, Json::error_handler_t::replace);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ struct CheckView {
   Check record;      ///< As far as sentences and tables need it.
   std::string data;  ///< JSON.
   RowMap row_map = RowMap::kNoPair;
+  std::set<std::string> names;  ///< Of the figures, causes and warnings in it.
 };
 
 /// What a page has of a check besides its document.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <set>
 
 #include "check/document/JsonText.h"
 #include "check/document/ToolPart.h"
@@ -100,7 +101,9 @@ std::string pageText(std::vector<CheckView> views, const std::string& made, cons
   JsonText json(JsonText::Form::kShort);
   json.object().member("schema", "polarline-page/1").member("made", made).member("command", command);
   writeToolAndLibrary(json);
-  json.key("explanations").raw(nameTexts());
+  std::set<std::string> names;
+  for (const CheckView& view : views) names.insert(view.names.begin(), view.names.end());
+  json.key("explanations").raw(nameTexts(names));
   json.key("checks").array();
   for (CheckView& view : views) {
     json.raw(view.data);

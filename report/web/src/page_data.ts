@@ -10,7 +10,10 @@ export interface PageData {
   /** The command that asked for the page, as a shell takes it; '' where it is not known. */
   command: string;
   tool: { name: string; version: string; library: string };
-  /** What a figure, cause or warning means, by its name; a figure with an index stands under the bare name. */
+  /**
+   * What each figure, cause and warning that a check names means, by its name; a figure with an index stands under the
+   * bare name.
+   */
   explanations: Record<string, Explanation>;
   /** One check, or two to eight side by side. */
   checks: CheckView[];

@@ -150,6 +150,13 @@ TEST(ReportFailed, RunIsAPage) {
   EXPECT_TRUE(view["details"].empty());
 }
 
+/// A page with nothing to show is the page without data.
+TEST(ReportFailed, RunHasASmallPage) {
+  Check check;
+  check.verdict = Verdict::kError;
+  EXPECT_LE(pageOf(check).size(), 350'000U);
+}
+
 /// Every figure of a real check is the document's to the last digit, and the rows agree with the figure.
 TEST(ReportChecked, SetIsShownAsItWasMeasured) {
   const CopiedSet set;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MadeDocument.h"
 #include "polarline/check.h"
 #include "report/read/Json.h"
 
@@ -20,6 +21,27 @@ TEST(NameTextsOf, ExplainFiguresCausesAndWarnings) {
   EXPECT_EQ(texts["baseline_unit"]["title"], "Baseline unit");
   EXPECT_EQ(texts["baseline_unit"]["unit"], "");
   EXPECT_FALSE(texts.contains("-9"));
+}
+
+TEST(NameTextsOf, TheNamesThatAreWanted) {
+  const Json texts = Json::parse(nameTexts({"dy_means", "rotation_x", "no such name"}));
+  EXPECT_EQ(texts.size(), 2U);
+  EXPECT_EQ(texts["dy_means"], Json::parse(nameTexts())["dy_means"]);
+  EXPECT_EQ(nameTexts({}), "{}");
+}
+
+TEST(NameTextsNames, AreThoseOfADocument) {
+  Check check = made_document::check();
+  check.limits[0].text = "|refined.tri_dis[0]|<=0.5";
+  check.warnings = {{"too_dark", "", ""}};
+  auto& refined = check.pairs[0].refined.emplace().figures = check.pairs[0].figures;
+  refined[0].name = "tri_rms";
+  check.diagnosis.emplace().causes = {{}};
+  check.diagnosis->causes[0].name = "rotation_z";
+  check.summary[0].name = "dy_max";
+  const std::set<std::string> wanted = {"dy_means", "dy_max",  "refined",   "tri_dis",
+                                        "too_dark", "tri_rms", "rotation_z"};
+  EXPECT_EQ(namesIn(made_document::json(check)), wanted);
 }
 
 }  // namespace
