@@ -2,8 +2,9 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { goTo, within } from './support/browser.mjs';
+import { fleetOf, madeSets } from './support/fleet_made.mjs';
 import { toldNumbers } from './support/fleet_truth.mjs';
-import { checkDocument, pageFile } from './support/pages.mjs';
+import { checkDocument, pageData, pageFile, withData } from './support/pages.mjs';
 
 const fleet = checkDocument('fleet_line');
 const near = (found, wanted) =>
@@ -59,7 +60,8 @@ test('Points, ranges and sums of a station that does not drift are those of the 
 });
 
 test('What went wrong is said first, with since when: one day of a cause and of the figure that it changed', async () => {
-  // Station 3 looks down by 0.05 degrees on the last six of forty days from 14 October on: since 17 November.
+  // Station 3 looks down by 0.05 degrees in the last 5.5 of forty days from 14 October on: since noon of
+  // 17 November.
   await within(pageFile('fleet_line'), {}, async (page) => {
     const found = await page.$$eval('[data-finding]', (nodes) => nodes.map((node) => node.innerText));
     const third = found.filter((text) => text.startsWith('Station 3'));
@@ -79,6 +81,31 @@ test('What went wrong is said first, with since when: one day of a cause and of 
     assert.equal(causes.filter((line) => /^Station 3, (K2|R7) .*rotation_x.*Tue 17 Nov 2026 now/.test(line)).length, 2);
   });
 });
+
+for (const hours of [4, 12, 20]) {
+  test(`A change ${hours} hours before midnight is told since one day on each card, and that day`, async () => {
+    for (const seed of [1, 2, 3, 4]) {
+      // In thirty days from 5 January on: on 27 January.
+      const line = { days: 30, stations: 4, begin: '2026-01-05', offDays: 7 + hours / 24, seed };
+      const made = fleetOf(madeSets({ count: 10_000, ...line }));
+      await withData('fleet_line', { ...pageData('fleet_line'), fleet: made }, (file) =>
+        within(file, {}, (page) => cardsOf(page, seed)),
+      );
+    }
+  });
+}
+
+/** Both cards of station 3. */
+async function cardsOf(page, seed) {
+  const found = await page.$$eval('[data-finding]', (nodes) => nodes.map((node) => node.innerText));
+  const third = found.filter((text) => text.startsWith('Station 3'));
+  assert.equal(third.length, 2);
+  for (const text of third) {
+    const since = [...text.matchAll(/since \w+ (\d+ \w+)/g)].map(([, day]) => day);
+    assert.ok(since.length >= 2, text);
+    assert.deepEqual([...new Set(since)], ['27 Jan'], `${seed}: ${text}`);
+  }
+}
 
 test('Figures without a limit are told to have changed, but not as a fault', async () => {
   await within(pageFile('fleet_unlimited'), {}, async (page) => {

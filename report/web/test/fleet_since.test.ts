@@ -45,6 +45,12 @@ test('without a cause the drift of the most sigma tells the day, of those whose 
   assert.deepEqual(toldTogether([other, right, early], [span(29)]).map(dayOf), [24, 29, 29]);
 });
 
+test('a day beside that of a cause is told as that day although the points exclude it', () => {
+  assert.deepEqual(toldTogether([other], [span(25)]).map(dayOf), [25]);
+  assert.deepEqual(toldTogether([other], [span(23)]).map(dayOf), [23]);
+  assert.deepEqual(toldTogether([other], [span(26)]).map(dayOf), [24]);
+});
+
 test('what does not drift stays as it is', () => {
   const quiet = course(30, 0, 0, 0);
   assert.equal(lastingDrift(quiet), null);

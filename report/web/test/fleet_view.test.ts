@@ -30,6 +30,37 @@ test('a cause recurs from the first day of the unbroken days on which half of th
   assert.ok(Math.abs(found!.mean - 0.05) < 1e-12);
 });
 
+const quiet = (from: number, to: number, n = 0) =>
+  Array.from({ length: to - from }, (_, k) => period(from + k, n, 42, n > 0 ? 0.01 : 0));
+const told = (days: CausePeriod[]) => recurrences(days).map(({ from, told, diagnosed }) => [from, told, diagnosed]);
+
+test('a cause that came up late in a day recurs from that day on', () => {
+  const rest = [period(9, 40, 40, 0.05), period(10, 44, 44, 0.05)];
+  assert.deepEqual(told([...quiet(0, 8), period(8, 19, 42, 0.0505), ...rest]), [[8, 103, 126]]);
+  // In the last hour, and where a set in twenty told a little of it before.
+  assert.deepEqual(told([...quiet(0, 8), period(8, 2, 42, 0.05), ...rest]), [[8, 86, 126]]);
+  assert.deepEqual(told([...quiet(0, 8, 2), period(8, 3, 42, 0.05), ...rest]), [[8, 87, 126]]);
+  // Three of them in the last hours, and one of those few: 0.039 in the mean, with a deviation of 0.02.
+  assert.deepEqual(told([...quiet(0, 8, 2), period(8, 4, 42, 0.039, 0.02), ...rest]), [[8, 88, 126]]);
+});
+
+test('a day that is like those before it is not the first of a cause', () => {
+  const rest = [period(9, 40, 40, 0.05), period(10, 44, 44, 0.05)];
+  const later = [[9, 84, 84]];
+  assert.deepEqual(told([...quiet(0, 9), ...rest]), later);
+  assert.deepEqual(told([...quiet(0, 9, 2), ...rest]), later);
+  assert.deepEqual(told([...quiet(0, 8), period(8, 19, 42, 0.01), ...rest]), later, 'of another value');
+  assert.deepEqual(told([period(8, 19, 42, 0.05), ...rest]), later, 'nobody knows what was before');
+});
+
+test('a value that changed in the course of a day counts from that day on, by what it is behind it', () => {
+  const days = [...[0, 1, 2, 3].map((day) => period(day, 10, 10, 0.01)), period(4, 40, 40, 0.03, 0.02)];
+  const [found, ...more] = recurrences([...days, period(5, 10, 10, 0.05), period(6, 10, 10, 0.05)]);
+  assert.deepEqual(more, []);
+  assert.deepEqual([found?.from, found?.told, found?.diagnosed], [4, 60, 60]);
+  assert.ok(Math.abs(found!.mean - 0.05) < 1e-12);
+});
+
 test('a cause that went away does not last, and a day without diagnosed sets breaks nothing', () => {
   const days = [period(0, 5, 5, 0.05), period(1, 0, 0, 0), period(2, 5, 5, 0.05), period(3, 0, 9, 0)];
   assert.deepEqual(

@@ -14,7 +14,7 @@ const iso = (time) => new Date(time).toISOString().replace(/\.\d+Z$/, 'Z');
 const rounded = (value, digits = 7) => Number(value.toPrecision(digits));
 
 /**
- * The sets of a line. On the last `offDays` days station 3 has cameras that look down by 0.05 degrees: its row
+ * The sets of a line. In the last `offDays` days, which may begin within one, station 3 has cameras that look down by 0.05 degrees: its row
  * differences grow. Station 2 drifts slowly in its distances.
  */
 export function madeSets({
@@ -33,7 +33,7 @@ export function madeSets({
     const station = String(1 + Math.floor(uniform() * stations));
     const model = models[Math.floor(uniform() * models.length)];
     const day = Math.floor((time - start) / dayLength);
-    const off = station === '3' && day >= days - offDays;
+    const off = station === '3' && (time - start) / dayLength >= days - offDays;
     const worn = station === '2' ? Math.max(0, day - days / 2) / days : 0;
     const kind = uniform();
     const verdict = kind < 0.006 ? 'error' : kind < 0.012 ? 'unjudged' : 'judged';

@@ -2,7 +2,8 @@
 import { fleetOf, madeSets } from './fleet_made.mjs';
 
 const made = {
-  fleet_line: { count: 3000 },
+  // Off from noon on.
+  fleet_line: { count: 3000, offDays: 5.5 },
   fleet_one: { count: 1 },
   fleet_few: { count: 90, days: 6, offDays: 2 },
   fleet_empty: { count: 0 },

@@ -29,3 +29,17 @@ export async function withCopy(name, change, work) {
     rmSync(folder, { recursive: true });
   }
 }
+
+const dataElement = /(<script type="application\/json" id="polarline-data">)([^]*?)(<\/script>)/;
+
+/** What a page was given. */
+export const pageData = (name) => JSON.parse(dataElement.exec(pageText(name))[2]);
+
+/** A page of other data. */
+export const withData = (name, data, work) =>
+  withCopy(
+    name,
+    (text) =>
+      text.replace(dataElement, (_, begin, __, end) => begin + JSON.stringify(data).replaceAll('<', '\\u003c') + end),
+    work,
+  );

@@ -1,4 +1,5 @@
 import { pooled, type Moments } from './moments';
+import { shareDifference, wilson } from './proportion';
 
 /** What one period says of a cause at one station and model. */
 export interface CausePeriod extends Moments {
@@ -27,7 +28,9 @@ const leastSets = 5;
 const offZero = 3;
 const otherLevel = 6;
 
-function spread(periods: readonly CausePeriod[]): Moments & { error: number } {
+type Level = Moments & { error: number };
+
+function spread(periods: readonly CausePeriod[]): Level {
   const all = pooled(periods);
   const squares = periods.reduce((sum, { n, error }) => sum + n * error * error, 0);
   const single = Math.max(all.sd, Math.sqrt(squares / Math.max(1, all.n)));
@@ -54,29 +57,79 @@ function lastLevel(periods: readonly CausePeriod[]): number {
   }
 }
 
-/** Neighbouring periods in which at least half of the diagnosed sets tell the cause. */
-function runs(periods: readonly CausePeriod[]): CausePeriod[][] {
-  const found: CausePeriod[][] = [[]];
+/** Neighbouring periods in which at least half of the diagnosed sets tell the cause, and those between them. */
+interface Run {
+  before: CausePeriod[];
+  periods: CausePeriod[];
+}
+
+function runs(periods: readonly CausePeriod[]): Run[] {
+  const found: Run[] = [{ before: [], periods: [] }];
   for (const period of periods) {
     if (period.diagnosed <= 0) continue;
-    if (period.n >= leastShare * period.diagnosed) found[found.length - 1]!.push(period);
-    else if (found[found.length - 1]!.length > 0) found.push([]);
+    const last = found[found.length - 1]!;
+    if (period.n >= leastShare * period.diagnosed) last.periods.push(period);
+    else if (last.periods.length > 0) found.push({ before: [period], periods: [] });
+    else last.before.push(period);
   }
-  return found.filter((run) => run.length > 0);
+  return found.filter((run) => run.periods.length > 0);
+}
+
+const countsOf = (periods: readonly CausePeriod[]) => ({
+  told: periods.reduce((sum, { n }) => sum + n, 0),
+  diagnosed: periods.reduce((sum, { diagnosed }) => sum + diagnosed, 0),
+});
+
+function shareOf(periods: readonly CausePeriod[]) {
+  const { told, diagnosed } = countsOf(periods);
+  return wilson(told, diagnosed);
+}
+
+const isApart = (a: Level, b: Level): boolean => Math.abs(a.mean - b.mean) > offZero * Math.hypot(a.error, b.error);
+
+/**
+ * What came up in the course of a period is told by less than half of its sets where that was late in it. The run begins
+ * there all the same: where they tell the same of it, and more of them do than before, or those before told another value.
+ */
+function fromItsBegin({ before, periods }: Run): CausePeriod[] {
+  const [first, earlier] = [before.slice(-1), before.slice(0, -1)];
+  const [share, old] = [shareOf(first), shareOf(earlier)];
+  if (!share || !old || share.count === 0) return periods;
+  const part = spread(first);
+  const told = spread(earlier);
+  // As large as it would be if these sets told what those before them did.
+  const chance = told.error * Math.sqrt(old.count / share.count);
+  const isNew = shareDifference(share, old).low > 0 || (old.count > 0 && isApart({ ...part, error: chance }, told));
+  return isNew && !isApart(part, spread(periods)) ? [...first, ...periods] : periods;
+}
+
+/** The period before a new level, where its value is neither the old nor the new one: it changed in the course of it. */
+function beginOfLevel(periods: readonly CausePeriod[], level: number): number {
+  const mixed = level - 1;
+  if (mixed < 1) return level;
+  const [before, at, behind] = [
+    spread(periods.slice(0, mixed)),
+    spread([periods[mixed]!]),
+    spread(periods.slice(level)),
+  ];
+  const towards = (at.mean - before.mean) * (behind.mean - before.mean) > 0;
+  return towards && isApart(at, before) ? mixed : level;
 }
 
 /**
  * Causes that come back: told by at least half of the sets, period after period, at least five sets in all, with a mean
- * that is no chance. Where the value has changed its level, it counts from then. Periods in the order of time.
+ * that is no chance. Where the value has changed its level, it counts from then. Of the first period it may be a part.
+ * Periods in the order of time.
  */
 export function recurrences(periods: readonly CausePeriod[]): Recurrence[] {
   const last = periods.filter(({ diagnosed }) => diagnosed > 0).at(-1)?.day;
-  return runs(periods).flatMap((run) => {
-    const level = run.slice(lastLevel(run));
-    const { n, mean, error } = spread(level);
+  return runs(periods).flatMap((found) => {
+    const run = fromItsBegin(found);
+    const at = lastLevel(run);
+    const { n, mean, error } = spread(run.slice(at));
     if (n < leastSets || !(Math.abs(mean) > offZero * error)) return [];
-    const to = level[level.length - 1]!.day;
-    const diagnosed = level.reduce((sum, period) => sum + period.diagnosed, 0);
-    return [{ from: level[0]!.day, to, lasts: to === last, told: n, diagnosed, mean, error }];
+    const counted = run.slice(beginOfLevel(run, at));
+    const to = run[run.length - 1]!.day;
+    return [{ from: counted[0]!.day, to, lasts: to === last, mean, error, ...countsOf(counted) }];
   });
 }

@@ -26,11 +26,14 @@ export function openMinutes({ begins, minutes }: CourseView, { from, share, leve
   return [at(share + surely / level), at(share - surely / level)];
 }
 
-/** The drift with the likeliest of the changes that its points leave open and one of the spans does; null: none. */
-function changedWithin(course: CourseView, drift: Drift, spans: readonly Span[]): Drift | null {
+/**
+ * The drift with the likeliest of the changes that its points leave open and one of the spans, or `beside` minutes before
+ * or behind it, does; null: none.
+ */
+function changedWithin(course: CourseView, drift: Drift, spans: readonly Span[], beside = 0): Drift | null {
   for (const change of [drift, ...drift.open]) {
     const [from, to] = openMinutes(course, change);
-    const within = spans.find(([begin, end]) => begin <= to && from < end);
+    const within = spans.find(([begin, end]) => begin - beside <= to && from < end + beside);
     if (!within) continue;
     const { share, level, gain } = change;
     return { ...drift, from: change.from, share, level, gain, shift: (drift.shift / drift.level) * level, within };
@@ -41,7 +44,8 @@ function changedWithin(course: CourseView, drift: Drift, spans: readonly Span[])
 /**
  * The courses of one station and model, whose lasting drifts are told since one day where their points leave that open:
  * the one that a cause is told since, else that of a drift of more sigma. A camera that moved changes many figures at
- * once, and each alone tells the day by chance a little early or late.
+ * once, and each alone tells the day by chance a little early or late; of hundreds some by a day more than their points
+ * leave open, so that one a day beside is told since the same day, too.
  */
 export function toldTogether(courses: readonly CourseView[], causes: readonly Span[]): CourseView[] {
   const told = [...courses];
@@ -53,7 +57,9 @@ export function toldTogether(courses: readonly CourseView[], causes: readonly Sp
     })
     .sort((a, b) => b.drift.level - a.drift.level)
     .forEach(({ course, measure, drift }) => {
-      const found = changedWithin(course, drift, causes) ?? changedWithin(course, drift, days) ?? drift;
+      const near = (spans: readonly Span[]) =>
+        changedWithin(course, drift, spans) ?? changedWithin(course, drift, spans, dayMinutes);
+      const found = near(causes) ?? near(days) ?? drift;
       const drifts = course.sums!.drifts.map((each) => (each === drift ? found : each));
       told[measure] = { ...course, sums: { ...course.sums!, drifts } };
       days.push(dayOf(beginMinute(course, found)));
