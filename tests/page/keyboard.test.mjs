@@ -104,7 +104,7 @@ test('A dot that is marked with the keys is marked in every plot, and Escape tak
   await within(pageFile('misaligned'), { hash: '#pair=0', calm: true }, async (page) => {
     assert.equal(await markedPlots(page), 0);
     await page.focus('#pair .plot-picture .plot-stage');
-    await settled(page); // A page that scrolls takes the tooltip away.
+    await settled(page);
     await page.keyboard.press('ArrowRight');
     const tip = await page.$eval('.tooltip', (node) => (node.checkVisibility() ? node.textContent : ''));
     assert.match(tip, /row/i);
@@ -114,6 +114,21 @@ test('A dot that is marked with the keys is marked in every plot, and Escape tak
     assert.equal(await markedPlots(page), overlays);
     await page.keyboard.press('Escape');
     assert.equal(await markedPlots(page), 0);
+  });
+});
+
+test('What is told of a dot goes out of sight with its plot, and comes back with it', async () => {
+  await within(pageFile('misaligned'), { hash: '#pair=0', calm: true }, async (page) => {
+    await page.focus('#pair .plot-picture .plot-stage');
+    await settled(page);
+    for (const key of ['ArrowRight', 'Enter']) await page.keyboard.press(key);
+    const isTold = () => page.$eval('.tooltip', (node) => node.checkVisibility());
+    const scroll = async (down) => {
+      await page.evaluate((by) => scrollBy({ top: by, behavior: 'instant' }), down);
+      await settled(page);
+      return isTold();
+    };
+    assert.deepEqual([await isTold(), await scroll(1200), await scroll(-1200)], [true, false, true]);
   });
 });
 

@@ -15,6 +15,13 @@ export const checkDocument = (name) => JSON.parse(readFileSync(checkDocumentFile
 /** The pages of one check. */
 export const single = ['good', 'misaligned', 'nulls', 'one_pair', 'unseen', 'empty', 'broken', 'colour'];
 
+/** The pages of several checks, with the documents that stand in them. */
+export const compared = {
+  two: ['misaligned', 'good'],
+  eight: ['good', 'misaligned', ...[1, 2, 3, 4, 5, 6].map((index) => `after_${index}`)],
+  sizes: ['good', 'dense'],
+};
+
 /** Works on a page that was changed after it was made. */
 export async function withCopy(name, change, work) {
   const folder = mkdtempSync(path.join(tmpdir(), 'page_copy_'));

@@ -28,10 +28,12 @@ export function followDots(selection: SelectionStore, points: DotColumns, unit: 
     from = { x: scrollX, y: scrollY };
     if (selection.place) put(box, selection.place.x, selection.place.y);
   }, end);
-  // The dot moves with the page, as it does when a key has brought it into view.
+  // The dot moves with the page, as it does when a key has brought it into view. Out of sight, nothing is told of it.
   const follow = (): void => {
-    if (selection.place && !box.hidden)
-      put(box, selection.place.x - (scrollX - from.x), selection.place.y - (scrollY - from.y));
+    if (!selection.place || selection.hovered === null) return;
+    const [x, y] = [selection.place.x - (scrollX - from.x), selection.place.y - (scrollY - from.y)];
+    box.hidden = x < 0 || y < 0 || x > innerWidth || y > innerHeight;
+    if (!box.hidden) put(box, x, y);
   };
   addEventListener('scroll', follow, { passive: true, signal: end });
   end.addEventListener('abort', () => box.remove());

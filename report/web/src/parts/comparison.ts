@@ -39,7 +39,9 @@ function limits(data: PageData, comparison: Comparison): HTMLElement | null {
         const kept = holds[index] ?? null;
         const words = kept === null ? 'not judged' : value === null ? 'not measured' : shown(value);
         const shape = kept === null ? 'none' : kept ? 'pass' : 'fail';
-        return { content: chip(shape, words), value };
+        const content = chip(shape, words);
+        Object.assign(content.dataset, { judged: text, check: index + 1, value, holds: kept });
+        return { content, value };
       }),
     ]),
     headed: true,
@@ -52,7 +54,13 @@ function mean(figure: ComparedFigure, index: number): Cell {
   const high = figure.high95[index] ?? null;
   if (value === null) return '–';
   const interval = low === null || high === null ? null : el('small', {}, between(low, high));
-  const exact = { 'data-compared': figure.figure, 'data-check': index + 1, 'data-value': String(value) };
+  const exact = {
+    'data-compared': figure.figure,
+    'data-check': index + 1,
+    'data-value': String(value),
+    'data-low': String(low),
+    'data-high': String(high),
+  };
   return { content: el('span', exact, shown(value), interval), value };
 }
 
@@ -65,7 +73,17 @@ function difference(figure: ComparedFigure, index: number): Cell {
   const said = found.judged === 'unknown' ? 'not known' : found.judged;
   const state =
     found.judged === 'more' || found.judged === 'less' ? el('strong', {}, said) : el('span', { class: 'faint' }, said);
-  return { content: el('span', {}, state, el('small', {}, by)), value: found.value, copied: [found.value, found.sd] };
+  const exact = {
+    'data-differs': figure.figure,
+    'data-check': index + 1,
+    'data-value': String(found.value),
+    'data-sd': String(found.sd),
+  };
+  return {
+    content: el('span', exact, state, el('small', {}, by)),
+    value: found.value,
+    copied: [found.value, found.sd],
+  };
 }
 
 function nameCell(figure: ComparedFigure, scope: Scope): Cell {

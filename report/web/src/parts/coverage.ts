@@ -1,10 +1,31 @@
 import { el } from '../dom/el';
+import { tableElement } from '../dom/table';
 import { plotFigure } from '../dom/plot_figure';
 import { coverageMap } from '../plots/coverage';
 import { SelectionStore } from '../state/selection';
 import { section } from './chip';
 import { pictureSize } from './pair_views';
+import type { CoverageGrid } from '../page_data';
 import type { Scope } from './scope';
+
+/** The cells as numbers, for who cannot point at them. */
+function counts(side: string, { columns, rows, dots }: CoverageGrid): HTMLElement {
+  const numbers = (count: number): number[] => Array.from({ length: count }, (_, k) => k);
+  return el(
+    'details',
+    { class: 'card full no-print', 'data-cells': side },
+    el('summary', {}, `Dots in the cells of the ${side} picture`),
+    tableElement({
+      caption: `Dots in the cells of the ${side} picture`,
+      columns: [{ title: 'Row' }, ...numbers(columns).map((k) => ({ title: `Column ${k + 1}`, numbers: true }))],
+      rows: numbers(rows).map((row) => [
+        String(row + 1),
+        ...numbers(columns).map((k) => String(dots[row * columns + k])),
+      ]),
+      headed: true,
+    }),
+  );
+}
 
 /** Where dots of any pair have been. */
 export function coverage(scope: Scope): HTMLElement | null {
@@ -25,7 +46,11 @@ export function coverage(scope: Scope): HTMLElement | null {
         scope.end,
       ).element,
   );
-  const made = section('coverage', 'All pairs together', el('div', { class: 'grid' }, ...figures));
+  const made = section(
+    'coverage',
+    'All pairs together',
+    el('div', { class: 'grid' }, ...figures, counts('left', found.left), counts('right', found.right)),
+  );
   made.dataset['set'] = scope.check.title;
   return made;
 }

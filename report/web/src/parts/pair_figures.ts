@@ -104,11 +104,13 @@ function interval(scope: PairScope, name: string, source: Source): Cell[] {
   const known = uncertaintyOf(scope.pair, source, name);
   if (!known) return ['', ''];
   const { sd, low95: low, high95: high } = known;
+  const of = { 'data-certain': name, 'data-source': source };
+  const ends = { ...of, 'data-low': String(low), 'data-high': String(high) };
   return [
-    sd === null ? '–' : { content: document.createTextNode(error(sd)), value: sd },
+    sd === null ? '–' : { content: el('span', { ...of, 'data-sd': String(sd) }, error(sd)), value: sd },
     low === null || high === null
       ? '–'
-      : { content: document.createTextNode(between(low, high)), value: low, copied: [low, high] },
+      : { content: el('span', ends, between(low, high)), value: low, copied: [low, high] },
   ];
 }
 
