@@ -179,8 +179,9 @@ std::vector<std::string> limitNames() {
   return names;
 }
 
-std::vector<Limit> readLimits(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
+std::vector<Limit> readLimits(const InputFile& file) {
+  const std::string& path = file.shown;
+  std::ifstream stream(file.path, std::ios::binary);
   std::vector<Limit> limits;
   std::string line;
   for (int number = 1; std::getline(stream, line); ++number) {

@@ -3,13 +3,14 @@
 #include <vector>
 
 #include "check/judge/Limit.h"
+#include "check/set/InputFile.h"
 #include "polarline/check.h"
 
 namespace polarline {
 
 /// The limits of a file, one a line; blank lines and lines that begin with # are left out. Throws `InputError` with
 /// the line.
-std::vector<Limit> readLimits(const std::string& path);
+std::vector<Limit> readLimits(const InputFile& file);
 
 /// For a check that does not refine: throws `InputError` for a limit on a refined figure, which would judge nothing.
 void requireDetected(const std::vector<Limit>& limits);

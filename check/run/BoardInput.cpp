@@ -37,8 +37,8 @@ double medianDistance(const BoardGroundTruth& truth, std::size_t cols, std::size
 
 }  // namespace
 
-BoardGroundTruth readBoardTruth(const std::string& path) {
-  std::istringstream lines(contentOf(path));
+BoardGroundTruth readBoardTruth(const InputFile& file) {
+  std::istringstream lines(contentOf(file));
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
     std::istringstream words(line);
@@ -48,11 +48,11 @@ BoardGroundTruth readBoardTruth(const std::string& path) {
     double z = 0.0;
     const bool is_blank = line.find_first_not_of(" \t\r") == std::string::npos;
     if (!is_blank && !(words >> x >> y >> z))
-      throw InputError(fmt::format("{}, line {}", path, number),
+      throw InputError(fmt::format("{}, line {}", file.shown, number),
                        shownOf(line) + " was found; three numbers x y z were wanted" + byte_order_mark::wordsOf(line));
   }
   BoardGroundTruth points;
-  ReadBoardTxt(path, points);
+  ReadBoardTxt(file.path, points);
   return points;
 }
 
@@ -89,11 +89,12 @@ void warnOfSteps(const Set& set, const PolarConfig& config, const BoardInfo& boa
   if (differ(down, board.step_y)) warn(set.board, "neighbours in a column are apart by", down, "step_y", board.step_y);
 }
 
-BoardInfo readBoardInfo(const std::string& target_path) {
+BoardInfo readBoardInfo(const InputFile& file) {
+  const std::string& target_path = file.shown;
   kestrune::RingTarget target;
-  requireLength(target_path);
+  requireLength(file);
   try {
-    const PlainPath plain(target_path);
+    const PlainPath plain(file.path);
     target.loadConfig(plain.get());
     // The library would look for a board of its own.
     if (target.patterns().empty() && !isTargetName(target_path))
@@ -105,7 +106,7 @@ BoardInfo readBoardInfo(const std::string& target_path) {
   } catch (const InputError&) {
     throw;
   } catch (const std::exception&) {
-    if (files::extensionOf(target_path) == "json") requireJson(target_path);
+    if (files::extensionOf(target_path) == "json") requireJson(file);
     throw InputError(target_path,
                      "can't be read as a target: a well-formed JSON, YAML or XML document with the record "
                      "\"patterns\" and a board_type of 1, 2 or 3 was wanted");

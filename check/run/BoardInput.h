@@ -4,13 +4,14 @@
 #include <vector>
 
 #include "PolarLinePrecision/BoardRecords.h"
+#include "check/set/InputFile.h"
 #include "input/PolarConfig.h"
 #include "polarline/check.h"
 
 namespace polarline {
 
 /// True positions of the dots by id. Throws for a line that is not three numbers, unless it is empty.
-BoardGroundTruth readBoardTruth(const std::string& path);
+BoardGroundTruth readBoardTruth(const InputFile& file);
 
 /// Warns of evaluations that want true positions which the set does not have.
 void warnOfBoardTruth(const std::string& path, const PolarConfig& config, const BoardInfo& board,
@@ -21,6 +22,6 @@ void warnOfSteps(const Set& set, const PolarConfig& config, const BoardInfo& boa
                  std::vector<Warning>& warnings);
 
 /// Also proves that the detector can be configured from it.
-BoardInfo readBoardInfo(const std::string& target);
+BoardInfo readBoardInfo(const InputFile& target);
 
 }  // namespace polarline

@@ -17,24 +17,25 @@
 
 namespace polarline {
 
-StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>& warnings) {
+StereoCalibParams readCalibration(const InputFile& file, std::vector<Warning>& warnings) {
+  const std::string& path = file.shown;
   StereoCalibParams calib;
   std::string error_text;
   // The binary reader of the exports would leave its tables as text files beside the calibration.
   const bool is_binary = files::extensionOf(path) == "bin";
   std::int32_t status = 0;
-  if (!is_binary) requireLength(path);
+  if (!is_binary) requireLength(file);
   try {
-    const PlainPath plain(path);
+    const PlainPath plain(file.path);
     if (files::extensionOf(path) == "json") lookAtMembers(path, plain.get(), warnings);
     status = is_binary ? loadStereoCalibration(plain.get(), calib) : ReadCalibResult(plain.get(), calib, error_text);
   } catch (const cv::Exception& error) {
-    requireJson(path);
+    requireJson(file);
     throw InputError(path,
-                     "is no JSON that can be read (" + textOf(error) + ")" + byte_order_mark::wordsOf(contentOf(path)));
+                     "is no JSON that can be read (" + textOf(error) + ")" + byte_order_mark::wordsOf(contentOf(file)));
   }
   if (status != polar_status::kSuccess)
-    throw InputError(path, advisedMeaning(status) + (is_binary ? "" : byte_order_mark::wordsOf(contentOf(path))));
+    throw InputError(path, advisedMeaning(status) + (is_binary ? "" : byte_order_mark::wordsOf(contentOf(file))));
   lookAtGeometry(path, calib, warnings);
   // As the exports hand it on: through the caller's record.
   ExportedCalibParams exported;
@@ -43,8 +44,8 @@ StereoCalibParams readCalibration(const std::string& path, std::vector<Warning>&
   return calib;
 }
 
-RectifiedParams readRectified(const std::string& path) {
-  std::istringstream lines(contentOf(path));
+RectifiedParams readRectified(const InputFile& file) {
+  std::istringstream lines(contentOf(file));
   std::string line;
   while (std::getline(lines, line) && (line.empty() || line[0] == '#')) {
   }
@@ -54,7 +55,7 @@ RectifiedParams readRectified(const std::string& path) {
   char comma = ',';
   for (double& number : n) {
     if (comma != ',' || !(numbers >> number))
-      throw InputError(path, "five numbers by commas were wanted: focal, baseline, cx, cy, disparity offset");
+      throw InputError(file.shown, "five numbers by commas were wanted: focal, baseline, cx, cy, disparity offset");
     numbers >> comma;
   }
   RectifiedParams rectified;

@@ -17,6 +17,7 @@
 #include "check/judge/DetectCommand.h"
 #include "check/judge/GivenUp.h"
 #include "check/judge/Judgement.h"
+#include "check/run/Answer.h"
 #include "check/run/Diagnosing.h"
 #include "check/run/FailureWords.h"
 #include "check/run/NoFigures.h"
@@ -29,7 +30,10 @@
 #include "check/set/ChosenPairs.h"
 #include "check/set/Fingerprint.h"
 #include "check/set/GivenPictures.h"
+#include "check/set/ListedPairs.h"
 #include "check/set/PictureSource.h"
+#include "check/set/SetIdentity.h"
+#include "check/set/UnreadInput.h"
 #include "platform/Console.h"
 #include "polar/run/PolarPrecision.h"
 #include "polarline/errors.h"
@@ -68,14 +72,18 @@ class SetCheck final : public RunObserver {
  public:
   SetCheck(const Set& set, const CheckOptions& options) : set_(set), options_(options) {}
 
-  Check run();
+  Answer run();
   void pairDone(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) override;
 
  private:
+  void readAll();
+  void requireUnchanged() const;
   void choosePairs();
   std::int32_t runLibrary(PolarPrecision& precision);
   std::int32_t runInto(OutFolder& out, PolarPrecision& precision);
   void runWith(OutFolder& out);
+  void runAll();
+  void endWithout(const ChangedInput& error);
   void endWith(const std::exception& error);
   void addPictures();
   void conclude();
@@ -91,10 +99,39 @@ class SetCheck final : public RunObserver {
   std::unique_ptr<ListedPictures> pictures_;
   std::unique_ptr<PairLook> pairs_;
   bool picture_failed_ = false;
+  bool rests_on_files_ = false;
 };
 
+void SetCheck::requireUnchanged() const {
+  std::string changed = set_.folder;
+  try {
+    // What can be left out, and what a set may have in one form or another, might have been away when it was looked
+    // for.
+    changed = changedFile(inputs_.files.hashes(), opened(set_, options_));
+  } catch (const InputError&) {
+  }
+  if (!changed.empty()) throw ChangedInput(changed + ": changed or went away while it was read");
+}
+
+/// What was read must be what was hashed, and all of one moment.
+void SetCheck::readAll() {
+  try {
+    readInputs(set_, options_, inputs_, check_);
+    choosePairs();
+  } catch (const OutputError&) {
+    throw;
+  } catch (const std::exception& error) {
+    if (!inputs_.files.hashes().empty()) requireUnchanged();
+    rests_on_files_ = dynamic_cast<const UnreadInput*>(&error) == nullptr;
+    throw;
+  }
+  requireUnchanged();
+  rests_on_files_ = true;
+}
+
 void SetCheck::choosePairs() {
-  std::vector<ListedPair> listed = options_.pictures ? listedPairs(*options_.pictures) : listedPairs(inputs_.set.list);
+  std::vector<ListedPair> listed =
+      options_.pictures ? listedPairs(*options_.pictures) : listedPairs(inputs_.files.of(inputs_.set.list));
   listed = chosenPairs(std::move(listed), options_.pairs);
   if (!options_.pictures) warnOfSamePictures(listed, inputs_.set.list, check_.warnings);
   if (options_.pairs) first_pair_ = options_.pairs->first;
@@ -117,7 +154,7 @@ void SetCheck::pairDone(std::size_t index, bool finished, std::int32_t status, c
 
 std::int32_t SetCheck::runLibrary(PolarPrecision& precision) {
   RunArguments arguments;
-  const PlainPath target(inputs_.set.target);
+  const PlainPath target(inputs_.target());
   arguments.targetConfigPath = target.get();
   arguments.source = pictures_.get();
   arguments.observer = this;
@@ -150,6 +187,7 @@ void SetCheck::runWith(OutFolder& out) {
   precision.config.result_folder = out.resultFolder(inputs_.config);
   precision.boardPoints = inputs_.board;
   std::int32_t status = runInto(out, precision);
+  if (!inputs_.files.areCopied()) requireUnchanged();
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
   if (picture_failed_) {  // The run was not whole, nor are its files.
@@ -170,6 +208,15 @@ void SetCheck::endWith(const std::exception& error) {
   check_.status = statusOf(error, inputs_, pictures_.get(), first_pair_, check_);
   const bool was_taken = pictures_ && done < pictures_->pairs() && !pictures_->lastSizes()[0].empty();
   if (pairs_ && was_taken) pairs_->lookAtPictures(done);
+}
+
+/// Nobody knows what the figures so far are of.
+void SetCheck::endWithout(const ChangedInput& error) {
+  check_.status = statusOf("input", error.what(), kNoFigure);
+  check_.status.retry = true;
+  check_.inputs.clear();
+  pictures_.reset();
+  rests_on_files_ = false;
 }
 
 void SetCheck::addPictures() {
@@ -197,7 +244,20 @@ void SetCheck::conclude() {
   if (!all_hold) check_.status.exit_code = kLimitExceeded;
 }
 
-Check SetCheck::run() {
+void SetCheck::runAll() {
+  readAll();
+  OutFolder out(options_.out);
+  goOn();
+  if (options_.on_start) options_.on_start(check_);
+  runWith(out);
+  if (options_.diagnose && check_.status.exit_code == kDone) {
+    diagnose(inputs_, options_, *pairs_, check_);
+    if (check_.correction) requireUnchanged();  // Their second run opened the files once more.
+    goOn();
+  }
+}
+
+Answer SetCheck::run() {
   const auto start = Clock::now();
   check_.started = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}",
                                fmt::gmtime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
@@ -206,18 +266,14 @@ Check SetCheck::run() {
   std::ostream nowhere(nullptr);
   const console::Redirection quiet(nowhere, nowhere);  // The lines of the library are for its own callers.
   try {
-    inputs_ = readInputs(set_, options_, check_);
-    choosePairs();
-    OutFolder out(options_.out);
-    goOn();
-    if (options_.on_start) options_.on_start(check_);
-    runWith(out);
-    if (options_.diagnose && check_.status.exit_code == kDone) {
-      diagnose(inputs_, options_, *pairs_, check_);
-      goOn();
-    }
+    runAll();
   } catch (const Interruption&) {
     check_.status = statusOf("35", "", kInterrupted);
+  } catch (const UnreadInput& error) {
+    check_.status = statusOf("input", error.what(), kUnusable);
+    check_.status.retry = error.mayReturn();
+  } catch (const ChangedInput& error) {
+    endWithout(error);
   } catch (const InputError& error) {
     check_.status = statusOf("input", error.what(), kUnusable);
   } catch (const OutputError& error) {
@@ -228,11 +284,13 @@ Check SetCheck::run() {
   addPictures();
   conclude();
   check_.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  return std::move(check_);
+  return {std::move(check_), rests_on_files_ ? inputs_.files.hashes() : std::vector<SetInput>()};
 }
 
 }  // namespace
 
-Check check(const Set& set, const CheckOptions& options) { return SetCheck(set, options).run(); }
+Answer answerOf(const Set& set, const CheckOptions& options) { return SetCheck(set, options).run(); }
+
+Check check(const Set& set, const CheckOptions& options) { return answerOf(set, options).check; }
 
 }  // namespace polarline

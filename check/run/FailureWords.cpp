@@ -30,7 +30,7 @@ namespace {
 std::string adviceOnIds(const RunInputs& inputs, const ListedPictures& pictures) {
   const auto& [left, right] = pictures.lastPictures();
   if (left.empty() || right.empty()) return {};
-  const PlainPath target(inputs.set.target);
+  const PlainPath target(inputs.target());
   const Detection in_left = detect(left, target.get());
   const Detection in_right = detect(right, target.get());
   if (const std::string size = sizeProblem(in_left, in_right); !size.empty())

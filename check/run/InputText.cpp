@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +11,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "check/set/UnreadInput.h"
 #include "platform/BoundedInput.h"
 #include "polarline/errors.h"
 #include "polarline/explain.h"
@@ -26,27 +28,28 @@ constexpr std::size_t kMostShown = 40;
 
 }  // namespace
 
-std::string contentOf(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  if (!stream) throw InputError(path, "cannot be read");
+std::string contentOf(const InputFile& file) {
+  std::ifstream stream(file.path, std::ios::binary);
+  if (!stream) throw UnreadInput(file.shown, "cannot be read", file.path, errno);
   try {
     return bounded::readText(stream);
   } catch (const std::length_error&) {
-    refuseLength(path);
+    refuseLength(file.shown);
   }
 }
 
-void requireLength(const std::string& path) {
+void requireLength(const InputFile& file) {
   std::error_code unknown;
-  if (!std::filesystem::is_regular_file(path, unknown)) return;
-  const std::uintmax_t size = std::filesystem::file_size(path, unknown);
-  if (!unknown && size > bounded::kLongestText) refuseLength(path);
+  if (!std::filesystem::is_regular_file(file.path, unknown)) return;
+  const std::uintmax_t size = std::filesystem::file_size(file.path, unknown);
+  if (!unknown && size > bounded::kLongestText) refuseLength(file.shown);
 }
 
-void requireJson(const std::string& path) {
+void requireJson(const InputFile& file) {
+  const std::string& path = file.shown;
   static const std::regex form(R"(.*at line (\d+), column (\d+): (.*))");
   try {
-    [[maybe_unused]] const auto json = nlohmann::json::parse(contentOf(path));
+    [[maybe_unused]] const auto json = nlohmann::json::parse(contentOf(file));
   } catch (const nlohmann::json::parse_error& error) {
     std::cmatch part;
     if (!std::regex_match(error.what(), part, form)) throw InputError(path, "is no JSON");

@@ -14,7 +14,7 @@ std::unique_ptr<PairRefiner> makeRefiner(const RunInputs& inputs, const ListedPi
   if (inputs.areFrames()) {
     settings.frame_ids = inputs.config.Frame_ID;
   } else {
-    settings.board = BoardPlaces(PlainPath(inputs.set.target).get());
+    settings.board = BoardPlaces(PlainPath(inputs.target()).get());
     settings.board_columns = columns;
   }
   return std::make_unique<PairRefiner>(std::move(settings), pictures);
@@ -29,7 +29,7 @@ PairLook::PairLook(const RunInputs& inputs, const CheckOptions& options, const B
       board_columns_(board.cols),
       pictures_(pictures),
       first_pair_(first_pair),
-      doubts_(board, inputs.config.frame_work != 0 ? "" : inputs.set.target),
+      doubts_(board, inputs.config.frame_work != 0 ? "" : inputs.target()),
       seen_(inputs.config, inputs.calib) {
   picture_warnings_.begin(inputs.config, inputs.calib);
   watch_.begin(inputs, board);
@@ -50,7 +50,8 @@ void PairLook::lookAtPictures(std::size_t index) {
 std::vector<FigureUncertainty> PairLook::uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) const {
   if (!options_.uncertainty || !pair.finished || !hasMeans(evaluator.figures)) return {};
   const auto& [left, right] = pictures_.lastPictures();
-  return pairUncertainty(evaluator, pairNoise(left, right, inputs_.set.target, pair.index), board_columns_, pair.index);
+  return pairUncertainty(evaluator, pairNoise(left, right, PlainPath(inputs_.target()).get(), pair.index),
+                         board_columns_, pair.index);
 }
 
 PairCheck PairLook::look(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {

@@ -121,9 +121,9 @@ void warnOfMark(const KeyValueTable& table, const std::string& path, std::vector
 
 }  // namespace
 
-PolarInput readPolar(const std::string& path, const std::vector<std::string>& settings,
-                     std::vector<Warning>& warnings) {
-  const std::string written = contentOf(path);
+PolarInput readPolar(const InputFile& file, const std::vector<std::string>& settings, std::vector<Warning>& warnings) {
+  const std::string& path = file.shown;
+  const std::string written = contentOf(file);
   const std::string set = linesOf(settings);
   const std::string text = written + set;
   const KeyValueTable table = parseKeyValueText(text);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "check/set/InputFile.h"
 #include "input/PolarConfig.h"
 #include "polarline/warning.h"
 
@@ -15,6 +16,6 @@ struct PolarInput {
 };
 
 /// The polar configuration of a set, with the keys that are set for this run only.
-PolarInput readPolar(const std::string& path, const std::vector<std::string>& settings, std::vector<Warning>& warnings);
+PolarInput readPolar(const InputFile& file, const std::vector<std::string>& settings, std::vector<Warning>& warnings);
 
 }  // namespace polarline

@@ -28,10 +28,10 @@ std::string bytesOf(std::FILE* file) {
 }
 
 /// A right that is missing stays so; a server that is away comes back.
-bool mayReturn(int error) { return error != EACCES && error != EPERM && error != EISDIR; }
+bool isPassing(int error) { return error != EACCES && error != EPERM && error != EISDIR; }
 
 PictureFault unread(int error) {
-  return {"can't be read: " + std::generic_category().message(error), mayReturn(error)};
+  return {"can't be read: " + std::generic_category().message(error), isPassing(error)};
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "check/set/PictureSource.h"
 
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "check/set/Fingerprint.h"
@@ -7,6 +10,34 @@
 #include "platform/Files.h"
 
 namespace polarline {
+namespace {
+
+struct ReadPicture {
+  cv::Mat picture;
+  std::string hash;
+  bool is_cut_off = false;
+};
+
+/// What tells that a file was changed or was away: when it was written and how long it is.
+std::pair<std::filesystem::file_time_type, std::uintmax_t> stateOf(const std::string& path) {
+  std::error_code ignored;
+  return {std::filesystem::last_write_time(path, ignored), std::filesystem::file_size(path, ignored)};
+}
+
+/// The file is opened once to be decoded and once to be hashed: both must be of one content. One that changes all the
+/// time is none.
+ReadPicture readWhole(const std::string& path) {
+  constexpr int kTries = 3;
+  for (int k = 0; k < kTries; ++k) {
+    const auto before = stateOf(path);
+    ReadPicture read{files::readImage(path), sha256OfFile(path), isCutOffJpeg(path)};
+    const bool was_away = read.picture.empty() != read.hash.empty() && k + 1 < kTries;  // Or it is no picture.
+    if (stateOf(path) == before && !was_away) return read;
+  }
+  return {};
+}
+
+}  // namespace
 
 ListedPictures::ListedPictures(std::vector<ListedPair> pairs, std::size_t first, const Pictures* given)
     : pairs_(std::move(pairs)), first_(first), given_(given) {}
@@ -31,13 +62,13 @@ std::string ListedPictures::pathOf(std::size_t index, bool left) const {
 ListedPictures::TakenPair ListedPictures::read(std::size_t index) const {
   if (given_ != nullptr)
     return {given(index, true), given(index, false), hashOf(index, true), hashOf(index, false), {false, false}};
-  const std::string left = pathOf(index, true);
-  const std::string right = pathOf(index, false);
-  return {files::readImage(left),
-          files::readImage(right),
-          sha256OfFile(left),
-          sha256OfFile(right),
-          {isCutOffJpeg(left), isCutOffJpeg(right)}};
+  ReadPicture left = readWhole(pathOf(index, true));
+  ReadPicture right = readWhole(pathOf(index, false));
+  return {std::move(left.picture),
+          std::move(right.picture),
+          std::move(left.hash),
+          std::move(right.hash),
+          {left.is_cut_off, right.is_cut_off}};
 }
 
 std::pair<cv::Mat, cv::Mat> ListedPictures::take(std::size_t index) {

@@ -23,7 +23,7 @@ std::string idOf(const Set& files, const BatchOptions& options) {
   }
 }
 
-Check judgeInto(whole_file::PartialFile& file, const Set& files, const BatchOptions& options) {
+Answer judgeInto(whole_file::PartialFile& file, const Set& files, const BatchOptions& options) {
   CheckDocument document([&file](const std::string& piece) { file.append(piece); });
   std::exception_ptr failure;
   CheckOptions check;
@@ -41,9 +41,9 @@ Check judgeInto(whole_file::PartialFile& file, const Set& files, const BatchOpti
     }
   };
   check.go_on = [&] { return !failure && (!options.go_on || options.go_on()); };
-  Check judged = polarline::check(files, check);
+  Answer judged = answerOf(files, check);
   if (failure) std::rethrow_exception(failure);
-  if (judged.status.exit_code != kInterrupted) document.finish(judged);
+  if (judged.check.status.exit_code != kInterrupted) document.finish(judged.check);
   return judged;
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "check/run/Answer.h"
 #include "platform/WholeFile.h"
 #include "polarline/batch.h"
 
@@ -15,6 +16,6 @@ std::string idOf(const Set& files, const BatchOptions& options);
 
 /// Checks a set and writes its document, to the letter what `polarline check --json` writes, while it runs. Nothing is
 /// committed. Of a check that was ended (`kInterrupted`) the document is not whole. Throws `OutputError`.
-Check judgeInto(whole_file::PartialFile& file, const Set& files, const BatchOptions& options);
+Answer judgeInto(whole_file::PartialFile& file, const Set& files, const BatchOptions& options);
 
 }  // namespace polarline

@@ -17,6 +17,17 @@ namespace fs = std::filesystem;
 
 constexpr const char* kSign = "polarline-store.worker";
 
+/// The folders in which checks that were killed had their copies of a set's files.
+void sweepCopies() {
+  std::error_code failure;
+  const fs::path folder = fs::temp_directory_path(failure);
+  for (fs::directory_iterator each(folder, failure), end; !failure && each != end; each.increment(failure)) {
+    std::error_code ignored;
+    if (each->path().filename().string().starts_with("polarline.") && whole_file::isAbandoned(each->path()))
+      fs::remove_all(each->path(), ignored);
+  }
+}
+
 class Broom {
  public:
   explicit Broom(const StoreFolder& store) : store_(store) {}
@@ -87,6 +98,9 @@ WorkerSign::~WorkerSign() {
   whole_file::forgetUnfinished(path_);
 }
 
-void sweep(const StoreFolder& store) { Broom(store).run(); }
+void sweep(const StoreFolder& store) {
+  Broom(store).run();
+  sweepCopies();
+}
 
 }  // namespace polarline

@@ -23,7 +23,8 @@ class WorkerSign {
 /// Removes what is half written in a store and will never be finished: by processes of this machine that have ended,
 /// and what is older than a day, by the store's clock, where nobody claims its document. In the root always, in the
 /// folders of documents where a worker's sign was left. What a living worker writes stays. What can't be listed or
-/// removed stays, too.
+/// removed stays, too. So go the copies of sets that checks of this machine left in the temporary folder when they
+/// died.
 void sweep(const StoreFolder& store);
 
 }  // namespace polarline

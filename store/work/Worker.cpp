@@ -123,22 +123,36 @@ Worker::End Worker::judge(const Task& task, const Claim& claim) {
   }
   try {
     whole_file::PartialFile file(task.place.document());
-    const Check check = judgeInto(file, filesOf(task.set, options_), options_);
-    return check.status.exit_code == kInterrupted ? End::kDropped : deliver(task, file, check);
+    const Answer answer = judgeInto(file, filesOf(task.set, options_), options_);
+    return answer.check.status.exit_code == kInterrupted ? End::kDropped : deliver(task, file, answer);
   } catch (const OutputError&) {
     if (claim.isHeld()) throw;
     return End::kBusy;  // Whoever took this one for dead has cleared its file away.
   }
 }
 
-/// The files may have changed, or gone away, since the id was made.
-std::string Worker::trueId(const Task& task, const Check& check) const {
-  if (!check.id.empty() && areAllRead(check.inputs)) return check.id;
-  return idOf(filesOf(task.set, options_), options_) == task.id ? task.id : std::string();
+/// The files may have changed, or gone away, since the id was made. A document that has no id tells of the set only if
+/// it follows from what stands in its files, and they are those of the id: else it is told by its path, and judged
+/// again.
+std::string Worker::trueId(const Task& task, const Answer& answer) const {
+  const Check& check = answer.check;
+  if (!check.id.empty()) return areAllRead(check.inputs) ? check.id : std::string();
+  const bool is_told = !answer.files.empty() && !check.status.retry && rests(task, answer.files);
+  return is_told ? task.id : std::string();
 }
 
-Worker::End Worker::deliver(const Task& task, whole_file::PartialFile& file, const Check& check) {
-  const std::string id = trueId(task, check);
+bool Worker::rests(const Task& task, const std::vector<SetInput>& files) const {
+  try {
+    const Set set = openSet(filesOf(task.set, options_));
+    return changedFile(files, set).empty() && idOf(set, options_) == task.id;
+  } catch (const InputError&) {
+    return false;
+  }
+}
+
+Worker::End Worker::deliver(const Task& task, whole_file::PartialFile& file, const Answer& answer) {
+  const Check& check = answer.check;
+  const std::string id = trueId(task, answer);
   const StoredPlace place = store_.madePlace(nameOf(task.set, id));
   writeMetadata(place, task.set, settings_);
   file.commitAt(place.document());

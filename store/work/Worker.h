@@ -6,7 +6,9 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
+#include "check/run/Answer.h"
 #include "platform/WholeFile.h"
 #include "polarline/batch.h"
 #include "store/work/Claim.h"
@@ -46,9 +48,10 @@ class Worker {
   };
   End work(const Task& task);
   End judge(const Task& task, const Claim& claim);
-  End deliver(const Task& task, whole_file::PartialFile& file, const Check& check);
+  End deliver(const Task& task, whole_file::PartialFile& file, const Answer& answer);
   std::string nameOf(const BatchSet& set, const std::string& id) const;
-  std::string trueId(const Task& task, const Check& check) const;
+  std::string trueId(const Task& task, const Answer& answer) const;
+  bool rests(const Task& task, const std::vector<SetInput>& files) const;
   std::optional<StoredDocument> kept(const Task& task) const;
   void remember(const StoredPlace& place);
   void forgetUnreadable(const Task& task) const;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <opencv2/imgproc.hpp>
 
 #include "CheckedSet.h"
@@ -62,6 +63,68 @@ TEST(CheckFailures, OfAPictureThatWasNeverThereStay) {
   const Check check = set.check();
   EXPECT_EQ(check.status.exit_code, 2);
   EXPECT_FALSE(check.status.retry);
+}
+
+TEST(CheckFailures, OfASetWhoseFolderIsAwayMayBeTriedAgain) {
+  const CopiedSet set;
+  std::filesystem::rename(set.folder, set.parent.file("away"));
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_TRUE(check.status.retry);
+  EXPECT_EQ(check.status.text, set.folder.string() + ": there is no such folder");
+  documentIsValid(check);
+}
+
+TEST(CheckFailures, OfAFileThatTheFolderLacksStay) {
+  const CopiedSet set;
+  std::filesystem::remove(set.file("polar.txt"));
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_FALSE(check.status.retry);
+}
+
+TEST(CheckFailures, OfPicturesWhoseFolderIsAwayMayBeTriedAgain) {
+  const CopiedSet set;
+  set.write("list.txt", "#L R\npictures/l.png pictures/r.png\n");
+  const Check check = set.check();
+  EXPECT_EQ(check.status.exit_code, 2);
+  EXPECT_TRUE(check.status.retry);
+  EXPECT_THAT(check.status.text, HasSubstr("list.txt, line 2: there is no picture pictures/l.png in "));
+}
+
+/// The kernel's file has another content whenever it is read.
+TEST(CheckFailures, OfAFileThatChangedWhileItWasReadMayBeTriedAgain) {
+  const CopiedSet set;
+  Set named = set.set();
+  named.board = "/proc/sys/kernel/random/uuid";
+  const Check check = polarline::check(named);
+  EXPECT_EQ(check.status.exit_code, 3);
+  EXPECT_TRUE(check.status.retry);
+  EXPECT_EQ(check.status.text, named.board + ": changed or went away while it was read");
+  EXPECT_EQ(check.id, "");
+  documentIsValid(check);
+}
+
+/// The library opens the description of the board again for each pair, and takes a board of its own where it finds
+/// none.
+TEST(CheckFailures, AreNotMadeOfFilesThatGoAwayOnceTheyAreRead) {
+  const CopiedSet set;
+  set.append("polar.txt", "discalswitch: 1\n");
+  const Check whole = set.check();
+  ASSERT_EQ(whole.finished(), 2U);
+  CheckOptions options;
+  options.on_start = [&](const Check&) {
+    for (const char* name : {"target.ini", "polar.txt", "calib.json", "list.txt", "board_gt.txt"})
+      std::filesystem::remove(set.file(name));
+  };
+  const Check check = set.check(options);
+  EXPECT_EQ(check.id, whole.id);
+  nlohmann::json document = nlohmann::json::parse(toJson(check)), wanted = nlohmann::json::parse(toJson(whole));
+  for (const char* of_time : {"started", "seconds"}) {
+    document.erase(of_time);
+    wanted.erase(of_time);
+  }
+  EXPECT_EQ(document, wanted);
 }
 
 TEST(CheckFailures, NameThePicturesOfUnlikeSizes) {

@@ -34,6 +34,19 @@ TEST_F(SetIdentity, NeedsEveryFile) {
   EXPECT_EQ(identityOf(set.set(), {}), "");
 }
 
+TEST_F(SetIdentity, NamesTheFileThatIsAnotherByNow) {
+  const Set whole = openSet(set.set());
+  const auto before = hashedFiles(whole);
+  EXPECT_EQ(changedFile(before, whole), "");
+  set.write("limits.txt", "dy_means<=1\n");
+  EXPECT_EQ(changedFile(before, openSet(set.set())), set.file("limits.txt"));
+  EXPECT_EQ(changedFile(hashedFiles(openSet(set.set())), whole), set.file("limits.txt"));
+  set.append("target.ini", "\n");
+  EXPECT_EQ(changedFile(before, whole), whole.target);
+  std::filesystem::remove(set.file("polar.txt"));
+  EXPECT_EQ(changedFile(before, whole), whole.polar);
+}
+
 TEST_F(SetIdentity, KnowsWhatWasRead) {
   EXPECT_TRUE(areAllRead({{"polar", "p", "11"}}));
   EXPECT_FALSE(areAllRead({{"polar", "p", "11"}, {"left/0", "l", ""}}));

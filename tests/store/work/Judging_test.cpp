@@ -21,7 +21,7 @@ TEST_F(Judging, WritesWhatACheckWrites) {
   options.check.settings = {"discalsave=0"};
   options.check.refine = true;
   options.check.pairs = {0, 0};
-  const Check check = judgeInto(file, filesOf(listed(), options), options);
+  const Check check = judgeInto(file, filesOf(listed(), options), options).check;
   EXPECT_EQ(check.verdict, Verdict::kPass);
   EXPECT_TRUE(check.pairs.at(0).points.id.empty());  // Nothing grows with the pairs.
   file.commit();
@@ -35,7 +35,7 @@ TEST_F(Judging, TakesFilesInPlaceOfTheSets) {
   const Set files = filesOf(listed(), options);
   EXPECT_EQ(files.folder, set.folder.string());
   EXPECT_EQ(files.list, "");
-  EXPECT_EQ(judgeInto(file, files, options).verdict, Verdict::kFail);
+  EXPECT_EQ(judgeInto(file, files, options).check.verdict, Verdict::kFail);
 }
 
 TEST_F(Judging, KnowsTheIdBeforeTheCheck) {
@@ -49,7 +49,7 @@ TEST_F(Judging, KnowsTheIdBeforeTheCheck) {
 
 TEST_F(Judging, ThatIsEndedIsTold) {
   options.go_on = [] { return false; };
-  EXPECT_EQ(judgeInto(file, filesOf(listed(), options), options).status.exit_code, kInterrupted);
+  EXPECT_EQ(judgeInto(file, filesOf(listed(), options), options).check.status.exit_code, kInterrupted);
 }
 
 TEST_F(Judging, OnAFullDiskIsNoResult) {

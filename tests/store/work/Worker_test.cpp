@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "OneSet.h"
+#include "check/set/InputFiles.h"
 #include "platform/WholeFile.h"
 #include "polarline/errors.h"
 #include "polarline/exit_code.h"
@@ -164,6 +165,26 @@ TEST_F(WorkerAtItsStore, SweepsItWhenItBegins) {
   EXPECT_EQ(contentsOf(store), before);
 }
 
+TEST_F(WorkerAtItsStore, SweepsTheCopiesThatTheDeadMade) {
+  const auto copies = [] {
+    std::size_t count = 0;
+    for (const auto& each : fs::directory_iterator(fs::temp_directory_path()))
+      count += whole_file::isPartial(each.path()) && whole_file::isAbandoned(each.path()) ? 1U : 0U;
+    return count;
+  };
+  { const Worker worker(options); }
+  const std::size_t before = copies();
+  const pid_t process = fork();
+  if (process == 0) {
+    const InputFiles killed(openSet(set.set()));
+    _exit(0);
+  }
+  waitpid(process, nullptr, 0);
+  EXPECT_GT(copies(), before);
+  { const Worker worker(options); }
+  EXPECT_EQ(copies(), before);
+}
+
 TEST_F(WorkerAtItsStore, NeverMakesOneThatHasToBeThere) {
   options.existing = true;
   EXPECT_THROW(Worker{options}, OutputError);
@@ -212,6 +233,44 @@ TEST_F(WorkerAtItsStore, NeverCallsASetUnusableForGoodWhoseFilesWentAway) {
   EXPECT_EQ(worker.take(listed(), before), Worker::End::kDone);
   EXPECT_EQ(worker.last().verdict, Verdict::kError);
   fs::rename(set.parent.file("away.txt"), set.file("polar.txt"));
+  EXPECT_EQ(taken(listed()).verdict, Verdict::kPass);
+  EXPECT_EQ(documents().size(), 1U);
+}
+
+/// Whatever the moment: a document under the set's own name is that of the set.
+TEST_F(WorkerAtItsStore, NeverKeepsAVerdictOfFilesThatWereAwayForAnInstant) {
+  const std::string id = idOfSet(listed());
+  const StoredPlace own = place(listed());
+  Worker worker(options);
+  const std::string away = set.parent.file("away");
+  for (const std::string& path : {set.file("target.ini"), set.file("board_gt.txt"), set.folder.string()}) {
+    for (int k = 0; k < 12; ++k) {
+      std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::microseconds(500 * k));
+        fs::rename(path, away);
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+        fs::rename(away, path);
+      });
+      worker.take(listed(), id);
+      other.join();
+      const BatchResult result = worker.last();
+      EXPECT_TRUE(result.id == id || result.id.empty()) << path << ", " << k << ": " << result.text;
+      EXPECT_EQ(result.id == id && !result.retry, result.verdict == Verdict::kPass) << path << ", " << k << result.text;
+      fs::remove(own.document());
+    }
+  }
+  EXPECT_EQ(taken(worker, listed()).verdict, Verdict::kPass);
+  EXPECT_EQ(documents().size(), 1U);
+}
+
+TEST_F(WorkerAtItsStore, TellsThatASetWhoseDiskIsAwayMayBeTriedAgain) {
+  const std::string away = set.parent.file("away");
+  fs::rename(set.folder, away);
+  const BatchResult unread = taken(listed());
+  EXPECT_EQ(unread.exit_code, kUnusable);
+  EXPECT_TRUE(unread.retry);
+  EXPECT_THAT(TempFolder::contentOf(unread.document), HasSubstr("\"retry\": true"));
+  fs::rename(away, set.folder);
   EXPECT_EQ(taken(listed()).verdict, Verdict::kPass);
   EXPECT_EQ(documents().size(), 1U);
 }
