@@ -26,15 +26,23 @@ joblog=$store/joblog/$({ cat -- "$list" && printf '%s\n' "$parts" "$@"; } | sha2
 mkdir -p "$store/joblog"
 
 # One part: list, store, part and options. A limit that is exceeded and a set that can't be used are answers (exit codes 1 to 3);
-# what may succeed when tried again, and a worker that told nothing of its sets or could read none of them, is no answer: a disk is away.
-told='{ print; fflush() } /"retry":true/ { again = 1 } /"id":""/ { ++unread } END { exit again || unread == NR }'
+# what may succeed when tried again, as a set whose disk is away, and a worker that told nothing of its sets are none.
+told='{ print; fflush() } /"retry":true/ { again = 1 } END { exit again || !NR }'
 worker='polarline batch "$1" --store "$2" --existing --shard "$3" "${@:4}"'
 part="$worker | awk ${told@Q}; ((PIPESTATUS[0] == 0 || (PIPESTATUS[0] <= 3 && PIPESTATUS[1] == 0)))"
 
 how=(--jobs "${WORKERS:-100%}" --retries "${TRIES:-3}" --joblog "$joblog" --resume-failed --line-buffer --workdir "$PWD")
 if [[ -n ${HOSTS:-} ]]; then how+=(--sshloginfile "$HOSTS" --filter-hosts); fi
 if [[ -t 2 ]]; then how+=(--bar); fi
-seq "$parts" | PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" worker "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true
+# At the end, those that no try could read: a line of the list may be misspelt.
+unread='{ print; fflush() }
+  match($0, /"set":".*","state":"/) {
+    set = substr($0, RSTART + 7, RLENGTH - 18)
+    if (/"id":""/) { why[set] = $0; sub(/.*,"text":"/, "", why[set]); sub(/"}$/, "", why[set]) } else delete why[set]
+  }
+  END { for (set in why) print "parallel.sh: could not be read: " set ": " why[set] | "sort >&2" }'
+seq "$parts" | (PARALLEL_SHELL=$BASH parallel "${how[@]}" bash -c "${part@Q}" worker "${list@Q}" "${store@Q}" "{}/$parts" "${@@Q}" || true) |
+  awk "$unread"
 
 [[ -r $joblog ]] || { echo "parallel.sh: $store is away; call it again when it is back" >&2 && exit 4; }
 done_parts=$(awk -F '\t' 'NR > 1 { good[$1] = $7 == 0 && $8 == 0 } END { for (part in good) sum += good[part]; print sum + 0 }' "$joblog")

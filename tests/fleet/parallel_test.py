@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""examples/fleet/parallel.sh with GNU parallel on two machines: workers are killed, the whole is killed, a machine is gone; nothing is lost.
+"""examples/fleet/parallel.sh with GNU parallel on two machines: workers are killed, the whole is killed, a machine is gone, the sets
+are away or go away; nothing is lost.
 
 The second machine is this one under another name (as root: a login in place of ssh that gives itself one), the third does not answer."""
 
+import json
 import os
 import pathlib
 import signal
@@ -20,16 +22,38 @@ exec sh -c "$*"
 """
 
 
-def start(store, *options, **variables):
+def start(store, *options, sets="list.txt", **variables):
     environment = {**os.environ, "SETS": "2", "HOSTS": "hosts", **variables}
     # In a store of two machines, the dead of the other are known by their silence.
-    command = [EXAMPLES / "parallel.sh", "list.txt", store, *OPTIONS, "--claim-timeout", "1", *options]
+    command = [EXAMPLES / "parallel.sh", sets, store, *OPTIONS, "--claim-timeout", "1", *options]
     return subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, start_new_session=True)
 
 
 def finish(run):
     lines, complaints = run.communicate(timeout=60)
     return run.returncode, lines.splitlines(), complaints
+
+
+def sets_taken(expected):
+    """The disk of the sets goes away while one worker goes through the one part."""
+    pathlib.Path("hosts").write_text("1/:\n")
+    run = start("sets taken", SETS="20", TRIES="1")
+    wait_for(lambda: count("sets taken") >= 2, "documents are there")
+    os.rename("a set", "away")
+    code, lines, complaints = finish(run)
+    check(code == 4 and "0 of 1 parts are done" in complaints, f"sets that went away are no answer: {code}, {complaints}")
+    unread = [json.loads(line) for line in lines if not json.loads(line)["id"]]
+    check(unread and all(line["retry"] for line in unread), f"what was away may be tried again: {lines}")
+    check(all(f"could not be read: {line['set']}: " in complaints for line in unread), f"they are named: {complaints}")
+    os.rename("away", "a set")
+    code, _, complaints = finish(start("sets taken", SETS="20"))
+    check(code == 0, f"sets that are back: ended with {code}: {complaints}")
+    check_same("sets taken", expected, "sets taken away and given back")
+
+    pathlib.Path("misspelt.txt").write_text("a set/0\nno set/0\na set/2\n")
+    code, _, complaints = finish(start("misspelt", sets="misspelt.txt", TRIES="1"))
+    check(code == 4 and complaints.count("could not be read") == 1 and "could not be read: no set/0: " in complaints, f"{code}, {complaints}")
+    pathlib.Path("hosts").write_text("2/:\n1/false far-away\n")
 
 
 def main():
@@ -71,6 +95,8 @@ def main():
         code, _, complaints = finish(start("sets away"))
         check(code == 0, f"sets that are back: ended with {code}: {complaints}")
         check_same("sets away", expected, "sets away and back")
+
+        sets_taken(expected)
 
         run = start("taken")
         wait_for(lambda: count("taken") >= 2, "documents are there")
