@@ -3,7 +3,7 @@
 #include <array>
 
 #include "store/fleet/Parts.h"
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace polarline::fleet {
 namespace {
@@ -69,7 +69,7 @@ void addDivision(FleetJson& json, const Fleet& fleet, Notes& notes) {
   json["period"] = nameOf(fleet.cells.period);
   json["first_day"] = nullptr;
   if (fleet.sets.size() > 0) {
-    const results::Date day = results::dateFromDays(fleet.cells.first_day);
+    const Date day = dateFromDays(fleet.cells.first_day);
     json["first_day"] = fmt::format("{:04}-{:02}-{:02}", day.year, day.month, day.day);
   }
   addCells(json, fleet);

@@ -1,6 +1,6 @@
 #include "store/fleet/FleetSets.h"
 
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace polarline::fleet {
 namespace {
@@ -20,7 +20,7 @@ FleetSets::FleetSets(const sqlite::Database& database) {
   while (row.step()) {
     FleetSet set;
     set.id = row.integer(0);
-    set.time = results::secondsOf(row.text(1));
+    set.time = secondsOf(row.text(1));
     set.ending = endingOf(row.text(2), row.integer(3));
     set.is_diagnosed = row.integer(4) != 0;
     set.pairs = row.integer(5);

@@ -1,6 +1,6 @@
 #include "store/fleet/Period.h"
 
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace polarline::fleet {
 
@@ -30,8 +30,8 @@ std::int64_t firstDayOf(Period period, std::int64_t day) {
     const std::int64_t of_week = ((day + kDaysFromMonday) % 7 + 7) % 7;
     return day - of_week;
   }
-  const results::Date date = results::dateFromDays(day);
-  return results::daysFromDate(date.year, period == Period::kMonth ? date.month : 1, 1);
+  const Date date = dateFromDays(day);
+  return daysFromDate(date.year, period == Period::kMonth ? date.month : 1, 1);
 }
 
 }  // namespace polarline::fleet

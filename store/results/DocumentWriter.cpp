@@ -126,6 +126,20 @@ void DocumentWriter::dropUnread(std::int64_t store, const std::string& name) {
   forgetRivals(store, name);
 }
 
+/// A document that is named by its set's place tells of files that could not be read. What else the list says must be
+/// the same: another set may have come into the folder since.
+void DocumentWriter::dropKnown() {
+  sqlite::Transaction transaction(database_);
+  database_.run(R"sql(
+DELETE FROM sets WHERE id IN (
+  SELECT s.id FROM sets s JOIN places p ON p.set_id = s.id AND p.place = s.name
+    JOIN places q ON q.place = p.place JOIN sets o ON o.id = q.set_id AND o.name <> q.place
+  WHERE NOT EXISTS (SELECT key, value FROM metadata WHERE set_id = s.id EXCEPT SELECT key, value FROM metadata WHERE set_id = o.id)
+    AND NOT EXISTS (SELECT key, value FROM metadata WHERE set_id = o.id EXCEPT SELECT key, value FROM metadata WHERE set_id = s.id))
+)sql");
+  transaction.commit();
+}
+
 std::optional<DocumentWriter::Holder> DocumentWriter::holder(const std::string& name) {
   std::optional<Holder> found;
   if (find_holder_.bind(name).step()) {

@@ -39,6 +39,9 @@ class DocumentWriter {
   /// Such a set, when its document is gone: a worker could read the files since, and wrote another one.
   void dropUnread(std::int64_t store, const std::string& name);
 
+  /// Sets whose files could not be read at last, but which were judged before or since: they count once.
+  void dropKnown();
+
   void quarantine(const std::string& path, const std::string& reason);
   void release(const std::string& path);
 

@@ -52,6 +52,7 @@ MergeResult merge(const std::vector<std::string>& stores, const std::string& res
     MergeResult again;
     for (const fs::path& folder : folders) StoreMerge(*database, writer, folder).run({}, again);
   }
+  writer.dropKnown();
   result.sets = static_cast<std::size_t>(database->integer("SELECT count(*) FROM sets"));
   finishWriting(*database);
   return result;

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "store/results/KeyedReader.h"
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace polarline::results {
 namespace {

@@ -19,7 +19,8 @@ SetMetadata readMetadata(std::string_view text) {
   std::map<std::string, std::string> values;
   const auto value = [&](std::string_view key) { values[std::string(key)] = json.text(); };
   json.members("", {{"metadata", [&] { json.object(value); }},
-                    {"settings", json.into(metadata.settings), KeyedReader::Need::kMayMiss}});
+                    {"settings", json.into(metadata.settings), KeyedReader::Need::kMayMiss},
+                    {"place", json.into(metadata.place), KeyedReader::Need::kMayMiss}});
   json.end();
   metadata.values.assign(values.begin(), values.end());
   return metadata;

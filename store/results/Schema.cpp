@@ -22,7 +22,7 @@ namespace {
 void keepTables(const sqlite::Database& /*database*/) {}
 
 /// The step at place k leads from version k to k + 1.
-constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema, addLimitRules, keepTables};
+constexpr std::array<SchemaStep, kResultsSchema> kSteps{makeFirstSchema, addLimitRules, keepTables, addPlaces};
 
 std::int64_t versionOf(const sqlite::Database& database) { return database.integer("PRAGMA user_version"); }
 

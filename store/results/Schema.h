@@ -8,7 +8,7 @@ namespace polarline::results {
 inline constexpr int kResultsApplication = 0x504C5253;
 
 /// What `PRAGMA user_version` says; raised with every change of the tables or views.
-inline constexpr int kResultsSchema = 3;
+inline constexpr int kResultsSchema = 4;
 
 /// Opens a results file for writing: one that is new or of an earlier schema is brought to `kResultsSchema`, in one
 /// transaction a step. Throws `InputError` for a file that is none of ours or of a newer schema, and leaves it alone.

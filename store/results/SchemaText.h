@@ -14,6 +14,9 @@ void makeFirstSchema(const sqlite::Database& database);
 /// asked.
 void addLimitRules(const sqlite::Database& database);
 
+/// From 3 to 4: where sets lay, so that a set whose files were away is known for one that was judged.
+void addPlaces(const sqlite::Database& database);
+
 /// Drops every view and makes those of the current version: views hold nothing, so a step need not know them.
 void makeViews(const sqlite::Database& database);
 

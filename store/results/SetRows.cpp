@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace polarline::results {
 namespace {
@@ -40,6 +40,7 @@ SetRows::SetRows(const sqlite::Database& database)
                     "UPDATE sets SET serial = ?, station = ?, model = ?, has_time = ?, time = ifnull(?, started), "
                     "settings = ? WHERE id = ?"),
       add_metadata_(database, "INSERT INTO metadata VALUES (?, ?, ?)"),
+      set_place_(database, "INSERT OR REPLACE INTO places VALUES (?, ?)"),
       drop_metadata_(database, "DELETE FROM metadata WHERE set_id = ?"),
       drop_pairs_(database, "DELETE FROM pairs WHERE set_id = ?"),
       drop_figures_(database, "DELETE FROM figures WHERE set_id = ?"),
@@ -81,6 +82,7 @@ void SetRows::setMetadata(std::int64_t set, const SetMetadata& metadata) {
   const auto time = utcTime(metadata.value("time"));
   set_metadata_.run(ifAny(metadata.value("serial")), ifAny(metadata.value("station")), ifAny(metadata.value("model")),
                     time.has_value(), time, metadata.settings, set);
+  if (!metadata.place.empty()) set_place_.run(set, metadata.place);
 }
 
 void SetRows::addPairs(std::int64_t set, const DocumentRows& rows) {

@@ -31,7 +31,7 @@ class SetRows {
   std::int64_t idOf(const FigureRow& figure);
 
   const sqlite::Database& database_;
-  sqlite::Statement add_set_, replace_set_, set_metadata_, add_metadata_, drop_metadata_;
+  sqlite::Statement add_set_, replace_set_, set_metadata_, add_metadata_, set_place_, drop_metadata_;
   sqlite::Statement drop_pairs_, drop_figures_, drop_limits_, drop_causes_, drop_warnings_;
   sqlite::Statement add_pair_, add_figure_, add_limit_, add_cause_, add_warning_, add_name_, find_name_;
   LimitRules rules_;

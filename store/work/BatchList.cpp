@@ -37,7 +37,7 @@ std::vector<BatchSet> parseBatchList(const std::string& text, const std::string&
   for (std::string line : piecesOf(text, '\n')) {
     ++number;
     if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (line.empty() || line.front() == '#') continue;
+    if (line.find_first_not_of(" \t") == std::string::npos || line.front() == '#') continue;
     sets.push_back(setOf(line, fmt::format("{}, line {}", name, number)));
     sets.back().line = number;
     sets.back().list = list;

@@ -6,6 +6,7 @@
 
 #include "check/document/JsonText.h"
 #include "platform/WholeFile.h"
+#include "store/work/Names.h"
 
 namespace polarline {
 namespace {
@@ -16,7 +17,7 @@ std::string textOf(const BatchSet& set, const std::string& settings) {
   JsonText json(JsonText::Form::kShort);
   json.object().key("metadata").object();
   for (const auto& [key, value] : set.metadata) json.member(key, value);
-  json.end().member("settings", settings);
+  json.end().member("settings", settings).member("place", names::byPath(set.folder, settings));
   if (!set.list.empty()) json.member("list", set.list).member("line", set.line);
   return json.end().take() + "\n";
 }

@@ -80,6 +80,12 @@ class Store {
   void describe(const std::string& name, const Metadata& metadata) const {
     write(name, nlohmann::json{{"metadata", metadata}, {"settings", "5e"}}.dump(), ".metadata.json");
   }
+  /// Of a set that lay there when it was judged.
+  void addAt(const std::string& place, const std::string& name, const polarline::Check& check,
+             const Metadata& metadata) const {
+    add(name, check);
+    write(name, nlohmann::json{{"metadata", metadata}, {"settings", "5e"}, {"place", place}}.dump(), ".metadata.json");
+  }
 
  private:
   TempFolder folder_;

@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "store/fleet/FleetRows.h"
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace {
 
 using namespace polarline::fleet;
-using polarline::results::daysFromDate;
+using polarline::daysFromDate;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 namespace {
 
+using polarline::daysFromDate;
 using polarline::fleet::dayOf;
 using polarline::fleet::firstDayOf;
 using polarline::fleet::Period;
-using polarline::results::daysFromDate;
 
 TEST(Period, OfAMomentBeginsWithItsDay) {
   EXPECT_EQ(dayOf(0), 0);

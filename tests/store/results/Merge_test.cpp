@@ -50,6 +50,40 @@ TEST_F(Merge, TakesSetsWithTheirMetadata) {
               ElementsAre("0|dy_means|0.05", "1|dy_means|0.2"));
 }
 
+/// A worker comes again while the disk of the sets is away.
+TEST_F(Merge, CountsASetOnceThatWasJudgedAndCouldNotBeReadAnotherTime) {
+  polarline::Check unread = failed(true);
+  unread.id = "";
+  const made_store::Metadata said{{"serial", "A1"}, {"station", "1"}};
+  store.addAt(name(9), name(1), check({0.05}), said);
+  results.merge(store);
+  store.addAt(name(9), name(9), unread, said);
+  const auto done = results.merge(store);
+  EXPECT_EQ(done.sets, 1U);
+  EXPECT_EQ(results.one("SELECT sets || ' ' || passed || ' ' || errors FROM yield_by_station_day"), "1 1 0");
+  EXPECT_EQ(results.merge(store).unchanged, 2U);
+  EXPECT_EQ(results.one("SELECT verdict FROM sets"), "pass");
+  isAsAFreshMerge();
+  // Whichever store comes first.
+  const made_store::Store good, bad;
+  good.addAt(name(9), name(1), check({0.05}), said);
+  bad.addAt(name(9), name(9), unread, said);
+  for (const auto& order : {std::vector{good.path(), bad.path()}, std::vector{bad.path(), good.path()}}) {
+    const made_store::Results one;
+    for (const std::string& each : order) one.merge({each});
+    EXPECT_EQ(one.one("SELECT count(*), min(verdict) FROM sets"), "1|pass");
+  }
+}
+
+TEST_F(Merge, CountsASetThatCouldNotBeReadWhereAnotherLayInItsFolderBefore) {
+  polarline::Check unread = failed(true);
+  unread.id = "";
+  store.addAt(name(9), name(1), check({0.05}), {{"serial", "A1"}});
+  store.addAt(name(9), name(9), unread, {{"serial", "A2"}});
+  store.addAt(name(8), name(8), unread, {{"serial", "A1"}});
+  EXPECT_EQ(results.merge(store).sets, 3U);
+}
+
 TEST_F(Merge, DropsASetThatCouldNotBeReadOnceItsDocumentIsGone) {
   polarline::Check unread = failed();
   unread.id = "";

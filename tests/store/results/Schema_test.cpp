@@ -59,7 +59,7 @@ TEST_F(Schema, HasStrictTablesOnly) {
           "SELECT count(*) FROM pragma_table_list WHERE type = 'table' AND name NOT LIKE 'sqlite_%' AND NOT strict"),
       "0");
   EXPECT_EQ(results.one("SELECT count(*) FROM pragma_table_list WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"),
-            "12");
+            "13");
 }
 
 TEST_F(Schema, HoldsTheRowsToTheirSets) {

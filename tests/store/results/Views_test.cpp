@@ -84,6 +84,16 @@ TEST_F(Views, TrendIsOverThePairsOfAStationAndDay) {
               ElementsAre("2026-01-05|1|K2|2|3|0.04|0.02|0.06|0.0004", "2026-01-06|1|K2|1|1|0.3|0.3|0.3|"));
 }
 
+/// Sums of squares would leave nothing of it: 567.8 squared has 1e-11 of a digit's end.
+TEST(ViewsTrend, HasTheVarianceOfLargeFiguresThatHardlyDiffer) {
+  const made_store::Store store;
+  const made_store::Results results;
+  store.add(made_store::name(1), made_store::check({567.8, 567.8 + 1e-6, 567.8 + 2e-6}));
+  results.merge(store);
+  const double variance = std::stod(results.one("SELECT variance FROM figure_trend WHERE figure = 'dy_means'"));
+  EXPECT_NEAR(variance, 1e-12, 1e-15);
+}
+
 /// The questions of the page, as they stand there, of a made fleet in which station 3 is off.
 TEST(ViewsPage, QuestionsHaveAnswers) {
   const TempFolder folder;

@@ -35,6 +35,12 @@ TEST(BatchList, TakesAFolderALineAndMetadataBehindTabs) {
               ElementsAre(Pair("serial", "A=1"), Pair("station", ""), Pair("time", "2026-03-01T22:15:00+01:00")));
 }
 
+TEST(BatchList, TakesALineOfBlanksForAnEmptyOne) {
+  const auto sets = parseBatchList("   \na\n \t\r\n", "l.txt");
+  ASSERT_EQ(sets.size(), 1U);
+  EXPECT_EQ(sets[0].line, 2U);
+}
+
 TEST(BatchList, IsKnownByItsText) {
   const auto sets = parseBatchList("a\nb\n", "l.txt");
   EXPECT_EQ(sets[0].list.size(), 64U);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "store/work/Names.h"
 #include "support/FolderContents.h"
 #include "support/TempFolder.h"
 
@@ -23,7 +24,8 @@ TEST_F(MetadataFileOnDisk, HoldsWhatTheListSays) {
   EXPECT_FALSE(hasMetadata(place, set, "22"));
   writeMetadata(place, set, "22");
   EXPECT_EQ(folder.read("abcdef.metadata.json"),
-            "{\"metadata\":{\"serial\":\"A\\\"1\",\"station\":\"3\"},\"settings\":\"22\"}\n");
+            "{\"metadata\":{\"serial\":\"A\\\"1\",\"station\":\"3\"},\"settings\":\"22\",\"place\":\"" +
+                names::byPath("a", "22") + "\"}\n");
   EXPECT_TRUE(hasMetadata(place, set, "22"));
   EXPECT_FALSE(hasMetadata(place, set, "23"));
 }
@@ -40,7 +42,8 @@ TEST_F(MetadataFileOnDisk, HasTheSettingsAlsoOfASetOfWhichTheListSaysNothing) {
   set.metadata.clear();
   EXPECT_FALSE(hasMetadata(place, set, "22"));
   writeMetadata(place, set, "22");
-  EXPECT_EQ(folder.read("abcdef.metadata.json"), "{\"metadata\":{},\"settings\":\"22\"}\n");
+  EXPECT_EQ(folder.read("abcdef.metadata.json"),
+            "{\"metadata\":{},\"settings\":\"22\",\"place\":\"" + names::byPath("a", "22") + "\"}\n");
   EXPECT_TRUE(hasMetadata(place, set, "22"));
 }
 

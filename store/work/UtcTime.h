@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace polarline::results {
+namespace polarline {
 
 /// A moment as ISO 8601 writes it (`2026-11-22`, `2026-11-22T08:15`, `2026-11-22 08:15:30.5+01:00`, `...Z`; UTC without
 /// an offset) as UTC in whole seconds, `2026-11-22T07:15:30Z`, so that texts sort as times do. None for another text.
@@ -20,4 +20,4 @@ struct Date {
 };
 Date dateFromDays(long long days);
 
-}  // namespace polarline::results
+}  // namespace polarline

@@ -1,4 +1,4 @@
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 
 namespace {
 
-using polarline::results::dateFromDays;
-using polarline::results::daysFromDate;
-using polarline::results::secondsOf;
-using polarline::results::utcTime;
+using polarline::dateFromDays;
+using polarline::daysFromDate;
+using polarline::secondsOf;
+using polarline::utcTime;
 
 struct Written {
   const char* text;

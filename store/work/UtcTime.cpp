@@ -1,11 +1,11 @@
-#include "store/results/UtcTime.h"
+#include "store/work/UtcTime.h"
 
 #include <fmt/format.h>
 
 #include <chrono>
 #include <cstddef>
 
-namespace polarline::results {
+namespace polarline {
 namespace {
 
 constexpr long long kSecondsOfDay = 86400;
@@ -121,4 +121,4 @@ long long secondsOf(std::string_view utc) {
   return days * kSecondsOfDay + of_day;
 }
 
-}  // namespace polarline::results
+}  // namespace polarline
