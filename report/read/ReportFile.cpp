@@ -19,7 +19,8 @@ constexpr std::size_t kPiece = std::size_t{1} << 20U;
 
 ReportDocument readReportDocument(const std::string& path) {
   std::error_code failure;
-  if (std::filesystem::is_directory(path, failure)) throw InputError(path, "is a folder; a document was wanted");
+  if (std::filesystem::is_directory(path, failure))
+    throw InputError(path, "is a folder; a document was wanted (of a store: what 'polarline merge' makes of it)");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw InputError(path, "cannot be read");
   ReportDocument document;

@@ -150,6 +150,15 @@ TEST_F(BatchCommand, WritesWhatItCameToAsJson) {
   EXPECT_EQ(DocumentCheck::of("batch-outcome").parsed(TempFolder::contentOf(file))["judged"], 2);
   const CommandRun again = batch({path, "--json", "-"});  // Nothing else is there then.
   EXPECT_EQ(DocumentCheck::of("batch-outcome").parsed(again.out)["there"], 2);
+  for (const std::vector<std::string>& wrong : std::vector<std::vector<std::string>>{{"--stop-after", "-1"},
+                                                                                     {"--grace", "-1"},
+                                                                                     {"--grace", "nan"},
+                                                                                     {"--grace", "inf"},
+                                                                                     {"--claim-timeout", "-1"}}) {
+    const CommandRun run = batch({path, wrong[0], wrong[1]});
+    EXPECT_EQ(run.exit_code, 2) << wrong[0] << " " << wrong[1];
+    EXPECT_THAT(run.err, HasSubstr(wrong[0] + ": "));
+  }
   const CommandRun refused = batch({path, "--json", path});
   EXPECT_EQ(refused.exit_code, 2);
   EXPECT_THAT(refused.err, HasSubstr("is an input"));

@@ -69,7 +69,7 @@ TEST_F(FleetReport, TellsASetWhoseDocumentIsGoneAndDoesNotLeadToIt) {
   const std::string name = document().filename().string();
   fs::remove(document());
   const CommandRun run = this->run({"report", results, "-o", page, "--pages", pages});
-  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_EQ(run.exit_code, 4) << "a page that was asked for is missing";
   EXPECT_THAT(run.err, HasSubstr(name));
   EXPECT_EQ(worst()[0]["page"], nullptr);
   EXPECT_TRUE(fs::is_empty(pages));
@@ -78,14 +78,14 @@ TEST_F(FleetReport, TellsASetWhoseDocumentIsGoneAndDoesNotLeadToIt) {
 TEST_F(FleetReport, TellsItsPagesAsJson) {
   const std::string json = set.parent.file("made.json");
   const std::string name = document().stem().string();
-  const auto told = [&] {
-    EXPECT_EQ(run({"report", results, "-o", page, "--pages", pages, "--json", json, "--quiet"}).exit_code, 0);
+  const auto told = [&](int exit_code = 0) {
+    EXPECT_EQ(run({"report", results, "-o", page, "--pages", pages, "--json", json, "--quiet"}).exit_code, exit_code);
     return DocumentCheck::of("report").parsed(TempFolder::contentOf(json));
   };
   EXPECT_EQ(told()["worst"], nlohmann::json::array({pages + "/" + name + ".html"}));
   fs::remove(document());
-  EXPECT_EQ(told()["worst"], nlohmann::json::array());
-  EXPECT_EQ(told()["without_page"], nlohmann::json::array({name}));
+  EXPECT_EQ(told(4)["worst"], nlohmann::json::array());
+  EXPECT_EQ(told(4)["without_page"], nlohmann::json::array({name}));
 }
 
 TEST_F(FleetReport, RefusesWhatDoesNotGoTogether) {
@@ -94,6 +94,7 @@ TEST_F(FleetReport, RefusesWhatDoesNotGoTogether) {
   refused({"report", check, results, "-o", page}, "r.sqlite: the results of a fleet have a page of their own");
   refused({"report", results, results, "-o", page}, "r.sqlite: the results of a fleet have a page of their own");
   refused({"report", results, "-o", results}, "-o");
+  refused({"report", set.parent.file("store"), "-o", page}, "is a folder; a document was wanted (of a store: what ");
 }
 
 TEST_F(FleetReport, OfResultsInAFolderThatCannotBeWrittenIsMade) {

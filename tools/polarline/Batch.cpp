@@ -1,5 +1,8 @@
 #include "polarline/batch.h"
 
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -20,6 +23,7 @@ struct BatchRequest {
   JudgingOptions judging;
   polarline::BatchOptions options;
   double grace = 25.0;  ///< Slurm gives 30.
+  std::int64_t stop_after = 0;
   bool make_store = false;
   ResultOptions result;
 };
@@ -33,6 +37,14 @@ std::string environmentOf(const char* name) {
 
 polarline::Shard partOf(const BatchRequest& request) {
   return request.shard.empty() ? polarline::shardOfArray(environmentOf) : polarline::parseShard(request.shard);
+}
+
+/// What is taken as a number and is none of use.
+void requireSensible(const BatchRequest& request) {
+  if (!std::isfinite(request.grace) || request.grace < 0.0)
+    throw polarline::InputError("--grace", "seconds from 0 on were wanted");
+  if (request.stop_after < 0)
+    throw polarline::InputError("--stop-after", "a number of sets was wanted, or 0 for never");
 }
 
 polarline::BatchOutcome judgedAll(const BatchRequest& request) {
@@ -81,7 +93,9 @@ class SetSpeaker {
 
 int runBatch(BatchRequest& request) {
   requireSeparate({{"--json", request.result.json}}, {request.list == "-" ? "" : request.list});
+  requireSensible(request);
   request.judging.takePairs();
+  request.options.stop_after = static_cast<std::size_t>(request.stop_after);
   request.options.check = request.judging.check;
   SetSpeaker speaker(request.result);
   request.options.on_set = [&](const auto& result, std::size_t done, std::size_t all) {
@@ -118,7 +132,7 @@ Subcommand addBatch(CLI::App& polarline) {
   app->add_option("--shard", request->shard, "Part K of N of the list; by default that of Slurm's array")
       ->type_name("K/N");
   app->add_flag("--again", request->options.again, "Judge also what is there");
-  app->add_option("--stop-after", request->options.stop_after, "End after so many sets without a verdict; 0: never")
+  app->add_option("--stop-after", request->stop_after, "End after so many sets without a verdict; 0: never")
       ->type_name("N");
   app->add_option("--grace", request->grace, "Seconds that SIGTERM leaves the set at hand")
       ->type_name("SECONDS")

@@ -17,6 +17,7 @@ namespace {
 std::atomic<bool> is_interrupted{false};
 std::atomic<bool> is_ending{false};
 std::atomic<bool> looks_itself{false};
+std::atomic<const char*> words_at_end{kInterruptedWords};
 std::atomic<double> time_to_finish{0.0};  ///< Seconds.
 
 void waitForSignal() {
@@ -33,7 +34,7 @@ void waitForSignal() {
   whole_file::abandonAll();
   const bool can_redraw = terminal::canRedraw(terminal::errors());
   const std::string clear = can_redraw ? "\r\033[K" : "";
-  ending_signals::endWith(kInterrupted, (clear + kInterruptedWords).c_str());
+  ending_signals::endWith(kInterrupted, (clear + words_at_end.load()).c_str());
 }
 
 }  // namespace
@@ -48,6 +49,8 @@ void endAtOwnLook() { looks_itself = true; }
 bool interrupted() { return is_interrupted; }
 
 void finishAtTermination(double seconds) { time_to_finish = seconds; }
+
+void sayAtInterruption(const char* words) { words_at_end = words; }
 
 bool ending() { return is_ending; }
 

@@ -18,6 +18,9 @@ bool interrupted();
 /// then all is as above. Systems that run jobs send it some time before they end them.
 void finishAtTermination(double seconds);
 
+/// What is said of a run that does what it does in steps, of which those that are done stay.
+void sayAtInterruption(const char* words);
+
 /// Whether somebody wants nothing new to be begun.
 bool ending();
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "polarline/store.h"
+#include "tools/polarline/Interruption.h"
 #include "tools/polarline/Outputs.h"
 #include "tools/polarline/PairProgress.h"
 #include "tools/polarline/Subcommand.h"
@@ -18,8 +19,12 @@ struct MergeCommand {
   ResultOptions result;
 };
 
+constexpr const char* kGoesOnWords =
+    "polarline: interrupted; what was merged is whole and stays, the next merge goes on from there\n";
+
 int runMerge(const MergeCommand& command) {
   requireSeparate({{"-o", command.output}, {"--json", command.result.json}}, command.stores);
+  sayAtInterruption(kGoesOnWords);
   PairProgress progress(command.result.quiet, "document");
   const polarline::MergeResult result = polarline::merge(
       command.stores, command.output, {[&](std::size_t done, std::size_t all) { progress.show(done, all); }});

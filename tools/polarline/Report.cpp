@@ -82,7 +82,7 @@ int run(Request& request) {
   if (!request.result.json.empty()) deliver(request.result.json, polarline::reportJson(result));
   if (!request.result.quiet && request.output != "-" && request.result.json != "-")
     sayLine("Report: " + request.output);
-  return kDone;
+  return result.without_page.empty() ? kDone : kNotWritten;  // A page of its own was asked for, and is not there.
 }
 
 }  // namespace
