@@ -36,7 +36,8 @@ std::string nameOfCopy(const SetInput& file) {
   constexpr std::size_t kMost = 64;
   std::string name = fs::path(file.path).filename().string();
   if (name.size() > kMost) name.erase(0, name.size() - kMost);
-  std::ranges::replace_if(name, [](char c) { return c == '\n' || c == '?' || c == '\\'; }, '_');
+  std::ranges::replace_if(
+      name, [](char c) { return c == '\n' || c == '?' || c == '\\'; }, '_');
   return file.role + "-" + name;
 }
 

@@ -17,7 +17,7 @@ fi
 list=$(realpath -- "$1") store=$(realpath -m -- "$2") sets=${SETS:-20}
 shift 2
 # At least one, so that a list without sets is refused by a worker.
-parts=$((($(grep -cvE '^[[:space:]]*(#|$)' "$list" || true) + sets - 1) / sets))
+parts=$((($(grep -cvE '^(#|[[:space:]]*$)' "$list" || true) + sets - 1) / sets))
 parts=$((parts > 0 ? parts : 1))
 # The store is made once, here: a worker that finds an empty folder where a disk was mounted must not begin another. For the same reason a
 # folder that is there and no store is refused.

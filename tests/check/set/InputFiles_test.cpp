@@ -59,8 +59,8 @@ TEST_F(InputFilesOf, ASetGoWithTheObject) {
 }
 
 TEST_F(InputFilesOf, OddNamesEndAsTheyDid) {
-  for (const std::string& name : {std::string("what?.json"), std::string("line\nend.yml"), std::string("back\\slash.xml"),
-                                  std::string(240, 'n') + ".yaml"}) {
+  for (const std::string& name : {std::string("what?.json"), std::string("line\nend.yml"),
+                                  std::string("back\\slash.xml"), std::string(240, 'n') + ".yaml"}) {
     set.target = folder.write(name, name);
     const InputFiles files(set);
     const std::string copy = files.of(set.target).path;
