@@ -37,18 +37,18 @@ FROM sets s JOIN judged_limits j ON j.set_id = s.id JOIN documents d ON d.id = s
 WHERE s.verdict <> 'error'
 GROUP BY s.id ORDER BY s.verdict = 'fail' DESC, times DESC, s.time, s.id;
 
-CREATE VIEW figure_trend AS
-SELECT figure, station, model, day, count(DISTINCT set_id) AS sets, count(*) AS pairs,
-  avg(value) AS mean, min(value) AS min, max(value) AS max,
-  CASE WHEN count(*) > 1 THEN
-    max(0.0, (sum(apart * apart) - sum(apart) * sum(apart) / count(*)) / (count(*) - 1)) END AS variance
-FROM (
-  SELECT n.name AS figure, s.station, s.model, s.day, s.id AS set_id, f.value,
-    f.value - avg(f.value) OVER (PARTITION BY n.name, s.station, s.model, s.day) AS apart
-  FROM figure_names n CROSS JOIN sets s JOIN pairs p ON p.set_id = s.id
-    JOIN figures f ON f.set_id = p.set_id AND f.pair = p.pair AND f.figure = n.id
+CREATE VIEW figure_trend AS -- Squares of what a value is apart from one of its figure: of the values themselves little would be left.
+WITH origins AS MATERIALIZED (
+  SELECT id, name, (SELECT value FROM figures WHERE figure = figure_names.id LIMIT 1) AS origin FROM figure_names
 )
-GROUP BY figure, station, model, day;
+SELECT n.name AS figure, s.station, s.model, s.day, count(DISTINCT s.id) AS sets, count(*) AS pairs,
+  avg(f.value) AS mean, min(f.value) AS min, max(f.value) AS max,
+  CASE WHEN count(*) > 1 THEN
+    max(0.0, (sum((f.value - n.origin) * (f.value - n.origin)) -
+      sum(f.value - n.origin) * sum(f.value - n.origin) / count(*)) / (count(*) - 1)) END AS variance
+FROM origins n CROSS JOIN sets s JOIN pairs p ON p.set_id = s.id
+  JOIN figures f ON f.set_id = p.set_id AND f.pair = p.pair AND f.figure = n.id
+GROUP BY n.name, s.station, s.model, s.day;
 )sql";
 
 }  // namespace
