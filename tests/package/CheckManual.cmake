@@ -35,7 +35,7 @@ if(count LESS 5)
 endif()
 
 expect_in("the help" "${help}" "index.html of /usr/share/doc/polarline-doc/html")
-expect_in("polarline(1)" "${main_page}" "/usr/share/doc/polarline\\-doc/html/index.html")
+expect_in("polarline(1)" "${main_page}" "index.html of /usr/share/doc/polarline\\-doc/html")
 foreach(subcommand IN LISTS subcommands)
   string(STRIP "${subcommand}" subcommand)
   expect_in("polarline(1)" "${main_page}" "\\fBpolarline\\-${subcommand}\\fR(1)")
