@@ -182,6 +182,7 @@ function comparisonOf(documents, shown) {
   const limit = (text, key) => documents.map(({ limits }) => limits.find((each) => each.text === text)?.[key] ?? null);
   return {
     text: (text) => comparedText(text, shown.figures),
+    maps_text: any,
     limits: texts.map((text) => ({ text, values: limit(text, 'value'), holds: limit(text, 'holds') })),
     figures: names.map((figure) => {
       const source = figure.startsWith('refined.') ? 'refined' : 'library';
