@@ -22,6 +22,6 @@ void warnOfSteps(const Set& set, const PolarConfig& config, const BoardInfo& boa
                  std::vector<Warning>& warnings);
 
 /// Also proves that the detector can be configured from it.
-BoardInfo readBoardInfo(const InputFile& target);
+BoardInfo readBoardInfo(const InputFile& file);
 
 }  // namespace polarline

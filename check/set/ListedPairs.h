@@ -8,6 +8,6 @@
 namespace polarline {
 
 /// As the one of a path: the names are relative to the folder of the list, wherever its copy is.
-std::vector<ListedPair> listedPairs(const InputFile& list);
+std::vector<ListedPair> listedPairs(const InputFile& file);
 
 }  // namespace polarline
