@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "report/read/Place.h"
@@ -12,7 +13,7 @@ namespace polarline {
 class Columns {
  public:
   /// @param rows How long each of them is.
-  Columns(const Place& place, std::size_t rows) : place_(place), rows_(rows) {}
+  Columns(Place place, std::size_t rows) : place_(std::move(place)), rows_(rows) {}
 
   /// Whole numbers from 0.
   std::vector<std::size_t> counts(const char* key) const;

@@ -27,10 +27,8 @@ void dropPoints(Json& pairs) {
 
 ReadCheck readCheck(const ReportDocument& document) {
   const std::string file = document.path.empty() ? "document" : document.path;
-  ReadCheck check;
-  check.path = document.path;
   DotsAside dots;
-  check.json = parseJson(document.text, file, std::ref(dots));
+  ReadCheck check{parseJson(document.text, file, std::ref(dots)), {}, document.path};
   const Place place(check.json, file);
   demandCheck(place);
   for (const Place& pair : place.objects("pairs")) check.pairs.push_back(readPair(pair, dots));
