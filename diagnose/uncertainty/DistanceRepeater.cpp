@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 
 namespace {
 
@@ -12,8 +11,14 @@ constexpr Eigen::Index kDotsOfAllPairs = 1400;
 DistanceSum emptySum(Eigen::Index dots) {
   DistanceSum sum;
   sum.slope = Eigen::Matrix3Xd::Zero(3, dots);
-  sum.curvature.assign(static_cast<std::size_t>(dots), Eigen::Matrix3d::Zero());
+  sum.curvature = Matrix6Xd::Zero(6, dots);
   return sum;
+}
+
+Eigen::Matrix<double, 6, 1> productsOf(const Eigen::Vector3d& way) {
+  Eigen::Matrix<double, 6, 1> products;
+  products << way.cwiseAbs2(), way.x() * way.y(), way.x() * way.z(), way.y() * way.z();
+  return products;
 }
 
 }  // namespace
@@ -24,16 +29,14 @@ void DistanceSum::add(Eigen::Index i, Eigen::Index j, const Eigen::Vector3d& dir
   const Eigen::Vector3d pull = (2.0 * weight * error) * direction;
   slope.col(i) += pull;
   slope.col(j) -= pull;
-  const Eigen::Matrix3d square = weight * direction * direction.transpose();
-  curvature[static_cast<std::size_t>(i)] += square;
-  curvature[static_cast<std::size_t>(j)] += square;
+  Eigen::Matrix<double, 6, 1> bend = weight * productsOf(direction);
+  bend.tail<3>() *= 2.0;  // Each product stands for both of its places in the square.
+  curvature.col(i) += bend;
+  curvature.col(j) += bend;
 }
 
-double DistanceSum::rms(const Eigen::Matrix3Xd& shifts) const {
-  double sum = squares + slope.cwiseProduct(shifts).sum();
-  for (Eigen::Index dot = 0; dot < shifts.cols(); ++dot) {
-    sum += shifts.col(dot).dot(curvature[static_cast<std::size_t>(dot)] * shifts.col(dot));
-  }
+double DistanceSum::rms(const Eigen::Matrix3Xd& shifts, const Matrix6Xd& products) const {
+  const double sum = squares + slope.cwiseProduct(shifts).sum() + curvature.cwiseProduct(products).sum();
   return std::sqrt(std::max(0.0, sum) / pairs);
 }
 
@@ -60,7 +63,10 @@ DistanceRepeater::DistanceRepeater(const PairEvaluator& evaluator, const Eigen::
 }
 
 void DistanceRepeater::add(const Repetition& repetition) {
-  figures[0].values.push_back(plain_.rms(repetition.positions));
-  figures[1].values.push_back(relative_.rms(repetition.positions));
+  const Eigen::Matrix3Xd& shifts = repetition.positions;
+  products_.resize(6, shifts.cols());
+  for (Eigen::Index dot = 0; dot < shifts.cols(); ++dot) products_.col(dot) = productsOf(shifts.col(dot));
+  figures[0].values.push_back(plain_.rms(shifts, products_));
+  figures[1].values.push_back(relative_.rms(shifts, products_));
   figures[2].values.push_back((positions_ + repetition.positions).colwise().norm().mean());
 }
