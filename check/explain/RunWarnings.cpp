@@ -80,8 +80,8 @@ constexpr auto kRunWarnings = std::to_array<Entry>({
     {"nothing_to_correct", "nothing_to_correct", "No corrected calibration was written, as no cause was found.",
      "Keep the calibration; the diagnosis says what else the row differences come from."},
     {"correction_no_better", "correction_no_better",
-     "The set checked again with the corrected calibration has no smaller row differences.",
-     "Do not use that file. Take more pairs, at two distances and with the board tilted, or calibrate anew."},
+     "No corrected calibration was written, as the set checked again with it has no smaller row differences.",
+     "Keep the calibration. Take more pairs, at two distances and with the board tilted, or calibrate anew."},
 
     {"refining_failed", "refining_failed", "A finished pair has no refined figures.",
      "Look at its figures from detected centres; the text says what the refined ones lack."},

@@ -104,30 +104,28 @@ void requireCorrectable(const std::string& path, int type, const std::string& ca
     throw InputError(path, fmt::format("a name that ends in .json{} was wanted", is_given_binary ? " or .bin" : ""));
 }
 
-Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before,
-                   const StereoCalibParams& corrected, Check& check) {
-  Correction correction;
-  correction.path = options.write_corrected;
-  correction.rows_predicted = check.diagnosis->rows_after;
-  const std::string calibration = correctedFile(set.calibration, correction.path, corrected, *check.diagnosis);
-  const whole_file::PartialFolder trial(correction.path);
-  const std::filesystem::path tried = trial.path() / ("calib." + files::extensionOf(correction.path));
+std::optional<Correction> correct(const Set& set, const CheckOptions& options, const MeanRow& before,
+                                  const StereoCalibParams& corrected, Check& check) {
+  const std::string& path = options.write_corrected;
+  const std::string calibration = correctedFile(set.calibration, path, corrected, *check.diagnosis);
+  const whole_file::PartialFolder trial(path);
+  const std::filesystem::path tried = trial.path() / ("calib." + files::extensionOf(path));
   whole_file::write(tried, calibration);
   const MeanRow after = rowsWith(set, options, tried.string());
-  correction.rows_seen = after.mean();
-  if (options.go_on && !options.go_on()) return correction;
-  whole_file::write(correction.path, calibration);
+  if (options.go_on && !options.go_on()) return std::nullopt;
   const bool are_refined = before.isRefined() && after.isRefined();  // Else the two would be of different centres.
   const double rows_before = are_refined ? before.mean() : before.detected();
   const double rows_after = are_refined ? after.mean() : after.detected();
   if (!(rows_after < rows_before)) {
     check.warnings.push_back(
         warningOf("correction_no_better",
-                  fmt::format("Checked again with {}, the rows differ by {} px in the mean; "
+                  fmt::format("{} was not written: checked again with it, the rows differ by {} px in the mean; "
                               "{} px without the correction.",
-                              correction.path, plain::rounded(rows_after, 3), plain::rounded(rows_before, 3))));
+                              path, plain::rounded(rows_after, 3), plain::rounded(rows_before, 3))));
+    return std::nullopt;
   }
-  return correction;
+  whole_file::write(path, calibration);
+  return Correction{path, check.diagnosis->rows_after, after.mean()};
 }
 
 }  // namespace polarline

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,9 +35,9 @@ class MeanRow {
 /// the given `calibration` is one, as for polynomial lenses (`type` 3) always.
 void requireCorrectable(const std::string& path, int type, const std::string& calibration);
 
-/// Writes the set's calibration file with the cameras of `corrected`, and checks the set again with it. `before`: the
-/// row differences of the check. Warns where that has not helped.
-Correction correct(const Set& set, const CheckOptions& options, const MeanRow& before,
-                   const StereoCalibParams& corrected, Check& check);
+/// Checks the set again with its calibration file in which the cameras of `corrected` stand, and writes that file where
+/// the rows have become better; else warns. `before`: the row differences of the check.
+std::optional<Correction> correct(const Set& set, const CheckOptions& options, const MeanRow& before,
+                                  const StereoCalibParams& corrected, Check& check);
 
 }  // namespace polarline

@@ -214,7 +214,7 @@ struct Check {
   std::vector<LimitResult> limits;
   Verdict verdict = Verdict::kError;
   std::optional<Diagnosis> diagnosis;    ///< Of a run that has figures, but of a frame run none.
-  std::optional<Correction> correction;  ///< Where one was asked for and there are causes.
+  std::optional<Correction> correction;  ///< Where one was asked for, there are causes, and it makes the rows better.
   std::vector<Warning> warnings;
 
   /// How many pairs are finished.

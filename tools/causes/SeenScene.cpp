@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
 
 #include "tools/scene/Lens.h"
 #include "tools/scene/PolyFit.h"
@@ -81,15 +80,17 @@ std::vector<SeenDot> SeenScene::dotsOf(const scene::StereoRig& rig, const scene:
   return dots;
 }
 
-double scene::Misalignment::*misalignmentField(const std::string& cause) {
+const std::map<std::string, double scene::Misalignment::*>& misalignmentFields() {
   using M = scene::Misalignment;
   static const std::map<std::string, double M::*> kFields{
       {"rotation_x", &M::rotation_x}, {"rotation_y", &M::rotation_y},
       {"rotation_z", &M::rotation_z}, {"focal_ratio", &M::focal_ratio},
       {"row_offset", &M::row_offset}, {"baseline_y", &M::baseline_y},
       {"baseline_z", &M::baseline_z}, {"k1", &M::k1}};
-  return kFields.at(cause);
+  return kFields;
 }
+
+double scene::Misalignment::*misalignmentField(const std::string& cause) { return misalignmentFields().at(cause); }
 
 std::vector<scene::PoseWish> twoDistances() {
   return {{18.0, -12.0, 5.0, 0.95}, {-15.0, 14.0, -8.0, 0.6}, {8.0, 16.0, 15.0, 0.8}};

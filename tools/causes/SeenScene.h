@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,8 @@ struct SeenScene {
 };
 
 /// The field of the renderer's misalignment that a cause is told of, by the cause's name.
+/// The causes that a diagnosis may name, by their names.
+const std::map<std::string, double scene::Misalignment::*>& misalignmentFields();
 double scene::Misalignment::*misalignmentField(const std::string& cause);
 
 /// Two distances, tilted both ways.

@@ -16,6 +16,7 @@
 namespace polarline {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::Field;
 using ::testing::HasSubstr;
@@ -113,6 +114,26 @@ TEST(Correcting, OfAlignedCamerasWritesNothingAndSaysSo) {
   EXPECT_FALSE(check.correction);
   EXPECT_FALSE(set.parent.has("corrected.json"));
   EXPECT_THAT(check.warnings, Contains(Field(&Warning::code, "nothing_to_correct")));
+}
+
+TEST(Correcting, ThatMakesNothingBetterIsNotWritten) {
+  const CopiedSet set(misalignedSet());
+  CheckOptions options;
+  options.write_corrected = set.parent.file("corrected.json");
+  Check check = set.check(options);
+  ASSERT_TRUE(check.correction);
+  PairCheck perfect;
+  perfect.finished = true;
+  perfect.points.dy = {0.0F};
+  MeanRow before;
+  before.add(perfect);
+  options.write_corrected = set.parent.file("again.json");
+  Set named = set.set();
+  named.calibration = set.file("calib.json");
+  EXPECT_FALSE(correct(named, options, before, StereoCalibParams(), check));
+  EXPECT_FALSE(set.parent.has("again.json"));
+  EXPECT_THAT(check.warnings, Contains(AllOf(Field(&Warning::code, "correction_no_better"),
+                                             Field(&Warning::text, HasSubstr("again.json was not written")))));
 }
 
 TEST(Correcting, KeepsTheColourCameraOfTheGivenFile) {
