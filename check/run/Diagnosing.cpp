@@ -16,9 +16,10 @@
 namespace polarline {
 namespace {
 
-/// With one of these the row differences are those of wrong inputs, and any cause would be made up.
-constexpr std::array<std::string_view, 4> kWrongInputs = {"sides_exchanged", "baseline_unit", "board_mismatch",
-                                                          "calibration_mismatch"};
+/// With one of these the row differences are those of wrong inputs, and any cause would be made up. A pair whose
+/// pictures do not belong together is none: the fit leaves it out.
+constexpr std::array<std::string_view, 5> kWrongInputs = {"sides_exchanged", "baseline_unit", "board_mismatch",
+                                                          "calibration_mismatch", "lenses_exchanged"};
 
 CausesTold without(const std::string& reason, double rows) {
   CausesTold told;
