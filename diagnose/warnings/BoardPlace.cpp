@@ -36,13 +36,6 @@ double errorAt(const CalibratedCamera& camera, const CameraPose& pose, const Boa
   return pixel ? cv::norm(*pixel - sight.pixel) : std::numeric_limits<double>::infinity();
 }
 
-Sights someOf(const Sights& sights) {
-  const std::size_t every = (sights.size() + kEnoughDots - 1) / kEnoughDots;
-  Sights some;
-  for (std::size_t k = 0; k < sights.size(); k += std::max<std::size_t>(1, every)) some.push_back(sights[k]);
-  return some;
-}
-
 /// The nearest turn to a matrix whose columns are images of the board's axes.
 CameraPose poseOfHomography(cv::Matx33d H) {
   if (H(2, 2) < 0.0) H *= -1.0;  // The board's origin is in front of the camera.
@@ -112,11 +105,18 @@ double rmsBelow(const std::vector<double>& errors, double bound) {
 
 }  // namespace
 
+std::vector<BoardSight> someOf(const std::vector<BoardSight>& sights, std::size_t most) {
+  const std::size_t every = std::max<std::size_t>(1, (sights.size() + most - 1) / most);
+  std::vector<BoardSight> some;
+  for (std::size_t k = 0; k < sights.size(); k += every) some.push_back(sights[k]);
+  return some;
+}
+
 std::optional<BoardPlace> placeBoard(const CalibratedCamera& camera, const std::vector<BoardSight>& sights) {
   if (sights.size() < kLeastDots) return std::nullopt;
   BoardPlace place;
   place.pitch = pitchOf(sights);
-  const auto start = startOf(camera, someOf(sights), place.pitch);
+  const auto start = startOf(camera, someOf(sights, kEnoughDots), place.pitch);
   if (!start) return std::nullopt;
   const CameraPose pose = refined(camera, start->pose, start->agreeing);
   place.R = pose.R;

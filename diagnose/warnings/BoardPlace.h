@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <opencv2/core.hpp>
 #include <optional>
@@ -16,6 +17,9 @@ struct BoardSight {
   cv::Point3d board;  ///< Board unit.
   cv::Point2d pixel;
 };
+
+/// Every so many, `most` at most: spread over the board as their ids run along its rows.
+std::vector<BoardSight> someOf(const std::vector<BoardSight>& sights, std::size_t most);
 
 /// Where the board stands before a camera, X_camera = R X_board + T, and how well it meets the picture through the
 /// lens.

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <utility>
 
 #include "diagnose/warnings/Codes.h"
+#include "diagnose/warnings/CommonMisfit.h"
 #include "diagnose/warnings/Findings.h"
 #include "diagnose/warnings/Judges.h"
 #include "diagnose/warnings/OtherPictures.h"
@@ -53,15 +55,14 @@ std::vector<Misfit> misfits(const Looks& looks) {
 }
 
 std::string textOf(const SideLook& side, const Explained& explained) {
-  std::string text = numbersFit(side)
-                         ? fmt::format("The board through the lens misses the dots by {} pixels (root mean square)",
-                                       plain::rounded(side.place->rms, 2))
-                         : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
-                                       100.0 * side.place->on_grid);
-  if (explained.text.empty()) return text;
-  return fmt::format("{}; it would meet them to {} pixels, {}",
-                     numbersFit(side) ? text : "The board through the lens does not meet the dots",
-                     plain::rounded(explained.rms, 2), explained.text);
+  const bool is_numbered = numbersFit(side);
+  if (explained.text.empty()) {
+    return is_numbered ? missingText(side.place->rms)
+                       : fmt::format("{:.0f} % of the dots stand where the board's description puts them",
+                                     100.0 * side.place->on_grid);
+  }
+  return meetingText(is_numbered ? missingText(side.place->rms) : "The board through the lens does not meet the dots",
+                     explained);
 }
 
 std::optional<polarline::Warning> judgeMisfits(const CalibratedPair& cameras, const Looks& looks) {
@@ -71,7 +72,7 @@ std::optional<polarline::Warning> judgeMisfits(const CalibratedPair& cameras, co
   Misfit& worst = *std::ranges::max_element(found, {}, [](const Misfit& each) { return each.finding.weight; });
   const CalibratedCamera& camera = worst.finding.side == 0 ? cameras.left : cameras.right;
   const double most = std::min(thresholds::kExplains * worst.side->place->rms, mostMisfit(worst.side->size.width));
-  const Explained explained = explainMisfit(camera, worst.side->sights, worst.side->size, most);
+  const Explained explained = explainMisfit({{&camera, worst.side->sights, worst.side->size}}, most);
   const bool is_board = explained.text.empty() ? !numbersFit(*worst.side) : explained.is_board;
   worst.finding.text = textOf(*worst.side, explained);
   std::vector<Finding> findings;
@@ -162,6 +163,31 @@ std::optional<polarline::Warning> judgeScale(const CalibratedPair& cameras, cons
                   off > 0.0 ? "farther apart" : "nearer", off > 0.0 ? "long" : "short"));
 }
 
+/// What the other camera's lenses leave, over all pictures; infinite if they explain nothing.
+double missThroughOthers(const Looks& looks, bool are_exchanged) {
+  if (!are_exchanged) return std::numeric_limits<double>::infinity();
+  std::vector<double> misfits;
+  for (const PairLook& pair : looks) {
+    for (const SideLook& side : pair.sides) {
+      if (side.other_lens) misfits.push_back(*side.other_lens);
+    }
+  }
+  return rmsOf(misfits);
+}
+
+/// What lets the board miss its dots. Pictures that are exchanged have each other's lenses, too, so that beside such
+/// sides only what can't be overlooked is told.
+std::optional<polarline::Warning> judgeLens(const SetFacts& facts, const CalibratedPair& cameras, const Looks& looks,
+                                            const std::optional<polarline::Warning>& sides) {
+  const auto lenses = sides ? std::nullopt : judgeLenses(looks);
+  if (!sides || sides->code == "pair_stands_out") {
+    // Lenses whose centres mirror each other are nearly those of turned pictures: the better explanation is told.
+    if (auto common = judgeCommonMisfit(facts, cameras, looks, missThroughOthers(looks, lenses.has_value())))
+      return common;
+  }
+  return lenses ? lenses : judgeMisfits(cameras, looks);
+}
+
 }  // namespace
 
 Warnings judgeGeometry(const SetFacts& facts, const std::optional<CalibratedPair>& cameras, const Looks& looks) {
@@ -172,9 +198,7 @@ Warnings judgeGeometry(const SetFacts& facts, const std::optional<CalibratedPair
   };
   add(told("board_mismatch", wrongNumbers(looks), looks.size()));
   const auto sides = judgeSides(*cameras, looks);
-  // Pictures that are exchanged have the lenses of each other, too.
-  const auto lenses = sides ? std::nullopt : judgeLenses(looks);
-  if (warnings.empty()) add(lenses ? lenses : judgeMisfits(*cameras, looks));
+  if (warnings.empty()) add(judgeLens(facts, *cameras, looks, sides));
   add(sides);
   if (warnings.empty()) add(judgeScale(*cameras, looks));  // What is wrong above makes a scale of its own.
   return warnings;

@@ -7,61 +7,28 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <utility>
 
 #include "diagnose/warnings/Thresholds.h"
+#include "platform/PlainNumber.h"
 
 namespace diagnose {
 namespace {
 
-using Sights = std::vector<BoardSight>;
+using Pictures = std::vector<SeenBoard>;
 
-/// Changes a sight into what the calibration's own pictures would have shown.
-using Change = std::function<void(BoardSight&)>;
-
-double misfitWith(const CalibratedCamera& camera, Sights sights, const Change& change) {
-  for (BoardSight& sight : sights) change(sight);
-  const auto place = placeBoard(camera, sights);
-  if (!place || place->fitting < thresholds::kFittingShare || place->R(2, 2) < 0.0)
-    return std::numeric_limits<double>::infinity();
-  return place->rms;
+/// @param times How much larger the changed pictures are.
+Explained with(const Pictures& pictures, const PictureChange& change, const std::string& text, double times = 1.0) {
+  Explained explained{text, false, 0.0, misfitsWith(pictures, change)};
+  for (double& misfit : explained.each) misfit /= times;
+  explained.rms = rmsOf(explained.each);
+  return explained;
 }
+
+Explained nothing() { return {"", false, std::numeric_limits<double>::infinity(), {}}; }
 
 void keepBetter(Explained& best, Explained other) {
   if (other.rms < best.rms) best = std::move(other);
-}
-
-Explained otherSize(const CalibratedCamera& camera, const Sights& sights) {
-  Explained best{"", false, std::numeric_limits<double>::infinity()};
-  for (const double times : {0.25, 1.0 / 3.0, 0.5, 2.0 / 3.0, 0.75, 4.0 / 3.0, 1.5, 2.0, 3.0, 4.0}) {
-    const double rms = misfitWith(camera, sights,
-                                  [&](BoardSight& sight) {
-                                    sight.pixel = (sight.pixel + cv::Point2d(0.5, 0.5)) * times - cv::Point2d(0.5, 0.5);
-                                  }) /
-                       times;
-    keepBetter(best, {fmt::format("as if the calibration were of pictures {:.3g} times as large", times), false, rms});
-  }
-  return best;
-}
-
-Explained mirrored(const CalibratedCamera& camera, const Sights& sights, const cv::Size& size) {
-  Explained best{"", false, std::numeric_limits<double>::infinity()};
-  struct Mirror {
-    bool x, y;
-    const char* text;
-  };
-  static constexpr std::array kMirrors{
-      Mirror{true, false, "as if the calibration were of pictures mirrored left to right"},
-      Mirror{false, true, "as if the calibration were of pictures mirrored top to bottom"},
-      Mirror{true, true, "as if the calibration were of pictures turned by half a turn"}};
-  for (const Mirror& mirror : kMirrors) {
-    const double rms = misfitWith(camera, sights, [&](BoardSight& sight) {
-      if (mirror.x) sight.pixel.x = size.width - 1 - sight.pixel.x;
-      if (mirror.y) sight.pixel.y = size.height - 1 - sight.pixel.y;
-      if (mirror.x != mirror.y) sight.board.x = -sight.board.x;  // A mirrored board, else its back would be seen.
-    });
-    keepBetter(best, {mirror.text, false, rms});
-  }
-  return best;
 }
 
 /// The least misfit over two numbers, by steps that grow smaller (Hooke and Jeeves 1961).
@@ -86,39 +53,91 @@ Least leastNear(const std::function<double(const cv::Point2d&)>& value, cv::Poin
   return best;
 }
 
-Explained cropped(const CalibratedCamera& camera, const Sights& sights, const cv::Size& size) {
-  const Least least = leastNear(
-      [&](const cv::Point2d& by) { return misfitWith(camera, sights, [&](BoardSight& sight) { sight.pixel += by; }); },
-      cv::Point2d(size.width, size.height) / 8.0, 6);
-  return {fmt::format("as if the calibration were of a part of the pictures, or they of a part of its, about {:.0f} "
-                      "columns and {:.0f} rows apart",
-                      std::abs(least.at.x), std::abs(least.at.y)),
-          false, least.value};
+/// Sizes that cameras are often switched to, and then those beside the best of them.
+Explained otherSize(const Pictures& pictures) {
+  const auto misfit = [&](double times) { return rmsOf(misfitsWith(pictures, resized(times))) / times; };
+  double best = 1.0;
+  double least = std::numeric_limits<double>::infinity();
+  for (const double times : {0.25, 1.0 / 3.0, 0.5, 2.0 / 3.0, 0.75, 0.9, 1.1, 4.0 / 3.0, 1.5, 2.0, 3.0, 4.0}) {
+    const double there = misfit(times);
+    if (there < least) best = times;
+    least = std::min(least, there);
+  }
+  best *=
+      std::exp(leastNear([&](const cv::Point2d& by) { return misfit(best * std::exp(by.x)); }, {0.08, 0.0}, 6).at.x);
+  if (std::abs(std::log(best)) < std::log(1.0 + thresholds::kOtherSize)) return nothing();
+  return with(pictures, resized(best),
+              fmt::format("as if the calibration were of pictures {:.3g} times as large", best), best);
 }
 
-Explained otherRows(const CalibratedCamera& camera, const Sights& sights) {
-  const Least least = leastNear(
-      [&](const cv::Point2d& by) {
-        return misfitWith(camera, sights, [&](BoardSight& sight) { sight.board.y *= std::exp(by.x); });
-      },
-      cv::Point2d(0.2, 0.0), 8);
-  return {
-      fmt::format("as if the board's rows stood {:.3f} times as far apart as they are described", std::exp(least.at.x)),
-      true, least.value};
+Explained otherWayRound(const Pictures& pictures) {
+  struct Mirror {
+    bool is_x, is_y;
+    const char *lens, *centre;
+  };
+  static constexpr std::array kMirrors{
+      Mirror{true, false, "as if the calibration were of pictures mirrored left to right",
+             "as if its Cx were counted from the right edge"},
+      Mirror{false, true, "as if the calibration were of pictures mirrored top to bottom",
+             "as if its Cy were counted from the lower edge"},
+      Mirror{true, true, "as if the calibration were of pictures turned by half a turn",
+             "as if its Cx and Cy were counted from the right and the lower edge"}};
+  Explained best = nothing();
+  for (const Mirror& mirror : kMirrors) {
+    keepBetter(best, with(pictures, mirrored(mirror.is_x, mirror.is_y), mirror.lens));
+    keepBetter(best, with(pictures, countedFromOtherEdge(mirror.is_x, mirror.is_y), mirror.centre));
+  }
+  return best;
+}
+
+Explained cropped(const Pictures& pictures) {
+  const cv::Point2d size(pictures.front().size.width, pictures.front().size.height);
+  const cv::Point2d by =
+      leastNear([&](const cv::Point2d& at) { return rmsOf(misfitsWith(pictures, shifted(at))); }, size / 8.0, 8).at;
+  if (std::abs(by.x) < thresholds::kCropped * size.x && std::abs(by.y) < thresholds::kCropped * size.y)
+    return nothing();  // A principal point that is a little off is a cause.
+  return with(
+      pictures, shifted(by),
+      fmt::format("as if the calibration were of a part of the pictures, or they of a part of its, about {:.0f} "
+                  "columns and {:.0f} rows apart",
+                  std::abs(by.x), std::abs(by.y)));
+}
+
+Explained otherRows(const Pictures& pictures) {
+  const double times =
+      std::exp(leastNear([&](const cv::Point2d& by) { return rmsOf(misfitsWith(pictures, rowsApart(std::exp(by.x)))); },
+                         {0.2, 0.0}, 8)
+                   .at.x);
+  Explained explained =
+      with(pictures, rowsApart(times),
+           fmt::format("as if the board's rows stood {:.3f} times as far apart as they are described", times));
+  explained.is_board = true;
+  return explained;
 }
 
 }  // namespace
 
-Explained explainMisfit(const CalibratedCamera& camera, const Sights& sights, const cv::Size& picture, double most) {
-  Explained best{"", false, most};
-  keepBetter(best, otherSize(camera, sights));
-  keepBetter(best, mirrored(camera, sights, picture));
-  const Explained board = otherRows(camera, sights);
+Explained explainMisfit(const Pictures& pictures, double most) {
+  Explained best = nothing();
+  best.rms = most;
+  keepBetter(best, otherSize(pictures));
+  keepBetter(best, otherWayRound(pictures));
+  Explained board = otherRows(pictures);
   // A shift has two numbers to fit with, so it must do more.
-  Explained shift = cropped(camera, sights, picture);
-  if (shift.rms < 0.5 * std::min(best.rms, board.rms)) keepBetter(best, shift);
-  if (board.rms < best.rms) keepBetter(best, board);
+  Explained shift = cropped(pictures);
+  if (shift.rms < 0.5 * std::min(best.rms, board.rms)) keepBetter(best, std::move(shift));
+  keepBetter(best, std::move(board));
   return best;
+}
+
+std::string missingText(double rms) {
+  return fmt::format("The board through the lens misses the dots by {} pixels (root mean square)",
+                     plain::rounded(rms, 2));
+}
+
+std::string meetingText(const std::string& wrong, const Explained& explained) {
+  return fmt::format("{}; it would meet them to {} pixels, {}", wrong, plain::rounded(explained.rms, 2),
+                     explained.text);
 }
 
 }  // namespace diagnose

@@ -54,13 +54,10 @@ std::vector<GhostDot> ghostsOf(const std::vector<BoardSight>& sights, const Boar
   return ghosts;
 }
 
-/// Some of the sights do, spread over the board.
+/// Some of the sights do.
 std::optional<double> missThrough(const CalibratedCamera& camera, const std::vector<BoardSight>& sights) {
   constexpr std::size_t kEnough = 250;
-  const std::size_t step = sights.size() / kEnough + 1;
-  std::vector<BoardSight> some;
-  for (std::size_t k = 0; k < sights.size(); k += step) some.push_back(sights[k]);
-  const auto place = placeBoard(camera, some);
+  const auto place = placeBoard(camera, someOf(sights, kEnough));
   if (!place || place->fitting < thresholds::kFittingShare) return std::nullopt;
   return place->rms;
 }
@@ -73,7 +70,7 @@ void placeSide(const CalibratedCamera& camera, std::vector<BoardSight> sights, S
   if (!side.place) return;
   if (side.place->fitting >= thresholds::kFittingShare) side.ghosts = ghostsOf(sights, *side.place);
   side.place->errors.clear();
-  if (isMisfit(side)) side.sights = std::move(sights);
+  side.sights = std::move(sights);
 }
 
 void tryOtherLens(const CalibratedCamera& other, const std::vector<BoardSight>& sights, SideLook& side) {

@@ -48,7 +48,7 @@ struct SideLook {
   polarline::PictureQuality quality;
   std::vector<cv::Point2f> outline;  ///< Of the board, pixels.
   std::size_t found = 0;             ///< Numbered dots; 0: not known.
-  std::vector<BoardSight> sights;    ///< Of a misfit only.
+  std::vector<BoardSight> sights;    ///< The watch drops most.
   std::optional<BoardPlace> place;   ///< Without the single errors.
   bool has_place = false;            ///< There were enough dots for one.
   std::vector<GhostDot> ghosts;

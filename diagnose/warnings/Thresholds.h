@@ -47,6 +47,17 @@ inline constexpr double kGhostOfPitch = 0.06;
 inline constexpr double kGhostSpreads = 12.0;
 /// A cause is named if it takes the misfit down to this share, and below the bound above.
 inline constexpr double kExplains = 0.35;
+/// Smaller misfits than the bound above are looked at from so many times the scatter of the dots on: right calibrations
+/// leave 1.0 to 1.5 times.
+inline constexpr double kBeyondScatter = 3.0;
+/// An explanation of these must take every picture's misfit down to this share, or to so many times its scatter: what
+/// helps some pictures only is none.
+inline constexpr double kExplainsEach = 0.6;
+inline constexpr double kAtScatter = 2.0;
+/// Share by which a size, and share of a side by which a crop must differ to be one: less is a focal length or a
+/// principal point that is off, of which causes are told.
+inline constexpr double kOtherSize = 0.05;
+inline constexpr double kCropped = 0.02;
 /// The lenses are exchanged if the other one's misfit is at most this share of the own in every picture. Of lenses that
 /// are where they belong the other one's is larger, of lenses that are alike it is the same.
 inline constexpr double kOtherLens = 0.7;

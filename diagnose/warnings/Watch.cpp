@@ -22,21 +22,30 @@ Watch::Watch(SetFacts facts) : facts_(std::move(facts)), cameras_(camerasOf(fact
 
 polarline::PairQuality Watch::look(const PairView& view) {
   looks_.push_back(lookAtPair(facts_, cameras_, view));
-  keepWorstSights();
+  noteWorst();
+  dropSights();
   const auto& sides = looks_.back().sides;
   return pairQuality(sides[0].quality, sides[1].quality);
 }
 
-// One picture is enough to look for what would explain a misfit; the dots of all would be the whole set.
-void Watch::keepWorstSights() {
+void Watch::noteWorst() {
   for (const std::size_t side : {0U, 1U}) {
-    SideLook& one = looks_.back().sides.at(side);
+    const SideLook& one = looks_.back().sides.at(side);
     if (!isMisfit(one)) continue;
-    SideLook* const worst = worst_ ? &looks_.at(worst_->first).sides.at(worst_->second) : nullptr;
-    const bool is_worse = worst == nullptr || one.place->rms > worst->place->rms;
-    if (is_worse && worst != nullptr) worst->sights = {};
-    if (is_worse) worst_ = {looks_.size() - 1, side};
-    if (!is_worse) one.sights = {};
+    if (!worst_ || one.place->rms > looks_.at(worst_->first).sides.at(worst_->second).place->rms)
+      worst_ = {looks_.size() - 1, side};
+  }
+}
+
+// Some pairs from all over the run, and the worst picture, are enough to look for what would explain a misfit; the
+// dots of all would be the whole set.
+void Watch::dropSights() {
+  constexpr std::size_t kMostKept = 6;
+  if (looks_.size() > kMostKept * step_) step_ *= 2;
+  for (std::size_t k = 0; k < looks_.size(); ++k) {
+    for (const std::size_t side : {0U, 1U}) {
+      if (k % step_ != 0 && worst_ != std::pair(k, side)) looks_[k].sides.at(side).sights = {};
+    }
   }
 }
 

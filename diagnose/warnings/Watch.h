@@ -17,7 +17,7 @@ struct AskedLimits {
 };
 
 /// Watches the inputs of a run pair by pair, and tells at the end what makes its figures worthless. Keeps about a
-/// kilobyte a pair.
+/// kilobyte a pair, and the dots of some.
 class Watch {
  public:
   explicit Watch(SetFacts facts);
@@ -28,12 +28,14 @@ class Watch {
   std::vector<polarline::Warning> warnings(const AskedLimits& limits) const;
 
  private:
-  void keepWorstSights();
+  void noteWorst();
+  void dropSights();
 
   SetFacts facts_;
   std::optional<CalibratedPair> cameras_;
   std::vector<PairLook> looks_;
   std::optional<std::pair<std::size_t, std::size_t>> worst_;  ///< Look and side of the largest misfit.
+  std::size_t step_ = 1;                                      ///< Of every so many looks the dots are kept.
 };
 
 }  // namespace diagnose

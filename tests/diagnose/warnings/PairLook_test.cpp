@@ -58,16 +58,6 @@ TEST(PairLook, TakesTheDotsOfACropToTheirPlaceInThePicture) {
   EXPECT_LT(look.sides[0].place->rms, 0.05);
 }
 
-TEST(PairLook, KeepsDotsOnlyOfABoardThatDoesNotMeetThePicture) {
-  WatchedScene watched;
-  EXPECT_TRUE(lookAt(watched).sides[0].sights.empty());
-  for (cv::Point3d& place : watched.facts.board) place.y *= 0.8;
-  const PairObservation seen = watched.seenIn(0);
-  const cv::Mat none;
-  const PairLook look = lookAtPair(watched.facts, camerasOf(watched.facts), {0, {none, none}, seen, {}});
-  EXPECT_EQ(look.sides[0].sights.size(), 99U);
-}
-
 TEST(PairLookMisfit, MayBeLargerInLargerPictures) {
   EXPECT_DOUBLE_EQ(mostMisfit(640), 0.7);
   EXPECT_DOUBLE_EQ(mostMisfit(4000), 2.0);

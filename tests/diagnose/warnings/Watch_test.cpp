@@ -50,6 +50,17 @@ TEST(WatchOfPairs, TellsWhatHoldsForAllOnce) {
   EXPECT_THAT(one.text, HasSubstr("in both pictures of all 3 pairs"));
 }
 
+// The calibration is of pictures with 30 more rows at their top. Of 13 pairs every fourth is kept for it.
+TEST(WatchOfPairs, LooksAtSomeOfManyForWhatExplainsAMisfit) {
+  WatchedScene scene(scene::brownRig({640, 512, 60.0}));
+  scene.fills = {0.92, 0.85, 0.78, 0.72, 0.9, 0.8, 0.75, 0.91, 0.86, 0.79, 0.73, 0.88, 0.81};
+  scene.wish.tilt_x = 20.0;
+  scene.tellFacts();
+  scene.facts.calib->left.intrinsics.at(3) += 30.0;
+  scene.facts.calib->right.intrinsics.at(3) += 30.0;
+  expectOnly(scene, "calibration_mismatch", "and 30 rows apart, in both pictures of pairs 0, 4, 8 and 12");
+}
+
 // The right picture of pair 4 is that of pair 0, which spoils its figures, too.
 TEST(WatchOfPairs, TellsOnceThatOneStandsOut) {
   WatchedScene scene;
