@@ -77,8 +77,9 @@ void tryOtherLens(const CalibratedCamera& other, const std::vector<BoardSight>& 
   if (side.place) side.other_lens = missThrough(other, sights);
 }
 
+/// A pose that tells where the camera stands; one of a board that is seen from behind does not.
 bool isGood(const SideLook& side) {
-  return side.place && side.place->fitting >= thresholds::kFittingShare &&
+  return side.place && side.place->R(2, 2) >= 0.0 && side.place->fitting >= thresholds::kFittingShare &&
          side.place->rms <= mostMisfit(side.size.width);
 }
 
@@ -130,7 +131,8 @@ void lookAtGeometry(const SetFacts& facts, const CalibratedPair& cameras, const 
   placeSide(cameras.right, sightsOf(facts, dots, 1), look.sides[1]);
   tryOtherLens(cameras.right, sightsOf(facts, dots, 0), look.sides[0]);
   tryOtherLens(cameras.left, sightsOf(facts, dots, 1), look.sides[1]);
-  if (!isGood(look.sides[0]) || !isGood(look.sides[1])) return;
+  // Cameras in one place tell no baseline; the inputs are warned of.
+  if (cv::norm(cameras.T) == 0.0 || !isGood(look.sides[0]) || !isGood(look.sides[1])) return;
   const BoardPlace& left = *look.sides[0].place;
   const BoardPlace& right = *look.sides[1].place;
   look.baseline = shownBaseline({left.R, left.T}, {right.R, right.T});

@@ -58,6 +58,22 @@ TEST(PairLook, TakesTheDotsOfACropToTheirPlaceInThePicture) {
   EXPECT_LT(look.sides[0].place->rms, 0.05);
 }
 
+TEST(PairLook, ShowsNoBaselineOfABoardSeenFromBehindAndNoneThatIsNotTold) {
+  WatchedScene watched;
+  lookAt(watched);
+  PairObservation seen = watched.seenIn(0);
+  for (SharedDot& dot : seen.raw) dot.id = dot.id / 11 * 11 + 10 - dot.id % 11;
+  EXPECT_FALSE(lookAt(watched, &seen).baseline);
+  watched.tellFacts();
+  for (std::size_t k = 3; k < 6; ++k) watched.facts.calib->extrinsics.at(k) = 0.0;
+  const cv::Mat none;
+  seen = watched.seenIn(0);
+  const PairLook look = lookAtPair(watched.facts, camerasOf(watched.facts), {0, {none, none}, seen, {}});
+  EXPECT_TRUE(look.sides[0].place);
+  EXPECT_FALSE(look.baseline);
+  EXPECT_FALSE(look.scale);
+}
+
 TEST(PairLookMisfit, MayBeLargerInLargerPictures) {
   EXPECT_DOUBLE_EQ(mostMisfit(640), 0.7);
   EXPECT_DOUBLE_EQ(mostMisfit(4000), 2.0);
