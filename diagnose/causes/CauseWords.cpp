@@ -102,11 +102,27 @@ std::string ofGroup(const FoundCauses& found, int group) {
                      listed, remedy);
 }
 
+/// Outliers that make a mean by more than a tenth must be told beside it.
+bool outliersCount(const FoundCauses& found, double with, double without) {
+  return found.outliers > 0 && with > 1.1 * without;
+}
+
+std::string outliersText(const FoundCauses& found) {
+  return found.outliers == 1 ? "1 dot that is far off" : fmt::format("{} dots that are far off", found.outliers);
+}
+
+std::string restText(const FoundCauses& found) {
+  if (found.kept_after <= kMostNoise && outliersCount(found, found.rows_after, found.kept_after)) {
+    return fmt::format("; without {}, what remains is {} px, the noise.", outliersText(found),
+                       plain::rounded(found.kept_after, 3));
+  }
+  return found.rows_after > kMostNoise ? "; what remains is more than noise." : "; what remains is noise.";
+}
+
 std::string rowsText(const FoundCauses& found) {
   std::string text = fmt::format("With that taken out the rows should differ by {} px in the mean instead of {} px",
                                  plain::rounded(found.rows_after, 3), plain::rounded(found.rows_before, 3));
-  if (!hasPattern(found))
-    return text + (found.rows_after > kMostNoise ? "; what remains is more than noise." : "; what remains is noise.");
+  if (!hasPattern(found)) return text + restText(found);
   return text + fmt::format(
                     "; of what remains {} px are alike in neighbouring dots, which none of these causes "
                     "explains: look at the board's flatness, the focus and the lens calibration.",
@@ -118,6 +134,12 @@ std::string withoutCause(const FoundCauses& found) {
     return fmt::format(
         "The rows differ by {} px in the mean, and no turn or shift of the cameras explains that: look whether the "
         "two pictures of each pair belong together, and at the board's numbers.",
+        plain::rounded(found.rows_before, 3));
+  }
+  if (!hasPattern(found) && outliersCount(found, found.rows_before, found.kept_before)) {
+    return fmt::format(
+        "No cause is needed: without {} the rows differ by {} px in the mean, which is the noise; with {} by {} px.",
+        outliersText(found), plain::rounded(found.kept_before, 3), found.outliers == 1 ? "it" : "them",
         plain::rounded(found.rows_before, 3));
   }
   if (!hasPattern(found)) {

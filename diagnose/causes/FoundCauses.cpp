@@ -57,6 +57,13 @@ double spreadOf(const RowFit& fit) {
   return count > 0.0 ? std::sqrt(squares / count) : NAN;
 }
 
+/// Outliers are not a number.
+Eigen::VectorXd keptOf(const Eigen::VectorXd& rows, const RowFit& fit) {
+  return (fit.trust.array() > 0.0).select(rows, NAN);
+}
+
+std::size_t numbersIn(const Eigen::VectorXd& rows) { return static_cast<std::size_t>(rows.array().isFinite().count()); }
+
 std::optional<double> aloneOf(const RowFit& all, const CauseChoice& choice, std::size_t cause) {
   if (choice.group[cause] == 0) return std::nullopt;
   CauseSet causes = choice.named;
@@ -90,7 +97,11 @@ FoundCauses findCauses(const RowDifferences& differences, const Misalignment& ex
     if (const auto alone = aloneOf(all, found.choice, k)) found.alone[k] = *alone * expected[k];
   }
   found.rows_before = meanAbsolute(before);
-  found.rows_after = meanAbsolute(fitter.rowsAt(named.sizes));
+  const Eigen::VectorXd after = fitter.rowsAt(named.sizes);
+  found.rows_after = meanAbsolute(after);
+  found.kept_before = meanAbsolute(keptOf(before, named));
+  found.kept_after = meanAbsolute(keptOf(after, named));
+  found.outliers = numbersIn(before) - numbersIn(keptOf(before, named));
   found.spread_after = spreadOf(named);
   found.alike = alikeErrors(differences.dots(), named);
   return found;

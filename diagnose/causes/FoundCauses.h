@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 
 #include "diagnose/causes/AlikeErrors.h"
@@ -16,6 +17,9 @@ struct FoundCauses {
   std::array<std::optional<double>, kCauses> alone{};
   double rows_before = 0.0;  ///< Mean absolute row differences, pixels.
   double rows_after = 0.0;
+  std::size_t outliers = 0;  ///< Dots that the fit left out.
+  double kept_before = 0.0;  ///< Mean absolute row differences of the others.
+  double kept_after = 0.0;
   double spread_after = 0.0;  ///< Root mean square of those that are no outliers.
   AlikeErrors alike;          ///< Of what remains.
 };

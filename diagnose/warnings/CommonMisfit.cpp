@@ -63,8 +63,7 @@ Group groupOf(const SetFacts& facts, const CalibratedPair& cameras, const Looks&
   for (const PairLook& pair : looks) {
     // Of a single one they were kept as its misfit is the worst, and it may be spoilt.
     if (pair.sides[0].sights.empty() || pair.sides[1].sights.empty()) continue;
-    for (const int side : sides)
-      addTo(group, side == 0 ? cameras.left : cameras.right, pair, side, facts.grid.columns);
+    for (const int side : sides) addTo(group, side == 0 ? cameras.left : cameras.right, pair, side, facts.grid.columns);
   }
   return group;
 }

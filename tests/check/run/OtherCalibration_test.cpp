@@ -30,7 +30,8 @@ const RenderedSet& tilted() {
   static const RenderedSet set([] {
     scene::Scene scene = *scene::makePreset("ring_640_small");
     scene.left_from_board.clear();
-    for (const scene::PoseWish& wish : {scene::PoseWish{15.0, -12.0, 0.0, 0.9}, scene::PoseWish{-18.0, 10.0, 0.0, 0.75}})
+    for (const scene::PoseWish& wish :
+         {scene::PoseWish{15.0, -12.0, 0.0, 0.9}, scene::PoseWish{-18.0, 10.0, 0.0, 0.75}})
       scene.left_from_board.push_back(scene::fitPose(scene.rig, scene.board, wish));
     return scene;
   }());
@@ -66,38 +67,38 @@ TEST_P(CheckWithOtherCalibration, TellsItAndNoCauses) {
   EXPECT_THAT(check.diagnosis->text, HasSubstr("first see to the warning " + code));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, CheckWithOtherCalibration,
-    ::testing::Values(Other{"Right", [](Json&, Json&) {}, "", ""},
-                      Other{"CropOfATenthOfTheRows",
-                            [](Json& left, Json& right) {
-                              for (Json* camera : {&left, &right}) add(*camera, "Cy", 51.2);
-                            },
-                            "calibration_mismatch", "about 0 columns and 51 rows apart"},
-                      Other{"CropOfAFortiethOfTheRows",
-                            [](Json& left, Json& right) {
-                              for (Json* camera : {&left, &right}) add(*camera, "Cy", 13.0);
-                            },
-                            "calibration_mismatch", "about 0 columns and 13 rows apart"},
-                      Other{"CxFromTheRight",
-                            [](Json& left, Json& right) {
-                              for (Json* camera : {&left, &right}) turn(*camera, "Cx", 639.0);
-                            },
-                            "calibration_mismatch", "as if its Cx were counted from the right edge"},
-                      Other{"MirroredLeftToRight",
-                            [](Json& left, Json& right) {
-                              for (Json* camera : {&left, &right}) {
-                                turn(*camera, "Cx", 639.0);
-                                turn(*camera, "P2", 0.0);
-                              }
-                            },
-                            "calibration_mismatch", "mirrored left to right"},
-                      Other{"LensesExchanged",
-                            [](Json& left, Json& right) {
-                              for (auto& [key, value] : left.items()) std::swap(value, right[key]);
-                            },
-                            "lenses_exchanged", "through the lens of the other camera"}),
-    [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, CheckWithOtherCalibration,
+                         ::testing::Values(Other{"Right", [](Json&, Json&) {}, "", ""},
+                                           Other{"CropOfATenthOfTheRows",
+                                                 [](Json& left, Json& right) {
+                                                   for (Json* camera : {&left, &right}) add(*camera, "Cy", 51.2);
+                                                 },
+                                                 "calibration_mismatch", "about 0 columns and 51 rows apart"},
+                                           Other{"CropOfAFortiethOfTheRows",
+                                                 [](Json& left, Json& right) {
+                                                   for (Json* camera : {&left, &right}) add(*camera, "Cy", 13.0);
+                                                 },
+                                                 "calibration_mismatch", "about 0 columns and 13 rows apart"},
+                                           Other{"CxFromTheRight",
+                                                 [](Json& left, Json& right) {
+                                                   for (Json* camera : {&left, &right}) turn(*camera, "Cx", 639.0);
+                                                 },
+                                                 "calibration_mismatch",
+                                                 "as if its Cx were counted from the right edge"},
+                                           Other{"MirroredLeftToRight",
+                                                 [](Json& left, Json& right) {
+                                                   for (Json* camera : {&left, &right}) {
+                                                     turn(*camera, "Cx", 639.0);
+                                                     turn(*camera, "P2", 0.0);
+                                                   }
+                                                 },
+                                                 "calibration_mismatch", "mirrored left to right"},
+                                           Other{"LensesExchanged",
+                                                 [](Json& left, Json& right) {
+                                                   for (auto& [key, value] : left.items()) std::swap(value, right[key]);
+                                                 },
+                                                 "lenses_exchanged", "through the lens of the other camera"}),
+                         [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace
 }  // namespace polarline

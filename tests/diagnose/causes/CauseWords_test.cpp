@@ -51,6 +51,23 @@ TEST(CauseWords, SayThatNoneIsNeeded) {
             "No cause is needed: the rows differ by 0.02 px in the mean, which is the noise.");
 }
 
+// 414 pixels of one dot of 255 are in the mean of all, and no noise.
+TEST(CauseWords, TellOutliersBesideTheNoise) {
+  FoundCauses found = quiet(0.127);
+  found.outliers = 2;
+  found.kept_before = found.kept_after = 0.0601;
+  EXPECT_EQ(
+      cause_words::ofAll(found),
+      "No cause is needed: without 2 dots that are far off the rows differ by 0.0601 px in the mean, which is the "
+      "noise; with them by 0.127 px.");
+  found.outliers = 1;
+  found.choice.named.set(static_cast<std::size_t>(CauseKind::kRotationZ));
+  EXPECT_THAT(cause_words::ofAll(found),
+              HasSubstr("; without 1 dot that is far off, what remains is 0.0601 px, the noise."));
+  found.kept_after = 0.125;
+  EXPECT_THAT(cause_words::ofAll(found), HasSubstr("; what remains is noise."));
+}
+
 TEST(CauseWords, SayThatNoneExplainsAPattern) {
   FoundCauses found = quiet(0.02);
   found.alike.smooth_rms = 0.02;

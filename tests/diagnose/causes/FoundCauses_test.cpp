@@ -28,6 +28,17 @@ TEST(FoundCausesShares, AddUpToWhatIsExplained) {
   EXPECT_NEAR(causes.spread_after, 0.005 * std::sqrt(2.0), 4e-4);
 }
 
+TEST(FoundCausesOutliers, AreCountedAndInNoMeanOfTheOthers) {
+  SeenScene seen(LensModel::kBrownFive);
+  seen.noise = OwnErrors(0.02, 13);
+  SeenSet set = seen.seen(twoDistances());
+  set.pairs[0].dots[7].right.y += 300.0F;
+  const FoundCauses causes = findCauses(RowDifferences(set), expectedSizes(set.calib));
+  EXPECT_EQ(causes.outliers, 1U);
+  EXPECT_NEAR(causes.kept_before, 0.02 * std::sqrt(2.0) * std::sqrt(2.0 / std::numbers::pi), 2e-3);
+  EXPECT_GT(causes.rows_before, 10.0 * causes.kept_before);
+}
+
 /// One picture of a board square to the view: a longer focal length and a way back both scale it, but the way back also
 /// turns the baseline, so it would need others beside it.
 TEST(FoundCausesAlone, IsWhatAMemberOfAGroupWouldBe) {

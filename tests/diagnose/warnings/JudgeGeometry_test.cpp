@@ -112,6 +112,17 @@ TEST(JudgeGeometryOfBoards, TellsANumberingFromBehind) {
   expectOnly(scene, "board_mismatch", "from behind");
 }
 
+// The pose of such a picture puts the cameras far apart, which says nothing of the calibration's unit.
+TEST(JudgeGeometryOfBoards, TellsANumberingFromBehindInOnePictureAlone) {
+  WatchedScene scene;
+  scene.wish.tilt_y = 30.0;
+  scene.spoilSeen = [](PairObservation& seen, std::size_t) {
+    const std::vector<SharedDot> all = seen.raw;
+    for (std::size_t k = 0; k < all.size(); ++k) seen.raw[k].right = all.at(k / 11 * 11 + 10 - k % 11).right;
+  };
+  expectOnly(scene, "board_mismatch", "from behind, as in a mirror, in the right picture of pair 0");
+}
+
 TEST(JudgeGeometryOfBoards, TellsRowsThatStandFartherApart) {
   WatchedScene scene;
   scene.tellFacts();
