@@ -18,8 +18,7 @@ double meanAbsolute(const Eigen::VectorXd& rows) {
   return count > 0.0 ? sum / count : NAN;
 }
 
-/// Each cause's part in the way from the squared rows before to those after: its Shapley value (1953), which for sums
-/// of squares is this product. Outliers are left out.
+/// Shapley values, which for sums of squares are these products. Outliers are left out.
 std::array<double, kCauses> sharesOf(const RowFit& fit, const Eigen::VectorXd& before) {
   std::array<double, kCauses> shares{};
   const Eigen::VectorXd counts = (fit.trust.array() > 0.0).select(Eigen::VectorXd::Ones(fit.rows.size()), 0.0);

@@ -12,6 +12,7 @@ struct FoundCauses {
   CauseChoice choice;
   Misalignment values{};  ///< 0 for what is not named.
   Misalignment sds{};     ///< Standard errors; of all causes, named or not.
+  /// Of each cause in the way from the squared rows before to those after: its Shapley value (Shapley 1953).
   std::array<double, kCauses> shares{};
   /// What a cause of a group would be if it were the only one of it; none where it can't be the only one.
   std::array<std::optional<double>, kCauses> alone{};

@@ -16,12 +16,14 @@ struct EdgeWidths {
 };
 
 /// The rise of the grey over the edges of many dots. Pixels lie at many places of an edge, so together they sample it
-/// finer than a pixel; no dot is interpolated.
+/// finer than a pixel, as those along a slanted straight edge do (Reichenbach, Park and Narayanswamy 1991); no dot is
+/// interpolated. That dots take the slanted edge's place is ours, as a set has these, and in all directions.
 class EdgeSpread {
  public:
   /// Adds a dot whose edge lies at `radius` on the board, column steps.
   void add(const DotLook& dot);
-  /// The blur as a Gaussian, fitted to the middle of the rise. None where edges are too near each other to show it.
+  /// The blur as a Gaussian: the line through the probits of the rise (Bliss 1934), its middle only, as the levels of
+  /// dot and ground err. None where edges are too near each other to show it.
   std::optional<EdgeWidths> widths() const;
 
  private:
