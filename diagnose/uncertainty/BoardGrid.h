@@ -11,6 +11,8 @@ class BoardGrid {
   /// `columns` of the board, at least 1; ids are row * columns + column, none below 0.
   BoardGrid(const std::vector<std::int32_t>& ids, int columns);
 
+  int rows() const { return rows_; }  ///< Down to the last one that has a dot.
+  int columns() const { return columns_; }
   std::size_t count() const { return rows_of_.size(); }
   int row(std::size_t dot) const { return rows_of_[dot]; }
   int column(std::size_t dot) const { return columns_of_[dot]; }

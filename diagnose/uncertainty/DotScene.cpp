@@ -27,8 +27,12 @@ Eigen::Matrix4d DotScene::covariance() const {
 double DotScene::positionVariance() const {
   const Eigen::Matrix4d of_pixels = covariance();
   double sum = 0.0;
-  for (const TriangulationSlope& slope : slopes) {
-    sum += (slope.position * of_pixels * slope.position.transpose()).trace();
+  for (std::size_t dot = 0; dot < slopes.size(); ++dot) {
+    const double in_left = left.levels().at(grid.row(dot), grid.column(dot));
+    const double in_right = right.levels().at(grid.row(dot), grid.column(dot));
+    const Eigen::Vector4d levels(in_left, in_left, in_right, in_right);
+    const Eigen::Matrix<double, 3, 4> slope = slopes[dot].position * levels.asDiagonal();
+    sum += (slope * of_pixels * slope.transpose()).trace();
   }
   return slopes.empty() ? 0.0 : sum / static_cast<double>(slopes.size());
 }

@@ -17,7 +17,7 @@ struct DotScene {
 
   /// The next one in the place of the last, whose memory it takes over.
   void repeat(SeededRandom& random, Repetition& repetition) const;
-  /// Of the pixels of a dot.
+  /// Of the pixels of a dot, mean of all.
   Eigen::Matrix4d covariance() const;
   /// Mean variance that noise gives to the positions, summed over the axes.
   double positionVariance() const;

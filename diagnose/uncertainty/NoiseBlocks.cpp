@@ -1,6 +1,7 @@
 #include "diagnose/uncertainty/NoiseBlocks.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -32,7 +33,14 @@ struct Source {
 NoiseBlocks::NoiseBlocks(const CentreNoise& noise, int columns)
     : shifts_(shiftsOf(noise)),
       grid_(idsOf(noise), columns),
-      covariance_(shifts_.lazyProduct(shifts_.transpose()) / static_cast<double>(shifts_.cols())) {}
+      covariance_(shifts_.lazyProduct(shifts_.transpose()) / static_cast<double>(shifts_.cols())),
+      levels_(grid_, shifts_) {
+  const double seen = shifts_.squaredNorm();
+  for (std::size_t dot = 0; dot < grid_.count(); ++dot)
+    shifts_.col(static_cast<Eigen::Index>(dot)) /= levels_.at(grid_.row(dot), grid_.column(dot));
+  // So that all dots together draw as much noise as they have.
+  if (seen > 0.0) shifts_ *= std::sqrt(seen / shifts_.squaredNorm());
+}
 
 BlockLayout::BlockLayout(const BoardGrid& grid) {
   int columns = 0;
@@ -42,7 +50,7 @@ BlockLayout::BlockLayout(const BoardGrid& grid) {
     const int row = grid.row(dot);
     const int column = grid.column(dot);
     const auto block = static_cast<std::uint32_t>(row / kBlock * columns + column / kBlock);
-    dots.push_back({block, row % kBlock, column % kBlock});
+    dots.push_back({block, row, column});
     blocks = std::max<std::size_t>(blocks, block + 1);
   }
 }
@@ -57,8 +65,9 @@ void NoiseBlocks::draw(const BlockLayout& layout, SeededRandom& random, Eigen::M
       const std::size_t middle = random.below(grid_.count());
       source = {grid_.row(middle) - 1, grid_.column(middle) - 1, random.sign()};
     }
-    const auto found = grid_.at(source.row + place.row, source.column + place.column);
+    const auto found = grid_.at(source.row + place.row % kBlock, source.column + place.column % kBlock);
     const std::size_t taken = found ? *found : random.below(grid_.count());
-    shifts.col(dot++) = source.sign * shifts_.col(static_cast<Eigen::Index>(taken));
+    const double size = source.sign * levels_.at(place.row, place.column);
+    shifts.col(dot++) = size * shifts_.col(static_cast<Eigen::Index>(taken));
   }
 }
