@@ -70,7 +70,8 @@ std::vector<FigureUncertainty> PairRefiner::uncertaintyOf(const PairEvaluator& e
   if (settings_.board_columns < 1 || !hasMeans(evaluator.figures)) return {};
   constexpr std::uint64_t kSeed = 12'007;  // The same for a pair wherever the run begins.
   SeededRandom random(kSeed);
-  const PairNoise noise{knownNoise(refined_[0].dots, random), knownNoise(refined_[1].dots, random)};
+  // Refined centres come into the rectified pictures by the lens, so their noise does, too.
+  const MeasuredNoise noise{{knownNoise(refined_[0].dots, random), knownNoise(refined_[1].dots, random)}, {}};
   return pairUncertainty(evaluator, noise, settings_.board_columns, kSeed);
 }
 

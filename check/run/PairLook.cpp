@@ -30,6 +30,7 @@ PairLook::PairLook(const RunInputs& inputs, const CheckOptions& options, const B
       pictures_(pictures),
       first_pair_(first_pair),
       doubts_(board, inputs.config.frame_work != 0 ? "" : inputs.target()),
+      warps_(inputs),
       seen_(inputs.config, inputs.calib) {
   picture_warnings_.begin(inputs.config, inputs.calib);
   watch_.begin(inputs, board);
@@ -47,11 +48,12 @@ void PairLook::lookAtPictures(std::size_t index) {
 }
 
 /// The same for a pair wherever the run begins. Of a pair given up the figures that it came to are not judged.
-std::vector<FigureUncertainty> PairLook::uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) const {
+std::vector<FigureUncertainty> PairLook::uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) {
   if (!options_.uncertainty || !pair.finished || !hasMeans(evaluator.figures)) return {};
   const auto& [left, right] = pictures_.lastPictures();
-  return pairUncertainty(evaluator, pairNoise(left, right, PlainPath(inputs_.target()).get(), pair.index),
-                         board_columns_, pair.index);
+  const PairWarps warps = evaluator.seen.rectified.empty() ? PairWarps{} : warps_.of(left.size());
+  const MeasuredNoise noise = pairNoise(left, right, warps, PlainPath(inputs_.target()).get(), pair.index);
+  return pairUncertainty(evaluator, noise, board_columns_, pair.index);
 }
 
 PairCheck PairLook::look(std::size_t index, bool finished, std::int32_t status, const PairEvaluator& evaluator) {

@@ -12,6 +12,7 @@
 #include "check/run/PairDoubts.h"
 #include "check/run/PictureWarnings.h"
 #include "check/run/RunInputs.h"
+#include "check/run/RunWarps.h"
 #include "check/run/SeenPairs.h"
 #include "check/set/PictureSource.h"
 #include "polarline/check.h"
@@ -39,7 +40,7 @@ class PairLook {
   std::vector<Warning> warnings() const;
 
  private:
-  std::vector<FigureUncertainty> uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator) const;
+  std::vector<FigureUncertainty> uncertaintyOf(const PairCheck& pair, const PairEvaluator& evaluator);
 
   const RunInputs& inputs_;
   const CheckOptions& options_;
@@ -50,6 +51,7 @@ class PairLook {
   PairDoubts doubts_;
   InputWatch watch_;
   PairReading reading_;
+  RunWarps warps_;
   std::unique_ptr<PairRefiner> refiner_;
   SeenPairs seen_;
   MeanRow rows_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <opencv2/core.hpp>
 #include <string>
@@ -16,8 +17,18 @@ struct NoisyCentre {
 /// By id.
 using CentreNoise = std::map<std::int32_t, NoisyCentre>;
 
+/// Takes a picture of a camera to the rectified one; empty: nothing is rectified.
+using Warp = std::function<cv::Mat(const cv::Mat&)>;
+
+/// Of one picture, and of what a warp makes of it.
+struct SideNoise {
+  CentreNoise raw, rectified;
+};
+
 /// Detects the board twice in the picture with noise of its own kind added; the shift is the difference of the two,
 /// divided by the root of two. What the detector does wrong in the same way each time is in both and drops out, so this
 /// is what another picture of the same scene would differ by, whether a centre follows the noise smoothly or the noise
-/// turns over single pixels of an outline. Empty when the board is not found. Any picture that the library measures.
-CentreNoise centreNoise(const cv::Mat& picture, const std::string& target, SeededRandom& random);
+/// turns over single pixels of an outline. The same noisy pictures are warped and searched once more: between pixels a
+/// warp blurs noise and dots as the place has it, so what a centre of the rectified picture follows can't be told from
+/// the raw one. Empty when the board is not found. Any picture that the library measures.
+SideNoise centreNoise(const cv::Mat& picture, const Warp& warp, const std::string& target, SeededRandom& random);

@@ -71,14 +71,14 @@ CentreNoise noiseOf(const std::vector<SharedDot>& dots, Side side, const CentreN
 
 }  // namespace
 
-PairNoise pairNoise(const cv::Mat& left, const cv::Mat& right, const std::string& target, std::uint64_t seed) {
+MeasuredNoise pairNoise(const cv::Mat& left, const cv::Mat& right, const PairWarps& warps, const std::string& target,
+                        std::uint64_t seed) {
   constexpr std::size_t kLarge = 1U << 21U;  // Pixels.
   SeededRandom random(seed);
-  PairNoise noise;
-  noise.left = centreNoise(left, target, random);
-  const bool is_large = left.total() > kLarge && left.size() == right.size() && !noise.left.empty();
-  noise.right = is_large ? noise.left : centreNoise(right, target, random);
-  return noise;
+  const SideNoise first = centreNoise(left, warps.left, target, random);
+  const bool is_large = left.total() > kLarge && left.size() == right.size() && !first.raw.empty();
+  const SideNoise second = is_large ? first : centreNoise(right, warps.right, target, random);
+  return {{first.raw, second.raw}, {first.rectified, second.rectified}};
 }
 
 std::optional<PairNoise> noiseOf(const std::vector<SharedDot>& dots, const PairNoise& measured, int columns) {

@@ -122,14 +122,17 @@ bool hasMeans(const PairFigures& figures) {
   return std::ranges::any_of(kGroupsOfMeans, [&](FigureGroup group) { return figures.isMeasured(group); });
 }
 
-std::vector<FigureUncertainty> pairUncertainty(const PairEvaluator& evaluator, const PairNoise& noise, int columns,
+std::vector<FigureUncertainty> pairUncertainty(const PairEvaluator& evaluator, const MeasuredNoise& noise, int columns,
                                                std::uint64_t seed) {
   std::vector<FigureUncertainty> uncertainties;
   if (columns < 1) return uncertainties;
   SeededRandom random(seed);
   const PairObservation& seen = evaluator.seen;
-  if (const auto raw = noiseOf(seen.raw, noise, columns)) repeatRaw(evaluator, *raw, columns, random, uncertainties);
-  if (const auto rectified = noiseOf(seen.rectified, noise, columns)) {
+  if (const auto raw = noiseOf(seen.raw, noise.raw, columns))
+    repeatRaw(evaluator, *raw, columns, random, uncertainties);
+  const PairNoise of_rectified = {noise.rectified.left.empty() ? noise.raw.left : noise.rectified.left,
+                                  noise.rectified.right.empty() ? noise.raw.right : noise.rectified.right};
+  if (const auto rectified = noiseOf(seen.rectified, of_rectified, columns)) {
     repeatRectified(evaluator, *rectified, columns, random, uncertainties);
   }
   return uncertainties;

@@ -16,5 +16,5 @@ bool hasMeans(const PairFigures& figures);
 /// single dots. `columns`: of the board. Where `noise` is empty, the scatter of the dots about their local trend stands
 /// for it, which holds the detection's own errors too: the intervals are then too wide. The same seed gives the same
 /// numbers.
-std::vector<polarline::FigureUncertainty> pairUncertainty(const PairEvaluator& evaluator, const PairNoise& noise,
+std::vector<polarline::FigureUncertainty> pairUncertainty(const PairEvaluator& evaluator, const MeasuredNoise& noise,
                                                           int columns, std::uint64_t seed);

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <map>
+#include <opencv2/imgproc.hpp>
 
 #include "Tallowfen/src/RingTarget.h"
 #include "support/RenderedPair.h"
@@ -54,14 +55,14 @@ TEST(CentreNoise, IsWhatOtherPicturesOfTheSceneDifferBy) {
   const ConsoleCapture quiet;
   SeededRandom random(1);
   const double truth = deviationOverPictures(pair, 6);
-  EXPECT_NEAR(deviationOf(centreNoise(pair.left(), pair.target(), random)), truth, 0.2 * truth);
+  EXPECT_NEAR(deviationOf(centreNoise(pair.left(), {}, pair.target(), random).raw), truth, 0.2 * truth);
 }
 
 TEST(CentreNoise, TellsWhereTheDotsAre) {
   const RenderedPair& pair = RenderedPair::small();
   const ConsoleCapture quiet;
   SeededRandom random(1);
-  const CentreNoise noise = centreNoise(pair.left(), pair.target(), random);
+  const CentreNoise noise = centreNoise(pair.left(), {}, pair.target(), random).raw;
   ASSERT_GT(noise.size(), 200U);
   for (const auto& [id, centre] : noise) {
     const auto& truth = pair.truth().dots.at(static_cast<std::size_t>(id)).ellipse_left.centre;
@@ -70,13 +71,35 @@ TEST(CentreNoise, TellsWhereTheDotsAre) {
   }
 }
 
+/// Enlarged a little, about a place that shows the whole board.
+TEST(CentreNoise, RectifiedOneIsOfTheWarpedPicture) {
+  const RenderedPair& pair = RenderedPair::small();
+  const ConsoleCapture quiet;
+  SeededRandom random(1);
+  const Warp moved = [](const cv::Mat& picture) {
+    cv::Mat output;
+    const cv::Mat by = (cv::Mat_<double>(2, 3) << 1.2, 0.0, -20.5, 0.0, 1.2, -15.25);
+    cv::warpAffine(picture, output, by, picture.size());
+    return output;
+  };
+  const SideNoise noise = centreNoise(pair.left(), moved, pair.target(), random);
+  ASSERT_GT(noise.rectified.size(), 200U);
+  for (const auto& [id, centre] : noise.rectified) {
+    const auto raw = noise.raw.find(id);
+    if (raw == noise.raw.end()) continue;
+    EXPECT_NEAR(centre.centre[0], 1.2 * raw->second.centre[0] - 20.5, 0.1);
+    EXPECT_NEAR(centre.centre[1], 1.2 * raw->second.centre[1] - 15.25, 0.1);
+  }
+  EXPECT_NEAR(deviationOf(noise.rectified), 1.2 * deviationOf(noise.raw), 0.3 * deviationOf(noise.raw));
+}
+
 TEST(CentreNoise, PictureWithoutABoardHasNone) {
   const ConsoleCapture quiet;
   SeededRandom random(1);
   const std::string& target = RenderedPair::small().target();
-  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_8UC1, cv::Scalar(90)), target, random).empty());
-  EXPECT_TRUE(centreNoise(cv::Mat(), target, random).empty());
-  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_32FC1, cv::Scalar(90)), target, random).empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_8UC1, cv::Scalar(90)), {}, target, random).raw.empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(), {}, target, random).raw.empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_32FC1, cv::Scalar(90)), {}, target, random).raw.empty());
 }
 
 }  // namespace

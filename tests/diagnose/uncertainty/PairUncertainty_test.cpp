@@ -83,13 +83,13 @@ struct NoisyPair : ExactPair {
     return result;
   }
   /// As two detections of one picture would tell it.
-  PairNoise noise() {
+  MeasuredNoise noise() {
     PairNoise noise;
     for (const auto& [id, centre] : points.left_by_id) {
       noise.left[id] = {cv::Point2d(centre), deviations.noise * cv::Vec2d(normal(), normal())};
       noise.right[id] = {cv::Point2d(points.right_by_id.at(id)), deviations.noise * cv::Vec2d(normal(), normal())};
     }
-    return noise;
+    return {noise, {}};
   }
 };
 
@@ -150,7 +150,7 @@ TEST(PairUncertainty, FramesAndFourPointsAreNoMeans) {
 TEST(PairUncertainty, SameSeedGivesTheSame) {
   NoisyPair pair({0.05, 0.05});
   const PairEvaluator evaluator = pair.evaluated();
-  const PairNoise noise = pair.noise();
+  const MeasuredNoise noise = pair.noise();
   const auto sd = [&](std::uint64_t seed) { return pairUncertainty(evaluator, noise, kColumns, seed).at(0).sd; };
   EXPECT_EQ(sd(3), sd(3));
   EXPECT_NE(sd(3), sd(4));
