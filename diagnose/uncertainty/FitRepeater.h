@@ -7,7 +7,10 @@
 #include "polar/evaluate/PairEvaluator.h"
 
 /// `icp_x_rms`, `icp_y_rms`, `icp_z_rms`, `icp_nor_rms` and `space_rms`, and `gt_rms` with them: each repetition fits
-/// the board anew, by the slope of the fit.
+/// the board anew, by the slope of the fit (Dorst 2005): the small turn w and the shift t that leave least of
+/// sum |w x f + t - s|^2, f the fitted dots about their centroid and s the shifts of the seen ones, so
+/// (tr(F) 1 - F) w = sum f x s with F = sum f f^T, and t = mean s. Left out is what the residuals of the fit add to
+/// the left side, which is as small as they are beside the board.
 class FitRepeater final : public FigureRepeater {
  public:
   /// `positions`: of the dots, without noise; `truth`: where they are on the board.

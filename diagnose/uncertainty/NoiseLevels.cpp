@@ -32,10 +32,12 @@ class BoardParabola {
 };
 
 /// Of the squares by their mean; none for few dots, for dots on a line and for no noise.
-std::optional<ParabolaTerms> fitted(const BoardGrid& grid, const BoardParabola& parabola, const Eigen::Matrix2Xd& shifts) {
+std::optional<ParabolaTerms> fitted(const BoardGrid& grid, const BoardParabola& parabola,
+                                    const Eigen::Matrix2Xd& shifts) {
   const double mean = shifts.squaredNorm() / static_cast<double>(shifts.cols());
   if (grid.count() < kLeastForParabola || !(mean > 0.0)) return std::nullopt;
-  Eigen::Matrix<double, kParabolaTerms, kParabolaTerms> normal = Eigen::Matrix<double, kParabolaTerms, kParabolaTerms>::Zero();
+  Eigen::Matrix<double, kParabolaTerms, kParabolaTerms> normal =
+      Eigen::Matrix<double, kParabolaTerms, kParabolaTerms>::Zero();
   ParabolaTerms right = ParabolaTerms::Zero();
   for (std::size_t dot = 0; dot < grid.count(); ++dot) {
     const ParabolaTerms terms = parabola.at(grid.row(dot), grid.column(dot));
