@@ -156,6 +156,28 @@ TEST(PairUncertainty, SameSeedGivesTheSame) {
   EXPECT_NE(sd(3), sd(4));
 }
 
+double sdOf(const std::vector<FigureUncertainty>& uncertainties, const std::string& name) {
+  for (const FigureUncertainty& each : uncertainties) {
+    if (each.name == name) return each.sd;
+  }
+  return 0.0;
+}
+
+TEST(PairUncertainty, RectifiedFiguresFollowTheNoiseOfTheRectifiedPictures) {
+  NoisyPair pair({0.1, 0.02});
+  const PairEvaluator evaluator = pair.evaluated();
+  MeasuredNoise noise = pair.noise();
+  const auto of_raw = pairUncertainty(evaluator, noise, kColumns, 1);
+  noise.rectified = noise.raw;
+  for (CentreNoise* side : {&noise.rectified.left, &noise.rectified.right}) {
+    for (auto& [id, centre] : *side) centre.shift *= 2.0;
+  }
+  const auto of_both = pairUncertainty(evaluator, noise, kColumns, 1);
+  for (const char* name : {"tri_rms", "dis_rms", "space_rms"}) EXPECT_EQ(sdOf(of_both, name), sdOf(of_raw, name));
+  for (const char* name : {"dy_means", "allpoints_means"})
+    EXPECT_NEAR(sdOf(of_both, name) / sdOf(of_raw, name), 2.0, 0.2) << name;
+}
+
 TEST(PairUncertainty, BoardWithoutColumnsHasNone) {
   NoisyPair pair({0.05, 0.05});
   EXPECT_TRUE(pairUncertainty(pair.evaluated(), pair.noise(), 0, 1).empty());
