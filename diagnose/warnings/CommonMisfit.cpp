@@ -77,6 +77,11 @@ bool helpsEach(const Group& group, const Explained& explained) {
   return true;
 }
 
+/// A principal point that is off may by chance lie where a mirror has it; in both cameras it does not.
+bool isOfOneCamera(const Group& group) {
+  return std::ranges::all_of(group.findings, [&](const Finding& each) { return each.side == group.findings[0].side; });
+}
+
 std::optional<polarline::Warning> judgeGroup(Group group, std::size_t pairs, double most) {
   if (group.seen.empty()) return std::nullopt;
   const double misfit = rmsOf(group.misfits);
@@ -84,6 +89,7 @@ std::optional<polarline::Warning> judgeGroup(Group group, std::size_t pairs, dou
   const Explained explained = explainMisfit(group.seen, std::min(most, thresholds::kExplains * misfit));
   // Rows that stand a little otherwise are how a board was printed, and no fault of the calibration.
   if (explained.text.empty() || explained.is_board || !helpsEach(group, explained)) return std::nullopt;
+  if (explained.is_mirror && isOfOneCamera(group)) return std::nullopt;
   for (Finding& finding : group.findings) finding.text = meetingText(missingText(misfit), explained);
   return told("calibration_mismatch", group.findings, pairs);
 }

@@ -19,13 +19,13 @@ using Pictures = std::vector<SeenBoard>;
 
 /// @param times How much larger the changed pictures are.
 Explained with(const Pictures& pictures, const PictureChange& change, const std::string& text, double times = 1.0) {
-  Explained explained{text, false, 0.0, misfitsWith(pictures, change)};
+  Explained explained{text, false, 0.0, misfitsWith(pictures, change), false};
   for (double& misfit : explained.each) misfit /= times;
   explained.rms = rmsOf(explained.each);
   return explained;
 }
 
-Explained nothing() { return {"", false, std::numeric_limits<double>::infinity(), {}}; }
+Explained nothing() { return {"", false, std::numeric_limits<double>::infinity(), {}, false}; }
 
 void keepBetter(Explained& best, Explained other) {
   if (other.rms < best.rms) best = std::move(other);
@@ -87,6 +87,7 @@ Explained otherWayRound(const Pictures& pictures) {
     keepBetter(best, with(pictures, mirrored(mirror.is_x, mirror.is_y), mirror.lens));
     keepBetter(best, with(pictures, countedFromOtherEdge(mirror.is_x, mirror.is_y), mirror.centre));
   }
+  best.is_mirror = true;
   return best;
 }
 

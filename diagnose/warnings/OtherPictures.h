@@ -13,6 +13,7 @@ struct Explained {
   bool is_board = false;     ///< It is the description of the board.
   double rms = 0.0;          ///< With it, over all pictures, pixels of theirs.
   std::vector<double> each;  ///< The same of each picture.
+  bool is_mirror = false;    ///< It turns pictures or the lens's middle over.
 };
 
 /// Tries what commonly goes wrong, each with all of the pictures alike: a calibration of larger or smaller, mirrored,

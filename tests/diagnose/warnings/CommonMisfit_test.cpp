@@ -67,6 +67,13 @@ TEST_F(OtherCalibration, ThatIsALittleOffIsNot) {
   EXPECT_THAT(scene.codes(), ::testing::IsEmpty());
 }
 
+// A principal point that lies as far on the other side of the middle in one camera may do so by chance.
+TEST_F(OtherCalibration, OfOneMirroredCameraIsNotTold) {
+  auto& numbers = scene.facts.calib->right.intrinsics;
+  numbers[2] = 639.0 - numbers[2];
+  EXPECT_THAT(scene.codes(), ::testing::IsEmpty());
+}
+
 // What explains a crop of one pair only is spoilt pictures of that.
 TEST_F(OtherCalibration, IsNotToldOfOnePairOfSome) {
   scene.spoilSeen = [](PairObservation& seen, std::size_t pair) {
