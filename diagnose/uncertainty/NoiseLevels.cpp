@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kParabolaTerms = 6;
-constexpr std::size_t kLeastForParabola = 20 * kParabolaTerms;
+constexpr std::size_t kLeastForParabola = 120;  ///< Twenty a term.
 
 using ParabolaTerms = Eigen::Matrix<double, kParabolaTerms, 1>;
 
