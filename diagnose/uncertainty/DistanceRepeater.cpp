@@ -6,7 +6,7 @@
 namespace {
 
 /// Of boards with more dots every k-th pair is looked at, so that the time grows with the number of dots only.
-constexpr Eigen::Index kDotsOfAllPairs = 1400;
+constexpr Eigen::Index kDotsOfAllPairs = 700;
 
 DistanceSum emptySum(Eigen::Index dots) {
   DistanceSum sum;
