@@ -41,9 +41,9 @@ const RenderedSet& tilted() {
 void add(Json& camera, const char* key, double value) { camera[key] = camera[key].get<double>() + value; }
 void turn(Json& camera, const char* key, double last) { camera[key] = last - camera[key].get<double>(); }
 
-class CheckWithOtherCalibration : public ::testing::TestWithParam<Other> {};
+class OtherCalibrationInACheck : public ::testing::TestWithParam<Other> {};
 
-TEST_P(CheckWithOtherCalibration, TellsItAndNoCauses) {
+TEST_P(OtherCalibrationInACheck, TellsItAndNoCauses) {
   const CopiedSet set(tilted());
   Json calibration = Json::parse(set.read("calib.json"));
   GetParam().change(calibration["IR_L"], calibration["IR_R"]);
@@ -67,7 +67,7 @@ TEST_P(CheckWithOtherCalibration, TellsItAndNoCauses) {
   EXPECT_THAT(check.diagnosis->text, HasSubstr("first see to the warning " + code));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, CheckWithOtherCalibration,
+INSTANTIATE_TEST_SUITE_P(All, OtherCalibrationInACheck,
                          ::testing::Values(Other{"Right", [](Json&, Json&) {}, "", ""},
                                            Other{"CropOfATenthOfTheRows",
                                                  [](Json& left, Json& right) {
