@@ -78,6 +78,7 @@ class SetCheck final : public RunObserver {
  private:
   void readAll();
   void requireUnchanged() const;
+  void requireNothingFurther() const;
   void choosePairs();
   std::int32_t runLibrary(PolarPrecision& precision);
   std::int32_t runInto(OutFolder& out, PolarPrecision& precision);
@@ -111,6 +112,21 @@ void SetCheck::requireUnchanged() const {
   } catch (const InputError&) {
   }
   if (!changed.empty()) throw ChangedInput(changed + ": changed or went away while it was read");
+}
+
+/// A file that was away for as long as the set was read was taken for one that it does not have, or has in another
+/// form.
+void SetCheck::requireNothingFurther() const {
+  std::vector<SetInput> now;
+  try {
+    now = namedFiles(opened(set_, options_));
+  } catch (const InputError&) {
+    return;  // What went away since was read before.
+  }
+  for (const SetInput& file : now) {
+    if (std::ranges::count(inputs_.files.hashes(), file.path, &SetInput::path) == 0)
+      throw ChangedInput(file.path + ": was not there when the set was read");
+  }
 }
 
 /// What was read must be what was hashed, and all of one moment.
@@ -187,7 +203,11 @@ void SetCheck::runWith(OutFolder& out) {
   precision.config.result_folder = out.resultFolder(inputs_.config);
   precision.boardPoints = inputs_.board;
   std::int32_t status = runInto(out, precision);
-  if (!inputs_.files.areCopied()) requireUnchanged();
+  if (inputs_.files.areCopied()) {
+    requireNothingFurther();
+  } else {
+    requireUnchanged();
+  }
   if (status == polar_status::kSuccess && check_.finished() == 0) status = polar_status::kNoResults;
   check_.status = statusOf(status, status == polar_status::kNoResults ? "" : precision.lastError());
   if (picture_failed_) {  // The run was not whole, nor are its files.
