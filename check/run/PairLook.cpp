@@ -52,7 +52,8 @@ std::vector<FigureUncertainty> PairLook::uncertaintyOf(const PairCheck& pair, co
   if (!options_.uncertainty || !pair.finished || !hasMeans(evaluator.figures)) return {};
   const auto& [left, right] = pictures_.lastPictures();
   const PairWarps warps = evaluator.seen.rectified.empty() ? PairWarps{} : warps_.of(left.size());
-  const MeasuredNoise noise = pairNoise(left, right, warps, PlainPath(inputs_.target()).get(), pair.index);
+  const MeasuredNoise noise =
+      pairNoise(left, right, warps, PlainPath(inputs_.target()).get(), evaluator.detections, pair.index);
   return pairUncertainty(evaluator, noise, board_columns_, pair.index);
 }
 

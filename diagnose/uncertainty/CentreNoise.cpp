@@ -8,38 +8,56 @@
 
 namespace {
 
-std::map<std::int32_t, cv::Vec2d> centresOf(kestrune::RingTarget& target, const cv::Mat& picture) {
-  kestrune::RingTarget::Points points;
-  kestrune::RingTarget::Points unidentified;
-  target.detect(picture, points, unidentified, cv::Mat());
-  std::map<std::int32_t, cv::Vec2d> centres;
-  for (const auto& point : points) centres.emplace(point.id, cv::Vec2d(point.x, point.y));
-  return centres;
-}
+using Points = kestrune::RingTarget::Points;
 
-CentreNoise shiftsBetween(kestrune::RingTarget& target, const cv::Mat& picture, const cv::Mat& again) {
-  const auto first = centresOf(target, picture);
-  const auto second = centresOf(target, again);
-  CentreNoise shifts;
-  for (const auto& [id, centre] : first) {
-    const auto other = second.find(id);
-    if (other == second.end()) continue;
-    shifts.emplace(id, NoisyCentre{(centre + other->second) * 0.5, (centre - other->second) * (1.0 / std::sqrt(2.0))});
+/// One target throughout, as its buffers are as large as the pictures.
+class Search {
+ public:
+  explicit Search(const DetectionMemory& known) : known_(known) {}
+
+  bool begin(const std::string& target) { return target_.loadConfig(target); }
+
+  CentreNoise shiftsBetween(const cv::Mat& picture, const cv::Mat& noisy) {
+    std::map<std::int32_t, cv::Vec2d> centres;
+    for (const auto& point : pointsOf(picture)) centres.emplace(point.id, cv::Vec2d(point.x, point.y));
+    CentreNoise shifts;
+    if (centres.empty()) return shifts;
+    for (const auto& point : searched(noisy)) {
+      const auto centre = centres.find(point.id);
+      if (centre == centres.end()) continue;
+      const cv::Vec2d way = cv::Vec2d(point.x, point.y) - centre->second;
+      shifts.emplace(point.id, NoisyCentre{centre->second, way * (1.0 / std::sqrt(2.0))});
+    }
+    return shifts;
   }
-  return shifts;
-}
+
+ private:
+  Points pointsOf(const cv::Mat& picture) {
+    const Detection* found = known_.found(target_.config(), picture);
+    return found != nullptr ? found->points : searched(picture);
+  }
+
+  Points searched(const cv::Mat& picture) {
+    Points points;
+    Points unidentified;
+    target_.detect(picture, points, unidentified, cv::Mat());
+    return points;
+  }
+
+  const DetectionMemory& known_;
+  kestrune::RingTarget target_;
+};
 
 }  // namespace
 
-SideNoise centreNoise(const cv::Mat& picture, const Warp& warp, const std::string& target_path, SeededRandom& random) {
-  kestrune::RingTarget target;
+SideNoise centreNoise(const cv::Mat& picture, const Warp& warp, const std::string& target, const DetectionMemory& known,
+                      SeededRandom& random) {
+  Search search(known);
   const cv::Mat grey = normaliseTo8Bit(picture);
-  if (grey.empty() || grey.type() != CV_8UC1 || !target.loadConfig(target_path)) return {};
-  const PictureNoise noise = estimateNoise(grey);
-  const cv::Mat first = withMoreNoise(grey, noise, random);
-  const cv::Mat second = withMoreNoise(grey, noise, random);
+  if (grey.empty() || grey.type() != CV_8UC1 || !search.begin(target)) return {};
+  const cv::Mat noisy = withMoreNoise(grey, estimateNoise(grey), random);
   SideNoise shifts;
-  shifts.raw = shiftsBetween(target, first, second);
-  if (warp && !shifts.raw.empty()) shifts.rectified = shiftsBetween(target, warp(first), warp(second));
+  shifts.raw = search.shiftsBetween(grey, noisy);
+  if (warp && !shifts.raw.empty()) shifts.rectified = search.shiftsBetween(warp(grey), warp(noisy));
   return shifts;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "diagnose/uncertainty/SeededRandom.h"
+#include "polar/measure/DetectionMemory.h"
 
 /// What the noise of a picture does to the centre of one dot.
 struct NoisyCentre {
@@ -25,10 +26,13 @@ struct SideNoise {
   CentreNoise raw, rectified;
 };
 
-/// Detects the board twice in the picture with noise of its own kind added; the shift is the difference of the two,
-/// divided by the root of two. What the detector does wrong in the same way each time is in both and drops out, so this
-/// is what another picture of the same scene would differ by, whether a centre follows the noise smoothly or the noise
-/// turns over single pixels of an outline. The same noisy pictures are warped and searched once more: between pixels a
-/// warp blurs noise and dots as the place has it, so what a centre of the rectified picture follows can't be told from
-/// the raw one. Empty when the board is not found. Any picture that the library measures.
-SideNoise centreNoise(const cv::Mat& picture, const Warp& warp, const std::string& target, SeededRandom& random);
+/// Detects the board in the picture and in one that differs from it as another picture of the same scene would; the
+/// shift is the difference of the two, divided by the root of two. What the detector does wrong in the same way each
+/// time is in both and drops out, so this is what another picture would scatter by, whether a centre follows the noise
+/// smoothly or the noise turns over single pixels of an outline: as many of them as between two pictures, which is why
+/// the picture does not get its own noise once more but twice the variance. Both are warped and searched once more:
+/// between pixels a warp blurs noise and dots as the place has it, so what a centre of the rectified picture follows
+/// can't be told from the raw one. Empty when the board is not found. Any picture that the library measures; what
+/// `known` holds is not searched again.
+SideNoise centreNoise(const cv::Mat& picture, const Warp& warp, const std::string& target, const DetectionMemory& known,
+                      SeededRandom& random);

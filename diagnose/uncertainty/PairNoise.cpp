@@ -72,12 +72,12 @@ CentreNoise noiseOf(const std::vector<SharedDot>& dots, Side side, const CentreN
 }  // namespace
 
 MeasuredNoise pairNoise(const cv::Mat& left, const cv::Mat& right, const PairWarps& warps, const std::string& target,
-                        std::uint64_t seed) {
+                        const DetectionMemory& known, std::uint64_t seed) {
   constexpr std::size_t kLarge = 1U << 21U;  // Pixels.
   SeededRandom random(seed);
-  const SideNoise first = centreNoise(left, warps.left, target, random);
+  const SideNoise first = centreNoise(left, warps.left, target, known, random);
   const bool is_large = left.total() > kLarge && left.size() == right.size() && !first.raw.empty();
-  const SideNoise second = is_large ? first : centreNoise(right, warps.right, target, random);
+  const SideNoise second = is_large ? first : centreNoise(right, warps.right, target, known, random);
   return {{first.raw, second.raw}, {first.rectified, second.rectified}};
 }
 

@@ -25,9 +25,9 @@ struct PairWarps {
 };
 
 /// Of the two pictures of a pair; of large ones the left stands for both, as a detection takes long there. `target`:
-/// the board's configuration. The same seed gives the same noise.
+/// the board's configuration; `known`: what the run found in the pair's pictures. The same seed gives the same noise.
 MeasuredNoise pairNoise(const cv::Mat& left, const cv::Mat& right, const PairWarps& warps, const std::string& target,
-                        std::uint64_t seed);
+                        const DetectionMemory& known, std::uint64_t seed);
 
 /// The noise as the dots of a raw or rectified pair have it: turned and scaled from where the noise was measured to
 /// where the dots are, by the affine map between both. Of dots without measured noise their scatter about the local

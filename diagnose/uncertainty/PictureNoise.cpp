@@ -141,8 +141,9 @@ cv::Mat withMoreNoise(const cv::Mat& picture, const PictureNoise& noise, SeededR
   constexpr std::uint64_t kMask = (std::uint64_t{1} << NormalTable::kBits) - 1;
   std::array<float, kGreys> deviation{};
   for (int grey = 0; grey < kGreys; ++grey) {
-    deviation.at(static_cast<std::size_t>(grey)) =
-        static_cast<float>(std::sqrt(std::max(0.0, noise.varianceAt(grey) - kRounding)));
+    const double variance = noise.varianceAt(grey);
+    if (variance <= kRounding) continue;  // The next picture is rounded to the same greys.
+    deviation.at(static_cast<std::size_t>(grey)) = static_cast<float>(std::sqrt(2.0 * variance - kRounding));
   }
   const cv::Mat whole = picture.isContinuous() ? picture : picture.clone();
   cv::Mat noisy(picture.size(), CV_8UC1);

@@ -17,5 +17,6 @@ struct PictureNoise {
 /// reach. What is printed on the paper finer than two pixels counts as noise. CV_8UC1.
 PictureNoise estimateNoise(const cv::Mat& picture);
 
-/// The picture with as much noise once more, rounded to whole greys.
+/// The picture with so much noise more that it differs from what it was as another picture of the same scene does:
+/// twice the variance. In whole greys.
 cv::Mat withMoreNoise(const cv::Mat& picture, const PictureNoise& noise, SeededRandom& random);

@@ -5,11 +5,20 @@
 
 #include "platform/Pictures.h"
 
+const DetectionMemory::Known* DetectionMemory::find(const kestrune::RingTargetConfig& config,
+                                                    const cv::Mat& picture) const {
+  const auto known = std::ranges::find_if(
+      known_, [&](const Known& one) { return one.config == config && pictures::sameBytes(one.picture, picture); });
+  return known == known_.end() ? nullptr : &*known;
+}
+
+const Detection* DetectionMemory::found(const kestrune::RingTargetConfig& config, const cv::Mat& picture) const {
+  const Known* known = find(config, picture);
+  return known == nullptr ? nullptr : &known->detection;
+}
+
 const Detection& DetectionMemory::detect(kestrune::RingTarget& target, const cv::Mat& picture) {
-  const auto known = std::find_if(known_.begin(), known_.end(), [&](const Known& one) {
-    return one.config == target.config() && pictures::sameBytes(one.picture, picture);
-  });
-  if (known != known_.end()) {
+  if (const Known* known = find(target.config(), picture)) {
     known->said.sayAgain();
     return known->detection;
   }

@@ -27,6 +27,10 @@ class DetectionMemory {
   /// Whether it searches this one, too, is open. What is given back stays until the memory forgets.
   const Detection& detect(kestrune::RingTarget& target, const cv::Mat& picture);
 
+  /// What was found in that picture, for those who look at a pair behind its evaluations; null where it was not
+  /// searched with that configuration. Nothing is printed.
+  const Detection* found(const kestrune::RingTargetConfig& config, const cv::Mat& picture) const;
+
   /// Before the next pair, none of whose pictures is expected to be one of these.
   void forget() { known_.clear(); }
 
@@ -40,6 +44,8 @@ class DetectionMemory {
     Detection detection;
     console::Record said;
   };
+
+  const Known* find(const kestrune::RingTargetConfig& config, const cv::Mat& picture) const;
 
   std::deque<Known> known_;
   std::size_t searches_ = 0;

@@ -55,14 +55,14 @@ TEST(CentreNoise, IsWhatOtherPicturesOfTheSceneDifferBy) {
   const ConsoleCapture quiet;
   SeededRandom random(1);
   const double truth = deviationOverPictures(pair, 6);
-  EXPECT_NEAR(deviationOf(centreNoise(pair.left(), {}, pair.target(), random).raw), truth, 0.2 * truth);
+  EXPECT_NEAR(deviationOf(centreNoise(pair.left(), {}, pair.target(), {}, random).raw), truth, 0.2 * truth);
 }
 
 TEST(CentreNoise, TellsWhereTheDotsAre) {
   const RenderedPair& pair = RenderedPair::small();
   const ConsoleCapture quiet;
   SeededRandom random(1);
-  const CentreNoise noise = centreNoise(pair.left(), {}, pair.target(), random).raw;
+  const CentreNoise noise = centreNoise(pair.left(), {}, pair.target(), {}, random).raw;
   ASSERT_GT(noise.size(), 200U);
   for (const auto& [id, centre] : noise) {
     const auto& truth = pair.truth().dots.at(static_cast<std::size_t>(id)).ellipse_left.centre;
@@ -82,7 +82,7 @@ TEST(CentreNoise, RectifiedOneIsOfTheWarpedPicture) {
     cv::warpAffine(picture, output, by, picture.size());
     return output;
   };
-  const SideNoise noise = centreNoise(pair.left(), moved, pair.target(), random);
+  const SideNoise noise = centreNoise(pair.left(), moved, pair.target(), {}, random);
   ASSERT_GT(noise.rectified.size(), 200U);
   for (const auto& [id, centre] : noise.rectified) {
     const auto raw = noise.raw.find(id);
@@ -93,13 +93,36 @@ TEST(CentreNoise, RectifiedOneIsOfTheWarpedPicture) {
   EXPECT_NEAR(deviationOf(noise.rectified), 1.2 * deviationOf(noise.raw), 0.3 * deviationOf(noise.raw));
 }
 
+/// Half of what was found is taken out of the memory, so that what comes of it is seen.
+TEST(CentreNoise, WhatTheRunFoundIsNotSearchedAgain) {
+  const RenderedPair& pair = RenderedPair::small();
+  const Warp brighter = [](const cv::Mat& picture) {
+    cv::Mat output = picture + 1;
+    return output;
+  };
+  const ConsoleCapture quiet;
+  SeededRandom random(1);
+  const SideNoise all = centreNoise(pair.left(), brighter, pair.target(), {}, random);
+  DetectionMemory known;
+  kestrune::RingTarget target;
+  target.loadConfig(pair.target());
+  auto& found = const_cast<Detection&>(known.detect(target, pair.left()));
+  found.points.resize(found.points.size() / 2);
+  random = SeededRandom(1);
+  const SideNoise half = centreNoise(pair.left(), brighter, pair.target(), known, random);
+
+  EXPECT_NEAR(static_cast<double>(half.raw.size()), 0.5 * static_cast<double>(all.raw.size()), 2.0);
+  for (const auto& [id, centre] : half.raw) EXPECT_EQ(all.raw.at(id).shift, centre.shift) << id;
+  EXPECT_EQ(half.rectified.size(), all.rectified.size()) << "that picture is not known";
+}
+
 TEST(CentreNoise, PictureWithoutABoardHasNone) {
   const ConsoleCapture quiet;
   SeededRandom random(1);
   const std::string& target = RenderedPair::small().target();
-  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_8UC1, cv::Scalar(90)), {}, target, random).raw.empty());
-  EXPECT_TRUE(centreNoise(cv::Mat(), {}, target, random).raw.empty());
-  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_32FC1, cv::Scalar(90)), {}, target, random).raw.empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_8UC1, cv::Scalar(90)), {}, target, {}, random).raw.empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(), {}, target, {}, random).raw.empty());
+  EXPECT_TRUE(centreNoise(cv::Mat(200, 300, CV_32FC1, cv::Scalar(90)), {}, target, {}, random).raw.empty());
 }
 
 }  // namespace

@@ -62,14 +62,14 @@ TEST(PairNoise, FiveDotsAreTooFew) {
 TEST(PairNoise, EachPictureHasItsOwn) {
   const RenderedPair& pair = RenderedPair::small();
   const ConsoleCapture quiet;
-  const PairNoise noise = pairNoise(pair.left(), pair.right(), {}, pair.target(), 1).raw;
+  const PairNoise noise = pairNoise(pair.left(), pair.right(), {}, pair.target(), {}, 1).raw;
   ASSERT_GT(noise.left.size(), 200U);
   ASSERT_GT(noise.right.size(), 200U);
   EXPECT_NE(noise.left.at(100).shift, noise.right.at(100).shift);
-  const PairNoise again = pairNoise(pair.left(), pair.right(), {}, pair.target(), 1).raw;
+  const PairNoise again = pairNoise(pair.left(), pair.right(), {}, pair.target(), {}, 1).raw;
   EXPECT_EQ(noise.left.at(100).shift, again.left.at(100).shift);
   EXPECT_NE(noise.left.at(100).shift,
-            pairNoise(pair.left(), pair.right(), {}, pair.target(), 2).raw.left.at(100).shift);
+            pairNoise(pair.left(), pair.right(), {}, pair.target(), {}, 2).raw.left.at(100).shift);
 }
 
 }  // namespace

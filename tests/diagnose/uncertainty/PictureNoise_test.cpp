@@ -74,7 +74,7 @@ TEST(PictureNoise, PictureWithoutAFlatPlaceTellsNothing) {
   EXPECT_EQ(noise.slope, 0.0);
 }
 
-TEST(PictureNoise, AddedNoiseHasTheVarianceOfTheGrey) {
+TEST(PictureNoise, AddedNoiseHasTwiceTheVarianceOfTheGrey) {
   cv::Mat picture(200, 400, CV_8UC1, cv::Scalar(50));
   picture.colRange(200, 400) = 180;
   SeededRandom random(1);
@@ -84,7 +84,7 @@ TEST(PictureNoise, AddedNoiseHasTheVarianceOfTheGrey) {
     cv::Scalar deviation;
     cv::meanStdDev(more.colRange(200 * half, 200 * half + 200), mean, deviation);
     const double grey = half == 0 ? 50.0 : 180.0;
-    const double truth = 1.0 + 0.02 * grey + kRounding;  // Rounding comes back with the new greys.
+    const double truth = 2.0 * (1.0 + 0.02 * grey + kRounding);  // Rounding comes back with the new greys.
     EXPECT_NEAR(mean[0], grey, 0.05);
     EXPECT_NEAR(deviation[0] * deviation[0], truth, 0.05 * truth);
   }

@@ -87,6 +87,19 @@ TEST_F(DetectionMemoryOfAPicture, OtherBoardIsSearchedForAnew) {
   EXPECT_EQ(memory.searches(), 2U);
 }
 
+TEST_F(DetectionMemoryOfAPicture, TellsWhatWasFoundOfThatPictureAndBoardOnly) {
+  const Detection& found = detect(left);
+  const kestrune::RingTargetConfig board = target->config();
+  EXPECT_EQ(memory.found(board, left.clone()), &found);
+  EXPECT_EQ(memory.found(board, right), nullptr);
+  kestrune::RingTargetConfig other = board;
+  other.board_type = 3 - board.board_type;
+  EXPECT_EQ(memory.found(other, left), nullptr);
+  memory.forget();
+  EXPECT_EQ(memory.found(board, left), nullptr);
+  EXPECT_EQ(memory.searches(), 1U);
+}
+
 TEST_F(DetectionMemoryOfAPicture, ForgottenPictureIsSearchedAgain) {
   detect(left);
   memory.forget();
