@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -86,6 +87,7 @@ class SetCheck final : public RunObserver {
   void runAll();
   void endWithout(const ChangedInput& error);
   void endWith(const std::exception& error);
+  bool hasRowsToExplain() const;
   void addPictures();
   void conclude();
   void goOn() const {
@@ -264,13 +266,18 @@ void SetCheck::conclude() {
   if (!all_hold) check_.status.exit_code = kLimitExceeded;
 }
 
+/// What the pairs before it have shown is worth a reason also where one of them ended the run.
+bool SetCheck::hasRowsToExplain() const {
+  return options_.diagnose && (check_.status.exit_code == kDone || std::isfinite(pairs_->rows().mean()));
+}
+
 void SetCheck::runAll() {
   readAll();
   OutFolder out(options_.out);
   goOn();
   if (options_.on_start) options_.on_start(check_);
   runWith(out);
-  if (options_.diagnose && check_.status.exit_code == kDone) {
+  if (hasRowsToExplain()) {
     diagnose(inputs_, options_, *pairs_, check_);
     if (!options_.write_corrected.empty()) requireUnchanged();  // A second run may have opened the files once more.
     goOn();

@@ -35,6 +35,23 @@ TEST(Diagnosing, OfPairsRectifiedElsewhereTellsTheRowsOnly) {
   EXPECT_LT(check.diagnosis->rows_before, 0.2);
 }
 
+TEST(Diagnosing, IsThatOfThePairsBeforeTheOneThatEndedTheRun) {
+  const CopiedSet set;
+  set.append("polar.txt", "discalsave: 1\n");
+  CheckOptions options;
+  options.pairs = {0, 0};
+  const Check first = set.check(options);
+  ASSERT_EQ(first.verdict, Verdict::kPass);
+  set.blank("left_1.png");
+  const Check check = set.check();
+  ASSERT_EQ(check.status.exit_code, 2);
+  ASSERT_TRUE(check.diagnosis);
+  EXPECT_EQ(check.diagnosis->text, first.diagnosis->text);
+  EXPECT_EQ(check.diagnosis->rows_before, first.diagnosis->rows_before);
+  set.blank("left_0.png");
+  EXPECT_FALSE(set.check().diagnosis);
+}
+
 TEST(Diagnosing, OfFramesIsNone) {
   const CopiedSet set(MemoryRun::twoFrames());
   EXPECT_FALSE(set.check().diagnosis);
