@@ -36,6 +36,24 @@ TEST(Render, EachImageHasNoiseOfItsOwn) {
   EXPECT_GT(difference(pairs[0].left, pairs[1].left), 0.0);
 }
 
+/// Of three poses whose first comes twice in a row and once more behind another, and of another noise each time.
+TEST(Render, RepeatedPosesAreAsIfEachWereRenderedForItself) {
+  scene::Scene scene = *scene::makePreset("rectified_1280", {.pairs = 2, .seed = {}, .read_noise = {}});
+  scene.rig.left.width = scene.rig.left.height = scene.rig.right.width = scene.rig.right.height = 64;
+  const scene::Pose first = scene.left_from_board[0];
+  const scene::Pose second = scene.left_from_board[1];
+  scene.left_from_board = {first, first, second, first};
+  const auto pairs = scene::renderAll(scene);
+  ASSERT_EQ(pairs.size(), 4U);
+  for (std::size_t index = 0; index < pairs.size(); ++index) {
+    const auto alone = scene::renderPair(scene, index);
+    EXPECT_EQ(difference(pairs[index].left, alone.left), 0.0) << index;
+    EXPECT_EQ(difference(pairs[index].right, alone.right), 0.0) << index;
+  }
+  EXPECT_GT(difference(pairs[0].left, pairs[1].left), 0.0);
+  EXPECT_GT(difference(pairs[0].left, pairs[2].left), difference(pairs[0].left, pairs[1].left));
+}
+
 TEST(Render, TenBitsFillTheirRange) {
   scene::Scene scene = *scene::makePreset("ring_320", {.pairs = 1, .seed = {}, .read_noise = {}});
   scene.optics.bits = 10;

@@ -12,6 +12,18 @@ std::uint64_t imageSeed(std::uint64_t scene_seed, std::uint64_t image) {
   return Random(mixed.bits() + image).bits();
 }
 
+/// What falls on the sensor, in greys.
+cv::Mat lightOn(const Camera& camera, const Board& board, const Pose& camera_from_board, const Optics& optics) {
+  const cv::Mat sharp = renderIrradiance(camera, board, camera_from_board, optics);
+  return illuminated(blurred(sharp, optics.blur_sigma), optics);
+}
+
+bool areEqual(const Pose& a, const Pose& b) {
+  const Point3& to = b.translation;
+  return a.rotation.values == b.rotation.values && a.translation.x == to.x && a.translation.y == to.y &&
+         a.translation.z == to.z;
+}
+
 }  // namespace
 
 Pose rightFromBoard(const StereoRig& rig, const Pose& left_from_board) {
@@ -21,21 +33,28 @@ Pose rightFromBoard(const StereoRig& rig, const Pose& left_from_board) {
 
 cv::Mat renderImage(const Camera& camera, const Board& board, const Pose& camera_from_board, const Optics& optics,
                     std::uint64_t seed) {
-  const cv::Mat sharp = renderIrradiance(camera, board, camera_from_board, optics);
-  return digitised(illuminated(blurred(sharp, optics.blur_sigma), optics), optics, seed);
+  return digitised(lightOn(camera, board, camera_from_board, optics), optics, seed);
 }
 
-ImagePair renderPair(const Scene& scene, std::size_t index) {
-  const Pose& left_from_board = scene.left_from_board.at(index);
-  const Pose right_from_board = rightFromBoard(scene.rig, left_from_board);
-  return {
-      renderImage(scene.rig.left, scene.board, left_from_board, scene.optics, imageSeed(scene.seed, 2 * index)),
-      renderImage(scene.rig.right, scene.board, right_from_board, scene.optics, imageSeed(scene.seed, 2 * index + 1))};
+ImagePair PairRenderer::render(std::size_t index) {
+  const Pose& pose = scene_.left_from_board.at(index);
+  const Optics& optics = scene_.optics;
+  if (!pose_ || !areEqual(*pose_, pose)) {
+    const StereoRig& rig = scene_.rig;
+    light_ = {lightOn(rig.left, scene_.board, pose, optics),
+              lightOn(rig.right, scene_.board, rightFromBoard(rig, pose), optics)};
+    pose_ = pose;
+  }
+  return {digitised(light_.left, optics, imageSeed(scene_.seed, 2 * index)),
+          digitised(light_.right, optics, imageSeed(scene_.seed, 2 * index + 1))};
 }
+
+ImagePair renderPair(const Scene& scene, std::size_t index) { return PairRenderer(scene).render(index); }
 
 std::vector<ImagePair> renderAll(const Scene& scene) {
+  PairRenderer renderer(scene);
   std::vector<ImagePair> pairs;
-  for (std::size_t index = 0; index < scene.left_from_board.size(); ++index) pairs.push_back(renderPair(scene, index));
+  for (std::size_t index = 0; index < scene.left_from_board.size(); ++index) pairs.push_back(renderer.render(index));
   return pairs;
 }
 

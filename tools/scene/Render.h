@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <opencv2/core.hpp>
+#include <optional>
 #include <vector>
 
 #include "tools/scene/Scene.h"
@@ -17,6 +18,21 @@ cv::Mat renderImage(const Camera& camera, const Board& board, const Pose& camera
 struct ImagePair {
   cv::Mat left;
   cv::Mat right;
+};
+
+/// Renders pairs of a scene, which must outlive it. Of a pose that comes twice in a row, as where pictures of one place
+/// are repeated, the light is kept, which takes nearly all of the time: only the noise is another.
+class PairRenderer {
+ public:
+  explicit PairRenderer(const Scene& scene) : scene_(scene) {}
+
+  /// As `renderPair` has it, whatever was rendered before.
+  ImagePair render(std::size_t index);
+
+ private:
+  const Scene& scene_;
+  std::optional<Pose> pose_;  ///< Of the board in the left camera's frame, whose light is kept.
+  ImagePair light_;
 };
 
 /// The pair of the index-th pose. Each image has noise of its own, fixed by the scene's seed, the index and the side.

@@ -87,8 +87,9 @@ Simulated simulateImages(const std::string& scene, const SimulateOptions& option
   set.board = contentOf(files, "board_gt.txt");
   set.rectified = contentOf(files, "rectified.txt");
   set.truth = contentOf(files, "truth.json");
+  scene::PairRenderer renderer(made);
   for (std::size_t index = 0; index < made.left_from_board.size(); ++index) {
-    scene::ImagePair pair = scene::renderPair(made, index);
+    scene::ImagePair pair = renderer.render(index);
     set.left.push_back(std::move(pair.left));
     set.right.push_back(std::move(pair.right));
     if (options.progress) options.progress(index + 1, made.left_from_board.size());

@@ -54,8 +54,9 @@ std::vector<SetFile> setFiles(const Scene& scene) {
 void writeScene(const Scene& scene, const std::string& folder, const PairsDone& done) {
   makeFolder(folder);
   for (const SetFile& file : setFiles(scene)) writeFile(folder + "/" + file.name, file.content);
+  PairRenderer renderer(scene);
   for (std::size_t index = 0; index < scene.left_from_board.size(); ++index) {
-    const ImagePair pair = renderPair(scene, index);
+    const ImagePair pair = renderer.render(index);
     writePng(fmt::format("{}/left_{}.png", folder, index), pair.left);
     writePng(fmt::format("{}/right_{}.png", folder, index), pair.right);
     if (done) done(index + 1);
