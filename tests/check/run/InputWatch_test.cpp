@@ -5,9 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+#include <opencv2/imgproc.hpp>
 
 #include "support/CopiedSet.h"
 #include "support/DocumentCheck.h"
+#include "support/SmallScene.h"
 
 namespace polarline {
 namespace {
@@ -60,6 +63,123 @@ TEST(InputWatchQuality, IsOfTheWholePictureWhereNothingWasFound) {
   EXPECT_EQ(check.pairs[0].quality->left.contrast, 0.0);
   EXPECT_THAT(codesOf(check), ::testing::Contains("low_contrast"));
 }
+
+/// A set that is spoilt in one way, in its scene or in its files.
+struct Spoilt {
+  const char* code;
+  const char* preset;
+  void (*scene)(scene::Scene&);
+  void (*files)(const CopiedSet&);
+};
+
+void nothing(scene::Scene& /*scene*/) {}
+void noFile(const CopiedSet& /*set*/) {}
+
+void pictureAs(const CopiedSet& set, const std::string& name, const std::function<void(cv::Mat&)>& change) {
+  cv::Mat picture = set.picture(name);
+  change(picture);
+  set.write(name, picture);
+}
+
+void repeatFirst(scene::Scene& scene, std::size_t pairs) {
+  scene.left_from_board.assign(pairs, scene.left_from_board.at(0));
+}
+
+/// A board of few dots, which is found when it is small.
+void fewDots(scene::Scene& scene, std::size_t pairs, double fill) {
+  scene = small_scene::of(scene::brownRig({640, 512, 60.0}), scene::bigDotBoard(7, 9));
+  scene.left_from_board = {scene::fitPose(scene.rig, scene.board, {3.0, -4.0, 2.0, fill})};
+  repeatFirst(scene, pairs);
+}
+
+void hideAllFarFromMarkers(cv::Mat& left, const scene::Scene& scene) {
+  const scene::PairTruth truth = scene::pairTruth(scene, 0);
+  for (const scene::DotTruth& dot : truth.dots) {
+    const int row = dot.id / scene.board.cols;
+    const int column = dot.id % scene.board.cols;
+    if (row < 3 || row > 11 || column < 3 || column > 13) hideDot(left, dot.ellipse_left);
+  }
+}
+
+class InputWatchOfSpoiltSets : public ::testing::TestWithParam<Spoilt> {};
+
+/// From the pictures on: the library looks for the dots itself.
+TEST_P(InputWatchOfSpoiltSets, TellsWhatIsWrong) {
+  scene::Scene scene = RenderedSet::of(GetParam().preset).scene();
+  scene.left_from_board.resize(1);
+  scene.optics.supersampling = 6;
+  GetParam().scene(scene);
+  const RenderedSet rendered(scene);
+  const CopiedSet set(rendered);
+  GetParam().files(set);
+  const Check check = set.check();
+  EXPECT_THAT(codesOf(check), ::testing::Contains(GetParam().code)) << check.status.text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, InputWatchOfSpoiltSets,
+    ::testing::Values(
+        Spoilt{"baseline_unit", "ring_320",
+               [](scene::Scene& scene) {
+                 auto& way = scene.given.right_from_left_translation;
+                 way = 0.001 * way;
+               },
+               noFile},
+        Spoilt{"board_mismatch", "ring_320", nothing,
+               [](const CopiedSet& set) {
+                 std::string stretched;
+                 for (int id = 0; id < 255; ++id)
+                   stretched += fmt::format("{} {} 0\n", id % 17 * 17.5, id / 17 * 17.5 * 1.2);
+                 set.write("board_gt.txt", stretched);
+               }},
+        Spoilt{"saturated", "ring_320", [](scene::Scene& scene) { scene.optics.paper = 290.0; }, noFile},
+        Spoilt{"too_dark", "ring_320",
+               [](scene::Scene& scene) {
+                 scene.optics.paper = 34.0;
+                 scene.optics.ink = 4.0;
+                 scene.optics.surround = 15.0;
+                 scene.optics.read_noise = 0.3;
+               },
+               noFile},
+        Spoilt{"low_contrast", "ring_320",
+               [](scene::Scene& scene) {
+                 scene.optics.paper = 110.0;
+                 scene.optics.ink = 90.0;
+                 scene.optics.read_noise = 0.3;
+                 scene.optics.shot_noise = 0.0;
+               },
+               noFile},
+        Spoilt{"blurred", "ring_640_small", [](scene::Scene& scene) { scene.optics.blur_sigma = 2.2; }, noFile},
+        Spoilt{"motion_blur", "ring_640_small", nothing,
+               [](const CopiedSet& set) {
+                 pictureAs(set, "right_0.png", [](cv::Mat& picture) { cv::blur(picture, picture, {5, 1}); });
+               }},
+        Spoilt{"board_small", "ring_320", [](scene::Scene& scene) { fewDots(scene, 1, 0.24); }, noFile},
+        Spoilt{"low_coverage", "ring_320", [](scene::Scene& scene) { fewDots(scene, 3, 0.5); }, noFile},
+        Spoilt{"one_distance", "ring_320", [](scene::Scene& scene) { repeatFirst(scene, 6); }, noFile},
+        Spoilt{"too_few_dots", "ring_640_small", nothing,
+               [](const CopiedSet& set) {
+                 pictureAs(set, "left_0.png",
+                           [&](cv::Mat& picture) { hideAllFarFromMarkers(picture, set.rendered.scene()); });
+               }},
+        Spoilt{"pair_stands_out", "ring_320", [](scene::Scene& scene) { repeatFirst(scene, 6); },
+               [](const CopiedSet& set) {
+                 pictureAs(set, "right_2.png", [](cv::Mat& picture) {
+                   const cv::Mat down = (cv::Mat_<double>(2, 3) << 1.0, 0.0, 0.0, 0.0, 1.0, 1.5);
+                   cv::warpAffine(picture, picture, down, picture.size(), cv::INTER_LINEAR, cv::BORDER_REPLICATE);
+                 });
+               }},
+        Spoilt{"ghost_dots", "ring_640_small", nothing,
+               [](const CopiedSet& set) {
+                 pictureAs(set, "left_0.png", [&](cv::Mat& picture) {
+                   const scene::Scene& scene = set.rendered.scene();
+                   const auto centre = scene::pairTruth(scene, 0).dots.at(20).ellipse_left.centre;
+                   const cv::Rect around(static_cast<int>(centre.x) - 9, static_cast<int>(centre.y) - 9, 18, 18);
+                   const cv::Mat dot = picture(around).clone();
+                   dot.copyTo(picture(around + cv::Point(4, 0)));
+                 });
+               }}),
+    [](const auto& tested) { return std::string(tested.param.code); });
 
 TEST(InputWatchOfASet, TellsExchangedColumnsOfTheList) {
   const CopiedSet set(RenderedSet::of("ring_320"));
