@@ -8,6 +8,7 @@
 #include "calibrations/document/Shown.h"
 #include "calibrations/formats/Formats.h"
 #include "calibrations/geometry/Angles.h"
+#include "camera/LensModel.h"
 #include "platform/PlainNumber.h"
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
@@ -61,9 +62,10 @@ void requireLens(const SourcePair& pair, const ImportOptions& options, const std
 
 bool hasDenominator(const Camera& camera) { return camera.k[3] != 0.0 || camera.k[4] != 0.0 || camera.k[5] != 0.0; }
 
-int typeOf(const SourcePair& pair) {
-  if (pair.left.lens == Lens::kFisheye) return 2;
-  return hasDenominator(pair.left.camera) || hasDenominator(pair.right.camera) ? 1 : 0;
+LensModel modelOf(const SourcePair& pair) {
+  if (pair.left.lens == Lens::kFisheye) return LensModel::kFisheye;
+  const bool has_denominator = hasDenominator(pair.left.camera) || hasDenominator(pair.right.camera);
+  return has_denominator ? LensModel::kBrownEight : LensModel::kBrownFive;
 }
 
 void setPose(Calibration& calibration, const SourcePair& pair, double factor) {
@@ -139,7 +141,7 @@ ImportedCalibration importCalibration(const std::vector<std::string>& files, con
   ImportedCalibration imported;
   imported.format = format.name;
   Calibration& calibration = imported.calibration;
-  calibration.type = typeOf(pair);
+  calibration.type = static_cast<int>(modelOf(pair));
   calibration.left = pair.left.camera;
   calibration.right = pair.right.camera;
   setSize(calibration.left, options, "left", imported.warnings);

@@ -7,12 +7,12 @@
 
 #include "calibrations/Warnings.h"
 #include "calibrations/geometry/DistortionFold.h"
+#include "camera/LensModel.h"
 #include "platform/PlainNumber.h"
 
 namespace calibrations {
 namespace {
 
-constexpr int kFisheye = 2;
 /// Those of real fisheyes stay well below 1.
 constexpr double kLargestFisheyeCoefficient = 10.0;
 
@@ -64,7 +64,7 @@ void checkPlaces(const polarline::Calibration& calibration, Warnings& warnings) 
 
 std::vector<polarline::Warning> oddities(const polarline::Calibration& calibration) {
   Warnings warnings;
-  const bool is_fisheye = calibration.type == kFisheye;
+  const bool is_fisheye = lensModelOf(calibration.type) == LensModel::kFisheye;
   checkPicture(calibration.left, "left", warnings);
   checkPicture(calibration.right, "right", warnings);
   checkLens(calibration.left, is_fisheye, "left", warnings);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "calibrations/document/Shown.h"
+#include "camera/LensModel.h"
 #include "platform/PlainNumber.h"
 #include "polarline/calibration.h"
 #include "polarline/errors.h"
@@ -29,16 +30,10 @@ std::string pictureOf(const Camera& camera) {
 }  // namespace
 
 std::string typeName(int type) {
-  switch (type) {
-    case 0:
-      return "Brown, K1 to K3";
-    case 1:
-      return "Brown, K1 to K6";
-    case 2:
-      return "fisheye";
-    default:
-      return "unknown";
-  }
+  const auto model = lensModelOf(type);
+  if (model == LensModel::kBrownFive) return "Brown, K1 to K3";
+  if (model == LensModel::kBrownEight) return "Brown, K1 to K6";
+  return model == LensModel::kFisheye ? "fisheye" : "unknown";
 }
 
 std::string importedCalibrationText(const ImportedCalibration& imported) {

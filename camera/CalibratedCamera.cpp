@@ -28,8 +28,8 @@ cv::Point2d fisheyeDistorted(const cv::Point2d& ideal, const CameraCalib& camera
   if (r == 0.0) return ideal;
   const double angle = std::atan(r);
   const double a2 = angle * angle;
-  const auto* const k = camera.intrinsics.data() + 4;
-  const double raw = angle * (1.0 + a2 * (k[0] + a2 * (k[1] + a2 * (k[2] + a2 * k[3]))));
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera.intrinsics;
+  const double raw = angle * (1.0 + a2 * (k1 + a2 * (k2 + a2 * (k3 + a2 * k4))));
   return ideal * (raw / r);
 }
 

@@ -109,6 +109,17 @@ macro(note fault)
   endif()
 endmacro()
 
+# What would be compiled and not looked at.
+file(GLOB_RECURSE others RELATIVE ${ROOT} ${ROOT}/${FOLDER}/*)
+list(FILTER others INCLUDE REGEX "[.](c|cc|cxx|c[+][+]|hh|hpp|hxx|h[+][+]|inc|inl|ipp|tpp)$")
+foreach(file IN LISTS others)
+  note("is neither .cpp nor .h")
+endforeach()
+
+# Ways to write a directive that the search below would pass over: behind or around a comment, by a digraph, cut by the end of a line.
+set(comment "/[*][^\n]*[*]/")
+set(odd "\n[ \t]*(%:|${comment}[ \t]*(#|%:)|#[ \t]*(${comment}|import|[a-z]*\\\\\r?\n))")
+
 file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/${FOLDER}/*.cpp ${ROOT}/${FOLDER}/*.h)
 foreach(file IN LISTS files)
   judge_place(fault ${file})
@@ -118,6 +129,9 @@ foreach(file IN LISTS files)
   set(directive "\n[ \t]*#[ \t]*include[ \t]*")
   if("\n${text}" MATCHES "${directive}[^ \t\"<]")
     note("has an include whose file does not stand in it")
+  endif()
+  if("\n${text}" MATCHES "${odd}")
+    note("has a directive in a form that no one looks for")
   endif()
   string(REGEX MATCHALL "${directive}[\"<][^\">\n]+" includes "\n${text}")
   foreach(include IN LISTS includes)

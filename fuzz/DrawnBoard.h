@@ -137,7 +137,7 @@ struct View {
 };
 
 inline View viewFrom(const Board& board, Bytes& bytes) {
-  // A row for each road of the detection: enlarged four times, twice, as it is, halved.
+  // A row for each scale of the detection: enlarged four times, twice, as it is, halved.
   struct Width {
     int least_width;
     double pitch;

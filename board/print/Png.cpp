@@ -25,7 +25,7 @@ void requireDensity(const Sheet& sheet, double dpi, double smallest_dot) {
   const double area = sheet.width * sheet.height / (kMillimetresPerInch * kMillimetresPerInch);
   const double longest = std::max(sheet.width, sheet.height) / kMillimetresPerInch;
   const double most = std::floor(std::min(std::sqrt(kMostPixels / area), kLongestSide / longest));
-  if (dpi >= least && dpi <= most) return;  // Not so for what is no number.
+  if (dpi >= least && dpi <= most) return;  // Never so for NaN.
   throw polarline::InputError("dpi", fmt::format("found {}, wanted {} to {} for this board", dpi, least, most));
 }
 

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "check/explain/Tables.h"
-#include "polar/evaluate/raw/LargestResidual.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 
 namespace polarline {
 namespace {

@@ -9,7 +9,7 @@
 #include "PolarLinePrecision/Status.h"
 #include "check/picture/DetectionWords.h"
 #include "check/picture/DotSize.h"
-#include "polar/evaluate/raw/LargestResidual.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 #include "polar/geometry/FourPointMethod.h"
 #include "polar/results/PairStatus.h"
 #include "polarline/explain.h"

@@ -9,7 +9,7 @@ namespace polarline {
 /// The name of an entry of a figure: `dy_means`, `tri_dis[3]`.
 std::string entryName(const Figure& figure, std::size_t entry);
 
-/// What the finished pairs that measured a figure come to, in the order of the figures. Values that are no numbers do
+/// What the finished pairs that measured a figure come to, in the order of the figures. Values that are not numbers do
 /// not count.
 std::vector<FigureSummary> summaryOf(const std::vector<PairCheck>& pairs);
 

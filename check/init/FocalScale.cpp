@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
 #include "camera/RectificationMaps.h"
 #include "check/init/SeenCameras.h"
@@ -13,7 +14,6 @@ namespace {
 using polarline::Camera;
 using polarline::Size;
 
-constexpr int kFisheyeLens = 2;
 /// A twentieth of f_scale.
 constexpr int kSteps = 20;
 /// With less the middle of the pictures would lose half of its dots' radius and more.
@@ -62,7 +62,7 @@ bool holds(const cv::Mat& R, const cv::Mat& P, const CalibratedCamera& camera, c
 
 FocalScale chooseFocalScale(const polarline::Calibration& calibration, Size picture, const SeenBoard& left,
                             const SeenBoard& right) {
-  if (calibration.type != kFisheyeLens) return {};
+  if (lensModelOf(calibration.type) != LensModel::kFisheye) return {};
   if (left.dots.empty() || right.dots.empty())
     return {1.0, "the board was not found in the first pair, whose dots would tell how much room they need"};
   const CalibratedPair cameras = camerasOf(calibration);

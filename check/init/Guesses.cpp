@@ -6,19 +6,17 @@
 #include <string_view>
 #include <vector>
 
+#include "camera/LensModel.h"
+
 namespace init {
 namespace {
 
 std::string reasonOf(const polarline::MadeSet& set) {
   if (set.calibration_format == "binary") return "as the binary file says";
-  switch (set.type) {
-    case 0:
-      return "as K4 to K6 are 0 in both cameras";
-    case 1:
-      return "as K4 to K6 are not all 0";
-    default:
-      return "as the calibration or --model says";
-  }
+  const auto model = lensModelOf(set.type);
+  if (model == LensModel::kBrownFive) return "as K4 to K6 are 0 in both cameras";
+  if (model == LensModel::kBrownEight) return "as K4 to K6 are not all 0";
+  return "as the calibration or --model says";
 }
 
 std::string cornerText(const CornerPoints& corners) {

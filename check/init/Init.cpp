@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "camera/LensModel.h"
 #include "check/init/BaselineCheck.h"
 #include "check/init/CornerPoints.h"
 #include "check/init/DotSize.h"
@@ -39,9 +40,6 @@ namespace {
 
 using init::PicturePair;
 using init::SeenBoard;
-
-/// `type` of fisheye lenses.
-constexpr int kFisheye = 2;
 
 /// Everything between the request and the files, in the order in which it is found out.
 struct Work {
@@ -173,7 +171,8 @@ void judgeRig(Work& work) {
   work.facts.type = calibration.type;
   work.facts.is_vertical = std::abs(calibration.ty) > std::abs(calibration.tx);
   work.facts.focal = init::chooseFocalScale(calibration, work.made.picture, work.left, work.right);
-  if (calibration.type == kFisheye) work.warn({init::warning("fisheye_raw_pair", "The cameras have fisheye lenses")});
+  if (lensModelOf(calibration.type) == LensModel::kFisheye)
+    work.warn({init::warning("fisheye_raw_pair", "The cameras have fisheye lenses")});
   if (work.board.step_y != 0.0 && work.board.step_y != work.board.step)
     work.warn({init::warning("unequal_steps", fmt::format("The steps are {} along a row and {} from row to row",
                                                           work.board.step, work.board.step_y))});

@@ -13,6 +13,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "calibrations/Sanity.h"
+#include "camera/LensModel.h"
 #include "check/init/Warnings.h"
 #include "diagnose/warnings/Thresholds.h"
 #include "input/MultiCalibrationLoader.h"
@@ -27,8 +28,6 @@ using polarline::ImportOptions;
 using polarline::InputError;
 using polarline::Size;
 
-/// `type` of a lens that has polynomial tables.
-constexpr int kPolynomial = 3;
 /// The lens models of a binary file.
 constexpr int kBrownCode = 1;
 constexpr int kFisheyeCode = 2;
@@ -63,10 +62,11 @@ bool hasGrid(const MultiCalibrationEntry& entry) {
 
 bool usesDenominator(const Camera& camera) { return camera.k[3] != 0.0 || camera.k[4] != 0.0 || camera.k[5] != 0.0; }
 
-int typeOf(const MultiCalibration& record, const polarline::Calibration& calibration) {
-  if (hasGrid(record.entries[0]) && hasGrid(record.entries[1])) return kPolynomial;
-  if (record.model_code == kFisheyeCode) return 2;
-  return usesDenominator(calibration.left) || usesDenominator(calibration.right) ? 1 : 0;
+LensModel modelOf(const MultiCalibration& record, const polarline::Calibration& calibration) {
+  if (hasGrid(record.entries[0]) && hasGrid(record.entries[1])) return LensModel::kPoly;
+  if (record.model_code == kFisheyeCode) return LensModel::kFisheye;
+  const bool uses_denominator = usesDenominator(calibration.left) || usesDenominator(calibration.right);
+  return uses_denominator ? LensModel::kBrownEight : LensModel::kBrownFive;
 }
 
 MultiCalibration binaryRecord(const std::string& path) {
@@ -99,7 +99,7 @@ SetCalibration fromBinary(const std::string& path, std::string bytes, const Impo
   calibration.tx = pose[3];
   calibration.ty = pose[4];
   calibration.tz = pose[5];
-  calibration.type = typeOf(record, calibration);
+  calibration.type = static_cast<int>(modelOf(record, calibration));
   set.warnings = calibrations::oddities(calibration);
   return set;
 }
@@ -168,6 +168,8 @@ bool tellsSize(const SetCalibration& set) {
   return set.calibration.left.size.width != 0 && set.calibration.right.size.width != 0;
 }
 
-std::string modelName(int type) { return type == kPolynomial ? "POLY tables" : polarline::typeName(type); }
+std::string modelName(int type) {
+  return lensModelOf(type) == LensModel::kPoly ? "POLY tables" : polarline::typeName(type);
+}
 
 }  // namespace init

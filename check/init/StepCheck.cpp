@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "camera/LensModel.h"
 #include "check/init/SeenCameras.h"
 #include "check/init/Warnings.h"
 #include "diagnose/warnings/Scale.h"
@@ -21,7 +22,6 @@ using polarline::BoardDescription;
 
 /// With fewer no direction is sure.
 constexpr std::size_t kLeastPlaced = 20;
-constexpr int kPolynomialLens = 3;
 
 /// Dots where they stand and where they were described.
 struct Placed {
@@ -122,7 +122,7 @@ std::string stepText(const BoardDescription& board, const Stretch& stretch) {
 
 std::vector<polarline::Warning> judgeStep(const polarline::Calibration& calibration, const BoardDescription& board,
                                           const SeenBoard& left, const SeenBoard& right) {
-  if (calibration.type == kPolynomialLens) return {};
+  if (lensModelOf(calibration.type) == LensModel::kPoly) return {};
   const CalibratedPair cameras = camerasOf(calibration);
   const auto stretch = stretchOf(placedDots(cameras, board, left, right));
   if (!stretch) return {};

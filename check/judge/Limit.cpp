@@ -45,7 +45,7 @@ double numberOf(const std::string& text, const std::string& written) {
   const char* const end = written.data() + written.size();
   const auto [rest, error] = std::from_chars(written.data(), end, value);
   if (error != std::errc() || rest != end || !std::isfinite(value))
-    refuse(text, (written.empty() ? "nothing stands behind the sign" : "'" + written + "' is no number") +
+    refuse(text, (written.empty() ? "nothing stands behind the sign" : "'" + written + "' is not a number") +
                      "; a decimal number such as 0.1 was wanted");
   return value;
 }

@@ -33,7 +33,7 @@ std::string judgedName(const Limit& limit);
 /// Whether the limit says what a number has to stay below.
 bool isUpper(const Limit& limit);
 
-/// Whether the number keeps the limit; what is no number does not.
+/// Whether the number keeps the limit; what is not a number does not.
 bool holds(const Limit& limit, double value);
 
 }  // namespace polarline

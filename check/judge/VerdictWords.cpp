@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "camera/LensModel.h"
 #include "check/judge/DetectCommand.h"
 #include "platform/PlainNumber.h"
 #include "polarline/check.h"
@@ -135,8 +136,8 @@ std::string finishedText(const Check& check) {
 }
 
 std::string fisheyeText(const Check& check) {
-  constexpr int kFisheye = 2;
-  if (check.cameras.type != kFisheye || check.cameras.extrinsics.empty() || check.finished() == 0) return {};
+  const bool are_fisheyes = lensModelOf(check.cameras.type) == LensModel::kFisheye;
+  if (!are_fisheyes || check.cameras.extrinsics.empty() || check.finished() == 0) return {};
   return "Fisheye lenses: residuals, distances and the fit of the board (tri_rms, dis_rms, space_rms, gt_rms) are "
          "those "
          "of the raw pair, where the coefficients are taken for Brown's; judge by dy_means and dy_max.";

@@ -9,33 +9,33 @@ namespace polarline {
 namespace {
 
 CameraNumbers numbersOf(const CameraCalib& camera) {
-  const auto& n = camera.intrinsics;
-  return {n[0], n[1], n[2], n[3], {n.begin() + 4, n.end()}};
+  const auto& [fx, fy, cx, cy, k1, k2, k3, k4, k5, k6, p1, p2] = camera.intrinsics;
+  return {fx, fy, cx, cy, {k1, k2, k3, k4, k5, k6, p1, p2}};
 }
 
-const char* modelName(int type) {
-  switch (type) {
-    case 0:
+const char* modelName(LensModel model) {
+  switch (model) {
+    case LensModel::kBrownFive:
       return "brown5";
-    case 1:
+    case LensModel::kBrownEight:
       return "brown8";
-    case 2:
+    case LensModel::kFisheye:
       return "fisheye";
-    case 3:
+    case LensModel::kPoly:
       return "poly";
-    default:
-      return "other";
   }
+  return "";
 }
 
 }  // namespace
 
 Cameras camerasOf(int type, const StereoCalibParams& calib) {
-  if (!lensModelOf(type))
+  const auto model = lensModelOf(type);
+  if (!model)
     throw InputError("type of the polar configuration", fmt::format("{} was found; 0, 1, 2 or 3 was wanted", type));
   Cameras cameras;
   cameras.type = type;
-  cameras.model = modelName(type);
+  cameras.model = modelName(*model);
   cameras.left = numbersOf(calib.left);
   cameras.right = numbersOf(calib.right);
   cameras.extrinsics.assign(calib.extrinsics.begin(), calib.extrinsics.end());

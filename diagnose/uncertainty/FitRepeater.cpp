@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "camera/LensModel.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 #include "polar/geometry/RigidOntoBoard.h"
 
 namespace {
@@ -18,8 +20,8 @@ std::vector<Eigen::Vector3d> columnsOf(const Eigen::Matrix3Xd& points) {
 
 /// As in the evaluation of polynomial cameras: what is farther off is left out, pixels.
 double projectionLimit(const PolarConfig& config) {
-  constexpr int kPoly = 3;
-  return config.type == kPoly ? 5.0 : std::numeric_limits<double>::infinity();
+  return lensModelOf(config.type) == LensModel::kPoly ? kLargestProjectionError
+                                                      : std::numeric_limits<double>::infinity();
 }
 
 }  // namespace

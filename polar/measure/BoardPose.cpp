@@ -3,6 +3,7 @@
 #include <opencv2/calib3d.hpp>
 
 #include "platform/Console.h"
+#include "polar/measure/DetectionMemory.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ Correspondences correspondencesOf(const kestrune::RingTarget& target, const kest
   Correspondences pairs;
   for (const auto& point : points) {
     // The measurement has ended already with so few points; whoever else asks is told.
-    if (points.size() < 6) console::out() << "eccentricity err!";
+    if (points.size() < kLeastDetected) console::out() << "eccentricity err!";
     const cv::Point3d& position = boardPosition(target, point.id);
     pairs.points_board.emplace_back(static_cast<float>(position.x), static_cast<float>(position.y),
                                     static_cast<float>(position.z));

@@ -90,7 +90,7 @@ class ImageSetPair {
   RectifiedPair rectify(const PairInput& raw) {
     auto rectified = RectifyPair(rectificationSettings(core_), stereoMatrices(core_), raw.left_image, raw.right_image,
                                  core_.lensModel(), core_.maps, core_.Q);
-    if (!rectified) throw std::out_of_range("x_y must be 0 or 1");
+    if (!rectified) throw std::out_of_range(run_texts::kUnknownDirection);
     return std::move(*rectified);
   }
 

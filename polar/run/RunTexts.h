@@ -17,6 +17,10 @@ inline constexpr const char* kRunTerminated = "Callback Terminated!";
 /// The callback ended the call before its run had begun or after it was done.
 inline constexpr const char* kCallTerminated = "Callback Terminated";
 
+/// Of the exception that ends a run whose direction of the epipolar lines is none. Those of a crop that can't be cut
+/// stand at the checks that throw them, which take no text by name.
+inline constexpr const char* kUnknownDirection = "x_y must be 0 or 1";
+
 // Lines of the log.
 inline constexpr const char* kImageEmpty = "The image is empty!";
 inline constexpr const char* kTriangulatesBrown = "CalTriangulateRepBrown";

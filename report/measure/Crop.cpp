@@ -7,7 +7,7 @@
 namespace polarline {
 namespace {
 
-/// 0 for what is no number of pixels.
+/// 0 for what is not a number of pixels.
 int pixelsOf(const Json& document, const char* key) {
   const double number = settingOf(document, key);
   return number >= 1.0 && number <= INT16_MAX ? static_cast<int>(number) : 0;

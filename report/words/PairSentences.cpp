@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "platform/PlainNumber.h"
-#include "polar/evaluate/raw/LargestResidual.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 
 namespace polarline {
 namespace {

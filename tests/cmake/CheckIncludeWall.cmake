@@ -48,6 +48,15 @@ expect(right hall/File.cpp "// not #include \"above/Above.h\"\nconst char* text 
 foreach(line IN ITEMS "#include ABOVE" "#include_next <above/Above.h>" "#include \\\n\"above/Above.h\"")
   expect("file does not stand in it" hall/File.cpp "${line}\n")
 endforeach()
+foreach(line IN ITEMS "/* x */ #include \"above/Above.h\"" "# /**/ include \"above/Above.h\"" "%:include \"above/Above.h\"" "#import \"above/Above.h\""
+        "/**/ %: include <above/Above.h>" "#\\\ninclude \"above/Above.h\"" "#inc\\\nlude \"above/Above.h\"" "  # \\\r\ninclude <above/Above.h>")
+  expect("in a form that no one looks for" hall/File.cpp "#pragma once\n${line}\n")
+endforeach()
+expect(right hall/File.cpp "#define LONG \\\n  1\n/* a comment */\nint x = 7 %LONG; // 50 %: of it\n")
+foreach(name IN ITEMS File.hpp File.cc inner/File.hxx File.inl)
+  expect("neither .cpp nor .h" hall/${name} "int x;\n")
+endforeach()
+expect(right hall/README.md "#include what you use\n")
 expect("no header" hall/File.cpp "#include \"hall/Source.cpp\"\n")
 
 # A folder to which nothing is offered.

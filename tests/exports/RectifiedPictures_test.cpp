@@ -55,7 +55,7 @@ TEST_P(RectifiedPicturesSixteenBitPair, IsWarpedBeforeItIsStretchedSoThatItsBlac
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Roads, RectifiedPicturesSixteenBitPair,
+INSTANTIATE_TEST_SUITE_P(Models, RectifiedPicturesSixteenBitPair,
                          ::testing::Values(Warp{"Brown", "type: 1"}, Warp{"BrownScaled", "type: 1\nf_scale: 1.05"},
                                            Warp{"Fisheye", "type: 2"}, Warp{"Poly", "type: 3"}),
                          [](const auto& warp) { return warp.param.name; });

@@ -43,7 +43,7 @@ TEST_P(RunEndsStoppedFrames, HaveTheRowsBeforeAndNoLastLineEnd) {
   EXPECT_EQ(two.folder.read("frame_result.csv"), whole.substr(0, end));
 }
 
-INSTANTIATE_TEST_SUITE_P(Stations, RunEndsStoppedFrames,
+INSTANTIATE_TEST_SUITE_P(PairSteps, RunEndsStoppedFrames,
                          ::testing::Values(Stop{"BeforeTheFirst", 0.003F, 0}, Stop{"BehindTheFirst", 49.503F, 0},
                                            Stop{"BehindTheSecond", 99.003F, 1}),
                          [](const auto& stop) { return stop.param.name; });

@@ -76,7 +76,7 @@ TEST_P(RunExportsStopped, EndsWith35AndItsText) {
   EXPECT_EQ(reported.back(), GetParam().at);
 }
 
-INSTANTIATE_TEST_SUITE_P(Stations, RunExportsStopped,
+INSTANTIATE_TEST_SUITE_P(PairSteps, RunExportsStopped,
                          ::testing::Values(Stop{0.001F, "Callback Terminated", 1},
                                            Stop{0.002F, "Callback Terminated", 1},
                                            Stop{0.003F, "Callback Terminated!", 1},

@@ -58,7 +58,7 @@ TEST(RunOrder, ImageSetTriangulatesRectifiesJudgesTheRectifiedPairAndThenTheBoar
                                         finished(2)}));
 }
 
-TEST(RunOrder, ImageSetOfPolynomialLensesNamesItsOwnStations) {
+TEST(RunOrder, ImageSetOfPolynomialLensesNamesItsOwnSteps) {
   const RenderedSet set(small_scene::polynomial());
   MemoryRun one(set);
   const RunOutcome run = one.run(set.polarText());

@@ -261,10 +261,12 @@ class SizeLimitsImages : public Sizes, public ::testing::WithParamInterface<Pair
   }
 };
 
-TEST_P(SizeLimitsImages, EndEveryRoadLawfully) {
+TEST_P(SizeLimitsImages, EndEveryRunLawfully) {
   const cv::Mat left = GetParam().left();
   const cv::Mat right = GetParam().right();
-  const auto answerOn = [&](const char* road) { return run(std::string(kEverything) + road, kTarget, left, right); };
+  const auto answerOn = [&](const char* settings) {
+    return run(std::string(kEverything) + settings, kTarget, left, right);
+  };
   EXPECT_EQ(answerOn(kMeasuredFirst).status, GetParam().measured);
   EXPECT_EQ(answerOn(kRectifiedFirst).status, GetParam().rectified);
   for (const Case& one : kFurtherCases) {
@@ -312,15 +314,15 @@ INSTANTIATE_TEST_SUITE_P(
 /// and, without these, of the point cloud.
 class SizeLimitsRectifiedImages : public Sizes, public ::testing::WithParamInterface<PairOfImages> {};
 
-TEST_P(SizeLimitsRectifiedImages, EndEveryRoadLawfully) {
+TEST_P(SizeLimitsRectifiedImages, EndEveryRunLawfully) {
   const TempFolder folder;
   ASSERT_TRUE(cv::imwrite(folder.file("left.tiff"), GetParam().left()));
   ASSERT_TRUE(cv::imwrite(folder.file("right.tiff"), GetParam().right()));
   const std::string list = folder.write("list.txt", "#L R\nleft.tiff right.tiff\n");
   const RectifiedParams geometry{
       .focal = 300, .baseline = 60, .cx = 160, .cy = 128, .disparity_offset = 0, .boardPoints = {}};
-  const auto answerOn = [&](const char* road) {
-    const std::string polar = std::string(kEverything) + road;
+  const auto answerOn = [&](const char* settings) {
+    const std::string polar = std::string(kEverything) + settings;
     return answerOf([&] { return CalRecificationPrecision(polar.c_str(), kTarget, geometry, list.c_str(), &results); });
   };
   const std::size_t open_before = openFiles();

@@ -163,7 +163,7 @@ TEST_F(CheckInputs, LimitsAreReadBeforeAnythingElse) {
   refused("did you mean dy_means", {"--limit", "dy_mean<=0.1"});
   refused("FIGURE OP VALUE was wanted", {"--limit", "dy_means"});
   set.write("limits.txt", "# ours\ntri_rms<=many\n");
-  refused("limits.txt, line 2: limit 'tri_rms<=many': 'many' is no number");
+  refused("limits.txt, line 2: limit 'tri_rms<=many': 'many' is not a number");
   refused("limit 'dy_means<=': nothing stands behind the sign; a decimal number such as 0.1 was wanted",
           {"--limit", "dy_means<="});
   set.write("limits.txt", "\xEF\xBB\xBFtri_rms<=1000\r\n# ours\r\n");

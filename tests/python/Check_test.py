@@ -48,7 +48,7 @@ def test_document_keeps_the_order_of_its_keys(ring_set, checked):
 
 
 def scalar_equal(attribute, value):
-    """None and what is no number are null in the document; single precision reads back to the same float."""
+    """None and what is not a number are null in the document; single precision reads back to the same float."""
     if value is None:
         return attribute is None or not math.isfinite(attribute)
     if isinstance(value, float) and isinstance(attribute, float):

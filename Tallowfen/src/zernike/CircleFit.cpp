@@ -25,7 +25,7 @@ constexpr float kGreatestRoundness = 1.05F;
 // Area over that of the convex hull; less has a dent.
 constexpr float kLeastConvexity = 0.85F;
 // Without a unit: the points are far from the ellipse as a whole.
-constexpr double kLargestResidual = 2.0;
+constexpr double kLargestMisfit = 2.0;
 constexpr double kFourPi = 4 * CV_PI;
 
 // Meant: the way from the last point back to the first is left out.
@@ -112,7 +112,7 @@ std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, std::vector<cv::Poin
   const double area = cv::contourArea(edge_points);
   const std::optional<double> roundness = dotRoundness(edge_points, area);
   if (!roundness || !isConvex(edge_points, area)) return std::nullopt;
-  if (algebraicResidual(edge_points, fit) > kLargestResidual) return std::nullopt;
+  if (algebraicResidual(edge_points, fit) > kLargestMisfit) return std::nullopt;
   return recordOf(fit, *roundness, std::move(edge_points));
 }
 

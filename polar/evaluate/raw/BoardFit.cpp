@@ -49,7 +49,7 @@ std::vector<double> fitAndProject(PairFigures& figures, const std::vector<cv::Po
     const cv::Point2f pixel = predictLeftPixel(aligned[k], camera.K, camera.model);
     if (projected != nullptr) projected->push_back(pixel);
     distances.push_back(pixelDistance(pixel, points[k]));
-    tables.boardCheck().row(points[k].id, kColumn, distances.back() * 1000);
+    tables.boardCheck().row(points[k].id, kColumn, distances.back() * kTableScale);
   }
   return distances;
 }

@@ -8,6 +8,7 @@
 #include "platform/Console.h"
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/evaluate/raw/BoardFit.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 #include "polar/evaluate/raw/FoursixStep.h"
 #include "polar/evaluate/raw/GroundTruthDistances.h"
 #include "polar/geometry/OutlierSearch.h"
@@ -34,7 +35,7 @@ DistanceRules brownRules() {
 DistanceRules polyRules() {
   constexpr float kUnfound = 10.0F;  // Failed points stand at the origin, so points that are not there stand elsewhere.
   return {.board_check_table = false,
-          .projection_limit = 5.0,
+          .projection_limit = kLargestProjectionError,
           .outlier_search = false,
           .foursix = {.initial = {kUnfound, kUnfound, kUnfound},
                       .missing_sum = static_cast<std::int32_t>(3 * kUnfound),

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr float kTableScale = 1000.0F;
-
 float distanceOf(const cv::Point3f& a, const cv::Point3f& b) { return static_cast<float>(lengthByDoubles(a - b)); }
 
 cv::Point3f positionOf(const PairPointRecord& record) { return {record.x, record.y, record.z}; }

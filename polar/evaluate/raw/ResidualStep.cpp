@@ -7,7 +7,7 @@
 #include "platform/OutputFile.h"
 #include "polar/evaluate/ErrorArrow.h"
 #include "polar/evaluate/PairEvaluator.h"
-#include "polar/evaluate/raw/LargestResidual.h"
+#include "polar/evaluate/raw/CountedErrors.h"
 #include "polar/results/ResultFiles.h"
 #include "polar/results/TableWriter.h"
 
