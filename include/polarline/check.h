@@ -242,7 +242,7 @@ struct CheckOptions {
   /// one, as of polynomial lenses always; empty: nowhere. The set is then run once more, with that calibration.
   std::string write_corrected;
   bool diagnose = true;     ///< Look for the causes of the row differences.
-  bool uncertainty = true;  ///< Tell how certain the figures are, for which the dots are detected twice more.
+  bool uncertainty = true;  ///< Tell how certain the figures are, for which the dots are detected once more.
   bool keep_points = true;  ///< Otherwise the points of a pair, refined ones too, are empty after `on_pair`.
   /// Called before the first pair, when inputs are read: all but pairs and what follows from them is filled.
   std::function<void(const Check&)> on_start;

@@ -35,7 +35,10 @@ def main(folder: str, plot: str) -> None:
     dots = axes.scatter(x, y, c=dy, s=12, cmap="RdBu_r", vmin=-largest, vmax=largest)
     figure.colorbar(dots, label="row difference, left less right, pixels")
     axes.set(xlim=(0, result.cameras.width), ylim=(result.cameras.height, 0), aspect="equal", title=result.set.name)
-    figure.savefig(plot, dpi=120)
+    try:
+        figure.savefig(plot, dpi=120)
+    except (OSError, ValueError) as error:  # No such folder, or no such kind of picture.
+        sys.exit(f"{plot}: {getattr(error, 'strerror', None) or error}")
     print(f"{len(dy)} dots of {result.summary.finished} pairs in {plot}")
 
 

@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Sweeps the noise of a simulated set: how certain are the row differences?   sweep.py [PAIRS]"""
+"""Sweeps the noise of a simulated set: how certain are the row differences?   sweep.py [PAIRS]
+
+`scatter`: by how much `dy_means` of a pair would differ from picture to picture, the mean over the pairs."""
 
 from __future__ import annotations
 
@@ -18,9 +20,12 @@ def main(pairs: int) -> None:
             print(f"{noise:5.1f}  {error.name}: {error.text}")
             continue
         row = result.summary.figures["dy_means"]
-        scatter = result.pairs[0].uncertainty.get("dy_means")
-        print(f"{noise:5.1f}  {row.mean:8.4f}  {'' if scatter is None else f'{scatter.sd:7.4f}'}")
+        told = [pair.uncertainty["dy_means"].sd for pair in result.pairs if "dy_means" in pair.uncertainty]
+        print(f"{noise:5.1f}  {row.mean:8.4f}  {f'{sum(told) / len(told):7.4f}' if told else ''}")
 
 
 if __name__ == "__main__":
-    main(int(sys.argv[1]) if len(sys.argv) > 1 else 2)
+    pairs = sys.argv[1] if len(sys.argv) > 1 else "2"
+    if not pairs.isdecimal() or int(pairs) < 1:
+        sys.exit(f"sweep.py: PAIRS is '{pairs}'; a number of pairs from 1 on was wanted")
+    main(int(pairs))

@@ -93,7 +93,7 @@ def check(set: SetLike, left: Optional[Pictures] = None, right: Optional[Picture
     diagnose : bool
         Look for the causes of the row differences.
     uncertainty : bool
-        Tell how certain the figures are, for which the dots are detected twice more.
+        Tell how certain the figures are, for which the dots are detected once more.
 
     Returns
     -------

@@ -1,8 +1,8 @@
 """The library's own exported functions, one to one.
 
 Names, arguments and statuses are those of ``PolarLinePrecision.h``. A record that the library fills is filled in
-place; what it puts into a list comes back beside the status, as does a text that it copies into a buffer. Paths and
-texts are str. The GIL is free meanwhile, and calls take turns with all others of the package.
+place; what it puts into a list comes back beside the status, as does a text that it copies into a buffer. Paths
+are str, bytes or os.PathLike. The GIL is free meanwhile, and calls take turns with all others of the package.
 """
 
 from __future__ import annotations

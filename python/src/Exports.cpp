@@ -7,6 +7,7 @@
 #include "python/src/Arrays.h"
 #include "python/src/CallBack.h"
 #include "python/src/ExportTexts.h"
+#include "python/src/PathArgument.h"
 #include "python/src/PictureArgument.h"
 #include "python/src/Points.h"
 #include "python/src/Text.h"
@@ -26,14 +27,17 @@ py::tuple answerOf(std::int32_t status, Records&& records) {
   return py::make_tuple(status, all);
 }
 
-py::tuple runFiles(const char* polar, const char* target, const char* calibration, const char* list) {
+py::tuple runFiles(const PathArgument& polar, const PathArgument& target, const PathArgument& calibration,
+                   const PathArgument& list) {
   Records records;
-  const std::int32_t status = aside([&] { return CalPolarLinePrecision(polar, target, calibration, list, &records); });
+  const std::int32_t status = aside([&] {
+    return CalPolarLinePrecision(polar.orNull(), target.orNull(), calibration.orNull(), list.orNull(), &records);
+  });
   return answerOf(status, std::move(records));
 }
 
-py::tuple runImages(const char* polar, const char* target, const ExportedCalibParams& calibration,
-                    const std::vector<py::sequence>& images, const py::object& progress, const char* folder) {
+py::tuple runImages(const PathArgument& polar, const PathArgument& target, const ExportedCalibParams& calibration,
+                    const std::vector<py::sequence>& images, const py::object& progress, const PathArgument& folder) {
   std::vector<std::vector<PictureArgument>> kept;
   ImagePairList pairs;
   for (const py::sequence& side : images) {
@@ -43,21 +47,25 @@ py::tuple runImages(const char* polar, const char* target, const ExportedCalibPa
   CallBack back(progress);
   const ProgressCallback ask = [&back](float percent) { return back.ask(percent); };
   Records records;
-  const std::int32_t status =
-      aside([&] { return CalPolarLinePrecisionOutMat(polar, target, calibration, pairs, &records, &ask, folder); });
+  const std::int32_t status = aside([&] {
+    return CalPolarLinePrecisionOutMat(polar.orNull(), target.orNull(), calibration, pairs, &records, &ask,
+                                       folder.orNull());
+  });
   back.rethrow();
   return answerOf(status, std::move(records));
 }
 
-py::tuple runRectified(const char* polar, const char* target, const RectifiedParams& rectified, const char* list) {
+py::tuple runRectified(const PathArgument& polar, const PathArgument& target, const RectifiedParams& rectified,
+                       const PathArgument& list) {
   Records records;
-  const std::int32_t status = aside([&] { return CalRecificationPrecision(polar, target, rectified, list, &records); });
+  const std::int32_t status = aside(
+      [&] { return CalRecificationPrecision(polar.orNull(), target.orNull(), rectified, list.orNull(), &records); });
   return answerOf(status, std::move(records));
 }
 
-py::tuple readImages(const std::string& path) {
+py::tuple readImages(const PathArgument& path) {
   ImagePairList images;
-  const std::int32_t status = aside([&] { return ReadCalibImagelist(path, &images); });
+  const std::int32_t status = aside([&] { return ReadCalibImagelist(path.text, &images); });
   py::list sides;
   for (const std::vector<cv::Mat>& side : images) {
     py::list all;
@@ -78,8 +86,11 @@ void addRuns(py::module_& module) {
              py::arg("targetConfigPath").none(true), py::arg("rectified"), py::arg("imageListPath").none(true));
   module.def(
       "CalTempCompensateCoeff",
-      [](const char* polar, const char* target, const char* calibration, const char* list) {
-        return aside([&] { return CalTempCompensateCoeff(polar, target, calibration, list); });
+      [](const PathArgument& polar, const PathArgument& target, const PathArgument& calibration,
+         const PathArgument& list) {
+        return aside([&] {
+          return CalTempCompensateCoeff(polar.orNull(), target.orNull(), calibration.orNull(), list.orNull());
+        });
       },
       text_of::kTemperature, py::arg("polarConfigPath").none(true), py::arg("targetConfigPath").none(true),
       py::arg("calibrationPath").none(true), py::arg("imageListPath").none(true));
@@ -88,38 +99,38 @@ void addRuns(py::module_& module) {
 void addReaders(py::module_& module) {
   module.def(
       "ReadCalibParams",
-      [](const std::string& path, ExportedCalibParams& calibration) {
-        return aside([&] { return ReadCalibParams(path, &calibration); });
+      [](const PathArgument& path, ExportedCalibParams& calibration) {
+        return aside([&] { return ReadCalibParams(path.text, &calibration); });
       },
-      text_of::kReadCalibration, py::arg("path"), py::arg("calibration"));
-  module.def("ReadCalibImagelist", &readImages, text_of::kReadImages, py::arg("path"));
+      text_of::kReadCalibration, py::arg("path").none(false), py::arg("calibration"));
+  module.def("ReadCalibImagelist", &readImages, text_of::kReadImages, py::arg("path").none(false));
   module.def(
       "ReadTxtPolyParams",
-      [](const std::string& folder, ExportedCalibParams& calibration) {
-        return aside([&] { return ReadTxtPolyParams(folder, &calibration); });
+      [](const PathArgument& folder, ExportedCalibParams& calibration) {
+        return aside([&] { return ReadTxtPolyParams(folder.text, &calibration); });
       },
-      text_of::kReadTables, py::arg("folder"), py::arg("calibration"));
+      text_of::kReadTables, py::arg("folder").none(false), py::arg("calibration"));
   module.def(
       "ReadBoardGTFromCSV",
-      [](const std::string& path, bool second_layout) {
+      [](const PathArgument& path, bool second_layout) {
         BoardGroundTruth points;
-        const std::int32_t status = aside([&] { return ReadBoardGTFromCSV(path, &points, second_layout); });
+        const std::int32_t status = aside([&] { return ReadBoardGTFromCSV(path.text, &points, second_layout); });
         return py::make_tuple(status, arrayOf(points));
       },
-      text_of::kReadBoardReport, py::arg("path"), py::arg("second_layout"));
+      text_of::kReadBoardReport, py::arg("path").none(false), py::arg("second_layout"));
   module.def(
       "ReadBoardGTFromTxt",
-      [](const std::string& path) {
+      [](const PathArgument& path) {
         BoardGroundTruth points;
-        aside([&] { ReadBoardGTFromTxt(path, &points); });
+        aside([&] { ReadBoardGTFromTxt(path.text, &points); });
         return arrayOf(points);
       },
-      text_of::kReadBoardList, py::arg("path"));
+      text_of::kReadBoardList, py::arg("path").none(false));
   module.def(
       "LoadCalibrationParamsMulti",
-      [](const char* path, std::int32_t options) {
+      [](const PathArgument& path, std::int32_t options) {
         MultiCalibration record;
-        const std::int32_t status = aside([&] { return LoadCalibrationParamsMulti(path, &record, options); });
+        const std::int32_t status = aside([&] { return LoadCalibrationParamsMulti(path.orNull(), &record, options); });
         return py::make_tuple(status, std::move(record));
       },
       text_of::kReadBinary, py::arg("path").none(true), py::arg("options") = 0);

@@ -81,7 +81,7 @@ void addFigures(py::module_& module) {
                               R"(The figures of a pair: a mapping from name to value, and an attribute each.
 
 A value is a float, or an array of float64 for lists; None where the pair did not measure the figure itself.
-`docs/glossary.md` says what each means; so does `info`.)");
+`info` says what each means, as `polarline.explain` does.)");
   figures.def("__getitem__",
               [](const Figures& self, const std::string& name) { return valueOf(require(self, name), self.owner); });
   figures.def("__len__", [](const Figures& self) { return self.all->size(); });

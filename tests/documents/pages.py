@@ -95,7 +95,8 @@ polarline simulate misaligned_1280 demo/misaligned_1280 --quiet""",
     "docs/fleet_page.md": Page(JUDGED.format("line_1") + "cp -r line_1 line_2"),
     "docs/store.md": Page(FLEET + WEEK, unanswered=("SELECT name, status, status_text FROM sets WHERE retry = 1",)),
     "docs/python.md": Page(
-        not_run={command: "scripts/packages --try runs it without a network" for command in ("python3 -m venv", "my_env/bin/pip")}, programs=Held("tests/python/Documents_test.py")),
+        not_run={**{command: "scripts/packages --try runs it without a network" for command in ("python3 -m venv", "my_env/bin/pip")},
+                 "cmake --preset": FRESH, "PYTHONPATH=": FRESH}, programs=Held("tests/python/Documents_test.py")),
     "docs/architecture.md": Page(blocks=(Held("exports/RunExports.cpp"),)),
     "docs/how_it_measures/causes.md": Page(
         blocks=(Held("tests/diagnose/causes"),), not_run={"scripts/guide_tables": LONG, "build/release/tools/causes/causes": LONG}),

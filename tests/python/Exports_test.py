@@ -95,6 +95,21 @@ def test_readers(ring_set, ring, tmp_path, capfd):
     assert exports.CalTempCompensateCoeff(*paths(ring_set)) == 0
 
 
+def test_paths_may_be_objects_and_bytes(copied, capfd):
+    arguments = [copied / name for name in ("polar.txt", "target.ini", "calib.json", "list.txt")]
+    status, records = exports.CalPolarLinePrecision(*arguments)
+    assert status == 0 and records[0].dy_means == exports.CalPolarLinePrecision(*paths(copied))[1][0].dy_means
+    calibration = exports.ExportedCalibParams()
+    assert exports.ReadCalibParams(arguments[2], calibration) == 0
+    assert len(exports.ReadBoardGTFromTxt(copied / "board_gt.txt")) == 255
+    assert exports.ReadCalibImagelist(bytes(arguments[3]))[0] == 0
+    assert exports.LoadCalibrationParamsMulti(copied / "calib.bin")[0] == 0
+    with pytest.raises(TypeError):
+        exports.ReadCalibParams(7, calibration)
+    with pytest.raises(TypeError):
+        exports.ReadCalibParams(None, calibration)
+
+
 def test_failures_are_told(copied, capfd):
     arguments = paths(copied)
     assert exports.CalPolarLinePrecision(*arguments[:2], str(copied / "none.json"), arguments[3])[0] != 0

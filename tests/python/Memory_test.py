@@ -28,13 +28,30 @@ def one_of_each(seen):
         pass
 
 
-def test_memory_is_flat():
+def everything(seen, folder):
+    check = polarline.check(seen, refine=True)
+    assert check.pairs[0].uncertainty and check.pairs[0].refined.figures
+    check.report(folder / "report.html")
+    calibration = polarline.import_calibration(folder / "calib.json", size=(320, 256)).calibration
+    polarline.refine(seen.left[0], seen.target, calibration.left, type=1)
+    polarline.board("rings-small:17x15:14")
+    exported = polarline.exports.ExportedCalibParams()
+    polarline.exports.ReadCalibParams(folder / "calib.json", exported)
+
+
+def runs_of_all(count, seen, folder):
+    for number in range(count):
+        one_of_each(seen)
+        if number % 8 == 0:
+            everything(seen, folder)
+
+
+def test_memory_is_flat(tmp_path):
     seen = polarline.simulate("ring_320", pairs=1)
-    for _ in range(max(RUNS // 4, 5)):
-        one_of_each(seen)
+    polarline.simulate("ring_320", tmp_path, pairs=1, force=True)
+    runs_of_all(max(RUNS // 4, 5), seen, tmp_path)
     before = resident()
-    for _ in range(RUNS):
-        one_of_each(seen)
+    runs_of_all(RUNS, seen, tmp_path)
     grown = resident() - before
     print(f"{RUNS} runs: {grown / 1e6:.2f} MB more")
     assert grown < SPARE
