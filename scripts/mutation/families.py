@@ -54,7 +54,14 @@ def of_sides(mask):
             yield [name, name.replace("Left", "Right")]
 
 
+def of_alike(mask):
+    """Texts, and numbers of one type, that a header declares beside one another."""
+    declared = re.findall(r"^inline constexpr (const char\*|[\w:]+) (k\w+) = ", mask, re.MULTILINE)
+    for kind in sorted({kind for kind, _ in declared}):
+        yield [name for of, name in declared if of == kind]
+
+
 def families(texts):
     """The tables' families and those that the texts of our own sources declare."""
     masks = [masked(text) for text in texts]
-    return OF_OTHERS + [family for mask in masks for of in (of_enums, of_statuses, of_sides) for family in of(mask) if len(family) > 1]
+    return OF_OTHERS + [family for mask in masks for of in (of_enums, of_statuses, of_sides, of_alike) for family in of(mask) if len(family) > 1]

@@ -130,8 +130,11 @@ class Families(unittest.TestCase):
         found = families(["enum class Side : int { kLeft, kRight };  // kWrong",
                           "enum Mark { kDot = 0,  ///< Plain.\n kRing = 2 };",
                           "namespace polar_status {\nconstexpr int kFine = 0;\nconstexpr int kBad = 3;\n}\n",
-                          "const char* kLeftX = 1;\nconst char* kRightX = 2;\nconst char* kLeftOnly = 3;"])
-        for family in (["Side::kLeft", "Side::kRight"], ["kDot", "kRing"], ["polar_status::kFine", "polar_status::kBad"], ["kLeftX", "kRightX"]):
+                          "const char* kLeftX = 1;\nconst char* kRightX = 2;\nconst char* kLeftOnly = 3;",
+                          "inline constexpr const char* kHalted = \"a\";\ninline constexpr float kHalf = 0.5F;\n"
+                          "/// Of the end.\ninline constexpr const char* kEnded = \"b\";\ninline constexpr float kAll = 1.0F;\n"])
+        for family in (["Side::kLeft", "Side::kRight"], ["kDot", "kRing"], ["polar_status::kFine", "polar_status::kBad"], ["kLeftX", "kRightX"],
+                       ["kHalted", "kEnded"], ["kHalf", "kAll"]):
             self.assertIn(family, found)
         self.assertFalse(any("kLeftOnly" in family or "kWrong" in family for family in found))
         self.assertTrue(all(len(set(family)) == len(family) for family in found))
