@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <string_view>
+#include <string>
 #include <utility>
 
 #include "diagnose/warnings/Codes.h"
@@ -11,14 +11,23 @@
 #include "diagnose/warnings/Thresholds.h"
 #include "platform/Median.h"
 #include "platform/PlainNumber.h"
+#include "polar/results/FigureList.h"
 
 namespace diagnose {
 namespace {
 
-/// Figures of the raw pair, which take a fisheye's coefficients for Brown's.
-constexpr std::array<std::string_view, 16> kOfRawPair = {
-    "tri_mean",  "tri_min",   "tri_max",   "tri_rms",     "tri_dis", "dis_rms",   "nor_rms",    "zero_dis",
-    "icp_x_rms", "icp_y_rms", "icp_z_rms", "icp_nor_rms", "gt_rms",  "space_rms", "pairPoints", "PoseReport"};
+/// What is measured of the raw pair, where a fisheye's coefficients are taken for Brown's.
+constexpr std::array kOfRawPair = {FigureGroup::kResiduals, FigureGroup::kTriDis,     FigureGroup::kDistances,
+                                   FigureGroup::kAlignment, FigureGroup::kProjection, FigureGroup::kPose,
+                                   FigureGroup::kSpace};
+
+bool isOfRawPair(const std::string& name) {
+  bool is_of_it = false;
+  figure_list::forEach([&](const auto& figure) {
+    if (name == figure.name) is_of_it = std::ranges::count(kOfRawPair, figure.kGroup) != 0;
+  });
+  return is_of_it;
+}
 
 /// Mean size of normal values in standard deviations.
 constexpr double kMeanOfNormal = 0.7979;
@@ -35,8 +44,7 @@ std::optional<double> middleOf(const Looks& looks, const ValueOf& valueOf) {
 
 std::optional<polarline::Warning> fisheye(const SetFacts& facts, const Looks& looks, const AskedLimits& limits) {
   if (facts.model != LensModel::kFisheye) return std::nullopt;
-  const auto judged = std::ranges::find_if(
-      limits.figures, [](const std::string& name) { return std::ranges::find(kOfRawPair, name) != kOfRawPair.end(); });
+  const auto judged = std::ranges::find_if(limits.figures, isOfRawPair);
   const auto off = middleOf(looks, [](const PairLook& pair) { return pair.raw_offset; });
   if (judged == limits.figures.end() || !off || !(*off > thresholds::kFisheyeOffset)) return std::nullopt;
   return warning(

@@ -21,6 +21,15 @@ def test_every_export_of_the_library_is_there():
         assert callable(getattr(exports, name)), name
 
 
+def test_record_has_every_field_of_the_library():
+    header = (PROJECT / "include/PolarLinePrecision/ResultRecords.h").read_text()
+    body = re.search(r"struct PolarResultRecord \{(.*?)\n\};", header, re.S)[1]
+    fields = re.findall(r"^  [\w:<>, ]+? (\w+)(?: = [^;]+|\{[^;]*\})?;", body, re.M)
+    assert "dy_means" in fields and "pairPoints" in fields and len(fields) >= 20
+    for field in fields:
+        assert hasattr(exports.PolarResultRecord, field), field
+
+
 @pytest.fixture
 def copied(ring_set, tmp_path):
     for file in ring_set.iterdir():

@@ -5,9 +5,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <regex>
 
 #include "polarline/check.h"
+#include "support/Places.h"
 #include "support/RenderedSet.h"
 
 namespace polarline {
@@ -40,6 +43,19 @@ std::vector<double> sizesOf(const std::string& name) {
 std::string withDecimalsOf(const std::string& text, double value) {
   const std::size_t point = text.find('.');
   return fmt::format("{:.{}f}", value, point == std::string::npos ? 0 : text.size() - point - 1);
+}
+
+/// The page's own list, which a figure without a title would reach by its bare name.
+TEST(FigureEntries, EachHasATitleOnThePage) {
+  std::ifstream source(places::inProject("report/web/src/text/figures.ts"));
+  const std::string titles{std::istreambuf_iterator<char>(source), {}};
+  ASSERT_NE(titles.find("const titles: Record<string, string> = {"), std::string::npos);
+  std::size_t figures = 0;
+  for (const Explanation& each : figureExplanations()) {
+    EXPECT_NE(titles.find("\n  " + each.name + ": '"), std::string::npos) << each.name;
+    ++figures;
+  }
+  EXPECT_GE(figures, 25U);
 }
 
 TEST(FigureEntries, QuoteWhatTheRenderedSetHas) {
