@@ -4,7 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 namespace {
 
@@ -45,6 +47,25 @@ TEST(EndingSignals, TellWhoCanWait) {
   EXPECT_EQ(requestBy(SIGINT), Request::kAtOnce);
   EXPECT_EQ(requestBy(SIGHUP), Request::kAtOnce);
   EXPECT_EQ(requestBy(0), Request::kNone);
+}
+
+/// As a linear algebra library starts some before `main`: the system hands a signal to any thread that keeps it not
+/// back.
+TEST(EndingSignals, ComeThroughThreadsThatWereThereBefore) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const pid_t process = fork();
+    if (process == 0) {
+      std::thread([] { pause(); }).detach();
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      ending_signals::hold();
+      kill(getpid(), signal);
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));  // Nobody waits for it yet.
+      ending_signals::endWith(ending_signals::wait() ? 7 : 8, "");
+    }
+    int status = 0;
+    waitpid(process, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7) << signal;
+  }
 }
 
 TEST(EndingSignals, HoldBackNoOthers) { EXPECT_EQ(endOf(SIGKILL), -1); }
