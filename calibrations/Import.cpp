@@ -8,6 +8,7 @@
 #include "calibrations/document/Shown.h"
 #include "calibrations/formats/Formats.h"
 #include "calibrations/geometry/Angles.h"
+#include "calibrations/geometry/BrownTerms.h"
 #include "camera/LensModel.h"
 #include "platform/PlainNumber.h"
 #include "polarline/calibration.h"
@@ -60,12 +61,9 @@ void requireLens(const SourcePair& pair, const ImportOptions& options, const std
   }
 }
 
-bool hasDenominator(const Camera& camera) { return camera.k[3] != 0.0 || camera.k[4] != 0.0 || camera.k[5] != 0.0; }
-
 LensModel modelOf(const SourcePair& pair) {
   if (pair.left.lens == Lens::kFisheye) return LensModel::kFisheye;
-  const bool has_denominator = hasDenominator(pair.left.camera) || hasDenominator(pair.right.camera);
-  return has_denominator ? LensModel::kBrownEight : LensModel::kBrownFive;
+  return calibrations::brownModelOf(pair.left.camera, pair.right.camera);
 }
 
 void setPose(Calibration& calibration, const SourcePair& pair, double factor) {

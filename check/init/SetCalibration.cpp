@@ -13,6 +13,7 @@
 
 #include "PolarLinePrecision/Status.h"
 #include "calibrations/Sanity.h"
+#include "calibrations/geometry/BrownTerms.h"
 #include "camera/LensModel.h"
 #include "check/init/Warnings.h"
 #include "diagnose/warnings/Thresholds.h"
@@ -60,13 +61,10 @@ bool hasGrid(const MultiCalibrationEntry& entry) {
   return cells > 0 && cells <= kMostCells;
 }
 
-bool usesDenominator(const Camera& camera) { return camera.k[3] != 0.0 || camera.k[4] != 0.0 || camera.k[5] != 0.0; }
-
 LensModel modelOf(const MultiCalibration& record, const polarline::Calibration& calibration) {
   if (hasGrid(record.entries[0]) && hasGrid(record.entries[1])) return LensModel::kPoly;
   if (record.model_code == kFisheyeCode) return LensModel::kFisheye;
-  const bool uses_denominator = usesDenominator(calibration.left) || usesDenominator(calibration.right);
-  return uses_denominator ? LensModel::kBrownEight : LensModel::kBrownFive;
+  return calibrations::brownModelOf(calibration.left, calibration.right);
 }
 
 MultiCalibration binaryRecord(const std::string& path) {

@@ -9,6 +9,13 @@
 namespace {
 
 using Points = kestrune::RingTarget::Points;
+using Centres = std::map<std::int32_t, cv::Vec2d>;
+
+Centres centresOf(const Points& points) {
+  Centres centres;
+  for (const auto& point : points) centres.emplace(point.id, cv::Vec2d(point.x, point.y));
+  return centres;
+}
 
 /// One target throughout, as its buffers are as large as the pictures.
 class Search {
@@ -18,25 +25,19 @@ class Search {
   bool begin(const std::string& target) { return target_.loadConfig(target); }
 
   CentreNoise shiftsBetween(const cv::Mat& picture, const cv::Mat& noisy) {
-    std::map<std::int32_t, cv::Vec2d> centres;
-    for (const auto& point : pointsOf(picture)) centres.emplace(point.id, cv::Vec2d(point.x, point.y));
+    const Detection* found = known_.found(target_.config(), picture);
+    const Centres centres = centresOf(found != nullptr ? found->points : searched(picture));
     CentreNoise shifts;
     if (centres.empty()) return shifts;
-    for (const auto& point : searched(noisy)) {
-      const auto centre = centres.find(point.id);
+    for (const auto& [id, other] : centresOf(searched(noisy))) {
+      const auto centre = centres.find(id);
       if (centre == centres.end()) continue;
-      const cv::Vec2d way = cv::Vec2d(point.x, point.y) - centre->second;
-      shifts.emplace(point.id, NoisyCentre{centre->second, way * (1.0 / std::sqrt(2.0))});
+      shifts.emplace(id, NoisyCentre{centre->second, (other - centre->second) * (1.0 / std::sqrt(2.0))});
     }
     return shifts;
   }
 
  private:
-  Points pointsOf(const cv::Mat& picture) {
-    const Detection* found = known_.found(target_.config(), picture);
-    return found != nullptr ? found->points : searched(picture);
-  }
-
   Points searched(const cv::Mat& picture) {
     Points points;
     Points unidentified;

@@ -50,7 +50,7 @@ foreach(line IN ITEMS "#include ABOVE" "#include_next <above/Above.h>" "#include
 endforeach()
 foreach(line IN ITEMS "/* x */ #include \"above/Above.h\"" "# /**/ include \"above/Above.h\"" "%:include \"above/Above.h\"" "#import \"above/Above.h\""
         "/**/ %: include <above/Above.h>" "#\\\ninclude \"above/Above.h\"" "#inc\\\nlude \"above/Above.h\"" "  # \\\r\ninclude <above/Above.h>")
-  expect("in a form that no one looks for" hall/File.cpp "#pragma once\n${line}\n")
+  expect("in a form that is not looked for" hall/File.cpp "#pragma once\n${line}\n")
 endforeach()
 expect(right hall/File.cpp "#define LONG \\\n  1\n/* a comment */\nint x = 7 %LONG; // 50 %: of it\n")
 foreach(name IN ITEMS File.hpp File.cc inner/File.hxx File.inl)

@@ -49,7 +49,7 @@ TEST(EndingSignals, TellWhoCanWait) {
   EXPECT_EQ(requestBy(0), Request::kNone);
 }
 
-/// As a linear algebra library starts some before `main`: the system hands a signal to any thread that keeps it not
+/// As a linear algebra library starts some before `main`: the system hands a signal to any thread that does not keep it
 /// back.
 TEST(EndingSignals, ComeThroughThreadsThatWereThereBefore) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {

@@ -4,7 +4,7 @@
 #include "polar/evaluate/PairEvaluator.h"
 #include "polar/results/TableWriter.h"
 
-/// Errors stand in the tables in thousandths of the board unit.
+/// Errors stand in the tables in thousandths of their unit.
 inline constexpr float kTableScale = 1000.0F;
 
 /// The tables of the distance evaluation. A table that is not asked for is a failed stream, which takes what is written
