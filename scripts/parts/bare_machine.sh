@@ -5,7 +5,7 @@ machine=
 
 bare_machine_remove() {
   local mount
-  for mount in dev/pts dev proc; do
+  for mount in dev/pts dev sys proc; do
     umount -q "$machine/$mount" 2>/dev/null || umount -q -l "$machine/$mount" || true  # Interrupted, what runs in it may be at it still.
   done
   rm -rf --one-file-system "$machine" "$machine.log"
@@ -30,6 +30,7 @@ bare_machine_make() {
   cp -r /usr/share/keyrings "$machine/usr/share/"
   cp /etc/resolv.conf /etc/hosts "$machine/etc/"
   mount -t proc proc "$machine/proc"
+  mount -t sysfs -o ro sysfs "$machine/sys"  # Engines of a fleet count the cores there.
   mount --bind /dev "$machine/dev"
   mount --bind /dev/pts "$machine/dev/pts"
 }
