@@ -2,6 +2,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "MorvenKit/src/binarise/Equalise.h"
 #include "MorvenKit/src/binarise/FillBlobs.h"
 #include "MorvenKit/src/binarise/LocalOtsuBinarize.h"
 
@@ -13,8 +14,6 @@ namespace {
 constexpr int kSmoothing = 3;
 // Pixels a side: larger than a marker, so that each tile holds ground and dots.
 constexpr int kEqualisedTile = 100;
-// The lowest clip: an even ground must not be stretched into noise.
-constexpr double kClipLimit = 1.0;
 
 void smooth(const cv::Mat& src, cv::Mat& dst) {
   cv::GaussianBlur(src, dst, {kSmoothing, kSmoothing}, 0.0, 0.0, cv::BORDER_DEFAULT);
@@ -26,20 +25,13 @@ void sharpen(cv::Mat& image) {
   cv::filter2D(image, image, CV_8U, kernel, {-1, -1}, 0.0, cv::BORDER_DEFAULT);
 }
 
-/// One a thread, for its enlarged copy of the image: new pages for that would cost half as much as the equalisation.
-cv::CLAHE& equaliser(const cv::Size& grid) {
-  thread_local const cv::Ptr<cv::CLAHE> kept = cv::createCLAHE(kClipLimit);
-  kept->setTilesGridSize(grid);
-  return *kept;
-}
-
-void equalise(cv::Mat& image) {
-  const cv::Size grid(image.cols / kEqualisedTile, image.rows / kEqualisedTile);
+cv::Size tileGrid(const cv::Size& size) {
+  const cv::Size grid(size.width / kEqualisedTile, size.height / kEqualisedTile);
   if (grid.empty()) {
-    CV_Error_(cv::Error::StsOutOfRange, ("image is %d x %d pixels, the least is %d x %d", image.cols, image.rows,
+    CV_Error_(cv::Error::StsOutOfRange, ("image is %d x %d pixels, the least is %d x %d", size.width, size.height,
                                          kEqualisedTile, kEqualisedTile));
   }
-  equaliser(grid).apply(image, image);
+  return grid;
 }
 
 }  // namespace
@@ -48,7 +40,7 @@ cv::Mat LocalThreshold(const cv::Mat& grey, const EllipseDetectorParams& params)
   cv::Mat binary;
   smooth(grey, binary);
   sharpen(binary);
-  equalise(binary);
+  equalise(binary, tileGrid(binary.size()));
   smooth(binary, binary);
   LocalOtsuBinarize(binary, binary, params.resize_interpolation, params.bin_blocksize);
   if (params.fill_blobs) fillBlobs(grey, params, binary);

@@ -30,6 +30,7 @@ class ContourWalk {
   ContourWalk(const ContourWalkInput& input, OutlineFits& fits, StatusRule rule, std::vector<Ellipse<double>>& ellipses)
       : in_(input), fits_(fits), rule_(std::move(rule)), ellipses_(ellipses) {
     counts_.traced = input.tree.contours.size();
+    ellipses_.reserve(ellipses_.size() + counts_.traced);
   }
 
   ContourCounts walk() {
@@ -42,7 +43,19 @@ class ContourWalk {
 
   void walkSiblings(int first) {
     for (int index = first; in_.tree.holds(index); index = in_.tree.next(index)) {
+      askForPixels(in_.tree.next(index));
       if (examine(index) == Next::kChildren) walkSiblings(in_.tree.firstChild(index));
+    }
+  }
+
+  /// Fetches what the next outline lies on while this one is measured: no processor foretells where that is.
+  void askForPixels(int index) const {
+    if (!in_.tree.holds(index)) return;
+    const cv::Rect area = cv::Rect({}, in_.grey.size()) & cv::Rect({}, in_.binary.size());
+    for (const cv::Point& point : in_.tree.points(index)) {
+      if (!area.contains(point)) continue;
+      __builtin_prefetch(in_.grey.ptr<uchar>(point.y) + point.x);
+      __builtin_prefetch(in_.binary.ptr<uchar>(point.y) + point.x);
     }
   }
 

@@ -1,6 +1,9 @@
 #include "MorvenKit/src/classify/ScanLine.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace kestrune::morvenkit {
 
@@ -16,27 +19,23 @@ int rounded(float value) {
 /// Counts changes between the pixels that it is given one after the other.
 class TransitionCounter {
  public:
-  explicit TransitionCounter(const cv::Mat& binary) : binary_(binary), area_({0, 0}, binary.size()) {}
-
-  /// A sample next to the edge may be rounded to outside the image; it is left out.
-  void add(const cv::Point& pixel) {
-    if (!area_.contains(pixel)) return;
-    const int value = binary_.at<uchar>(pixel);
-    if (last_ >= 0 && value != last_) ++transitions_;
+  void add(int value) {
+    changes_ += static_cast<int>(value != last_);
     last_ = value;
   }
-  int transitions() const { return transitions_; }
+  int transitions() const { return std::max(changes_ - 1, 0); }
 
  private:
-  const cv::Mat& binary_;
-  cv::Rect area_;
   int last_ = -1;
-  int transitions_ = 0;
+  int changes_ = 0;  ///< The first pixel, which has none before it, counts as one.
 };
 
-bool isOnPicture(const cv::Point2f& point, const cv::Mat& image) {
-  return point.x >= 0.0F && point.y >= 0.0F && point.x <= static_cast<float>(image.cols - 1) &&
-         point.y <= static_cast<float>(image.rows - 1);
+// Pixels. The samples stray from the straight line by rounding: of the first place along the ray, and of each across.
+constexpr float kStray = 2.0F;
+
+bool isOnPicture(const cv::Point2f& point, const cv::Mat& image, float margin = 0.0F) {
+  return point.x >= margin && point.y >= margin && point.x <= static_cast<float>(image.cols - 1) - margin &&
+         point.y <= static_cast<float>(image.rows - 1) - margin;
 }
 
 /// A point's coordinates along the image axis that the ray follows most, and along the other one.
@@ -59,20 +58,32 @@ void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
   }
 }
 
+template <bool kAllInside>
+int countTransitions(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
+  // By index, as the axes come in no order that could be foretold: 0 is x, 1 is y.
+  const std::array<float, 2> begin = {from.x, from.y}, end = {to.x, to.y};
+  const std::array<int, 2> size = {binary.cols, binary.rows};
+  const std::array<std::ptrdiff_t, 2> step = {1, static_cast<std::ptrdiff_t>(binary.step[0])};
+  const std::size_t major = std::abs(from.x - to.x) > std::abs(from.y - to.y) ? 0 : 1, minor = 1 - major;
+  TransitionCounter counter;
+  const auto add = [&](int along, int across) {
+    // A sample next to the edge may be rounded to outside the image; it is left out.
+    if (!kAllInside && (along < 0 || across < 0 || along >= size[major] || across >= size[minor])) return;
+    counter.add(binary.data[along * step[major] + across * step[minor]]);
+  };
+  walkRay({begin[major], begin[minor]}, {end[major], end[minor]}, add);
+  add(static_cast<int>(std::rint(end[major])), static_cast<int>(std::rint(end[minor])));
+  return counter.transitions();
+}
+
 }  // namespace
 
 std::optional<int> ScanLine(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
-  if (from == to || !isOnPicture(from, binary) || !isOnPicture(to, binary)) return std::nullopt;
+  const bool all_inside = isOnPicture(from, binary, kStray) && isOnPicture(to, binary, kStray);
+  if (from == to || (!all_inside && !(isOnPicture(from, binary) && isOnPicture(to, binary)))) return std::nullopt;
   // Meant: a vertical ray has no samples and no say; that is why six of eight rays are enough.
   if (from.x == to.x) return kVerticalRay;
-  TransitionCounter counter(binary);
-  if (std::abs(from.x - to.x) > std::abs(from.y - to.y)) {
-    walkRay({from.x, from.y}, {to.x, to.y}, [&counter](int x, int y) { counter.add({x, y}); });
-  } else {
-    walkRay({from.y, from.x}, {to.y, to.x}, [&counter](int y, int x) { counter.add({x, y}); });
-  }
-  counter.add({static_cast<int>(std::rint(to.x)), static_cast<int>(std::rint(to.y))});
-  return counter.transitions();
+  return all_inside ? countTransitions<true>(from, to, binary) : countTransitions<false>(from, to, binary);
 }
 
 }  // namespace kestrune::morvenkit

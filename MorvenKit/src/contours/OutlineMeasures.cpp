@@ -17,19 +17,20 @@ const double kDiagonal = static_cast<double>(std::sqrt(2.0F));
 
 OutlineMeasures measureOutline(const std::vector<cv::Point>& outline) {
   if (outline.empty()) return {};
+  // The area by trapezoids, as around a closed outline their sum is that of the cross products.
   std::int64_t doubled_area = 0, straight = 0, diagonal = 0;
-  bool traced = true;  // From each pixel to a neighbour.
+  int farthest = 0;  // Bits of all steps: 1 where each leads from a pixel to a neighbour.
   cv::Point from = outline.back();
   for (const cv::Point& to : outline) {
     const int dx = std::abs(to.x - from.x), dy = std::abs(to.y - from.y);
-    traced = traced && dx <= 1 && dy <= 1;
+    farthest |= dx | dy;
     diagonal += dx & dy;
     straight += dx ^ dy;
-    doubled_area += std::int64_t{from.x} * to.y - std::int64_t{to.x} * from.y;
+    doubled_area += (std::int64_t{from.x} + to.x) * (to.y - from.y);
     from = to;
   }
   const double perimeter = static_cast<double>(straight) + static_cast<double>(diagonal) * kDiagonal;
-  return {0.5 * static_cast<double>(std::abs(doubled_area)), traced ? perimeter : cv::arcLength(outline, true)};
+  return {0.5 * static_cast<double>(std::abs(doubled_area)), farthest <= 1 ? perimeter : cv::arcLength(outline, true)};
 }
 
 }  // namespace kestrune::morvenkit

@@ -2,18 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 
 namespace kestrune::morvenkit {
 
 namespace {
 
-struct Step {
-  int dx, dy;
-};
-
-/// The first neighbour that qualifies counts, so the order matters.
-constexpr std::array<Step, 4> kNeighbours = {{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
+/// Steps to the neighbours: the first that qualifies counts, so the order matters. The last is none.
+constexpr std::size_t kNeighbours = 4;
+constexpr std::array<float, kNeighbours + 1> kStepsX = {1, -1, 0, 0, 0}, kStepsY = {0, 0, 1, -1, 0};
 
 bool isInside(const cv::Point& point, const cv::Mat& image) {
   return point.x >= 0 && point.y >= 0 && point.x < image.cols && point.y < image.rows;
@@ -24,21 +22,45 @@ bool isWellInside(const cv::Point& point, const cv::Mat& image) {
   return point.x > 0 && point.y > 0 && point.x < image.cols - 1 && point.y < image.rows - 1;
 }
 
-cv::Point2f refine(const cv::Point& point, int level, const cv::Mat& grey) {
-  const auto x = static_cast<float>(point.x), y = static_cast<float>(point.y);
+/// The greys of the neighbours and which of them there are, a bit for each.
+struct Neighbours {
+  std::array<int, kNeighbours> greys;
+  unsigned present;
+};
+
+Neighbours neighboursInside(const cv::Point& point, const cv::Mat& grey) {
   const uchar* pixel = grey.ptr<uchar>(point.y) + point.x;
-  const int value = *pixel;
-  if (value == level) return {x, y};
-  const bool has_all = isWellInside(point, grey);
-  for (const auto& [dx, dy] : kNeighbours) {
-    if (!has_all && !isInside({point.x + dx, point.y + dy}, grey)) continue;
-    const int other = pixel[dy * static_cast<std::ptrdiff_t>(grey.step[0]) + dx];
-    // A neighbour exactly at the level counts as below it: a brighter point moves onto it, a darker one stays. Meant.
-    if ((other > level) != (value < level)) continue;
-    const float t = static_cast<float>(value - level) / static_cast<float>(value - other);
-    return {x + static_cast<float>(dx) * t, y + static_cast<float>(dy) * t};
+  const auto row = static_cast<std::ptrdiff_t>(grey.step[0]);
+  return {{pixel[1], pixel[-1], pixel[row], pixel[-row]}, (1U << kNeighbours) - 1};
+}
+
+Neighbours neighboursAtBorder(const cv::Point& point, const cv::Mat& grey) {
+  Neighbours neighbours{};
+  for (std::size_t k = 0; k < kNeighbours; ++k) {
+    const cv::Point neighbour(point.x + static_cast<int>(kStepsX[k]), point.y + static_cast<int>(kStepsY[k]));
+    if (!isInside(neighbour, grey)) continue;
+    neighbours.greys[k] = grey.at<uchar>(neighbour);
+    neighbours.present |= 1U << k;
   }
-  return {x, y};
+  return neighbours;
+}
+
+/// All bits where it holds, none where not.
+unsigned bitsIf(bool condition) { return 0U - static_cast<unsigned>(condition); }
+
+/// Without a branch on the greys: which neighbour it is at a dot's edge cannot be foretold.
+cv::Point2f refine(const cv::Point& point, int value, int level, const Neighbours& neighbours) {
+  unsigned brighter = 0;
+  for (std::size_t k = 0; k < kNeighbours; ++k) brighter |= static_cast<unsigned>(neighbours.greys[k] > level) << k;
+  // A neighbour exactly at the level counts as below it: a brighter point moves onto it, a darker one stays. Meant.
+  const unsigned beyond = brighter ^ bitsIf(value >= level);
+  const unsigned qualified = beyond & neighbours.present & bitsIf(value != level);
+  const auto k = static_cast<std::size_t>(std::countr_zero(qualified | 1U << kNeighbours));
+  // For no neighbour, anything else than the value.
+  const std::array<int, kNeighbours + 1> others = {neighbours.greys[0], neighbours.greys[1], neighbours.greys[2],
+                                                   neighbours.greys[3], value + 1};
+  const float t = static_cast<float>(value - level) / static_cast<float>(value - others[k]);
+  return {static_cast<float>(point.x) + kStepsX[k] * t, static_cast<float>(point.y) + kStepsY[k] * t};
 }
 
 }  // namespace
@@ -51,7 +73,11 @@ std::vector<cv::Point2f> RefineSubPixel(const Contour& contour, const cv::Mat& g
   const int level = grey.at<uchar>(*first);
   refined.reserve(contour.size());
   for (const cv::Point& point : contour) {
-    if (inside(point)) refined.push_back(refine(point, level, grey));
+    if (isWellInside(point, grey)) {
+      refined.push_back(refine(point, grey.at<uchar>(point), level, neighboursInside(point, grey)));
+    } else if (inside(point)) {
+      refined.push_back(refine(point, grey.at<uchar>(point), level, neighboursAtBorder(point, grey)));
+    }
   }
   return refined;
 }

@@ -32,7 +32,8 @@ Ellipse<double> fitEllipseRobust(std::vector<cv::Point2f> points) {
   const std::vector<cv::Point2f>& all = ellipse.edge_points;
   if (all.size() < kFewestPoints) return ellipse;
   const MeanStd scale = calcMeanStd(all);
-  std::vector<cv::Point2f> working = all;
+  thread_local std::vector<cv::Point2f> working;  // Thousands of dots need no memory of their own each.
+  working = all;
   std::size_t count = 0;
   // Meant: only the number of kept points reaches the next pass. It scales by the figures of all points and fits the
   // first ones of the whole list, not those that were kept; the figures depend on it.

@@ -1,9 +1,9 @@
 #include "MorvenKit/src/ellipse/TrimOutliers.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <opencv2/core/hal/intrin.hpp>
 #include <opencv2/core/utility.hpp>
 
 namespace kestrune::morvenkit {
@@ -17,19 +17,55 @@ constexpr float kLargestRms = 1.0F;
 
 float distance(float dx, float dy) { return std::sqrt(dx * dx + dy * dy); }
 
+/// The semi-axes and where the ellipse stands, in single precision as the residuals are.
+class Residual {
+ public:
+  explicit Residual(const Ellipse<double>& ellipse)
+      : a_(static_cast<float>(ellipse.semi_a)),
+        b_(static_cast<float>(ellipse.semi_b)),
+        cx_(static_cast<float>(ellipse.x)),
+        cy_(static_cast<float>(ellipse.y)),
+        cosine_(std::cos(static_cast<float>(ellipse.angle))),
+        sine_(std::sin(static_cast<float>(ellipse.angle))) {}
+
+  float operator()(const cv::Point2f& point) const {
+    const float dx = point.x - cx_, dy = point.y - cy_;
+    return radialResidual(cosine_ * dx + sine_ * dy, cosine_ * dy - sine_ * dx, a_, b_);
+  }
+
+  /// Of four points at once, in the same steps. False where one of them is on an axis, whose steps are others.
+  bool ofFour(const cv::Point2f* points, float* residuals) const {
+    cv::v_float32x4 x, y;
+    cv::v_load_deinterleave(&points->x, x, y);
+    const cv::v_float32x4 dx = x - all(cx_), dy = y - all(cy_), none = cv::v_setzero_f32();
+    x = all(cosine_) * dx + all(sine_) * dy;
+    y = all(cosine_) * dy - all(sine_) * dx;
+    if (cv::v_check_any((x == none) | (y == none))) return false;
+    const cv::v_float32x4 ma = y / x * all(a_);
+    const cv::v_float32x4 d = cv::v_sqrt(ma * ma + all(b_ * b_));
+    const cv::v_float32x4 off_x = cv::v_abs(x) - all(a_ * b_) / d, off_y = cv::v_abs(y) - cv::v_abs(ma * all(b_) / d);
+    cv::v_store(residuals, cv::v_sqrt(off_x * off_x + off_y * off_y));
+    return true;
+  }
+
+ private:
+  static cv::v_float32x4 all(float value) { return cv::v_setall_f32(value); }
+
+  float a_, b_, cx_, cy_, cosine_, sine_;
+};
+
 /// On the stack where a dot has as many points as usual.
 using Residuals = cv::AutoBuffer<float, 256>;
 
 Residuals residuals(const Ellipse<double>& ellipse, const std::vector<cv::Point2f>& points) {
-  const auto theta = static_cast<float>(ellipse.angle);
-  const auto a = static_cast<float>(ellipse.semi_a), b = static_cast<float>(ellipse.semi_b);
-  const auto cx = static_cast<float>(ellipse.x), cy = static_cast<float>(ellipse.y);
-  const float cosine = std::cos(theta), sine = std::sin(theta);
+  const Residual residual(ellipse);
   Residuals result(points.size());
-  std::transform(points.begin(), points.end(), result.data(), [=](const cv::Point2f& point) {
-    const float dx = point.x - cx, dy = point.y - cy;
-    return radialResidual(cosine * dx + sine * dy, cosine * dy - sine * dx, a, b);
-  });
+  std::size_t i = 0;
+  for (; i + 4 <= points.size(); i += 4) {
+    if (residual.ofFour(&points[i], &result[i])) continue;
+    for (std::size_t k = i; k < i + 4; ++k) result[k] = residual(points[k]);
+  }
+  for (; i < points.size(); ++i) result[i] = residual(points[i]);
   return result;
 }
 

@@ -35,6 +35,7 @@ std::vector<Ellipse>* listOf(EllipsesByClass& lists, std::uint8_t point_class) {
 
 EllipsesByClass sortByClass(const std::vector<Ellipse>& ellipses, const cv::Mat& mask) {
   EllipsesByClass lists;
+  lists.dots.reserve(ellipses.size());  // Markers are few.
   for (const Ellipse& ellipse : ellipses) {
     if (isMaskedOut(ellipse, mask)) continue;
     if (auto* list = listOf(lists, ellipse.point_class)) list->push_back(ellipse);

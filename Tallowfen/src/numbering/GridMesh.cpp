@@ -1,6 +1,7 @@
 #include "Tallowfen/src/numbering/GridMesh.h"
 
 #include <cstddef>
+#include <cstdlib>
 
 namespace kestrune {
 
@@ -8,6 +9,9 @@ namespace {
 
 constexpr std::array<std::int32_t, kDirections> kColumnSteps = {1, 1, 0, -1, -1, -1, 0, 1};
 constexpr std::array<std::int32_t, kDirections> kRowSteps = {0, 1, 1, 1, 0, -1, -1, -1};
+
+/// By rows, then by columns, each from -1 to 1; there is none without a step.
+constexpr std::array<std::int32_t, 9> kDirectionOfStep = {5, 6, 7, 4, -1, 0, 3, 2, 1};
 
 /// The same index as containers take it.
 std::size_t slot(std::int32_t index) { return static_cast<std::size_t>(index); }
@@ -24,6 +28,7 @@ GridPlace neighbourPlace(const GridPlace& place, std::int32_t direction) {
 
 GridMesh::GridMesh(const std::vector<cv::Point2d>& centres) : nodes_(centres.size()) {
   for (std::size_t i = 0; i < centres.size(); ++i) nodes_[i].centre = centres[i];
+  node_at_.reserve(centres.size());
 }
 
 std::optional<std::int32_t> GridMesh::nodeAt(const GridPlace& place) const {
@@ -112,10 +117,11 @@ std::optional<GridMesh::EdgeId> GridMesh::nextOf(EdgeId id) const {
 }
 
 std::optional<std::int32_t> GridMesh::directionBetween(std::int32_t from, std::int32_t to) const {
-  for (std::int32_t d = 0; d < kDirections; ++d) {
-    if (neighbourPlace(nodes_[slot(from)].place, d) == nodes_[slot(to)].place) return d;
-  }
-  return std::nullopt;
+  const GridPlace &a = nodes_[slot(from)].place, &b = nodes_[slot(to)].place;
+  const std::int64_t columns = std::int64_t{b.column} - a.column, rows = std::int64_t{b.row} - a.row;
+  if (a.layer != b.layer || std::abs(columns) > 1 || std::abs(rows) > 1 || (columns == 0 && rows == 0))
+    return std::nullopt;
+  return kDirectionOfStep[slot(static_cast<std::int32_t>(3 * (rows + 1) + columns + 1))];
 }
 
 // Sets an edge and its twin. What is linked already stays, with what follows it.

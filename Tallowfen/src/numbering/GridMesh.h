@@ -1,12 +1,12 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <opencv2/core.hpp>
 #include <optional>
-#include <tuple>
+#include <unordered_map>
 #include <vector>
 
 namespace kestrune {
@@ -18,8 +18,15 @@ struct GridPlace {
   std::int32_t row = 0;
 
   bool operator==(const GridPlace&) const = default;
-  bool operator<(const GridPlace& other) const {
-    return std::tie(layer, column, row) < std::tie(other.layer, other.column, other.row);
+};
+
+/// For tables of places. Neighbours are well apart.
+struct GridPlaceHash {
+  std::size_t operator()(const GridPlace& place) const {
+    // A row of a table, of which few boards have as many columns.
+    constexpr std::size_t kColumns = 1U << 12U;
+    return static_cast<std::size_t>(place.row) * kColumns + static_cast<std::size_t>(place.column) +
+           static_cast<std::size_t>(place.layer) * kColumns * kColumns;
   }
 };
 
@@ -92,7 +99,7 @@ class GridMesh {
 
   std::vector<GridNode> nodes_;
   std::deque<EdgeId> queue_;
-  std::map<GridPlace, std::int32_t> node_at_;
+  std::unordered_map<GridPlace, std::int32_t, GridPlaceHash> node_at_;
 };
 
 }  // namespace kestrune

@@ -6,7 +6,7 @@
 #include <optional>
 #include <set>
 
-#include "Tallowfen/src/numbering/CentreTree.h"
+#include "Tallowfen/src/numbering/CentreGrid.h"
 #include "Tallowfen/src/numbering/GridMesh.h"
 
 namespace kestrune {
@@ -65,10 +65,10 @@ bool isNearPrediction(const cv::Point2d& centre, const GridMesh::Prediction& pre
 }
 
 // The dot of a prediction: the one that has its number already, or else the nearest one if it is near enough.
-std::optional<std::int32_t> findDot(const GridMesh& mesh, const CentreTree& tree, const std::vector<Ellipse>& all,
+std::optional<std::int32_t> findDot(const GridMesh& mesh, const CentreGrid& centres, const std::vector<Ellipse>& all,
                                     const GridMesh::Prediction& prediction) {
   if (const auto numbered = mesh.nodeAt(prediction.place)) return numbered;
-  const std::optional<std::size_t> nearest = tree.nearest(prediction.centre);
+  const std::optional<std::size_t> nearest = centres.nearest(prediction.centre);
   if (!nearest || !isNearOutline(all[*nearest], prediction.centre) ||
       !isNearPrediction(mesh.nodes()[*nearest].centre, prediction)) {
     return std::nullopt;
@@ -76,11 +76,11 @@ std::optional<std::int32_t> findDot(const GridMesh& mesh, const CentreTree& tree
   return static_cast<std::int32_t>(*nearest);
 }
 
-void grow(GridMesh& mesh, const std::vector<Ellipse>& all, const CentreTree& tree) {
+void grow(GridMesh& mesh, const std::vector<Ellipse>& all, const CentreGrid& centres) {
   while (const auto edge = mesh.takeOpenEdge()) {
     const std::optional<GridMesh::Prediction> prediction = mesh.predict(*edge);
     if (!prediction) continue;
-    const std::optional<std::int32_t> dot = findDot(mesh, tree, all, *prediction);
+    const std::optional<std::int32_t> dot = findDot(mesh, centres, all, *prediction);
     if (!dot) continue;
     const GridPlace& place = mesh.nodes()[static_cast<std::size_t>(*dot)].place;
     if (place.layer < 0) {
@@ -100,6 +100,8 @@ std::int32_t boardId(const GridPlace& place, std::int32_t cols) {
 void collect(const GridMesh& mesh, const std::vector<Ellipse>& all, std::int32_t cols, NumberedPoints& result) {
   result.identified_ellipses.clear();
   result.unidentified_ellipses.clear();
+  result.identified_ellipses.reserve(all.size());
+  result.points.reserve(all.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
     const GridPlace& place = mesh.nodes()[i].place;
     if (place.layer < 0) {
@@ -121,7 +123,7 @@ bool GrowGrid(const RingTargetConfig& config, const std::vector<std::int32_t>& s
   GridMesh mesh(centres);
   if (config.cols > 0 && canSeed(seed_indices, all.size())) {
     plantSeeds(seed_indices, all, config.cols, mesh);
-    grow(mesh, all, CentreTree(centres));
+    grow(mesh, all, CentreGrid(centres));
   }
   collect(mesh, all, config.cols, result);
   return true;

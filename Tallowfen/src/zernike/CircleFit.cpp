@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <opencv2/imgproc.hpp>
 #include <utility>
 
@@ -24,6 +25,8 @@ constexpr float kLeastCircleRoundness = 0.4F;
 constexpr float kGreatestRoundness = 1.05F;
 // Area over that of the convex hull; less has a dent.
 constexpr float kLeastConvexity = 0.85F;
+// So far above it that no rounding of the areas matters.
+constexpr double kSurelyConvex = 0.86;
 // Without a unit: the points are far from the ellipse as a whole.
 constexpr double kLargestMisfit = 2.0;
 constexpr double kFourPi = 4 * CV_PI;
@@ -48,7 +51,10 @@ std::optional<double> dotRoundness(const Points& points, double area) {
   return roundness;
 }
 
-bool isConvex(const Points& points, double area) {
+// The points' own outline over that around them. Where an ellipse around all of them is hardly larger, so is that hull:
+// it need not be formed then.
+bool isConvex(const Points& points, double area, double area_around) {
+  if (area > kSurelyConvex * area_around) return true;
   Points hull;
   cv::convexHull(points, hull, false, true);
   const double hull_area = cv::contourArea(hull);
@@ -83,21 +89,24 @@ bool hasDotSize(const cv::Size2f& size) {
   return !(ratio < kLeastAxisRatio);
 }
 
-double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse) {
+Misfit algebraicMisfit(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse) {
   const double theta = -static_cast<double>(ellipse.angle) * CV_PI / 180;
   const double c = std::cos(theta);
   const double s = std::sin(theta);
   const double w = ellipse.size.width;
   const double h = ellipse.size.height;
-  double sum = 0;
+  double sum = 0, farthest = 0;
   for (const cv::Point2f& point : points) {
     const cv::Point2f offset = point - ellipse.center;
     const double x = c * offset.x - s * offset.y;
     const double y = c * offset.y + s * offset.x;
     const double error = std::abs(y * y / (w * w / 4) + x * x / (h * h / 4) - 1);
     sum += error * error;
+    farthest = std::max(farthest, error);
   }
-  return std::sqrt(sum / static_cast<double>(points.size()));
+  const double residual = std::sqrt(sum / static_cast<double>(points.size()));
+  if (!std::isfinite(residual)) return {residual, std::numeric_limits<double>::infinity()};
+  return {residual, (1 + farthest) * CV_PI * w * h / 4};
 }
 
 std::optional<Ellipse> fitCircle(std::vector<cv::Point2f> edge_points) {
@@ -111,8 +120,9 @@ std::optional<Ellipse> dotOfFit(const cv::RotatedRect& fit, std::vector<cv::Poin
   if (hasGap(edge_points) || !hasDotSize(fit.size)) return std::nullopt;
   const double area = cv::contourArea(edge_points);
   const std::optional<double> roundness = dotRoundness(edge_points, area);
-  if (!roundness || !isConvex(edge_points, area)) return std::nullopt;
-  if (algebraicResidual(edge_points, fit) > kLargestMisfit) return std::nullopt;
+  if (!roundness) return std::nullopt;
+  const Misfit misfit = algebraicMisfit(edge_points, fit);
+  if (misfit.residual > kLargestMisfit || !isConvex(edge_points, area, misfit.area_around)) return std::nullopt;
   return recordOf(fit, *roundness, std::move(edge_points));
 }
 

@@ -12,9 +12,15 @@ namespace kestrune {
 /// more than 2.5 times the width, not the other way round.
 bool hasDotSize(const cv::Size2f& size);
 
-/// Root mean square error of the ellipse's equation over the points, without a unit. Meant: the width goes with the
-/// rotated y and the height with x.
-double algebraicResidual(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse);
+/// How points lie about an ellipse.
+struct Misfit {
+  double residual;     ///< Root mean square error of the ellipse's equation, without a unit.
+  double area_around;  ///< Of the ellipse of the same centre and shape that holds all points, square pixels; infinite
+                       ///< where the residual is no finite number.
+};
+
+/// Meant: the width goes with the rotated y and the height with x.
+Misfit algebraicMisfit(const std::vector<cv::Point2f>& points, const cv::RotatedRect& ellipse);
 
 /// The ellipse fitted to the edge points of one outline, pixels, in order around it (direct fit: Fitzgibbon, Pilu and
 /// Fisher 1999). Nothing when the points leave a gap or don't look like a dot. Needs five points at least.

@@ -18,10 +18,10 @@ constexpr int kEnoughDots = 10;
 
 cv::Mat belowLocalMean(const cv::Mat& grey, int block) {
   CV_Assert(grey.type() == CV_8UC1);
-  cv::Mat mean, below;
+  cv::Mat mean;
   cv::boxFilter(grey, mean, grey.type(), {block, block}, {-1, -1}, true, cv::BORDER_REPLICATE | cv::BORDER_ISOLATED);
-  cv::subtract(mean, grey, below);
-  return below;
+  cv::subtract(mean, grey, mean);
+  return mean;
 }
 
 void findContoursByLocalMean(const cv::Mat& below_mean, Polarity polarity, cv::Mat& bin, std::vector<Contour>& contours,

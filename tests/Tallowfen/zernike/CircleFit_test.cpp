@@ -11,7 +11,7 @@
 
 namespace {
 
-using kestrune::algebraicResidual;
+using kestrune::algebraicMisfit;
 using kestrune::dotOfFit;
 using kestrune::fitCircle;
 using kestrune::hasDotSize;
@@ -160,6 +160,27 @@ TEST(CircleFit, OutlineMustNotBeCaved) {
   EXPECT_FALSE(fitCircle(star(5)));
 }
 
+// The hull is formed where the fit does not tell already: the answer must be the hull's for all.
+TEST(CircleFit, CavedOrNotIsDecidedByTheHull) {
+  int taken = 0, refused = 0;
+  for (int waves = 3; waves < 12; ++waves) {
+    for (double depth = 0; depth < 6; depth += 0.125) {
+      Points points;
+      for (int i = 0; i < 300; ++i) {
+        const double t = 2 * CV_PI * i / 300, r = 30 + depth * std::cos(waves * t);
+        points.emplace_back(static_cast<float>(100 + r * std::cos(t)), static_cast<float>(100 + 0.9 * r * std::sin(t)));
+      }
+      Points hull;
+      cv::convexHull(points, hull);
+      const bool convex = cv::contourArea(points) / cv::contourArea(hull) >= 0.85;
+      ASSERT_EQ(fitCircle(points).has_value(), convex) << waves << " waves of " << depth;
+      ++(convex ? taken : refused);
+    }
+  }
+  EXPECT_GT(taken, 100);
+  EXPECT_GT(refused, 50);
+}
+
 TEST(CircleFit, LineOfPointsIsNoDot) {
   Points line;
   for (int i = 0; i < 40; ++i) line.emplace_back(static_cast<float>(i), 0.5F * static_cast<float>(i));
@@ -201,19 +222,29 @@ TEST(CircleFitDot, ShareOfTheHullIsComparedInSinglePrecision) {
 }
 
 // Width 20 and height 10, not turned: e of (10, 0) is 100 / 25 - 1 = 3, e of (0, 5) is 25 / 100 - 1 = -0.75.
-TEST(CircleFitAlgebraicResidual, WidthGoesWithYAndHeightWithX) {
+TEST(CircleFitAlgebraicMisfit, WidthGoesWithYAndHeightWithX) {
   const cv::RotatedRect ellipse({50, 60}, {20, 10}, 0);
-  EXPECT_NEAR(algebraicResidual({{60, 60}, {50, 65}}, ellipse), std::sqrt((9 + 0.5625) / 2), 1e-12);
+  EXPECT_NEAR(algebraicMisfit({{60, 60}, {50, 65}}, ellipse).residual, std::sqrt((9 + 0.5625) / 2), 1e-12);
 }
 
 // Turned by a right angle the same points lie on it: the width then stands upright for the formula.
-TEST(CircleFitAlgebraicResidual, AngleTurnsThePointsBack) {
+TEST(CircleFitAlgebraicMisfit, AngleTurnsThePointsBack) {
   const cv::RotatedRect ellipse({50, 60}, {20, 10}, 90);
-  EXPECT_NEAR(algebraicResidual({{60, 60}, {50, 65}}, ellipse), 0, 1e-12);
+  EXPECT_NEAR(algebraicMisfit({{60, 60}, {50, 65}}, ellipse).residual, 0, 1e-12);
   // By 30 degrees: the point at 10 px in the direction -60 degrees has X = 0, Y = -10.
   const double t = -60 * CV_PI / 180;
   const cv::Point2f point(static_cast<float>(50 + 10 * std::cos(t)), static_cast<float>(60 + 10 * std::sin(t)));
-  EXPECT_NEAR(algebraicResidual({point}, cv::RotatedRect({50, 60}, {20, 10}, 30)), 0, 1e-6);
+  EXPECT_NEAR(algebraicMisfit({point}, cv::RotatedRect({50, 60}, {20, 10}, 30)).residual, 0, 1e-6);
+}
+
+// The farthest point, at (10, 0), is at 2 in units of the turned axes: an ellipse of four times the area holds it.
+TEST(CircleFitAlgebraicMisfit, AreaAroundHoldsTheFarthestPoint) {
+  const cv::RotatedRect ellipse({50, 60}, {20, 10}, 0);
+  EXPECT_NEAR(algebraicMisfit({{60, 60}, {50, 65}}, ellipse).area_around, 4 * CV_PI * 10 * 5, 1e-9);
+  EXPECT_NEAR(algebraicMisfit({{50, 70}}, ellipse).area_around, CV_PI * 10 * 5, 1e-9);
+  // Without height, a point straight across has no number, and the other's is beyond all.
+  EXPECT_TRUE(std::isinf(algebraicMisfit({{50, 61}, {50, 62}}, {{50, 60}, {40, 0}, 0}).area_around));
+  EXPECT_TRUE(std::isinf(algebraicMisfit({{51, 61}, {50, 62}}, {{50, 60}, {40, 0}, 0}).area_around));
 }
 
 TEST(CircleFitDot, NothingOfAFitThatIsNotFinite) {
@@ -246,7 +277,7 @@ TEST(CircleFitDot, ResidualMustNotBeAboveTwo) {
 TEST(CircleFitDot, ResidualOfExactlyTwoIsTaken) {
   const Points points = {{12, -1}, {13, 0}, {15, 3}, {16, 5}, {12, 5}, {11, 5}, {11, 1}};
   const cv::RotatedRect fit({0, 0}, {16, 16}, 0);
-  ASSERT_EQ(algebraicResidual(points, fit), 2.0);
+  ASSERT_EQ(algebraicMisfit(points, fit).residual, 2.0);
   EXPECT_TRUE(dotOfFit(fit, points));
   EXPECT_FALSE(dotOfFit({{0, 0}, {16, std::nextafter(16.0F, 0.0F)}, 0}, points));
 }
@@ -257,19 +288,19 @@ TEST(CircleFitDot, ResidualThatIsNotANumberIsNotAboveTheLimit) {
   for (auto& p : points) p -= cv::Point2f(100.25F, 80.5F);
   points[25].x = 0;
   const cv::RotatedRect flat({0, 0}, {40, 0}, 0);
-  ASSERT_TRUE(std::isnan(algebraicResidual(points, flat)));
+  ASSERT_TRUE(std::isnan(algebraicMisfit(points, flat).residual));
   const auto ellipse = dotOfFit(flat, points);
   ASSERT_TRUE(ellipse);
   EXPECT_EQ(ellipse->semi_b, 0);
   points[25].x = 0.5F;
   points[75].x = 0.5F;
-  ASSERT_TRUE(std::isinf(algebraicResidual(points, flat)));
+  ASSERT_TRUE(std::isinf(algebraicMisfit(points, flat).residual));
   EXPECT_FALSE(dotOfFit(flat, points));
 }
 
-TEST(CircleFitAlgebraicResidual, NotANumberForAFitThatFailed) {
+TEST(CircleFitAlgebraicMisfit, NotANumberForAFitThatFailed) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_TRUE(std::isnan(algebraicResidual({{1, 1}}, cv::RotatedRect({nan, 0}, {20, 20}, 0))));
+  EXPECT_TRUE(std::isnan(algebraicMisfit({{1, 1}}, cv::RotatedRect({nan, 0}, {20, 20}, 0)).residual));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "Tallowfen/src/numbering/CentreTree.h"
+#include "Tallowfen/src/numbering/CentreGrid.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-using kestrune::CentreTree;
+using kestrune::CentreGrid;
 using Points = std::vector<cv::Point2d>;
 
 std::size_t nearestByTrial(const Points& centres, const cv::Point2d& point) {
@@ -19,43 +19,43 @@ std::size_t nearestByTrial(const Points& centres, const cv::Point2d& point) {
   return best;
 }
 
-class CentreTreeOf : public testing::TestWithParam<std::size_t> {};
+class CentreGridOf : public testing::TestWithParam<std::size_t> {};
 
-TEST_P(CentreTreeOf, FindsWhatATrialOfAllFinds) {
+TEST_P(CentreGridOf, FindsWhatATrialOfAllFinds) {
   std::mt19937 random(7);
   std::uniform_real_distribution<double> coordinate(-100, 100);
   Points centres(GetParam());
   for (cv::Point2d& centre : centres) centre = {coordinate(random), coordinate(random)};
-  const CentreTree tree(centres);
+  const CentreGrid grid(centres);
   for (int i = 0; i < 500; ++i) {
     const cv::Point2d point(1.3 * coordinate(random), 1.3 * coordinate(random));
-    ASSERT_EQ(tree.nearest(point), nearestByTrial(centres, point));
+    ASSERT_EQ(grid.nearest(point), nearestByTrial(centres, point));
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, CentreTreeOf, testing::Values(1, 2, 3, 4, 7, 8, 100, 1295));
+INSTANTIATE_TEST_SUITE_P(Sizes, CentreGridOf, testing::Values(1, 2, 3, 4, 7, 8, 100, 1295));
 
 // On a lattice most points share their coordinates, and half-way points have up to four nearest centres.
-TEST(CentreTree, LowerPositionWinsAtEqualDistance) {
+TEST(CentreGrid, LowerPositionWinsAtEqualDistance) {
   Points centres;
   for (int y = 0; y < 9; ++y) {
     for (int x = 0; x < 11; ++x) centres.emplace_back(x, y);
   }
   centres.push_back(centres[40]);
-  const CentreTree tree(centres);
+  const CentreGrid grid(centres);
   for (double y = -1; y < 10; y += 0.5) {
-    for (double x = -1; x < 12; x += 0.5) ASSERT_EQ(tree.nearest({x, y}), nearestByTrial(centres, {x, y}));
+    for (double x = -1; x < 12; x += 0.5) ASSERT_EQ(grid.nearest({x, y}), nearestByTrial(centres, {x, y}));
   }
 }
 
-TEST(CentreTree, EmptyTreeFindsNothing) { EXPECT_FALSE(CentreTree({}).nearest({0, 0})); }
+TEST(CentreGrid, NoCentresFindNothing) { EXPECT_FALSE(CentreGrid({}).nearest({0, 0})); }
 
-TEST(CentreTree, PassesOverWhatIsNotFinite) {
+TEST(CentreGrid, PassesOverWhatIsNotFinite) {
   const double nan = std::numeric_limits<double>::quiet_NaN(), infinity = std::numeric_limits<double>::infinity();
-  const CentreTree tree({{nan, 0}, {50, 60}, {0, infinity}});
-  EXPECT_EQ(tree.nearest({0, 0}), 1U);
-  EXPECT_FALSE(tree.nearest({nan, 0}));
-  EXPECT_FALSE(CentreTree({{nan, nan}}).nearest({0, 0}));
+  const CentreGrid grid({{nan, 0}, {50, 60}, {0, infinity}});
+  EXPECT_EQ(grid.nearest({0, 0}), 1U);
+  EXPECT_FALSE(grid.nearest({nan, 0}));
+  EXPECT_FALSE(CentreGrid({{nan, nan}}).nearest({0, 0}));
 }
 
 }  // namespace
