@@ -33,7 +33,7 @@ Histogram histogramOf(const cv::Mat& image, const cv::Rect& tile) {
   std::array<Histogram, 4> counts{};
   const int inside = std::min(tile.width, image.cols - tile.x);
   for (int y = tile.y; y < tile.y + tile.height; ++y) {
-    const uchar* row = image.ptr<uchar>(mirrored(y, image.rows));
+    const auto* row = image.ptr<uchar>(mirrored(y, image.rows));
     const uchar* pixels = row + tile.x;
     int x = 0;
     for (; x + 4 <= inside; x += 4) {
@@ -44,7 +44,8 @@ Histogram histogramOf(const cv::Mat& image, const cv::Rect& tile) {
     }
     for (; x < tile.width; ++x) ++counts[0][row[mirrored(tile.x + x, image.cols)]];
   }
-  for (std::size_t grey = 0; grey < kGreys; ++grey) counts[0][grey] += counts[1][grey] + counts[2][grey] + counts[3][grey];
+  for (std::size_t grey = 0; grey < kGreys; ++grey)
+    counts[0][grey] += counts[1][grey] + counts[2][grey] + counts[3][grey];
   return counts[0];
 }
 
@@ -60,8 +61,9 @@ void limitContrast(Histogram& counts, int pixels) {
   for (int& count : counts) count += above / kGreys;
   const int rest = above % kGreys;
   if (rest == 0) return;
-  const int stride = kGreys / rest;
-  for (int k = 0; k < rest; ++k) ++counts[static_cast<std::size_t>(k * stride)];
+  const auto stride = static_cast<std::ptrdiff_t>(kGreys / rest);
+  int* count = counts.data();
+  for (int k = 0; k < rest; ++k, count += stride) ++*count;
 }
 
 GreyMap mapOf(const Histogram& counts, int pixels) {
@@ -166,7 +168,9 @@ void equalise(cv::Mat& image, const cv::Size& grid) {
   const std::vector<GreyMap> maps = mapsOfTiles(image, grid, tile);
   const Places rows(image.rows, tile.height), columns(image.cols, tile.width);
   const auto mapAt = [&](int i, int j) {
-    return &maps[static_cast<std::size_t>(std::clamp(j, 0, grid.height - 1) * grid.width + std::clamp(i, 0, grid.width - 1))];
+    const auto row = static_cast<std::size_t>(std::clamp(j, 0, grid.height - 1));
+    const auto column = static_cast<std::size_t>(std::clamp(i, 0, grid.width - 1));
+    return &maps[row * static_cast<std::size_t>(grid.width) + column];
   };
   FourMaps four;
   for (int top = 0, bottom; top < image.rows; top = bottom) {

@@ -44,7 +44,7 @@ struct FourSums {
   }
   std::array<double, kAtOnce> values() const {
     std::array<double, kAtOnce> result{};
-    cv::v_store(&result[0], first);
+    cv::v_store(result.data(), first);
     cv::v_store(&result[2], second);
     return result;
   }

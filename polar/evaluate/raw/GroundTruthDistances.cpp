@@ -1,18 +1,50 @@
 #include "polar/evaluate/raw/GroundTruthDistances.h"
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <opencv2/core/hal/intrin.hpp>
 
 #include "platform/Console.h"
-#include "polar/geometry/PointDistance.h"
 
 namespace {
 
-float distanceOf(const cv::Point3f& a, const cv::Point3f& b) { return static_cast<float>(lengthByDoubles(a - b)); }
+/// Where a dot was measured and where it is on the board, side by side: x of both, y of both, z of both.
+using TwoPlaces = std::array<float, 8>;
 
-cv::Point3f positionOf(const PairPointRecord& record) { return {record.x, record.y, record.z}; }
+struct TwoDistances {
+  float measured, truth;
+};
+
+/// Differences in single precision, lengths in double, then narrowed: both at once.
+TwoDistances distancesOf(const TwoPlaces& a, const TwoPlaces& b) {
+  const cv::v_float32x4 along_xy = cv::v_load(a.data()) - cv::v_load(b.data());
+  const cv::v_float32x4 along_z = cv::v_load(a.data() + 4) - cv::v_load(b.data() + 4);
+  const cv::v_float64x2 x = cv::v_cvt_f64(along_xy), y = cv::v_cvt_f64_high(along_xy), z = cv::v_cvt_f64(along_z);
+  std::array<float, 4> lengths{};
+  cv::v_store(lengths.data(), cv::v_cvt_f32(cv::v_sqrt(x * x + y * y + z * z)));
+  return {lengths[0], lengths[1]};
+}
+
+/// A dot as each row of the table needs it.
+struct ComparedPoint {
+  TwoPlaces places;
+  WrittenNumber id;
+};
+
+std::vector<ComparedPoint> comparedPoints(const std::vector<PairPointRecord>& records,
+                                          const std::vector<cv::Point3f>& truth) {
+  std::vector<ComparedPoint> points;
+  points.reserve(records.size());
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const PairPointRecord& seen = records[i];
+    points.push_back(
+        {{seen.x, truth[i].x, seen.y, truth[i].y, seen.z, truth[i].z, 0.0F, 0.0F}, WrittenNumber(seen.id)});
+  }
+  return points;
+}
 
 /// Sums in single precision, as the figures require.
 struct ErrorSums {
@@ -30,17 +62,15 @@ struct PairSums {
 };
 
 /// Compares point `i` with every other.
-ErrorSums comparePoint(const std::vector<PairPointRecord>& records, std::size_t i,
-                       const std::vector<cv::Point3f>& truth, PairSums& sums, PairDistances& distances,
-                       TableWriter& table) {
-  const PairPointRecord& record = records[i];
+ErrorSums comparePoint(const std::vector<ComparedPoint>& points, std::size_t i, PairSums& sums,
+                       PairDistances& distances, TableWriter& table) {
   ErrorSums own;
-  for (std::size_t j = 0; j < records.size(); ++j) {
+  for (std::size_t j = 0; j < points.size(); ++j) {
     if (j == i) continue;
-    const float true_distance = distanceOf(truth[i], truth[j]);
-    const float error = distanceOf(positionOf(record), positionOf(records[j])) - true_distance;
-    const float relative = error / true_distance;
-    table.row(record.id, records[j].id, error * kTableScale);
+    const auto [measured, truth] = distancesOf(points[i].places, points[j].places);
+    const float error = measured - truth;
+    const float relative = error / truth;
+    table.row(points[i].id, points[j].id, error * kTableScale);
     distances.add(error);
     own.errors += error;
     own.squares += error * error;
@@ -65,11 +95,12 @@ std::vector<float> comparePoints(PairFigures& figures, const std::vector<cv::Poi
                                  TableWriter& table) {
   std::vector<PairPointRecord>& records = figures.pairPoints;
   const auto distances = std::make_shared<PairDistances>(idsOf(records));
+  const std::vector<ComparedPoint> points = comparedPoints(records, truth);
   const std::size_t others = records.size() - 1;
   std::vector<float> means;
   means.reserve(records.size());
   for (std::size_t i = 0; i < records.size(); ++i) {
-    const ErrorSums own = comparePoint(records, i, truth, sums, *distances, table);
+    const ErrorSums own = comparePoint(points, i, sums, *distances, table);
     PairPointRecord& record = records[i];
     record.dis_rms = rootMean(own.squares, others);
     record.nor_rms = rootMean(own.relative_squares, others);
