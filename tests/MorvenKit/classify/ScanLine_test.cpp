@@ -126,3 +126,20 @@ TEST(ScanLine, RoundingOutOfTheImageIsLeftOut) {
   image.at<uchar>(10, 1) = 255;
   EXPECT_EQ(ScanLine({0, 10.5F}, {9, 1.5F}, image), 1);
 }
+
+// Far from the picture's edge no sample is looked after. Cut out one pixel around the ray, each is.
+TEST(ScanLine, IsTheSameFarFromTheEdgeAndBesideIt) {
+  cv::Mat binary(64, 64, CV_8UC1);
+  cv::RNG random(5);
+  random.fill(binary, cv::RNG::UNIFORM, 0, 2);
+  for (int k = 0; k < 2000; ++k) {
+    const cv::Point2f from(static_cast<float>(random.uniform(80, 400)) / 8,
+                           static_cast<float>(random.uniform(80, 400)) / 8);
+    const cv::Point2f to(static_cast<float>(random.uniform(10, 50)), static_cast<float>(random.uniform(10, 50)));
+    const cv::Point low(cvFloor(std::min(from.x, to.x)) - 1, cvFloor(std::min(from.y, to.y)) - 1);
+    const cv::Point high(cvCeil(std::max(from.x, to.x)) + 2, cvCeil(std::max(from.y, to.y)) + 2);
+    const cv::Point2f shift(low);
+    ASSERT_EQ(ScanLine(from, to, binary), ScanLine(from - shift, to - shift, binary(cv::Rect(low, high))))
+        << from << to;
+  }
+}

@@ -163,3 +163,30 @@ TEST(TrimOutliers, CentreIsNarrowed) {
   std::vector<cv::Point2f> upright = {{60, 100}, {40, 100}, {50, 110}, {50, 90}};
   EXPECT_EQ(trimOutliers(ellipse(50, 100 + 1e-6, 10, 10), upright), 0.0);
 }
+
+// Four points are taken at once, and those on an axis by themselves: however many there are, and wherever those stand,
+// the mean is that of each point's own residual.
+TEST(TrimOutliers, RmsIsOfEachPointsOwnResidual) {
+  const Ellipse<double> tilted = ellipse(30.25, 41.5, 9, 6, 0.7);
+  const float cosine = std::cos(0.7F), sine = std::sin(0.7F);
+  cv::RNG random(3);
+  for (std::size_t count = 1; count < 14; ++count) {
+    for (std::size_t on_axis = 0; on_axis <= count; ++on_axis) {
+      std::vector<cv::Point2f> points;
+      for (std::size_t i = 0; i < count; ++i) {
+        const double t = random.uniform(0.0, 6.28), u = 9.2 * std::cos(t), v = 6.1 * std::sin(t);
+        points.emplace_back(static_cast<float>(30.25 + u * std::cos(0.7) - v * std::sin(0.7)),
+                            static_cast<float>(41.5 + u * std::sin(0.7) + v * std::cos(0.7)));
+      }
+      if (on_axis < count) points[on_axis] = {30.25F, 41.5F};
+      float sum = 0.0F;
+      for (const cv::Point2f& point : points) {
+        const float dx = point.x - 30.25F, dy = point.y - 41.5F;
+        const float residual = radialResidual(cosine * dx + sine * dy, cosine * dy - sine * dx, 9.0F, 6.0F);
+        sum += residual * residual;
+      }
+      const float rms = std::sqrt(sum / static_cast<float>(count));
+      ASSERT_EQ(trimOutliers(tilted, points), rms > 1.0F ? -1.0 : static_cast<double>(rms)) << count << ' ' << on_axis;
+    }
+  }
+}

@@ -35,6 +35,29 @@ TEST_P(CentreGridOf, FindsWhatATrialOfAllFinds) {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, CentreGridOf, testing::Values(1, 2, 3, 4, 7, 8, 100, 1295));
 
+// Cells are laid over all centres: most of them are empty here, or hold nearly all.
+TEST(CentreGrid, FindsWhatATrialOfAllFindsWhereCentresAreNotSpread) {
+  Points line, crowd, diagonal;
+  for (int i = 0; i < 100; ++i) {
+    line.emplace_back(7.0 * i, 50.0);
+    crowd.emplace_back(0.01 * (i % 10), 0.01 * (i / 10));
+    diagonal.emplace_back(3.0 * i, 3.0 * i);
+  }
+  crowd.emplace_back(5000.0, 3000.0);
+  const Points same(9, {4.0, 5.0}), huge = {{-1e300, 0.0}, {1e300, 0.0}, {0.0, 2e300}},
+                                    beyond = {{-1.7e308, 0}, {1.7e308, 1}};
+  for (const Points& centres : {line, crowd, diagonal, same, huge, beyond}) {
+    const CentreGrid grid(centres);
+    std::mt19937 random(9);
+    std::uniform_real_distribution<double> coordinate(-100, 800);
+    for (int i = 0; i < 300; ++i) {
+      const cv::Point2d point(coordinate(random), coordinate(random));
+      ASSERT_EQ(grid.nearest(point), nearestByTrial(centres, point));
+    }
+    for (const cv::Point2d& centre : centres) ASSERT_EQ(grid.nearest(centre), nearestByTrial(centres, centre));
+  }
+}
+
 // On a lattice most points share their coordinates, and half-way points have up to four nearest centres.
 TEST(CentreGrid, LowerPositionWinsAtEqualDistance) {
   Points centres;

@@ -186,4 +186,22 @@ TEST(ZernikeEdgeRefine, OrderOfThePointsIsKept) {
   for (std::size_t i = 0; i < contour.size(); ++i) EXPECT_NEAR(edges[0][i].y, contour[i].y, 1e-9);
 }
 
+// Four points are taken at once: each gets the edge that it has alone, however many there are.
+TEST(ZernikeEdgeRefine, EachPointHasItsOwnEdge) {
+  const cv::Mat image = renderStep(kSide, 0.3, 0.4, 40, 200);
+  Contour contour;
+  for (int k = 0; k < 11; ++k) {
+    contour.emplace_back(kCentre + k % 2, 10 + k);
+    if (contour.size() < 8) continue;
+    const EdgePoints edges = ZernikeEdgeRefine(image, {contour}, 7);
+    ASSERT_EQ(edges.size(), 1U);
+    ASSERT_EQ(edges[0].size(), contour.size());
+    for (std::size_t i = 0; i < contour.size(); ++i) {
+      const EdgePoints alone = refineAt(image, contour[i]);
+      ASSERT_EQ(alone.size(), 1U);
+      EXPECT_EQ(edges[0][i], alone[0][0]) << i << " of " << contour.size();
+    }
+  }
+}
+
 }  // namespace
