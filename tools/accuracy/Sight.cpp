@@ -8,6 +8,7 @@
 #include "Tallowfen/src/RingTarget.h"
 #include "tools/accuracy/CramerRao.h"
 #include "tools/scene/BoardMarks.h"
+#include "tools/scene/CalibrationNumbers.h"
 #include "tools/scene/ImagedEllipse.h"
 #include "tools/scene/Irradiance.h"
 #include "tools/scene/Lens.h"
@@ -95,8 +96,7 @@ CalibratedCamera calibratedCamera(const scene::Camera& camera) {
   CameraCalib& numbers = calib.left;
   numbers.width = static_cast<std::uint32_t>(camera.width);
   numbers.height = static_cast<std::uint32_t>(camera.height);
-  numbers.intrinsics = {camera.fx, camera.fy, camera.cx, camera.cy};
-  std::copy(camera.lens.begin(), camera.lens.end(), numbers.intrinsics.begin() + 4);
+  numbers.intrinsics = scene::intrinsicsOf(camera);
   if (camera.model == scene::LensModel::kPoly) {
     numbers.poly_nx = static_cast<std::uint8_t>(camera.table.columns);
     numbers.poly_ny = static_cast<std::uint8_t>(camera.table.rows);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "tools/scene/CalibrationNumbers.h"
 #include "tools/scene/Lens.h"
 #include "tools/scene/PolyFit.h"
 #include "tools/scene/PresetRigs.h"
@@ -13,8 +14,7 @@ CameraCalib cameraCalibOf(const scene::Camera& camera) {
   CameraCalib calib;
   calib.width = static_cast<std::uint32_t>(camera.width);
   calib.height = static_cast<std::uint32_t>(camera.height);
-  calib.intrinsics = {camera.fx, camera.fy, camera.cx, camera.cy};
-  std::ranges::copy(camera.lens, calib.intrinsics.begin() + 4);
+  calib.intrinsics = scene::intrinsicsOf(camera);
   calib.poly_nx = static_cast<std::uint8_t>(camera.table.columns);
   calib.poly_ny = static_cast<std::uint8_t>(camera.table.rows);
   std::ranges::copy(camera.table.x, calib.poly_x.begin());

@@ -9,8 +9,7 @@ CameraNumbers cameraNumbers(const Camera& camera) {
   CameraNumbers numbers;
   numbers.height = camera.height;
   numbers.width = camera.width;
-  numbers.intrinsics = {camera.fx, camera.fy, camera.cx, camera.cy};
-  std::copy(camera.lens.begin(), camera.lens.end(), numbers.intrinsics.begin() + 4);
+  numbers.intrinsics = intrinsicsOf(camera);
   numbers.poly_nx = camera.table.columns;
   numbers.poly_ny = camera.table.rows;
   std::copy(camera.table.x.begin(), camera.table.x.end(), numbers.poly_x.begin());
@@ -19,6 +18,12 @@ CameraNumbers cameraNumbers(const Camera& camera) {
 }
 
 }  // namespace
+
+std::array<double, 12> intrinsicsOf(const Camera& camera) {
+  std::array<double, 12> numbers = {camera.fx, camera.fy, camera.cx, camera.cy};
+  std::copy_backward(camera.lens.begin(), camera.lens.end(), numbers.end());
+  return numbers;
+}
 
 CalibrationNumbers calibrationNumbers(const StereoRig& rig) {
   const Angles& a = rig.right_from_left_angles;

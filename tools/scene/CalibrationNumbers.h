@@ -11,13 +11,16 @@ namespace scene {
 struct CameraNumbers {
   int height = 0;
   int width = 0;
-  std::array<double, 12>
-      intrinsics{};  ///< Fx, Fy, Cx, Cy, K1 to K6, P1, P2. Fisheye: the four coefficients are K1 to K4.
+  /// Fx, Fy, Cx, Cy, K1 to K6, P1, P2. Fisheye: the four coefficients are K1 to K4.
+  std::array<double, 12> intrinsics{};
   int poly_nx = 0;
   int poly_ny = 0;
   std::array<float, 500> poly_x{};  ///< Ten a cell, cells row by row; zeros behind the last cell.
   std::array<float, 500> poly_y{};
 };
+
+/// Fx, Fy, Cx, Cy and the lens, as the calibration files tell them.
+std::array<double, 12> intrinsicsOf(const Camera& camera);
 
 /// A stereo calibration in plain numbers, for tests that need no file.
 struct CalibrationNumbers {
