@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <ostream>
 #include <stdexcept>
@@ -68,6 +69,17 @@ TEST(InformationExportsError, ExceptionThatPassesThroughLeavesTheText) {
 TEST(InformationExportsError, ReturnsTheBuffersAddress) {
   std::array<char, 4096> buffer{};
   EXPECT_EQ(GetPolarErrorInfo(buffer.data()), buffer.data());
+}
+
+// The caller's buffer may end there.
+TEST(InformationExportsError, WritesNothingBehindTheEndOfTheText) {
+  callWithMissingCalibration();
+  const std::string text = "Fail to read calib result file";
+  std::array<char, 40> buffer{};
+  buffer.fill('x');
+  EXPECT_EQ(GetPolarErrorInfo(buffer.data()), text);
+  EXPECT_EQ(std::string(buffer.begin() + static_cast<std::ptrdiff_t>(text.size()) + 1, buffer.end()),
+            std::string(buffer.size() - text.size() - 1, 'x'));
 }
 
 TEST(InformationExportsVersion, HasSixBytesWithItsEnd) {
