@@ -23,10 +23,16 @@ char* writeExactly(char* to, double value) {
   return std::to_chars(to, to + kLongestNumber, value, std::chars_format::general, kDigits).ptr;
 }
 
-/// Of the powers of two from 2^-14, the last one below 1e-4, on.
-constexpr std::uint64_t kLowestPower = 1023 - 14;
+/// Of a double's bits those behind the exponent, and what is added to that.
+constexpr unsigned kFractionBits = 52;
+constexpr std::uint64_t kExponentBias = 1023;
+/// 2^-14 is the last power of two below 1e-4, 2^19 the last one below 1e6.
+constexpr std::uint64_t kLowestPower = kExponentBias - 14;
+constexpr std::size_t kPowers = 14 + 19 + 1;
+
+/// The decimal exponent of each of these powers; -5 below 1e-4.
 constexpr auto kExponentOfPower = [] {
-  std::array<int, 34> exponents{};
+  std::array<int, kPowers> exponents{};
   double power = 0x1p-14;
   for (int& exponent : exponents) {
     exponent = kLowestExponent - 1;
@@ -38,7 +44,7 @@ constexpr auto kExponentOfPower = [] {
 
 /// That of the power of two below, or one more.
 int decimalExponent(double magnitude) {
-  const std::uint64_t power = std::bit_cast<std::uint64_t>(magnitude) >> 52U;
+  const std::uint64_t power = std::bit_cast<std::uint64_t>(magnitude) >> kFractionBits;
   const int exponent = kExponentOfPower[power - kLowestPower];
   return exponent +
          static_cast<int>(magnitude >= kFirstOfDecade[static_cast<std::size_t>(exponent + 1 - kLowestExponent)]);
@@ -47,7 +53,7 @@ int decimalExponent(double magnitude) {
 /// Characters in one number, the first one in its lowest byte, as they lie in memory.
 using Characters = std::uint64_t;
 static_assert(std::endian::native == std::endian::little);
-constexpr int kBits = 8;
+constexpr int kBits = 8;  ///< Of a character.
 
 /// Of each number below 100.
 constexpr auto kTwoDigits = [] {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <ostream>
 #include <string_view>
+#include <tuple>
 
 #include "polar/results/SixDigits.h"
 
@@ -19,6 +20,7 @@ struct WrittenNumber {
 
   std::array<char, 16> text{};  ///< Copied as a whole, which is faster than as much as it has.
   std::size_t size;
+  static_assert(std::tuple_size_v<decltype(text)> <= kLongestNumber);
 };
 
 /// Writes the comma-separated rows of large tables: the same characters as the classic stream's operators in their

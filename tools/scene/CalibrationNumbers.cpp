@@ -20,7 +20,9 @@ CameraNumbers cameraNumbers(const Camera& camera) {
 }  // namespace
 
 std::array<double, 12> intrinsicsOf(const Camera& camera) {
+  constexpr std::size_t kPinholeNumbers = 4;
   std::array<double, 12> numbers = {camera.fx, camera.fy, camera.cx, camera.cy};
+  static_assert(kPinholeNumbers + std::tuple_size_v<decltype(camera.lens)> == numbers.size());
   std::copy_backward(camera.lens.begin(), camera.lens.end(), numbers.end());
   return numbers;
 }

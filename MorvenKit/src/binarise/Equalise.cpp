@@ -49,8 +49,8 @@ Histogram histogramOf(const cv::Mat& image, const cv::Rect& tile) {
   return counts[0];
 }
 
-/// No grey counts more than its share of the tile, the lowest limit there is: an even ground must not be stretched into
-/// noise. What is above is dealt out to all, the rest of it evenly.
+/// Cuts off what a grey counts above its even share of the tile, the lowest limit there is: an even ground must not be
+/// stretched into noise. What was cut off is dealt out to all greys, the rest of it to every so many.
 void limitContrast(Histogram& counts, int pixels) {
   const int limit = std::max(pixels / kGreys, 1);
   int above = 0;
@@ -91,19 +91,18 @@ std::vector<GreyMap> mapsOfTiles(const cv::Mat& image, const cv::Size& grid, con
   return maps;
 }
 
-/// Where the rows or columns lie between the middles of the tiles. The tiles beside the first and the last middle are
-/// the outermost ones on both sides.
+/// Where the rows or columns of the picture lie between the middles of the tiles.
 struct Places {
-  std::vector<int> before;         ///< The tile whose middle comes before, -1 for none.
-  std::vector<float> away, still;  ///< How far that is gone by and how far it is to the next, in tiles.
+  std::vector<int> before;           ///< The tile whose middle comes before, -1 for none.
+  std::vector<float> behind, ahead;  ///< How far back that is, and how far ahead the next one, in tiles.
 
   Places(int size, int tile) {
     const float per_tile = 1.0F / static_cast<float>(tile);
     for (int k = 0; k < size; ++k) {
       const float place = static_cast<float>(k) * per_tile - 0.5F;
       before.push_back(cvFloor(place));
-      away.push_back(place - static_cast<float>(before.back()));
-      still.push_back(1.0F - away.back());
+      behind.push_back(place - static_cast<float>(before.back()));
+      ahead.push_back(1.0F - behind.back());
     }
   }
   /// The end of a run of places between the same middles.
@@ -126,8 +125,8 @@ void interleave(const std::array<const GreyMap*, 4>& maps, FourMaps& four) {
 /// Maps the pixels of one row between four middles.
 class RowBetween {
  public:
-  RowBetween(const FourMaps& maps, const Places& columns, float away, float still)
-      : maps_(maps), columns_(columns), away_(away), still_(still) {}
+  RowBetween(const FourMaps& maps, const Places& columns, float behind, float ahead)
+      : maps_(maps), columns_(columns), behind_(behind), ahead_(ahead) {}
 
   void map(uchar* row, int begin, int end) const {
     int x = begin;
@@ -143,22 +142,23 @@ class RowBetween {
     cv::v_float32x4 above_before, above_behind, below_before, below_behind;
     cv::v_transpose4x4(cv::v_load(mapped(row[x])), cv::v_load(mapped(row[x + 1])), cv::v_load(mapped(row[x + 2])),
                        cv::v_load(mapped(row[x + 3])), above_before, above_behind, below_before, below_behind);
-    const cv::v_float32x4 away = cv::v_load(&columns_.away[static_cast<std::size_t>(x)]);
-    const cv::v_float32x4 still = cv::v_load(&columns_.still[static_cast<std::size_t>(x)]);
-    return cv::v_round((above_before * still + above_behind * away) * cv::v_setall_f32(still_) +
-                       (below_before * still + below_behind * away) * cv::v_setall_f32(away_));
+    const cv::v_float32x4 behind = cv::v_load(&columns_.behind[static_cast<std::size_t>(x)]);
+    const cv::v_float32x4 ahead = cv::v_load(&columns_.ahead[static_cast<std::size_t>(x)]);
+    return cv::v_round((above_before * ahead + above_behind * behind) * cv::v_setall_f32(ahead_) +
+                       (below_before * ahead + below_behind * behind) * cv::v_setall_f32(behind_));
   }
 
   uchar oneAt(const uchar* row, int x) const {
     const float* four = mapped(row[x]);
-    const float away = columns_.away[static_cast<std::size_t>(x)], still = columns_.still[static_cast<std::size_t>(x)];
-    return cv::saturate_cast<uchar>((four[0] * still + four[1] * away) * still_ +
-                                    (four[2] * still + four[3] * away) * away_);
+    const float behind = columns_.behind[static_cast<std::size_t>(x)],
+                ahead = columns_.ahead[static_cast<std::size_t>(x)];
+    return cv::saturate_cast<uchar>((four[0] * ahead + four[1] * behind) * ahead_ +
+                                    (four[2] * ahead + four[3] * behind) * behind_);
   }
 
   const FourMaps& maps_;
   const Places& columns_;
-  float away_, still_;
+  float behind_, ahead_;
 };
 
 }  // namespace
@@ -172,7 +172,7 @@ void equalise(cv::Mat& image, const cv::Size& grid) {
     const auto column = static_cast<std::size_t>(std::clamp(i, 0, grid.width - 1));
     return &maps[row * static_cast<std::size_t>(grid.width) + column];
   };
-  FourMaps four;
+  FourMaps four;  // Before the first middle and behind the last one, the outermost tile stands for its neighbour.
   for (int top = 0, bottom; top < image.rows; top = bottom) {
     bottom = rows.endOfRun(top);
     const int j = rows.before[static_cast<std::size_t>(top)];
@@ -182,7 +182,7 @@ void equalise(cv::Mat& image, const cv::Size& grid) {
       interleave({mapAt(i, j), mapAt(i + 1, j), mapAt(i, j + 1), mapAt(i + 1, j + 1)}, four);
       for (int y = top; y < bottom; ++y) {
         const auto row = static_cast<std::size_t>(y);
-        RowBetween(four, columns, rows.away[row], rows.still[row]).map(image.ptr<uchar>(y), left, right);
+        RowBetween(four, columns, rows.behind[row], rows.ahead[row]).map(image.ptr<uchar>(y), left, right);
       }
     }
   }

@@ -53,7 +53,7 @@ class ContourWalk {
     if (!in_.tree.holds(index)) return;
     const cv::Rect area = cv::Rect({}, in_.grey.size()) & cv::Rect({}, in_.binary.size());
     for (const cv::Point& point : in_.tree.points(index)) {
-      if (!area.contains(point)) continue;
+      if (!area.contains(point)) continue;  // An outline of another picture.
       __builtin_prefetch(in_.grey.ptr<uchar>(point.y) + point.x);
       __builtin_prefetch(in_.binary.ptr<uchar>(point.y) + point.x);
     }

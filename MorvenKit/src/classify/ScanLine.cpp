@@ -30,7 +30,8 @@ class TransitionCounter {
   int changes_ = 0;  ///< The first pixel, which has none before it, counts as one.
 };
 
-// Pixels. The samples stray from the straight line by rounding: of the first place along the ray, and of each across.
+// Pixels. By rounding, a sample is at most half a pixel before the ray's beginning, where the ray's straight line is at
+// most half a pixel aside, and half a pixel off that line: one in all, and one more to be sure.
 constexpr float kStray = 2.0F;
 
 bool isOnPicture(const cv::Point2f& point, const cv::Mat& image, float margin = 0.0F) {
@@ -60,7 +61,7 @@ void walkRay(const AxisPoint& from, const AxisPoint& to, AddPixel addPixel) {
 
 template <bool kAllInside>
 int countTransitions(const cv::Point2f& from, const cv::Point2f& to, const cv::Mat& binary) {
-  // By index, as the axes come in no order that could be foretold: 0 is x, 1 is y.
+  // The axes by index, 0 is x and 1 is y, instead of by a branch: which one a ray follows cannot be foretold.
   const std::array<float, 2> begin = {from.x, from.y}, end = {to.x, to.y};
   const std::array<int, 2> size = {binary.cols, binary.rows};
   const std::array<std::ptrdiff_t, 2> step = {1, static_cast<std::ptrdiff_t>(binary.step[0])};

@@ -9,8 +9,8 @@ namespace kestrune::morvenkit {
 
 namespace {
 
-/// Steps to the neighbours: the first that qualifies counts, so the order matters. The last is none.
 constexpr std::size_t kNeighbours = 4;
+/// Steps to the neighbours: the first that qualifies counts, so the order matters. The last is none.
 constexpr std::array<float, kNeighbours + 1> kStepsX = {1, -1, 0, 0, 0}, kStepsY = {0, 0, 1, -1, 0};
 
 bool isInside(const cv::Point& point, const cv::Mat& image) {
@@ -56,7 +56,7 @@ cv::Point2f refine(const cv::Point& point, int value, int level, const Neighbour
   const unsigned beyond = brighter ^ bitsIf(value >= level);
   const unsigned qualified = beyond & neighbours.present & bitsIf(value != level);
   const auto k = static_cast<std::size_t>(std::countr_zero(qualified | 1U << kNeighbours));
-  // For no neighbour, anything else than the value.
+  // For no neighbour anything else than the value, so that nothing is divided by 0.
   const std::array<int, kNeighbours + 1> others = {neighbours.greys[0], neighbours.greys[1], neighbours.greys[2],
                                                    neighbours.greys[3], value + 1};
   const float t = static_cast<float>(value - level) / static_cast<float>(value - others[k]);

@@ -36,7 +36,7 @@ std::array<double, 2> valuesOf(const Two& pair) {
   return values;
 }
 
-/// Sums of the factors times what the sum shall be.
+/// The right side of the equations: sums of each factor times what its point shall give.
 struct Moment {
   Two squares = cv::v_setzero_f64();  ///< Of u v and v^2.
   Two linear = cv::v_setzero_f64();   ///< Of u and v.

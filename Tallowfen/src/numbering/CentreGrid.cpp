@@ -9,10 +9,15 @@ namespace kestrune {
 
 namespace {
 
-// With fewer, most of the cells looked at are empty, with more, most of the dots are in vain.
+// With fewer, most of the cells looked at are empty; with more, most of the dots are looked at in vain.
 constexpr double kDotsOfACell = 2.0;
-// The cells' edges are rounded; what is so little farther away is looked at, too.
+// The cells' edges are rounded to some 1e-16 of their coordinates, and the nearest edge not looked beyond is a side
+// away at least: what is so little farther is looked at, too, which is enough for coordinates of up to a million sides.
 constexpr double kSurelyBeyond = 1.0 - 1e-9;
+// Sides of all the cells. Beyond, roundings would tell in which cell a dot lies.
+constexpr double kMostSides = 1e6;
+// As many as the two bounds of the side leave, for centres that have an extent in both directions or in one.
+constexpr double kMostCellsOfADot = 4.0;
 
 bool isFinite(const cv::Point2d& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
@@ -48,7 +53,8 @@ CentreGrid::CentreGrid(const std::vector<cv::Point2d>& centres) {
   entries_ = std::move(sorted);
 }
 
-/// Square cells over all centres, a few to a cell; one cell where they have no extent, or too large a one.
+/// Square cells over all centres, a few to a cell, of a line of centres one each. A single cell where they have no
+/// extent, or one that is out of proportion.
 void CentreGrid::layOut() {
   cv::Point2d low = entries_.front().centre, high = low;
   for (const Entry& entry : entries_) {
@@ -60,7 +66,9 @@ void CentreGrid::layOut() {
   const auto count = static_cast<double>(entries_.size());
   const double side =
       std::max(std::sqrt(extent.x * extent.y * kDotsOfACell / count), std::max(extent.x, extent.y) / count);
-  if (!(side > 0.0) || !std::isfinite(extent.x / side) || !std::isfinite(extent.y / side)) return;
+  const double farthest = std::max({std::abs(low.x), std::abs(low.y), std::abs(high.x), std::abs(high.y)});
+  const double cells = (extent.x / side + 1.0) * (extent.y / side + 1.0);
+  if (!std::isfinite(side) || !(farthest <= kMostSides * side) || !(cells <= kMostCellsOfADot * count + 1.0)) return;
   side_ = side;
   cells_ = {static_cast<int>(extent.x / side) + 1, static_cast<int>(extent.y / side) + 1};
 }
@@ -68,7 +76,9 @@ void CentreGrid::layOut() {
 /// The nearest one for a point outside of all.
 cv::Point CentreGrid::cellOf(const cv::Point2d& point) const {
   const auto place = [this](double along, int cells) {
-    return static_cast<int>(std::clamp(along / side_, 0.0, static_cast<double>(cells - 1)));
+    const double sides = along / side_;
+    if (!(sides > 0.0)) return 0;
+    return sides < cells - 1 ? static_cast<int>(sides) : cells - 1;
   };
   return {place(point.x - origin_.x, cells_.width), place(point.y - origin_.y, cells_.height)};
 }

@@ -10,8 +10,14 @@ namespace {
 constexpr std::array<std::int32_t, kDirections> kColumnSteps = {1, 1, 0, -1, -1, -1, 0, 1};
 constexpr std::array<std::int32_t, kDirections> kRowSteps = {0, 1, 1, 1, 0, -1, -1, -1};
 
-/// By rows, then by columns, each from -1 to 1; there is none without a step.
-constexpr std::array<std::int32_t, 9> kDirectionOfStep = {5, 6, 7, 4, -1, 0, 3, 2, 1};
+/// The same by row steps, then by column steps, each from -1 to 1; -1 where there is no step.
+constexpr auto kDirectionOfStep = [] {
+  std::array<std::int32_t, 9> directions{};
+  directions.fill(-1);
+  for (std::size_t d = 0; d < kDirections; ++d)
+    directions[static_cast<std::size_t>(3 * (kRowSteps[d] + 1) + kColumnSteps[d] + 1)] = static_cast<std::int32_t>(d);
+  return directions;
+}();
 
 /// The same index as containers take it.
 std::size_t slot(std::int32_t index) { return static_cast<std::size_t>(index); }

@@ -20,10 +20,9 @@ struct GridPlace {
   bool operator==(const GridPlace&) const = default;
 };
 
-/// For tables of places. Neighbours are well apart.
+/// For tables of places: another number for each place of a board of up to 4096 columns.
 struct GridPlaceHash {
   std::size_t operator()(const GridPlace& place) const {
-    // A row of a table, of which few boards have as many columns.
     constexpr std::size_t kColumns = 1U << 12U;
     return static_cast<std::size_t>(place.row) * kColumns + static_cast<std::size_t>(place.column) +
            static_cast<std::size_t>(place.layer) * kColumns * kColumns;

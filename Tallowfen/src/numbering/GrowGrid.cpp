@@ -101,7 +101,7 @@ void collect(const GridMesh& mesh, const std::vector<Ellipse>& all, std::int32_t
   result.identified_ellipses.clear();
   result.unidentified_ellipses.clear();
   result.identified_ellipses.reserve(all.size());
-  result.points.reserve(all.size());
+  result.points.reserve(result.points.size() + all.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
     const GridPlace& place = mesh.nodes()[i].place;
     if (place.layer < 0) {

@@ -51,8 +51,8 @@ std::optional<double> dotRoundness(const Points& points, double area) {
   return roundness;
 }
 
-// The points' own outline over that around them. Where an ellipse around all of them is hardly larger, so is that hull:
-// it need not be formed then.
+// Whether the outline fills enough of its convex hull. Where an ellipse around all points is hardly larger than the
+// outline, neither is the hull, which lies between the two: it need not be formed then.
 bool isConvex(const Points& points, double area, double area_around) {
   if (area > kSurelyConvex * area_around) return true;
   Points hull;

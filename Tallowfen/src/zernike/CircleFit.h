@@ -15,8 +15,8 @@ bool hasDotSize(const cv::Size2f& size);
 /// How points lie about an ellipse.
 struct Misfit {
   double residual;     ///< Root mean square error of the ellipse's equation, without a unit.
-  double area_around;  ///< Of the ellipse of the same centre and shape that holds all points, square pixels; infinite
-                       ///< where the residual is no finite number.
+  double area_around;  ///< Of an ellipse that surely holds all points, square pixels; infinite where the residual is no
+                       ///< finite number.
 };
 
 /// Meant: the width goes with the rotated y and the height with x.

@@ -11,7 +11,8 @@
 
 namespace {
 
-/// Where a dot was measured and where it is on the board, side by side: x of both, y of both, z of both.
+/// Where a dot was measured and where it is on the board, side by side: x of both, y of both, z of both, and two zeros
+/// that make it two loads.
 using TwoPlaces = std::array<float, 8>;
 
 struct TwoDistances {

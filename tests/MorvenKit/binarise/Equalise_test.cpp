@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <opencv2/imgproc.hpp>
+#include <string>
 
 using kestrune::morvenkit::equalise;
 

@@ -53,7 +53,12 @@ INSTANTIATE_TEST_SUITE_P(
                     OutlineCase{"TheSameTheOtherWay", {{4, 5}, {5, 5}, {5, 4}, {4, 4}}, 1.0, 4.0},
                     OutlineCase{
                         "ADiamond", {{1, 0}, {2, 1}, {1, 2}, {0, 1}}, 2.0, 4.0 * static_cast<double>(std::sqrt(2.0F))},
-                    OutlineCase{"LongSides", {{0, 0}, {30, 0}, {30, 40}}, 600.0, 120.0}),
+                    OutlineCase{"LongSides", {{0, 0}, {30, 0}, {30, 40}}, 600.0, 120.0},
+                    OutlineCase{"LongSidesAndAShortOne",
+                                {{0, 0}, {30, 0}, {30, 40}, {29, 40}},
+                                620.0,
+                                71.0 + static_cast<double>(std::sqrt(2441.0F))},
+                    OutlineCase{"StepsOfTwo", {{0, 0}, {2, 0}, {2, 2}, {0, 2}}, 4.0, 8.0}),
     [](const auto& entry) { return entry.param.name; });
 
 TEST(OutlineMeasures, AreThoseOfOpenCvToTheLastBit) {

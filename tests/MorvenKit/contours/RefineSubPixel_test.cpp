@@ -79,6 +79,16 @@ TEST(RefineSubPixel, NeighboursOutsideAreNotAsked) {
   EXPECT_EQ(RefineSubPixel({{0, 0}, {2, 0}}, image), (Points{{0, 0}, {2, 0.5F}}));
 }
 
+// Beside the part lies another grey, behind a row's end the next row: neither is a neighbour.
+TEST(RefineSubPixel, NeighboursOutsideAPartAreNotAsked) {
+  cv::Mat picture(9, 9, CV_8UC1, cv::Scalar(255));
+  cv::Mat part = picture(cv::Rect(3, 3, 3, 3));
+  part.setTo(100);
+  part.at<uchar>(0, 2) = 80;
+  part.at<uchar>(2, 0) = 80;
+  EXPECT_EQ(RefineSubPixel({{0, 0}, {2, 0}, {0, 2}}, part), (Points{{0, 0}, {2, 0}, {0, 2}}));
+}
+
 TEST(RefineSubPixel, FirstPointNeverMoves) {
   const cv::Mat image = cross(80, 255, 255, 255, 255);
   EXPECT_EQ(RefineSubPixel({{2, 2}}, image), (Points{{2, 2}}));

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
+#include <opencv2/core.hpp>
+#include <vector>
 
 using namespace kestrune::morvenkit;
 
@@ -162,6 +165,13 @@ TEST(TrimOutliers, CentreIsNarrowed) {
   EXPECT_EQ(trimOutliers(ellipse(100 + 1e-6, 50, 10, 10), points), 0.0);
   std::vector<cv::Point2f> upright = {{60, 100}, {40, 100}, {50, 110}, {50, 90}};
   EXPECT_EQ(trimOutliers(ellipse(50, 100 + 1e-6, 10, 10), upright), 0.0);
+}
+
+// Along an axis the distance is a difference; by the formula for all others this one were a bit more.
+TEST(TrimOutliers, PointsOnEitherAxisAmongOthersHaveTheirOwnResidual) {
+  std::vector<cv::Point2f> on_x(4, {55.5F, 100.0F}), on_y(4, {50.0F, 103.71F});
+  EXPECT_EQ(trimOutliers(ellipse(50, 100, 5, 3.21), on_x), 0.5);
+  EXPECT_EQ(trimOutliers(ellipse(50, 100, 5, 3.21), on_y), static_cast<double>(103.71F - 100.0F - 3.21F));
 }
 
 // Four points are taken at once, and those on an axis by themselves: however many there are, and wherever those stand,

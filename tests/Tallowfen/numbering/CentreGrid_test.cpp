@@ -58,6 +58,23 @@ TEST(CentreGrid, FindsWhatATrialOfAllFindsWhereCentresAreNotSpread) {
   }
 }
 
+// The cell is that of (9, 3), and the nearest one in the cells around it is as far as the next cells' edge.
+TEST(CentreGrid, ADotOnACellsEdgeIsNotTakenForFarther) {
+  Points centres;
+  for (const int x : {15, 13, 14, 4, 7, 0, 12, 9, 16, 8, 9, 12, 1, 16, 0, 10, 3, 14, 6, 13}) centres.emplace_back(x, 3);
+  EXPECT_EQ(CentreGrid(centres).nearest({11, 3}), 6U);
+}
+
+// Products and quotients of such extents are infinite, or 0.
+TEST(CentreGrid, ExtentsOutOfProportionAreOneCell) {
+  EXPECT_EQ(CentreGrid({{-1.7e308, 0}, {0, 1e10}}).nearest({1.7e308, 0}), 0U);
+  EXPECT_EQ(CentreGrid({{-1.7e308, 0}, {1.7e308, 1}}).nearest({1e308, 0}), 0U) << "both are too far for a number";
+  Points close;
+  for (int i = 0; i < 50000; ++i) close.emplace_back(1e-205 * i, 1e-205 * (49999 - i));
+  EXPECT_EQ(CentreGrid(close).nearest({0, 0}), 0U);
+  EXPECT_EQ(CentreGrid({{1e15, 1e15}, {1e15 + 1, 1e15}, {1e15 + 3, 1e15 + 2}}).nearest({1e15 + 2, 1e15}), 1U);
+}
+
 // On a lattice most points share their coordinates, and half-way points have up to four nearest centres.
 TEST(CentreGrid, LowerPositionWinsAtEqualDistance) {
   Points centres;

@@ -123,6 +123,21 @@ TEST(GridMesh, NodeThatIsNoNeighbourClosesNothing) {
   EXPECT_FALSE(mesh.takeOpenEdge());
 }
 
+// The edge goes up from (6, 7).
+TEST(GridMesh, ANodeFartherAwayOnAnotherLayerOrAtTheSamePlaceClosesNothing) {
+  for (const GridPlace& place : {GridPlace{0, 6, 9}, GridPlace{0, 6, 5}, GridPlace{0, 8, 7}, GridPlace{0, 4, 7},
+                                 GridPlace{0, 8, 6}, GridPlace{1, 7, 7}, GridPlace{0, 6, 7}}) {
+    GridMesh mesh = plantedMesh();
+    const GridMesh::EdgeId edge = *mesh.takeOpenEdge();
+    ASSERT_EQ(mesh.nodes()[static_cast<std::size_t>(edge.node)].place, (GridPlace{0, 6, 7}));
+    mesh.number(9, place);
+    mesh.closeTriangle(edge, 9);
+    EXPECT_TRUE(mesh.nodes()[2].edges[6].isOpen()) << place.layer << ' ' << place.column << ' ' << place.row;
+    for (int i = 0; i < 7; ++i) EXPECT_TRUE(mesh.takeOpenEdge());
+    EXPECT_FALSE(mesh.takeOpenEdge());
+  }
+}
+
 TEST(GridMesh, IncompleteMeshPredictsNothing) {
   GridMesh mesh = plantedMesh();
   // The twins of the rim's edges are closed, the rim's edges themselves are not: seen from behind there is nothing to

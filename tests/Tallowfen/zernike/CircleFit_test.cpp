@@ -181,6 +181,21 @@ TEST(CircleFit, CavedOrNotIsDecidedByTheHull) {
   EXPECT_GT(refused, 50);
 }
 
+// Eight wide dents to three tenths of the radius: 0.847 of the hull, and 0.77 of the ellipse around, the most that a
+// refused outline was found to fill.
+TEST(CircleFit, WideDentsAreDecidedByTheHullToo) {
+  Points points;
+  for (int i = 0; i < 360; ++i) {
+    const double t = 2 * CV_PI * i / 360, u = std::remainder(t, CV_PI / 4) / 0.376;
+    const double r = 30 * (1 - 0.3 * std::exp(-u * u));
+    points.emplace_back(static_cast<float>(100 + r * std::cos(t)), static_cast<float>(100 + r * std::sin(t)));
+  }
+  Points hull;
+  cv::convexHull(points, hull);
+  ASSERT_NEAR(cv::contourArea(points) / cv::contourArea(hull), 0.847, 0.002);
+  EXPECT_FALSE(fitCircle(points));
+}
+
 TEST(CircleFit, LineOfPointsIsNoDot) {
   Points line;
   for (int i = 0; i < 40; ++i) line.emplace_back(static_cast<float>(i), 0.5F * static_cast<float>(i));

@@ -204,4 +204,12 @@ TEST(ZernikeEdgeRefine, EachPointHasItsOwnEdge) {
   }
 }
 
+TEST(ZernikeEdgeRefine, APartOfAWiderPictureIsAPicture) {
+  const cv::Mat image = renderStep(kSide, 0.3, 0.4, 40, 200);
+  cv::Mat wider(kSide + 5, kSide + 9, CV_8UC1, cv::Scalar(77));
+  cv::Mat part = wider(cv::Rect(4, 2, kSide, kSide));
+  image.copyTo(part);
+  EXPECT_EQ(refineAt(part, {kCentre, kCentre}), refineAt(image, {kCentre, kCentre}));
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <locale>
@@ -62,6 +63,23 @@ TEST(TableWriter, RandomFloatsReadAsTheStreamsOwn) {
 TEST(TableWriter, LongTextGoesThroughWhole) {
   const std::string text(100000, 'x');
   EXPECT_EQ(written(text), text + "\n");
+}
+
+// The writer's own buffer has 16384 bytes: what comes at its very end must not get lost, nor written behind it.
+TEST(TableWriter, ARowsEndFitsBehindAFullBuffer) {
+  for (const std::size_t size : {16382U, 16383U, 16384U, 16385U, 32768U}) {
+    const std::string text(size, 'x');
+    EXPECT_EQ(written(text), text + "\n");
+    EXPECT_EQ(written(text, "y"), text + ",y\n");
+    EXPECT_EQ(written(text, WrittenNumber(-17)), text + ",-17\n");
+  }
+}
+
+TEST(TableWriter, WrittenNumbersReadAsTheStreamsOwn) {
+  for (const std::int32_t value : {0, 7, -1, 5182, 1234567890, std::numeric_limits<std::int32_t>::max(),
+                                   std::numeric_limits<std::int32_t>::min()}) {
+    EXPECT_EQ(written(WrittenNumber(value), "x"), streamed(value) + ",x\n");
+  }
 }
 
 TEST(TableWriter, FailedStreamTakesNothing) {
