@@ -14,8 +14,10 @@ constexpr std::array<std::int32_t, kDirections> kRowSteps = {0, 1, 1, 1, 0, -1, 
 constexpr auto kDirectionOfStep = [] {
   std::array<std::int32_t, 9> directions{};
   directions.fill(-1);
-  for (std::size_t d = 0; d < kDirections; ++d)
-    directions[static_cast<std::size_t>(3 * (kRowSteps[d] + 1) + kColumnSteps[d] + 1)] = static_cast<std::int32_t>(d);
+  for (std::size_t d = 0; d < kDirections; ++d) {
+    const std::int32_t step = 3 * (kRowSteps[d] + 1) + kColumnSteps[d] + 1;
+    directions[static_cast<std::size_t>(step)] = static_cast<std::int32_t>(d);
+  }
   return directions;
 }();
 
