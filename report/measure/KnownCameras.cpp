@@ -39,13 +39,14 @@ bool canBeRectified(const StereoCalibParams& calib) {
 std::optional<KnownCameras> knownCameras(const Json& document) {
   const Json& told = document["cameras"];
   const std::optional<LensModel> model = toldModel(told);
-  if (!model || !told["extrinsics"].is_object()) return std::nullopt;
+  const auto extrinsics = told.find("extrinsics");
+  if (!model || extrinsics == told.end() || !extrinsics->is_object()) return std::nullopt;
   KnownCameras cameras{*model, {}};
   cameras.calib.left = toldCamera(told["left"]);
   cameras.calib.right = toldCamera(told["right"]);
   std::size_t place = 0;
   for (const char* key : {"rx", "ry", "rz", "tx", "ty", "tz"})
-    cameras.calib.extrinsics.at(place++) = numberOf(told["extrinsics"][key]);
+    cameras.calib.extrinsics.at(place++) = numberOf((*extrinsics)[key]);
   return canBeRectified(cameras.calib) ? std::optional(cameras) : std::nullopt;
 }
 

@@ -87,10 +87,11 @@ PairCheck pairOf(const Json& json) {
   pair.index = json["index"].get<std::size_t>();
   pair.finished = json["state"] == "finished";
   pair.uncertainty = uncertaintyOf(json);
-  if (json["reason"].is_object()) {
-    const double code = numberAt(json["reason"], "code");
+  const auto reason = json.find("reason");
+  if (reason != json.end() && reason->is_object()) {
+    const double code = numberAt(*reason, "code");
     if (std::abs(code) <= INT32_MAX) pair.reason.code = static_cast<std::int32_t>(code);
-    pair.reason.side = json["reason"]["side"].get<std::string>();
+    pair.reason.side = (*reason)["side"].get<std::string>();
   }
   const auto refined = json.find("refined");
   if (refined != json.end() && refined->is_object()) pair.refined.emplace().uncertainty = uncertaintyOf(*refined);

@@ -74,6 +74,23 @@ inline polarline::Check check() {
 
 inline polarline::Json json(const polarline::Check& check) { return polarline::Json::parse(toJson(check)); }
 
+/// With everything that a document may have.
+inline polarline::Json fullDocument() {
+  polarline::Check check = made_document::check();
+  check.inputs = {{"target", "set/target.ini", std::string(64, 'a')}};
+  check.pairs.push_back(hand_made::givenUp(pair(1, 0.1)));
+  check.pairs[0] = hand_made::refined(check.pairs[0], {0.05}, {});
+  check.pairs[0].uncertainty = {{"dy_means", 0.1, 0.0, 0.2}};
+  check.pairs[0].refined->uncertainty = {{"dy_means", 0.01, 0.03, 0.07}};
+  check.pairs[0].quality.emplace();
+  check.diagnosis.emplace();
+  check.diagnosis->causes = {{"k1", 0.1, 0.01, "", 0.5, "text", 0}};
+  check.correction = {"corrected.json", 0.1, 0.2};
+  check.refined_summary = {summary("dy_means", 0.05, 0.001)};
+  check.warnings = {{"unknown_key", "text", "advice", 1}};
+  return json(check);
+}
+
 inline polarline::ReadCheck read(const polarline::Check& check) { return polarline::readCheck({toJson(check), ""}); }
 
 using Pictures = polarline::PairPictures(std::size_t place);

@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+#include <vector>
+
 #include "MadeDocument.h"
 #include "polarline/errors.h"
 #include "support/CopiedSet.h"
@@ -63,6 +67,56 @@ TEST(ReportPage, TakesNoTextForMarkup) {
     EXPECT_EQ(count(page, markup), count(honest, markup)) << markup;
   EXPECT_EQ(dataOf(page)["checks"][0]["title"], hostile);
   EXPECT_EQ(dataOf(page)["checks"][0]["document"]["limits"][0]["text"], hostile);
+}
+
+/// The place of every value of a document; of a list, its first two stand for all.
+std::vector<Json::json_pointer> placesIn(const Json& json, const Json::json_pointer& at = Json::json_pointer()) {
+  std::vector<Json::json_pointer> places;
+  for (const auto& [key, each] : json.items()) {
+    if (json.is_array() && std::stoul(key) > 1) break;
+    const Json::json_pointer place = json.is_array() ? at / std::stoul(key) : at / key;
+    places.push_back(place);
+    if (!each.is_structured()) continue;
+    const auto within = placesIn(each, place);
+    places.insert(places.end(), within.begin(), within.end());
+  }
+  return places;
+}
+
+/// Whether a page came of it; anything but a refusal that says why ends the test.
+bool isTaken(const Json& document) {
+  try {
+    return !reportPage({{document.dump(), ""}}).empty();
+  } catch (const InputError&) {
+    return false;
+  }
+}
+
+TEST(ReportDocument, WithAnyOneValueLessOrOtherIsTakenOrRefused) {
+  const Json whole = made_document::fullDocument();
+  std::set<std::string> can_be_left_out;
+  const auto places = placesIn(whole);
+  ASSERT_GT(places.size(), 200U);
+  for (const auto& place : places) {
+    SCOPED_TRACE(place.to_string());
+    Json document = whole;
+    Json& parent = document[place.parent_pointer()];
+    if (parent.is_array())
+      parent.erase(std::stoul(place.back()));
+    else
+      parent.erase(place.back());
+    if (isTaken(document)) can_be_left_out.insert(place.to_string());
+    for (const char* other : {"null", "-1", "1e308", "\"\"", "[]", "{}"}) {
+      document = whole;
+      document[place] = Json::parse(other);
+      isTaken(document);
+    }
+  }
+  EXPECT_THAT(can_be_left_out,
+              ::testing::IsSupersetOf({"/cameras/extrinsics", "/diagnosis", "/diagnosis/correction", "/pairs/0/found",
+                                       "/pairs/0/quality", "/pairs/0/refined", "/pairs/0/uncertainty",
+                                       "/pairs/1/reason", "/summary/refined", "/warnings/0/pair"}));
+  EXPECT_EQ(can_be_left_out.count("/schema") + can_be_left_out.count("/pairs/0/state"), 0U);
 }
 
 TEST(ReportTitles, AreDifferent) {

@@ -10,25 +10,8 @@
 namespace polarline {
 namespace {
 
-/// With everything that a document may have.
-Json fullDocument() {
-  Check check = made_document::check();
-  check.inputs = {{"target", "set/target.ini", std::string(64, 'a')}};
-  check.pairs.push_back(hand_made::givenUp(made_document::pair(1, 0.1)));
-  check.pairs[0] = hand_made::refined(check.pairs[0], {0.05}, {});
-  check.pairs[0].uncertainty = {{"dy_means", 0.1, 0.0, 0.2}};
-  check.pairs[0].refined->uncertainty = {{"dy_means", 0.01, 0.03, 0.07}};
-  check.pairs[0].quality.emplace();
-  check.diagnosis.emplace();
-  check.diagnosis->causes = {{"k1", 0.1, 0.01, "", 0.5, "text", 0}};
-  check.correction = {"corrected.json", 0.1, 0.2};
-  check.refined_summary = {made_document::summary("dy_means", 0.05, 0.001)};
-  check.warnings = {{"unknown_key", "text", "advice", 1}};
-  return made_document::json(check);
-}
-
 TEST(DemandCheckOf, TakesADocument) {
-  const Json document = fullDocument();
+  const Json document = made_document::fullDocument();
   EXPECT_NO_THROW(demandCheck(Place(document, "r.json")));
 }
 
@@ -36,7 +19,7 @@ class DemandCheckSpoiled : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(DemandCheckSpoiled, IsRefusedWithItsKey) {
   const nlohmann::json_pointer<std::string> place(GetParam());
-  Json document = fullDocument();
+  Json document = made_document::fullDocument();
   ASSERT_TRUE(document.contains(place));
   document[place] = Json::parse(R"({"odd": [true]})");
   try {
