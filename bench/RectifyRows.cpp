@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <array>
 #include <opencv2/calib3d.hpp>
 #include <opencv2/imgproc.hpp>
 #include <optional>
@@ -21,14 +22,16 @@ class OpenCvRectification {
     cv::Rodrigues(cv::Vec3d(0.003, -0.007, 0.002), R_);
   }
 
+  /// Into new memory, as the run does it: the first touch of it is a good part of the time.
   void buildMaps() {
-    for (Maps* maps : {&left_, &right_})
-      cv::initUndistortRectifyMap(K_, D_, R_, K_, size_, CV_32FC1, maps->columns, maps->rows);
+    std::array<Maps, 2> fresh;
+    for (Maps& maps : fresh) cv::initUndistortRectifyMap(K_, D_, R_, K_, size_, CV_32FC1, maps.columns, maps.rows);
+    maps_ = fresh;
   }
   void warp() {
-    for (const Maps* maps : {&left_, &right_}) {
+    for (const Maps& maps : maps_) {
       cv::Mat warped;
-      cv::remap(image_, warped, maps->columns, maps->rows, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar(0));
+      cv::remap(image_, warped, maps.columns, maps.rows, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar(0));
     }
   }
 
@@ -38,7 +41,7 @@ class OpenCvRectification {
   };
   cv::Size size_;
   cv::Mat image_, K_, D_, R_;
-  Maps left_, right_;
+  std::array<Maps, 2> maps_;
 };
 
 void addRectification(const std::string& preset, const char* model, std::optional<double> goal, const Plan& plan,

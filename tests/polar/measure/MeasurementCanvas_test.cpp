@@ -29,8 +29,27 @@ TEST(MeasurementCanvas, ColoursTurnGrey) {
   EXPECT_EQ(at(MeasurementCanvas(blue, blue), 2, 2), cv::Vec3b(29, 29, 29));
 }
 
+TEST(MeasurementCanvas, EachHalfOfAColouredPairTurnsGreyByItself) {
+  const cv::Scalar blue(255, 0, 0, 7);
+  const cv::Scalar green(0, 255, 0, 7);
+  for (const int type : {CV_8UC3, CV_8UC4}) {
+    const MeasurementCanvas canvas(cv::Mat(4, 5, type, blue), cv::Mat(4, 5, type, green));
+    ASSERT_EQ(canvas.picture().type(), CV_8UC3);
+    EXPECT_EQ(at(canvas, 4, 3), cv::Vec3b(29, 29, 29));
+    EXPECT_EQ(at(canvas, 5, 0), cv::Vec3b(150, 150, 150));
+  }
+}
+
+TEST(MeasurementCanvas, OtherTypesStayAsTheyAre) {
+  const MeasurementCanvas canvas(cv::Mat(4, 5, CV_16UC3, cv::Scalar::all(1000)),
+                                 cv::Mat(4, 5, CV_16UC3, cv::Scalar::all(3000)));
+  ASSERT_EQ(canvas.picture().type(), CV_16UC3);
+  EXPECT_EQ(canvas.picture().at<cv::Vec3w>(0, 9), cv::Vec3w(3000, 3000, 3000));
+}
+
 TEST(MeasurementCanvas, ImagesOfDifferentSizeOrTypeAreRefused) {
   const cv::Mat image = cv::Mat::zeros(4, 5, CV_8UC1);
+  EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(3, 5, CV_8UC1)), cv::Exception);
   EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 6, CV_8UC1)), cv::Exception);
   EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 5, CV_16UC1)), cv::Exception);
 }
