@@ -111,7 +111,6 @@ void PairStage::buildMaps() {
 
 void PairStage::warp() {
   rectified_ = {0, target_.c_str(), warpedBy(raw_.left_image, maps_.left), warpedBy(raw_.right_image, maps_.right)};
-  canvas_ = polarLineCanvas(rectified_.left_image, rectified_.right_image);
 }
 
 void PairStage::measure() {
@@ -172,7 +171,7 @@ std::vector<PolarResultRecord> PairStage::record() {
 }
 
 void PairStage::savePictures(const std::string& folder) const {
-  files::writeImage(folder + "/pair.png", canvas_);
+  files::writeImage(folder + "/pair.png", polarLineCanvas(rectified_.left_image, rectified_.right_image));
   files::writeImage(folder + "/left.png", rectified_.left_image);
   files::writeImage(folder + "/right.png", rectified_.right_image);
 }

@@ -30,7 +30,7 @@ class PairStage {
   void detect(std::size_t picture);
   /// Once for a run.
   void buildMaps();
-  /// Both pictures by the maps that are there, and the picture of both.
+  /// Both pictures by the maps that are there.
   void warp();
   /// A pair's evaluations, handed the points that were measured before. Their files go into the folder, if there is
   /// one.
@@ -61,5 +61,4 @@ class PairStage {
   MeasuredPair raw_points_, rectified_points_;
   PairFigures triangulated_;
   RectificationMaps maps_;
-  cv::Mat canvas_;
 };

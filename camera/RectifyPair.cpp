@@ -6,6 +6,7 @@
 #include "camera/RectificationMaps.h"
 #include "camera/RectifiedPictures.h"
 #include "platform/Console.h"
+#include "platform/Pictures.h"
 
 namespace {
 
@@ -51,7 +52,8 @@ std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, 
   }
   std::optional<RectifiedPair> rectified;
   if (settings.x_y == kQuarterTurn || settings.x_y == kRowsAsTheyAre) {
-    rectified = RectifiedPair{left, right, polarLineCanvas(left, right)};
+    pictures::requireHalves(left, right, CV_8UC3);
+    rectified = RectifiedPair{left, right};
   }
   if (!Q.empty()) printVirtualCamera(Q);
   return rectified;

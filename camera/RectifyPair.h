@@ -6,6 +6,7 @@
 
 #include "camera/LensModel.h"
 #include "camera/PinholeCameraIntrinsicsPOL.h"
+#include "camera/RectifiedPictures.h"
 
 // Values of `x_y`.
 inline constexpr std::int32_t kRowsAsTheyAre = 0;
@@ -24,20 +25,21 @@ struct StereoMatrices {
   cv::Mat K1, D1, K2, D2, R, T;
 };
 
-/// A pair as one virtual pinhole camera sees it, 8-bit colour, and the picture of both side by side with lines every 32
-/// rows.
+/// A pair as one virtual pinhole camera sees it, 8-bit colour, both images of one size.
 struct RectifiedPair {
   cv::Mat left;
   cv::Mat right;
-  cv::Mat canvas;
+
+  /// Both side by side with lines every 32 rows. Drawn when it is asked for: most runs save no pictures.
+  cv::Mat canvas() const { return polarLineCanvas(left, right); }
 };
 
 class KeptMaps;
 
 /// Warps a pair into one virtual pinhole camera, by the maps that are kept. `Q` gets the 4x4 reprojection matrix.
 /// Without a model `Q` stays as it was and the pair unwarped. One- and four-channel and 16-bit images become 8-bit
-/// colour; an image of another type raises a `cv::Exception` where the picture of both is made. None for an `x_y` that
-/// asks for no layout. Prints the virtual camera unless `Q` is empty.
+/// colour; images of another type or of different sizes raise a `cv::Exception` where a layout is asked for. None for
+/// an `x_y` that asks for no layout. Prints the virtual camera unless `Q` is empty.
 std::optional<RectifiedPair> RectifyPair(const RectificationSettings& settings, const StereoMatrices& cameras,
                                          const cv::Mat& left_image, const cv::Mat& right_image,
                                          std::optional<LensModel> model, KeptMaps& maps, cv::Mat& Q);

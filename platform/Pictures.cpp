@@ -14,16 +14,19 @@ cv::Mat stretchTo8Bit(const cv::Mat& image) {
   return stretched;
 }
 
+void requireHalves(const cv::Mat& left, const cv::Mat& right, int type) {
+  for (const cv::Mat* image : {&left, &right}) {
+    CV_CheckTypeEQ(image->type(), type, "both halves have the picture's type");
+    CV_CheckEQ(image->cols, left.cols, "both halves have the left image's columns");
+    CV_CheckEQ(image->rows, left.rows, "both halves have the left image's rows");
+  }
+}
+
 cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type) {
+  requireHalves(left, right, type);
   cv::Mat canvas(left.rows, 2 * left.cols, type);  // Both halves fill it.
-  const auto put = [&canvas](const cv::Mat& image, const cv::Rect& half) {
-    CV_CheckTypeEQ(image.type(), canvas.type(), "both halves have the picture's type");
-    CV_CheckEQ(image.cols, half.width, "both halves have the left image's columns");
-    CV_CheckEQ(image.rows, half.height, "both halves have the left image's rows");
-    image.copyTo(canvas(half));
-  };
-  put(left, cv::Rect(0, 0, left.cols, left.rows));
-  put(right, cv::Rect(left.cols, 0, left.cols, left.rows));
+  left.copyTo(canvas.colRange(0, left.cols));
+  right.copyTo(canvas.colRange(left.cols, canvas.cols));
   return canvas;
 }
 

@@ -9,6 +9,9 @@ namespace pictures {
 /// zeros.
 cv::Mat stretchTo8Bit(const cv::Mat& image);
 
+/// Throws `cv::Exception` unless both images have the given type and the left one's size.
+void requireHalves(const cv::Mat& left, const cv::Mat& right, int type);
+
 /// An image of the left one's rows, twice its columns and the given type, left half and right half filled. Throws
 /// `cv::Exception` when an image does not fit its half.
 cv::Mat sideBySide(const cv::Mat& left, const cv::Mat& right, int type);

@@ -97,7 +97,7 @@ class ImageSetPair {
   void save(const RectifiedPair& rectified, std::size_t index) const {
     if (config_.result_folder.empty() || result_dir_.empty()) return;
     const std::string name = files::kPathSeparator + std::to_string(index);
-    files::writeImage(result_dir_ + name + ".png", rectified.canvas);
+    files::writeImage(result_dir_ + name + ".png", rectified.canvas());
     files::writeImage(result_dir_ + "_left" + name + "_left.png", rectified.left);
     files::writeImage(result_dir_ + "_right" + name + "_right.png", rectified.right);
   }

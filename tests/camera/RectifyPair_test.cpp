@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(Models, RectifyPairEachModel,
 
 TEST(RectifyPair, CanvasHoldsBothImagesBelowItsLines) {
   const Result result = resultOf(LensModel::kBrownFive);
-  const cv::Mat& canvas = result.pair->canvas;
+  const cv::Mat canvas = result.pair->canvas();
   ASSERT_EQ(canvas.size(), cv::Size(640, 240));
   for (int row = 0; row < canvas.rows; ++row) {
     if (row % 32 == 0) {
@@ -104,7 +104,7 @@ TEST(RectifyPair, ATurnedPairOf1920Times1200HasACanvasOf1920RowsAnd2400Columns) 
   const cv::Mat image(1200, 1920, CV_8UC1, cv::Scalar(90));
   const Result result = resultOf(std::nullopt, 1.0F, 1, image, image);
   ASSERT_TRUE(result.pair);
-  const cv::Mat& canvas = result.pair->canvas;
+  const cv::Mat canvas = result.pair->canvas();
   ASSERT_EQ(canvas.size(), cv::Size(2400, 1920));
   EXPECT_EQ(result.pair->left.size(), cv::Size(1200, 1920));
   for (int row = 0; row < 1920; ++row) {
@@ -150,7 +150,7 @@ TEST_P(RectifyPairInputTypes, BecomeEightBitColour) {
   if (CV_MAT_CN(GetParam()) == 4) cv::cvtColor(image, image, cv::COLOR_GRAY2BGRA);
   const Result result = resultOf(LensModel::kBrownEight, 0.9F, 0, image, image);
   ASSERT_TRUE(result.pair);
-  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas})
+  for (const cv::Mat& picture : {result.pair->left, result.pair->right, result.pair->canvas()})
     EXPECT_EQ(picture.type(), CV_8UC3);
 }
 
@@ -206,6 +206,12 @@ TEST(RectifyPair, TheNextPairLeavesThePicturesOfTheLastOneAlone) {
   run(result, cameras().settings(1.0F), LensModel::kBrownFive, second, second);
   EXPECT_TRUE(areEqual(kept, before));
   EXPECT_FALSE(areEqual(result.pair->left, before));
+}
+
+TEST(RectifyPair, ImagesThatBecomeNoColourThrow) {
+  const cv::Mat floats = cv::Mat::zeros(8, 8, CV_32FC1);
+  for (const std::int32_t x_y : {0, 1}) EXPECT_THROW(resultOf(std::nullopt, 1.0F, x_y, floats, floats), cv::Exception);
+  EXPECT_NO_THROW(resultOf(std::nullopt, 1.0F, 2, floats, floats)) << "no layout is asked for";
 }
 
 TEST(RectifyPair, ImagesOfDifferentSizeThrow) {
