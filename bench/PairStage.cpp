@@ -119,6 +119,7 @@ void PairStage::measure() {
   PairEvaluator evaluator = makeEvaluator(core_);
   require(evaluator.measure(raw_, raw_points_) == 0, "a rendered pair is not measured");
   require(evaluator.measure(rectified_, rectified_points_) == 0, "a rectified pair is not measured");
+  canvas_ = evaluator.figures.detect_canvas;
 }
 
 PairEvaluator PairStage::evaluator(const MeasuredPair& points, const std::string& folder) const {
@@ -163,8 +164,9 @@ std::vector<Contestant> PairStage::evaluations(const std::string& folder) {
 }
 
 std::vector<PolarResultRecord> PairStage::record() {
-  std::vector<PairFigures> figures;
-  figures.push_back(std::move(triangulated_));
+  triangulated_.detect_canvas = canvas_;
+  std::vector<PairFigures> figures(1);
+  FillResultRecord(triangulated_, figures.front());
   std::vector<PolarResultRecord> records;
   ExportResults(std::move(figures), records);
   return records;

@@ -35,7 +35,8 @@ class PairStage {
   /// A pair's evaluations, handed the points that were measured before. Their files go into the folder, if there is
   /// one.
   std::vector<Contestant> evaluations(const std::string& folder);
-  /// The figures of the last triangulation as the caller gets them, with each distance.
+  /// The figures of the last triangulation as the caller gets them, with each distance and the picture of the last
+  /// measurement.
   std::vector<PolarResultRecord> record();
   /// Writes the three pictures that a run saves of a pair.
   void savePictures(const std::string& folder) const;
@@ -61,4 +62,5 @@ class PairStage {
   MeasuredPair raw_points_, rectified_points_;
   PairFigures triangulated_;
   RectificationMaps maps_;
+  cv::Mat canvas_;
 };
