@@ -16,6 +16,7 @@ cv::Mat stretchTo8Bit(const cv::Mat& image) {
 
 void requireHalves(const cv::Mat& left, const cv::Mat& right, int type) {
   for (const cv::Mat* image : {&left, &right}) {
+    CV_CheckLE(image->dims, 2, "both halves have rows and columns and nothing else");
     CV_CheckTypeEQ(image->type(), type, "both halves have the picture's type");
     CV_CheckEQ(image->cols, left.cols, "both halves have the left image's columns");
     CV_CheckEQ(image->rows, left.rows, "both halves have the left image's rows");

@@ -9,7 +9,7 @@ namespace pictures {
 /// zeros.
 cv::Mat stretchTo8Bit(const cv::Mat& image);
 
-/// Throws `cv::Exception` unless both images have the given type and the left one's size.
+/// Throws `cv::Exception` unless both images have two dimensions, the given type and the left one's size.
 void requireHalves(const cv::Mat& left, const cv::Mat& right, int type);
 
 /// An image of the left one's rows, twice its columns and the given type, left half and right half filled. Throws

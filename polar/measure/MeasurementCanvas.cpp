@@ -9,14 +9,11 @@
 namespace {
 
 /// Whether each half becomes grey by itself; images of more bits share one stretch.
-bool areNormalisedApart(const cv::Mat& left_image, const cv::Mat& right_image) {
-  const int type = left_image.type();
-  return (type == CV_8UC1 || type == CV_8UC3 || type == CV_8UC4) && right_image.type() == type &&
-         right_image.size() == left_image.size();
-}
+bool areNormalisedApart(int type) { return type == CV_8UC1 || type == CV_8UC3 || type == CV_8UC4; }
 
 /// Each half goes straight to its place: pictures of the size of both are dear to touch for the first time.
 cv::Mat greyHalves(const cv::Mat& left_image, const cv::Mat& right_image) {
+  pictures::requireHalves(left_image, right_image, left_image.type());
   cv::Mat picture(left_image.rows, 2 * left_image.cols, CV_8UC3);
   cv::Mat left_half = picture.colRange(0, left_image.cols);
   cv::Mat right_half = picture.colRange(left_image.cols, picture.cols);
@@ -28,7 +25,7 @@ cv::Mat greyHalves(const cv::Mat& left_image, const cv::Mat& right_image) {
 cv::Mat pictureOf(const cv::Mat& left_image, const cv::Mat& right_image) {
   // The measurement ends at the empty image, so nobody sees this picture.
   if (left_image.empty() || right_image.empty()) return cv::Mat::zeros(left_image.rows, 2 * left_image.cols, CV_8UC3);
-  if (areNormalisedApart(left_image, right_image)) return greyHalves(left_image, right_image);
+  if (areNormalisedApart(left_image.type())) return greyHalves(left_image, right_image);
   cv::Mat picture = normaliseTo8Bit(pictures::sideBySide(left_image, right_image, left_image.type()));
   if (picture.type() == CV_8UC1) cv::cvtColor(picture, picture, cv::COLOR_GRAY2BGR);
   return picture;

@@ -30,7 +30,7 @@ StereoMatrices matricesOf(const KnownCameras& cameras) {
           (cv::Mat_<double>(3, 1) << narrow(3), narrow(4), narrow(5))};
 }
 
-void movePrincipalPoint(cv::Mat& K, const cv::Point& by) {
+void movePrincipalPoint(cv::Mat& K, const cv::Point2d& by) {
   K.at<double>(0, 2) -= by.x;
   K.at<double>(1, 2) -= by.y;
 }
@@ -54,7 +54,7 @@ std::optional<Rectifier::Pictures> Rectifier::of(std::size_t place, const cv::Ma
   if (!has_run_ || !cameras_ || left.empty() || left.size() != right.size()) return std::nullopt;
   StereoMatrices matrices = matricesOf(*cameras_);
   // A run moves the principal point with each pair that it crops.
-  const cv::Point by = corner_ * static_cast<int>(place + 1);
+  const cv::Point2d by = cv::Point2d(corner_) * static_cast<double>(place + 1);
   movePrincipalPoint(matrices.K1, by);
   movePrincipalPoint(matrices.K2, by);
   const PinholeCameraIntrinsicsPOL left_camera = polynomialCamera(*cameras_, 0);

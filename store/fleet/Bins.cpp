@@ -28,6 +28,8 @@ std::size_t Bins::binOf(double value) const {
 
 Bins chooseBins(std::vector<double> values, const std::vector<double>& bounds, std::size_t most) {
   if (values.empty()) return {};
+  constexpr double kFarthest = 1e100;  // No figure lies there; what is taken from or divided by such ones is a number.
+  for (double& value : values) value = std::clamp(value, -kFarthest, kFarthest);
   constexpr double kTail = 0.001;
   double low = quantile(values, kTail);
   double high = quantile(values, 1.0 - kTail);

@@ -16,7 +16,8 @@ struct Bins {
 };
 
 /// Bins for the values from their 0.1 % to their 99.9 % quantile, and for the bounds that are not far from there. The
-/// step is 1, 2, 2.5 or 5 times a power of ten, the beginning a multiple of it. None without values.
+/// step is 1, 2, 2.5 or 5 times a power of ten, the beginning a multiple of it. None without values; infinite ones have
+/// their place, too.
 /// @param most How many at most.
 Bins chooseBins(std::vector<double> values, const std::vector<double>& bounds, std::size_t most);
 

@@ -23,6 +23,7 @@ std::string claimText(const process_identity::Identity& worker) {
 std::optional<process_identity::Identity> claimant(const std::string& text) {
   const nlohmann::json json = nlohmann::json::parse(text, nullptr, false);
   try {
+    if (!json.at("process").is_number_integer()) return std::nullopt;
     return process_identity::Identity{json.at("host"), json.at("machine"), json.at("process"), json.at("began")};
   } catch (const nlohmann::json::exception&) {
     return std::nullopt;

@@ -62,6 +62,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(PicturesSideBySide, AnotherTypeThanTheCanvasThrows) {
   const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
   EXPECT_THROW(pictures::sideBySide(image, image, CV_8UC3), cv::Exception);
+  const cv::Mat colour(2, 3, CV_8UC3, cv::Scalar::all(1));
+  EXPECT_THROW(pictures::sideBySide(colour, image, CV_8UC1), cv::Exception);
+}
+
+TEST(PicturesSideBySide, ThreeDimensionsAreNoHalf) {
+  const cv::Mat image(2, 3, CV_8UC1, cv::Scalar(1));
+  const cv::Mat block(std::vector<int>{2, 3, 1}, CV_8UC1, cv::Scalar(1));
+  EXPECT_THROW(pictures::requireHalves(image, block, CV_8UC1), cv::Exception);
+  EXPECT_THROW(pictures::requireHalves(block, image, CV_8UC1), cv::Exception);
+  EXPECT_THROW(pictures::requireHalves(block, block, CV_8UC1), cv::Exception);
 }
 
 TEST(PicturesSameBytes, TellsPixelsTypeAndShape) {

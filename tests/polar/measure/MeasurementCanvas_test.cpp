@@ -40,6 +40,18 @@ TEST(MeasurementCanvas, EachHalfOfAColouredPairTurnsGreyByItself) {
   }
 }
 
+TEST(MeasurementCanvas, EachPixelIsThatOfTheTwoImagesMadeGrey) {
+  cv::Mat noise(9, 40, CV_8UC3);
+  cv::RNG(7).fill(noise, cv::RNG::UNIFORM, 0, 256);
+  const cv::Mat left = noise.colRange(1, 18);
+  const cv::Mat right = noise.colRange(20, 37);
+  cv::Mat expected;
+  cv::hconcat(left, right, expected);
+  cv::cvtColor(expected, expected, cv::COLOR_BGR2GRAY);
+  cv::cvtColor(expected, expected, cv::COLOR_GRAY2BGR);
+  EXPECT_EQ(cv::norm(MeasurementCanvas(left, right).picture(), expected, cv::NORM_INF), 0.0);
+}
+
 TEST(MeasurementCanvas, OtherTypesStayAsTheyAre) {
   const MeasurementCanvas canvas(cv::Mat(4, 5, CV_16UC3, cv::Scalar::all(1000)),
                                  cv::Mat(4, 5, CV_16UC3, cv::Scalar::all(3000)));
@@ -52,6 +64,7 @@ TEST(MeasurementCanvas, ImagesOfDifferentSizeOrTypeAreRefused) {
   EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(3, 5, CV_8UC1)), cv::Exception);
   EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 6, CV_8UC1)), cv::Exception);
   EXPECT_THROW(MeasurementCanvas(image, cv::Mat::zeros(4, 5, CV_16UC1)), cv::Exception);
+  EXPECT_THROW(MeasurementCanvas(image, cv::Mat(std::vector<int>{4, 5, 1}, CV_8UC1)), cv::Exception);
 }
 
 TEST(MeasurementCanvas, EmptyImageLeavesItBlack) {

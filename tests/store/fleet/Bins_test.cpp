@@ -69,6 +69,18 @@ TEST(Bins, FitWhateverTheValuesAre) {
   }
 }
 
+TEST(Bins, OfValuesBeyondAllFiguresAreBinsOfNumbers) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const std::vector<double>& values :
+       {std::vector<double>{-kInfinity}, {-1e308, 1e308}, {kInfinity, 0.5}, {-kInfinity, kInfinity}}) {
+    const Bins bins = chooseBins(values, {-kInfinity, 1e308}, 10);
+    EXPECT_TRUE(std::isfinite(bins.from) && std::isfinite(bins.step));
+    EXPECT_GE(bins.count, 1U);
+    EXPECT_LE(bins.count, 10U);
+    for (const double value : values) EXPECT_LT(bins.binOf(value), bins.count);
+  }
+}
+
 TEST(Bins, OfNoValuesAreNone) { EXPECT_EQ(chooseBins({}, {1.0}, 10).count, 0U); }
 
 }  // namespace

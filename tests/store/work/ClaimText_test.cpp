@@ -18,8 +18,10 @@ TEST(ClaimText, TellsWhoClaims) {
 }
 
 TEST(ClaimText, OfNobodyIsNoClaim) {
-  for (const char* text : {"", "{", "[]", "7", R"({"host":"a","machine":"b","process":"c","began":"d"})",
-                           R"({"host":"a","machine":"b","began":"d"})"})
+  for (const char* text :
+       {"", "{", "[]", "7", R"({"host":"a","machine":"b","process":"c","began":"d"})",
+        R"({"host":"a","machine":"b","began":"d"})", R"({"host":"a","machine":"b","process":1e308,"began":"d"})",
+        R"({"host":"a","machine":"b","process":true,"began":"d"})"})
     EXPECT_FALSE(claimant(text)) << text;
 }
 
