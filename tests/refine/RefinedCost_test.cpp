@@ -25,29 +25,39 @@ double secondsOf(const Work& work) {
   return least;
 }
 
-class RefinedCost : public ::testing::TestWithParam<std::string> {};
+struct CostCase {
+  const char* preset;
+  double most;  ///< Of one detection.
+};
 
-/// Each takes its turn until the least time of one is below that of the other: load only adds to both, so that a
-/// refinement that is slower in truth stays so however often they run.
-TEST_P(RefinedCost, IsBelowThatOfOneDetection) {
+class RefinedCost : public ::testing::TestWithParam<CostCase> {};
+
+/// Each takes its turn until the least time of one is within the bound: load only adds to both, so that a refinement
+/// that is slower in truth stays so however often they run. Neighbours share the memory's caches, which a refinement
+/// needs more than a detection: the bounds leave room for that. Quiet cores take 0.5 to 0.8, and 1.25 to 1.35 of one.
+TEST_P(RefinedCost, IsThatOfAboutOneDetection) {
   constexpr int kMostTurns = 30;
   scene::PresetOptions options;
   options.pairs = 1;
-  const scene::Scene scene = scene::sceneOf(scene::presetRecipe(GetParam(), options).value());
+  const scene::Scene scene = scene::sceneOf(scene::presetRecipe(GetParam().preset, options).value());
   const accuracy::Sight sight = accuracy::sightOf(scene, 0, false);
   const CalibratedCamera camera = accuracy::calibratedCamera(sight.camera);
   double detection = std::numeric_limits<double>::infinity(), refinement = detection;
-  for (int turn = 0; turn < kMostTurns && (turn < 1 || refinement >= detection); ++turn) {
+  for (int turn = 0; turn < kMostTurns && (turn < 1 || refinement >= GetParam().most * detection); ++turn) {
     std::vector<DotPlace> places;
     detection = std::min(detection, secondsOf([&] { places = accuracy::detectedPlaces(sight); }));
     ASSERT_FALSE(places.empty());
     refinement = std::min(refinement, secondsOf([&] { refineDots(sight.picture, places, camera); }));
   }
-  EXPECT_LT(refinement, detection);
+  EXPECT_LT(refinement, GetParam().most * detection);
 }
 
+// From 2048 columns on a detection works on a picture of half the size, a refinement on the picture as it is.
 INSTANTIATE_TEST_SUITE_P(Widths, RefinedCost,
-                         ::testing::Values("ring_320", "big_640", "fisheye_1280", "poly_1920", "big_2448", "ring_big",
-                                           "ring_default_board"));
+                         ::testing::Values(CostCase{"ring_320", 1.0}, CostCase{"big_640", 1.25},
+                                           CostCase{"fisheye_1280", 1.25}, CostCase{"poly_1920", 1.25},
+                                           CostCase{"big_2448", 1.75}, CostCase{"ring_big", 1.75},
+                                           CostCase{"ring_default_board", 1.75}),
+                         [](const auto& test) { return std::string(test.param.preset); });
 
 }  // namespace
