@@ -91,10 +91,9 @@ void runRows(const Plan& plan, Table& table) {
   }
   Plan slow = plan;  // A run is long and varies little.
   slow.effort.fewest = std::min<std::size_t>(plan.effort.fewest, 3);
-  for (const char* preset : {"ring_640", "big_1280"}) {
-    for (const int pairs : {1, 5, 20}) addRun(preset, pairs, false, slow, table);
+  for (const bool with_files : {false, true}) {
+    for (const char* preset : {"ring_640", "big_1280"}) {
+      for (const int pairs : {1, 5, 20}) addRun(preset, pairs, with_files, slow, table);
+    }
   }
-  addRun("ring_640", 1, true, slow, table);
-  addRun("ring_640", 5, true, slow, table);
-  addRun("big_1280", 5, true, slow, table);
 }
