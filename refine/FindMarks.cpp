@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 #include "platform/Median.h"
 #include "refine/board/SpreadChoice.h"
+#include "refine/outline/Directions.h"
 #include "refine/outline/GradientLines.h"
 #include "refine/outline/RadialEdges.h"
 
@@ -16,6 +16,7 @@ namespace {
 using polarline::DotState;
 
 constexpr std::size_t kSampledDots = 16;
+constexpr std::size_t kAhead = 4;  ///< Dots whose pixels are on their way.
 /// Of the spacing: the largest marker's outline lies within, the middles of its neighbours do not.
 constexpr double kReach = 1.05;
 constexpr double kSmallestFound = 1.2;  ///< Radius, pixels.
@@ -84,16 +85,16 @@ MarkLook lookOf(const std::vector<DotWork>& dots, const std::vector<std::size_t>
 
 /// Whether there is a plain dot: ink and paper just inside and outside of its outline, and paper farther out.
 bool looksPlain(const GreyPicture& picture, const MarkLook& look, const DotWork& dot) {
-  constexpr int kDirections = 8;
+  constexpr std::size_t kDirections = 8;
+  static const auto kAround = directionsAround<kDirections>(0.5);
   if (!(look.radius > 0.0) || !dot.slope_known) return false;
   const double scale = std::sqrt(std::abs(cv::determinant(dot.J)));
   const double off = std::min(1.2 / scale, 0.3 * look.radius);
   const Outline far = outlineOfCircle(dot.place->pixel, dot.J, look.radius + 2.0 * off);
   if (leavesPicture(far, picture.grey.size())) return false;
   double inside = 0.0, outside = 0.0, farther = 0.0;
-  for (int k = 0; k < kDirections; ++k) {
-    const double angle = 2.0 * std::numbers::pi * (k + 0.5) / kDirections;
-    const cv::Vec2d out = dot.J * cv::Vec2d(std::cos(angle), std::sin(angle));
+  for (const cv::Vec2d& direction : kAround) {
+    const cv::Vec2d out = dot.J * direction;
     const auto greyOut = [&](double radius) {
       return picture.between(dot.place->pixel.x + radius * out[0], dot.place->pixel.y + radius * out[1]);
     };
@@ -196,7 +197,7 @@ MarkLook findMarks(const GreyPicture& picture, std::vector<DotWork>& dots) {
   measurePlain(picture, sample, dots, look);
   for (std::size_t k = 0; k < dots.size(); ++k) {
     DotWork& dot = dots[k];
-    if (k + 1 < dots.size()) fetchPlain(picture, look, dots[k + 1]);
+    if (k + kAhead < dots.size()) fetchPlain(picture, look, dots[k + kAhead]);
     if (looksPlain(picture, look, dot)) {
       assumePlain(look, dot);
     } else {

@@ -38,17 +38,17 @@ std::vector<PosePoint> someOf(const std::vector<PosePoint>& points) {
   return some;
 }
 
-/// Slopes of the picture at the dots, by a pose of the places as they are given.
-void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
+/// Slopes of the picture at the dots, by a pose of the places as they are given; that pose.
+std::optional<FittedPose> findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
   std::vector<PosePoint> points;
   for (const DotWork& dot : dots) {
     if (dot.place->board) points.push_back({*dot.place->board, dot.place->pixel});
   }
   const std::vector<PosePoint> some = someOf(points);
   const auto first = firstPose(camera, some);
-  if (!first) return;
-  const auto fitted = fitPose(camera, *first, some);
-  if (!fitted) return;
+  if (!first) return std::nullopt;
+  auto fitted = fitPose(camera, *first, some);
+  if (!fitted) return std::nullopt;
   for (DotWork& dot : dots) {
     if (!dot.place->board) continue;
     const double step = 1e-4 * cv::norm(fitted->pose.T);
@@ -57,6 +57,7 @@ void findSlopes(const CalibratedCamera& camera, std::vector<DotWork>& dots) {
     dot.J = *slope;
     dot.slope_known = true;
   }
+  return fitted;
 }
 
 /// The refined centres that the ellipses' centres stand for.
@@ -161,9 +162,10 @@ std::vector<std::size_t> ringsOf(const std::vector<DotWork>& dots) {
   return rings;
 }
 
+/// `pose`: that of the places as they were given.
 std::optional<RefinedPose> correctPerspective(const GreyPicture& picture, const PictureState& known,
-                                              const CalibratedCamera& camera, std::vector<DotWork>& dots) {
-  std::optional<FittedPose> pose;
+                                              const CalibratedCamera& camera, std::optional<FittedPose> pose,
+                                              std::vector<DotWork>& dots) {
   for (int round = 0; round < kPoseRounds; ++round) {
     pose = poseOf(camera, someOf(refinedPoints(dots)), pose);
     if (!pose) return std::nullopt;
@@ -184,7 +186,7 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   const GreyPicture grey = greyPictureOf(picture);
   std::vector<DotWork> dots(places.size());
   for (std::size_t k = 0; k < places.size(); ++k) dots[k].place = &places[k];
-  findSlopes(camera, dots);
+  const std::optional<FittedPose> seen = findSlopes(camera, dots);
   const MarkLook look = findMarks(grey, dots);
   const PictureState known = learnPicture(grey, dots);
   std::vector<std::size_t> all(dots.size());
@@ -193,7 +195,7 @@ RefinedPicture refineDots(const cv::Mat& picture, const std::vector<DotPlace>& p
   fitMarks(grey, known, findUnlikeMarks(grey, look, dots), dots);
   const double misfit = misfitOf(dots);
   RefinedPicture result;
-  result.pose = correctPerspective(grey, known, camera, dots);
+  result.pose = correctPerspective(grey, known, camera, seen, dots);
   result.dots.reserve(dots.size());
   for (const DotWork& dot : dots) result.dots.push_back(resultOf(dot, misfit));
   return result;

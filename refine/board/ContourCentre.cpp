@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "refine/board/BoardSlope.h"
+#include "refine/outline/Directions.h"
 #include "refine/outline/Outline.h"
 
 namespace refine {
@@ -20,11 +20,10 @@ using Vec5 = cv::Vec<double, 5>;
 
 std::optional<Contour> contourOf(const CalibratedCamera& camera, const CameraPose& pose, const cv::Point3d& board,
                                  double radius) {
+  static const auto kAround = directionsAround<kPoints>();
   Contour contour;
   for (std::size_t k = 0; k < kPoints; ++k) {
-    const double angle = 2.0 * std::numbers::pi * static_cast<double>(k) / kPoints;
-    const auto pixel =
-        camera.pixelOf(pose.toCamera(board + radius * cv::Point3d(std::cos(angle), std::sin(angle), 0.0)));
+    const auto pixel = camera.pixelOf(pose.toCamera(board + radius * cv::Point3d(kAround[k][0], kAround[k][1], 0.0)));
     if (!pixel) return std::nullopt;
     contour[k] = *pixel;
   }

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
+
+#include "platform/WideLoops.h"
 
 namespace refine {
 namespace {
@@ -10,6 +13,44 @@ namespace {
 constexpr double kReach = 4.0;  ///< Standard deviations.
 /// Of the unit normal's smaller part.
 constexpr float kLargest = 0.5F * std::numbers::sqrt2_v<float>;
+
+/// The table as it is read: row by row, `kDistances` entries a row.
+struct Departures {
+  const float* entries;
+  float reach, by_step;
+};
+
+PLP_WIDE_LOOPS void addFrom(const Departures& of, const Lanes& t, const Lanes& nx, const Lanes& ny, Lanes& shares) {
+  constexpr auto kColumns = static_cast<std::int32_t>(EdgeDeparture::kDistances);
+  std::array<std::int32_t, kLanes> entry;
+  Lanes within, along, across;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float place = (t[i] + of.reach) * of.by_step;
+    const bool is_within = place >= 0.0F && place < static_cast<float>(kColumns - 1);
+    const float held = is_within ? place : 0.0F;
+    const float part = std::min(std::abs(nx[i]), std::abs(ny[i])) / kLargest;
+    const float small = part < 0.999999F ? part : 0.999999F;  // What is not a number has a place in the table, too.
+    const float turned = small * static_cast<float>(EdgeDeparture::kAngles - 1);
+    const auto angle = static_cast<std::int32_t>(turned), k = static_cast<std::int32_t>(held);
+    entry[i] = angle * kColumns + k;
+    within[i] = is_within ? 1.0F : 0.0F;
+    along[i] = held - static_cast<float>(k);
+    across[i] = turned - static_cast<float>(angle);
+  }
+  std::array<Lanes, 2> below, above;  // At this distance and the next one.
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float* const at = of.entries + entry[i];
+    below[0][i] = at[0];
+    below[1][i] = at[1];
+    above[0][i] = at[kColumns];
+    above[1][i] = at[kColumns + 1];
+  }
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float first = below[0][i] + along[i] * (below[1][i] - below[0][i]);
+    const float second = above[0][i] + along[i] * (above[1][i] - above[0][i]);
+    shares[i] += within[i] * (first + across[i] * (second - first));
+  }
+}
 
 }  // namespace
 
@@ -32,23 +73,8 @@ EdgeDeparture::EdgeDeparture(double blur, const Shares& shares)
   }
 }
 
-float EdgeDeparture::departure(float t, float nx, float ny) const {
-  const float place = (t + reach_) * by_step_;
-  if (!(place >= 0.0F) || place >= static_cast<float>(kDistances - 1)) return 0.0F;
-  const float small = std::min(std::min(std::abs(nx), std::abs(ny)) / kLargest, 0.999999F);
-  const float turned = small * static_cast<float>(kAngles - 1);
-  const auto angle = static_cast<std::size_t>(turned), k = static_cast<std::size_t>(place);
-  const float across = turned - static_cast<float>(angle), along = place - static_cast<float>(k);
-  const auto& below = departures_[angle];
-  const auto& above = departures_[angle + 1];
-  const float first = below[k] + along * (below[k + 1] - below[k]);
-  const float second = above[k] + along * (above[k + 1] - above[k]);
-  return first + across * (second - first);
-}
-
-void EdgeDeparture::addDepartures(std::ptrdiff_t n, const float* t, const float* nx, const float* ny,
-                                  float* shares) const {
-  for (std::ptrdiff_t i = 0; i < n; ++i) shares[i] += departure(t[i], nx[i], ny[i]);
+void EdgeDeparture::addDepartures(const Lanes& t, const Lanes& nx, const Lanes& ny, Lanes& shares) const {
+  addFrom({departures_.front().data(), reach_, by_step_}, t, nx, ny, shares);
 }
 
 }  // namespace refine

@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "refine/edge/Lanes.h"
+
 namespace refine {
 
 /// What the edges of a picture's marks have beside that of a straight line behind a smooth blur, by their distance and
@@ -22,10 +24,9 @@ class EdgeDeparture {
   static double distanceOf(double blur, std::size_t k);
   static double smallerPartOf(std::size_t angle);
 
-  /// Share of ink beyond that of the smooth edge at the distance t outside of an edge with the unit normal (nx, ny).
-  float departure(float t, float nx, float ny) const;
-  /// Adds the departures of n places to `shares`.
-  void addDepartures(std::ptrdiff_t n, const float* t, const float* nx, const float* ny, float* shares) const;
+  /// Adds to shares of ink what they have beyond those of the smooth edge, at the distances t outside of an edge with
+  /// the unit normals (nx, ny).
+  void addDepartures(const Lanes& t, const Lanes& nx, const Lanes& ny, Lanes& shares) const;
 
  private:
   float reach_ = 0.0F;    ///< Beyond this distance there is none.

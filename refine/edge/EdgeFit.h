@@ -32,7 +32,7 @@ struct EdgeFitting {
   const EdgeDeparture* beside = nullptr;  ///< What the edges of the picture have beside the smooth one.
   EdgeTable table;                        ///< The pixels.
   EdgeTable some;                         ///< Some of them, for the first step.
-  Eigen::ArrayXf residuals, weights, weighted;
+  Eigen::ArrayXf residuals, weights;
   Eigen::ArrayX3f zones;  ///< Squared residuals on the edges, and beside them brighter and darker than their middle.
   std::vector<float> sorted;
 };

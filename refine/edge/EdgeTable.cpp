@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <numbers>
 
+#include "platform/WideLoops.h"
+
 namespace refine {
 namespace {
 
@@ -52,38 +54,78 @@ OutlineNumbers outlineNumbers(const EdgeModel& model, const cv::Point& origin) {
           number(model.light.y)};
 }
 
-// The loops over pixels stand in functions of their own: that their columns are apart from each other is told by the
-// parameters, and only then do compilers work on several pixels at once.
+/// Pixels side by side and what a model says of them.
+struct Block {
+  Lanes x, y;                         ///< From the table's origin.
+  Lanes nx, ny, reach, along, light;  ///< Of the model's outline and light.
+  Lanes away, share, bell;            ///< Of the edge at hand: signed distance, share of ink, its slope.
+  Lanes nearest;                      ///< Of the distances so far.
+  Lanes covered{};                    ///< Share of ink and its slopes.
+  Lanes by_along{}, by_reach{}, by_blur{};
+};
 
-void placeAll(Eigen::Index n, const OutlineNumbers& of, const float* __restrict px, const float* __restrict py,
-              float* __restrict nx, float* __restrict ny, float* __restrict reach, float* __restrict along,
-              float* __restrict light) {
+PLP_WIDE_LOOPS void placePixels(const OutlineNumbers& of, Block& b) {
   const OutlineNumbers o = of;
-  for (Eigen::Index i = 0; i < n; ++i) {
-    const float dx = px[i] - o.cx, dy = py[i] - o.cy;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float dx = b.x[i] - o.cx, dy = b.y[i] - o.cy;
     const float mx = o.yy * dx - o.xy * dy, my = o.xx * dy - o.xy * dx;
     const float by_length = 1.0F / std::sqrt(mx * mx + my * my + 1e-20F);
     const float x = mx * by_length, y = my * by_length;
-    nx[i] = x;
-    ny[i] = y;
-    reach[i] = std::sqrt(o.xx * x * x + 2.0F * o.xy * x * y + o.yy * y * y + 1e-12F);
-    along[i] = x * dx + y * dy;
-    light[i] = o.light + o.light_x * px[i] + o.light_y * py[i];
+    b.nx[i] = x;
+    b.ny[i] = y;
+    b.reach[i] = std::sqrt(o.xx * x * x + 2.0F * o.xy * x * y + o.yy * y * y + 1e-12F);
+    b.along[i] = x * dx + y * dy;
+    b.light[i] = o.light + o.light_x * b.x[i] + o.light_y * b.y[i];
   }
 }
 
-/// Share of ink and its slope by the distance, of an edge at the distances `away`.
-void blurAll(Eigen::Index n, float by_blur, const float* __restrict away, float* __restrict share,
-             float* __restrict bell) {
+/// Share of ink and its slope by the distance, of the edge at hand.
+PLP_WIDE_LOOPS void blurEdge(float by_blur, Block& b) {
   const float peak = by_blur * static_cast<float>(0.5 * std::numbers::inv_sqrtpi * std::numbers::sqrt2);
-  for (Eigen::Index i = 0; i < n; ++i) {
-    const float u = away[i] * by_blur, distance = std::abs(u);
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float u = b.away[i] * by_blur, distance = std::abs(u);
     const float size = distance < kFlat ? distance : kFlat;
     const float exponential = expOf(-0.5F * size * size);
     const float tail = tailOf(size, exponential), rest = 1.0F - tail, slope = peak * exponential;
-    share[i] = u > 0.0F ? tail : rest;
-    bell[i] = distance < kFlat ? slope : 0.0F;
+    b.share[i] = u > 0.0F ? tail : rest;
+    b.bell[i] = distance < kFlat ? slope : 0.0F;
   }
+}
+
+PLP_WIDE_LOOPS void addEdge(const EdgeModel& model, std::size_t edge, const EdgeDeparture* beside, Block& b) {
+  const auto ox = static_cast<float>(model.offset[edge].x), oy = static_cast<float>(model.offset[edge].y);
+  const auto ratio = static_cast<float>(model.ratio[edge]), by_blur = static_cast<float>(1.0 / model.blur);
+  const float sign = edge % 2 == 0 ? 1.0F : -1.0F;
+  for (std::size_t i = 0; i < kLanes; ++i) b.away[i] = b.along[i] - ox * b.nx[i] - oy * b.ny[i] - ratio * b.reach[i];
+  blurEdge(by_blur, b);
+  if (beside != nullptr) beside->addDepartures(b.away, b.nx, b.ny, b.share);
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const float bell = b.bell[i] * sign, away = b.away[i];
+    b.bell[i] = bell;
+    b.covered[i] += sign * b.share[i];
+    b.by_along[i] -= bell;
+    b.by_reach[i] += ratio * bell;
+    b.by_blur[i] += by_blur * bell * away;
+    b.nearest[i] = edge == 0 || std::abs(away) < std::abs(b.nearest[i]) ? away : b.nearest[i];
+  }
+}
+
+/// The slopes by the unknowns that every model has, `stride` values apart.
+PLP_WIDE_LOOPS void formSlopes(float step, const Block& b, float* slopes, Eigen::Index stride) {
+  const auto put = [&](int unknown, const auto& value_of) {
+    const Lanes values = lanesOf(value_of);
+    store(values, slopes + unknown * stride);
+  };
+  const auto by_normal = lanesOf([&](std::size_t i) { return -step * b.light[i] * b.by_along[i]; });
+  const auto by_shape = lanesOf([&](std::size_t i) { return b.by_reach[i] * (0.5F * step * b.light[i] / b.reach[i]); });
+  put(0, [&](std::size_t i) { return by_normal[i] * b.nx[i]; });
+  put(1, [&](std::size_t i) { return by_normal[i] * b.ny[i]; });
+  put(2, [&](std::size_t i) { return by_shape[i] * b.nx[i] * b.nx[i]; });
+  put(3, [&](std::size_t i) { return by_shape[i] * 2.0F * b.nx[i] * b.ny[i]; });
+  put(4, [&](std::size_t i) { return by_shape[i] * b.ny[i] * b.ny[i]; });
+  put(5, [&](std::size_t i) { return b.light[i] * (1.0F - b.covered[i]); });
+  put(6, [&](std::size_t i) { return b.light[i] * b.covered[i]; });
+  put(7, [&](std::size_t i) { return step * b.light[i] * b.by_blur[i]; });
 }
 
 }  // namespace
@@ -94,11 +136,13 @@ void EdgeTable::clear(const cv::Point& origin) {
 }
 
 void EdgeTable::grow() {
-  const Eigen::Index rows = std::max(2 * x_.size(), kFirstRows);
-  for (Column* column : {&x_, &y_, &grey_}) column->conservativeResize(rows);
-  for (Column* column : {&model_, &distance_, &nx_, &ny_, &reach_, &along_, &light_, &away_, &share_, &bell_, &covered_,
-                         &by_along_, &by_reach_, &by_blur_})
-    column->resize(rows);
+  const Eigen::Index before = x_.size(), rows = std::max(2 * before, kFirstRows);
+  for (Column* column : {&x_, &y_, &grey_}) {
+    column->conservativeResize(rows);
+    column->tail(rows - before).setZero();  // What is behind the pixels is worked on with them.
+  }
+  model_.resize(rows);
+  distance_.resize(rows);
   slopes_.resize(rows, Eigen::NoChange);
 }
 
@@ -116,57 +160,27 @@ cv::Point EdgeTable::pixel(Eigen::Index i) const {
   return origin_ + cv::Point(static_cast<int>(x_(i)), static_cast<int>(y_(i)));
 }
 
-void EdgeTable::placePixels(const EdgeModel& model) {
-  placeAll(size_, outlineNumbers(model, origin_), x_.data(), y_.data(), nx_.data(), ny_.data(), reach_.data(),
-           along_.data(), light_.data());
-}
-
-void EdgeTable::addEdge(const EdgeModel& model, std::size_t edge, const EdgeDeparture* beside) {
-  const auto ox = static_cast<float>(model.offset[edge].x), oy = static_cast<float>(model.offset[edge].y);
-  const auto ratio = static_cast<float>(model.ratio[edge]), by_blur = static_cast<float>(1.0 / model.blur);
-  const float sign = edge % 2 == 0 ? 1.0F : -1.0F;
-  const auto n = size_;
-  const auto nx = nx_.head(n), ny = ny_.head(n), reach = reach_.head(n);
-  auto away = away_.head(n), share = share_.head(n), bell = bell_.head(n), nearest = distance_.head(n);
-  away = along_.head(n) - ox * nx - oy * ny - ratio * reach;
-  blurAll(n, by_blur, away_.data(), share_.data(), bell_.data());
-  if (beside != nullptr) beside->addDepartures(n, away_.data(), nx_.data(), ny_.data(), share_.data());
-  bell *= sign;
-  covered_.head(n) += sign * share;
-  by_along_.head(n) -= bell;
-  by_reach_.head(n) += ratio * bell;
-  by_blur_.head(n) += by_blur * bell * away;
-  if (edge == 0) {
-    nearest = away;
-    return;
-  }
-  nearest = (away.abs() < nearest.abs()).select(away, nearest);
-  slopes_.col(static_cast<Eigen::Index>(7 + edge)).head(n).array() =
-      static_cast<float>(model.ink - model.paper) * light_.head(n) * bell * reach;
-}
-
-void EdgeTable::formSlopes(const EdgeModel& model) {
-  const auto n = size_;
-  const auto paper = static_cast<float>(model.paper), step = static_cast<float>(model.ink - model.paper);
-  const auto light = light_.head(n), covered = covered_.head(n), nx = nx_.head(n), ny = ny_.head(n);
-  model_.head(n) = light * (paper + step * covered);
-  slopes_.col(0).head(n).array() = -step * light * by_along_.head(n) * nx;
-  slopes_.col(1).head(n).array() = -step * light * by_along_.head(n) * ny;
-  by_reach_.head(n) *= 0.5F * step * light / reach_.head(n);
-  slopes_.col(2).head(n).array() = by_reach_.head(n) * nx * nx;
-  slopes_.col(3).head(n).array() = by_reach_.head(n) * 2.0F * nx * ny;
-  slopes_.col(4).head(n).array() = by_reach_.head(n) * ny * ny;
-  slopes_.col(5).head(n).array() = light * (1.0F - covered);
-  slopes_.col(6).head(n).array() = light * covered;
-  slopes_.col(7).head(n).array() = step * light * by_blur_.head(n);
-  slopes_.middleRows(n, kSpare).setZero();
-}
-
 void EdgeTable::evaluate(const EdgeModel& model, const EdgeDeparture* beside) {
-  placePixels(model);
-  for (Column* column : {&covered_, &by_along_, &by_reach_, &by_blur_}) column->head(size_).setZero();
-  for (std::size_t edge = 0; edge < model.edges; ++edge) addEdge(model, edge, beside);
-  formSlopes(model);
+  const OutlineNumbers outline = outlineNumbers(model, origin_);
+  const auto paper = static_cast<float>(model.paper), step = static_cast<float>(model.ink - model.paper);
+  for (Eigen::Index at = 0; at < size_; at += kLanes) {
+    Block block;
+    std::copy_n(x_.data() + at, kLanes, block.x.begin());
+    std::copy_n(y_.data() + at, kLanes, block.y.begin());
+    placePixels(outline, block);
+    for (std::size_t edge = 0; edge < model.edges; ++edge) {
+      addEdge(model, edge, beside, block);
+      if (edge == 0) continue;
+      const Lanes by_ratio =
+          lanesOf([&](std::size_t i) { return step * block.light[i] * block.bell[i] * block.reach[i]; });
+      store(by_ratio, slopes_.col(static_cast<Eigen::Index>(7 + edge)).data() + at);
+    }
+    const Lanes grey = lanesOf([&](std::size_t i) { return block.light[i] * (paper + step * block.covered[i]); });
+    store(grey, model_.data() + at);
+    store(block.nearest, distance_.data() + at);
+    formSlopes(step, block, slopes_.data() + at, slopes_.rows());
+  }
+  slopes_.middleRows(size_, 3).setZero();
 }
 
 }  // namespace refine

@@ -1,9 +1,13 @@
 #pragma once
 
 #include <Eigen/Core>
+#include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "refine/edge/EdgeDeparture.h"
 #include "refine/edge/EdgeModel.h"
+#include "refine/edge/Lanes.h"
 
 namespace refine {
 
@@ -22,6 +26,28 @@ class EdgeTable {
     y_.data()[size_] = static_cast<float>(row - origin_.y);
     grey_.data()[size_] = grey;
     ++size_;
+  }
+  /// Adds every `kStep`-th pixel of a row, from a column on, so many. `kAtOnce` are read and written however few they
+  /// are, as to stop at the right one takes longer: as many must follow in the picture.
+  template <std::size_t kStep, std::size_t kAtOnce, typename Pixel>
+  void addRun(const Pixel* greys_of_row, int column, int row, int count) {
+    while (size_ + count + kSpare > x_.size()) grow();
+    const auto y = static_cast<float>(row - origin_.y);
+    auto x = static_cast<float>(column - origin_.x);
+    const Pixel* from = greys_of_row + column;
+    Eigen::Index to = size_;
+    size_ += count;
+    do {
+      std::array<float, kAtOnce> xs, greys;
+      for (std::size_t k = 0; k < kAtOnce; ++k) xs[k] = x + static_cast<float>(kStep * k);
+      for (std::size_t k = 0; k < kAtOnce; ++k) greys[k] = static_cast<float>(from[kStep * k]);
+      std::copy(xs.begin(), xs.end(), x_.data() + to);
+      std::fill_n(y_.data() + to, kAtOnce, y);
+      std::copy(greys.begin(), greys.end(), grey_.data() + to);
+      x += static_cast<float>(kStep * kAtOnce);
+      from += kStep * kAtOnce;
+      to += kAtOnce;
+    } while (to < size_);
   }
   /// Every n-th pixel of another table, from its first on.
   void takeEvery(Eigen::Index n, const EdgeTable& other);
@@ -44,21 +70,18 @@ class EdgeTable {
   auto slopes(Eigen::Index unknowns) const { return slopes_.topLeftCorner(size_, unknowns); }
   /// The slopes by one unknown; three zeros follow after the last pixel's.
   const float* slopeOf(Eigen::Index unknown) const { return slopes_.col(unknown).data(); }
+  /// From one unknown's slopes to the next one's.
+  Eigen::Index stride() const { return slopes_.rows(); }
 
  private:
-  static constexpr Eigen::Index kSpare = 3;
+  /// Whole lanes may be read and written behind the last pixel.
+  static constexpr Eigen::Index kSpare = kLanes;
 
   void grow();
-  void placePixels(const EdgeModel& model);
-  void addEdge(const EdgeModel& model, std::size_t edge, const EdgeDeparture* beside);
-  void formSlopes(const EdgeModel& model);
 
   cv::Point origin_;
   Eigen::Index size_ = 0;
   Column x_, y_, grey_, model_, distance_;
-  Column nx_, ny_, reach_, along_, light_;          ///< Of the model's outline and light.
-  Column away_, share_, bell_;                      ///< Of the edge at hand: signed distance, share of ink, its slope.
-  Column covered_, by_along_, by_reach_, by_blur_;  ///< Share of ink and its slopes.
   Slopes slopes_;
 };
 

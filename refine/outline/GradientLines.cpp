@@ -20,10 +20,14 @@ struct Gradient {
 /// Differences over two pixels, smoothed across with the weights that turn least with the direction (Scharr 2000).
 Gradient gradientAt(const GreyPicture& picture, int column, int row) {
   constexpr double kSide = 3.0 / 32.0, kMiddle = 10.0 / 32.0;
-  const auto at = [&](int down, int across) -> double { return picture.at(row + down, column + across); };
-  const double falling = at(1, 1) - at(-1, -1), rising = at(-1, 1) - at(1, -1);
-  return {kSide * (falling + rising) + kMiddle * (at(0, 1) - at(0, -1)),
-          kSide * (falling - rising) + kMiddle * (at(1, 0) - at(-1, 0))};
+  return picture.withPixels([&](auto pixel) -> Gradient {
+    const auto at = [&](int down, int across) -> double {
+      return picture.grey.ptr<decltype(pixel)>(row + down)[column + across];
+    };
+    const double falling = at(1, 1) - at(-1, -1), rising = at(-1, 1) - at(1, -1);
+    return {kSide * (falling + rising) + kMiddle * (at(0, 1) - at(0, -1)),
+            kSide * (falling - rising) + kMiddle * (at(1, 0) - at(-1, 0))};
+  });
 }
 
 struct Range {

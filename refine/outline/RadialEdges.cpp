@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+
+#include "refine/outline/Directions.h"
 
 namespace refine {
 namespace {
 
-constexpr int kDirections = 24;
+constexpr std::size_t kDirections = 24;
 constexpr std::size_t kMostRadii = 256;
 constexpr double kStep = 0.375;             ///< Pixels.
 constexpr std::size_t kHalfDifference = 2;  ///< Steps.
@@ -37,14 +38,15 @@ Profile profileAround(const GreyPicture& picture, const cv::Point2d& centre, con
   if (!(last * scale >= 1.0)) return profile;
   profile.count = std::min(static_cast<std::size_t>(last / profile.step) + 1, kMostRadii);
   profile.grey.fill(0.0);
-  for (int k = 0; k < kDirections; ++k) {
-    const double angle = 2.0 * std::numbers::pi * k / kDirections;
-    const cv::Vec2d step = J * cv::Vec2d(std::cos(angle), std::sin(angle)) * profile.step;
+  static const auto kAround = directionsAround<kDirections>();
+  for (const cv::Vec2d& direction : kAround) {
+    const cv::Vec2d step = J * direction * profile.step;
     for (std::size_t i = 0; i < profile.count; ++i) {
       const auto times = static_cast<double>(i);
-      profile.grey[i] += picture.between(centre.x + times * step[0], centre.y + times * step[1]) / kDirections;
+      profile.grey[i] += picture.between(centre.x + times * step[0], centre.y + times * step[1]);
     }
   }
+  for (std::size_t i = 0; i < profile.count; ++i) profile.grey[i] /= kDirections;
   return profile;
 }
 

@@ -13,10 +13,15 @@ struct GreyPicture {
   double step = 1.0;   ///< Distance of two neighbouring values that the sensor can tell apart.
   double range = 0.0;  ///< The largest value that a channel can have.
 
+  /// Calls work with a value of the pixels' type.
+  template <typename Work>
+  auto withPixels(const Work& work) const {
+    if (grey.depth() == CV_8U) return work(std::uint8_t{});
+    if (grey.depth() == CV_16U) return work(std::uint16_t{});
+    return work(float{});
+  }
   float at(int row, int column) const {
-    if (grey.depth() == CV_8U) return static_cast<float>(grey.ptr<std::uint8_t>(row)[column]);
-    if (grey.depth() == CV_16U) return static_cast<float>(grey.ptr<std::uint16_t>(row)[column]);
-    return grey.ptr<float>(row)[column];
+    return withPixels([&](auto pixel) { return static_cast<float>(grey.ptr<decltype(pixel)>(row)[column]); });
   }
   /// Whether a channel is at an end of its range.
   bool isClipped(int row, int column) const {
@@ -24,18 +29,21 @@ struct GreyPicture {
     const float value = at(row, column);
     return value <= 0.0F || value >= static_cast<float>(range);
   }
-  /// Has a processor that can do so fetch the pixels of a box, cut to the picture, while it does something else: dots
-  /// lie far apart in memory, and to wait for each of their rows takes longer than to fit them. `rows`: every so
-  /// many-th row, counted from the picture's first.
+  /// Touches the pixels of a box, cut to the picture, so that they come from memory while something else is done: dots
+  /// lie far apart, and to wait for each of their rows takes longer than to fit them. `rows`: every so many-th row,
+  /// counted from the picture's first.
   void fetch(const cv::Point2d& centre, const cv::Point2d& half, int rows = 1) const;
   /// Grey between the pixels, bilinear. Precondition: 0 <= x < columns - 1, 0 <= y < rows - 1.
   double between(double x, double y) const {
-    const int column = static_cast<int>(x), row = static_cast<int>(y);
-    const double dx = x - column, dy = y - row;
-    const double upper = at(row, column), lower = at(row + 1, column);
-    const double above = upper + dx * (static_cast<double>(at(row, column + 1)) - upper);
-    const double below = lower + dx * (static_cast<double>(at(row + 1, column + 1)) - lower);
-    return above + dy * (below - above);
+    return withPixels([&](auto pixel) {
+      const int column = static_cast<int>(x), row = static_cast<int>(y);
+      const double dx = x - column, dy = y - row;
+      const auto* const upper = grey.ptr<decltype(pixel)>(row) + column;
+      const auto* const lower = grey.ptr<decltype(pixel)>(row + 1) + column;
+      const double above = upper[0] + dx * (static_cast<double>(upper[1]) - upper[0]);
+      const double below = lower[0] + dx * (static_cast<double>(lower[1]) - lower[0]);
+      return above + dy * (below - above);
+    });
   }
 };
 

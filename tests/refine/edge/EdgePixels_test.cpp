@@ -68,6 +68,63 @@ TEST(EdgePixelsCollected, AreOfEveryFourthRowOfALargeMark) {
   for (Eigen::Index i = 0; i < some.size(); ++i) EXPECT_EQ(some.pixel(i).y % 4, 0);
 }
 
+struct ClearCase {
+  const char* name;
+  int depth;
+  double radius;  ///< All rows, every third, every fourth.
+  std::size_t edges;
+  PixelChoice choice;
+};
+
+class EdgePixelsOfAClearMark : public ::testing::TestWithParam<ClearCase> {};
+
+/// A mark far from the border is taken in another way than one near it, which a cut-out around it makes of it: a whole
+/// number of steps of rows and columns away, so that the same ones are taken.
+TEST_P(EdgePixelsOfAClearMark, AreThoseOfACutOutAroundIt) {
+  const ClearCase& param = GetParam();
+  const cv::Point corner(48, 36);
+  cv::Mat picture(160, 170, param.depth);
+  cv::RNG random(3);
+  random.fill(picture, cv::RNG::UNIFORM, 1, 254);
+  const auto expect_same = [&] {
+    refine::EdgeModel model = circle({80.3, 71.6}, param.radius);
+    model.edges = param.edges;
+    model.ratio = {1.0, 0.6, 0.3};
+    refine::EdgeModel cut = model;
+    cut.outline.centre -= cv::Point2d(corner);
+    refine::EdgeTable whole, part;
+    const auto counts = refine::collectEdgePixels(refine::greyPictureOf(picture), model, {}, param.choice, whole);
+    const cv::Mat cut_out = picture(cv::Rect(corner, cv::Size(66, 72)));
+    const auto expected = refine::collectEdgePixels(refine::greyPictureOf(cut_out), cut, {}, param.choice, part);
+    EXPECT_EQ(counts.on_edge, expected.on_edge);
+    EXPECT_EQ(counts.clipped, expected.clipped);
+    EXPECT_EQ(counts.neighboured, 0);
+    ASSERT_EQ(whole.size(), part.size());
+    ASSERT_GT(whole.size(), 50);
+    for (Eigen::Index i = 0; i < whole.size(); ++i) {
+      EXPECT_EQ(whole.pixel(i), part.pixel(i) + corner) << i;
+      EXPECT_EQ(whole.grey()(i), part.grey()(i)) << i;
+    }
+  };
+  expect_same();
+  const int row = 72, column = static_cast<int>(80.3 + param.radius);  // Right on the edge.
+  for (const int end : {0, param.depth == CV_8U ? 255 : 65535}) {
+    cv::Mat(1, 1, CV_32S, cv::Scalar(end)).convertTo(picture(cv::Rect(column, row, 1, 1)), param.depth);
+    expect_same();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Marks, EdgePixelsOfAClearMark,
+                         ::testing::Values(ClearCase{"all_rows", CV_8U, 9.0, 1, PixelChoice::kWhatTells},
+                                           ClearCase{"all_flat", CV_8U, 9.0, 1, PixelChoice::kFlatToo},
+                                           ClearCase{"third_rows", CV_8U, 12.4, 1, PixelChoice::kWhatTells},
+                                           ClearCase{"fourth_rows", CV_8U, 26.0, 1, PixelChoice::kWhatTells},
+                                           ClearCase{"small", CV_8U, 2.5, 1, PixelChoice::kWhatTells},
+                                           ClearCase{"ring", CV_8U, 10.0, 2, PixelChoice::kWhatTells},
+                                           ClearCase{"ring_with_core", CV_8U, 11.0, 3, PixelChoice::kFlatToo},
+                                           ClearCase{"sixteen_bits", CV_16U, 9.0, 1, PixelChoice::kWhatTells}),
+                         [](const auto& test) { return std::string(test.param.name); });
+
 TEST(EdgePixelsClipped, AreThoseBeyondThePictureAndAtTheRangesEnd) {
   refine::EdgeTable table;
   EXPECT_GT(refine::collectEdgePixels(blank(), circle({4.0, 20.0}, 6.0), {}, PixelChoice::kFlatToo, table).clipped, 5);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "refine/edge/DepartureAt.h"
 #include "refine/edge/SampledBlur.h"
 
 namespace {
@@ -117,8 +118,8 @@ TEST(EdgeTableGrey, HasWhatAFilterBehindThePixelsAddsAtEachEdge) {
     const refine::EdgePlace place = refine::edgePlace(model.outline, pixel.x, pixel.y);
     const auto nx = static_cast<float>(place.nx), ny = static_cast<float>(place.ny);
     const double inner = place.along - place.nx * 0.05 + place.ny * 0.02 - 0.5 * place.reach;
-    const double share = static_cast<double>(sampled.departure(static_cast<float>(place.outside()), nx, ny)) -
-                         sampled.departure(static_cast<float>(inner), nx, ny);
+    const double share = static_cast<double>(departureAt(sampled, static_cast<float>(place.outside()), nx, ny)) -
+                         departureAt(sampled, static_cast<float>(inner), nx, ny);
     const double light = 1.0 + 0.002 * (pixel.x - 30.0) - 0.001 * (pixel.y - 20.0);
     EXPECT_NEAR(table.modelGrey()(i) - smooth(i), light * (30.0 - 200.0) * share, 5e-3) << pixel;
   }

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "refine/edge/DepartureAt.h"
+
 namespace {
 
 /// Share of a disc behind a Gaussian at a distance from its middle, by adding up small squares.
@@ -26,8 +28,8 @@ TEST(RoundBlur, IsThatOfADiscBehindAGaussian) {
   for (const double t : {-2.0, -0.9, -0.2, 0.0, 0.4, 1.1, 2.3}) {
     const double smooth = 0.5 * std::erfc(t / kBlur / std::sqrt(2.0));
     const double expected = blurredDisc(kRadius + t, kRadius, kBlur) - smooth;
-    EXPECT_NEAR(departure.departure(static_cast<float>(t), 1.0F, 0.0F), expected, 5e-4) << t;
-    EXPECT_NEAR(departure.departure(static_cast<float>(t), -0.6F, 0.8F), expected, 5e-4) << t;
+    EXPECT_NEAR(departureAt(departure, static_cast<float>(t), 1.0F, 0.0F), expected, 5e-4) << t;
+    EXPECT_NEAR(departureAt(departure, static_cast<float>(t), -0.6F, 0.8F), expected, 5e-4) << t;
   }
 }
 
@@ -36,7 +38,7 @@ TEST(RoundBlur, OfALargeDiscIsAShiftOfItsEdge) {
   constexpr double kRadius = 40.0, kBlur = 0.8;
   const refine::EdgeDeparture departure = refine::roundBlur(kBlur, kRadius);
   const double slope = 1.0 / (kBlur * std::sqrt(2.0 * M_PI));
-  EXPECT_NEAR(departure.departure(0.0F, 1.0F, 0.0F), -slope * kBlur * kBlur / (2.0 * kRadius), 2e-4);
+  EXPECT_NEAR(departureAt(departure, 0.0F, 1.0F, 0.0F), -slope * kBlur * kBlur / (2.0 * kRadius), 2e-4);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "refine/EllipsePicture.h"
+#include "refine/edge/DepartureAt.h"
 #include "refine/edge/EdgeTable.h"
 
 namespace {
@@ -66,8 +67,8 @@ TEST(SampledBlur, OfAStraightEdgeAlongTheColumnsIsThatOfTheAddedShares) {
       share += std::exp(-0.5 * k * k / (sigma * sigma)) / sum * covered;
     }
     const double smooth = 0.5 * std::erfc(t / blur / std::sqrt(2.0));
-    EXPECT_NEAR(sampled.departure(static_cast<float>(t), 1.0F, 0.0F), share - smooth, 2e-3) << t;
-    EXPECT_NEAR(sampled.departure(static_cast<float>(t), 0.0F, -1.0F), share - smooth, 2e-3) << t;
+    EXPECT_NEAR(departureAt(sampled, static_cast<float>(t), 1.0F, 0.0F), share - smooth, 2e-3) << t;
+    EXPECT_NEAR(departureAt(sampled, static_cast<float>(t), 0.0F, -1.0F), share - smooth, 2e-3) << t;
   }
 }
 
