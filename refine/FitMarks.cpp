@@ -198,29 +198,9 @@ std::vector<std::size_t> sampleOf(const std::vector<DotWork>& dots) {
   return sample;
 }
 
-/// Fits the marks with that beside their edges; how well they then meet the picture.
-double misfitWith(const std::optional<EdgeDeparture>& beside, const GreyPicture& picture, PictureState known,
-                  const std::vector<std::size_t>& sample, std::vector<DotWork>& dots) {
-  known.beside = beside;
-  known.pixels = PixelChoice::kWhatTells;
-  fitMarks(picture, known, sample, dots);
-  return misfitOf(dots);
-}
-
-/// What the edges have beside smooth ones, whether a lens blurred them or a filter behind the pixels: what leaves less.
-std::optional<EdgeDeparture> edgesBeside(const GreyPicture& picture, const Greys& greys, const PictureState& known,
-                                         const std::vector<std::size_t>& sample, std::vector<DotWork>& dots) {
-  std::optional<EdgeDeparture> of_lens, of_filter = sampledBlur(greys.blur, greys.radius);
-  if (greys.radius < kStraight * greys.blur) of_lens = roundBlur(greys.blur, greys.radius);
-  const double with_lens = misfitWith(of_lens, picture, known, sample, dots);
-  return misfitWith(of_filter, picture, known, sample, dots) < with_lens ? of_filter : of_lens;
-}
-
-}  // namespace
-
-void fitMarks(const GreyPicture& picture, const PictureState& known, const std::vector<std::size_t>& which,
-              std::vector<DotWork>& dots) {
-  const Sorted sorted(dots);
+/// Fits marks among all of them.
+void fitAmong(const Sorted& sorted, const GreyPicture& picture, const PictureState& known,
+              const std::vector<std::size_t>& which, std::vector<DotWork>& dots) {
   EdgeFitting work;
   work.noise = known.noise;
   work.beside = known.beside ? &*known.beside : nullptr;
@@ -239,19 +219,46 @@ void fitMarks(const GreyPicture& picture, const PictureState& known, const std::
   }
 }
 
+/// Fits the marks with that beside their edges; how well they then meet the picture.
+double misfitWith(const std::optional<EdgeDeparture>& beside, const Sorted& sorted, const GreyPicture& picture,
+                  PictureState known, const std::vector<std::size_t>& sample, std::vector<DotWork>& dots) {
+  known.beside = beside;
+  known.pixels = PixelChoice::kWhatTells;
+  fitAmong(sorted, picture, known, sample, dots);
+  return misfitOf(dots);
+}
+
+/// What the edges have beside smooth ones, whether a lens blurred them or a filter behind the pixels: what leaves less.
+std::optional<EdgeDeparture> edgesBeside(const Sorted& sorted, const GreyPicture& picture, const Greys& greys,
+                                         const PictureState& known, const std::vector<std::size_t>& sample,
+                                         std::vector<DotWork>& dots) {
+  std::optional<EdgeDeparture> of_lens, of_filter = sampledBlur(greys.blur, greys.radius);
+  if (greys.radius < kStraight * greys.blur) of_lens = roundBlur(greys.blur, greys.radius);
+  const double with_lens = misfitWith(of_lens, sorted, picture, known, sample, dots);
+  return misfitWith(of_filter, sorted, picture, known, sample, dots) < with_lens ? of_filter : of_lens;
+}
+
+}  // namespace
+
+void fitMarks(const GreyPicture& picture, const PictureState& known, const std::vector<std::size_t>& which,
+              std::vector<DotWork>& dots) {
+  if (!which.empty()) fitAmong(Sorted(dots), picture, known, which, dots);
+}
+
 PictureState learnPicture(const GreyPicture& picture, std::vector<DotWork>& dots) {
   const std::vector<std::size_t> sample = sampleOf(dots);
+  const Sorted sorted(dots);
   PictureState known;
-  fitMarks(picture, known, sample, dots);
+  fitAmong(sorted, picture, known, sample, dots);
   const Greys greys = greysOf(dots);
   if (greys.marks == 0) return known;
   known.light = lightOf(dots, greys);
   known.noise = noiseOf(picture, greys, dots);
   known.ink_by_paper = greys.ink / greys.paper;
   known.blur = greys.blur;
-  known.beside = edgesBeside(picture, greys, known, sample, dots);
+  known.beside = edgesBeside(sorted, picture, greys, known, sample, dots);
   // Only with the light's slope and the edges' tails taken out the residuals beside the edges are the noise.
-  fitMarks(picture, known, sample, dots);
+  fitAmong(sorted, picture, known, sample, dots);
   known.noise = noiseOf(picture, greysOf(dots), dots);
   known.pixels = PixelChoice::kWhatTells;
   return known;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <opencv2/core/hal/hal.hpp>
 
 #include "refine/board/BoardSlope.h"
 #include "refine/outline/Directions.h"
@@ -44,8 +45,8 @@ std::optional<double> stepTowards(const Contour& contour, Outline& outline) {
     normal += length * slope * slope.t();
     right += length * place.outside() * slope;
   }
-  Vec5 move;
-  if (!cv::solve(normal, right, move, cv::DECOMP_CHOLESKY)) return std::nullopt;
+  Vec5& move = right;
+  if (!cv::hal::Cholesky64f(normal.val, 5 * sizeof(double), 5, move.val, sizeof(double), 1)) return std::nullopt;
   outline.centre += cv::Point2d(move[0], move[1]);
   outline.xx += move[2];
   outline.xy += move[3];

@@ -42,8 +42,7 @@ TEST_P(NormalEquationsOf, AreSolvedAsByAnOrthogonalDecomposition) {
   ASSERT_TRUE(solution);
   const Eigen::VectorXd roots = weights.cast<double>().cwiseSqrt();
   const Eigen::MatrixXd weighted = roots.asDiagonal() * slopes.cast<double>();
-  const Eigen::VectorXd expected =
-      weighted.colPivHouseholderQr().solve(roots.asDiagonal() * residuals.cast<double>());
+  const Eigen::VectorXd expected = weighted.colPivHouseholderQr().solve(roots.asDiagonal() * residuals.cast<double>());
   const Eigen::MatrixXd inverse = (weighted.transpose() * weighted).inverse();
   for (Eigen::Index k = 0; k < unknowns; ++k)
     EXPECT_NEAR(solution->step[static_cast<std::size_t>(k)], expected(k), 2e-5) << k;
