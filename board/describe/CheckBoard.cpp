@@ -14,6 +14,8 @@ namespace {
 
 constexpr int kFewestDots = 3;    ///< A row or column that has a marker's whole block.
 constexpr int kMostDots = 65536;  ///< Ids hold 16 bits.
+/// Pitches, board unit. Beyond them single precision and whole numbers, which the detector works with, hold no board.
+constexpr double kFinest = 1e-9, kCoarsest = 1e9;
 
 /// Throws unless the condition holds; the text says what was found and what is wanted, or why it can't work.
 void require(bool holds, const std::string& text) {
@@ -25,9 +27,10 @@ void checkGrid(const BoardDescription& board) {
           fmt::format("found {} columns and {} rows, wanted at least {} of each", board.cols, board.rows, kFewestDots));
   require(static_cast<long long>(board.cols) * board.rows <= kMostDots,
           fmt::format("{} x {} dots; ids are told apart up to {} dots", board.cols, board.rows, kMostDots));
-  require(std::isfinite(board.step) && board.step > 0.0, fmt::format("found step {}, wanted more than 0", board.step));
-  require(std::isfinite(board.step_y) && board.step_y >= 0.0,
-          fmt::format("found step_y {}, wanted more than 0", board.step_y));
+  const auto is_pitch = [](double step) { return step >= kFinest && step <= kCoarsest; };
+  require(is_pitch(board.step), fmt::format("found step {}, wanted {} to {}", board.step, kFinest, kCoarsest));
+  require(board.step_y == 0.0 || is_pitch(board.step_y),
+          fmt::format("found step_y {}, wanted {} to {}, or 0 for that of a row", board.step_y, kFinest, kCoarsest));
   require(!boards::isRingBoard(board) || boards::rowStep(board) == board.step,
           fmt::format("step_y {} beside step {}: only big dot boards have a pitch of the rows of its own", board.step_y,
                       board.step));

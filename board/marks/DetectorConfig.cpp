@@ -1,6 +1,8 @@
 #include "board/marks/DetectorConfig.h"
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace boards {
 namespace {
@@ -10,6 +12,12 @@ using polarline::BoardKind;
 
 /// Land marks are told in tenths of a pitch where ids grow from the markers.
 constexpr int kTenths = 10;
+
+/// A pitch without its fraction, as the detector cuts it; of what no board has, the nearest whole number.
+int cut(double step) {
+  constexpr double kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(std::fmin(std::fmax(step, 0.0), kMost));
+}
 
 std::uint16_t narrow(int value) { return static_cast<std::uint16_t>(value); }
 
@@ -62,8 +70,7 @@ kestrune::MarkerSizes markerSizes(const BoardDescription& board) {
 
 LandMarkUnit landMarkUnit(const BoardDescription& board) {
   if (board.numbering == polarline::BoardNumbering::kGrowth) return {kTenths, kTenths};
-  // As the detector cuts them.
-  return {static_cast<int>(board.step), static_cast<int>(rowStep(board))};
+  return {cut(board.step), cut(rowStep(board))};
 }
 
 }  // namespace boards

@@ -48,7 +48,7 @@ struct BoardDescription {
   BoardKind kind = BoardKind::kSmallRings;
   int cols = 0;
   int rows = 0;
-  double step = 0.0;    ///< Pitch along a row, board unit.
+  double step = 0.0;    ///< Pitch along a row, board unit; 1e-9 to 1e9.
   double step_y = 0.0;  ///< Pitch of the rows, board unit; 0: `step`. Ring boards have one pitch only.
   int inner_width = 0;
   int inner_height = 0;

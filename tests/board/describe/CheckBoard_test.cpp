@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "RefusedWith.h"
@@ -36,6 +37,12 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"NoStep", kDots, [](auto& board) { board.step = 0.0; }, "found step 0"},
         Refused{"EndlessStep", kDots, [](auto& board) { board.step = std::numeric_limits<double>::infinity(); },
                 "found step inf"},
+        Refused{"StepThatIsNoNumber", kDots, [](auto& board) { board.step = std::nan(""); }, "found step nan"},
+        Refused{"StepBeyondWholeNumbers", "dots:35x37:20:numbering=search",
+                [](auto& board) { board.step = board.step_y = 3e9; }, "found step 3000000000, wanted 1e-09 to"},
+        Refused{"StepBeyondSinglePrecision", kDots, [](auto& board) { board.step = 1e-60; }, "found step 1e-60"},
+        Refused{"RowsBeyondWholeNumbers", "dots:35x37:20:numbering=search", [](auto& board) { board.step_y = 1e37; },
+                "found step_y 1e+37"},
         Refused{"RowsBackwards", kDots, [](auto& board) { board.step_y = -1.0; }, "found step_y -1"},
         Refused{"RingRowsOfTheirOwn", kRings, [](auto& board) { board.step_y = 21.0; }, "only big dot boards"},
         Refused{"TinyDots", kRings, [](auto& board) { board.dot_radius = 0.1; }, "found dots of radius 0.1"},
@@ -75,6 +82,14 @@ TEST(CheckBoard, TakesTheLargestBoardOfIds) {
   BoardDescription board = polarline::parseBoard(kDots);
   board.rows = board.cols = 256;
   EXPECT_NO_THROW(polarline::checkBoard(board));
+}
+
+TEST(CheckBoard, TakesThePitchesAtBothEnds) {
+  BoardDescription board = polarline::parseBoard(kDots);
+  for (const double step : {1e-9, 1e9}) {
+    board.step = board.step_y = step;
+    EXPECT_NO_THROW(polarline::checkBoard(board)) << step;
+  }
 }
 
 }  // namespace

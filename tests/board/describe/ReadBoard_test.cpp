@@ -104,6 +104,10 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"UnknownNumbering", "target.ini", kDotKeys + "id_method: 2\n", "id_method: found 2, wanted 0 or 1"},
         Refused{"LandMarkBesideTheGrid", "target.ini", kDotKeys + "land_mark_switch: 1\nland_mark1_x: 5\n",
                 "land_mark1_x, land_mark1_y: found 5, 0, wanted a place of the grid: 10 for each column"},
+        Refused{"SearchByAStepBeyondWholeNumbers", "target.ini",
+                "board_type: 3\nrows: 16\ncols: 26\ninner_width: 5\ninner_height: 5\nstep: 2e37\nstep_y: 2e37\n"
+                "id_method: 1\nland_mark_switch: 1\n",
+                "found step 2e+37"},
         Refused{"SearchWithoutStepY", "target.ini",
                 "board_type: 3\nrows: 16\ncols: 26\ninner_width: 5\ninner_height: 5\nstep: 20\nid_method: 1\n",
                 "step_y written out"}),

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "polarline/board.h"
 
 namespace {
@@ -26,6 +28,18 @@ TEST(DetectorConfig, TellsThemInBoardUnitsForTheSearch) {
   EXPECT_EQ(config.land_mark2_y, 12 * 14);
   EXPECT_EQ(config.land_mark3_x, 9 * 12);
   EXPECT_EQ(config.land_mark3_y, 7 * 14);
+}
+
+TEST(DetectorConfig, CutsPitchesToUnitsThatAreWholeNumbers) {
+  polarline::BoardDescription board = parseBoard("dots:21x19:12:step_y=14:numbering=search");
+  board.step = 12.9;
+  board.step_y = 3e9;
+  EXPECT_EQ(boards::landMarkUnit(board).x, 12);
+  EXPECT_EQ(boards::landMarkUnit(board).y, 2147483647);
+  board.step = std::nan("");
+  board.step_y = -3.0;
+  EXPECT_EQ(boards::landMarkUnit(board).x, 0);
+  EXPECT_EQ(boards::landMarkUnit(board).y, 0);
 }
 
 TEST(DetectorConfig, HasTheBoardsGeometry) {
